@@ -1,0 +1,33 @@
+option(CORVEX_STUDIO "Build the reference host application" ON)
+option(CORVEX_TESTS "Build the tests" ON)
+option(CORVEX_BENCHMARKS "Build the benchmarks" OFF)
+option(CORVEX_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(CORVEX_TIDY "Run clang-tidy on every file that is compiled" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+
+find_program(CORVEX_CCACHE ccache)
+if(CORVEX_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER
+        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CORVEX_CCACHE})
+endif()
+
+add_library(corvex_warnings INTERFACE)
+target_compile_options(corvex_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Werror)
+
+if(CORVEX_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
+        -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(CORVEX_TIDY)
+    find_program(CORVEX_CLANG_TIDY NAMES clang-tidy-14 clang-tidy REQUIRED)
+    set(CMAKE_CXX_CLANG_TIDY ${CORVEX_CLANG_TIDY})
+endif()

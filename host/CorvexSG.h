@@ -1,0 +1,103 @@
+#pragma once
+
+// The host's scene graph: shapes, groups, scenes and their export for raytracers.
+
+#include "host/MaterialRecord.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CorvexSG {
+
+enum class SelectionKind : std::int32_t { Shape = 0, Faces = 1, Points = 2 };
+
+/// What a selection consists of; the indices of its parts travel beside it.
+struct udtSelectionType {
+    SelectionKind kind = SelectionKind::Shape;
+};
+
+enum class CoordinateMode : std::int32_t { FromMesh = 0, FromWrap = 1 };
+
+/// How texture coordinates are made; its numbers travel beside it.
+struct cdtCoordinateMode {
+    CoordinateMode mode = CoordinateMode::FromMesh;
+};
+
+class Scene;
+class Group;
+
+/// The material as the panel shows it. Gathered once per change and shared by every shape that it
+/// is applied to, so a host may keep the pointer.
+struct GatheredMaterial {
+    CorvexDB::udtMaterial material;
+    CorvexDB::ApplyMode applyMode = CorvexDB::ApplyMode::Absolute;
+    std::string combinedRaytraceAttributes;
+};
+
+/// One call of a shape's material operation: the material and the arguments of
+/// `ApplyShapeMaterial`.
+struct MaterialApplication {
+    std::shared_ptr<const GatheredMaterial> gathered;
+    Scene& scene;
+    Group* group;   ///< may be null
+    Group* camera;  ///< may be null
+    udtSelectionType selectionType;
+    const std::vector<std::int32_t>& selection;  ///< indices of the selected parts
+    bool optimizePoints;                         ///< merge duplicate points
+    cdtCoordinateMode coordinateMode;
+    const std::vector<float>& coordinateModeData;
+};
+
+class Shape {
+public:
+    virtual ~Shape() = default;
+    /// Keeps the shape's texture coordinates.
+    virtual void ApplyMaterial(const MaterialApplication& application) = 0;
+    /// Makes new texture coordinates from the material's wrap.
+    virtual void ApplyMaterialWrapped(const MaterialApplication& application) = 0;
+    /// Reads a `.x` mesh. Errors: FileFailed; the shape stays as it was.
+    virtual void LoadMeshFile(const std::string& path) = 0;
+    virtual void SetShapeOption(std::int32_t option) = 0;
+    virtual void Move(float distance, std::int32_t mode) = 0;
+};
+
+class Group {
+public:
+    virtual ~Group() = default;
+};
+
+class Scene {
+public:
+    virtual ~Scene() = default;
+    /// Shows this shape alone. The scene does not own it; it outlives the scene's use of it.
+    virtual void ShowShape(const std::shared_ptr<Shape>& shape) = 0;
+    virtual Group* RootGroup() = 0;
+    virtual Group* CameraGroup() = 0;
+};
+
+/// What `SetSceneDetails` hands over; outlives the control.
+class SceneGraph {
+public:
+    virtual ~SceneGraph() = default;
+    virtual std::shared_ptr<Shape> CreateShape() = 0;
+};
+
+struct RaytraceExport {
+    std::string path;  ///< ends in ".pov" or ".rib"
+    Scene& scene;
+    float aspectRatio;  ///< width / height
+    float constant;     ///< 0.1
+};
+
+class SceneExporter {
+public:
+    virtual ~SceneExporter() = default;
+    /// Writes the complete scene; returns the file that the renderer is to read.
+    virtual std::string ExportRaytraceScene(const RaytraceExport& request) = 0;
+    /// Files of every texture in use.
+    virtual std::vector<std::string> TexturesInUse(Scene& scene) = 0;
+};
+
+}  // namespace CorvexSG

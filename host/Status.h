@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+
+namespace CorvexMaterial {
+
+/// Result of every published member. 0 is success; after any other value nothing has half changed.
+enum class Status : std::int32_t {
+    Success = 0,
+    NotAvailable,         ///< this build of the control does not offer the member
+    InvalidArgument,      ///< an argument is outside its documented range
+    ConversionFailed,     ///< a text is not the number that is asked for
+    SubscriptOutOfRange,  ///< an array has fewer elements than needed
+    Overflow,             ///< a number does not fit its type
+    FileFailed,           ///< a file is missing, unreadable or refused; the message names it
+    GraphicsFailed,       ///< the 3D device cannot be created or was lost
+    OutOfMemory,
+    Failed,  ///< anything else, a host's own exception included
+};
+
+/// Thrown by the control, and by a host or platform that wants its failure classified. A host may
+/// throw any other exception too; the control reports it as Status::Failed.
+class Error : public std::runtime_error {
+public:
+    Error(Status status, const std::string& description)
+        : std::runtime_error(description), m_status(status)
+    {
+    }
+
+    [[nodiscard]] Status Code() const { return m_status; }
+
+private:
+    Status m_status;
+};
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+namespace CorvexMaterial {
+
+class TemporaryFiles {
+public:
+    virtual ~TemporaryFiles() = default;
+    /// The variable "temp" if set, else the system's folder; no trailing separator.
+    virtual std::string Folder() = 0;
+    /// Creates `~CVX<n>.<extension>` in the folder, n never used by another process at the same
+    /// time, and returns its path. Errors: FileFailed, naming the folder.
+    virtual std::string Claim(const std::string& extension) = 0;
+    /// A missing file is no error.
+    virtual void Remove(const std::string& path) = 0;
+};
+
+class ControlLibrary {
+public:
+    virtual ~ControlLibrary() = default;
+    /// Folder that the control's library was loaded from, no trailing separator.
+    virtual std::string Folder() = 0;
+};
+
+class ImageFormats {
+public:
+    virtual ~ImageFormats() = default;
+    virtual bool CanReadTiff() = 0;
+    virtual bool CanWriteJpeg() = 0;
+};
+
+}  // namespace CorvexMaterial

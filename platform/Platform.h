@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Files.h"
+#include "platform/Processes.h"
+#include "platform/Prompts.h"
+#include "platform/SettingsStore.h"
+
+namespace CorvexMaterial {
+
+/// What the control needs of the desktop. All of it outlives the control.
+struct Platform {
+    SettingsStore& settings;
+    Prompts& prompts;
+    Choosers& choosers;
+    ProcessStarter& processes;
+    TemporaryFiles& temporaryFiles;
+    ControlLibrary& library;
+    ImageFormats& imageFormats;
+};
+
+}  // namespace CorvexMaterial
