@@ -1,0 +1,37 @@
+#pragma once
+
+#include "host/Status.h"
+
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace CorvexMaterial {
+
+/// Title of the error box; every other box has the product's name.
+inline constexpr std::string_view kErrorBoxTitle = "Internal Error";
+inline constexpr std::string_view kBoxTitle = "Corvex";
+
+/// Asked after an unrecoverable error.
+inline constexpr std::string_view kInternetQuestion =
+    "Would you like to connect to the Internet for more information on this error?";
+
+struct ErrorReport {
+    Status status = Status::Failed;
+    std::string description;
+    std::string location;  ///< the member or handler in which it arose
+};
+
+/// Never fails for want of a known type: whatever is no `Error` and no memory shortage is Failed.
+[[nodiscard]] ErrorReport Describe(const std::exception_ptr& exception, std::string_view location);
+
+/// The error is not the user's input, a file or memory; help on it is offered.
+[[nodiscard]] bool IsUnrecoverable(const ErrorReport& report);
+
+/// The text of the error box.
+[[nodiscard]] std::string ErrorBoxText(const ErrorReport& report);
+
+/// The line for the host's debug trace.
+[[nodiscard]] std::string DebugDataText(const ErrorReport& report);
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace CorvexMaterial {
+
+/// Warnings that a user may silence, each under its key.
+enum class WarningId : std::uint8_t {
+    RaytraceTranslucency,
+    Bumpmapping,
+    SpecularEnvironmentMapping,
+    RaytraceSimulation,
+    MaterialExtended,
+    MaterialLibrary,
+    TextureLibrary,
+    MaterialTif,
+    PovRayConfiguration,
+};
+
+inline constexpr std::size_t kWarningCount = 9;
+
+/// Who shows it: the host on the control's event, or the library's own warning dialog.
+enum class WarningRoute : std::uint8_t { Event, ShowWarning };
+
+struct WarningRow {
+    WarningId id;
+    std::string_view key;
+    std::string_view text;
+    WarningRoute route;
+    /// Bumpmapping: a raytracer can be offered. RaytraceSimulation: the material is a predefined
+    /// one. Empty for the others.
+    std::string_view otherText = {};
+};
+
+/// In enum order.
+[[nodiscard]] const std::array<WarningRow, kWarningCount>& WarningRows();
+[[nodiscard]] const WarningRow& RowOf(WarningId id);
+
+inline constexpr std::string_view kTipsSection = "Tips";
+
+/// Whether a stored choice lets the warning be shown: only a missing one and exactly 1 do.
+[[nodiscard]] bool WarningWanted(const std::optional<std::string>& storedChoice);
+/// The choice as it is stored.
+[[nodiscard]] std::string TextOfWarningChoice(bool keepShowing);
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,22 @@
+#pragma once
+
+namespace CorvexMaterial {
+
+inline constexpr int kTwipsPerPixel = 15;
+inline constexpr int kTextureRowTwips = 990;
+inline constexpr int kMaterialRowTwips = 1020;
+
+/// Rows that the two library browsers show.
+struct LibraryRows {
+    int texture = 1;
+    int material = 1;
+
+    bool operator==(const LibraryRows&) const = default;
+};
+
+/// Shares an offered height between the browsers: about half of the rows to the textures, every
+/// full row that is left to the materials, each at least one. `panelTwips` is the panel's height
+/// with the rows shown now, which are given back first.
+[[nodiscard]] LibraryRows ShareHeight(int availableTwips, int panelTwips, LibraryRows shown);
+
+}  // namespace CorvexMaterial
