@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/Colour.h"
+#include "host/MaterialRecord.h"
+#include "studio/render/Camera.h"
+#include "studio/render/Mesh.h"
+
+#include <QMatrix4x4>
+
+#include <memory>
+#include <vector>
+
+namespace studio {
+
+struct FrameItem {
+    std::shared_ptr<const Mesh> mesh;                       ///< null is drawn as nothing
+    std::shared_ptr<const CorvexDB::udtMaterial> material;  ///< null is the default material
+    QMatrix4x4 worldFromMesh;
+    bool selected = false;
+};
+
+/// A gradient runs quietly from a lighter tone of the background at the top to a darker one.
+enum class Backdrop { Gradient, Flat };
+
+/// Everything that a picture needs; a value, so that any thread may draw it.
+struct Frame {
+    std::vector<FrameItem> items;
+    studio::Camera camera;
+    CorvexMaterial::Colour background = 0x5A504A;
+    Backdrop backdrop = Backdrop::Gradient;
+    int width = 256;             ///< device pixels, 1 to 8192
+    int height = 256;            ///< device pixels, 1 to 8192
+    int samples = 1;             ///< 1, or 4 for smooth edges at about four times the cost
+    float outlinePixels = 2.0F;  ///< width of the outline of selected items, device pixels
+};
+
+/// The box around all items, in world coordinates.
+[[nodiscard]] Bounds WorldBounds(const std::vector<FrameItem>& items);
+[[nodiscard]] Bounds WorldBounds(const FrameItem& item);
+
+}  // namespace studio

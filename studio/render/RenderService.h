@@ -1,0 +1,59 @@
+#pragma once
+
+#include "host/Status.h"
+#include "studio/render/Frame.h"
+
+#include <QImage>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace studio {
+
+class GlContextProvider;
+
+/// A picture, or why there is none.
+struct RenderResult {
+    QImage image;
+    CorvexMaterial::Status status = CorvexMaterial::Status::Success;
+    std::string error;  ///< empty on success
+};
+
+/// The thread that owns the one graphics context of the program, and the queue before it. Created
+/// and destroyed on the user-interface thread, after the application object and before it.
+class RenderService {
+public:
+    using ViewId = std::uint64_t;
+    using Callback = std::function<void(const RenderResult&)>;
+
+    RenderService();
+    explicit RenderService(std::unique_ptr<GlContextProvider> provider);
+    /// Waits for the frame that is being drawn; waiting requests are dropped, their callbacks with
+    /// them.
+    ~RenderService();
+    RenderService(const RenderService&) = delete;
+    RenderService& operator=(const RenderService&) = delete;
+
+    [[nodiscard]] ViewId AddView();
+    /// No callback of this view runs afterwards.
+    void RemoveView(ViewId view);
+
+    /// Draws later; a request of the same view that still waits is replaced and forgotten. The
+    /// callback runs on the user-interface thread from its event loop. User-interface thread only.
+    void Request(ViewId view, Frame frame, Callback callback);
+
+    /// Waits for the picture; ahead of waiting requests. Any thread but the service's own. Errors:
+    /// those of Renderer::Draw, GraphicsFailed when there is no context.
+    [[nodiscard]] QImage DrawNow(Frame frame);
+
+    /// Drops context, shaders and meshes; the next frame builds them anew.
+    void ResetDevice();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+}  // namespace studio

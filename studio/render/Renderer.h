@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QImage>
+
+#include <memory>
+
+namespace studio {
+
+struct Frame;
+class GlContext;
+
+/// Draws frames into a picture in memory. Lives and dies on the thread on which its context is
+/// current. Keeps shader variants and the meshes of earlier frames on the graphics device.
+class Renderer {
+public:
+    /// The context outlives the renderer. Errors: GraphicsFailed.
+    explicit Renderer(GlContext& context);
+    ~Renderer();
+    Renderer(const Renderer&) = delete;
+    Renderer& operator=(const Renderer&) = delete;
+
+    /// An sRGB picture of the frame's size, Format_RGB32. Errors: InvalidArgument for a size or
+    /// a number of samples outside its range, GraphicsFailed, OutOfMemory; the next frame can be
+    /// drawn after any of them but a lost context.
+    [[nodiscard]] QImage Draw(const Frame& frame);
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+}  // namespace studio
