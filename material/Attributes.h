@@ -83,7 +83,7 @@ enum class AttributeKind : std::uint8_t {
     ListPosition,  ///< 0 to listSize - 1
     Flag,
     Single,
-    Colour,
+    PackedColour,
     Group,  ///< several numbered keys, with the row's keys as their stems
 };
 
