@@ -1,0 +1,44 @@
+#include "platform/QtPlatform.h"
+
+#include "platform/DialogParent.h"
+#include "platform/QtChoosers.h"
+#include "platform/QtControlLibrary.h"
+#include "platform/QtImageFormats.h"
+#include "platform/QtProcesses.h"
+#include "platform/QtPrompts.h"
+#include "platform/QtSettingsStore.h"
+#include "platform/QtTemporaryFiles.h"
+
+namespace CorvexMaterial {
+
+struct QtPlatform::Parts {
+    DialogParent dialogParent;
+    QtSettingsStore settings{QtSettingsStore::UserFolder()};
+    QtPrompts prompts{dialogParent};
+    QtChoosers choosers{dialogParent};
+    QtProcessStarter processes;
+    QtTemporaryFiles temporaryFiles;
+    QtControlLibrary library;
+    QtImageFormats imageFormats;
+    Platform platform{settings,       prompts, choosers,    processes,
+                      temporaryFiles, library, imageFormats};
+};
+
+QtPlatform::QtPlatform(QWidget* dialogParent) : m_parts(std::make_unique<Parts>())
+{
+    SetDialogParent(dialogParent);
+}
+
+QtPlatform::~QtPlatform() = default;
+
+Platform& QtPlatform::Get()
+{
+    return m_parts->platform;
+}
+
+void QtPlatform::SetDialogParent(QWidget* dialogParent)
+{
+    m_parts->dialogParent.widget = dialogParent;
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Files.h"
+
+#include <cstdint>
+
+namespace CorvexMaterial {
+
+/// The number of a file is shared by all files of a job, whatever their extension, so a number is
+/// claimed only when no file of any extension has it.
+class QtTemporaryFiles final : public TemporaryFiles {
+public:
+    std::string Folder() override;
+    std::string Claim(const std::string& extension) override;
+    /// Errors: FileFailed when the file is there and cannot be removed.
+    void Remove(const std::string& path) override;
+
+private:
+    std::int64_t m_claims = 0;
+};
+
+}  // namespace CorvexMaterial
