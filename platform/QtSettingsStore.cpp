@@ -123,6 +123,7 @@ QtSettingsStore::Application& QtSettingsStore::Opened(const std::string& applica
             QUrl::toPercentEncoding(QString::fromStdString(application), " ()+,;=@!&'$[]");
         opened.path = m_folder + '/' + QString::fromLatin1(name) + ".ini";
         opened.onDisk = std::make_unique<QSettings>(opened.path, QSettings::IniFormat);
+        opened.damaged = IsDamaged(*opened.onDisk);
     }
     return opened;
 }
@@ -135,7 +136,9 @@ void QtSettingsStore::PutOnDisk(Application& application)
     CheckReplaceable(application.path);
     // An own object per try: the status of one keeps its first error for ever.
     QSettings file(application.path, QSettings::IniFormat);
-    const QString copy = IsDamaged(file) ? KeepCopy(application.path) : QString();
+    const bool damaged = application.damaged || IsDamaged(file);
+    const QString copy = damaged ? KeepCopy(application.path) : QString();
+    application.damaged = false;
     for (const auto& [key, value] : application.unwritten) {
         file.setValue(key, value);
     }

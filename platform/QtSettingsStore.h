@@ -35,6 +35,8 @@ private:
     struct Application {
         QString path;
         std::unique_ptr<QSettings> onDisk;
+        /// Only the object that parsed a file knows: the result of parsing is shared.
+        bool damaged = false;
         std::map<QString, QString> unwritten;
     };
 

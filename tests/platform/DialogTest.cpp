@@ -1,0 +1,157 @@
+#include "platform/QtPlatform.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QColorDialog>
+#include <QFile>
+#include <QFileDialog>
+#include <QListView>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace CorvexMaterial;
+using testing::Optional;
+
+namespace {
+
+/// Runs the action on the next modal dialog that opens, as a user would, once it is on screen.
+template <typename Dialog, typename Action>
+void WhenOpen(Action action)
+{
+    auto* poll = new QTimer(qApp);
+    QObject::connect(poll, &QTimer::timeout, poll, [poll, action] {
+        if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+            poll->stop();
+            poll->deleteLater();
+            action(*dialog);
+        }
+    });
+    poll->start(5);
+}
+
+struct IconCase {
+    PromptIcon asked;
+    QMessageBox::Icon shown;
+};
+
+class MessageIconTest : public testing::TestWithParam<IconCase> {};
+
+void CreateEmpty(const QString& path)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+bool Shows(const QFileDialog& dialog, const QString& name)
+{
+    const auto* list = dialog.findChild<QListView*>("listView");
+    return QTest::qWaitFor([&] {
+        return !list->model()
+                    ->match(list->model()->index(0, 0, list->rootIndex()), Qt::DisplayRole, name)
+                    .isEmpty();
+    });
+}
+
+}  // namespace
+
+TEST_P(MessageIconTest, BoxShowsTheTextAsItIs)
+{
+    QWidget window;
+    QtPlatform platform(&window);
+    int boxes = 0;
+    WhenOpen<QMessageBox>([&](QMessageBox& box) {
+        ++boxes;
+        EXPECT_EQ(box.icon(), GetParam().shown);
+        EXPECT_EQ(box.windowTitle(), "Corvex");
+        EXPECT_EQ(box.text(), "<b>a & b</b>");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.parentWidget(), &window);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    platform.Get().prompts.Show({GetParam().asked, "Corvex", "<b>a & b</b>"});
+    EXPECT_EQ(boxes, 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Icons, MessageIconTest,
+                         testing::Values(IconCase{PromptIcon::Information,
+                                                  QMessageBox::Information},
+                                         IconCase{PromptIcon::Exclamation, QMessageBox::Warning},
+                                         IconCase{PromptIcon::Critical, QMessageBox::Critical}));
+
+TEST(QuestionTest, OnlyYesIsYes)
+{
+    QtPlatform platform;
+    const auto answer = [&](auto act) {
+        WhenOpen<QMessageBox>(act);
+        return platform.Get().prompts.AskYesNo({PromptIcon::Information, "Corvex", "Really?"});
+    };
+    EXPECT_TRUE(answer([](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }));
+    EXPECT_FALSE(answer([](QMessageBox& box) { box.button(QMessageBox::No)->click(); }));
+    EXPECT_FALSE(answer([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }));
+    EXPECT_FALSE(answer([](QMessageBox& box) { box.close(); }));
+}
+
+TEST(QuestionTest, AWindowThatDiesUnderItsDialogsIsAnsweredWithNo)
+{
+    auto window = std::make_unique<QWidget>();
+    QtPlatform platform(window.get());
+    WhenOpen<QMessageBox>([&](QMessageBox&) { window.reset(); });
+    EXPECT_FALSE(platform.Get().prompts.AskYesNo({PromptIcon::Critical, "Corvex", "Still there?"}));
+    window = std::make_unique<QWidget>();
+    platform.SetDialogParent(window.get());
+    WhenOpen<QColorDialog>([&](QColorDialog&) { window.reset(); });
+    EXPECT_EQ(platform.Get().choosers.ChooseColour(kWhite), std::nullopt);
+}
+
+TEST(ColourChooserTest, StartsAtTheGivenColourAndReturnsTheChosen)
+{
+    QtPlatform platform;
+    WhenOpen<QColorDialog>([](QColorDialog& dialog) {
+        EXPECT_EQ(dialog.currentColor(), QColor(1, 2, 3));
+        dialog.setCurrentColor(QColor(255, 128, 0));
+        dialog.accept();
+    });
+    EXPECT_THAT(platform.Get().choosers.ChooseColour(1 + 2 * 256 + 3 * 65536),
+                Optional(255 + 128 * 256));
+    WhenOpen<QColorDialog>([](QColorDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(platform.Get().choosers.ChooseColour(std::nullopt), std::nullopt);
+}
+
+TEST(FileChooserTest, ListsMatchingFilesInAnyCaseAndReturnsThePath)
+{
+    QTemporaryDir folder;
+    CreateEmpty(folder.filePath("LOUD.TIF"));
+    CreateEmpty(folder.filePath("quiet.bmp"));
+    QtPlatform platform;
+    WhenOpen<QFileDialog>([](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.nameFilters(), QStringList("Pictures (*.tif *.png)"));
+        EXPECT_TRUE(Shows(dialog, "LOUD.TIF"));
+        const auto* list = dialog.findChild<QListView*>("listView");
+        EXPECT_EQ(list->model()->rowCount(list->rootIndex()), 1);
+        dialog.selectFile("LOUD.TIF");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_THAT(platform.Get().choosers.ChooseFile(
+                    {"Open", "Pictures", {"tif", "png"}, folder.path().toStdString(), false}),
+                Optional(folder.filePath("LOUD.TIF").toStdString()));
+}
+
+TEST(FileChooserTest, ANewNameGetsTheExtensionWhereNewNamesAreAllowed)
+{
+    QTemporaryDir folder;
+    QtPlatform platform;
+    WhenOpen<QFileDialog>([](QFileDialog& dialog) {
+        dialog.selectFile("fresh");
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    EXPECT_THAT(platform.Get().choosers.ChooseFile(
+                    {"Open", "Libraries", {"cvm"}, folder.path().toStdString(), true}),
+                Optional(folder.filePath("fresh.cvm").toStdString()));
+    WhenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(platform.Get().choosers.ChooseFile({"Open", "Any", {}, "/no/such folder", false}),
+              std::nullopt);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "host/Status.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+/// What the call reported as a failed file; nothing when it succeeded. Anything else fails.
+inline std::optional<std::string> FileFailure(const std::function<void()>& call)
+{
+    try {
+        call();
+    } catch (const CorvexMaterial::Error& error) {
+        EXPECT_EQ(error.Code(), CorvexMaterial::Status::FileFailed);
+        return error.what();
+    }
+    return std::nullopt;
+}

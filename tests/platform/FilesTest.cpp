@@ -1,0 +1,111 @@
+#include "platform/QtPlatform.h"
+#include "tests/platform/ErrorMatch.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <set>
+
+using namespace CorvexMaterial;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using testing::Optional;
+
+namespace {
+
+class TemporaryFilesTest : public testing::Test {
+protected:
+    TemporaryFilesTest() { qputenv("temp", m_folder.path().toLocal8Bit() + "/"); }
+    ~TemporaryFilesTest() override { qunsetenv("temp"); }
+
+    TemporaryFiles& Files() { return m_platform.Get().temporaryFiles; }
+
+    QTemporaryDir m_folder;
+    QtPlatform m_platform;
+};
+
+std::string WithoutExtension(const std::string& path)
+{
+    return path.substr(0, path.rfind('.'));
+}
+
+}  // namespace
+
+TEST_F(TemporaryFilesTest, ClaimedFileIsNewEmptyPrivateAndInTheFolder)
+{
+    EXPECT_EQ(Files().Folder(), m_folder.path().toStdString());
+    const std::string path = Files().Claim("pov");
+    EXPECT_THAT(path, MatchesRegex(m_folder.path().toStdString() + "/~CVX[0-9]+\\.pov"));
+    const QFileInfo file(QString::fromStdString(path));
+    EXPECT_TRUE(file.isFile());
+    EXPECT_EQ(file.size(), 0);
+    EXPECT_FALSE(file.permission(QFile::ReadGroup) || file.permission(QFile::ReadOther));
+}
+
+TEST_F(TemporaryFilesTest, NoNumberIsUsedTwiceWhateverTheExtension)
+{
+    QtPlatform second;
+    std::set<std::string> names;
+    for (int i = 0; i < 20; ++i) {
+        names.insert(WithoutExtension(Files().Claim("pov")));
+        names.insert(WithoutExtension(second.Get().temporaryFiles.Claim("rib")));
+    }
+    EXPECT_EQ(names.size(), 40U);
+}
+
+TEST_F(TemporaryFilesTest, ALeftOverLinkIsNeverFollowed)
+{
+    QTemporaryDir elsewhere;
+    const std::string path = Files().Claim("jpg");
+    ASSERT_TRUE(QFile::remove(QString::fromStdString(path)));
+    ASSERT_TRUE(QFile::link(elsewhere.filePath("victim"), QString::fromStdString(path)));
+    QtPlatform second;
+    EXPECT_NE(second.Get().temporaryFiles.Claim("jpg"), path);
+    EXPECT_FALSE(QFile::exists(elsewhere.filePath("victim")));
+}
+
+TEST_F(TemporaryFilesTest, AFolderThatCannotBeUsedIsNamed)
+{
+    qputenv("temp", "/no/such/folder");
+    EXPECT_THAT(FileFailure([&] { Files().Claim("pov"); }), Optional(HasSubstr("/no/such/folder")));
+}
+
+TEST_F(TemporaryFilesTest, RemovingIsQuietAboutAMissingFileOnly)
+{
+    const std::string path = Files().Claim("ini");
+    Files().Remove(path);
+    EXPECT_FALSE(QFile::exists(QString::fromStdString(path)));
+    EXPECT_EQ(FileFailure([&] { Files().Remove(path); }), std::nullopt);
+    EXPECT_THAT(FileFailure([&] { Files().Remove(Files().Folder()); }),
+                Optional(HasSubstr(Files().Folder())));
+}
+
+TEST(TemporaryFolderTest, IsTheSystemsWithoutTheVariable)
+{
+    qunsetenv("temp");
+    QtPlatform platform;
+    const QString folder = QString::fromStdString(platform.Get().temporaryFiles.Folder());
+    EXPECT_TRUE(QFileInfo(folder).isDir());
+    EXPECT_FALSE(folder.endsWith('/'));
+}
+
+TEST(ControlLibraryTest, FolderHoldsTheLibrary)
+{
+    QtPlatform platform;
+    const QString folder = QString::fromStdString(platform.Get().library.Folder());
+    EXPECT_TRUE(QFile::exists(folder + "/libCorvexMaterial.so")) << folder.toStdString();
+}
+
+TEST(ImageFormatsTest, TiffIsReadAndJpegIsWritten)
+{
+    QtPlatform platform;
+    QTemporaryDir folder;
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    EXPECT_EQ(platform.Get().imageFormats.CanWriteJpeg(), image.save(folder.filePath("a.jpg")));
+    ASSERT_TRUE(image.save(folder.filePath("a.tif")));
+    EXPECT_EQ(platform.Get().imageFormats.CanReadTiff(),
+              !QImage(folder.filePath("a.tif")).isNull());
+}

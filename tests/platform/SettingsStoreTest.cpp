@@ -1,0 +1,222 @@
+#include "platform/QtPlatform.h"
+#include "tests/platform/ErrorMatch.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <csignal>
+
+#include <sys/resource.h>
+
+using namespace CorvexMaterial;
+using testing::HasSubstr;
+using testing::Optional;
+
+namespace {
+
+const std::string kApplication = "Some Host";
+
+SettingAddress At(const std::string& key, const std::string& section = "Application")
+{
+    return {kApplication, section, key};
+}
+
+class SettingsStoreTest : public testing::Test {
+protected:
+    SettingsStoreTest() { qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit()); }
+
+    [[nodiscard]] QString Folder() const { return m_home.filePath("Corvex"); }
+    [[nodiscard]] QString File() const { return Folder() + "/Some Host.ini"; }
+
+    void PutFile(const QByteArray& content) const
+    {
+        ASSERT_TRUE(QDir().mkpath(Folder()));
+        QFile file(File());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_EQ(file.write(content), content.size());
+    }
+
+    static QByteArray ContentOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    static std::optional<std::string> ReadAfresh(const SettingAddress& address)
+    {
+        QtPlatform platform;
+        return platform.Get().settings.Read(address);
+    }
+
+    QTemporaryDir m_home;
+};
+
+class TextRoundTripTest : public SettingsStoreTest,
+                          public testing::WithParamInterface<std::string> {};
+
+class DamagedSettingsTest : public SettingsStoreTest,
+                            public testing::WithParamInterface<QByteArray> {};
+
+/// While it lives, this process can make no file longer than nothing: a full disk.
+class FullDisk {
+public:
+    FullDisk()
+    {
+        m_signal = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit nothing{0, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &nothing);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_signal);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_limit{};
+    void (*m_signal)(int) = nullptr;
+};
+
+}  // namespace
+
+TEST_P(TextRoundTripTest, ComesBackUnchangedFromDisk)
+{
+    QtPlatform platform;
+    platform.Get().settings.Write(At("Key"), GetParam());
+    platform.Get().settings.Flush(kApplication);
+    EXPECT_THAT(ReadAfresh(At("Key")), Optional(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, TextRoundTripTest,
+                         testing::Values("", " ", "0.5", "a, b", "/textures/a,b;c.png",
+                                         "\"quoted\"", "@Invalid()", "@@", "50%41",
+                                         "C:\\new\\table", "two\nlines", "[Section]", "key=value",
+                                         "Grün 漢 \xF0\x9F\x8E\xA8", std::string("a\0b", 3),
+                                         std::string(200'000, 'x')));
+
+TEST_F(SettingsStoreTest, KeepsApplicationsSectionsAndLetterCaseApart)
+{
+    QtPlatform platform;
+    SettingsStore& store = platform.Get().settings;
+    const std::vector<SettingAddress> addresses{At("Rows"),
+                                                At("rows"),
+                                                At("Rows", "Tips"),
+                                                At("Rows", "General"),
+                                                {"Other", "Application", "Rows"},
+                                                {"../../Some Host", "Application", "Rows"},
+                                                {"", "Application", "Rows"}};
+    for (std::size_t i = 0; i < addresses.size(); ++i) {
+        store.Write(addresses[i], std::to_string(i));
+        store.Flush(addresses[i].application);
+    }
+    for (std::size_t i = 0; i < addresses.size(); ++i) {
+        EXPECT_THAT(ReadAfresh(addresses[i]), Optional(std::to_string(i))) << i;
+    }
+    EXPECT_EQ(ReadAfresh(At("ROWS")), std::nullopt);
+    EXPECT_EQ(QDir(Folder()).entryList({"*.ini"}, QDir::Files | QDir::Hidden).size(), 4);
+}
+
+TEST_F(SettingsStoreTest, TouchesTheDiskOnFlushOnlyAndMergesWithOtherWriters)
+{
+    QtPlatform one;
+    QtPlatform other;
+    one.Get().settings.Write(At("Mine"), "1");
+    EXPECT_THAT(one.Get().settings.Read(At("Mine")), Optional(std::string("1")));
+    EXPECT_FALSE(QFile::exists(File()));
+    other.Get().settings.Write(At("Theirs"), "2");
+    other.Get().settings.Flush(kApplication);
+    one.Get().settings.Flush(kApplication);
+    EXPECT_THAT(ReadAfresh(At("Mine")), Optional(std::string("1")));
+    EXPECT_THAT(ReadAfresh(At("Theirs")), Optional(std::string("2")));
+}
+
+TEST_F(SettingsStoreTest, ReadsAFileThatAPersonEdited)
+{
+    PutFile("; a remark\n[Application]\nMaterialTexture=/a,b.png\nMaterialAmbient = 40 \n");
+    EXPECT_THAT(ReadAfresh(At("MaterialTexture")), Optional(std::string("/a,b.png")));
+    EXPECT_THAT(ReadAfresh(At("MaterialAmbient")), Optional(std::string("40")));
+}
+
+TEST_P(DamagedSettingsTest, ReadsWhatCanBeReadAndKeepsTheDamagedFile)
+{
+    const QByteArray content = GetParam() + "\n[Application]\nGood=1\n";
+    PutFile(content);
+    QtPlatform platform;
+    SettingsStore& store = platform.Get().settings;
+    EXPECT_THAT(store.Read(At("Good")), Optional(std::string("1")));
+    store.Write(At("New"), "2");
+    EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
+                Optional(HasSubstr("Some Host.ini")));
+    EXPECT_EQ(ContentOf(File() + ".damaged1"), content);
+    EXPECT_EQ(FileFailure([&] { store.Flush(kApplication); }), std::nullopt);
+    EXPECT_THAT(ReadAfresh(At("Good")), Optional(std::string("1")));
+    EXPECT_THAT(ReadAfresh(At("New")), Optional(std::string("2")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Contents, DamagedSettingsTest,
+                         testing::Values("[Application\nKey=1", "no equals sign",
+                                         QByteArray("\x7F"
+                                                    "ELF\0\0\x01\xFF\xFE\r\n\xC3\x28",
+                                                    13),
+                                         "[Tips]\nx", QByteArray(100'000, '\0')));
+
+TEST_F(SettingsStoreTest, SurvivesValuesThatOnlyLookLikeItsOwnEncoding)
+{
+    PutFile(
+        "[Application]\nA=@Variant(\\0\\0\\0\\x7f\\xff\\xff\\xff\\xff)\nB=@ByteArray(\nC=@Rect(a)\n"
+        "D=\\x\nE=\"unclosed\n");
+    QtPlatform platform;
+    for (const char* key : {"A", "B", "C", "D", "E"}) {
+        static_cast<void>(platform.Get().settings.Read(At(key)));
+    }
+    platform.Get().settings.Write(At("F"), "1");
+    platform.Get().settings.Flush(kApplication);
+    EXPECT_THAT(ReadAfresh(At("F")), Optional(std::string("1")));
+}
+
+TEST_F(SettingsStoreTest, ReportsAFileThatCannotBeReplacedAndTriesAgain)
+{
+    ASSERT_TRUE(QDir().mkpath(File()));
+    QtPlatform platform;
+    SettingsStore& store = platform.Get().settings;
+    EXPECT_EQ(store.Read(At("Key")), std::nullopt);
+    store.Write(At("Key"), "1");
+    EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
+                Optional(HasSubstr("Some Host.ini")));
+    EXPECT_THAT(store.Read(At("Key")), Optional(std::string("1")));
+    ASSERT_TRUE(QDir().rmdir(File()));
+    EXPECT_EQ(FileFailure([&] { store.Flush(kApplication); }), std::nullopt);
+    EXPECT_THAT(ReadAfresh(At("Key")), Optional(std::string("1")));
+}
+
+TEST_F(SettingsStoreTest, ReportsAFolderThatCannotBeCreated)
+{
+    QFile inTheWay(Folder());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    QtPlatform platform;
+    platform.Get().settings.Write(At("Key"), "1");
+    EXPECT_THAT(FileFailure([&] { platform.Get().settings.Flush(kApplication); }),
+                Optional(HasSubstr("Some Host.ini")));
+}
+
+TEST_F(SettingsStoreTest, FullDiskLeavesTheOldFileWhole)
+{
+    QtPlatform platform;
+    SettingsStore& store = platform.Get().settings;
+    store.Write(At("Key"), "old");
+    store.Flush(kApplication);
+    const QByteArray before = ContentOf(File());
+    store.Write(At("Key"), "new");
+    {
+        const FullDisk full;
+        EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
+                    Optional(HasSubstr("Some Host.ini")));
+    }
+    EXPECT_EQ(ContentOf(File()), before);
+    EXPECT_EQ(FileFailure([&] { store.Flush(kApplication); }), std::nullopt);
+    EXPECT_THAT(ReadAfresh(At("Key")), Optional(std::string("new")));
+}
