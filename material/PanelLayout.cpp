@@ -1,0 +1,37 @@
+#include "material/PanelLayout.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr std::int64_t kMeanRowTwips = (kTextureRowTwips + kMaterialRowTwips) / 2;
+
+std::int64_t HalfToEven(std::int64_t count)
+{
+    const std::int64_t half = count / 2;
+    return count % 2 == 0 || half % 2 == 0 ? half : half + 1;
+}
+
+int AtLeastOne(std::int64_t rows)
+{
+    return static_cast<int>(std::max<std::int64_t>(rows, 1));
+}
+
+}  // namespace
+
+LibraryRows ShareHeight(int availableTwips, int panelTwips, LibraryRows shown)
+{
+    std::int64_t space = std::int64_t{availableTwips} - panelTwips +
+                         std::int64_t{shown.texture} * kTextureRowTwips +
+                         std::int64_t{shown.material} * kMaterialRowTwips;
+    LibraryRows shared;
+    shared.texture = AtLeastOne(HalfToEven(space / kMeanRowTwips));
+    space -= std::int64_t{shared.texture} * kTextureRowTwips;
+    shared.material = AtLeastOne(space / kMaterialRowTwips);
+    return shared;
+}
+
+}  // namespace CorvexMaterial

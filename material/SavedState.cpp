@@ -1,0 +1,231 @@
+#include "material/SavedState.h"
+
+#include "material/AttributeText.h"
+#include "material/SavedStateOrders.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr std::string_view kSection = "Application";
+
+constexpr std::string_view kTextureRows = "TextureRows";
+constexpr std::string_view kMaterialRows = "MaterialRows";
+constexpr std::string_view kMaterialLibraryPanel = "MaterialLibraryPanel";
+constexpr std::string_view kTextureLibraryPanel = "TextureLibraryPanel";
+constexpr std::string_view kMaterialPanel = "MaterialPanel";
+constexpr std::string_view kBackgroundMaterial = "ColorBackgroundMaterial";
+constexpr std::string_view kBackgroundTexture = "ColorBackgroundTexture";
+
+// Keeps the height of any stored row count far from the limits of a widget.
+constexpr std::int32_t kMostRows = 10'000;
+
+struct ShownText {
+    Attribute attribute;
+    std::string text;
+};
+
+std::string KeyOfElement(std::string_view stem, std::size_t index)
+{
+    return std::string(stem) + std::to_string(index);
+}
+
+std::string_view UserResetDefault(Attribute attribute)
+{
+    const auto* const row = std::find_if(
+        SavedStateOrders::kUserResetDefaults.begin(), SavedStateOrders::kUserResetDefaults.end(),
+        [attribute](const SavedStateOrders::DefaultRow& candidate) {
+            return candidate.attribute == attribute;
+        });
+    return row == SavedStateOrders::kUserResetDefaults.end() ? FactoryText(attribute) : row->text;
+}
+
+void ShowAll(std::vector<ShownText>& texts, AttributeTarget& target)
+{
+    for (const ShownText& shown : texts) {
+        target.Show(shown.attribute, shown.text);
+    }
+    texts.clear();
+}
+
+}  // namespace
+
+SavedState::SavedState(SettingsStore& store, std::function<std::string()> applicationName)
+    : m_store(store), m_applicationName(std::move(applicationName))
+{
+}
+
+void SavedState::Load(AttributeTarget& target)
+{
+    std::vector<ShownText> texts;
+    for (const Attribute attribute : SavedStateOrders::kLoadOrder) {
+        const AttributeRow& row = RowOf(attribute);
+        texts.push_back({attribute, ReadCanonical(attribute, row.currentKey, row.factoryText)});
+    }
+    ShowAll(texts, target);
+}
+
+void SavedState::SaveAtTerminate(AttributeTarget& source)
+{
+    WriteAll(SavedStateOrders::kTerminateOrder, &AttributeRow::currentKey, source);
+}
+
+void SavedState::Remember(AttributeTarget& source)
+{
+    WriteAll(SavedStateOrders::kRememberOrder, &AttributeRow::userKey, source);
+}
+
+void SavedState::ResetToUser(AttributeTarget& target)
+{
+    std::vector<ShownText> texts;
+    for (const Attribute attribute : SavedStateOrders::kUserResetOrder) {
+        if (attribute == Attribute::PluginParameters) {
+            // Which parameters there are is known when the plug-in is shown.
+            ShowAll(texts, target);
+            target.ShowPluginParameters(UserPluginParameters(target));
+        } else if (attribute == Attribute::CustomFields) {
+            target.ShowCustomFields(ReadCustomFields());
+        } else {
+            texts.push_back({attribute, ReadCanonical(attribute, RowOf(attribute).userKey,
+                                                      UserResetDefault(attribute))});
+        }
+    }
+    ShowAll(texts, target);
+}
+
+void SavedState::ResetToFactory(AttributeTarget& target)
+{
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.attribute == Attribute::PluginParameters) {
+            target.ShowPluginParameters(target.PluginParameterDefaults());
+        } else if (row.attribute == Attribute::CustomFields) {
+            target.ShowCustomFields({});
+        } else if (row.attribute != Attribute::TextureLibrary &&
+                   row.attribute != Attribute::MaterialLibrary) {
+            target.Show(row.attribute, std::string(row.factoryText));
+        }
+    }
+}
+
+SavedLayout SavedState::LoadLayout()
+{
+    SavedLayout layout;
+    layout.textureRows = ReadRows(kTextureRows);
+    layout.materialRows = ReadRows(kMaterialRows);
+    layout.materialLibraryPanel = ReadPanelFlag(kMaterialLibraryPanel);
+    layout.textureLibraryPanel = ReadPanelFlag(kTextureLibraryPanel);
+    layout.materialPanel = ReadPanelFlag(kMaterialPanel);
+    layout.previewBackground = ReadColour(kBackgroundMaterial, layout.previewBackground);
+    layout.materialBackground = ReadColour(kBackgroundMaterial, layout.materialBackground);
+    layout.textureBackground = ReadColour(kBackgroundTexture, layout.textureBackground);
+    return layout;
+}
+
+void SavedState::SaveLayout(const SavedLayout& layout)
+{
+    Write(kMaterialPanel, TextOfFlag(layout.materialPanel));
+    Write(kTextureLibraryPanel, TextOfFlag(layout.textureLibraryPanel));
+    Write(kTextureRows, TextOfWholeNumber(layout.textureRows));
+    Write(kMaterialLibraryPanel, TextOfFlag(layout.materialLibraryPanel));
+    Write(kMaterialRows, TextOfWholeNumber(std::max(layout.materialRows, 1)));
+    Flush();
+}
+
+void SavedState::RememberPluginParameters(AttributeTarget& source)
+{
+    WritePluginParameters(source);
+    Flush();
+}
+
+std::vector<std::string> SavedState::UserPluginParameters(AttributeTarget& target)
+{
+    std::vector<std::string> texts = target.PluginParameterDefaults();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const auto stored = Read(KeyOfElement(RowOf(Attribute::PluginParameters).userKey, i));
+        const auto value = SingleFromText(stored.value_or(""));
+        texts[i] = value ? TextOfSingle(*value) : texts[i];
+    }
+    return texts;
+}
+
+std::optional<std::string> SavedState::Read(std::string_view key)
+{
+    return m_store.Read({m_applicationName(), std::string(kSection), std::string(key)});
+}
+
+void SavedState::Write(std::string_view key, const std::string& text)
+{
+    m_store.Write({m_applicationName(), std::string(kSection), std::string(key)}, text);
+}
+
+void SavedState::Flush()
+{
+    m_store.Flush(m_applicationName());
+}
+
+std::string SavedState::ReadCanonical(Attribute attribute, std::string_view key,
+                                      std::string_view defaultText)
+{
+    const std::string text = Read(key).value_or(std::string(defaultText));
+    return CanonicalText(attribute, text).value_or(std::string(FactoryText(attribute)));
+}
+
+int SavedState::ReadRows(std::string_view key)
+{
+    return std::clamp(WholeNumberFromText(Read(key).value_or("")).value_or(1), 1, kMostRows);
+}
+
+bool SavedState::ReadPanelFlag(std::string_view key)
+{
+    return FlagFromText(Read(key).value_or("")).value_or(false);
+}
+
+Colour SavedState::ReadColour(std::string_view key, Colour defaultColour)
+{
+    return WholeNumberFromText(Read(key).value_or("")).value_or(defaultColour) & kWhite;
+}
+
+CustomFieldValues SavedState::ReadCustomFields()
+{
+    CustomFieldValues values;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = Read(KeyOfElement(RowOf(Attribute::CustomFields).userKey, i)).value_or("");
+    }
+    return values;
+}
+
+void SavedState::WriteAll(std::span<const Attribute> order, std::string_view AttributeRow::*key,
+                          AttributeTarget& source)
+{
+    for (const Attribute attribute : order) {
+        if (attribute == Attribute::PluginParameters) {
+            WritePluginParameters(source);
+        } else if (attribute == Attribute::CustomFields) {
+            WriteCustomFields(source);
+        } else {
+            Write(RowOf(attribute).*key, source.TextOf(attribute));
+        }
+    }
+    Flush();
+}
+
+void SavedState::WritePluginParameters(AttributeTarget& source)
+{
+    const std::vector<std::string> texts = source.PluginParameterTexts();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        Write(KeyOfElement(RowOf(Attribute::PluginParameters).currentKey, i), texts[i]);
+    }
+}
+
+void SavedState::WriteCustomFields(AttributeTarget& source)
+{
+    const CustomFieldValues texts = source.CustomFieldTexts();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        Write(KeyOfElement(RowOf(Attribute::CustomFields).userKey, i), texts[i]);
+    }
+}
+
+}  // namespace CorvexMaterial
