@@ -1,0 +1,140 @@
+#include "dialogs/ErrorTexts.h"
+#include "dialogs/WarningCatalogue.h"
+#include "material/AttributeText.h"
+#include "material/LayerAttributes.h"
+#include "material/NamedColours.h"
+#include "preview/PreviewPrimitives.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <new>
+#include <set>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+TEST(AttributeCatalogue, FactoryTextsAreCanonical)
+{
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.kind != AttributeKind::Group) {
+            EXPECT_EQ(CanonicalText(row.attribute, row.factoryText), row.factoryText)
+                << row.currentKey;
+        }
+    }
+}
+
+TEST(NamedColours, AreFoundByTheirValue)
+{
+    EXPECT_EQ(ColourListPosition(0), 0U);
+    EXPECT_EQ(ColourListPosition(16775408), 1U);
+    EXPECT_EQ(ColourListPosition(16777215), 132U);
+    EXPECT_EQ(ColourListPosition(-1), 132U);
+    EXPECT_EQ(ColourListPosition(36 * 65536 + 120 * 256 + 140), 150U);
+    EXPECT_EQ(ColourListPosition(1), kNamedColours.size());
+    EXPECT_EQ(kNamedColours[45].name, "Gray  5%");
+    EXPECT_EQ(kNamedColours[63].name, "Gray 95");
+    EXPECT_EQ(kNamedColours[154].name, "Old Gold");
+    std::set<std::string_view> names{kCustomColourName};
+    for (const NamedColour& row : kNamedColours) {
+        EXPECT_TRUE(names.insert(row.name).second) << row.name;
+    }
+}
+
+TEST(TextureLayers, TabsBesideTheLayersGoToTheFirstAndTheLast)
+{
+    using enum TextureLayer;
+    const std::array layers{Primary,  Primary,     Primary,     Overlay,     Alpha,      Bump,
+                            Specular, Environment, Environment, Environment, Environment};
+    for (std::size_t tab = 0; tab < layers.size(); ++tab) {
+        EXPECT_EQ(LayerOfTab(static_cast<int>(tab)), layers[tab]) << tab;
+    }
+    EXPECT_EQ(LayerOfTab(-1), Primary);
+}
+
+TEST(TextureLayers, EachHasAFileFieldAnAttributeAndAPlaceInEachOrder)
+{
+    CorvexDB::TextureFiles files;
+    std::set<Attribute> attributes;
+    for (const TextureLayerRow& row : kTextureLayers) {
+        EXPECT_TRUE((files.*row.file).empty());
+        files.*row.file = "used";
+        attributes.insert(AttributeOf(row.layer));
+        EXPECT_EQ(LayerOf(AttributeOf(row.layer)), row.layer);
+    }
+    EXPECT_EQ(attributes.size(), kTextureLayers.size());
+    EXPECT_EQ(LayerOf(Attribute::TextureLibrary), std::nullopt);
+    for (const TextureLayerOrder& order : {kLayerMethodOrder, kLayerPropertyOrder}) {
+        EXPECT_EQ(std::set(order.begin(), order.end()).size(), kTextureLayers.size());
+    }
+}
+
+TEST(PreviewPrimitives, CodesBeyondTheTableHaveNoMesh)
+{
+    EXPECT_EQ(FindPreviewPrimitive(-1), nullptr);
+    EXPECT_EQ(FindPreviewPrimitive(5), nullptr);
+    ASSERT_NE(FindPreviewPrimitive(4), nullptr);
+    EXPECT_EQ(FindPreviewPrimitive(4)->meshFile, "previewcone.x");
+}
+
+TEST(Warnings, AreShownForAMissingChoiceAndForExactlyOne)
+{
+    EXPECT_TRUE(WarningWanted(std::nullopt));
+    EXPECT_TRUE(WarningWanted(TextOfWarningChoice(true)));
+    EXPECT_TRUE(WarningWanted("1.0"));
+    for (const char* const stored : {"0", "2", "-1", "1.5", "", "True"}) {
+        EXPECT_FALSE(WarningWanted(stored)) << stored;
+    }
+    EXPECT_FALSE(WarningWanted(TextOfWarningChoice(false)));
+}
+
+TEST(Warnings, TheTwoTextsOfAKeyDifferAsAnnounced)
+{
+    const WarningRow& simulation = RowOf(WarningId::RaytraceSimulation);
+    EXPECT_THAT(std::string(simulation.text), HasSubstr(" Several Corvex material attibutes "));
+    std::string all(simulation.text);
+    all.replace(all.find("Several"), 7, "All");
+    EXPECT_EQ(simulation.otherText, all);
+    const WarningRow& bumpmapping = RowOf(WarningId::Bumpmapping);
+    EXPECT_TRUE(bumpmapping.otherText.starts_with(bumpmapping.text));
+}
+
+template <typename Thrown>
+ErrorReport Described(const Thrown& thrown)
+{
+    return Describe(std::make_exception_ptr(thrown), "SaveStatus");
+}
+
+TEST(ErrorTexts, EveryKindOfFailureIsClassifiedAndNamed)
+{
+    const ErrorReport file = Described(Error(Status::FileFailed, "a.x is missing"));
+    EXPECT_EQ(ErrorBoxText(file),
+              "Error #: 6 Error Description: a.x is missing Error Location: SaveStatus");
+    EXPECT_EQ(DebugDataText(file), "Debug Data - Location: SaveStatus");
+    EXPECT_FALSE(IsUnrecoverable(file));
+
+    EXPECT_EQ(ErrorBoxText(Described(std::bad_alloc())),
+              "Out of memory. Please close all programs and run Corvex again. ");
+
+    const ErrorReport device = Described(Error(Status::GraphicsFailed, ""));
+    EXPECT_THAT(ErrorBoxText(device), HasSubstr("drivers for your graphics card. "));
+    EXPECT_THAT(ErrorBoxText(device), HasSubstr("Unable to create Direct3D Device"));
+
+    const ErrorReport foreign = Described(std::out_of_range("row 9"));
+    EXPECT_EQ(foreign.status, Status::Failed);
+    EXPECT_THAT(ErrorBoxText(foreign), HasSubstr("Error Description: row 9"));
+    EXPECT_THAT(ErrorBoxText(foreign), Not(HasSubstr("drivers")));
+
+    const ErrorReport unknown = Described(42);
+    EXPECT_EQ(unknown.status, Status::Failed);
+    EXPECT_TRUE(IsUnrecoverable(unknown));
+    EXPECT_FALSE(unknown.description.empty());
+}
+
+}  // namespace
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,65 @@
+#include "material/PanelLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <ostream>
+
+namespace CorvexMaterial {
+
+void PrintTo(const LibraryRows& rows, std::ostream* stream)
+{
+    *stream << rows.texture << '/' << rows.material;
+}
+
+namespace {
+
+struct Sharing {
+    int available;
+    int panel;
+    LibraryRows shown;
+    LibraryRows expected;
+};
+
+class ShareHeightTest : public ::testing::TestWithParam<Sharing> {};
+
+TEST_P(ShareHeightTest, GivesTheRows)
+{
+    const Sharing& row = GetParam();
+    EXPECT_EQ(ShareHeight(row.available, row.panel, row.shown), row.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Heights, ShareHeightTest,
+                         ::testing::Values(Sharing{20000, 10000, {1, 1}, {6, 5}},
+                                           // 5 rows: 2.5 goes down to 2; 7 rows: 3.5 up to 4.
+                                           Sharing{5100, 0, {0, 0}, {2, 3}},
+                                           Sharing{7100, 0, {0, 0}, {4, 3}},
+                                           Sharing{0, 10000, {1, 1}, {1, 1}},
+                                           Sharing{-5000, 0, {-2, 0}, {1, 1}},
+                                           Sharing{990, 0, {0, 0}, {1, 1}}));
+
+TEST(ShareHeight, AskedAgainWithTheGrownPanelGivesTheSameRows)
+{
+    constexpr int kPanelWithoutRows = 7990;
+    LibraryRows shown{1, 1};
+    for (int available = 0; available < 60000; available += 37) {
+        const auto panel = [&] {
+            return kPanelWithoutRows + shown.texture * 990 + shown.material * 1020;
+        };
+        shown = ShareHeight(available, panel(), shown);
+        EXPECT_EQ(ShareHeight(available, panel(), shown), shown) << available;
+        const int left = available - panel();
+        EXPECT_LT(left, 1020) << available;
+        EXPECT_TRUE(left >= 0 || shown.material == 1) << available;
+    }
+}
+
+TEST(ShareHeight, ExtremeHeightsDoNotOverflow)
+{
+    EXPECT_GE(ShareHeight(INT_MAX, INT_MIN, {INT_MAX / 2000, 1}).texture, 1);
+    EXPECT_EQ(ShareHeight(INT_MIN, INT_MAX, {1, 1}), (LibraryRows{1, 1}));
+}
+
+}  // namespace
+
+}  // namespace CorvexMaterial

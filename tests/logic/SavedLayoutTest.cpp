@@ -1,0 +1,68 @@
+#include "SavedStateFixture.h"
+
+#include <gmock/gmock.h>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using ::testing::ElementsAre;
+
+using SavedLayoutTest = SavedStateFixture;
+
+TEST_F(SavedLayoutTest, EmptyStoreGivesOneRowEachCollapsedPanelsAndTheBackgrounds)
+{
+    const SavedLayout layout = state.LoadLayout();
+    EXPECT_THAT(store.reads,
+                ElementsAre("TextureRows", "MaterialRows", "MaterialLibraryPanel",
+                            "TextureLibraryPanel", "MaterialPanel", "ColorBackgroundMaterial",
+                            "ColorBackgroundMaterial", "ColorBackgroundTexture"));
+    EXPECT_EQ(layout.textureRows, 1);
+    EXPECT_EQ(layout.materialRows, 1);
+    EXPECT_FALSE(layout.materialPanel || layout.textureLibraryPanel || layout.materialLibraryPanel);
+    EXPECT_EQ(layout.materialBackground, 15663086);
+    EXPECT_EQ(layout.previewBackground, 15663086);
+    EXPECT_EQ(layout.textureBackground, 16777215);
+}
+
+TEST_F(SavedLayoutTest, UnusableRowsAndFlagsAreReplaced)
+{
+    store.values = {{"TextureRows", "-3"},
+                    {"MaterialRows", "many"},
+                    {"MaterialPanel", "perhaps"},
+                    {"TextureLibraryPanel", "-1"},
+                    {"MaterialLibraryPanel", "tRUE"},
+                    {"ColorBackgroundTexture", "12,5"}};
+    const SavedLayout layout = state.LoadLayout();
+    EXPECT_EQ(layout.textureRows, 1);
+    EXPECT_EQ(layout.materialRows, 1);
+    EXPECT_FALSE(layout.materialPanel);
+    EXPECT_TRUE(layout.textureLibraryPanel);
+    EXPECT_TRUE(layout.materialLibraryPanel);
+    EXPECT_EQ(layout.textureBackground, 16777215);
+
+    store.values["TextureRows"] = "2147483647";
+    constexpr int kWidestWidget = 16'777'215;
+    EXPECT_LT(state.LoadLayout().textureRows, kWidestWidget / 66);
+}
+
+TEST_F(SavedLayoutTest, SavingRaisesOnlyTheMaterialRowsAndNeverWritesBackgrounds)
+{
+    SavedLayout layout;
+    layout.textureRows = 0;
+    layout.materialRows = -3;
+    layout.textureLibraryPanel = true;
+    state.SaveLayout(layout);
+    EXPECT_THAT(store.writes, ElementsAre("MaterialPanel", "TextureLibraryPanel", "TextureRows",
+                                          "MaterialLibraryPanel", "MaterialRows"));
+    EXPECT_EQ(store.values["TextureRows"], "0");
+    EXPECT_EQ(store.values["MaterialRows"], "1");
+    EXPECT_TRUE(store.isFlushed);
+    const SavedLayout restarted = state.LoadLayout();
+    EXPECT_TRUE(restarted.textureLibraryPanel);
+    EXPECT_FALSE(restarted.materialPanel);
+}
+
+}  // namespace
+
+}  // namespace CorvexMaterial

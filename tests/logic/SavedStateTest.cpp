@@ -1,0 +1,191 @@
+#include "SavedStateFixture.h"
+#include "StoreKeys.h"
+
+#include <gmock/gmock.h>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class SavedStateTest : public SavedStateFixture {
+protected:
+    /// A value of its own for every attribute, none of them the factory's.
+    void FillPanel()
+    {
+        const std::map<AttributeKind, std::string> valueOfKind{
+            {AttributeKind::WholeNumber, "-7"},
+            {AttributeKind::ListPosition, "1"},
+            {AttributeKind::Flag, "True"},
+            {AttributeKind::Single, "0.25"},
+            {AttributeKind::PackedColour, "4660"}};
+        for (const AttributeRow& row : AttributeRows()) {
+            const auto value = valueOfKind.find(row.kind);
+            panel.texts[row.attribute] = value != valueOfKind.end()
+                                             ? value->second
+                                             : "Käse \"" + std::string(row.currentKey) + "\"|";
+        }
+        panel.texts[Attribute::Plugin] = "Marble";
+        panel.parameters = {"0.125", "9"};
+        panel.customFields = {"a", "", "c|d", "ü", "5", "f"};
+    }
+};
+
+TEST_F(SavedStateTest, LoadingAnEmptyStoreReadsEveryKeyInOrderAndShowsTheDefaults)
+{
+    state.Load(panel);
+    const std::vector<std::string> expected = Words(kLoadedKeysAndDefaults);
+    ASSERT_EQ(panel.shown.size(), expected.size());
+    ASSERT_EQ(store.reads.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(store.reads[i] + "=" + panel.shown[i].second, expected[i]);
+    }
+    EXPECT_THAT(store.writes, IsEmpty());
+}
+
+TEST_F(SavedStateTest, TerminateWritesEveryCurrentKeyInOrderAndFlushesOnce)
+{
+    FillPanel();
+    panel.texts[Attribute::Emissive] = "half";
+    state.SaveAtTerminate(panel);
+    EXPECT_EQ(store.writes, Words(kTerminateKeys));
+    EXPECT_TRUE(store.isFlushed);
+    EXPECT_EQ(store.values["MaterialEmissive"], "half");
+}
+
+TEST_F(SavedStateTest, RememberWritesEveryUserKeyInOrder)
+{
+    FillPanel();
+    state.Remember(panel);
+    EXPECT_EQ(store.writes, Words(kRememberKeys));
+    EXPECT_TRUE(store.isFlushed);
+}
+
+TEST_F(SavedStateTest, ResetToUserReadsItsKeysInOrderAndTheParametersOfTheStoredPlugin)
+{
+    store.values = {{"MaterialPlugin", "Marble"}, {"MaterialPluginParameter1", "x"}};
+    state.ResetToUser(panel);
+    EXPECT_EQ(store.reads, Words(kUserResetKeys));
+    EXPECT_THAT(panel.parameters, ElementsAre("0.5", "3"));
+    EXPECT_EQ(panel.texts[Attribute::TextureAlphaChannelUse], "0");
+    EXPECT_EQ(panel.texts[Attribute::RayTraceBrilliance], "5");
+}
+
+TEST_F(SavedStateTest, TerminatedStateComesBackExceptWhatIsNeverReadBack)
+{
+    FillPanel();
+    state.SaveAtTerminate(panel);
+    TextPanel restarted;
+    state.Load(restarted);
+    for (const AttributeRow& row : AttributeRows()) {
+        const bool isReadBack = row.attribute <= Attribute::MaterialLibrary;
+        EXPECT_EQ(restarted.texts[row.attribute], isReadBack ? panel.texts[row.attribute] : "")
+            << row.currentKey;
+    }
+    EXPECT_THAT(restarted.parameters, IsEmpty());
+}
+
+TEST_F(SavedStateTest, RememberedDefaultsComeBackAndFourAttributesKeepTheirValues)
+{
+    FillPanel();
+    state.Remember(panel);
+    const auto remembered = panel.texts;
+    TextPanel other;
+    for (const AttributeRow& row : AttributeRows()) {
+        other.texts[row.attribute] = "kept";
+    }
+    state.ResetToUser(other);
+    for (const Attribute kept :
+         {Attribute::PreviewPrimitive, Attribute::ApplyRelative, Attribute::RayTraceType,
+          Attribute::RaytraceColorPattern, Attribute::TextureLibrary, Attribute::MaterialLibrary}) {
+        EXPECT_EQ(other.texts[kept], "kept") << RowOf(kept).userKey;
+        other.texts[kept] = remembered.at(kept);
+    }
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.kind != AttributeKind::Group) {
+            EXPECT_EQ(other.texts[row.attribute], remembered.at(row.attribute)) << row.userKey;
+        }
+    }
+    EXPECT_EQ(other.parameters, panel.parameters);
+    EXPECT_EQ(other.customFields, panel.customFields);
+}
+
+TEST_F(SavedStateTest, FactoryResetTouchesNeitherTheLibrariesNorTheStore)
+{
+    FillPanel();
+    const std::string library = panel.texts[Attribute::MaterialLibrary];
+    state.ResetToFactory(panel);
+    EXPECT_EQ(panel.texts[Attribute::MaterialLibrary], library);
+    EXPECT_EQ(panel.texts[Attribute::Color], "16777215");
+    EXPECT_EQ(panel.texts[Attribute::PreviewPrimitive], "2");
+    EXPECT_EQ(panel.texts[Attribute::ApplyRelative], "0");
+    EXPECT_EQ(panel.texts[Attribute::Plugin], "");
+    EXPECT_THAT(panel.parameters, IsEmpty());
+    EXPECT_EQ(panel.customFields, CustomFieldValues{});
+    EXPECT_THAT(store.applications, IsEmpty());
+}
+
+TEST_F(SavedStateTest, PluginParametersAreRememberedAlone)
+{
+    FillPanel();
+    state.RememberPluginParameters(panel);
+    EXPECT_THAT(store.writes, ElementsAre("MaterialPluginParameter0", "MaterialPluginParameter1"));
+    EXPECT_TRUE(store.isFlushed);
+    store.values["MaterialPluginParameter1"] = "1e99";
+    EXPECT_THAT(state.UserPluginParameters(panel), ElementsAre("0.125", "3"));
+}
+
+TEST_F(SavedStateTest, AStoreThatFailsWhileLoadingLeavesThePanelAlone)
+{
+    store.failingAccess = 57;
+    EXPECT_THROW(state.Load(panel), Error);
+    EXPECT_THAT(panel.shown, IsEmpty());
+}
+
+struct StoredText {
+    Attribute attribute;
+    std::string stored;
+    std::string shown;
+};
+
+class StoredTextTest : public SavedStateFixture,
+                       public ::testing::WithParamInterface<StoredText> {};
+
+TEST_P(StoredTextTest, IsConvertedOrFallsBackToTheFactoryValueAndTheOthersAreStillRead)
+{
+    store.values[std::string(RowOf(GetParam().attribute).currentKey)] = GetParam().stored;
+    store.values["MaterialLibrary"] = "Mine.cvm";
+    state.Load(panel);
+    EXPECT_EQ(panel.texts[GetParam().attribute], GetParam().shown);
+    EXPECT_EQ(panel.texts[Attribute::MaterialLibrary], "Mine.cvm");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, StoredTextTest,
+    ::testing::Values(
+        StoredText{Attribute::PreviewPrimitive, "7", "7"},
+        StoredText{Attribute::Ambient, "2.5", "2"}, StoredText{Attribute::Ambient, " +3.5 ", "4"},
+        StoredText{Attribute::Ambient, "12,5", "60"}, StoredText{Attribute::Ambient, "", "60"},
+        StoredText{Attribute::Ambient, "3e9", "60"}, StoredText{Attribute::Ambient, "nan", "60"},
+        StoredText{Attribute::Color, "-1", "16777215"},
+        StoredText{Attribute::Color, "16777216", "0"},
+        StoredText{Attribute::Color, "red", "16777215"}, StoredText{Attribute::AlphaTest, "7", "7"},
+        StoredText{Attribute::AlphaTest, "8", "0"}, StoredText{Attribute::AlphaTest, "-1", "0"},
+        StoredText{Attribute::AlphaTest, "7.5", "0"},
+        StoredText{Attribute::TextureAlphaChannelUse, "5", "0"},
+        StoredText{Attribute::RaytracePredefinedMaterial, "30", "30"},
+        StoredText{Attribute::RaytracePredefinedMaterial, "-1", "0"},
+        StoredText{Attribute::DoubleSided, "TRUE", "True"},
+        StoredText{Attribute::DoubleSided, "-1", "True"},
+        StoredText{Attribute::DoubleSided, "yes", "False"},
+        StoredText{Attribute::RayTraceMetallic, "1", "True"},
+        StoredText{Attribute::TilesPerUnit, "0.25", "0.25"},
+        StoredText{Attribute::TilesPerUnit, "1e39", "1"},
+        StoredText{Attribute::RaytraceColorPattern2Blue, "0.500", "0.5"},
+        StoredText{Attribute::Texture, " a,\"b\".png ", " a,\"b\".png "}));
+
+}  // namespace
+
+}  // namespace CorvexMaterial
