@@ -14,7 +14,7 @@ enum class ParameterKind : std::int32_t {
     Number = 4,
     Shape = 5,        ///< Box, Cylinder, Sphere
     SimpleShape = 6,  ///< Box, Cylinder
-    Colour = 7,
+    PackedColour = 7,
 };
 
 struct PluginParameter {

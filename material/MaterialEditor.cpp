@@ -1,0 +1,261 @@
+#include "material/MaterialEditor.h"
+
+#include "material/AttributePanel.h"
+#include "material/IMaterial.h"
+#include "material/LibraryPanel.h"
+#include "material/SectionHeader.h"
+#include "preview/PreviewPanel.h"
+#include "preview/PrimitivePictures.h"
+#include "preview/frmPreviewPrimitiveDialog.h"
+#include "ui_AttributePanel.h"
+
+#include <QAbstractButton>
+#include <QScopedValueRollback>
+
+namespace CorvexMaterial {
+
+MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& control, QWidget& widget)
+    : m_host(host), m_platform(platform), m_control(control), m_widget(widget),
+      m_errorHandler(platform.prompts, host.diagnostics, host.applicationState),
+      m_trap(m_errorHandler), m_form(host, platform, m_trap, widget),
+      m_attributes(m_form.Attributes()), m_preview(m_form.Preview()),
+      m_gatherer(control, m_attributes), m_savedState(platform.settings, [&host] {
+          return host.applicationState.SettingsApplicationName();
+      })
+{
+    ConnectAttributes();
+    ConnectPreview();
+    ConnectLibraries();
+    UpdatePrimitivePicture();
+}
+
+void MaterialEditor::ConnectAttributes()
+{
+    AttributePanel& panel = m_form.Attributes();
+    connect(&panel, &AttributePanel::Edited, this, &MaterialEditor::OnEdited);
+    connect(&panel, &AttributePanel::AlphaIsTransparentClicked, this, &MaterialEditor::OnEdited);
+    connect(&panel, &AttributePanel::RememberPressed, this, [this] {
+        m_trap("cmdMaterialRemember", [this] { m_savedState.Remember(m_attributes); });
+    });
+    connect(&panel, &AttributePanel::UserDefaultsPressed, this, [this] {
+        m_trap("cmdMaterialResetUserDefaults",
+               [this] { ChangeAtOnce([this] { m_savedState.ResetToUser(m_attributes); }); });
+    });
+    connect(&panel, &AttributePanel::FactoryDefaultsPressed, this,
+            [this] { m_trap("cmdMaterialResetDefaults", [this] { ResetToFactory(); }); });
+    connect(&panel, &AttributePanel::MiscellaneousResetPressed, this, [this] {
+        m_trap("cmdMiscellaneousResetToDefaults", [this] { ResetMiscellaneous(); });
+    });
+    connect(&panel, &AttributePanel::AdvancedResetPressed, this,
+            [this] { m_trap("cmdAdvancedOptionsResetDefaults", [this] { ResetAdvanced(); }); });
+}
+
+void MaterialEditor::ConnectPreview()
+{
+    PreviewPanel& panel = m_form.Preview();
+    connect(&panel, &PreviewPanel::PositionTextChanged, this, &MaterialEditor::PositionText);
+    connect(&panel, &PreviewPanel::ViewTouched, this,
+            [this] { m_trap("dfvMaterialViewport", [this] { RefreshPreviewMaterial(); }); });
+    connect(&panel, &PreviewPanel::PrimitivePressed, this,
+            [this] { m_trap("cmdPreviewPrimitive", [this] { OpenPrimitiveDialog(); }); });
+}
+
+void MaterialEditor::ConnectLibraries()
+{
+    const auto connectPanel = [this](LibraryPanel& panel, void (MaterialEditor::*resized)()) {
+        const auto addRows = [this, &panel, resized](int difference) {
+            m_trap("library rows", [&] {
+                panel.AddRows(difference);
+                Q_EMIT(this->*resized)();
+            });
+        };
+        connect(&panel, &LibraryPanel::LessPressed, this, [addRows] { addRows(-1); });
+        connect(&panel, &LibraryPanel::MorePressed, this, [addRows] { addRows(1); });
+        connect(&panel, &LibraryPanel::ExpandedByUser, this, resized);
+    };
+    connectPanel(m_form.Materials(), &MaterialEditor::MaterialLibraryExpanded);
+    connectPanel(m_form.Textures(), &MaterialEditor::TextureLibraryExpanded);
+}
+
+void MaterialEditor::OnEdited()
+{
+    m_gatherer.Forget();
+    if (m_batchDepth == 0) {
+        m_trap("RefreshPreviewMaterial", [this] { RefreshPreviewMaterial(); });
+    }
+}
+
+void MaterialEditor::RefreshPreviewMaterial()
+{
+    m_gatherer.Forget();
+    CorvexSG::Scene& scene = m_preview.Scene();
+    m_preview.ShowPrimitive(m_attributes.PreviewPrimitive());
+    if (const auto shape = m_preview.Shape()) {
+        Require(m_control.ApplyShapeMaterial(scene, *shape, true, scene.RootGroup(),
+                                             scene.CameraGroup(), {}, {}, false,
+                                             {CorvexSG::CoordinateMode::FromWrap}, {}));
+        m_preview.Redraw();
+    }
+    Q_EMIT Changed();
+}
+
+void MaterialEditor::RenderMaterial()
+{
+    m_preview.RedrawNudged();
+    if (m_form.Textures().IsExpanded()) {
+        m_form.Textures().Browser().Redraw();
+    }
+    if (m_form.Materials().IsExpanded()) {
+        // The host's browser lays its thumbnails out in the first pass and draws them in the
+        // second.
+        m_form.Materials().Browser().Redraw();
+        m_form.Materials().Browser().Redraw();
+    }
+}
+
+void MaterialEditor::InitializePreview()
+{
+    m_preview.LoadMeshes(m_platform.library.Folder());
+    RefreshPreviewMaterial();
+}
+
+void MaterialEditor::SetPreviewPrimitive(std::int32_t code)
+{
+    ChangeAtOnce([&] { m_attributes.ShowPreviewPrimitive(code); });
+}
+
+void MaterialEditor::ResetDevices()
+{
+    m_preview.ResetDevice();
+    UpdatePrimitivePicture();
+    RefreshPreviewMaterial();
+}
+
+void MaterialEditor::OpenPrimitiveDialog()
+{
+    frmPreviewPrimitiveDialog dialog(&m_widget);
+    dialog.exec();
+    if (dialog.SelectedPrimitive() >= 0) {
+        SetPreviewPrimitive(dialog.SelectedPrimitive());
+    }
+    RenderMaterial();
+}
+
+void MaterialEditor::FollowAttributes()
+{
+    UpdatePrimitivePicture();
+    // A predefined raytrace material is simulated by a picture; its own amounts would spoil it.
+    constexpr std::int32_t kPredefined = 1;
+    const bool editable = m_attributes.Carried().RayTrace.MaterialType != kPredefined;
+    const Ui::AttributePanel& form = m_form.Attributes().Form();
+    const std::initializer_list<QWidget*> amounts{
+        form.lblAmbient,  form.txtAmbient,      form.sldAmbient,      form.lblEmissive,
+        form.txtEmissive, form.sldEmissive,     form.txtSpecular,     form.lblSpecularHighlighting,
+        form.sldSpecular, form.lblTransparency, form.txtTransparency, form.sldTransparency};
+    for (QWidget* widget : amounts) {
+        widget->setEnabled(editable);
+    }
+}
+
+void MaterialEditor::UpdatePrimitivePicture()
+{
+    m_form.Preview().PrimitiveButton().setIcon(PrimitivePicture(m_attributes.PreviewPrimitive()));
+}
+
+void MaterialEditor::LoadSavedStatus()
+{
+    ChangeAtOnce([this] {
+        m_form.Attributes().FillAlphaTests();
+        m_savedState.Load(m_attributes);
+        ApplySavedLayout();
+    });
+}
+
+void MaterialEditor::ResetToFactory()
+{
+    ChangeAtOnce([this] { m_savedState.ResetToFactory(m_attributes); });
+}
+
+void MaterialEditor::ResetMiscellaneous()
+{
+    ChangeAtOnce([this] {
+        for (const Attribute attribute :
+             {Attribute::Emissive, Attribute::Specular, Attribute::Transparency, Attribute::Ambient,
+              Attribute::Color}) {
+            m_attributes.Show(attribute, std::string(FactoryText(attribute)));
+        }
+    });
+}
+
+void MaterialEditor::ResetAdvanced()
+{
+    ChangeAtOnce([this] {
+        for (const Attribute attribute : {Attribute::AlphaTest, Attribute::TextureAlphaChannelUse,
+                                          Attribute::AlphaIsTransparent, Attribute::DoubleSided}) {
+            m_attributes.Show(attribute, std::string(FactoryText(attribute)));
+        }
+    });
+}
+
+void MaterialEditor::ApplySavedLayout()
+{
+    const SavedLayout layout = m_savedState.LoadLayout();
+    m_form.SetRows({layout.textureRows, layout.materialRows});
+    SetMaterialLibraryPanel(layout.materialLibraryPanel);
+    SetTexturePanel(layout.textureLibraryPanel);
+    m_form.MaterialHeader().setChecked(layout.materialPanel);
+    m_form.SetUserLayoutEnabled(true);
+    m_form.SetBackColors(layout.previewBackground, layout.materialBackground,
+                         layout.textureBackground);
+}
+
+void MaterialEditor::SaveLayout()
+{
+    m_savedState.SaveLayout(m_form.Layout());
+}
+
+void MaterialEditor::ShareHeight(std::int32_t availableTwips)
+{
+    {
+        const QScopedValueRollback<bool> inProgress(m_layoutInProgress, true);
+        m_form.MaterialHeader().setChecked(true);
+        SetTexturePanel(true);
+        SetMaterialLibraryPanel(true);
+        m_form.SetUserLayoutEnabled(false);
+        m_form.SetRows(
+            CorvexMaterial::ShareHeight(availableTwips, m_form.HeightTwips(), m_form.Rows()));
+    }
+    m_form.Picture().updateGeometry();
+}
+
+void MaterialEditor::SetTexturePanel(bool expanded)
+{
+    if (m_form.Textures().IsExpanded() == expanded) {
+        return;
+    }
+    m_form.Textures().SetExpanded(expanded);
+    if (!m_layoutInProgress) {
+        Q_EMIT TextureLibraryExpanded();
+    }
+}
+
+void MaterialEditor::SetMaterialLibraryPanel(bool expanded)
+{
+    if (m_form.Materials().IsExpanded() == expanded) {
+        return;
+    }
+    m_form.Materials().SetExpanded(expanded);
+    if (!m_layoutInProgress) {
+        Q_EMIT MaterialLibraryExpanded();
+    }
+}
+
+void MaterialEditor::Terminate()
+{
+    m_trap("Terminate",
+           [this] { m_host.diagnostics.RecordEvent("Material instance terminating"); });
+    m_trap("Terminate", [this] { m_savedState.SaveAtTerminate(m_attributes); });
+    m_trap("Terminate", [this] { m_host.diagnostics.RecordEvent("Material instance terminated"); });
+}
+
+}  // namespace CorvexMaterial

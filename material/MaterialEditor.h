@@ -1,0 +1,119 @@
+#pragma once
+
+#include "dialogs/ErrorHandler.h"
+#include "dialogs/Trap.h"
+#include "host/Host.h"
+#include "material/MaterialGatherer.h"
+#include "material/PanelAttributes.h"
+#include "material/PanelForm.h"
+#include "material/SavedState.h"
+#include "platform/Platform.h"
+#include "preview/PreviewScene.h"
+
+#include <QObject>
+
+namespace CorvexMaterial {
+
+class IMaterial;
+
+/// The control's doing: edits, flows of the saved state, layout and the one refresh that all of
+/// them end in. Its functions throw; the control's members and handlers call them through `Guard`.
+class MaterialEditor : public QObject {
+    Q_OBJECT
+
+public:
+    MaterialEditor(Host& host, Platform& platform, IMaterial& control, QWidget& widget);
+
+    [[nodiscard]] const Trap& Guard() const { return m_trap; }
+    [[nodiscard]] Host& HostParts() { return m_host; }
+    PanelForm& Form() { return m_form; }
+    PanelAttributes& Attributes() { return m_attributes; }
+    PreviewScene& Preview() { return m_preview; }
+    MaterialGatherer& Gatherer() { return m_gatherer; }
+
+    /// Puts the material on the preview shape, redraws it and tells the host: the end of every
+    /// edit.
+    void RefreshPreviewMaterial();
+    void RenderMaterial();
+    void InitializePreview();
+    void SetPreviewPrimitive(std::int32_t code);
+    void ResetDevices();
+
+    /// Runs a change by program as one: its widgets' edits are not refreshed one by one, and the
+    /// end is a single refresh.
+    template <typename Change>
+    void ChangeAtOnce(Change&& change)
+    {
+        {
+            const Batch batch(m_batchDepth);
+            m_gatherer.Forget();
+            change();
+            FollowAttributes();
+        }
+        RefreshPreviewMaterial();
+    }
+    /// The same without a refresh.
+    template <typename Change>
+    void ChangeSilently(Change&& change)
+    {
+        const Batch batch(m_batchDepth);
+        m_gatherer.Forget();
+        change();
+    }
+
+    void LoadSavedStatus();
+    void ResetToFactory();
+    void ResetMiscellaneous();
+    void ResetAdvanced();
+
+    void SaveLayout();
+    void ShareHeight(std::int32_t availableTwips);
+    void SetTexturePanel(bool expanded);
+    void SetMaterialLibraryPanel(bool expanded);
+
+    /// Writes the state and the two lines of the event log; for the control's destructor.
+    void Terminate();
+
+Q_SIGNALS:
+    void Changed();
+    void TextureLibraryExpanded();
+    void MaterialLibraryExpanded();
+    void PositionText(const QString& text);
+
+private:
+    class Batch {
+    public:
+        explicit Batch(int& depth) : m_depth(depth) { ++m_depth; }
+        ~Batch() { --m_depth; }
+        Batch(const Batch&) = delete;
+        Batch& operator=(const Batch&) = delete;
+
+    private:
+        int& m_depth;
+    };
+
+    void ConnectAttributes();
+    void ConnectPreview();
+    void ConnectLibraries();
+    void OnEdited();
+    void FollowAttributes();
+    void UpdatePrimitivePicture();
+    void ApplySavedLayout();
+    void OpenPrimitiveDialog();
+
+    Host& m_host;
+    Platform& m_platform;
+    IMaterial& m_control;
+    QWidget& m_widget;
+    modCorvexGeneralErrorHandler m_errorHandler;
+    Trap m_trap;
+    PanelForm m_form;
+    PanelAttributes m_attributes;
+    PreviewScene m_preview;
+    MaterialGatherer m_gatherer;
+    SavedState m_savedState;
+    int m_batchDepth = 0;
+    bool m_layoutInProgress = false;
+};
+
+}  // namespace CorvexMaterial

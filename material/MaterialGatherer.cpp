@@ -1,0 +1,43 @@
+#include "material/MaterialGatherer.h"
+
+#include "dialogs/Trap.h"
+#include "material/IMaterial.h"
+#include "material/PanelAttributes.h"
+
+namespace CorvexMaterial {
+
+namespace {
+
+// In this mode the host takes the six files alone; the rest of the texture attributes is not read.
+void LeaveFilesOnly(CorvexDB::udtMaterial& material)
+{
+    const CorvexDB::udtMaterial fresh;
+    material.TextureAlphaChannelUse = fresh.TextureAlphaChannelUse;
+    material.AlphaIsTransparent = fresh.AlphaIsTransparent;
+    material.OverlayTranslucency = fresh.OverlayTranslucency;
+}
+
+}  // namespace
+
+MaterialGatherer::MaterialGatherer(IMaterial& control, PanelAttributes& attributes)
+    : m_control(control), m_attributes(attributes)
+{
+}
+
+std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
+{
+    if (m_gathered) {
+        return m_gathered;
+    }
+    auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
+    gathered->material = m_attributes.Record();
+    gathered->applyMode = m_attributes.ApplyRelative();
+    if (gathered->applyMode == CorvexDB::ApplyMode::FilesOnly) {
+        LeaveFilesOnly(gathered->material);
+    }
+    Require(m_control.sCreateRayTraceCombinedAttributes(gathered->combinedRaytraceAttributes));
+    m_gathered = std::move(gathered);
+    return m_gathered;
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,111 @@
+#include "material/PanelForm.h"
+
+#include "material/AttributePanel.h"
+#include "material/LibraryPanel.h"
+#include "material/SectionHeader.h"
+#include "preview/PreviewPanel.h"
+
+#include <QBoxLayout>
+#include <QCoreApplication>
+
+namespace CorvexMaterial {
+
+namespace {
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("PanelForm", text);
+}
+
+LibraryPanelKind MaterialsKind()
+{
+    return {CorvexEditport::BrowserKind::Materials,
+            Translated("Material Library"),
+            "chkMaterialLibrary",
+            "dfeMaterialLibrary",
+            "cmdMaterialLibraryLess",
+            "cmdMaterialLibraryMore",
+            kMaterialRowTwips};
+}
+
+LibraryPanelKind TexturesKind()
+{
+    return {CorvexEditport::BrowserKind::Textures,
+            Translated("Texture Library"),
+            "chkTextureLibrary",
+            "dfeTextureLibrary",
+            "cmdTextureLibraryLess",
+            "cmdTextureLibraryMore",
+            kTextureRowTwips};
+}
+
+}  // namespace
+
+PanelForm::PanelForm(Host& host, Platform& platform, const Trap& trap, QWidget& parent)
+    : m_picture(new QWidget(&parent)), m_preview(new PreviewPanel(host.viewports, m_picture)),
+      m_materialHeader(new SectionHeader(Translated("Material"), m_picture)),
+      m_attributes(new AttributePanel(trap, platform.choosers, m_picture)),
+      m_materials(new LibraryPanel(MaterialsKind(), host.editports, m_picture)),
+      m_textures(new LibraryPanel(TexturesKind(), host.editports, m_picture))
+{
+    m_picture->setObjectName(QStringLiteral("picMaterial"));
+    m_materialHeader->setObjectName(QStringLiteral("chkMaterialPanel"));
+    auto* column = new QVBoxLayout(m_picture);
+    column->setContentsMargins(6, 6, 6, 6);
+    column->setSpacing(6);
+    const std::initializer_list<QWidget*> rows{m_preview, m_materialHeader, m_attributes,
+                                               m_materials, m_textures};
+    for (QWidget* row : rows) {
+        column->addWidget(row);
+    }
+    auto* outer = new QVBoxLayout(&parent);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(m_picture);
+    outer->addStretch();
+    m_attributes->setVisible(false);
+    QObject::connect(m_materialHeader, &QCheckBox::toggled, m_attributes, &QWidget::setVisible);
+}
+
+int PanelForm::HeightTwips() const
+{
+    m_picture->layout()->activate();
+    return m_picture->sizeHint().height() * kTwipsPerPixel;
+}
+
+LibraryRows PanelForm::Rows() const
+{
+    return {m_textures->Rows(), m_materials->Rows()};
+}
+
+void PanelForm::SetRows(LibraryRows rows)
+{
+    m_textures->SetRows(rows.texture);
+    m_materials->SetRows(rows.material);
+}
+
+SavedLayout PanelForm::Layout() const
+{
+    SavedLayout layout;
+    layout.textureRows = m_textures->Rows();
+    layout.materialRows = m_materials->Rows();
+    layout.materialLibraryPanel = m_materials->IsExpanded();
+    layout.textureLibraryPanel = m_textures->IsExpanded();
+    layout.materialPanel = m_materialHeader->isChecked();
+    return layout;
+}
+
+void PanelForm::SetUserLayoutEnabled(bool enabled)
+{
+    // The material library's heading has no part in this: only the texture library's is locked.
+    m_textures->SetLayoutEnabled(enabled, enabled);
+    m_materials->SetLayoutEnabled(true, enabled);
+}
+
+void PanelForm::SetBackColors(Colour preview, Colour materials, Colour textures)
+{
+    m_preview->Viewport().SetBackColor(preview);
+    m_materials->Browser().SetBackColor(materials);
+    m_textures->Browser().SetBackColor(textures);
+}
+
+}  // namespace CorvexMaterial

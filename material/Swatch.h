@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/Colour.h"
+
+#include <QAbstractButton>
+
+namespace CorvexMaterial {
+
+/// A field of one colour that can be pressed.
+class Swatch : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    explicit Swatch(QWidget* parent);
+
+    void SetColour(Colour colour);
+    [[nodiscard]] QSize sizeHint() const override { return {28, 22}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor m_color;
+};
+
+}  // namespace CorvexMaterial

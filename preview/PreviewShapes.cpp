@@ -1,0 +1,35 @@
+#include "preview/PreviewShapes.h"
+
+#include "preview/PreviewPrimitives.h"
+
+namespace CorvexMaterial {
+
+namespace {
+
+// Asks the host for smooth shading; a preview mesh looks faceted without it.
+constexpr std::int32_t kSmoothOption = 2;
+
+}  // namespace
+
+void PreviewShapes::LoadPreviewPrimitives(CorvexSG::SceneGraph& graph,
+                                          const std::string& libraryFolder)
+{
+    m_requested = true;
+    m_shapes.back() = graph.CreateShape();
+    const std::string folder = libraryFolder + "/System/";
+    for (std::size_t code = 0; code < kPreviewPrimitives.size(); ++code) {
+        auto shape = graph.CreateShape();
+        shape->LoadMeshFile(folder + std::string(kPreviewPrimitives[code].meshFile));
+        shape->SetShapeOption(kSmoothOption);
+        m_shapes[code] = std::move(shape);
+    }
+}
+
+const std::shared_ptr<CorvexSG::Shape>&
+PreviewShapes::GetPreviewPrimitiveShape(std::int32_t code) const
+{
+    const bool isMesh = code >= 0 && code + 1 < static_cast<std::int32_t>(m_shapes.size());
+    return isMesh ? m_shapes[static_cast<std::size_t>(code)] : m_shapes.back();
+}
+
+}  // namespace CorvexMaterial

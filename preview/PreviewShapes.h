@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/CorvexSG.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace CorvexMaterial {
+
+/// The five preview meshes and a sixth, empty shape for any other code. Loaded once and reused.
+class PreviewShapes {
+public:
+    /// Reads the meshes from the folder `System` beside the control's library. A mesh that cannot
+    /// be read ends the loading with its error; the earlier shapes stay.
+    void LoadPreviewPrimitives(CorvexSG::SceneGraph& graph, const std::string& libraryFolder);
+
+    [[nodiscard]] bool WereRequested() const { return m_requested; }
+
+    /// Null where loading has not come so far.
+    [[nodiscard]] const std::shared_ptr<CorvexSG::Shape>&
+    GetPreviewPrimitiveShape(std::int32_t code) const;
+
+private:
+    std::array<std::shared_ptr<CorvexSG::Shape>, 6> m_shapes;
+    bool m_requested = false;
+};
+
+}  // namespace CorvexMaterial
