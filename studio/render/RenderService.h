@@ -44,6 +44,9 @@ public:
     /// callback runs on the user-interface thread from its event loop. User-interface thread only.
     void Request(ViewId view, Frame frame, Callback callback);
 
+    /// Forgets what the view asked for; no callback of it runs until its next request.
+    void Cancel(ViewId view);
+
     /// Waits for the picture; ahead of waiting requests. Any thread but the service's own. Errors:
     /// those of Renderer::Draw, GraphicsFailed when there is no context.
     [[nodiscard]] QImage DrawNow(Frame frame);

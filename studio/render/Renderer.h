@@ -9,12 +9,12 @@ namespace studio {
 struct Frame;
 class GlContext;
 
-/// Draws frames into a picture in memory. Lives and dies on the thread on which its context is
-/// current. Keeps shader variants and the meshes of earlier frames on the graphics device.
+/// Draws frames into a picture in memory. Lives and dies on the thread on which its context was
+/// created. Keeps shader variants and the meshes of earlier frames on the graphics device.
 class Renderer {
 public:
-    /// The context outlives the renderer. Errors: GraphicsFailed.
-    explicit Renderer(GlContext& context);
+    /// Errors: GraphicsFailed.
+    explicit Renderer(std::unique_ptr<GlContext> context);
     ~Renderer();
     Renderer(const Renderer&) = delete;
     Renderer& operator=(const Renderer&) = delete;
@@ -26,6 +26,7 @@ public:
 
 private:
     struct Parts;
+    std::unique_ptr<GlContext> m_context;  ///< dies after everything that is made with it
     std::unique_ptr<Parts> m_parts;
 };
 

@@ -72,12 +72,15 @@ protected:
 
 private:
     enum class Drag { None, Undecided, Turn, Pan };
-    enum class Fit { Fill, KeepProportions };
+    enum class Fit { Cover, Contain };
 
     void RequestPicture(int samples);
-    void Receive(const RenderResult& result);
+    void Receive(const RenderResult& result, int samples);
+    void RefineWhenIdle();
     void MoveCamera(const studio::Camera& camera);
     void DragBy(QPointF delta);
+    void PaintBackdrop(QPainter& painter) const;
+    void PaintMessage(QPainter& painter) const;
 
     RenderService& m_service;
     RenderService::ViewId m_view;
@@ -87,10 +90,11 @@ private:
     CorvexMaterial::Colour m_background = Frame().background;
     Backdrop m_backdrop = Backdrop::Gradient;
     QImage m_picture;
-    Fit m_fit = Fit::Fill;
+    Fit m_fit = Fit::Cover;
     QString m_message;
+    bool m_wanted = false;  ///< a picture is to be drawn once the widget can be seen
     QTimer m_drawSoon;
-    QTimer m_refineSoon;
+    QTimer m_refineSoon;  ///< a view that rests gets smooth edges
     QTimer m_wheelEnd;
     Drag m_drag = Drag::None;
     QPointF m_pressed;

@@ -1,0 +1,61 @@
+#include "studio/render/MaterialModel.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace studio {
+namespace {
+
+constexpr std::array<std::string_view, 8> kAlphaComparisons{
+    "", "<", "==", "<=", ">", "!=", ">=", ""};
+
+float Fraction(std::int32_t percent)
+{
+    return static_cast<float>(std::clamp(percent, 0, 100)) / 100.0F;
+}
+
+}  // namespace
+
+float LinearFromEncoded(float encoded)
+{
+    return encoded <= 0.04045F ? encoded / 12.92F : std::pow((encoded + 0.055F) / 1.055F, 2.4F);
+}
+
+LinearColour LinearFromColour(CorvexMaterial::Colour colour)
+{
+    const auto linear = [](int byte) {
+        return LinearFromEncoded(static_cast<float>(byte) / 255.0F);
+    };
+    const CorvexMaterial::ColourBytes bytes = CorvexMaterial::BytesOf(colour);
+    return {linear(bytes.red), linear(bytes.green), linear(bytes.blue)};
+}
+
+SurfaceTerms SurfaceTermsOf(const CorvexDB::udtMaterial& material)
+{
+    const float emissive = LinearFromEncoded(Fraction(material.Emissive));
+    const float ambient = kShadowFill * LinearFromEncoded(Fraction(material.Ambient));
+    const float specular = Fraction(material.Specular);
+    SurfaceTerms terms;
+    terms.base = LinearFromColour(material.Color);
+    terms.emission = emissive + (1.0F - emissive) * ambient;
+    terms.diffuse = (1.0F - emissive) * (1.0F - ambient) * (1.0F - kSpecularCost * specular);
+    terms.highlight = kShine * specular;
+    terms.opacity = 1.0F - Fraction(material.Transparency);
+    return terms;
+}
+
+AlphaTest AlphaTestOf(const CorvexDB::udtMaterial& material)
+{
+    const auto position = static_cast<std::size_t>(std::max(material.AlphaTest, 0));
+    if (position >= kAlphaComparisons.size() || kAlphaComparisons[position].empty()) {
+        return {};
+    }
+    return {kAlphaComparisons[position], std::clamp(material.AlphaTestReference, 0, 255)};
+}
+
+bool IsTransparent(const CorvexDB::udtMaterial& material)
+{
+    return material.Transparency > 0;
+}
+
+}  // namespace studio

@@ -1,0 +1,89 @@
+#include "studio/render/MeshBuffers.h"
+
+#include <algorithm>
+#include <new>
+
+namespace studio {
+namespace {
+
+constexpr GLuint kPosition = 0;
+constexpr GLuint kNormal = 1;
+constexpr GLuint kTangent = 2;
+constexpr GLuint kUv = 3;
+
+std::size_t BytesOf(const Mesh& mesh)
+{
+    return mesh.vertices.size() * sizeof(Vertex) + mesh.indices.size() * sizeof(std::uint32_t);
+}
+
+void DescribeAttribute(GLuint location, GLint components, std::size_t offset)
+{
+    glEnableVertexAttribArray(location);
+    glVertexAttribPointer(location, components, GL_FLOAT, GL_FALSE, sizeof(Vertex),
+                          reinterpret_cast<const void*>(offset));
+}
+
+}  // namespace
+
+MeshBuffers::MeshBuffers(const Mesh& mesh) : m_count(static_cast<GLsizei>(mesh.indices.size()))
+{
+    glBindVertexArray(m_array.Name());
+    glBindBuffer(GL_ARRAY_BUFFER, m_vertices.Name());
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(mesh.vertices.size() * sizeof(Vertex)),
+                 mesh.vertices.data(), GL_STATIC_DRAW);
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, m_indices.Name());
+    glBufferData(GL_ELEMENT_ARRAY_BUFFER,
+                 static_cast<GLsizeiptr>(mesh.indices.size() * sizeof(std::uint32_t)),
+                 mesh.indices.data(), GL_STATIC_DRAW);
+    DescribeAttribute(kPosition, 3, offsetof(Vertex, position));
+    DescribeAttribute(kNormal, 3, offsetof(Vertex, normal));
+    DescribeAttribute(kTangent, 4, offsetof(Vertex, tangent));
+    DescribeAttribute(kUv, 2, offsetof(Vertex, uv));
+    glBindVertexArray(0);
+    if (glGetError() == GL_OUT_OF_MEMORY) {
+        throw std::bad_alloc();
+    }
+}
+
+void MeshBuffers::Draw() const
+{
+    glBindVertexArray(m_array.Name());
+    glDrawElements(GL_TRIANGLES, m_count, GL_UNSIGNED_INT, nullptr);
+}
+
+const MeshBuffers& MeshBufferCache::BuffersOf(const std::shared_ptr<const Mesh>& mesh)
+{
+    auto found = m_entries.find(mesh->id);
+    if (found == m_entries.end()) {
+        const std::size_t bytes = BytesOf(*mesh);
+        found = m_entries.emplace(mesh->id, Entry{mesh, MeshBuffers(*mesh), bytes, m_frame}).first;
+        m_bytes += bytes;
+    }
+    found->second.lastFrame = m_frame;
+    return found->second.buffers;
+}
+
+void MeshBufferCache::EndFrame()
+{
+    std::erase_if(m_entries, [this](const auto& item) {
+        const bool dead = item.second.mesh.expired();
+        m_bytes -= dead ? item.second.bytes : 0;
+        return dead;
+    });
+    while (m_bytes > m_budgetBytes && !m_entries.empty()) {
+        DropOldest();
+    }
+    ++m_frame;
+}
+
+void MeshBufferCache::DropOldest()
+{
+    const auto oldest =
+        std::min_element(m_entries.begin(), m_entries.end(), [](const auto& a, const auto& b) {
+            return a.second.lastFrame < b.second.lastFrame;
+        });
+    m_bytes -= oldest->second.bytes;
+    m_entries.erase(oldest);
+}
+
+}  // namespace studio

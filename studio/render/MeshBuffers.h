@@ -1,0 +1,52 @@
+#pragma once
+
+#include "studio/render/GlHandles.h"
+#include "studio/render/Mesh.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <unordered_map>
+
+namespace studio {
+
+/// A mesh on the graphics device.
+class MeshBuffers {
+public:
+    explicit MeshBuffers(const Mesh& mesh);
+    void Draw() const;
+
+private:
+    GlVertexArray m_array;
+    GlBuffer m_vertices;
+    GlBuffer m_indices;
+    GLsizei m_count;
+};
+
+/// Uploads each mesh once. Lets go of meshes that nobody holds any more and, above its budget, of
+/// those that were not drawn for the longest time.
+class MeshBufferCache {
+public:
+    explicit MeshBufferCache(std::size_t budgetBytes) : m_budgetBytes(budgetBytes) {}
+
+    /// Valid until the next `EndFrame`. Errors: OutOfMemory.
+    const MeshBuffers& BuffersOf(const std::shared_ptr<const Mesh>& mesh);
+    void EndFrame();
+
+private:
+    struct Entry {
+        std::weak_ptr<const Mesh> mesh;
+        MeshBuffers buffers;
+        std::size_t bytes;
+        std::uint64_t lastFrame;
+    };
+
+    void DropOldest();
+
+    std::size_t m_budgetBytes;
+    std::size_t m_bytes = 0;
+    std::uint64_t m_frame = 0;
+    std::unordered_map<std::uint64_t, Entry> m_entries;
+};
+
+}  // namespace studio

@@ -1,0 +1,346 @@
+#include "studio/render/ViewportWidget.h"
+
+#include "studio/render/Backdrop.h"
+#include "studio/render/FrameSource.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace studio {
+namespace {
+
+constexpr float kDegreesPerPixel = 0.5F;
+constexpr float kSteepestPitch = 89.0F;
+constexpr float kZoomPerStep = 0.87F;
+constexpr float kNearestOfHome = 0.05F;
+constexpr float kFarthestOfHome = 20.0F;
+constexpr int kRefineDelayMs = 150;
+constexpr int kWheelEndMs = 250;
+constexpr float kWheelUnitsPerStep = 120.0F;
+
+QColor ColorOf(const EncodedColour& colour)
+{
+    return QColor::fromRgbF(colour[0], colour[1], colour[2]);
+}
+
+/// Where a picture goes whose camera fits its smaller side: the scene keeps its proportions while
+/// the picture of another size is on its way.
+QRectF Cover(QSizeF picture, const QRectF& area)
+{
+    const double smaller = std::min(picture.width(), picture.height());
+    QRectF place({}, picture * (std::min(area.width(), area.height()) / smaller));
+    place.moveCenter(area.center());
+    return place;
+}
+
+QRectF Contain(QSizeF picture, const QRectF& area)
+{
+    QRectF place({}, picture.scaled(area.size(), Qt::KeepAspectRatio));
+    place.moveCenter(area.center());
+    return place;
+}
+
+Camera Turned(Camera camera, QPointF delta)
+{
+    camera.yawDegrees -= static_cast<float>(delta.x()) * kDegreesPerPixel;
+    camera.yawDegrees = std::remainder(camera.yawDegrees, 360.0F);
+    camera.pitchDegrees =
+        std::clamp(camera.pitchDegrees + static_cast<float>(delta.y()) * kDegreesPerPixel,
+                   -kSteepestPitch, kSteepestPitch);
+    return camera;
+}
+
+Camera Panned(Camera camera, QPointF delta, QSizeF size)
+{
+    const float unit = camera.UnitsPerPixel(size);
+    camera.target -= static_cast<float>(delta.x()) * unit * camera.Right();
+    camera.target += static_cast<float>(delta.y()) * unit * camera.Up();
+    return camera;
+}
+
+}  // namespace
+
+ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
+    : QWidget(parent), m_service(service), m_view(service.AddView())
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setMinimumSize(32, 32);
+    for (QTimer* timer : {&m_drawSoon, &m_refineSoon, &m_wheelEnd}) {
+        timer->setSingleShot(true);
+    }
+    m_drawSoon.setInterval(0);
+    m_refineSoon.setInterval(kRefineDelayMs);
+    m_wheelEnd.setInterval(kWheelEndMs);
+    connect(&m_drawSoon, &QTimer::timeout, this, [this] { RequestPicture(1); });
+    connect(&m_refineSoon, &QTimer::timeout, this, [this] { RequestPicture(4); });
+    connect(&m_wheelEnd, &QTimer::timeout, this, &ViewportWidget::interactionFinished);
+}
+
+ViewportWidget::~ViewportWidget()
+{
+    m_service.RemoveView(m_view);
+}
+
+void ViewportWidget::SetSource(FrameSource* source)
+{
+    m_source = source;
+    Draw();
+}
+
+void ViewportWidget::Draw()
+{
+    m_wanted = true;
+    m_refineSoon.stop();
+    if (isVisible()) {
+        m_drawSoon.start();
+    }
+}
+
+void ViewportWidget::ShowPicture(const QImage& picture)
+{
+    m_wanted = false;
+    m_drawSoon.stop();
+    m_refineSoon.stop();
+    m_service.Cancel(m_view);
+    m_picture = picture;
+    m_fit = Fit::Contain;
+    m_message.clear();
+    update();
+}
+
+void ViewportWidget::SetCamera(const studio::Camera& camera)
+{
+    if (camera != m_camera) {
+        MoveCamera(camera);
+    }
+}
+
+void ViewportWidget::SetHomeCamera(const studio::Camera& camera)
+{
+    m_home = camera;
+    MoveCamera(camera);
+}
+
+void ViewportWidget::ResetView()
+{
+    MoveCamera(m_home);
+    Q_EMIT interactionFinished();
+}
+
+void ViewportWidget::SetBackground(CorvexMaterial::Colour colour)
+{
+    m_background = colour;
+    Draw();
+}
+
+void ViewportWidget::SetBackdrop(Backdrop backdrop)
+{
+    m_backdrop = backdrop;
+    Draw();
+}
+
+Frame ViewportWidget::CurrentFrame() const
+{
+    Frame frame;
+    const QSize size = PictureSize();
+    frame.width = size.width();
+    frame.height = size.height();
+    frame.camera = m_camera;
+    frame.background = m_background;
+    frame.backdrop = m_backdrop;
+    frame.outlinePixels *= static_cast<float>(devicePixelRatioF());
+    if (m_source != nullptr) {
+        m_source->Fill(frame);
+    }
+    return frame;
+}
+
+QSize ViewportWidget::PictureSize() const
+{
+    return (QSizeF(size()) * devicePixelRatioF()).toSize().expandedTo({1, 1});
+}
+
+QString ViewportWidget::PositionText() const
+{
+    return tr("Yaw %1°  Pitch %2°  Zoom %3 %")
+        .arg(std::lround(m_camera.yawDegrees))
+        .arg(std::lround(m_camera.pitchDegrees))
+        .arg(std::lround(100.0F * m_home.distance / m_camera.distance));
+}
+
+QSize ViewportWidget::sizeHint() const
+{
+    return {256, 256};
+}
+
+void ViewportWidget::RequestPicture(int samples)
+{
+    Frame frame = CurrentFrame();
+    frame.samples = samples;
+    m_wanted = false;
+    m_service.Request(m_view, std::move(frame),
+                      [this, samples](const RenderResult& result) { Receive(result, samples); });
+}
+
+void ViewportWidget::Receive(const RenderResult& result, int samples)
+{
+    if (result.status != CorvexMaterial::Status::Success) {
+        m_message = QString::fromStdString(result.error);
+        update();
+        Q_EMIT failed(m_message);
+        return;
+    }
+    m_picture = result.image;
+    m_fit = Fit::Cover;
+    m_message.clear();
+    update();
+    if (samples == 1) {
+        RefineWhenIdle();
+    }
+    Q_EMIT pictureShown();
+}
+
+void ViewportWidget::RefineWhenIdle()
+{
+    // A refined picture takes about four times as long, which a moving view must not wait for.
+    if (!m_wanted && m_drag != Drag::Turn && m_drag != Drag::Pan) {
+        m_refineSoon.start();
+    }
+}
+
+void ViewportWidget::MoveCamera(const studio::Camera& camera)
+{
+    m_camera = camera;
+    Draw();
+    Q_EMIT cameraMoved();
+    Q_EMIT positionText(PositionText());
+}
+
+void ViewportWidget::DragBy(QPointF delta)
+{
+    MoveCamera(m_drag == Drag::Pan ? Panned(m_camera, delta, QSizeF(size()))
+                                   : Turned(m_camera, delta));
+}
+
+void ViewportWidget::PaintBackdrop(QPainter& painter) const
+{
+    const BackdropColours colours = BackdropColoursOf(m_background, m_backdrop);
+    QLinearGradient gradient(0.0, 0.0, 0.0, height());
+    gradient.setColorAt(0.0, ColorOf(colours.top));
+    gradient.setColorAt(1.0, ColorOf(colours.bottom));
+    painter.fillRect(rect(), gradient);
+}
+
+void ViewportWidget::PaintMessage(QPainter& painter) const
+{
+    const QRect area = rect().adjusted(12, 12, -12, -12);
+    const int lightness = ColorOf(BackdropColoursOf(m_background, m_backdrop).top).lightness();
+    painter.setPen(lightness < 128 ? Qt::white : Qt::black);
+    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, m_message);
+}
+
+void ViewportWidget::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    if (!m_message.isEmpty() || m_picture.isNull()) {
+        PaintBackdrop(painter);
+        PaintMessage(painter);
+        return;
+    }
+    const QRectF area(rect());
+    const QSizeF size(m_picture.size());
+    const QRectF place = m_fit == Fit::Cover ? Cover(size, area) : Contain(size, area);
+    if (!place.contains(area)) {
+        PaintBackdrop(painter);
+    }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != PictureSize());
+    painter.drawImage(place, m_picture);
+}
+
+void ViewportWidget::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (m_fit == Fit::Cover) {
+        Draw();
+    }
+}
+
+void ViewportWidget::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (m_wanted) {
+        m_drawSoon.start();
+    }
+}
+
+void ViewportWidget::mousePressEvent(QMouseEvent* event)
+{
+    if (m_drag != Drag::None) {
+        return;  // a second button does not change what the first one began
+    }
+    m_pressed = m_last = event->position();
+    if (event->button() == Qt::MiddleButton) {
+        m_drag = Drag::Pan;
+        setCursor(Qt::SizeAllCursor);
+    } else if (event->button() == Qt::LeftButton) {
+        m_drag = Drag::Undecided;
+    }
+}
+
+void ViewportWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointF position = event->position();
+    if (m_drag == Drag::Undecided &&
+        (position - m_pressed).manhattanLength() >= QApplication::startDragDistance()) {
+        const bool pan = event->modifiers().testFlag(Qt::ShiftModifier);
+        m_drag = pan ? Drag::Pan : Drag::Turn;
+        setCursor(pan ? Qt::SizeAllCursor : Qt::ClosedHandCursor);
+    }
+    if (m_drag == Drag::Turn || m_drag == Drag::Pan) {
+        DragBy(position - m_last);
+        m_last = position;
+    }
+}
+
+void ViewportWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    const Drag drag = std::exchange(m_drag, Drag::None);
+    unsetCursor();
+    if (drag == Drag::Undecided) {
+        Q_EMIT clicked(event->position().toPoint(), event->modifiers());
+    } else if (drag != Drag::None) {
+        RefineWhenIdle();
+        Q_EMIT interactionFinished();
+    }
+}
+
+void ViewportWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        ResetView();
+    }
+}
+
+void ViewportWidget::wheelEvent(QWheelEvent* event)
+{
+    const auto steps = static_cast<float>(event->angleDelta().y()) / kWheelUnitsPerStep;
+    if (steps == 0.0F) {
+        return;
+    }
+    studio::Camera camera = m_camera;
+    camera.distance =
+        std::clamp(camera.distance * std::pow(kZoomPerStep, steps),
+                   m_home.distance * kNearestOfHome, m_home.distance * kFarthestOfHome);
+    MoveCamera(camera);
+    m_wheelEnd.start();
+    event->accept();
+}
+
+}  // namespace studio
