@@ -4,7 +4,7 @@
 #include "material/AlphaTests.h"
 #include "material/AttributeText.h"
 #include "material/Attributes.h"
-#include "material/WheelGuard.h"
+#include "controls/WheelGuard.h"
 #include "ui_AttributePanel.h"
 
 #include <QSignalBlocker>

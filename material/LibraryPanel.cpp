@@ -2,7 +2,7 @@
 
 #include "host/Status.h"
 #include "material/PanelLayout.h"
-#include "material/SectionHeader.h"
+#include "controls/SectionHeader.h"
 
 #include <QBoxLayout>
 #include <QToolButton>

@@ -2,7 +2,7 @@
 
 #include "material/LibraryPanel.h"
 #include "material/MaterialEditor.h"
-#include "material/SectionHeader.h"
+#include "controls/SectionHeader.h"
 #include "preview/PreviewPanel.h"
 
 #include <QAbstractButton>

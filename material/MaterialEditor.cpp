@@ -3,7 +3,7 @@
 #include "material/AttributePanel.h"
 #include "material/IMaterial.h"
 #include "material/LibraryPanel.h"
-#include "material/SectionHeader.h"
+#include "controls/SectionHeader.h"
 #include "preview/PreviewPanel.h"
 #include "preview/PrimitivePictures.h"
 #include "preview/frmPreviewPrimitiveDialog.h"

@@ -2,7 +2,7 @@
 #include "material/LibraryPanel.h"
 #include "material/Material.h"
 #include "material/MaterialEditor.h"
-#include "material/SectionHeader.h"
+#include "controls/SectionHeader.h"
 #include "platform/NumberText.h"
 #include "textures/TextureLayers.h"
 #include "ui_AttributePanel.h"

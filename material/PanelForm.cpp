@@ -2,7 +2,7 @@
 
 #include "material/AttributePanel.h"
 #include "material/LibraryPanel.h"
-#include "material/SectionHeader.h"
+#include "controls/SectionHeader.h"
 #include "preview/PreviewPanel.h"
 
 #include <QBoxLayout>

@@ -16,7 +16,7 @@ void PreviewShapes::LoadPreviewPrimitives(CorvexSG::SceneGraph& graph,
 {
     m_requested = true;
     m_shapes.back() = graph.CreateShape();
-    const std::string folder = libraryFolder + "/System/";
+    const std::string folder = libraryFolder + "/" + std::string(kPreviewMeshFolder) + "/";
     for (std::size_t code = 0; code < kPreviewPrimitives.size(); ++code) {
         auto shape = graph.CreateShape();
         shape->LoadMeshFile(folder + std::string(kPreviewPrimitives[code].meshFile));

@@ -1,4 +1,4 @@
-#include "material/SectionHeader.h"
+#include "controls/SectionHeader.h"
 
 #include <QPainter>
 #include <QStyleOption>

@@ -1,6 +1,6 @@
-#include "material/AmountField.h"
+#include "controls/AmountField.h"
 
-#include "material/AttributeText.h"
+#include "platform/NumberText.h"
 
 #include <QPainter>
 #include <QVariant>

@@ -1,4 +1,4 @@
-#include "material/Swatch.h"
+#include "controls/Swatch.h"
 
 #include <QPainter>
 

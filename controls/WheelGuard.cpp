@@ -1,4 +1,4 @@
-#include "material/WheelGuard.h"
+#include "controls/WheelGuard.h"
 
 #include <QAbstractSlider>
 #include <QComboBox>
