@@ -1,0 +1,243 @@
+#include "studio/import/AssimpReader.h"
+
+#include "host/Status.h"
+#include "studio/import/AssimpMaterial.h"
+#include "studio/import/ShapeNames.h"
+
+#include <assimp/Importer.hpp>
+#include <assimp/postprocess.h>
+#include <assimp/scene.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+namespace studio {
+
+namespace {
+
+using CorvexMaterial::Error;
+using CorvexMaterial::Status;
+
+// Without coordinates there is no direction of growing u; any direction along the surface will do.
+QVector3D AnyTangent(const QVector3D& normal)
+{
+    const QVector3D axis = std::abs(normal.x()) < 0.9F ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
+    return QVector3D::crossProduct(axis, normal).normalized();
+}
+
+QVector3D From(const aiVector3D& vector)
+{
+    return {vector.x, vector.y, vector.z};
+}
+
+bool Usable(const aiVector3D& point)
+{
+    const auto usable = [](float value) { return std::abs(value) <= kLargestCoordinate; };
+    return usable(point.x) && usable(point.y) && usable(point.z);
+}
+
+QVector3D UnitOr(const aiVector3D& vector, const QVector3D& otherwise)
+{
+    return Usable(vector) && vector.SquareLength() > 1.0e-12F ? From(vector).normalized()
+                                                              : otherwise;
+}
+
+Vertex VertexAt(const aiMesh& source, unsigned int index)
+{
+    Vertex vertex;
+    const QVector3D position =
+        Usable(source.mVertices[index]) ? From(source.mVertices[index]) : QVector3D();
+    const QVector3D up(0.0F, 1.0F, 0.0F);
+    const QVector3D normal = source.HasNormals() ? UnitOr(source.mNormals[index], up) : up;
+    QVector3D tangent = AnyTangent(normal);
+    float handedness = 1.0F;
+    if (source.HasTangentsAndBitangents()) {
+        tangent = UnitOr(source.mTangents[index], tangent);
+        const QVector3D across = UnitOr(source.mBitangents[index], tangent);
+        handedness = QVector3D::dotProduct(QVector3D::crossProduct(normal, tangent), across) < 0.0F
+                         ? -1.0F
+                         : 1.0F;
+    }
+    vertex.position = {position.x(), position.y(), position.z()};
+    vertex.normal = {normal.x(), normal.y(), normal.z()};
+    vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), handedness};
+    if (source.HasTextureCoords(0) && Usable(source.mTextureCoords[0][index])) {
+        vertex.uv = {source.mTextureCoords[0][index].x, source.mTextureCoords[0][index].y};
+    }
+    return vertex;
+}
+
+std::vector<std::uint32_t> TrianglesOf(const aiMesh& source)
+{
+    std::vector<std::uint32_t> indices;
+    indices.reserve(std::size_t{3} * source.mNumFaces);
+    for (unsigned int face = 0; face < source.mNumFaces; ++face) {
+        const aiFace& corners = source.mFaces[face];
+        if (corners.mNumIndices == 3 && Usable(source.mVertices[corners.mIndices[0]]) &&
+            Usable(source.mVertices[corners.mIndices[1]]) &&
+            Usable(source.mVertices[corners.mIndices[2]])) {
+            indices.insert(indices.end(), corners.mIndices, corners.mIndices + 3);
+        }
+    }
+    return indices;
+}
+
+ImportedMesh MeshFrom(const aiMesh& source)
+{
+    std::vector<Vertex> vertices;
+    vertices.reserve(source.mNumVertices);
+    for (unsigned int index = 0; index < source.mNumVertices; ++index) {
+        vertices.push_back(VertexAt(source, index));
+    }
+    return {MakeMesh(std::move(vertices), TrianglesOf(source)), source.mMaterialIndex,
+            source.HasTextureCoords(0)};
+}
+
+QMatrix4x4 MatrixFrom(const aiMatrix4x4& source)
+{
+    QMatrix4x4 matrix;
+    for (int row = 0; row < 4; ++row) {
+        for (int column = 0; column < 4; ++column) {
+            const float value = source[static_cast<unsigned int>(row)][column];
+            if (!(std::abs(value) <= kLargestCoordinate)) {
+                return {};
+            }
+            matrix(row, column) = value;
+        }
+    }
+    return matrix;
+}
+
+struct NodeVisit {
+    const aiNode* node;
+    aiMatrix4x4 worldFromParent;
+};
+
+// With a list of its own instead of recursion: the depth of a file's nodes is the file's choice.
+void AddShapes(const aiScene& scene, ImportedModel& model)
+{
+    std::vector<NodeVisit> open{{scene.mRootNode, aiMatrix4x4()}};
+    while (!open.empty()) {
+        const NodeVisit visit = open.back();
+        open.pop_back();
+        const aiMatrix4x4 worldFromNode = visit.worldFromParent * visit.node->mTransformation;
+        for (unsigned int use = 0; use < visit.node->mNumMeshes; ++use) {
+            const unsigned int mesh = visit.node->mMeshes[use];
+            const aiString& own = scene.mMeshes[mesh]->mName;
+            const aiString& name = own.length > 0 ? own : visit.node->mName;
+            const std::string numbered = "Shape " + std::to_string(model.shapes.size() + 1);
+            model.shapes.push_back({ReadableName({name.data, name.length}, numbered), mesh,
+                                    MatrixFrom(worldFromNode)});
+        }
+        for (unsigned int child = visit.node->mNumChildren; child > 0; --child) {
+            open.push_back({visit.node->mChildren[child - 1], worldFromNode});
+        }
+    }
+}
+
+void Configure(Assimp::Importer& importer)
+{
+    // Smooth a curved surface, keep the edges of a box.
+    importer.SetPropertyFloat(AI_CONFIG_PP_GSN_MAX_SMOOTHING_ANGLE, 60.0F);
+    importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE,
+                                aiPrimitiveType_POINT | aiPrimitiveType_LINE);
+}
+
+constexpr unsigned int kSteps = aiProcess_Triangulate | aiProcess_JoinIdenticalVertices |
+                                aiProcess_GenSmoothNormals | aiProcess_CalcTangentSpace |
+                                aiProcess_SortByPType | aiProcess_ValidateDataStructure;
+
+[[noreturn]] void Refuse(const std::string& path, const std::string& reason)
+{
+    if (reason.find("bad_alloc") != std::string::npos) {
+        throw Error(Status::OutOfMemory, path + ": there is not enough memory for it");
+    }
+    throw Error(Status::FileFailed, path + ": " + reason);
+}
+
+// The path as the file has it, relative to the file; only an existing file is kept.
+std::string TexturePath(const std::string& modelPath, std::string texture)
+{
+    std::ranges::replace(texture, '\\', '/');
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::path(modelPath).parent_path() / texture;
+    const bool file = !texture.empty() && std::filesystem::is_regular_file(path, error);
+    return file ? path.lexically_normal().string() : std::string();
+}
+
+ImportedModel ModelFrom(const aiScene& scene, const std::string& path)
+{
+    ImportedModel model;
+    for (unsigned int index = 0; index < scene.mNumMaterials; ++index) {
+        auto material = MaterialFrom(*scene.mMaterials[index]);
+        material.Textures.primary = TexturePath(path, material.Textures.primary);
+        model.materials.push_back(std::move(material));
+    }
+    for (unsigned int index = 0; index < scene.mNumMeshes; ++index) {
+        model.meshes.push_back(MeshFrom(*scene.mMeshes[index]));
+    }
+    AddShapes(scene, model);
+    return model;
+}
+
+void Append(const Mesh& mesh, const QMatrix4x4& worldFromMesh, std::vector<Vertex>& vertices,
+            std::vector<std::uint32_t>& indices)
+{
+    const auto first = static_cast<std::uint32_t>(vertices.size());
+    const QMatrix4x4 normals = worldFromMesh.inverted().transposed();
+    for (Vertex vertex : mesh.vertices) {
+        const auto& [px, py, pz] = vertex.position;
+        const auto& [nx, ny, nz] = vertex.normal;
+        const QVector3D position = worldFromMesh.map(QVector3D(px, py, pz));
+        const QVector3D normal = normals.mapVector(QVector3D(nx, ny, nz)).normalized();
+        const QVector3D tangent =
+            worldFromMesh
+                .mapVector(QVector3D(vertex.tangent[0], vertex.tangent[1], vertex.tangent[2]))
+                .normalized();
+        vertex.position = {position.x(), position.y(), position.z()};
+        vertex.normal = {normal.x(), normal.y(), normal.z()};
+        vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), vertex.tangent[3]};
+        vertices.push_back(vertex);
+    }
+    for (const std::uint32_t index : mesh.indices) {
+        indices.push_back(first + index);
+    }
+}
+
+}  // namespace
+
+ImportedModel ReadModelFile(const std::string& path)
+{
+    Assimp::Importer importer;
+    Configure(importer);
+    const aiScene* scene = importer.ReadFile(path, kSteps);
+    if (scene == nullptr) {
+        Refuse(path, importer.GetErrorString());
+    }
+    if (scene->mRootNode == nullptr) {
+        Refuse(path, "the file holds no scene");
+    }
+    ImportedModel model = ModelFrom(*scene, path);
+    const auto hasSurface = [](const ImportedMesh& mesh) { return !mesh.mesh->indices.empty(); };
+    if (model.shapes.empty() || std::ranges::none_of(model.meshes, hasSurface)) {
+        Refuse(path, "the file holds no surface");
+    }
+    return model;
+}
+
+std::shared_ptr<const Mesh> ReadMeshFile(const std::string& path)
+{
+    const ImportedModel model = ReadModelFile(path);
+    if (model.shapes.size() == 1 && model.shapes.front().worldFromMesh.isIdentity()) {
+        return model.meshes[model.shapes.front().mesh].mesh;
+    }
+    std::vector<Vertex> vertices;
+    std::vector<std::uint32_t> indices;
+    for (const ImportedShape& shape : model.shapes) {
+        Append(*model.meshes[shape.mesh].mesh, shape.worldFromMesh, vertices, indices);
+    }
+    return MakeMesh(std::move(vertices), std::move(indices));
+}
+
+}  // namespace studio

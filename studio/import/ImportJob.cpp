@@ -1,0 +1,189 @@
+#include "studio/import/ImportJob.h"
+
+#include "host/Status.h"
+#include "studio/import/ImportProcess.h"
+#include "studio/import/ModelFile.h"
+#include "studio/import/ShapeNames.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace studio {
+
+namespace {
+
+constexpr qsizetype kLongestComplaint = 1000;
+
+struct FailureText {
+    ImportFailure failure;
+    const char* text;
+};
+
+constexpr std::array kFailureTexts{
+    FailureText{ImportFailure::None, ""},
+    FailureText{ImportFailure::NotFound,
+                QT_TRANSLATE_NOOP("studio::ModelImport", "there is no such file.")},
+    FailureText{ImportFailure::NotStarted,
+                QT_TRANSLATE_NOOP("studio::ModelImport", "the importer could not be started.")},
+    FailureText{ImportFailure::Crashed,
+                QT_TRANSLATE_NOOP("studio::ModelImport",
+                                  "the importer crashed on it. The file is probably damaged.")},
+    FailureText{
+        ImportFailure::TimedOut,
+        QT_TRANSLATE_NOOP("studio::ModelImport", "reading it took too long and was stopped.")},
+    FailureText{ImportFailure::Cancelled,
+                QT_TRANSLATE_NOOP("studio::ModelImport", "reading it was cancelled.")},
+    FailureText{ImportFailure::Refused,
+                QT_TRANSLATE_NOOP("studio::ModelImport", "it is not a model that can be read.")},
+    FailureText{ImportFailure::OutOfMemory,
+                QT_TRANSLATE_NOOP("studio::ModelImport", "there is not enough memory for it.")},
+    FailureText{
+        ImportFailure::Damaged,
+        QT_TRANSLATE_NOOP("studio::ModelImport", "the importer did not hand back a valid model.")},
+};
+
+constexpr bool RowsFollowEnum()
+{
+    for (std::size_t row = 0; row < kFailureTexts.size(); ++row) {
+        if (kFailureTexts[row].failure != static_cast<ImportFailure>(row)) {
+            return false;
+        }
+    }
+    return kFailureTexts.size() == static_cast<std::size_t>(ImportFailure::Damaged) + 1;
+}
+static_assert(RowsFollowEnum());
+
+QString TextOf(ImportFailure failure)
+{
+    const char* text = kFailureTexts[static_cast<std::size_t>(failure)].text;
+    return QCoreApplication::translate("studio::ModelImport", text);
+}
+
+}  // namespace
+
+ImportJob::ImportJob(QString file, const ImportProgram& program)
+    : m_file(std::move(file)),
+      m_program(program.path.isEmpty() ? QCoreApplication::applicationFilePath() : program.path)
+{
+    m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.setStandardOutputFile(QProcess::nullDevice());
+    QObject::connect(&m_process, &QProcess::readyReadStandardError, &m_process,
+                     [this] { KeepComplaint(); });
+}
+
+ImportJob::~ImportJob()
+{
+    m_process.disconnect();
+    m_process.kill();
+    m_process.waitForFinished(5000);
+}
+
+ImportFailure ImportJob::Start()
+{
+    if (!QFileInfo(m_file).isFile()) {
+        return ImportFailure::NotFound;
+    }
+    if (!m_folder.isValid()) {
+        return ImportFailure::NotStarted;
+    }
+    m_process.start(m_program,
+                    {kImportArgument, QFileInfo(m_file).absoluteFilePath(), OutputPath()},
+                    QIODevice::ReadOnly);
+    return ImportFailure::None;
+}
+
+ImportOutcome ImportJob::Outcome(ImportFailure failure)
+{
+    ImportOutcome outcome;
+    outcome.failure = failure == ImportFailure::None ? FailureOfProcess() : failure;
+    try {
+        if (outcome.failure == ImportFailure::None) {
+            outcome.model = ReadOutput();
+        }
+    } catch (const std::bad_alloc&) {
+        outcome.failure = ImportFailure::OutOfMemory;
+    } catch (const std::exception&) {
+        outcome.failure = ImportFailure::Damaged;
+    }
+    if (outcome.failure != ImportFailure::None) {
+        outcome.message = Message(outcome.failure);
+    }
+    return outcome;
+}
+
+void ImportJob::KeepComplaint()
+{
+    m_complaint += m_process.readAllStandardError();
+    m_complaint.truncate(kLongestComplaint);
+}
+
+ImportFailure ImportJob::FailureOfProcess() const
+{
+    if (m_process.error() == QProcess::FailedToStart) {
+        return ImportFailure::NotStarted;
+    }
+    if (m_process.exitStatus() == QProcess::CrashExit) {
+        return ImportFailure::Crashed;
+    }
+    switch (static_cast<ImportExit>(m_process.exitCode())) {
+    case ImportExit::Done:
+        return ImportFailure::None;
+    case ImportExit::Refused:
+        return ImportFailure::Refused;
+    case ImportExit::OutOfMemory:
+        return ImportFailure::OutOfMemory;
+    case ImportExit::NoOutput:
+    case ImportExit::Misused:
+        return ImportFailure::Damaged;
+    }
+    return ImportFailure::Crashed;
+}
+
+QString ImportJob::OutputPath() const
+{
+    return m_folder.filePath(QStringLiteral("model"));
+}
+
+ImportedModel ImportJob::ReadOutput() const
+{
+    QFile output(OutputPath());
+    if (!output.open(QIODevice::ReadOnly)) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "there is no result");
+    }
+    const uchar* bytes = output.map(0, output.size());
+    if (bytes == nullptr) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "the result is empty");
+    }
+    ImportedModel model =
+        UnpackModel(std::as_bytes(std::span(bytes, static_cast<std::size_t>(output.size()))));
+    if (model.shapes.empty()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "the model is empty");
+    }
+    for (ImportedShape& shape : model.shapes) {
+        shape.name = ReadableName(shape.name, QFileInfo(m_file).completeBaseName().toStdString());
+    }
+    return model;
+}
+
+QString ImportJob::Message(ImportFailure failure) const
+{
+    QString cause = TextOf(failure);
+    if (failure == ImportFailure::Refused) {
+        QByteArray reason = m_complaint;
+        const QByteArray prefix = QFile::encodeName(QFileInfo(m_file).absoluteFilePath()) + ": ";
+        if (reason.startsWith(prefix)) {
+            reason.remove(0, prefix.size());
+        }
+        cause =
+            QStringLiteral("%1 (%2)").arg(cause, QString::fromUtf8(reason).simplified().left(300));
+    }
+    return QCoreApplication::translate("studio::ModelImport", "\"%1\" cannot be opened: %2")
+        .arg(QDir::toNativeSeparators(m_file), cause);
+}
+
+}  // namespace studio

@@ -1,0 +1,93 @@
+#include "studio/import/ImportProcess.h"
+
+#include "host/Status.h"
+#include "studio/import/AssimpReader.h"
+#include "studio/import/ModelFile.h"
+
+#include <csignal>
+#include <fstream>
+#include <iostream>
+#include <vector>
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+
+namespace studio {
+
+namespace {
+
+struct ProcessLimit {
+    __rlimit_resource resource;
+    rlim_t most;
+};
+
+constexpr rlim_t kGigabyte = rlim_t{1} << 30;
+
+// The starting process gives up earlier than the processor time does; that one is for an importer
+// which has outlived it.
+constexpr ProcessLimit kLimits[] = {
+    {RLIMIT_CORE, 0},
+    {RLIMIT_CPU, 90},
+    {RLIMIT_FSIZE, 2 * kGigabyte},
+#ifndef __SANITIZE_ADDRESS__  // its shadow memory alone is larger than any sensible limit
+    {RLIMIT_AS, 4 * kGigabyte},
+#endif
+};
+
+void LimitThisProcess()
+{
+    for (const auto& [resource, most] : kLimits) {
+        const rlimit limit{most, most};
+        setrlimit(resource, &limit);
+    }
+    prctl(PR_SET_DUMPABLE, 0);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
+
+int EndWith(ImportExit code, const char* reason)
+{
+    std::cerr << reason << std::flush;
+    return static_cast<int>(code);
+}
+
+int Import(const std::string& path, const std::string& outputPath)
+{
+    const QByteArray packed = PackModel(ReadModelFile(path));
+    std::ofstream output(outputPath, std::ios::binary | std::ios::trunc);
+    output.write(packed.constData(), packed.size());
+    output.close();
+    return output ? static_cast<int>(ImportExit::Done)
+                  : EndWith(ImportExit::NoOutput, "the result cannot be written");
+}
+
+}  // namespace
+
+int RunModelImport(std::span<const std::string> arguments)
+{
+    if (arguments.size() != 2) {
+        return EndWith(ImportExit::Misused, "a model file and an output file are needed");
+    }
+    LimitThisProcess();
+    try {
+        return Import(arguments[0], arguments[1]);
+    } catch (const CorvexMaterial::Error& error) {
+        return EndWith(error.Code() == CorvexMaterial::Status::OutOfMemory ? ImportExit::OutOfMemory
+                                                                           : ImportExit::Refused,
+                       error.what());
+    } catch (const std::bad_alloc&) {
+        return EndWith(ImportExit::OutOfMemory, "");
+    } catch (const std::exception& error) {
+        return EndWith(ImportExit::Refused, error.what());
+    }
+}
+
+std::optional<int> RunModelImportIfAsked(int argc, char** argv)
+{
+    if (argc < 2 || std::string_view(argv[1]) != kImportArgument) {
+        return std::nullopt;
+    }
+    const std::vector<std::string> arguments(argv + 2, argv + argc);
+    return RunModelImport(arguments);
+}
+
+}  // namespace studio

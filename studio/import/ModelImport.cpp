@@ -1,0 +1,80 @@
+#include "studio/import/ModelImport.h"
+
+#include "studio/import/ImportJob.h"
+
+#include <utility>
+
+namespace studio {
+
+ImportOutcome ImportModelNow(const QString& file, const ImportProgram& program)
+{
+    ImportJob job(file, program);
+    ImportFailure failure = job.Start();
+    if (failure == ImportFailure::None &&
+        !job.Process().waitForFinished(static_cast<int>(program.timeLimit.count())) &&
+        job.Process().state() != QProcess::NotRunning) {
+        failure = ImportFailure::TimedOut;
+    }
+    return job.Outcome(failure);
+}
+
+ModelImport::ModelImport(ImportProgram program, QObject* parent)
+    : QObject(parent), m_program(std::move(program))
+{
+    m_limit.setSingleShot(true);
+    connect(&m_limit, &QTimer::timeout, this, [this] { End(ImportFailure::TimedOut); });
+}
+
+ModelImport::~ModelImport() = default;
+
+void ModelImport::Start(const QString& file)
+{
+    Cancel();
+    const quint64 run = ++m_run;
+    m_job = std::make_unique<ImportJob>(file, m_program);
+    // Queued: the job must not be destroyed by a slot of its own process.
+    connect(
+        &m_job->Process(), &QProcess::finished, this, [this, run] { Judge(run); },
+        Qt::QueuedConnection);
+    connect(
+        &m_job->Process(), &QProcess::errorOccurred, this,
+        [this, run](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart) {
+                Judge(run);
+            }
+        },
+        Qt::QueuedConnection);
+    m_limit.start(m_program.timeLimit);
+    if (const ImportFailure failure = m_job->Start(); failure != ImportFailure::None) {
+        m_early = failure;
+        QTimer::singleShot(0, this, [this, run] { Judge(run); });
+    }
+}
+
+void ModelImport::Cancel()
+{
+    End(ImportFailure::Cancelled);
+}
+
+// Answers that were queued by an earlier run find another number.
+void ModelImport::Judge(quint64 run)
+{
+    if (run == m_run) {
+        End(std::exchange(m_early, ImportFailure::None));
+    }
+}
+
+void ModelImport::End(ImportFailure failure)
+{
+    if (m_job == nullptr) {
+        return;
+    }
+    m_limit.stop();
+    m_early = ImportFailure::None;
+    const ImportOutcome outcome = m_job->Outcome(failure);
+    // Before the signal: its slots may show a dialog, or start the next import.
+    m_job.reset();
+    Q_EMIT Finished(outcome);
+}
+
+}  // namespace studio

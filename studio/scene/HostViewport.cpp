@@ -1,0 +1,125 @@
+#include "studio/scene/HostViewport.h"
+
+#include "host/Status.h"
+#include "studio/render/RenderService.h"
+#include "studio/render/ViewportWidget.h"
+
+#include <QImageReader>
+
+namespace studio {
+
+namespace {
+
+Camera StartCamera()
+{
+    Camera camera;
+    camera.yawDegrees = 32.0F;
+    camera.pitchDegrees = 24.0F;
+    camera.fovDegrees = 30.0F;
+    return camera;
+}
+
+bool Same(const Bounds& left, const Bounds& right)
+{
+    // The control nudges its shape to have it drawn anew; that is no reason to move the camera.
+    const float tolerance = 0.001F + 0.001F * right.Radius();
+    return (left.minimum - right.minimum).length() < tolerance &&
+           (left.maximum - right.maximum).length() < tolerance;
+}
+
+}  // namespace
+
+HostViewport::HostViewport(RenderService& service, QWidget* parent)
+    : m_service(service), m_widget(new ViewportWidget(service, parent)), m_home(StartCamera())
+{
+    setParent(m_widget);
+    m_widget->SetSource(&m_scene);
+    m_widget->SetHomeCamera(m_home);
+    connect(m_widget, &ViewportWidget::positionText, this, [this](const QString& text) {
+        if (m_listener != nullptr) {
+            m_listener->PositionChanged(text.toStdString());
+        }
+    });
+    connect(m_widget, &ViewportWidget::interactionFinished, this, [this] {
+        if (m_listener != nullptr) {
+            m_listener->ViewChanged();
+        }
+    });
+}
+
+QWidget& HostViewport::Widget()
+{
+    return *m_widget;
+}
+
+void HostViewport::Prepare()
+{
+    const Bounds extent = m_scene.Extent();
+    if (extent.Empty() || Same(extent, m_framed)) {
+        return;
+    }
+    Camera view = m_widget->Camera();
+    const float zoom = view.distance / m_home.distance;
+    const bool moved = view != m_home;
+    m_framed = extent;
+    m_home = StartCamera().Framing(extent);
+    m_widget->SetHomeCamera(m_home);
+    if (moved) {
+        view.target = m_home.target;
+        view.distance = m_home.distance * zoom;
+        m_widget->SetCamera(view);
+    }
+}
+
+void HostViewport::Draw()
+{
+    Prepare();
+    m_widget->Draw();
+}
+
+void HostViewport::SetBackColor(CorvexMaterial::Colour colour)
+{
+    m_widget->SetBackground(colour);
+}
+
+void HostViewport::SetListener(CorvexViewport::ViewportListener* listener)
+{
+    m_listener = listener;
+}
+
+CorvexViewport::PixelSize HostViewport::Size()
+{
+    const QSize size = m_widget->PictureSize();
+    return {size.width(), size.height()};
+}
+
+void HostViewport::PrepareRaytracedPicture()
+{
+    Prepare();
+}
+
+void HostViewport::ShowBitmap(const std::string& path)
+{
+    QImageReader reader(QString::fromStdString(path));
+    reader.setDecideFormatFromContent(true);
+    const QImage picture = reader.read();
+    if (picture.isNull()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    path + ": " + reader.errorString().toStdString());
+    }
+    m_widget->ShowPicture(picture);
+}
+
+void HostViewport::ResetDevice()
+{
+    m_service.ResetDevice();
+    m_widget->Draw();
+}
+
+CorvexViewport::Viewport* HostViewportFactory::CreateViewport(QWidget* parent)
+{
+    // Owned by its widget, which is owned by the parent.
+    return new HostViewport(m_service, parent);
+}
+
+}  // namespace studio

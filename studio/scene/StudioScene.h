@@ -1,0 +1,51 @@
+#pragma once
+
+#include "host/CorvexSG.h"
+#include "studio/render/FrameSource.h"
+#include "studio/render/Mesh.h"
+#include "studio/scene/StudioShape.h"
+
+#include <memory>
+#include <vector>
+
+namespace studio {
+
+class Selection;
+
+/// A node of the scene; the studio's scenes have one for their shapes and one for their camera.
+class StudioGroup : public CorvexSG::Group {};
+
+/// Shapes in drawing order.
+class StudioScene : public CorvexSG::Scene, public FrameSource {
+public:
+    using Shapes = std::vector<std::shared_ptr<StudioShape>>;
+
+    /// Null leaves the scene empty. Errors: InvalidArgument for a shape of another scene graph.
+    void ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape) override;
+    CorvexSG::Group* RootGroup() override { return &m_root; }
+    CorvexSG::Group* CameraGroup() override { return &m_camera; }
+
+    void Fill(Frame& frame) override;
+
+    [[nodiscard]] const Shapes& All() const { return m_shapes; }
+    void SetShapes(Shapes shapes) { m_shapes = std::move(shapes); }
+    void Add(std::shared_ptr<StudioShape> shape);
+    /// The box around all shapes, in world coordinates.
+    [[nodiscard]] Bounds Extent() const;
+
+    /// Its shapes are drawn as selected. It outlives the scene or is replaced by null before.
+    void MarkSelection(const Selection* selection) { m_selection = selection; }
+
+private:
+    StudioGroup m_root;
+    StudioGroup m_camera;
+    Shapes m_shapes;
+    const Selection* m_selection = nullptr;
+};
+
+class StudioSceneGraph : public CorvexSG::SceneGraph {
+public:
+    std::shared_ptr<CorvexSG::Shape> CreateShape() override;
+};
+
+}  // namespace studio
