@@ -34,6 +34,7 @@ QString Described(const CorvexDB::udtMaterial& material)
 
 int WritePicture(QMainWindow& window, const QString& path)
 {
+    QApplication::processEvents();
     std::cout << window.statusBar()->currentMessage().toStdString() << std::endl;
     return window.grab().save(path) ? 0 : 1;
 }
@@ -67,6 +68,9 @@ int main(int argc, char** argv)
     QObject::connect(
         material, &Material::evtReqWarn, view,
         [&](const QString&, const QString& warning) { window.statusBar()->showMessage(warning); });
+
+    QObject::connect(&application, &QApplication::aboutToQuit, material,
+                     [&] { material->SaveStatus(); });
 
     material->SetSceneDetails(host.Scenes());
     material->InitializeMaterialPreviewScene();
