@@ -1,0 +1,180 @@
+#include "studio/app/CommandLine.h"
+
+#include "preview/PreviewPrimitives.h"
+#include "studio/app/MaterialAssignment.h"
+#include "studio/app/StudioProfile.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+constexpr const char* kHelp = R"(Usage:
+  corvex-studio [MODEL]                 open the studio, with a model if one is named
+  corvex-studio render [MODEL] --out FILE.png [options]
+                                        draw a picture without a window
+  corvex-studio --tour FOLDER           make a recorded tour without a display and put its
+                                        pictures into FOLDER; settings stay untouched
+  corvex-studio --version | --help
+
+Options of render:
+  --size WxH             in pixels, 800x600 if not given, at most 8192x8192
+  --primitive NAME       instead of a model: cube, cylinder, sphere, torus or cone
+  --material KEY=VALUE   change the material of every shape; may be given several times
+                         colour=Bronze (a name of the colour list) or colour=#8c7824
+                         ambient, emissive, specular, transparency: per cent
+                         double-sided=yes|no
+                         alpha-test=Greater (a name of its list) or its position 0 to 7
+                         alpha-test-reference: 0 to 255
+
+Exit codes:
+  0  done
+  1  failed: a model cannot be read, a picture cannot be drawn or written, a step of the tour
+     did not do what it should
+  2  wrong usage
+)";
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("CommandLine", text);
+}
+
+CommandLine Refused(const QString& reason)
+{
+    CommandLine refused;
+    refused.action = Action::Refuse;
+    refused.text = reason;
+    return refused;
+}
+
+CommandLine Shown(const QString& text)
+{
+    CommandLine shown;
+    shown.action = Action::ShowText;
+    shown.text = text;
+    return shown;
+}
+
+std::optional<QSize> SizeFrom(const QString& text)
+{
+    constexpr int kLargest = 8192;
+    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,4})x(\\d{1,4})$"));
+    const auto match = pattern.match(text);
+    const QSize size(match.captured(1).toInt(), match.captured(2).toInt());
+    const bool fits = !size.isEmpty() && size.width() <= kLargest && size.height() <= kLargest;
+    return match.hasMatch() && fits ? std::optional(size) : std::nullopt;
+}
+
+std::optional<int> PrimitiveFrom(const QString& name)
+{
+    for (const auto& primitive : CorvexMaterial::kPreviewPrimitives) {
+        if (name == QLatin1String(primitive.pictureKey.data(),
+                                  static_cast<qsizetype>(primitive.pictureKey.size()))) {
+            return primitive.code;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> FirstWrong(const QStringList& assignments)
+{
+    CorvexDB::udtMaterial material;
+    for (const QString& assignment : assignments) {
+        if (auto wrong = AssignMaterial(material, assignment)) {
+            return wrong;
+        }
+    }
+    return std::nullopt;
+}
+
+struct RenderOptions {
+    QCommandLineOption out{QStringLiteral("out"), {}, QStringLiteral("file")};
+    QCommandLineOption size{
+        QStringLiteral("size"), {}, QStringLiteral("WxH"), QStringLiteral("800x600")};
+    QCommandLineOption primitive{QStringLiteral("primitive"), {}, QStringLiteral("name")};
+    QCommandLineOption material{QStringLiteral("material"), {}, QStringLiteral("key=value")};
+};
+
+CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions& options)
+{
+    CommandLine line;
+    line.action = Action::Render;
+    line.render.output = parser.value(options.out);
+    line.render.assignments = parser.values(options.material);
+    const QStringList models = parser.positionalArguments();
+    const auto size = SizeFrom(parser.value(options.size));
+    const auto primitive = PrimitiveFrom(parser.value(options.primitive));
+    if (line.render.output.isEmpty()) {
+        return Refused(Tr("render needs --out FILE.png."));
+    }
+    if (!size) {
+        return Refused(Tr("--size must be like 800x600, each side 1 to 8192."));
+    }
+    if (parser.isSet(options.primitive) && !primitive) {
+        return Refused(Tr("--primitive must be cube, cylinder, sphere, torus or cone."));
+    }
+    if (models.size() + (primitive ? 1 : 0) != 1) {
+        return Refused(Tr("render needs one model or --primitive NAME."));
+    }
+    if (const auto wrong = FirstWrong(line.render.assignments)) {
+        return Refused(*wrong);
+    }
+    line.render.size = *size;
+    line.render.model = models.value(0);
+    line.render.primitive = primitive.value_or(line.render.primitive);
+    return line;
+}
+
+CommandLine ReadRender(const QStringList& arguments)
+{
+    const RenderOptions options;
+    QCommandLineParser parser;
+    parser.addOptions({options.out, options.size, options.primitive, options.material});
+    return parser.parse(arguments) ? CheckedRender(parser, options) : Refused(parser.errorText());
+}
+
+CommandLine ReadWindow(const QStringList& arguments)
+{
+    const QCommandLineOption tour(QStringLiteral("tour"), {}, QStringLiteral("folder"));
+    const QCommandLineOption chapter(QStringLiteral("chapter"), {}, QStringLiteral("name"));
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(QStringList{QStringLiteral("v"), QStringLiteral("version")});
+    QCommandLineParser parser;
+    parser.addOptions({tour, chapter, help, version});
+    if (!parser.parse(arguments)) {
+        return Refused(parser.errorText());
+    }
+    if (parser.isSet(help)) {
+        return Shown(QLatin1String(kHelp));
+    }
+    if (parser.isSet(version)) {
+        return Shown(QStringLiteral("corvex-studio " CORVEX_VERSION "\n"));
+    }
+    if (parser.positionalArguments().size() > 1) {
+        return Refused(Tr("The studio opens one model at a time."));
+    }
+    CommandLine line;
+    line.action = parser.isSet(tour) ? Action::RecordTour : Action::OpenWindow;
+    line.model = parser.positionalArguments().value(0);
+    line.tourFolder = parser.value(tour);
+    line.tourChapter = parser.value(chapter);
+    return line;
+}
+
+}  // namespace
+
+CommandLine ReadCommandLine(const QStringList& arguments)
+{
+    // The parser takes the first argument for the program's name.
+    const QStringList named = QStringList(QLatin1String(kStudioName)) + arguments;
+    if (arguments.value(0) == QStringLiteral("render")) {
+        return ReadRender(arguments);
+    }
+    return ReadWindow(named);
+}
+
+}  // namespace studio

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/MaterialRecord.h"
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace studio {
+
+/// How the program ends.
+enum class ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2 };
+
+/// One picture to draw without a window.
+struct RenderJob {
+    QString model;      ///< empty: the primitive
+    int primitive = 2;  ///< code of the preview primitive
+    QString output;
+    QSize size{800, 600};     ///< pixels
+    QStringList assignments;  ///< `key=value`, already checked
+};
+
+enum class Action { OpenWindow, RecordTour, Render, ShowText, Refuse };
+
+struct CommandLine {
+    Action action = Action::OpenWindow;
+    QString model;  ///< to open in the window, may be empty
+    QString tourFolder;
+    QString tourChapter;  ///< empty = all
+    RenderJob render;
+    QString text;  ///< to show, or what is wrong
+};
+
+/// Without the program's name.
+[[nodiscard]] CommandLine ReadCommandLine(const QStringList& arguments);
+
+}  // namespace studio

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "studio/app/CommandLine.h"
+
+namespace studio {
+
+/// Draws the job's picture and writes it. Returns why that failed.
+[[nodiscard]] std::optional<QString> DrawPicture(const RenderJob& job);
+
+}  // namespace studio

@@ -1,0 +1,191 @@
+#include "studio/app/MainWindow.h"
+
+#include "studio/app/EventLog.h"
+#include "studio/app/ModelOpener.h"
+#include "studio/app/OptionsDialog.h"
+#include "studio/app/PanelArea.h"
+#include "studio/app/PanelFill.h"
+#include "studio/app/SettingNames.h"
+#include "studio/app/StatusText.h"
+#include "studio/app/StudioApplicationState.h"
+#include "studio/app/StudioHost.h"
+#include "studio/app/StudioIcon.h"
+#include "studio/app/UndoKeys.h"
+#include "studio/render/ViewportWidget.h"
+#include "studio/scene/DefaultScene.h"
+
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QStatusBar>
+
+namespace studio {
+
+using CorvexMaterial::Material;
+using CorvexMaterial::PromptIcon;
+using CorvexMaterial::Status;
+
+MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, ImportProgram importer,
+                       MaterialLink::Clock clock)
+    : m_host(host), m_platform(platform), m_recent(host.Settings()),
+      m_warnings(platform.settings, *this), m_opener(new ModelOpener(*this, std::move(importer)))
+{
+    setWindowIcon(StudioIcon());
+    setAcceptDrops(true);
+    BuildStatusBar();
+    BuildViewport();
+    BuildDock();
+    m_link = new MaterialLink({*m_material, m_scene, m_selection, m_history}, std::move(clock));
+    m_fill = new PanelFill(*m_material, *m_link, *m_area);
+    ConnectPanel();
+    BuildMenus();
+    StartPanel();
+    ResetScene();
+    RestoreGeometry();
+}
+
+// The control saves its state when it goes and calls the host meanwhile; the scene and the history
+// are members, so the control and what leans on it have to go before them.
+MainWindow::~MainWindow()
+{
+    m_viewport->SetSource(nullptr);
+    m_scene.MarkSelection(nullptr);
+    delete m_opener;
+    delete m_fill;
+    delete m_link;
+    delete m_material;
+}
+
+void MainWindow::BuildStatusBar()
+{
+    m_misc = new QLabel(this);
+    m_misc->setObjectName(QStringLiteral("miscField"));
+    m_position = new QLabel(this);
+    m_position->setObjectName(QStringLiteral("positionField"));
+    statusBar()->addWidget(m_misc, 1);
+    statusBar()->addPermanentWidget(m_position);
+}
+
+void MainWindow::BuildViewport()
+{
+    m_viewport = new ViewportWidget(m_host.Rendering(), this);
+    m_viewport->setMinimumSize(200, 160);
+    m_scene.MarkSelection(&m_selection);
+    m_viewport->SetSource(&m_scene);
+    setCentralWidget(m_viewport);
+    connect(m_viewport, &ViewportWidget::clicked, this, &MainWindow::PickAt);
+    connect(m_viewport, &ViewportWidget::positionText, m_position, &QLabel::setText);
+    connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
+    connect(m_viewport, &ViewportWidget::failed, this, [this](const QString& message) {
+        m_host.Log().RecordEvent("Viewport: " + message.toStdString());
+        m_misc->setText(message);
+    });
+}
+
+void MainWindow::BuildDock()
+{
+    m_area = new PanelArea(this);
+    m_material = new Material(m_host.Get(), m_platform, m_area);
+    m_area->setWidget(m_material);
+    m_dock = new QDockWidget(tr("Material"), this);
+    m_dock->setObjectName(QStringLiteral("materialDock"));
+    m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    m_dock->setWidget(m_area);
+    addDockWidget(Qt::RightDockWidgetArea, m_dock);
+    new UndoKeys(*m_area, m_area);
+}
+
+void MainWindow::ConnectPanel()
+{
+    connect(m_material, &Material::DisplayPositionInformation, m_position, &QLabel::setText);
+    connect(m_material, &Material::DisplayMiscInformation, m_misc, &QLabel::setText);
+    connect(m_material, &Material::evtReqWarn, this,
+            [this](const QString& application, const QString& warning, const QString& key) {
+                m_warnings.Present(application, warning, key);
+            });
+    connect(m_link, &MaterialLink::ShapesChanged, m_viewport, &ViewportWidget::Draw);
+    const auto report = [this](const QString& what, Status status) { Check(status, what); };
+    connect(m_link, &MaterialLink::Failed, this, report);
+    connect(m_fill, &PanelFill::Failed, this, report);
+    connect(m_opener, &ModelOpener::Opened, this, &MainWindow::ShowModel);
+    connect(m_opener, &ModelOpener::Refused, this, &MainWindow::RefuseModel);
+    connect(m_opener, &ModelOpener::Cancelled, this, [this](const QString& file) {
+        m_misc->setText(tr("%1 was not opened.").arg(QFileInfo(file).fileName()));
+        Q_EMIT SceneRefused(m_misc->text());
+    });
+}
+
+void MainWindow::StartPanel()
+{
+    const bool firstStart = !m_host.Settings().HasPanelLayout();
+    const QString what = tr("The material panel did not start completely");
+    Check(m_material->SetSceneDetails(m_host.SceneGraph()), what);
+    Check(m_material->InitializeMaterialPreviewScene(), tr("The preview cannot be built"));
+    Check(m_material->LoadSavedStatus(), tr("The saved material cannot be read"));
+    ApplyColours();
+    if (firstStart) {
+        Check(m_material->put_bMaterialPanel(true), what);
+    }
+}
+
+void MainWindow::ApplyColours()
+{
+    const StudioColours colours = ReadColours(m_host.Settings());
+    m_viewport->SetBackground(colours.viewport);
+    m_viewport->Draw();
+    Check(
+        m_material->SetBackColor(colours.preview, colours.materialLibrary, colours.textureLibrary),
+        tr("The background colours cannot be set"));
+}
+
+void MainWindow::RestoreGeometry()
+{
+    resize(1280, 800);
+    const StudioSettings& settings = m_host.Settings();
+    const auto bytes = [&settings](const char* key) {
+        return QByteArray::fromBase64(settings.Text(key).toLatin1());
+    };
+    restoreGeometry(bytes(kGeometrySetting));
+    restoreState(bytes(kDocksSetting));
+}
+
+void MainWindow::SaveState()
+{
+    // A layout that fills the dock is not the user's own, which is in the settings already.
+    if (!m_fill->Filled()) {
+        Check(m_material->SaveStatus(), tr("The layout cannot be saved"));
+    }
+    StudioSettings& settings = m_host.Settings();
+    settings.SetText(kGeometrySetting, QString::fromLatin1(saveGeometry().toBase64()));
+    settings.SetText(kDocksSetting, QString::fromLatin1(saveState().toBase64()));
+    try {
+        settings.Flush();
+    } catch (const CorvexMaterial::Error& error) {
+        Tell(QString::fromStdString(error.what()), PromptIcon::Exclamation);
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    m_warnings.CloseAll();
+    SaveState();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::Tell(const QString& text, PromptIcon icon)
+{
+    m_platform.prompts.Show({icon, "Corvex", text.toStdString()});
+}
+
+// The control has told the user about an error already; the window says what it means for the work
+// at hand.
+void MainWindow::Check(Status status, const QString& what)
+{
+    if (status == Status::Success) {
+        return;
+    }
+    const QString text = tr("%1: %2.").arg(what, TextOf(status));
+    m_host.Log().RecordEvent(text.toStdString());
+    m_misc->setText(text);
+}
+
+}  // namespace studio

@@ -1,0 +1,103 @@
+#pragma once
+
+#include "material/Material.h"
+#include "studio/app/MaterialLink.h"
+#include "studio/app/RecentFiles.h"
+#include "studio/app/WarningPresenter.h"
+#include "studio/import/ModelImport.h"
+#include "studio/scene/Selection.h"
+#include "studio/scene/StudioScene.h"
+
+#include <QMainWindow>
+#include <QUndoStack>
+
+class QDockWidget;
+
+namespace studio {
+
+class ModelOpener;
+class PanelArea;
+class PanelFill;
+class StudioHost;
+class ViewportWidget;
+
+/// The studio's window: the scene in the middle, the material panel docked beside it.
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Host and platform outlive the window.
+    MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, ImportProgram importer = {},
+               MaterialLink::Clock clock = SteadyNow);
+    ~MainWindow() override;
+
+    /// Reads the model in the background; `SceneOpened` or `SceneRefused` follows. What is shown
+    /// stays until it is read, and for good when it cannot be.
+    void OpenModel(const QString& file);
+    void ResetScene();
+
+    [[nodiscard]] CorvexMaterial::Material& Panel() { return *m_material; }
+    [[nodiscard]] StudioScene& Scene() { return m_scene; }
+    [[nodiscard]] Selection& Selected() { return m_selection; }
+    [[nodiscard]] QUndoStack& History() { return m_history; }
+    [[nodiscard]] ViewportWidget& Viewport() { return *m_viewport; }
+    [[nodiscard]] QDockWidget& Dock() { return *m_dock; }
+
+Q_SIGNALS:
+    void SceneOpened();
+    /// The message has been shown to the user.
+    void SceneRefused(const QString& message);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void BuildViewport();
+    void BuildDock();
+    void BuildMenus();
+    void BuildFileMenu();
+    void BuildEditMenu();
+    void BuildViewMenu();
+    void BuildHelpMenu();
+    void BuildStatusBar();
+    void ListRecentFiles(QMenu* menu);
+    void ConnectPanel();
+    void StartPanel();
+    void ApplyColours();
+    void RestoreGeometry();
+    void SaveState();
+
+    void ChooseModel();
+    void ShowModel(const QString& file, const ImportedModel& model);
+    void RefuseModel(const QString& file, const QString& message);
+    void ShowShapes(StudioScene::Shapes shapes, const QString& title);
+    void PickAt(QPoint position, Qt::KeyboardModifiers modifiers);
+    void SelectAll();
+    void Frame(const Bounds& bounds);
+    void ShowOptions();
+    void ShowAbout();
+    void RestoreWarnings();
+    void Tell(const QString& text, CorvexMaterial::PromptIcon icon);
+    void Check(CorvexMaterial::Status status, const QString& what);
+
+    StudioHost& m_host;
+    CorvexMaterial::Platform& m_platform;
+    StudioScene m_scene;
+    Selection m_selection;
+    QUndoStack m_history;
+    RecentFiles m_recent;
+    WarningPresenter m_warnings;
+    ModelOpener* m_opener = nullptr;
+    ViewportWidget* m_viewport = nullptr;
+    QDockWidget* m_dock = nullptr;
+    PanelArea* m_area = nullptr;
+    CorvexMaterial::Material* m_material = nullptr;
+    MaterialLink* m_link = nullptr;
+    PanelFill* m_fill = nullptr;
+    QLabel* m_position = nullptr;
+    QLabel* m_misc = nullptr;
+};
+
+}  // namespace studio

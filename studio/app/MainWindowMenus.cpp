@@ -1,0 +1,144 @@
+#include "studio/app/MainWindow.h"
+
+#include "studio/app/OptionsDialog.h"
+#include "studio/app/PanelFill.h"
+#include "studio/app/StudioHost.h"
+#include "studio/app/StudioIcon.h"
+#include "studio/app/StudioSettings.h"
+
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+namespace studio {
+
+void MainWindow::BuildMenus()
+{
+    BuildFileMenu();
+    BuildEditMenu();
+    BuildViewMenu();
+    BuildHelpMenu();
+}
+
+void MainWindow::BuildFileMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    menu->addAction(tr("&Open Model..."), QKeySequence::Open, this, &MainWindow::ChooseModel);
+    QMenu* recent = menu->addMenu(tr("Open &Recent"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
+    menu->addAction(tr("Reset &Scene"), this, &MainWindow::ResetScene);
+    menu->addSeparator();
+    menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &MainWindow::close);
+}
+
+void MainWindow::ListRecentFiles(QMenu* menu)
+{
+    menu->clear();
+    const QStringList files = m_recent.Files();
+    for (const QString& file : files) {
+        QAction* action =
+            menu->addAction(QFileInfo(file).fileName().replace(u'&', QStringLiteral("&&")), this,
+                            [this, file] { OpenModel(file); });
+        action->setStatusTip(file);
+    }
+    if (files.isEmpty()) {
+        menu->addAction(tr("No recent models"))->setEnabled(false);
+        return;
+    }
+    menu->addSeparator();
+    menu->addAction(tr("&Clear List"), this, [this] { m_recent.Clear(); });
+}
+
+void MainWindow::BuildEditMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    QAction* undo = m_history.createUndoAction(this, tr("&Undo"));
+    undo->setShortcuts(QKeySequence::Undo);
+    QAction* redo = m_history.createRedoAction(this, tr("&Redo"));
+    redo->setShortcuts(QKeySequence::Redo);
+    menu->addActions({undo, redo});
+    menu->addSeparator();
+    menu->addAction(tr("Select &All"), QKeySequence::SelectAll, this, &MainWindow::SelectAll);
+    menu->addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
+                    [this] { m_selection.Clear(); });
+    menu->addSeparator();
+    menu->addAction(tr("&Options..."), QKeySequence::Preferences, this, &MainWindow::ShowOptions);
+}
+
+void MainWindow::BuildViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    QAction* frameSelection =
+        menu->addAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")), this, [this] {
+            StudioScene selected;
+            selected.SetShapes(m_selection.All());
+            Frame(selected.Extent());
+        });
+    frameSelection->setEnabled(false);
+    connect(&m_selection, &Selection::Changed, frameSelection,
+            [this, frameSelection] { frameSelection->setEnabled(!m_selection.All().empty()); });
+    menu->addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
+                    [this] { Frame(m_scene.Extent()); });
+    menu->addSeparator();
+    QAction* dock = m_dock->toggleViewAction();
+    dock->setText(tr("&Material Panel"));
+    dock->setShortcut(QKeySequence(tr("F4")));
+    menu->addAction(dock);
+    QAction* fill = menu->addAction(tr("&Fill the Dock"), m_fill, &PanelFill::Fill);
+    QAction* saved = menu->addAction(tr("Saved &Layout"), m_fill, &PanelFill::Restore);
+    saved->setEnabled(false);
+    connect(m_fill, &PanelFill::Changed, this, [fill, saved](bool filled) {
+        fill->setEnabled(!filled);
+        saved->setEnabled(filled);
+    });
+}
+
+void MainWindow::BuildHelpMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("Show Silenced &Messages Again"), this, &MainWindow::RestoreWarnings);
+    menu->addSeparator();
+    menu->addAction(tr("&About Corvex Studio"), this, &MainWindow::ShowAbout);
+}
+
+void MainWindow::ShowOptions()
+{
+    auto* dialog = new OptionsDialog(m_host.Settings(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog] {
+        try {
+            dialog->Store();
+        } catch (const CorvexMaterial::Error& error) {
+            Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
+        }
+        ApplyColours();
+    });
+    dialog->open();
+}
+
+void MainWindow::RestoreWarnings()
+{
+    try {
+        m_warnings.RestoreAll(QString::fromStdString(m_host.Settings().Application()));
+        m_misc->setText(tr("All messages are shown again."));
+    } catch (const CorvexMaterial::Error& error) {
+        Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
+    }
+}
+
+void MainWindow::ShowAbout()
+{
+    auto* box = new QMessageBox(this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowTitle(tr("About Corvex Studio"));
+    box->setIconPixmap(StudioIcon().pixmap(64));
+    box->setText(tr("Corvex Studio %1").arg(QStringLiteral(CORVEX_VERSION)));
+    box->setInformativeText(
+        tr("A scene, a viewport and the material panel: a complete host for the "
+           "Corvex material editor."));
+    box->open();
+}
+
+}  // namespace studio

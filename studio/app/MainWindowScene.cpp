@@ -1,0 +1,113 @@
+#include "studio/app/MainWindow.h"
+
+#include "studio/app/EventLog.h"
+#include "studio/app/ModelOpener.h"
+#include "studio/app/StudioApplicationState.h"
+#include "studio/app/StudioHost.h"
+#include "studio/render/ViewportWidget.h"
+#include "studio/scene/DefaultScene.h"
+#include "studio/scene/ModelShapes.h"
+#include "studio/scene/Picking.h"
+
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMimeData>
+
+namespace studio {
+namespace {
+
+QString DroppedFile(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+void MainWindow::ChooseModel()
+{
+    const QStringList recent = m_recent.Files();
+    const QString folder = recent.isEmpty() ? QString() : QFileInfo(recent.front()).absolutePath();
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Open Model"), folder,
+                                     tr("3D models (*.obj *.gltf *.glb *.ply *.stl *.x *.3ds *.fbx "
+                                        "*.dae *.off);;All files (*)"));
+    if (!file.isEmpty()) {
+        OpenModel(file);
+    }
+}
+
+void MainWindow::OpenModel(const QString& file)
+{
+    m_opener->Open(file);
+}
+
+void MainWindow::ResetScene()
+{
+    m_host.State().SetOpenModel({});
+    ShowShapes(DefaultShapes(), tr("Default Scene"));
+    m_viewport->SetHomeCamera(DefaultCamera());
+}
+
+void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
+{
+    m_host.State().SetOpenModel(file);
+    m_recent.Add(file);
+    ShowShapes(ShapesOf(model), QFileInfo(file).fileName());
+    m_viewport->SetHomeCamera(DefaultCamera().Framing(m_scene.Extent()));
+    m_host.Log().RecordEvent("Opened " + file.toStdString());
+    m_misc->setText(tr("%n shape(s)", nullptr, static_cast<int>(m_scene.All().size())));
+    Q_EMIT SceneOpened();
+}
+
+void MainWindow::RefuseModel(const QString& file, const QString& message)
+{
+    m_recent.Remove(file);
+    m_host.Log().RecordEvent("Not opened: " + message.toStdString());
+    Tell(message, CorvexMaterial::PromptIcon::Exclamation);
+    Q_EMIT SceneRefused(message);
+}
+
+// The steps of the history and the selection belong to the shapes that go.
+void MainWindow::ShowShapes(StudioScene::Shapes shapes, const QString& title)
+{
+    m_selection.Clear();
+    m_history.clear();
+    m_scene.SetShapes(std::move(shapes));
+    setWindowTitle(tr("%1 - Corvex Studio").arg(title));
+    m_viewport->Draw();
+}
+
+void MainWindow::PickAt(QPoint position, Qt::KeyboardModifiers modifiers)
+{
+    const Ray ray = m_viewport->Camera().RayThrough(position, m_viewport->size());
+    const auto hit = PickNearest(ray, m_scene.All());
+    m_selection.Click(hit ? hit->shape : nullptr, modifiers);
+}
+
+void MainWindow::SelectAll()
+{
+    m_selection.Set(m_scene.All());
+}
+
+void MainWindow::Frame(const Bounds& bounds)
+{
+    m_viewport->SetCamera(m_viewport->Camera().Framing(bounds));
+    m_viewport->Draw();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!DroppedFile(event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    OpenModel(DroppedFile(event->mimeData()));
+}
+
+}  // namespace studio

@@ -1,0 +1,102 @@
+#include "studio/app/MaterialCommand.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("MaterialCommand", text);
+}
+
+FieldSet FieldsOf(const std::vector<ShapeChange>& changes)
+{
+    FieldSet fields;
+    for (const ShapeChange& change : changes) {
+        fields |= Differences(change.before.gathered->material, change.after.gathered->material);
+    }
+    return fields;
+}
+
+QString TitleOf(const FieldSet& fields, const std::vector<ShapeChange>& changes)
+{
+    const QString where = changes.size() == 1
+                              ? QString::fromStdString(changes.front().shape->Name())
+                              : Tr("%1 shapes").arg(static_cast<qulonglong>(changes.size()));
+    return Tr("Change %1 of %2").arg(NameOf(fields), where);
+}
+
+bool ChangesNothing(const ShapeChange& change)
+{
+    return change.before.coordinates == change.after.coordinates &&
+           change.before.gathered->material == change.after.gathered->material;
+}
+
+}  // namespace
+
+MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, std::chrono::milliseconds madeAt,
+                                 Shown shown)
+    : m_changes(std::move(changes)), m_fields(FieldsOf(m_changes)), m_madeAt(madeAt),
+      m_shown(std::move(shown))
+{
+    setText(TitleOf(m_fields, m_changes));
+}
+
+void MaterialCommand::undo()
+{
+    for (const ShapeChange& change : m_changes) {
+        change.shape->SetApplied(change.before);
+    }
+    m_made = false;
+    m_shown(Shapes());
+}
+
+void MaterialCommand::redo()
+{
+    // Pushing a step calls this too, with the change already made.
+    if (m_made) {
+        return;
+    }
+    for (const ShapeChange& change : m_changes) {
+        change.shape->SetApplied(change.after);
+    }
+    m_made = true;
+    m_shown(Shapes());
+}
+
+bool MaterialCommand::mergeWith(const QUndoCommand* other)
+{
+    const auto* later = dynamic_cast<const MaterialCommand*>(other);
+    if (later == nullptr || !later->Continues(*this)) {
+        return false;
+    }
+    for (std::size_t i = 0; i < m_changes.size(); ++i) {
+        m_changes[i].after = later->m_changes[i].after;
+    }
+    m_madeAt = later->m_madeAt;
+    setObsolete(std::ranges::all_of(m_changes, ChangesNothing));
+    return true;
+}
+
+bool MaterialCommand::Continues(const MaterialCommand& earlier) const
+{
+    const auto sameShape = [](const ShapeChange& one, const ShapeChange& other) {
+        return one.shape == other.shape;
+    };
+    return m_fields == earlier.m_fields && m_madeAt - earlier.m_madeAt <= kMergeWithin &&
+           std::ranges::equal(m_changes, earlier.m_changes, sameShape);
+}
+
+ShapeList MaterialCommand::Shapes() const
+{
+    ShapeList shapes;
+    for (const ShapeChange& change : m_changes) {
+        shapes.push_back(change.shape);
+    }
+    return shapes;
+}
+
+}  // namespace studio

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "studio/app/MaterialFields.h"
+#include "studio/scene/StudioShape.h"
+
+#include <QUndoCommand>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace studio {
+
+/// What one edit did to one shape.
+struct ShapeChange {
+    std::shared_ptr<StudioShape> shape;
+    AppliedMaterial before;
+    AppliedMaterial after;
+};
+
+using ShapeList = std::vector<std::shared_ptr<StudioShape>>;
+
+/// One step of the undo history: a change of the materials of some shapes, already made when the
+/// step is pushed. Edits of the same fields of the same shapes that follow each other quickly, as
+/// typing and dragging produce them, become one step; one that ends where it began vanishes.
+class MaterialCommand : public QUndoCommand {
+public:
+    /// Edits further apart than this stay two steps.
+    static constexpr std::chrono::milliseconds kMergeWithin{1000};
+
+    /// Called after each undo and redo with the shapes that changed.
+    using Shown = std::function<void(const ShapeList&)>;
+
+    MaterialCommand(std::vector<ShapeChange> changes, std::chrono::milliseconds madeAt,
+                    Shown shown);
+
+    void undo() override;
+    void redo() override;
+    int id() const override { return 1; }
+    bool mergeWith(const QUndoCommand* other) override;
+
+private:
+    [[nodiscard]] bool Continues(const MaterialCommand& earlier) const;
+    [[nodiscard]] ShapeList Shapes() const;
+
+    std::vector<ShapeChange> m_changes;
+    FieldSet m_fields;
+    std::chrono::milliseconds m_madeAt;
+    Shown m_shown;
+    bool m_made = true;
+};
+
+}  // namespace studio

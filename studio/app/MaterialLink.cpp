@@ -1,0 +1,134 @@
+#include "studio/app/MaterialLink.h"
+
+#include <QScopedValueRollback>
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+using CorvexMaterial::Material;
+using CorvexMaterial::Status;
+
+bool MakesNewCoordinates(const CorvexDB::udtMaterial& before, const CorvexDB::udtMaterial& after)
+{
+    return before.Wrap != after.Wrap || before.FlatWrap != after.FlatWrap ||
+           before.TilesPerUnit != after.TilesPerUnit;
+}
+
+void PutBack(const std::vector<ShapeChange>& changes)
+{
+    for (const ShapeChange& change : changes) {
+        change.shape->SetApplied(change.before);
+    }
+}
+
+bool LooksDifferent(const ShapeChange& change)
+{
+    return change.before.coordinates != change.after.coordinates ||
+           change.before.gathered->material != change.after.gathered->material;
+}
+
+}  // namespace
+
+MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
+    : QObject(parent), m_parts(parts), m_clock(std::move(clock))
+{
+    connect(&m_parts.material, &Material::MaterialChanged, this, &MaterialLink::ApplyEdit);
+    connect(&m_parts.selection, &Selection::Changed, this, &MaterialLink::ShowSelected);
+}
+
+void MaterialLink::WithoutApplying(const std::function<void()>& change)
+{
+    const QScopedValueRollback guard(m_showing, true);
+    change();
+}
+
+const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
+{
+    CorvexSG::Shape* preview = nullptr;
+    m_parts.material.get_csMaterialShape(preview);
+    const auto* shape = dynamic_cast<const StudioShape*>(preview);
+    return shape != nullptr ? &shape->Material() : nullptr;
+}
+
+// Turning the preview or choosing another primitive ends in a `MaterialChanged` too. Applying then
+// would give every selected shape the material of the last one.
+bool MaterialLink::PanelMoved()
+{
+    const CorvexDB::udtMaterial* shown = ShownMaterial();
+    if (shown != nullptr && *shown == m_lastShown) {
+        return false;
+    }
+    m_lastShown = shown != nullptr ? *shown : CorvexDB::udtMaterial();
+    return true;
+}
+
+void MaterialLink::ApplyEdit()
+{
+    if (!PanelMoved() || m_showing) {
+        return;
+    }
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : m_parts.selection.All()) {
+        changes.push_back({shape, shape->Applied(), shape->Applied()});
+        if (const Status status = Apply(*shape); status != Status::Success) {
+            PutBack(changes);
+            Q_EMIT Failed(tr("The material was not applied"), status);
+            return;
+        }
+        changes.back().after = shape->Applied();
+    }
+    Push(std::move(changes));
+}
+
+Status MaterialLink::Apply(StudioShape& shape)
+{
+    const bool makesNewCoordinates = MakesNewCoordinates(shape.Material(), m_lastShown);
+    return m_parts.material.ApplyShapeMaterial(m_parts.scene, shape, makesNewCoordinates,
+                                               m_parts.scene.RootGroup(),
+                                               m_parts.scene.CameraGroup(), {}, {}, false, {}, {});
+}
+
+void MaterialLink::Push(std::vector<ShapeChange> changes)
+{
+    if (std::ranges::none_of(changes, LooksDifferent)) {
+        return;
+    }
+    m_parts.history.push(new MaterialCommand(
+        std::move(changes), m_clock(), [this](const ShapeList& shapes) { ShowAgain(shapes); }));
+    Q_EMIT ShapesChanged();
+}
+
+void MaterialLink::ShowSelected()
+{
+    const auto latest = m_parts.selection.Latest();
+    if (latest == nullptr) {
+        return;
+    }
+    WithoutApplying([&] {
+        const Status status = m_parts.material.CopyFieldToFormMaterial(latest->Material());
+        if (status != Status::Success) {
+            Q_EMIT Failed(tr("The material of the shape cannot be shown"), status);
+        }
+    });
+}
+
+void MaterialLink::ShowAgain(const ShapeList& shapes)
+{
+    // The order matters: the last one is shown in the panel. A selection that stays tells nobody.
+    const bool selectionStays = m_parts.selection.All() == shapes;
+    m_parts.selection.Set(shapes);
+    if (selectionStays) {
+        ShowSelected();
+    }
+    Q_EMIT ShapesChanged();
+}
+
+std::chrono::milliseconds SteadyNow()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+}  // namespace studio

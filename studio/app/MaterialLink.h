@@ -1,0 +1,60 @@
+#pragma once
+
+#include "material/Material.h"
+#include "studio/app/MaterialCommand.h"
+#include "studio/scene/Selection.h"
+#include "studio/scene/StudioScene.h"
+
+#include <QObject>
+#include <QUndoStack>
+
+namespace studio {
+
+/// What the link connects; all of it outlives the link.
+struct LinkedParts {
+    CorvexMaterial::Material& material;
+    StudioScene& scene;
+    Selection& selection;
+    QUndoStack& history;
+};
+
+/// Keeps the material panel and the selected shapes together: an edit in the panel goes to every
+/// selected shape as one undo step, and the shape chosen last shows its material in the panel.
+class MaterialLink : public QObject {
+    Q_OBJECT
+
+public:
+    /// Milliseconds of a clock that never goes back.
+    using Clock = std::function<std::chrono::milliseconds()>;
+
+    MaterialLink(LinkedParts parts, Clock clock, QObject* parent = nullptr);
+
+    /// Runs a change of the panel that is not meant for the shapes.
+    void WithoutApplying(const std::function<void()>& change);
+    /// The material that the panel shows now; null before the preview scene is built.
+    [[nodiscard]] const CorvexDB::udtMaterial* ShownMaterial() const;
+
+Q_SIGNALS:
+    /// Shapes look different now.
+    void ShapesChanged();
+    /// The control refused an operation.
+    void Failed(const QString& what, CorvexMaterial::Status status);
+
+private:
+    void ApplyEdit();
+    [[nodiscard]] bool PanelMoved();
+    [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape);
+    void Push(std::vector<ShapeChange> changes);
+    void ShowSelected();
+    void ShowAgain(const ShapeList& shapes);
+
+    LinkedParts m_parts;
+    Clock m_clock;
+    CorvexDB::udtMaterial m_lastShown;
+    bool m_showing = false;
+};
+
+/// The clock of everyday use.
+[[nodiscard]] std::chrono::milliseconds SteadyNow();
+
+}  // namespace studio

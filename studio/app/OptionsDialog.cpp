@@ -1,0 +1,109 @@
+#include "studio/app/OptionsDialog.h"
+
+#include "studio/app/SettingNames.h"
+#include "studio/app/StudioSettings.h"
+#include "ui_OptionsDialog.h"
+
+#include <QColorDialog>
+#include <QFileDialog>
+
+namespace studio {
+namespace {
+
+constexpr const char* kMaterialBackground = "ColorBackgroundMaterial";
+constexpr const char* kTextureBackground = "ColorBackgroundTexture";
+constexpr CorvexMaterial::Colour kPaleGreen = 0xEEFFEE;
+constexpr CorvexMaterial::Colour kSlate = 0x453D38;
+
+QColor Shown(CorvexMaterial::Colour colour)
+{
+    const auto bytes = CorvexMaterial::BytesOf(colour);
+    return {bytes.red, bytes.green, bytes.blue};
+}
+
+void PaintSwatch(QPushButton* button, CorvexMaterial::Colour colour)
+{
+    QPixmap swatch(button->iconSize());
+    swatch.fill(Shown(colour));
+    button->setIcon(swatch);
+    button->setText(Shown(colour).name());
+}
+
+}  // namespace
+
+StudioColours ReadColours(const StudioSettings& settings)
+{
+    return {settings.Number(kPreviewBackgroundSetting, kSlate),
+            settings.Number(kViewportBackgroundSetting, kSlate),
+            settings.LibraryBackground(kMaterialBackground, kPaleGreen),
+            settings.LibraryBackground(kTextureBackground, CorvexMaterial::kWhite)};
+}
+
+OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
+    : QDialog(parent), m_settings(settings), m_ui(std::make_unique<Ui::OptionsDialog>()),
+      m_colours(ReadColours(settings))
+{
+    m_ui->setupUi(this);
+    ShowSettings();
+    BindColour(m_ui->viewportColour, &StudioColours::viewport);
+    BindColour(m_ui->previewColour, &StudioColours::preview);
+    BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
+    BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
+    connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
+    connect(m_ui->removeFolder, &QPushButton::clicked, this,
+            [this] { delete m_ui->folders->currentItem(); });
+}
+
+OptionsDialog::~OptionsDialog() = default;
+
+void OptionsDialog::ShowSettings()
+{
+    m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
+    m_ui->raytracer->setCurrentIndex(std::clamp(m_settings.Number(kRaytracerSetting, 0), 0, 1));
+    m_ui->folders->addItems(m_settings.List(kSearchFoldersSetting));
+    m_ui->customFields->setPlainText(m_settings.List(kCustomFieldsSetting).join(u'\n'));
+    m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
+}
+
+void OptionsDialog::BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour)
+{
+    PaintSwatch(button, m_colours.*colour);
+    connect(button, &QPushButton::clicked, this, [this, button, colour] {
+        const QColor chosen = QColorDialog::getColor(Shown(m_colours.*colour), this);
+        if (chosen.isValid()) {
+            m_colours.*colour =
+                CorvexMaterial::MakeColour({chosen.red(), chosen.green(), chosen.blue()});
+            PaintSwatch(button, m_colours.*colour);
+        }
+    });
+}
+
+void OptionsDialog::AddFolder()
+{
+    const QString folder = QFileDialog::getExistingDirectory(this, tr("Search Folder"));
+    if (!folder.isEmpty() && m_ui->folders->findItems(folder, Qt::MatchExactly).isEmpty()) {
+        m_ui->folders->addItem(folder);
+    }
+}
+
+void OptionsDialog::Store() const
+{
+    QStringList folders;
+    for (int row = 0; row < m_ui->folders->count(); ++row) {
+        folders << m_ui->folders->item(row)->text();
+    }
+    m_settings.SetNumber(kPreviewBackgroundSetting, m_colours.preview);
+    m_settings.SetNumber(kViewportBackgroundSetting, m_colours.viewport);
+    m_settings.SetLibraryBackground(kMaterialBackground, m_colours.materialLibrary);
+    m_settings.SetLibraryBackground(kTextureBackground, m_colours.textureLibrary);
+    m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
+    m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentIndex());
+    m_settings.SetList(kSearchFoldersSetting, folders);
+    m_settings.SetList(
+        kCustomFieldsSetting,
+        m_ui->customFields->toPlainText().split(u'\n', Qt::SkipEmptyParts).mid(0, 6));
+    m_settings.SetText(kSupportSiteSetting, m_ui->supportSite->text().trimmed());
+    m_settings.Flush();
+}
+
+}  // namespace studio

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/Colour.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui {
+class OptionsDialog;
+}
+
+namespace studio {
+
+class StudioSettings;
+
+/// The colours behind preview, viewport and the two library browsers.
+struct StudioColours {
+    CorvexMaterial::Colour preview = 0;
+    CorvexMaterial::Colour viewport = 0;
+    CorvexMaterial::Colour materialLibrary = 0;
+    CorvexMaterial::Colour textureLibrary = 0;
+};
+
+[[nodiscard]] StudioColours ReadColours(const StudioSettings& settings);
+
+/// Edits the studio's own settings. Nothing is written unless the user accepts.
+class OptionsDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// The settings outlive the dialog.
+    explicit OptionsDialog(StudioSettings& settings, QWidget* parent = nullptr);
+    ~OptionsDialog() override;
+
+    /// Writes what is shown to the settings. Errors: FileFailed.
+    void Store() const;
+
+private:
+    void ShowSettings();
+    void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);
+    void AddFolder();
+
+    StudioSettings& m_settings;
+    std::unique_ptr<Ui::OptionsDialog> m_ui;
+    StudioColours m_colours;
+};
+
+}  // namespace studio

@@ -1,0 +1,78 @@
+#include "studio/app/Studio.h"
+
+#include "studio/app/HeadlessRender.h"
+#include "studio/app/MainWindow.h"
+#include "studio/app/StudioDesktop.h"
+#include "studio/app/StudioHost.h"
+#include "studio/app/Theme.h"
+#include "studio/app/Tour.h"
+
+#include <cstdio>
+
+namespace studio {
+namespace {
+
+void Print(std::FILE* stream, const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stream);
+}
+
+ExitCode Conclude(const std::optional<QString>& failure)
+{
+    if (!failure) {
+        return ExitCode::Done;
+    }
+    Print(stderr, QStringLiteral("corvex-studio: %1\n").arg(*failure));
+    return ExitCode::Failed;
+}
+
+ExitCode RunWindow(const CommandLine& line)
+{
+    StudioDesktop desktop;
+    StudioHost host(UserProfile(), desktop.Get().settings);
+    MainWindow window(host, desktop.Get());
+    desktop.SetWindow(&window);
+    window.show();
+    if (!line.model.isEmpty()) {
+        window.OpenModel(line.model);
+    }
+    return QApplication::exec() == 0 ? ExitCode::Done : ExitCode::Failed;
+}
+
+// Work without a window must not need a display either.
+void ChoosePlatform(Action action)
+{
+    if (action != Action::OpenWindow && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+}
+
+}  // namespace
+
+ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
+{
+    if (line.action == Action::ShowText) {
+        Print(stdout, line.text);
+        return ExitCode::Done;
+    }
+    if (line.action == Action::Refuse) {
+        Print(stderr, QStringLiteral("corvex-studio: %1 See --help.\n").arg(line.text));
+        return ExitCode::WrongUsage;
+    }
+    ChoosePlatform(line.action);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QLatin1String(kStudioName));
+    QApplication::setApplicationDisplayName(QStringLiteral("Corvex Studio"));
+    QApplication::setApplicationVersion(QStringLiteral(CORVEX_VERSION));
+    ApplyTheme(application);
+    switch (line.action) {
+    case Action::Render:
+        return Conclude(DrawPicture(line.render));
+    case Action::RecordTour:
+        return Conclude(RecordTour({line.tourFolder, line.tourChapter, line.model}));
+    default:
+        return RunWindow(line);
+    }
+}
+
+}  // namespace studio

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "host/CorvexDB.h"
+#include "studio/app/StudioProfile.h"
+#include "studio/app/StudioSettings.h"
+
+namespace studio {
+
+/// What the control asks about the application: settings name, folders, raytracer.
+class StudioApplicationState : public CorvexDB::ApplicationState {
+public:
+    /// The settings outlive this object.
+    StudioApplicationState(StudioProfile profile, const StudioSettings& settings);
+
+    /// Empty for the default scene.
+    void SetOpenModel(const QString& path) { m_openModel = path; }
+
+    std::string SettingsApplicationName() override;
+    std::string LibraryFolder() override;
+    bool RaytracerAvailable() override;
+    CorvexDB::Raytracer SelectedRaytracer() override;
+    std::string PovRayProgram() override;
+    std::int32_t AntialiasChoice() override;
+    std::string ScenePath() override;
+    std::vector<std::string> SearchFolders() override;
+    void OpenWebSite(CorvexDB::WebSite site) override;
+
+private:
+    StudioProfile m_profile;
+    const StudioSettings& m_settings;
+    QString m_openModel;
+};
+
+}  // namespace studio

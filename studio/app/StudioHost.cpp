@@ -1,0 +1,96 @@
+#include "studio/app/StudioHost.h"
+
+#include "studio/app/EventLog.h"
+#include "studio/app/NumberField.h"
+#include "studio/app/StudioApplicationState.h"
+#include "studio/app/StudioLibraries.h"
+#include "studio/app/StudioRaytrace.h"
+#include "studio/app/StudioTables.h"
+#include "studio/render/RenderService.h"
+#include "studio/scene/HostEditport.h"
+#include "studio/scene/HostViewport.h"
+#include "studio/scene/StudioScene.h"
+
+namespace studio {
+namespace {
+
+bool CanDraw(RenderService& rendering)
+{
+    Frame probe;
+    probe.width = 1;
+    probe.height = 1;
+    try {
+        return !rendering.DrawNow(probe).isNull();
+    } catch (const CorvexMaterial::Error&) {
+        return false;
+    }
+}
+
+}  // namespace
+
+struct StudioHost::Parts {
+    Parts(const StudioProfile& profile, CorvexMaterial::SettingsStore& store)
+        : settings(store, profile.settingsApplication), state(profile, settings),
+          log(profile.stateFolder), graphics([this] { return CanDraw(rendering); }),
+          customFields(settings), viewports(rendering)
+    {
+    }
+
+    StudioSettings settings;
+    StudioApplicationState state;
+    EventLog log;
+    RenderService rendering;
+    StudioSceneGraph sceneGraph;
+    StudioGraphics graphics;
+    StudioMaterialLibrary materialLibrary;
+    StudioTextureLibrary textureLibrary;
+    StudioPluginTable plugins;
+    StudioCustomFields customFields;
+    StudioRaytrace raytrace;
+    StudioSceneExporter exporter;
+    HostViewportFactory viewports;
+    HostEditportFactory browsers;
+    NumberField numbers;
+    CorvexMaterial::Host host{state,          log,       graphics,     materialLibrary,
+                              textureLibrary, plugins,   customFields, raytrace,
+                              exporter,       viewports, browsers,     numbers};
+};
+
+StudioHost::StudioHost(const StudioProfile& profile, CorvexMaterial::SettingsStore& store)
+    : m_parts(std::make_unique<Parts>(profile, store))
+{
+}
+
+StudioHost::~StudioHost() = default;
+
+CorvexMaterial::Host& StudioHost::Get()
+{
+    return m_parts->host;
+}
+
+StudioSettings& StudioHost::Settings()
+{
+    return m_parts->settings;
+}
+
+StudioApplicationState& StudioHost::State()
+{
+    return m_parts->state;
+}
+
+EventLog& StudioHost::Log()
+{
+    return m_parts->log;
+}
+
+RenderService& StudioHost::Rendering()
+{
+    return m_parts->rendering;
+}
+
+StudioSceneGraph& StudioHost::SceneGraph()
+{
+    return m_parts->sceneGraph;
+}
+
+}  // namespace studio

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/Host.h"
+#include "platform/SettingsStore.h"
+#include "studio/app/StudioProfile.h"
+
+#include <memory>
+
+namespace studio {
+
+class EventLog;
+class RenderService;
+class StudioApplicationState;
+class StudioSceneGraph;
+class StudioSettings;
+
+/// Everything that the control asks of its host, each part in a class of its own. Created after the
+/// application object, destroyed before it and after the control.
+class StudioHost {
+public:
+    /// The store outlives this object.
+    StudioHost(const StudioProfile& profile, CorvexMaterial::SettingsStore& store);
+    ~StudioHost();
+    StudioHost(const StudioHost&) = delete;
+    StudioHost& operator=(const StudioHost&) = delete;
+
+    /// Lives as long as this object, as everything below does.
+    [[nodiscard]] CorvexMaterial::Host& Get();
+    [[nodiscard]] StudioSettings& Settings();
+    [[nodiscard]] StudioApplicationState& State();
+    [[nodiscard]] EventLog& Log();
+    [[nodiscard]] RenderService& Rendering();
+    [[nodiscard]] StudioSceneGraph& SceneGraph();
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+}  // namespace studio

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+
+namespace studio {
+
+/// Where one run of the studio keeps its things. A recorded tour and the tests bring their own, so
+/// that the user's settings and logs stay untouched.
+struct StudioProfile {
+    std::string settingsApplication;  ///< names the settings of studio and control alike
+    QString dataFolder;               ///< libraries
+    QString stateFolder;              ///< event log and trace
+};
+
+inline constexpr const char* kStudioName = "CorvexStudio";
+
+/// The profile of the user who runs the program.
+[[nodiscard]] StudioProfile UserProfile();
+/// Everything below one folder.
+[[nodiscard]] StudioProfile ProfileIn(const QString& folder);
+
+}  // namespace studio

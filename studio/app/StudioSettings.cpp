@@ -1,0 +1,75 @@
+#include "studio/app/StudioSettings.h"
+
+namespace studio {
+namespace {
+
+constexpr const char* kStudioSection = "Studio";
+constexpr const char* kControlSection = "Application";
+// Paths may hold any printable character, so a list is separated by one that is not.
+constexpr QChar kListSeparator(0x1F);
+
+}  // namespace
+
+StudioSettings::StudioSettings(CorvexMaterial::SettingsStore& store, std::string application)
+    : m_store(store), m_application(std::move(application))
+{
+}
+
+QString StudioSettings::Text(const char* key, const QString& fallback) const
+{
+    const auto stored = m_store.Read({m_application, kStudioSection, key});
+    return stored ? QString::fromStdString(*stored) : fallback;
+}
+
+void StudioSettings::SetText(const char* key, const QString& value)
+{
+    m_store.Write({m_application, kStudioSection, key}, value.toStdString());
+}
+
+int StudioSettings::Number(const char* key, int fallback) const
+{
+    bool isNumber = false;
+    const int value = Text(key).toInt(&isNumber);
+    return isNumber ? value : fallback;
+}
+
+void StudioSettings::SetNumber(const char* key, int value)
+{
+    SetText(key, QString::number(value));
+}
+
+QStringList StudioSettings::List(const char* key) const
+{
+    return Text(key).split(kListSeparator, Qt::SkipEmptyParts);
+}
+
+void StudioSettings::SetList(const char* key, const QStringList& values)
+{
+    SetText(key, values.join(kListSeparator));
+}
+
+CorvexMaterial::Colour StudioSettings::LibraryBackground(const char* key,
+                                                         CorvexMaterial::Colour fallback) const
+{
+    const auto stored = m_store.Read({m_application, kControlSection, key});
+    bool isNumber = false;
+    const int value = QString::fromStdString(stored.value_or("")).toInt(&isNumber);
+    return isNumber ? value : fallback;
+}
+
+void StudioSettings::SetLibraryBackground(const char* key, CorvexMaterial::Colour colour)
+{
+    m_store.Write({m_application, kControlSection, key}, std::to_string(colour));
+}
+
+bool StudioSettings::HasPanelLayout() const
+{
+    return m_store.Read({m_application, kControlSection, "MaterialPanel"}).has_value();
+}
+
+void StudioSettings::Flush()
+{
+    m_store.Flush(m_application);
+}
+
+}  // namespace studio

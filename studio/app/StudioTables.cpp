@@ -1,0 +1,16 @@
+#include "studio/app/StudioTables.h"
+
+#include "studio/app/SettingNames.h"
+
+namespace studio {
+
+std::vector<std::string> StudioCustomFields::GetCustomMaterialFieldNames()
+{
+    std::vector<std::string> names;
+    for (const QString& name : m_settings.List(kCustomFieldsSetting)) {
+        names.push_back(name.toStdString());
+    }
+    return names;
+}
+
+}  // namespace studio

@@ -1,0 +1,18 @@
+#include "studio/app/CommandLine.h"
+#include "studio/app/Studio.h"
+#include "studio/import/ImportProcess.h"
+
+#include <QStringList>
+
+int main(int argc, char** argv)
+{
+    // First of all: the importing process has to be free of everything that a crash could harm.
+    if (const auto importExit = studio::RunModelImportIfAsked(argc, argv)) {
+        return *importExit;
+    }
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    return static_cast<int>(studio::RunStudio(argc, argv, studio::ReadCommandLine(arguments)));
+}
