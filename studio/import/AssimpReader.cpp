@@ -3,6 +3,7 @@
 #include "host/Status.h"
 #include "studio/import/AssimpMaterial.h"
 #include "studio/import/ShapeNames.h"
+#include "studio/import/UnitVector.h"
 
 #include <assimp/Importer.hpp>
 #include <assimp/postprocess.h>
@@ -37,10 +38,9 @@ bool Usable(const aiVector3D& point)
     return usable(point.x) && usable(point.y) && usable(point.z);
 }
 
-QVector3D UnitOr(const aiVector3D& vector, const QVector3D& otherwise)
+QVector3D UnitFrom(const aiVector3D& vector, const QVector3D& otherwise)
 {
-    return Usable(vector) && vector.SquareLength() > 1.0e-12F ? From(vector).normalized()
-                                                              : otherwise;
+    return Usable(vector) ? UnitOr(From(vector), otherwise) : otherwise;
 }
 
 Vertex VertexAt(const aiMesh& source, unsigned int index)
@@ -49,12 +49,12 @@ Vertex VertexAt(const aiMesh& source, unsigned int index)
     const QVector3D position =
         Usable(source.mVertices[index]) ? From(source.mVertices[index]) : QVector3D();
     const QVector3D up(0.0F, 1.0F, 0.0F);
-    const QVector3D normal = source.HasNormals() ? UnitOr(source.mNormals[index], up) : up;
+    const QVector3D normal = source.HasNormals() ? UnitFrom(source.mNormals[index], up) : up;
     QVector3D tangent = AnyTangent(normal);
     float handedness = 1.0F;
     if (source.HasTangentsAndBitangents()) {
-        tangent = UnitOr(source.mTangents[index], tangent);
-        const QVector3D across = UnitOr(source.mBitangents[index], tangent);
+        tangent = UnitFrom(source.mTangents[index], tangent);
+        const QVector3D across = UnitFrom(source.mBitangents[index], tangent);
         handedness = QVector3D::dotProduct(QVector3D::crossProduct(normal, tangent), across) < 0.0F
                          ? -1.0F
                          : 1.0F;
@@ -181,27 +181,33 @@ ImportedModel ModelFrom(const aiScene& scene, const std::string& path)
     return model;
 }
 
+Vertex Moved(Vertex vertex, const QMatrix4x4& worldFromMesh, const QMatrix4x4& normals)
+{
+    const auto& [px, py, pz] = vertex.position;
+    const auto& [nx, ny, nz] = vertex.normal;
+    const auto& [tx, ty, tz, side] = vertex.tangent;
+    const QVector3D position = worldFromMesh.map(QVector3D(px, py, pz));
+    const QVector3D normal = UnitOr(normals.mapVector({nx, ny, nz}), {0.0F, 1.0F, 0.0F});
+    const QVector3D tangent = UnitOr(worldFromMesh.mapVector({tx, ty, tz}), AnyTangent(normal));
+    vertex.position = {position.x(), position.y(), position.z()};
+    vertex.normal = {normal.x(), normal.y(), normal.z()};
+    vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), side};
+    return vertex;
+}
+
 void Append(const Mesh& mesh, const QMatrix4x4& worldFromMesh, std::vector<Vertex>& vertices,
             std::vector<std::uint32_t>& indices)
 {
     const auto first = static_cast<std::uint32_t>(vertices.size());
     const QMatrix4x4 normals = worldFromMesh.inverted().transposed();
-    for (Vertex vertex : mesh.vertices) {
-        const auto& [px, py, pz] = vertex.position;
-        const auto& [nx, ny, nz] = vertex.normal;
-        const QVector3D position = worldFromMesh.map(QVector3D(px, py, pz));
-        const QVector3D normal = normals.mapVector(QVector3D(nx, ny, nz)).normalized();
-        const QVector3D tangent =
-            worldFromMesh
-                .mapVector(QVector3D(vertex.tangent[0], vertex.tangent[1], vertex.tangent[2]))
-                .normalized();
-        vertex.position = {position.x(), position.y(), position.z()};
-        vertex.normal = {normal.x(), normal.y(), normal.z()};
-        vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), vertex.tangent[3]};
-        vertices.push_back(vertex);
+    for (const Vertex& vertex : mesh.vertices) {
+        vertices.push_back(Moved(vertex, worldFromMesh, normals));
     }
-    for (const std::uint32_t index : mesh.indices) {
-        indices.push_back(first + index);
+    const bool mirrored = worldFromMesh.determinant() < 0.0F;
+    for (std::size_t corner = 0; corner + 2 < mesh.indices.size(); corner += 3) {
+        const std::uint32_t* triangle = &mesh.indices[corner];
+        indices.insert(indices.end(), {first + triangle[0], first + triangle[mirrored ? 2 : 1],
+                                       first + triangle[mirrored ? 1 : 2]});
     }
 }
 

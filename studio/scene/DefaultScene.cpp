@@ -21,19 +21,21 @@ constexpr std::array kVaseProfile{
     QVector2D(0.72F, 1.15F), QVector2D(0.70F, 0.70F), QVector2D(0.40F, 0.24F),
     QVector2D(0.00F, 0.16F)};
 
+// Points stand closer towards the edge, so that the curve does not swing up before it.
 constexpr std::array kPlateProfile{
-    QVector2D(0.00F, -0.16F), QVector2D(1.50F, -0.16F), QVector2D(3.00F, -0.16F),
-    QVector2D(3.36F, -0.16F), QVector2D(3.42F, -0.14F), QVector2D(3.45F, -0.08F),
-    QVector2D(3.42F, -0.02F), QVector2D(3.36F, 0.00F),  QVector2D(3.00F, 0.00F),
-    QVector2D(1.50F, 0.00F),  QVector2D(0.00F, 0.00F)};
+    QVector2D(0.00F, -0.16F),  QVector2D(1.40F, -0.16F), QVector2D(2.30F, -0.16F),
+    QVector2D(2.70F, -0.16F),  QVector2D(2.82F, -0.16F), QVector2D(2.88F, -0.155F),
+    QVector2D(2.93F, -0.13F),  QVector2D(2.95F, -0.08F), QVector2D(2.93F, -0.03F),
+    QVector2D(2.88F, -0.005F), QVector2D(2.82F, 0.00F),  QVector2D(2.70F, 0.00F),
+    QVector2D(2.30F, 0.00F),   QVector2D(1.40F, 0.00F),  QVector2D(0.00F, 0.00F)};
 
 std::shared_ptr<const Mesh> Vase()
 {
-    return LatheMesh(kVaseProfile, {72, 96});
+    return LatheMesh(kVaseProfile, {56, 84});
 }
 std::shared_ptr<const Mesh> Plate()
 {
-    return LatheMesh(kPlateProfile, {96, 60});
+    return LatheMesh(kPlateProfile, {72, 42});
 }
 std::shared_ptr<const Mesh> Ball()
 {
@@ -68,12 +70,12 @@ struct ShapeRow {
 };
 
 constexpr std::array kShapes{
-    ShapeRow{"Plate", Plate, {0.0F, 0.0F, 0.0F}, 0.0F, {{196, 190, 182}, 12, 0, 0}},
-    ShapeRow{"Vase", Vase, {-1.15F, 0.0F, -0.75F}, 0.0F, {{28, 122, 128}, 70, 0, 4}},
-    ShapeRow{"Knot", KnotRing, {1.05F, 1.08F, -0.95F}, 24.0F, {{205, 140, 62}, 85, 0, 4}},
-    ShapeRow{"Ball", Ball, {0.10F, 0.62F, 0.85F}, 0.0F, {{178, 34, 40}, 90, 0, 4}},
-    ShapeRow{"Cube", Cube, {1.75F, 0.52F, 0.75F}, 28.0F, {{58, 92, 156}, 45, 0, 4}},
-    ShapeRow{"Glass ball", GlassBall, {-1.25F, 0.40F, 1.35F}, 0.0F, {{214, 236, 240}, 100, 62, 6}},
+    ShapeRow{"Plate", Plate, {0.0F, 0.0F, 0.0F}, 0.0F, {{150, 143, 135}, 10, 0, 0}},
+    ShapeRow{"Vase", Vase, {-1.15F, 0.0F, -0.75F}, 0.0F, {{36, 146, 148}, 70, 0, 4}},
+    ShapeRow{"Knot", KnotRing, {1.05F, 1.08F, -0.95F}, 24.0F, {{222, 156, 76}, 85, 0, 4}},
+    ShapeRow{"Ball", Ball, {0.10F, 0.62F, 0.85F}, 0.0F, {{204, 38, 44}, 90, 0, 4}},
+    ShapeRow{"Cube", Cube, {1.75F, 0.52F, 0.75F}, 28.0F, {{70, 114, 190}, 45, 0, 4}},
+    ShapeRow{"Glass ball", GlassBall, {-1.25F, 0.40F, 1.35F}, 0.0F, {{96, 205, 196}, 100, 48, 6}},
 };
 
 CorvexDB::udtMaterial MaterialOf(const Look& look)
@@ -106,10 +108,10 @@ StudioScene::Shapes DefaultShapes()
 Camera DefaultCamera()
 {
     Camera camera;
-    camera.target = {0.0F, 0.85F, 0.0F};
+    camera.target = {0.05F, 0.72F, 0.0F};
     camera.yawDegrees = 22.0F;
-    camera.pitchDegrees = 22.0F;
-    camera.distance = 8.6F;
+    camera.pitchDegrees = 19.0F;
+    camera.distance = 9.4F;
     camera.fovDegrees = 32.0F;
     return camera;
 }

@@ -1,5 +1,7 @@
 #include "studio/scene/ParametricMesh.h"
 
+#include "studio/import/UnitVector.h"
+
 #include <QMatrix4x4>
 
 #include <algorithm>
@@ -30,8 +32,9 @@ Slopes SlopesAt(const Surface& surface, float u, float v)
 
 Vertex VertexOf(const QVector3D& position, const Slopes& slopes, QVector2D uv)
 {
-    const QVector3D normal = QVector3D::crossProduct(slopes.alongU, slopes.alongV).normalized();
-    const QVector3D tangent = slopes.alongU.normalized();
+    const QVector3D tangent = UnitOr(slopes.alongU, {1.0F, 0.0F, 0.0F});
+    const QVector3D normal =
+        UnitOr(QVector3D::crossProduct(tangent, UnitOr(slopes.alongV, {})), {0.0F, 1.0F, 0.0F});
     Vertex vertex;
     vertex.position = {position.x(), position.y(), position.z()};
     vertex.normal = {normal.x(), normal.y(), normal.z()};
@@ -134,7 +137,7 @@ std::shared_ptr<const Mesh> SphereMesh(float radius)
             return radius * QVector3D(std::cos(latitude) * std::sin(longitude), std::sin(latitude),
                                       std::cos(latitude) * std::cos(longitude));
         },
-        {64, 40});
+        {56, 32});
 }
 
 std::shared_ptr<const Mesh> LatheMesh(std::span<const QVector2D> profile, Grid grid)
@@ -151,7 +154,7 @@ std::shared_ptr<const Mesh> LatheMesh(std::span<const QVector2D> profile, Grid g
 
 std::shared_ptr<const Mesh> KnotMesh(const Knot& knot)
 {
-    return ParametricMesh([&knot](float u, float v) { return KnotSurface(knot, u, v); }, {320, 32});
+    return ParametricMesh([&knot](float u, float v) { return KnotSurface(knot, u, v); }, {220, 24});
 }
 
 std::shared_ptr<const Mesh> RoundedCubeMesh(float halfSide, float rounding)

@@ -70,7 +70,7 @@ bool MeetsBox(const MeshRay& ray, const Bounds& bounds)
     return enter <= leave;
 }
 
-enum class Faces { Front, Back, Both };
+enum class Faces { Front, Both };
 
 struct Triangle {
     Vector corner;
@@ -83,8 +83,7 @@ std::optional<double> Hit(const MeshRay& ray, const Triangle& triangle, Faces fa
 {
     const Vector across = Cross(ray.direction, triangle.second);
     const double determinant = Dot(triangle.first, across);
-    if (determinant == 0.0 || (faces == Faces::Front && determinant < 0.0) ||
-        (faces == Faces::Back && determinant > 0.0)) {
+    if (determinant == 0.0 || (faces == Faces::Front && determinant < 0.0)) {
         return std::nullopt;
     }
     const Vector toOrigin = ray.origin - triangle.corner;
@@ -96,23 +95,13 @@ std::optional<double> Hit(const MeshRay& ray, const Triangle& triangle, Faces fa
     return inside ? std::optional(distance) : std::nullopt;
 }
 
-Faces FacesOf(const StudioShape& shape, const QMatrix4x4& worldFromMesh)
-{
-    if (shape.Material().DoubleSided) {
-        return Faces::Both;
-    }
-    // A mirrored shape shows the other side of its triangles.
-    return worldFromMesh.determinant() < 0.0 ? Faces::Back : Faces::Front;
-}
-
 }  // namespace
 
 std::optional<double> HitDistance(const Ray& worldRay, const StudioShape& shape)
 {
     const auto& mesh = shape.SharedMesh();
-    const QMatrix4x4 worldFromMesh = shape.WorldFromMesh();
     bool invertible = false;
-    const QMatrix4x4 meshFromWorld = worldFromMesh.inverted(&invertible);
+    const QMatrix4x4 meshFromWorld = shape.WorldFromMesh().inverted(&invertible);
     if (mesh == nullptr || !invertible) {
         return std::nullopt;
     }
@@ -121,7 +110,8 @@ std::optional<double> HitDistance(const Ray& worldRay, const StudioShape& shape)
     if (!MeetsBox(ray, mesh->bounds)) {
         return std::nullopt;
     }
-    const Faces faces = FacesOf(shape, worldFromMesh);
+    // In mesh coordinates a mirrored shape has its fronts outside like any other.
+    const Faces faces = shape.Material().DoubleSided ? Faces::Both : Faces::Front;
     std::optional<double> nearest;
     for (std::size_t corner = 0; corner + 2 < mesh->indices.size(); corner += 3) {
         const Vector origin = PositionAt(*mesh, mesh->indices[corner]);

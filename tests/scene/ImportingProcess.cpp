@@ -1,0 +1,7 @@
+#include "studio/import/ImportProcess.h"
+
+// The importing process alone, as the studio's own main starts it.
+int main(int argc, char** argv)
+{
+    return studio::RunModelImportIfAsked(argc, argv).value_or(1);
+}

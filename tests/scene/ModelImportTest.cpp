@@ -1,0 +1,247 @@
+#include "studio/import/ModelImport.h"
+#include "studio/scene/ModelShapes.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+
+using namespace std::chrono_literals;
+using studio::ImportFailure;
+using studio::ImportModelNow;
+using studio::ImportOutcome;
+using studio::ImportProgram;
+
+QString Data(const QString& name)
+{
+    return QStringLiteral(SCENE_TEST_DATA "/") + name;
+}
+
+ImportProgram Importer()
+{
+    return {QStringLiteral(IMPORTING_PROCESS), 30s};
+}
+
+// Files and importing programs of the test's own.
+class Folder {
+public:
+    QString Write(const QString& name, const QByteArray& bytes) const
+    {
+        QFile file(m_folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    }
+
+    ImportProgram Script(const QByteArray& lines, std::chrono::milliseconds limit = 20s) const
+    {
+        const QString path = Write(QStringLiteral("importer"), "#!/bin/sh\n" + lines + "\n");
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+        return {path, limit};
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+struct FormatCase {
+    const char* file;
+    std::size_t shapes;
+    std::size_t triangles;
+    QVector3D low;
+    QVector3D high;
+};
+
+class Format : public testing::TestWithParam<FormatCase> {};
+
+TEST_P(Format, ArrivesWithItsShapesInPlace)
+{
+    const ImportOutcome outcome = ImportModelNow(Data(GetParam().file), Importer());
+    ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
+    EXPECT_EQ(outcome.failure, ImportFailure::None);
+    studio::StudioScene scene;
+    scene.SetShapes(studio::ShapesOf(*outcome.model));
+    EXPECT_EQ(scene.All().size(), GetParam().shapes);
+    std::size_t triangles = 0;
+    for (const auto& shape : scene.All()) {
+        triangles += shape->SharedMesh()->indices.size() / 3;
+        EXPECT_FALSE(shape->Name().empty());
+    }
+    EXPECT_EQ(triangles, GetParam().triangles);
+    EXPECT_LT((scene.Extent().minimum - GetParam().low).length(), 1e-4F);
+    EXPECT_LT((scene.Extent().maximum - GetParam().high).length(), 1e-4F);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, Format,
+                         testing::Values(FormatCase{"box.obj", 2, 12, {-1, -1, -1}, {1, 1, 1}},
+                                         FormatCase{"tetra.ply", 1, 4, {0, 0, 0}, {1, 1, 1}},
+                                         FormatCase{"tetra.stl", 1, 4, {0, 0, 0}, {1, 1, 1}},
+                                         FormatCase{"leaf.gltf", 1, 1, {10, 5, 0}, {12, 8, 0}},
+                                         FormatCase{"frames.x", 2, 2, {0, 0, 0}, {5, 1, 0}}),
+                         [](const auto& row) {
+                             return QFileInfo(row.param.file).suffix().toStdString();
+                         });
+
+TEST(ModelImport, KeepsTheLookOfTheMaterials)
+{
+    const auto box = studio::ShapesOf(*ImportModelNow(Data("box.obj"), Importer()).model);
+    const auto& copper = box[0]->Material();
+    EXPECT_EQ(copper.Color, CorvexMaterial::MakeColour({204, 102, 51}));
+    EXPECT_EQ(copper.Specular, 50);
+    EXPECT_EQ(copper.Emissive, 10);
+    EXPECT_EQ(copper.Transparency, 0);
+    EXPECT_EQ(box[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromMesh);
+    EXPECT_EQ(box[1]->Material().Transparency, 75);
+
+    const auto leaf = studio::ShapesOf(*ImportModelNow(Data("leaf.gltf"), Importer()).model);
+    const auto& leafage = leaf[0]->Material();
+    // 0.216 of linear light is displayed as 128 of 255.
+    EXPECT_EQ(leafage.Color, CorvexMaterial::MakeColour({128, 0, 255}));
+    EXPECT_TRUE(leafage.DoubleSided);
+    EXPECT_EQ(leafage.AlphaTest, 6);
+    EXPECT_EQ(leafage.AlphaTestReference, 102);
+    EXPECT_EQ(leafage.Specular, 75);
+    // It has no texture coordinates of its own.
+    EXPECT_EQ(leaf[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromWrap);
+}
+
+TEST(ModelImport, TexturesAreFoundBesideTheModel)
+{
+    const Folder folder;
+    const QString picture = folder.Write("bark.png", "a picture");
+    folder.Write("tree.mtl", "newmtl a\nmap_Kd bark.png\nnewmtl b\nmap_Kd gone.png\n");
+    const QString model = folder.Write("tree.obj", "mtllib tree.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
+                                                   "usemtl a\nf 1 2 3\nusemtl b\nf 3 2 1\n");
+    const auto shapes = studio::ShapesOf(*ImportModelNow(model, Importer()).model);
+    ASSERT_EQ(shapes.size(), 2U);
+    EXPECT_EQ(shapes[0]->Material().Textures.primary, picture.toStdString());
+    EXPECT_EQ(shapes[1]->Material().Textures.primary, "");
+}
+
+struct BadFile {
+    const char* name;
+    QByteArray bytes;
+};
+
+TEST(ModelImport, BadFilesBecomeMessagesThatNameThem)
+{
+    const Folder folder;
+    const QByteArray head = "xof 0303txt 0032\n";
+    const std::vector<BadFile> files{
+        {"empty.obj", ""},
+        {"notes.txt", "just some words"},
+        {"points.obj", "v 0 0 0\nv 1 1 1\nv 2 2 2\n"},
+        {"cut.gltf", "{\"asset\":{\"version\":\"2.0\"},\"meshes\":[{\"primit"},
+        {"noise.ply", QByteArray("ply\nformat binary_little_endian 1.0\nelement vertex 4000000000\n"
+                                 "property float x\nend_header\n\x01\x02")},
+        {"longname.x", head + "Frame " + QByteArray(200000, 'n') + " { Mesh m { 0;; } }"},
+        {"many.x", head + "Mesh m { 4294967295; 0;0;0;, }"},
+    };
+    for (const BadFile& file : files) {
+        const QString path = folder.Write(file.name, file.bytes);
+        const ImportOutcome outcome = ImportModelNow(path, Importer());
+        EXPECT_FALSE(outcome.model) << file.name;
+        EXPECT_NE(outcome.failure, ImportFailure::None) << file.name;
+        EXPECT_NE(outcome.failure, ImportFailure::TimedOut) << file.name;
+        EXPECT_TRUE(outcome.message.contains(path)) << outcome.message.toStdString();
+        EXPECT_LT(outcome.message.size(), 800) << file.name;
+    }
+    EXPECT_EQ(ImportModelNow(Data("damaged.x"), Importer()).failure, ImportFailure::Crashed);
+    EXPECT_EQ(ImportModelNow("/no/such.obj", Importer()).failure, ImportFailure::NotFound);
+    EXPECT_EQ(ImportModelNow(QDir::tempPath(), Importer()).failure, ImportFailure::NotFound);
+}
+
+struct BadImporter {
+    const char* lines;
+    ImportFailure failure;
+};
+
+TEST(ModelImport, WhateverTheImportingProcessDoesIsSurvived)
+{
+    const Folder folder;
+    const std::vector<BadImporter> importers{
+        {"kill -SEGV $$", ImportFailure::Crashed},
+        {"kill -KILL $$", ImportFailure::Crashed},
+        {"exit 1", ImportFailure::Crashed},
+        {"exit 0", ImportFailure::Damaged},
+        {": > \"$3\"", ImportFailure::Damaged},
+        {"head -c 100000 /dev/urandom > \"$3\"", ImportFailure::Damaged},
+        {"mkdir \"$3\"", ImportFailure::Damaged},
+        {"exit 21", ImportFailure::OutOfMemory},
+        {"head -c 3000000 /dev/zero | tr '\\0' x >&2; exit 20", ImportFailure::Refused},
+    };
+    for (const BadImporter& importer : importers) {
+        const ImportOutcome outcome =
+            ImportModelNow(Data("box.obj"), folder.Script(importer.lines));
+        EXPECT_EQ(outcome.failure, importer.failure) << importer.lines;
+        EXPECT_FALSE(outcome.model);
+        EXPECT_TRUE(outcome.message.contains("box.obj")) << outcome.message.toStdString();
+        EXPECT_LT(outcome.message.size(), 800);
+    }
+    EXPECT_EQ(ImportModelNow(Data("box.obj"), {"/no/such/program", 5s}).failure,
+              ImportFailure::NotStarted);
+}
+
+TEST(ModelImport, HangingImporterIsStoppedAtTheLimitAndByCancel)
+{
+    const Folder folder;
+    const ImportProgram hanging = folder.Script("exec sleep 600", 300ms);
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_EQ(ImportModelNow(Data("box.obj"), hanging).failure, ImportFailure::TimedOut);
+    EXPECT_LT(clock.elapsed(), 10000);
+
+    studio::ModelImport limited(hanging);
+    QSignalSpy ends(&limited, &studio::ModelImport::Finished);
+    limited.Start(Data("box.obj"));
+    ASSERT_TRUE(ends.wait(10000));
+    EXPECT_EQ(ends.takeFirst()[0].value<ImportOutcome>().failure, ImportFailure::TimedOut);
+
+    studio::ModelImport cancelled({hanging.path, 600s});
+    QSignalSpy cancellations(&cancelled, &studio::ModelImport::Finished);
+    cancelled.Start(Data("box.obj"));
+    EXPECT_TRUE(cancelled.Running());
+    cancelled.Cancel();
+    cancelled.Cancel();
+    EXPECT_FALSE(cancelled.Running());
+    ASSERT_EQ(cancellations.size(), 1);
+    EXPECT_EQ(cancellations[0][0].value<ImportOutcome>().failure, ImportFailure::Cancelled);
+}
+
+TEST(ModelImport, AnswersOfAnEarlierRunAreNotTakenForTheNext)
+{
+    studio::ModelImport import(Importer());
+    QSignalSpy ends(&import, &studio::ModelImport::Finished);
+    import.Start(QStringLiteral("/no/such.obj"));  // its answer waits in the event loop
+    import.Start(Data("box.obj"));
+    ASSERT_EQ(ends.size(), 1);
+    EXPECT_EQ(ends.takeFirst()[0].value<ImportOutcome>().failure, ImportFailure::Cancelled);
+    ASSERT_TRUE(ends.wait(30000));
+    const auto outcome = ends.takeFirst()[0].value<ImportOutcome>();
+    EXPECT_TRUE(outcome.model) << outcome.message.toStdString();
+    EXPECT_FALSE(import.Running());
+}
+
+TEST(ModelImport, StartsTheNextFromItsOwnSignal)
+{
+    studio::ModelImport import(Importer());
+    QSignalSpy ends(&import, &studio::ModelImport::Finished);
+    QObject::connect(&import, &studio::ModelImport::Finished, &import,
+                     [&](const ImportOutcome& outcome) {
+                         if (!outcome.model) {
+                             import.Start(Data("tetra.ply"));
+                         }
+                     });
+    import.Start(QStringLiteral("/no/such.obj"));
+    while (ends.size() < 2) {
+        ASSERT_TRUE(ends.wait(30000));
+    }
+    EXPECT_TRUE(ends[1][0].value<ImportOutcome>().model);
+}
+
+}  // namespace
