@@ -1,9 +1,9 @@
 #include "material/MaterialEditor.h"
 
+#include "controls/SectionHeader.h"
 #include "material/AttributePanel.h"
 #include "material/IMaterial.h"
 #include "material/LibraryPanel.h"
-#include "controls/SectionHeader.h"
 #include "preview/PreviewPanel.h"
 #include "preview/PrimitivePictures.h"
 #include "preview/frmPreviewPrimitiveDialog.h"
@@ -94,6 +94,8 @@ void MaterialEditor::RefreshPreviewMaterial()
         Require(m_control.ApplyShapeMaterial(scene, *shape, true, scene.RootGroup(),
                                              scene.CameraGroup(), {}, {}, false,
                                              {CorvexSG::CoordinateMode::FromWrap}, {}));
+    }
+    if (m_preview.IsBuilt()) {
         m_preview.Redraw();
     }
     Q_EMIT Changed();

@@ -1,8 +1,8 @@
 #include "material/PanelForm.h"
 
+#include "controls/SectionHeader.h"
 #include "material/AttributePanel.h"
 #include "material/LibraryPanel.h"
-#include "controls/SectionHeader.h"
 #include "preview/PreviewPanel.h"
 
 #include <QBoxLayout>
@@ -26,6 +26,18 @@ LibraryPanelKind MaterialsKind()
             "cmdMaterialLibraryLess",
             "cmdMaterialLibraryMore",
             kMaterialRowTwips};
+}
+
+// A changed height climbs from layout to layout with the event loop only; whoever measures before
+// that has to settle them himself, the innermost first.
+void SettleLayouts(QWidget& widget)
+{
+    for (QWidget* child : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        SettleLayouts(*child);
+    }
+    if (widget.layout() != nullptr) {
+        widget.layout()->activate();
+    }
 }
 
 LibraryPanelKind TexturesKind()
@@ -68,7 +80,7 @@ PanelForm::PanelForm(Host& host, Platform& platform, const Trap& trap, QWidget& 
 
 int PanelForm::HeightTwips() const
 {
-    m_picture->layout()->activate();
+    SettleLayouts(*m_picture);
     return m_picture->sizeHint().height() * kTwipsPerPixel;
 }
 

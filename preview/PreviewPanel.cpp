@@ -19,7 +19,12 @@ PreviewPanel::PreviewPanel(CorvexViewport::ViewportFactory& viewports, QWidget* 
 
 PreviewPanel::~PreviewPanel()
 {
-    m_viewport->SetListener(nullptr);
+    try {
+        m_viewport->SetListener(nullptr);
+    } catch (...) {
+        // The viewport's widget goes right after this one, and with it whoever could call back.
+        return;
+    }
 }
 
 QAbstractButton& PreviewPanel::PrimitiveButton()

@@ -20,6 +20,9 @@ public:
     /// and what a mesh's own loading gives.
     void LoadMeshes(const std::string& libraryFolder);
 
+    /// Whether loading was asked for; a scene without a single mesh is drawn too.
+    [[nodiscard]] bool IsBuilt() const { return m_shapes.WereRequested(); }
+
     /// Puts the primitive into the viewport's scene when another one is shown.
     void ShowPrimitive(std::int32_t code);
     /// The shape that carries the preview material; null while it is not loaded.
