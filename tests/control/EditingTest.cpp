@@ -1,0 +1,228 @@
+#include "tests/support/ControlRig.h"
+
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using namespace CorvexTest;
+using CorvexDB::udtMaterial;
+using CorvexMaterial::Status;
+
+/// The steps of a refresh among everything that the log holds.
+std::vector<std::string> RefreshSteps(const ControlRig& rig)
+{
+    return rig.log.Order({"Shape.ApplyMaterial", "Shape.ApplyMaterialWrapped", "Viewport.Draw",
+                          "Event.MaterialChanged"});
+}
+
+struct EditCase {
+    std::string name;
+    std::function<void(ControlRig&)> edit;
+    std::function<void(udtMaterial&)> expected;  ///< turns the factory material into the result
+};
+
+EditCase Amount(const char* field, std::int32_t udtMaterial::*member)
+{
+    return {field, [field](ControlRig& rig) { Type(rig.Field(field), "7"); },
+            [member](udtMaterial& material) { material.*member = 7; }};
+}
+
+EditCase Flag(const char* box, bool udtMaterial::*member)
+{
+    return {box, [box](ControlRig& rig) { rig.Press(box); },
+            [member](udtMaterial& material) { material.*member = true; }};
+}
+
+EditCase Picked(const char* button)
+{
+    return {button,
+            [button](ControlRig& rig) {
+                rig.platform.choosers.colours = {0x00FF80};
+                rig.Press(button);
+            },
+            [](udtMaterial& material) { material.Color = 0x00FF80; }};
+}
+
+const EditCase kEdits[] = {
+    Amount("txtEmissive", &udtMaterial::Emissive),
+    Amount("txtSpecular", &udtMaterial::Specular),
+    Amount("txtAmbient", &udtMaterial::Ambient),
+    Amount("txtTransparency", &udtMaterial::Transparency),
+    {"txtTexture2Translucency",
+     [](ControlRig& rig) { Type(rig.Field("txtTexture2Translucency"), "7"); },
+     [](udtMaterial& material) { material.OverlayTranslucency = 7.0F; }},
+    Flag("chkFlipU", &udtMaterial::WrapOrientationU),
+    Flag("chkFlipV", &udtMaterial::WrapOrientationV),
+    Flag("chkDoubleSided", &udtMaterial::DoubleSided),
+    Flag("chkAlphaIsTransparent", &udtMaterial::AlphaIsTransparent),
+    {"chkApplyRelative", [](ControlRig& rig) { rig.Press("chkApplyRelative"); },
+     [](udtMaterial&) {}},
+    {"cboAlphaTest", [](ControlRig& rig) { Choose(rig.List("cboAlphaTest"), "Less/Equal"); },
+     [](udtMaterial& material) { material.AlphaTest = 3; }},
+    {"cboTextureAlphaChannelUse",
+     [](ControlRig& rig) {
+         auto& list = rig.List("cboTextureAlphaChannelUse");
+         Choose(list, list.itemText(2));
+     },
+     [](udtMaterial& material) { material.TextureAlphaChannelUse = 2; }},
+    {"cboColor", [](ControlRig& rig) { Choose(rig.List("cboColor"), "Alice Blue"); },
+     [](udtMaterial& material) { material.Color = 16775408; }},
+    {"cboColorCustom",
+     [](ControlRig& rig) {
+         rig.platform.choosers.colours = {0x00FF80};
+         Choose(rig.List("cboColor"), "Custom");
+     },
+     [](udtMaterial& material) { material.Color = 0x00FF80; }},
+    Picked("cmdSelectColor"),
+    Picked("picVBColor"),
+};
+
+class Edit : public ::testing::TestWithParam<EditCase> {};
+
+TEST_P(Edit, AppliesDrawsAndTellsTheHostOnceInThisOrder)
+{
+    ControlRig rig;
+    rig.Start();
+    GetParam().edit(rig);
+
+    udtMaterial expected;
+    GetParam().expected(expected);
+    EXPECT_EQ(rig.Previewed(), expected);
+    const auto steps = RefreshSteps(rig);
+    ASSERT_EQ(steps.size(), 3U) << ::testing::PrintToString(steps);
+    EXPECT_EQ(steps[0].substr(0, 19), "Shape.ApplyMaterial");
+    EXPECT_EQ(steps[1], "Viewport.Draw");
+    EXPECT_EQ(steps[2], "Event.MaterialChanged");
+    EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Control, Edit, ::testing::ValuesIn(kEdits),
+                         [](const auto& row) { return row.param.name; });
+
+class Editing : public ::testing::Test {
+protected:
+    void SetUp() override { rig.Start(); }
+
+    ControlRig rig;
+};
+
+TEST_F(Editing, EveryKeyOfATextIsAnEdit)
+{
+    Type(rig.Field("txtAmbient"), "125");
+    EXPECT_EQ(rig.Changes(), 3U);
+    EXPECT_EQ(rig.Previewed().Ambient, 125);
+}
+
+TEST_F(Editing, AmountThatIsNoNumberStaysAsTypedAndAppliesItsFactoryValue)
+{
+    for (const char* text : {"abc", "", "-", "99999999999", "1,5", "0x10"}) {
+        Type(rig.Field("txtAmbient"), "33");
+        EXPECT_FALSE(rig.Field("txtAmbient").property("invalid").toBool());
+        Type(rig.Field("txtAmbient"), text);
+        EXPECT_EQ(rig.Field("txtAmbient").text(), text);
+        EXPECT_TRUE(rig.Field("txtAmbient").property("invalid").toBool()) << text;
+        EXPECT_EQ(rig.Previewed().Ambient, 60) << text;
+    }
+    Type(rig.Field("txtAmbient"), "-5");
+    EXPECT_EQ(rig.Previewed().Ambient, -5);
+    Type(rig.Field("txtAmbient"), "2.5");
+    EXPECT_EQ(rig.Previewed().Ambient, 2);
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+}
+
+TEST_F(Editing, AlphaTestReferenceIsOpenOnlyUnderATestAndKeepsItsText)
+{
+    auto& reference = rig.Field("txtAlphaTestReference");
+    EXPECT_THROW(Type(reference, "9"), std::logic_error);
+    Choose(rig.List("cboAlphaTest"), "Always");
+    Type(reference, "9");
+    Choose(rig.List("cboAlphaTest"), "Never");
+    EXPECT_FALSE(reference.isEnabled());
+    EXPECT_EQ(reference.text(), "9");
+    Choose(rig.List("cboAlphaTest"), "Less");
+    EXPECT_TRUE(reference.isEnabled());
+    EXPECT_EQ(reference.text(), "9");
+    EXPECT_EQ(rig.Previewed().AlphaTestReference, 9);
+}
+
+TEST_F(Editing, CancelledColourDialogChangesNothing)
+{
+    rig.Control().put_lVBColor(16775408);
+    rig.log.Clear();
+    Choose(rig.List("cboColor"), "Custom");
+    EXPECT_EQ(rig.List("cboColor").currentText(), "Alice Blue");
+    rig.Press("cmdSelectColor");
+    rig.Press("picVBColor");
+    EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"), std::vector<std::string>(3, "16775408"));
+    EXPECT_TRUE(RefreshSteps(rig).empty());
+}
+
+TEST_F(Editing, SectionResetsTouchTheirSectionOnlyAndRefreshOnce)
+{
+    for (const char* field : {"txtEmissive", "txtSpecular", "txtAmbient", "txtTransparency"}) {
+        Type(rig.Field(field), "7");
+    }
+    rig.Control().put_lVBColor(255);
+    rig.Press("chkDoubleSided");
+    rig.Press("chkAlphaIsTransparent");
+    rig.Press("chkFlipU");
+    Choose(rig.List("cboAlphaTest"), "Equal");
+    rig.log.Clear();
+
+    rig.Press("cmdMiscellaneousResetToDefaults");
+    udtMaterial expected;
+    expected.DoubleSided = true;
+    expected.AlphaIsTransparent = true;
+    expected.WrapOrientationU = true;
+    expected.AlphaTest = 2;
+    EXPECT_EQ(rig.Previewed(), expected);
+    EXPECT_EQ(RefreshSteps(rig).size(), 3U);
+
+    rig.log.Clear();
+    rig.Press("cmdAdvancedOptionsResetDefaults");
+    expected = {};
+    expected.WrapOrientationU = true;
+    EXPECT_EQ(rig.Previewed(), expected);
+    EXPECT_EQ(RefreshSteps(rig).size(), 3U);
+    EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
+}
+
+TEST_F(Editing, ResetMiscellaneousIsTheButtonAndDefaultMaterialTheWholeMaterial)
+{
+    Type(rig.Field("txtSpecular"), "7");
+    rig.Press("chkFlipU");
+    rig.log.Clear();
+    EXPECT_EQ(rig.Control().ResetMiscellaneous(), Status::Success);
+    EXPECT_EQ(rig.Field("txtSpecular").text(), "0");
+    EXPECT_TRUE(rig.Tick("chkFlipU").isChecked());
+    EXPECT_EQ(rig.Changes(), 1U);
+
+    rig.Control().put_TextureFileName("/a.png");
+    rig.Control().put_lPreviewPrimitive(4);
+    rig.log.Clear();
+    EXPECT_EQ(rig.Control().DefaultMaterial(), Status::Success);
+    EXPECT_EQ(rig.Previewed(), udtMaterial());
+    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewsphere.x");
+    EXPECT_EQ(rig.Changes(), 1U);
+}
+
+TEST_F(Editing, HostThatAnswersMaterialChangedByCallingBackIsNotTakenInCircles)
+{
+    CorvexTest::RecordingShape selected(rig.log, "selected", rig.host.sceneGraph.missingMeshes);
+    auto& control = rig.Control();
+    QObject::connect(&control, &CorvexMaterial::Material::MaterialChanged, [&] {
+        std::int32_t colour = 0;
+        control.get_lVBColor(colour);
+        control.ApplyShapeMaterial(rig.host.Viewport()->TheScene(), selected, false, nullptr,
+                                   nullptr, {}, {}, false, {}, {});
+    });
+    Choose(rig.List("cboColor"), "Black");
+    EXPECT_EQ(rig.Changes(), 1U);
+    EXPECT_EQ(selected.Material().Color, 0);
+}
+
+}  // namespace

@@ -1,0 +1,122 @@
+#include "tests/support/ControlRig.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexTest;
+using CorvexMaterial::Status;
+
+class FreshControl : public ::testing::Test {
+protected:
+    ControlRig rig;
+};
+
+void ExpectFactoryValues(ControlRig& rig)
+{
+    const std::vector<std::pair<const char*, QString>> texts{
+        {"txtEmissive", "20"},    {"txtSpecular", "0"},           {"txtAmbient", "60"},
+        {"txtTransparency", "0"}, {"txtAlphaTestReference", "0"}, {"txtTexture2Translucency", "50"},
+    };
+    for (const auto& [name, text] : texts) {
+        EXPECT_EQ(rig.Field(name).text(), text) << name;
+    }
+    for (const char* name :
+         {"chkFlipU", "chkFlipV", "chkDoubleSided", "chkAlphaIsTransparent", "chkApplyRelative"}) {
+        EXPECT_FALSE(rig.Tick(name).isChecked()) << name;
+    }
+    EXPECT_EQ(rig.List("cboColor").currentText(), "White");
+    EXPECT_EQ(rig.List("cboAlphaTest").currentText(), "Never");
+    EXPECT_EQ(rig.List("cboTextureAlphaChannelUse").currentIndex(), 0);
+    EXPECT_FALSE(rig.Field("txtAlphaTestReference").isEnabled());
+
+    std::int32_t primitive = -1;
+    EXPECT_EQ(rig.Control().get_lPreviewPrimitive(primitive), Status::Success);
+    EXPECT_EQ(primitive, 2);
+}
+
+TEST_F(FreshControl, ShowsFactoryValuesBeforeAndAfterLoadingAnEmptyStore)
+{
+    rig.Create();
+    ExpectFactoryValues(rig);
+    EXPECT_EQ(rig.log.CountOf("Store.Read"), 0U);
+
+    rig.Start();
+    ExpectFactoryValues(rig);
+    EXPECT_EQ(rig.Previewed(), CorvexDB::udtMaterial());
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+}
+
+TEST_F(FreshControl, HostMayWriteAndApplyBeforeAnythingIsLoaded)
+{
+    rig.Create();
+    auto& control = rig.Control();
+    EXPECT_EQ(control.put_lVBColor(255), Status::Success);
+    EXPECT_EQ(control.put_lPreviewPrimitive(4), Status::Success);
+    EXPECT_EQ(control.put_Enabled(false), Status::Success);
+    EXPECT_EQ(control.put_Enabled(true), Status::Success);
+    EXPECT_EQ(rig.log.CountOf("Shape.LoadMeshFile"), 0U);
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+
+    std::int32_t colour = 0;
+    control.get_lVBColor(colour);
+    EXPECT_EQ(colour, 255);
+    CorvexSG::Shape* shape = nullptr;
+    EXPECT_EQ(control.get_csMaterialShape(shape), Status::Success);
+    EXPECT_EQ(shape, nullptr);
+
+    control.SetSceneDetails(rig.host.sceneGraph);
+    EXPECT_EQ(control.InitializeMaterialPreviewScene(), Status::Success);
+    EXPECT_EQ(rig.Previewed().Color, 255);
+    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewcone.x");
+}
+
+TEST_F(FreshControl, LoadingTwiceFillsEachListOnce)
+{
+    rig.Start();
+    rig.Control().LoadSavedStatus();
+    const QStringList alphaTests{"Never",   "Less",      "Equal",       "Less/Equal",
+                                 "Greater", "Not Equal", "Greater/Eq.", "Always"};
+    auto& list = rig.List("cboAlphaTest");
+    ASSERT_EQ(list.count(), alphaTests.size());
+    for (int position = 0; position < list.count(); ++position) {
+        EXPECT_EQ(list.itemText(position), alphaTests.at(position));
+    }
+    EXPECT_EQ(rig.List("cboColor").count(), 156);
+    EXPECT_EQ(rig.List("cboColor").itemText(155), "Custom");
+}
+
+TEST_F(FreshControl, DisablingGivesEachPartItsOwnStateBack)
+{
+    rig.Start();
+    auto& control = rig.Control();
+    EXPECT_EQ(control.put_Enabled(false), Status::Success);
+    EXPECT_FALSE(rig.Field("txtAmbient").isEnabled());
+    bool enabled = true;
+    control.get_Enabled(enabled);
+    EXPECT_FALSE(enabled);
+
+    // A change while disabled decides what comes back.
+    rig.platform.settings.Put("MaterialAlphaTest", "4");
+    control.LoadSavedStatus();
+    EXPECT_FALSE(rig.Field("txtAlphaTestReference").isEnabled());
+
+    control.put_Enabled(true);
+    EXPECT_TRUE(rig.Field("txtAmbient").isEnabled());
+    EXPECT_TRUE(rig.Field("txtAlphaTestReference").isEnabled());
+    rig.platform.settings.Put("MaterialAlphaTest", "0");
+    control.LoadSavedStatus();
+    control.put_Enabled(false);
+    control.put_Enabled(true);
+    EXPECT_FALSE(rig.Field("txtAlphaTestReference").isEnabled());
+}
+
+TEST_F(FreshControl, HasAWindowOfItsOwn)
+{
+    rig.Start();
+    WId window = 0;
+    EXPECT_EQ(rig.Control().get_hwnd(window), Status::Success);
+    EXPECT_EQ(window, rig.Control().winId());
+}
+
+}  // namespace

@@ -1,0 +1,185 @@
+#include "tests/support/ControlRig.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+using namespace CorvexTest;
+using CorvexMaterial::Status;
+
+constexpr std::int32_t kTwipsPerPixel = 15;
+
+/// What the host's height must not let the user change.
+constexpr const char* kDictated[] = {"chkTextureLibrary", "cmdMaterialLibraryLess",
+                                     "cmdMaterialLibraryMore", "cmdTextureLibraryLess",
+                                     "cmdTextureLibraryMore"};
+
+class Layout : public ::testing::Test {
+protected:
+    void SetUp() override { rig.Start(); }
+
+    std::pair<std::string, std::string> SavedRows()
+    {
+        EXPECT_EQ(rig.Control().SaveStatus(), Status::Success);
+        const auto& store = rig.platform.settings;
+        return {store.Get("TextureRows").value_or(""), store.Get("MaterialRows").value_or("")};
+    }
+    /// What the whole panel asks for.
+    std::int32_t HeightTwips()
+    {
+        return rig.Find<QWidget>("picMaterial").sizeHint().height() * kTwipsPerPixel;
+    }
+    void ExpectDictated(bool dictated)
+    {
+        for (const char* name : kDictated) {
+            EXPECT_EQ(rig.Find<QWidget>(name).isEnabled(), !dictated) << name;
+        }
+    }
+    void StartWith(const std::vector<std::pair<const char*, const char*>>& settings)
+    {
+        rig.Terminate();
+        for (const auto& [key, value] : settings) {
+            rig.platform.settings.Put(key, value);
+        }
+        rig.Create();
+        rig.Control().LoadSavedStatus();
+    }
+
+    ControlRig rig;
+};
+
+using Rows = std::pair<std::string, std::string>;
+
+TEST_F(Layout, OfferedHeightIsSharedInHalfToTexturesAndTheRestToMaterials)
+{
+    EXPECT_EQ(rig.Control().SetMaxStatus(0), Status::Success);
+    EXPECT_EQ(SavedRows(), Rows("1", "1"));
+    const std::int32_t without = HeightTwips() - 990 - 1020;
+    struct Case {
+        std::int32_t space;
+        Rows rows;
+    };
+    const Case cases[] = {
+        {12060, {"6", "6"}}, {5025, {"2", "2"}},  {7035, {"4", "3"}},
+        {2010, {"1", "1"}},  {-5000, {"1", "1"}}, {12060, {"6", "6"}},
+    };
+    for (const Case& row : cases) {
+        for (int repeat = 0; repeat < 2; ++repeat) {
+            EXPECT_EQ(rig.Control().SetMaxStatus(without + row.space), Status::Success);
+            EXPECT_EQ(SavedRows(), row.rows) << row.space;
+            if (row.space >= 2010) {
+                const auto fits = [&] { return HeightTwips() <= without + row.space; };
+                EXPECT_TRUE(QTest::qWaitFor(fits, 1000)) << row.space;
+            }
+        }
+    }
+    EXPECT_EQ(rig.Control().SetMaxStatus(std::numeric_limits<std::int32_t>::max()),
+              Status::Success);
+    EXPECT_EQ(rig.Control().SetMaxStatus(std::numeric_limits<std::int32_t>::min()),
+              Status::Success);
+    EXPECT_EQ(SavedRows(), Rows("1", "1"));
+}
+
+TEST_F(Layout, OfferedHeightOpensAllAndLocksUntilTheSavedLayoutReturns)
+{
+    rig.Control().SetMaxStatus(20000);
+    bool material = false;
+    bool texture = false;
+    bool library = false;
+    rig.Control().get_bMaterialPanel(material);
+    rig.Control().get_bTexturePanel(texture);
+    rig.Control().get_bMaterialLibraryPanel(library);
+    EXPECT_TRUE(material && texture && library);
+    ExpectDictated(true);
+    EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 0U);
+    EXPECT_EQ(rig.log.CountOf("Event.MaterialLibraryExpanded"), 0U);
+    EXPECT_EQ(rig.Changes(), 0U);
+
+    rig.Control().LoadSavedStatus();
+    ExpectDictated(false);
+    rig.Control().get_bTexturePanel(texture);
+    EXPECT_FALSE(texture);
+}
+
+TEST_F(Layout, SavedLayoutComesBackAndIsWrittenInItsOrder)
+{
+    StartWith({{"TextureRows", "3"},
+               {"MaterialRows", "2"},
+               {"TextureLibraryPanel", "True"},
+               {"MaterialPanel", "1"}});
+    EXPECT_FALSE(rig.Tick("chkMaterialLibrary").isChecked());
+    EXPECT_TRUE(rig.Tick("chkTextureLibrary").isChecked());
+    EXPECT_TRUE(rig.Tick("chkMaterialPanel").isChecked());
+    EXPECT_TRUE(rig.Find<QWidget>("txtAmbient").isVisible());
+    EXPECT_EQ(rig.Find<QWidget>("dfeTextureLibrary").height(), 3 * 990 / kTwipsPerPixel);
+    EXPECT_FALSE(rig.Find<QWidget>("dfeMaterialLibrary").isVisible());
+
+    rig.log.Clear();
+    rig.Control().SaveStatus();
+    EXPECT_EQ(rig.log.DetailsOf("Store.Write"),
+              (std::vector<std::string>{
+                  "Application/MaterialPanel=True", "Application/TextureLibraryPanel=True",
+                  "Application/TextureRows=3", "Application/MaterialLibraryPanel=False",
+                  "Application/MaterialRows=2"}));
+    EXPECT_EQ(rig.log.CountOf("Store.Flush"), 1U);
+}
+
+TEST_F(Layout, UnusableStoredRowsCountAsOne)
+{
+    for (const char* stored : {"0", "-3", "many", "", "99999999999"}) {
+        StartWith({{"MaterialRows", stored}, {"TextureRows", stored}});
+        EXPECT_EQ(SavedRows(), Rows("1", "1")) << stored;
+    }
+}
+
+TEST_F(Layout, MoreAndLessChangeRowsTellTheHostAndMayHideTheBrowser)
+{
+    rig.Control().put_bTexturePanel(true);
+    rig.Control().put_bMaterialLibraryPanel(true);
+    rig.log.Clear();
+    rig.Press("cmdMaterialLibraryMore");
+    rig.Press("cmdTextureLibraryLess");
+    EXPECT_EQ(rig.log.CountOf("Event.MaterialLibraryExpanded"), 1U);
+    EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 1U);
+    EXPECT_EQ(rig.Changes(), 0U);
+    EXPECT_FALSE(rig.Find<QWidget>("dfeTextureLibrary").isVisible());
+    rig.Press("cmdTextureLibraryLess");
+    for (int press = 0; press < 3; ++press) {
+        rig.Press("cmdMaterialLibraryLess");
+    }
+    EXPECT_EQ(SavedRows(), Rows("-1", "1"));
+    rig.Press("cmdTextureLibraryMore");
+    rig.Press("cmdTextureLibraryMore");
+    EXPECT_TRUE(rig.Find<QWidget>("dfeTextureLibrary").isVisible());
+    EXPECT_EQ(SavedRows(), Rows("1", "1"));
+}
+
+TEST_F(Layout, FoldingByClickAndByPropertyTellsTheHostOnce)
+{
+    rig.Press("chkTextureLibrary");
+    rig.Press("chkMaterialLibrary");
+    EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 1U);
+    EXPECT_EQ(rig.log.CountOf("Event.MaterialLibraryExpanded"), 1U);
+    bool expanded = false;
+    rig.Control().get_bTexturePanel(expanded);
+    EXPECT_TRUE(expanded);
+    EXPECT_TRUE(rig.Find<QWidget>("dfeTextureLibrary").isVisible());
+
+    EXPECT_EQ(rig.Control().put_bTexturePanel(false), Status::Success);
+    EXPECT_EQ(rig.Control().put_bMaterialLibraryPanel(false), Status::Success);
+    EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 2U);
+    EXPECT_EQ(rig.log.CountOf("Event.MaterialLibraryExpanded"), 2U);
+    EXPECT_FALSE(rig.Tick("chkTextureLibrary").isChecked());
+
+    rig.Press("chkMaterialPanel");
+    rig.Control().get_bMaterialPanel(expanded);
+    EXPECT_FALSE(expanded);
+    EXPECT_FALSE(rig.Find<QWidget>("txtAmbient").isVisible());
+    EXPECT_EQ(rig.Changes(), 0U);
+}
+
+}  // namespace

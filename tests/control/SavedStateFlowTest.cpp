@@ -1,0 +1,244 @@
+#include "tests/control/SampleMaterial.h"
+#include "tests/support/ControlRig.h"
+
+#include <QLocale>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <locale>
+
+namespace {
+
+using namespace CorvexTest;
+using CorvexDB::ApplyMode;
+using CorvexDB::udtMaterial;
+using CorvexMaterial::Status;
+
+class SavedStateFlow : public ::testing::Test {
+protected:
+    void SetUp() override { rig.Start(); }
+
+    /// Index in the log of the first call with this detail; past the end when there is none.
+    std::size_t IndexOf(const std::string& detail) const
+    {
+        const auto& calls = rig.log.Calls();
+        const auto matches = [&](const Call& call) { return call.detail == detail; };
+        return static_cast<std::size_t>(std::ranges::find_if(calls, matches) - calls.begin());
+    }
+
+    ControlRig rig;
+};
+
+TEST_F(SavedStateFlow, EverythingKeptComesBackAfterARestart)
+{
+    rig.Control().CopyFieldToFormMaterial(FullMaterial());
+    rig.Control().put_lPreviewPrimitive(1);
+    rig.Control().put_ApplyRelative(ApplyMode::Relative);
+    rig.Restart();
+    EXPECT_EQ(rig.Previewed(), KeptMaterial());
+    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewcylinder.x");
+    EXPECT_FALSE(rig.Tick("chkApplyRelative").isChecked());
+    EXPECT_TRUE(rig.Field("txtAlphaTestReference").isEnabled());
+    EXPECT_EQ(rig.List("cboColor").currentText(), "Custom");
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+}
+
+TEST_F(SavedStateFlow, ASecondRunWithoutEditsWritesTheSameState)
+{
+    rig.Control().CopyFieldToFormMaterial(KeptMaterial());
+    rig.Terminate();
+    const auto first = rig.log.DetailsOf("Store.Write");
+    rig.Start();
+    rig.Terminate();
+    EXPECT_EQ(rig.log.DetailsOf("Store.Write"), first);
+}
+
+TEST_F(SavedStateFlow, TerminationWritesBetweenItsTwoLinesAndFlushesOnce)
+{
+    rig.Terminate();
+    const std::size_t begin = IndexOf("Material instance terminating");
+    const std::size_t end = IndexOf("Material instance terminated");
+    ASSERT_LT(end, rig.log.Calls().size());
+    const auto& calls = rig.log.Calls();
+    const auto writes = rig.log.DetailsOf("Store.Write");
+    ASSERT_FALSE(writes.empty());
+    EXPECT_EQ(writes.front(), "Application/MaterialEmissive=20");
+    EXPECT_EQ(writes.back(), "Application/MaterialLibrary=Gems.cvm");
+    for (std::size_t i = 0; i < calls.size(); ++i) {
+        if (calls[i].name == "Store.Write" || calls[i].name == "Store.Flush") {
+            EXPECT_GT(i, begin);
+            EXPECT_LT(i, end);
+        }
+    }
+    EXPECT_EQ(rig.log.CountOf("Store.Flush"), 1U);
+    EXPECT_EQ(rig.log.CountOf("Diagnostics.RecordEvent"), 2U);
+}
+
+TEST_F(SavedStateFlow, AmountIsStoredAsTyped)
+{
+    Type(rig.Field("txtAmbient"), "40x");
+    rig.Terminate();
+    EXPECT_EQ(rig.platform.settings.Get("MaterialAmbient"), "40x");
+    rig.Start();
+    EXPECT_EQ(rig.Field("txtAmbient").text(), "60");
+}
+
+TEST_F(SavedStateFlow, UnusableStoredTextsLeaveTheirAttributeAlone)
+{
+    auto& store = rig.platform.settings;
+    rig.Control().CopyFieldToFormMaterial(KeptMaterial());
+    rig.Terminate();
+    const std::vector<std::pair<const char*, const char*>> garbage{
+        {"MaterialColor", "blue"},        {"MaterialEmissive", "\xFF\xFE"},
+        {"MaterialAlphaTest", "8"},       {"MaterialTextureAlphaChannelUse", "-1"},
+        {"MaterialWrapType", "99999999"}, {"MaterialWrapOriginU", "nan"},
+        {"MaterialDoubleSided", "maybe"}, {"MaterialPreviewPrimitive", ""},
+    };
+    for (const auto& [key, text] : garbage) {
+        store.Put(key, text);
+    }
+    rig.Start();
+    udtMaterial expected = KeptMaterial();
+    const udtMaterial factory;
+    expected.Color = factory.Color;
+    expected.Emissive = factory.Emissive;
+    expected.AlphaTest = factory.AlphaTest;
+    expected.TextureAlphaChannelUse = factory.TextureAlphaChannelUse;
+    expected.Wrap = factory.Wrap;
+    expected.Placement.originU = factory.Placement.originU;
+    expected.DoubleSided = factory.DoubleSided;
+    EXPECT_EQ(rig.Previewed(), expected);
+    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewsphere.x");
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+}
+
+TEST_F(SavedStateFlow, LoadingRefreshesOnce)
+{
+    rig.platform.settings.Put("MaterialAmbient", "5");
+    rig.platform.settings.Put("MaterialAlphaTest", "5");
+    rig.platform.settings.Put("MaterialPreviewPrimitive", "3");
+    rig.log.Clear();
+    EXPECT_EQ(rig.Control().LoadSavedStatus(), Status::Success);
+    EXPECT_EQ(rig.Changes(), 1U);
+    const std::size_t applied =
+        rig.log.CountOf("Shape.ApplyMaterial") + rig.log.CountOf("Shape.ApplyMaterialWrapped");
+    EXPECT_EQ(applied, 1U);
+    EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
+    EXPECT_EQ(rig.log.Calls().back().name, "Event.MaterialChanged");
+}
+
+TEST_F(SavedStateFlow, UserDefaultsComeBackButFourAttributesStay)
+{
+    rig.Control().CopyFieldToFormMaterial(FullMaterial());
+    rig.Control().put_lPreviewPrimitive(1);
+    rig.log.Clear();
+    rig.Press("cmdMaterialRemember");
+    EXPECT_EQ(rig.log.CountOf("Store.Flush"), 1U);
+    EXPECT_EQ(rig.log.CountOf("Store.Read"), 0U);
+
+    rig.Press("cmdMaterialResetDefaults");
+    EXPECT_EQ(rig.Previewed(), udtMaterial());
+    rig.Press("chkApplyRelative");
+    rig.Control().put_lPreviewPrimitive(4);
+    rig.log.Clear();
+    rig.Press("cmdMaterialResetUserDefaults");
+    udtMaterial expected = FullMaterial();
+    expected.RayTrace.MaterialType = 0;
+    expected.RayTrace.ColorPattern = 0;
+    EXPECT_EQ(rig.Previewed(), expected);
+    EXPECT_TRUE(rig.Tick("chkApplyRelative").isChecked());
+    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewcone.x");
+    EXPECT_EQ(rig.Changes(), 1U);
+    EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
+}
+
+TEST_F(SavedStateFlow, FactoryResetLeavesStoreLibrariesAndPanelsAlone)
+{
+    rig.platform.settings.Put("TextureLibrary", "Wood.cvt");
+    rig.Control().LoadSavedStatus();
+    rig.Control().put_bMaterialPanel(true);
+    rig.log.Clear();
+    rig.Press("cmdMaterialResetDefaults");
+    EXPECT_EQ(rig.Changes(), 1U);
+    EXPECT_EQ(rig.log.CountOf("Store.Read") + rig.log.CountOf("Store.Write"), 0U);
+    bool expanded = false;
+    rig.Control().get_bMaterialPanel(expanded);
+    EXPECT_TRUE(expanded);
+    rig.Terminate();
+    EXPECT_EQ(rig.platform.settings.Get("TextureLibrary"), "Wood.cvt");
+}
+
+TEST_F(SavedStateFlow, ApplicationNameIsAskedForEachAccess)
+{
+    rig.log.Clear();
+    rig.Control().SaveStatus();
+    const auto order =
+        rig.log.Order({"ApplicationState.SettingsApplicationName", "Store.Write", "Store.Flush"});
+    for (std::size_t i = 1; i < order.size(); i += 2) {
+        EXPECT_EQ(order[i - 1], "ApplicationState.SettingsApplicationName");
+        EXPECT_NE(order[i], "ApplicationState.SettingsApplicationName");
+    }
+    rig.host.applicationState.applicationName = "Corvex Light";
+    rig.platform.settings.application = "Corvex Light";
+    rig.Terminate();
+    EXPECT_EQ(rig.platform.settings.Get("MaterialAmbient"), "60");
+}
+
+TEST_F(SavedStateFlow, AStoreThatCannotBeWrittenIsToldOnceAndTheWorkGoesOn)
+{
+    rig.log.FailEach("Store.Flush", Fault::ClassifiedError);
+    rig.Press("cmdMaterialRemember");
+    ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
+    EXPECT_EQ(rig.platform.prompts.shown[0].title, "Internal Error");
+    EXPECT_NE(rig.platform.prompts.shown[0].text.find("planned failure in Store.Flush"),
+              std::string::npos);
+    EXPECT_EQ(rig.Control().SaveStatus(), Status::FileFailed);
+    rig.log.FailEach("Store.Flush", Fault::ClassifiedError);
+    rig.Terminate();
+    EXPECT_LT(IndexOf("Material instance terminated"), rig.log.Calls().size());
+}
+
+/// Decimal commas and grouping dots, for Qt and for the standard streams.
+class CommaLocale {
+public:
+    CommaLocale() : m_before(std::locale::global(std::locale(std::locale(), new Commas)))
+    {
+        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    }
+    ~CommaLocale()
+    {
+        std::locale::global(m_before);
+        QLocale::setDefault(QLocale::c());
+    }
+    CommaLocale(const CommaLocale&) = delete;
+    CommaLocale& operator=(const CommaLocale&) = delete;
+
+private:
+    struct Commas : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+
+    std::locale m_before;
+};
+
+TEST_F(SavedStateFlow, StateMovesBetweenLocales)
+{
+    udtMaterial material = KeptMaterial();
+    material.Ambient = 123456;
+    {
+        const CommaLocale commas;
+        rig.Control().CopyFieldToFormMaterial(material);
+        rig.Terminate();
+        EXPECT_EQ(rig.platform.settings.Get("MaterialWrapTilesPerUnit"), "0.25");
+        EXPECT_EQ(rig.platform.settings.Get("MaterialAmbient"), "123456");
+        rig.Start();
+        EXPECT_EQ(rig.Previewed(), material);
+    }
+    rig.Restart();
+    EXPECT_EQ(rig.Previewed(), material);
+}
+
+}  // namespace

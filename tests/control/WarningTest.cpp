@@ -1,0 +1,94 @@
+#include "dialogs/modDialog.h"
+#include "tests/support/Driving.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/RecordingPlatform.h"
+
+#include <QCheckBox>
+#include <QDialog>
+#include <QLabel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+using namespace CorvexTest;
+
+class Warning : public ::testing::Test {
+protected:
+    /// Shows the warning; whether the dialog came up.
+    bool ShowAnd(std::function<void(QDialog&)> answer)
+    {
+        const DialogAnswer given(std::move(answer));
+        dialogs.ShowWarning({"Corvex", "Mind the <b>step</b>", "Step"});
+        return given.Given();
+    }
+
+    CallLog log;
+    RecordingPlatform platform{log};
+    RecordingHost host{log};
+    CorvexMaterial::modDialog dialogs{platform.settings, host.diagnostics, nullptr};
+};
+
+void PressOk(QDialog& dialog)
+{
+    Click(*dialog.findChild<QWidget*>("cmdOK"));
+}
+
+void Untick(QDialog& dialog)
+{
+    Click(*dialog.findChild<QWidget*>("chkContinueToReceiveWarning"));
+}
+
+TEST_F(Warning, IsShownUntilTheUserSwitchesItOff)
+{
+    EXPECT_TRUE(ShowAnd([](QDialog& dialog) {
+        EXPECT_EQ(dialog.objectName(), "frmDialog");
+        EXPECT_EQ(dialog.windowTitle(), "Corvex");
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblWarning")->text(), "Mind the <b>step</b>");
+        auto* choice = dialog.findChild<QCheckBox*>("chkContinueToReceiveWarning");
+        EXPECT_EQ(choice->text(), "Continue to receive this message");
+        EXPECT_TRUE(choice->isChecked());
+        PressOk(dialog);
+    }));
+    EXPECT_EQ(platform.settings.GetTip("Step"), "1");
+    EXPECT_TRUE(ShowAnd([](QDialog& dialog) {
+        Untick(dialog);
+        PressOk(dialog);
+    }));
+    EXPECT_EQ(platform.settings.GetTip("Step"), "0");
+    EXPECT_FALSE(ShowAnd(PressOk));
+    EXPECT_EQ(log.DetailsOf("Diagnostics.DebugTrace"),
+              (std::vector<std::string>{"Loading Dialog Form", "Unloading Dialog Form",
+                                        "Loading Dialog Form", "Unloading Dialog Form"}));
+}
+
+TEST_F(Warning, KeepsTheChoiceOnceHoweverTheDialogIsClosed)
+{
+    const std::function<void(QDialog&)> ways[] = {
+        [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
+        [](QDialog& dialog) { dialog.close(); },
+    };
+    for (const auto& way : ways) {
+        platform.settings.PutTip("Step", "1");
+        log.Clear();
+        EXPECT_TRUE(ShowAnd([&](QDialog& dialog) {
+            Untick(dialog);
+            way(dialog);
+        }));
+        EXPECT_EQ(log.DetailsOf("Store.Write"), (std::vector<std::string>{"Tips/Step=0"}));
+    }
+}
+
+TEST_F(Warning, OnlyAStoredOneLetsItBeShown)
+{
+    for (const char* stored : {"0", "2", "-1", "", "yes", "1.5"}) {
+        platform.settings.PutTip("Step", stored);
+        EXPECT_FALSE(ShowAnd(PressOk)) << stored;
+        EXPECT_EQ(platform.settings.GetTip("Step"), stored);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "material/Material.h"
+#include "tests/support/CallLog.h"
+#include "tests/support/Driving.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/RecordingPlatform.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace CorvexTest {
+
+/// One `evtReqWarn`.
+struct RequestedWarning {
+    QString application;
+    QString text;
+    QString key;
+};
+
+/// A control in a recording host and desktop. The control's own events enter the same log, named
+/// "Event.MaterialChanged" and so on, so that their place among the host's calls can be seen.
+class ControlRig {
+public:
+    ControlRig();
+    ~ControlRig();
+    ControlRig(const ControlRig&) = delete;
+    ControlRig& operator=(const ControlRig&) = delete;
+
+    /// Makes and shows the control; nothing is loaded.
+    void Create();
+    /// Scene details, preview scene, saved state, in that order, with the panel open. The log is
+    /// cleared.
+    void Start();
+    /// Ends the control; host, desktop and stored settings stay.
+    void Terminate();
+    /// A new control over the same settings, as after a new start of the host.
+    void Restart();
+
+    [[nodiscard]] CorvexMaterial::Material& Control() { return *m_control; }
+    /// `MaterialChanged` since the log was cleared.
+    [[nodiscard]] std::size_t Changes() const { return log.CountOf("Event.MaterialChanged"); }
+    /// The material that the preview shape shows.
+    [[nodiscard]] const CorvexDB::udtMaterial& Previewed() const;
+
+    template <typename Widget>
+    Widget& Find(const char* name)
+    {
+        auto* found = m_control->findChild<Widget*>(QString::fromLatin1(name));
+        if (found == nullptr) {
+            throw std::logic_error(std::string("there is no ") + name);
+        }
+        return *found;
+    }
+    QLineEdit& Field(const char* name);
+    QCheckBox& Tick(const char* name);
+    QComboBox& List(const char* name);
+    /// Presses any control by name.
+    void Press(const char* name);
+
+    CallLog log;
+    RecordingHost host{log};
+    RecordingPlatform platform{log};
+    std::vector<RequestedWarning> warnings;
+    std::vector<QString> positionTexts;
+
+private:
+    void Listen();
+
+    CorvexMaterial::Host m_host;
+    CorvexMaterial::Platform m_platform;
+    std::unique_ptr<CorvexMaterial::Material> m_control;
+};
+
+}  // namespace CorvexTest

@@ -1,0 +1,74 @@
+#include "tests/support/Driving.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTest>
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace CorvexTest {
+namespace {
+
+void RequireUsable(const QWidget& widget)
+{
+    if (!widget.isVisible() || !widget.isEnabled()) {
+        throw std::logic_error(widget.objectName().toStdString() + " is hidden or disabled");
+    }
+}
+
+}  // namespace
+
+void Click(QWidget& widget)
+{
+    RequireUsable(widget);
+    // Near the left edge: a wide check box answers to its tick and caption only.
+    const QPoint place(std::min(10, widget.width() / 2), widget.height() / 2);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, place);
+}
+
+void Type(QLineEdit& field, const QString& text)
+{
+    RequireUsable(field);
+    field.selectAll();
+    if (text.isEmpty()) {
+        QTest::keyClick(&field, Qt::Key_Delete);
+    } else {
+        QTest::keyClicks(&field, text);
+    }
+}
+
+void Choose(QComboBox& list, const QString& entry)
+{
+    RequireUsable(list);
+    const int row = list.findText(entry, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (row < 0) {
+        throw std::logic_error(list.objectName().toStdString() + " has no entry " +
+                               entry.toStdString());
+    }
+    list.showPopup();
+    list.view()->setCurrentIndex(list.model()->index(row, list.modelColumn()));
+    QTest::keyClick(list.view(), Qt::Key_Enter);
+}
+
+DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer) : m_answer(std::move(answer))
+{
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { Look(); });
+    m_timer.start(0);
+}
+
+void DialogAnswer::Look()
+{
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || !dialog->isVisible()) {
+        return;
+    }
+    m_timer.stop();
+    m_given = true;
+    m_answer(*dialog);
+}
+
+}  // namespace CorvexTest

@@ -1,0 +1,155 @@
+#include "tests/support/RecordingPlatform.h"
+
+namespace CorvexTest {
+namespace {
+
+/// Has ended before anybody asks.
+class EndedProcess : public CorvexMaterial::Process {
+public:
+    explicit EndedProcess(int exitCode) : m_exitCode(exitCode) {}
+
+    CorvexMaterial::ProcessState Wait(std::chrono::milliseconds /*timeout*/) override
+    {
+        return CorvexMaterial::ProcessState::Exited;
+    }
+    int ExitCode() override { return m_exitCode; }
+    std::string TakeOutput() override { return {}; }
+    std::string TakeErrorOutput() override { return {}; }
+    void Stop() override {}
+
+private:
+    int m_exitCode;
+};
+
+template <typename Answer>
+std::optional<Answer> Take(std::deque<Answer>& answers)
+{
+    if (answers.empty()) {
+        return std::nullopt;
+    }
+    Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+}  // namespace
+
+std::optional<std::string> RecordingStore::Read(const CorvexMaterial::SettingAddress& address)
+{
+    m_log.Enter("Store.Read", address.section + "/" + address.key);
+    const auto found = m_values.find({address.application, address.section, address.key});
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
+}
+
+void RecordingStore::Write(const CorvexMaterial::SettingAddress& address, const std::string& value)
+{
+    m_log.Enter("Store.Write", address.section + "/" + address.key + "=" + value);
+    m_values[{address.application, address.section, address.key}] = value;
+}
+
+void RecordingStore::Flush(const std::string& flushed)
+{
+    m_log.Enter("Store.Flush", flushed);
+}
+
+void RecordingStore::Put(const std::string& key, const std::string& value)
+{
+    m_values[{application, "Application", key}] = value;
+}
+
+std::optional<std::string> RecordingStore::Get(const std::string& key) const
+{
+    const auto found = m_values.find({application, "Application", key});
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::optional<std::string> RecordingStore::GetTip(const std::string& key) const
+{
+    const auto found = m_values.find({application, "Tips", key});
+    return found == m_values.end() ? std::nullopt : std::optional(found->second);
+}
+
+void RecordingStore::PutTip(const std::string& key, const std::string& value)
+{
+    m_values[{application, "Tips", key}] = value;
+}
+
+void RecordingPrompts::Show(const CorvexMaterial::Message& message)
+{
+    m_log.Enter("Prompts.Show", message.title + ": " + message.text);
+    shown.push_back(message);
+}
+
+bool RecordingPrompts::AskYesNo(const CorvexMaterial::Message& question)
+{
+    m_log.Enter("Prompts.AskYesNo", question.title + ": " + question.text);
+    return Take(answers).value_or(false);
+}
+
+std::optional<CorvexMaterial::Colour>
+RecordingChoosers::ChooseColour(std::optional<CorvexMaterial::Colour> initial)
+{
+    m_log.Enter("Choosers.ChooseColour", initial ? std::to_string(*initial) : "none");
+    return Take(colours);
+}
+
+std::optional<std::string> RecordingChoosers::ChooseFile(const CorvexMaterial::FileRequest& request)
+{
+    m_log.Enter("Choosers.ChooseFile", request.title);
+    return Take(files);
+}
+
+std::unique_ptr<CorvexMaterial::Process>
+RecordingProcesses::Start(const CorvexMaterial::ProcessRequest& request)
+{
+    m_log.Enter("ProcessStarter.Start", request.program);
+    return std::make_unique<EndedProcess>(exitCode);
+}
+
+std::string RecordingTemporaryFiles::Folder()
+{
+    m_log.Enter("TemporaryFiles.Folder");
+    return "/temporary";
+}
+
+std::string RecordingTemporaryFiles::Claim(const std::string& extension)
+{
+    m_log.Enter("TemporaryFiles.Claim", extension);
+    return "/temporary/~CVX" + std::to_string(m_next++) + "." + extension;
+}
+
+void RecordingTemporaryFiles::Remove(const std::string& path)
+{
+    m_log.Enter("TemporaryFiles.Remove", path);
+}
+
+std::string RecordingLibrary::Folder()
+{
+    m_log.Enter("ControlLibrary.Folder");
+    return "/control";
+}
+
+bool RecordingImageFormats::CanReadTiff()
+{
+    m_log.Enter("ImageFormats.CanReadTiff");
+    return available;
+}
+
+bool RecordingImageFormats::CanWriteJpeg()
+{
+    m_log.Enter("ImageFormats.CanWriteJpeg");
+    return available;
+}
+
+RecordingPlatform::RecordingPlatform(CallLog& log)
+    : settings(log), prompts(log), choosers(log), processes(log), temporaryFiles(log), library(log),
+      imageFormats(log)
+{
+}
+
+CorvexMaterial::Platform RecordingPlatform::Get()
+{
+    return {settings, prompts, choosers, processes, temporaryFiles, library, imageFormats};
+}
+
+}  // namespace CorvexTest

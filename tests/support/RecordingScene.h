@@ -1,0 +1,96 @@
+#pragma once
+
+#include "host/CorvexSG.h"
+#include "tests/support/CallLog.h"
+
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace CorvexTest {
+
+/// What one call of a shape's material operation was given.
+struct AppliedMaterial {
+    std::shared_ptr<const CorvexSG::GatheredMaterial> gathered;
+    bool wrapped = false;
+    CorvexSG::Scene* scene = nullptr;
+    CorvexSG::Group* group = nullptr;
+    CorvexSG::Group* camera = nullptr;
+    CorvexSG::SelectionKind selectionKind = CorvexSG::SelectionKind::Shape;
+    std::vector<std::int32_t> selection;
+    bool optimizePoints = false;
+    CorvexSG::CoordinateMode coordinateMode = CorvexSG::CoordinateMode::FromMesh;
+    std::vector<float> coordinateModeData;
+};
+
+class RecordingShape : public CorvexSG::Shape {
+public:
+    RecordingShape(CallLog& log, std::string name, const std::set<std::string>& missingMeshes);
+
+    void ApplyMaterial(const CorvexSG::MaterialApplication& application) override;
+    void ApplyMaterialWrapped(const CorvexSG::MaterialApplication& application) override;
+    void LoadMeshFile(const std::string& path) override;
+    void SetShapeOption(std::int32_t option) override;
+    void Move(float distance, std::int32_t mode) override;
+
+    [[nodiscard]] const std::string& Name() const { return m_name; }
+    [[nodiscard]] const std::string& MeshFile() const { return m_meshFile; }
+    [[nodiscard]] const std::vector<AppliedMaterial>& Applied() const { return m_applied; }
+    /// The material that the shape shows now.
+    [[nodiscard]] const CorvexDB::udtMaterial& Material() const;
+
+private:
+    void Keep(const CorvexSG::MaterialApplication& application, bool wrapped);
+
+    CallLog& m_log;
+    std::string m_name;
+    const std::set<std::string>& m_missingMeshes;
+    std::string m_meshFile;
+    std::vector<AppliedMaterial> m_applied;
+};
+
+class RecordingScene : public CorvexSG::Scene {
+public:
+    explicit RecordingScene(CallLog& log) : m_log(log) {}
+
+    void ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape) override;
+    CorvexSG::Group* RootGroup() override;
+    CorvexSG::Group* CameraGroup() override;
+
+    /// Null until one is shown.
+    [[nodiscard]] RecordingShape* Shown() const;
+
+private:
+    CallLog& m_log;
+    std::shared_ptr<CorvexSG::Shape> m_shown;
+    CorvexSG::Group m_root;
+    CorvexSG::Group m_camera;
+};
+
+class RecordingSceneGraph : public CorvexSG::SceneGraph {
+public:
+    explicit RecordingSceneGraph(CallLog& log) : m_log(log) {}
+
+    std::shared_ptr<CorvexSG::Shape> CreateShape() override;
+
+    /// File names, without folder, whose loading fails.
+    std::set<std::string> missingMeshes;
+    std::vector<std::shared_ptr<RecordingShape>> shapes;
+
+private:
+    CallLog& m_log;
+};
+
+class RecordingExporter : public CorvexSG::SceneExporter {
+public:
+    explicit RecordingExporter(CallLog& log) : m_log(log) {}
+
+    std::string ExportRaytraceScene(const CorvexSG::RaytraceExport& request) override;
+    std::vector<std::string> TexturesInUse(CorvexSG::Scene& scene) override;
+
+private:
+    CallLog& m_log;
+};
+
+}  // namespace CorvexTest
