@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/MaterialRecord.h"
+
+#include <QWidget>
+
+#include <array>
+#include <string>
+#include <vector>
+
+class QLabel;
+class QLineEdit;
+
+namespace CorvexMaterial {
+
+/// One text per custom field that the host defines.
+class CustomFieldsPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    using Values = std::array<std::string, CorvexDB::kCustomFieldCount>;
+
+    explicit CustomFieldsPanel(QWidget* parent);
+
+    /// Shows a row per name that is not empty; names beyond six are ignored. Values stay, those of
+    /// rows that are hidden now included.
+    void ShowNames(const std::vector<std::string>& names);
+
+    [[nodiscard]] Values Texts() const;
+    /// Without an `Edited`.
+    void ShowTexts(const Values& texts);
+
+Q_SIGNALS:
+    void Edited();
+
+private:
+    std::array<QLabel*, CorvexDB::kCustomFieldCount> m_names{};
+    std::array<QLineEdit*, CorvexDB::kCustomFieldCount> m_values{};
+};
+
+}  // namespace CorvexMaterial

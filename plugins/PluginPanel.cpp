@@ -1,0 +1,311 @@
+#include "plugins/PluginPanel.h"
+
+#include "controls/WheelGuard.h"
+#include "dialogs/Trap.h"
+#include "platform/NumberText.h"
+#include "plugins/PluginParameters.h"
+#include "plugins/PluginRow.h"
+#include "plugins/UpDownText.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr int kTwipsToPixel = 15;
+constexpr int kListHeight = 24;
+constexpr int kButtonHeight = 24;
+constexpr int kGap = 4;
+constexpr int kLeastWidth = 180;
+
+std::vector<std::string> TextsOf(const std::vector<float>& values)
+{
+    std::vector<std::string> texts;
+    for (const float value : values) {
+        texts.push_back(TextOfSingle(value));
+    }
+    return texts;
+}
+
+// Stored values may be older than the plug-in that they are shown with.
+std::vector<float> Completed(const std::vector<CorvexDB::PluginParameter>& parameters,
+                             const std::vector<float>& stored)
+{
+    std::vector<float> values = DefaultValues(parameters);
+    for (std::size_t i = 0; i < std::min(values.size(), stored.size()); ++i) {
+        values[i] = std::isfinite(stored[i]) ? stored[i] : values[i];
+    }
+    return values;
+}
+
+}  // namespace
+
+PluginPanel::PluginPanel(const Trap& trap, CorvexDB::PluginTable& plugins,
+                         CorvexCommon::NumericValidation& numbers, Choosers& choosers,
+                         QWidget* parent)
+    : QWidget(parent), m_trap(trap), m_plugins(plugins), m_numbers(numbers), m_choosers(choosers),
+      m_list(new QComboBox(this))
+{
+    m_list->setObjectName(QStringLiteral("cboPlugin"));
+    m_list->setAccessibleName(tr("Plug-in"));
+    m_list->setFocusPolicy(Qt::StrongFocus);
+    connect(m_list, &QComboBox::currentIndexChanged, this,
+            [this](int position) { m_trap("cboPlugin", [&] { Choose(position); }); });
+    MakeRows();
+    MakeButtons();
+    GuardWheel(*this);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    Clear();
+}
+
+void PluginPanel::MakeRows()
+{
+    for (std::size_t i = 0; i < kPluginParameterLimit; ++i) {
+        auto* row = new PluginRow(i, *this);
+        connect(row, &PluginRow::Edited, this, &PluginPanel::Edited);
+        connect(row, &PluginRow::NumberConfirmed, this,
+                [this, row] { m_trap("txtParameter", [&] { ConfirmNumber(*row); }); });
+        connect(row, &PluginRow::SwatchPressed, this,
+                [this, row] { m_trap("picParameter", [&] { PickColour(*row); }); });
+        m_rows.push_back(row);
+    }
+}
+
+void PluginPanel::MakeButtons()
+{
+    const auto add = [this](const char* name, const QString& text, const QString& toolTip,
+                            void (PluginPanel::*pressed)()) {
+        auto* button = new QPushButton(text, this);
+        button->setObjectName(QString::fromLatin1(name));
+        button->setToolTip(toolTip);
+        connect(button, &QPushButton::clicked, this, pressed);
+        m_buttons.push_back(button);
+    };
+    add("cmdRemember", tr("Remember"), tr("Keep these values as my defaults of plug-ins"),
+        &PluginPanel::RememberPressed);
+    add("cmdResetUser", tr("My Defaults"), tr("Back to the remembered values"),
+        &PluginPanel::ResetUserPressed);
+    add("cmdReset", tr("Reset"), tr("Back to the plug-in's own values"),
+        &PluginPanel::ResetPressed);
+}
+
+void PluginPanel::Clear()
+{
+    const QSignalBlocker quiet(m_list);
+    m_list->clear();
+    m_list->addItem(tr("None"));
+    Show(0, {}, {});
+}
+
+void PluginPanel::Add(const std::string& name)
+{
+    m_list->addItem(QString::fromStdString(name));
+}
+
+std::string PluginPanel::SelectedName() const
+{
+    return m_shownPosition < 1 ? std::string() : EntryAt(m_shownPosition).name;
+}
+
+void PluginPanel::SelectName(const std::string& name)
+{
+    Restore(name, {});
+}
+
+void PluginPanel::Restore(const std::string& name, const std::vector<float>& values)
+{
+    const int position = PositionOf(name);
+    const auto parameters = Ask(position);
+    Show(position, parameters, Completed(parameters, values));
+}
+
+void PluginPanel::Display(const std::vector<float>& values)
+{
+    Show(m_shownPosition, Ask(m_shownPosition), values);
+}
+
+void PluginPanel::ShowTexts(const std::vector<std::string>& texts)
+{
+    std::vector<float> values;
+    for (const std::string& text : texts) {
+        values.push_back(SingleFromText(text).value_or(NAN));
+    }
+    const auto parameters = Ask(m_shownPosition);
+    Show(m_shownPosition, parameters, Completed(parameters, values));
+}
+
+PluginEntry PluginPanel::EntryAt(int position) const
+{
+    return {position, m_list->itemText(position).toStdString()};
+}
+
+int PluginPanel::PositionOf(const std::string& name) const
+{
+    for (int position = 1; position < m_list->count(); ++position) {
+        if (EntryAt(position).name == name && name != "None") {
+            return position;
+        }
+    }
+    return 0;
+}
+
+std::vector<CorvexDB::PluginParameter> PluginPanel::Ask(int position)
+{
+    return AskParameters(m_plugins, EntryAt(position));
+}
+
+void PluginPanel::Choose(int position)
+{
+    try {
+        const auto parameters = Ask(position);
+        Show(position, parameters, DefaultValues(parameters));
+    } catch (...) {
+        const QSignalBlocker quiet(m_list);
+        m_list->setCurrentIndex(m_shownPosition);
+        throw;
+    }
+    Q_EMIT PluginChosen();
+}
+
+void PluginPanel::Show(int position, const std::vector<CorvexDB::PluginParameter>& parameters,
+                       const std::vector<float>& values)
+{
+    Naming(EntryAt(position), [&] {
+        const std::size_t shown = std::min(parameters.size(), kPluginParameterLimit);
+        std::for_each_n(parameters.begin(), shown, CheckParameter);
+        CheckValues(parameters, values);
+
+        const QSignalBlocker quiet(m_list);
+        m_list->setCurrentIndex(position);
+        m_shownPosition = position;
+        ShowRows({parameters.begin(), parameters.begin() + static_cast<std::ptrdiff_t>(shown)},
+                 values);
+        if (parameters.size() > kPluginParameterLimit) {
+            throw Error(Status::SubscriptOutOfRange,
+                        "it has " + std::to_string(parameters.size()) + " parameters, of which " +
+                            std::to_string(kPluginParameterLimit) + " can be shown");
+        }
+    });
+}
+
+void PluginPanel::ShowRows(const std::vector<CorvexDB::PluginParameter>& parameters,
+                           const std::vector<float>& values)
+{
+    for (PluginRow* row : m_rows) {
+        row->Hide();
+    }
+    m_shownRows = parameters.size();
+    for (std::size_t i = 0; i < m_shownRows; ++i) {
+        m_rows[i]->Show(parameters[i], values[i]);
+    }
+    for (QPushButton* button : m_buttons) {
+        button->setVisible(m_shownRows > 0);
+    }
+    PlaceWidgets();
+    updateGeometry();
+}
+
+void PluginPanel::ReadValues(std::vector<float>& values)
+{
+    values.assign(kPluginParameterLimit, 0.0F);
+    const PluginEntry entry = EntryAt(m_shownPosition);
+    const auto parameters = AskParameters(m_plugins, entry);
+    Naming(entry, [&] {
+        for (std::size_t i = 0; i < parameters.size(); ++i) {
+            if (i >= kPluginParameterLimit) {
+                throw Error(Status::SubscriptOutOfRange,
+                            "it has " + std::to_string(parameters.size()) + " parameters");
+            }
+            values[i] = m_rows[i]->Value(parameters[i].kind);
+        }
+    });
+}
+
+std::vector<float> PluginPanel::Defaults() const
+{
+    std::vector<float> values;
+    for (std::size_t i = 0; i < m_shownRows; ++i) {
+        values.push_back(m_rows[i]->Parameter().defaultValue);
+    }
+    return values;
+}
+
+std::vector<std::string> PluginPanel::DefaultTexts() const
+{
+    return TextsOf(Defaults());
+}
+
+std::vector<std::string> PluginPanel::ParameterTexts() const
+{
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < m_shownRows; ++i) {
+        texts.push_back(m_rows[i]->Text());
+    }
+    return texts;
+}
+
+void PluginPanel::ConfirmNumber(PluginRow& row)
+{
+    const CorvexDB::PluginParameter& parameter = row.Parameter();
+    const std::string accepted = m_numbers.Accept(
+        row.Number().text().toStdString(),
+        {parameter.defaultValue, parameter.minimum, parameter.maximum, parameter.decimals});
+    row.Number().ShowText(QString::fromStdString(accepted));
+    Q_EMIT Edited();
+}
+
+void PluginPanel::PickColour(PluginRow& row)
+{
+    // Black cannot be told from a colour that was never chosen, so the dialog opens with its own.
+    constexpr Colour kBlack = 0;
+    const Colour shown = row.SwatchColour();
+    const auto picked =
+        m_choosers.ChooseColour(shown == kBlack ? std::nullopt : std::optional(shown));
+    if (picked) {
+        row.ShowColour(*picked);
+        Q_EMIT Edited();
+    }
+}
+
+QSize PluginPanel::sizeHint() const
+{
+    if (m_shownRows == 0) {
+        return {kLeastWidth, kListHeight};
+    }
+    return {kLeastWidth, ParameterRowTop(m_shownRows) / kTwipsToPixel + kGap + kButtonHeight};
+}
+
+QSize PluginPanel::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void PluginPanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    PlaceWidgets();
+}
+
+void PluginPanel::PlaceWidgets()
+{
+    m_list->setGeometry(0, 0, width(), kListHeight);
+    for (PluginRow* row : m_rows) {
+        row->Place(width());
+    }
+    const int count = static_cast<int>(m_buttons.size());
+    const int step = (width() + kGap) / count;
+    const int top = ParameterRowTop(m_shownRows) / kTwipsToPixel + kGap;
+    for (int i = 0; i < count; ++i) {
+        m_buttons[static_cast<std::size_t>(i)]->setGeometry(i * step, top, step - kGap,
+                                                            kButtonHeight);
+    }
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,101 @@
+#pragma once
+
+#include "host/CorvexCommon.h"
+#include "host/CorvexDB.h"
+#include "platform/Prompts.h"
+#include "plugins/PluginEntry.h"
+
+#include <QWidget>
+
+#include <string>
+#include <vector>
+
+class QComboBox;
+class QPushButton;
+
+namespace CorvexMaterial {
+
+class PluginRow;
+class Trap;
+
+/// The plug-in list and one row per parameter of the chosen plug-in, ten at most. What a plug-in
+/// does wrong becomes an Error that names it, and the panel keeps what it showed.
+class PluginPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    /// All of the arguments outlive the panel.
+    PluginPanel(const Trap& trap, CorvexDB::PluginTable& plugins,
+                CorvexCommon::NumericValidation& numbers, Choosers& choosers, QWidget* parent);
+
+    // Changes by program: none of them emits a signal.
+
+    /// Leaves the entry "None" alone, chosen.
+    void Clear();
+    void Add(const std::string& name);
+    /// Chooses the plug-in and shows its defaults; an empty, unknown or "None" name is entry 0.
+    void SelectName(const std::string& name);
+    /// Asks the chosen plug-in for its parameters and shows element i in row i; a value beyond an
+    /// editor's ends becomes the nearest that it can show. Errors: SubscriptOutOfRange for fewer
+    /// values than parameters, and for more than ten parameters, of which ten are shown then;
+    /// InvalidArgument for numbers that are none; what the plug-in throws.
+    void Display(const std::vector<float>& values);
+    /// Chooses a plug-in and shows stored values in one step; a missing or unusable one becomes the
+    /// parameter's default. For materials that come from a file, of whatever age.
+    void Restore(const std::string& name, const std::vector<float>& values);
+    /// The same with texts, for the plug-in that is chosen.
+    void ShowTexts(const std::vector<std::string>& texts);
+
+    /// Empty when no plug-in is chosen.
+    [[nodiscard]] std::string SelectedName() const;
+    /// Gives the array ten elements and fills them, 0 beyond the parameters. After an error those
+    /// before it are filled. Errors: SubscriptOutOfRange at the eleventh parameter,
+    /// ConversionFailed when a text is no number, what the plug-in throws.
+    void ReadValues(std::vector<float>& values);
+    /// Of the rows shown, one element each. Nothing here asks the plug-in.
+    [[nodiscard]] std::vector<float> Defaults() const;
+    [[nodiscard]] std::vector<std::string> DefaultTexts() const;
+    [[nodiscard]] std::vector<std::string> ParameterTexts() const;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// The user changed one value.
+    void Edited();
+    /// The user chose an entry; its defaults are shown.
+    void PluginChosen();
+    void RememberPressed();
+    void ResetPressed();
+    void ResetUserPressed();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void MakeRows();
+    void MakeButtons();
+    [[nodiscard]] PluginEntry EntryAt(int position) const;
+    [[nodiscard]] int PositionOf(const std::string& name) const;
+    [[nodiscard]] std::vector<CorvexDB::PluginParameter> Ask(int position);
+    void Choose(int position);
+    void Show(int position, const std::vector<CorvexDB::PluginParameter>& parameters,
+              const std::vector<float>& values);
+    void ShowRows(const std::vector<CorvexDB::PluginParameter>& parameters,
+                  const std::vector<float>& values);
+    void ConfirmNumber(PluginRow& row);
+    void PickColour(PluginRow& row);
+    void PlaceWidgets();
+
+    const Trap& m_trap;
+    CorvexDB::PluginTable& m_plugins;
+    CorvexCommon::NumericValidation& m_numbers;
+    Choosers& m_choosers;
+    QComboBox* m_list = nullptr;
+    std::vector<PluginRow*> m_rows;
+    std::vector<QPushButton*> m_buttons;
+    std::size_t m_shownRows = 0;
+    int m_shownPosition = 0;
+};
+
+}  // namespace CorvexMaterial
