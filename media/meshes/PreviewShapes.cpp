@@ -148,25 +148,26 @@ SurfaceMesh Torus()
 
 SurfaceMesh Cone()
 {
-    constexpr double kRadius = 0.8;
+    constexpr double kRadius = 0.82;
     constexpr double kBase = -0.75;
     constexpr double kTop = 0.95;
     constexpr double kRim = 0.04;
     constexpr std::uint32_t kSlantSteps = 12;
     const double slope = std::atan2(kRadius, kTop - kBase);  // of the side's normal, upward
+    const double rimRadius =
+        kRadius * (kTop - kBase - kRim) / (kTop - kBase) - kRim / std::cos(slope);
     Profile side;
-    AppendArc(side, {kRadius - kRim, kBase + kRim}, kRim, -kPi / 2, slope);
+    AppendArc(side, {rimRadius, kBase + kRim}, kRim, -kPi / 2, slope);
     const ProfilePoint foot = side.back();
-    const double apex = foot.height + foot.radius / std::tan(slope);
     for (std::uint32_t step = 1; step <= kSlantSteps; ++step) {
         const double way = static_cast<double>(step) / kSlantSteps;
         const double radius = step == kSlantSteps ? 0.0 : foot.radius * (1.0 - way);
         side.push_back(
-            {radius, foot.height + way * (apex - foot.height), std::cos(slope), std::sin(slope)});
+            {radius, foot.height + way * (kTop - foot.height), std::cos(slope), std::sin(slope)});
     }
     SurfaceMesh mesh;
     AddLathed(mesh, side, kAround);
-    AddCap(mesh, {kRadius - kRim, kBase, 0.0, -1.0}, kAround);
+    AddCap(mesh, {rimRadius, kBase, 0.0, -1.0}, kAround);
     return mesh;
 }
 

@@ -30,8 +30,9 @@ void WriteVector(std::ostream& out, const Vector& vector)
 
 void WriteXFile(std::ostream& out, const SurfaceMesh& mesh)
 {
+    // Turning the z axis round mirrors the shape, so the corners change their order too.
     const auto writeTriangle = [&](const std::array<std::uint32_t, 3>& corners) {
-        out << "3;" << corners[0] << ',' << corners[1] << ',' << corners[2] << ';';
+        out << "3;" << corners[0] << ',' << corners[2] << ',' << corners[1] << ';';
     };
     out << "xof 0303txt 0032\n" << std::fixed << std::setprecision(6) << "Mesh preview {\n";
     WriteList(out, mesh.points, [&](const SurfacePoint& p) { WriteVector(out, p.position); });

@@ -49,7 +49,7 @@ struct Light {
 inline constexpr Light kKeyLight{{-0.4472F, 0.6099F, 0.6542F}, 0.78F};
 inline constexpr Light kFillLight{{0.9035F, -0.1643F, 0.3958F}, 0.13F};
 inline constexpr float kSkyIntensity = 0.12F;
-inline constexpr float kShadowFill = 0.5F;
+inline constexpr float kShadowFill = 0.42F;
 inline constexpr float kSpecularCost = 0.3F;
 inline constexpr float kShine = 0.9F;
 inline constexpr float kShininess = 60.0F;

@@ -38,7 +38,7 @@ void OutlinePass::Draw(const DrawList& list, SurfaceShaders& shaders, MaskTarget
     picture.Bind();
     const float width = std::clamp(widthPixels, 1.0F, kWidestPixels);
     const PixelExtent extent = picture.Extent();
-    const int margin = static_cast<int>(std::ceil(width)) + 1;
+    const int margin = static_cast<int>(std::ceil(width)) + 2;
     const PixelRegion region = list.RegionOf(list.Selected(), extent, margin);
     m_outline.Use();
     glUniform2f(m_outline.Uniform("pictureSize"), static_cast<float>(extent.width),

@@ -5,24 +5,35 @@ uniform vec2 pictureSize;
 uniform float outlinePixels;
 uniform vec3 outlineColour;
 
+const float rimStrength = 0.6;
+
 float Covered(vec2 pixel)
 {
     return texture(mask, pixel / pictureSize).r;
 }
 
-// A ring around the silhouette: as far as the widened silhouette reaches beyond itself.
+// How much of a pixel lies within this width of the edge of another pixel.
+float Inside(float width, vec2 offset)
+{
+    return clamp(width + 1.0 - length(offset), 0.0, 1.0);
+}
+
+// A ring around the silhouette: as far as the widened silhouette reaches beyond itself. A darker
+// rim of one pixel sets it off from bright things and from those of its own colour.
 void main()
 {
-    float widened = 0.0;
-    int reach = int(ceil(outlinePixels));
+    float ring = 0.0;
+    float rim = 0.0;
+    int reach = int(ceil(outlinePixels + 1.0));
     for (int y = -reach; y <= reach; ++y) {
         for (int x = -reach; x <= reach; ++x) {
-            float inside = clamp(outlinePixels + 0.5 - length(vec2(x, y)), 0.0, 1.0);
-            if (inside > 0.0) {
-                widened = max(widened, inside * Covered(gl_FragCoord.xy + vec2(x, y)));
-            }
+            vec2 offset = vec2(x, y);
+            float covered = Covered(gl_FragCoord.xy + offset);
+            ring = max(ring, Inside(outlinePixels, offset) * covered);
+            rim = max(rim, Inside(outlinePixels + 1.0, offset) * covered);
         }
     }
-    float strength = widened * (1.0 - Covered(gl_FragCoord.xy));
-    result = vec4(outlineColour, strength);
+    float outside = 1.0 - Covered(gl_FragCoord.xy);
+    float strength = outside * max(ring, rimStrength * rim);
+    result = vec4(outlineColour * ring / max(max(ring, rimStrength * rim), 0.001), strength);
 }

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "studio/render/Frame.h"
+
+#include <QImage>
+
+#include <memory>
+
+namespace drawing {
+
+using Material = CorvexDB::udtMaterial;
+
+/// A square of side 2 around the origin that faces +z.
+std::shared_ptr<const studio::Mesh> Square();
+std::shared_ptr<const studio::Mesh> Ball();
+
+studio::FrameItem Item(const std::shared_ptr<const studio::Mesh>& mesh, const Material& material,
+                       const QMatrix4x4& worldFromMesh = {});
+/// Glows evenly in its colour, so that a pixel's value can be told by hand.
+Material Glowing(CorvexMaterial::Colour colour, int transparency = 0);
+
+/// The renderer of all tests, on its own thread; lives as long as `main`.
+class Session {
+public:
+    Session();
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+};
+
+/// 64 by 64 pixels over black, seen from +z, 4 units of the world across at z = 0.
+studio::Frame FrameOf(std::vector<studio::FrameItem> items);
+QImage Draw(const studio::Frame& frame);
+QImage Draw(std::vector<studio::FrameItem> items);
+
+QMatrix4x4 Moved(float x, float y, float z);
+QMatrix4x4 TurnedAboutY(float degrees);
+
+/// Largest difference of any channel of any pixel; 255 for pictures of different size.
+int Difference(const QImage& a, const QImage& b);
+/// Brightness of the darkest and the brightest pixel that differs from the background.
+struct Range {
+    int darkest = 255;
+    int brightest = 0;
+};
+Range BrightnessOf(const QImage& picture, QRgb background = 0xFF000000);
+int CountOf(const QImage& picture, QRgb colour);
+
+}  // namespace drawing

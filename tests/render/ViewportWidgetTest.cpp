@@ -1,0 +1,191 @@
+#include "studio/render/ViewportWidget.h"
+#include "Drawing.h"
+#include "host/Status.h"
+#include "studio/render/FrameSource.h"
+#include "studio/render/GlContext.h"
+
+#include <QSignalSpy>
+#include <QTest>
+#include <QWheelEvent>
+
+#include <gtest/gtest.h>
+
+using namespace drawing;
+using studio::ViewportWidget;
+
+namespace {
+
+class BallSource : public studio::FrameSource {
+public:
+    void Fill(studio::Frame& frame) override { frame.items = {Item(Ball(), Glowing(0x0000FF))}; }
+};
+
+class NoDevice : public studio::GlContextProvider {
+public:
+    std::unique_ptr<studio::GlContext> Create() override
+    {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::GraphicsFailed, "no device today");
+    }
+};
+
+class ViewportWidgetTest : public testing::Test {
+protected:
+    ViewportWidgetTest()
+    {
+        widget.resize(200, 150);
+        widget.SetSource(&source);
+    }
+
+    void ShowAndWait()
+    {
+        QSignalSpy shown(&widget, &ViewportWidget::pictureShown);
+        widget.show();
+        ASSERT_TRUE(shown.wait());
+    }
+
+    QRgb MiddlePixel() { return widget.grab().toImage().pixel(100, 75); }
+
+    void Drag(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint by)
+    {
+        const QPoint from(100, 75);
+        QTest::mousePress(&widget, button, modifiers, from);
+        // QTest's move carries no buttons or modifiers, so each step is an event of its own.
+        for (int step = 1; step <= 4; ++step) {
+            const QPointF to = from + by * step / 4;
+            QMouseEvent move(QEvent::MouseMove, to, widget.mapToGlobal(to), Qt::NoButton, button,
+                             modifiers);
+            QApplication::sendEvent(&widget, &move);
+        }
+        QTest::mouseRelease(&widget, button, modifiers, from + by);
+    }
+
+    void Wheel(int steps)
+    {
+        const QPointF at(100, 75);
+        QWheelEvent event(at, widget.mapToGlobal(at), {}, {0, 120 * steps}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    BallSource source;
+    studio::RenderService service;
+    ViewportWidget widget{service};
+};
+
+TEST_F(ViewportWidgetTest, HiddenViewDrawsOnceItIsShown)
+{
+    widget.Draw();
+    QSignalSpy shown(&widget, &ViewportWidget::pictureShown);
+    QCoreApplication::processEvents();
+    (void)service.DrawNow(widget.CurrentFrame());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown.count(), 0);
+    ShowAndWait();
+    EXPECT_EQ(MiddlePixel(), qRgb(255, 0, 0));
+}
+
+TEST_F(ViewportWidgetTest, SeveralDrawsBeforeTheEventLoopCostOnePicture)
+{
+    ShowAndWait();
+    QSignalSpy shown(&widget, &ViewportWidget::pictureShown);
+    for (int i = 0; i < 20; ++i) {
+        widget.Draw();
+    }
+    ASSERT_TRUE(shown.wait());
+    EXPECT_EQ(shown.count(), 1);
+    ASSERT_TRUE(shown.wait());  // a resting view gets its smooth edges
+    EXPECT_EQ(MiddlePixel(), qRgb(255, 0, 0));
+}
+
+TEST_F(ViewportWidgetTest, PictureStaysUntilTheNextDraw)
+{
+    ShowAndWait();
+    QImage green(40, 30, QImage::Format_RGB32);
+    green.fill(Qt::green);
+    widget.Draw();
+    QCoreApplication::processEvents();
+    widget.ShowPicture(green);
+    (void)service.DrawNow(widget.CurrentFrame());  // whatever was asked for is drawn by now
+    QCoreApplication::processEvents();
+    EXPECT_EQ(MiddlePixel(), qRgb(0, 255, 0));
+    widget.resize(210, 150);
+    widget.hide();
+    widget.show();
+    QCoreApplication::processEvents();
+    (void)service.DrawNow(widget.CurrentFrame());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(MiddlePixel(), qRgb(0, 255, 0));
+    QSignalSpy shown(&widget, &ViewportWidget::pictureShown);
+    widget.Draw();
+    ASSERT_TRUE(shown.wait());
+    EXPECT_EQ(MiddlePixel(), qRgb(255, 0, 0));
+}
+
+TEST_F(ViewportWidgetTest, DragsTurnAndPanAndAClickDoesNeither)
+{
+    ShowAndWait();
+    const studio::Camera home = widget.Camera();
+    QSignalSpy clicked(&widget, &ViewportWidget::clicked);
+    QSignalSpy finished(&widget, &ViewportWidget::interactionFinished);
+    QSignalSpy position(&widget, &ViewportWidget::positionText);
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::ControlModifier, {20, 30});
+    ASSERT_EQ(clicked.count(), 1);
+    EXPECT_EQ(clicked[0][0].toPoint(), QPoint(20, 30));
+    EXPECT_EQ(clicked[0][1].value<Qt::KeyboardModifiers>(), Qt::ControlModifier);
+    EXPECT_EQ(widget.Camera(), home);
+
+    Drag(Qt::LeftButton, Qt::NoModifier, {40, 20});
+    EXPECT_LT(widget.Camera().yawDegrees, home.yawDegrees);  // the near side follows the hand
+    EXPECT_GT(widget.Camera().pitchDegrees, home.pitchDegrees);
+    EXPECT_EQ(widget.Camera().target, home.target);
+    EXPECT_FALSE(position.isEmpty());
+    Drag(Qt::LeftButton, Qt::NoModifier, {0, 4000});
+    EXPECT_LT(widget.Camera().pitchDegrees, 90.0F);
+
+    for (const auto& [button, modifiers] :
+         {std::pair{Qt::MiddleButton, Qt::KeyboardModifiers(Qt::NoModifier)},
+          {Qt::LeftButton, Qt::KeyboardModifiers(Qt::ShiftModifier)}}) {
+        widget.SetHomeCamera(home);
+        Drag(button, modifiers, {75, 0});
+        EXPECT_EQ(widget.Camera().yawDegrees, home.yawDegrees);
+        // Half the picture's height to the right: what was the middle is now there.
+        const studio::Ray ray = widget.Camera().RayThrough({175, 75}, widget.size());
+        EXPECT_LT(home.target.distanceToLine(ray.origin, ray.direction), 0.01F);
+    }
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_EQ(finished.count(), 4);
+}
+
+TEST_F(ViewportWidgetTest, WheelZoomsWithinLimitsAndADoubleClickReturns)
+{
+    ShowAndWait();
+    const studio::Camera home = widget.Camera();
+    QSignalSpy finished(&widget, &ViewportWidget::interactionFinished);
+    Wheel(1);
+    EXPECT_LT(widget.Camera().distance, home.distance);
+    EXPECT_TRUE(finished.wait());
+    EXPECT_EQ(finished.count(), 1);
+    Wheel(1000);
+    EXPECT_GT(widget.Camera().distance, home.distance / 100.0F);
+    Wheel(-2000);
+    EXPECT_LT(widget.Camera().distance, home.distance * 100.0F);
+    QTest::mouseDClick(&widget, Qt::LeftButton, {}, {100, 75});
+    EXPECT_EQ(widget.Camera(), home);
+    EXPECT_EQ(widget.PositionText(), "Yaw 35°  Pitch 20°  Zoom 100 %");
+}
+
+TEST(ViewportWithoutDevice, SaysSo)
+{
+    studio::RenderService service(std::make_unique<NoDevice>());
+    ViewportWidget widget(service);
+    widget.resize(200, 150);
+    widget.SetBackdrop(studio::Backdrop::Flat);
+    widget.SetBackground(0);
+    QSignalSpy failed(&widget, &ViewportWidget::failed);
+    widget.show();
+    ASSERT_TRUE(failed.wait());
+    EXPECT_EQ(failed[0][0].toString(), "no device today");
+    EXPECT_LT(CountOf(widget.grab().toImage(), 0xFF000000), 200 * 150 - 20);  // there is a text
+}
+
+}  // namespace
