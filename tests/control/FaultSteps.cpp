@@ -1,0 +1,172 @@
+#include "tests/control/FaultSteps.h"
+
+#include "tests/control/SampleMaterial.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+
+namespace CorvexTest {
+namespace {
+
+using CorvexMaterial::Material;
+using CorvexMaterial::Status;
+
+Step Member(std::string name, std::function<Status(Material&, ControlRig&)> call)
+{
+    return {std::move(name), [call](ControlRig& rig) { return call(rig.Control(), rig); }};
+}
+
+template <typename Value>
+Step Put(std::string name, Status (CorvexMaterial::IMaterial::*put)(const Value&), Value value)
+{
+    return {std::move(name), [=](ControlRig& rig) { return (rig.Control().*put)(value); }};
+}
+
+Step UserDoes(std::string name, std::function<void(ControlRig&)> act)
+{
+    return {std::move(name), [act](ControlRig& rig) {
+                act(rig);
+                return std::optional<Status>();
+            }};
+}
+
+Step Pressed(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) { rig.Press(name); });
+}
+
+Step Typed(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) {
+        auto& field = rig.Field(name);
+        Type(field, field.text() == "7" ? "8" : "7");
+    });
+}
+
+}  // namespace
+
+std::vector<Step> Members()
+{
+    std::vector<Step> steps;
+    using M = Material;
+    const auto add = [&](const char* name, Status (M::*call)()) {
+        steps.push_back(
+            Member(name, [call](M& control, ControlRig&) { return (control.*call)(); }));
+    };
+    add("InitializeMaterialPreviewScene", &M::InitializeMaterialPreviewScene);
+    add("LoadSavedStatus", &M::LoadSavedStatus);
+    add("SaveStatus", &M::SaveStatus);
+    add("RenderMaterial", &M::RenderMaterial);
+    add("DefaultMaterial", &M::DefaultMaterial);
+    add("ResetMiscellaneous", &M::ResetMiscellaneous);
+    add("ResetDevices", &M::ResetDevices);
+    add("pReleaseMaterialLibrarySelection", &M::pReleaseMaterialLibrarySelection);
+    add("pReleaseTextureLibrarySelection", &M::pReleaseTextureLibrarySelection);
+    add("pAlphaIsTransparentUpdated", &M::pAlphaIsTransparentUpdated);
+    steps.push_back(Member("SetBackColor",
+                           [](M& control, ControlRig&) { return control.SetBackColor(1, 2, 3); }));
+    steps.push_back(Member("CopyFieldToFormMaterial", [](M& control, ControlRig&) {
+        return control.CopyFieldToFormMaterial(KeptMaterial());
+    }));
+    steps.push_back(Member("SetTexturesAvoidStateChange", [](M& control, ControlRig&) {
+        return control.SetTexturesAvoidStateChange("/p", "/a", "/o", "/b", "/s", "/e");
+    }));
+    steps.push_back(Member("SetTextureCropping", [](M& control, ControlRig&) {
+        return control.SetTextureCropping(0.1F, 0.2F, 0.3F, 0.4F);
+    }));
+    steps.push_back(Member("sCreateRayTraceCombinedAttributes", [](M& control, ControlRig&) {
+        std::string text;
+        return control.sCreateRayTraceCombinedAttributes(text);
+    }));
+    steps.push_back(Member("colTextures", [](M& control, ControlRig&) {
+        CorvexDB::TextureCollection* textures = nullptr;
+        return control.get_colTextures(textures);
+    }));
+    steps.push_back(Member("ApplyShapeMaterial", [](M& control, ControlRig& rig) {
+        control.SetTexturesAvoidStateChange("", "", "", "", "", "");  // forgets what was gathered
+        RecordingShape shape(rig.log, "selected", rig.host.sceneGraph.missingMeshes);
+        return control.ApplyShapeMaterial(rig.host.Viewport()->TheScene(), shape, false, nullptr,
+                                          nullptr, {}, {}, false, {}, {});
+    }));
+    steps.push_back(Member("SetMaxStatus",
+                           [](M& control, ControlRig&) { return control.SetMaxStatus(20000); }));
+    return steps;
+}
+
+std::vector<Step> Properties()
+{
+    std::vector<Step> steps;
+    using I = CorvexMaterial::IMaterial;
+    steps.push_back(Put("bMaterialPanel", &I::put_bMaterialPanel, true));
+    steps.push_back(Put("bTexturePanel", &I::put_bTexturePanel, true));
+    steps.push_back(Put("bMaterialLibraryPanel", &I::put_bMaterialLibraryPanel, true));
+    steps.push_back(Put("lVBColor", &I::put_lVBColor, 255));
+    steps.push_back(Put("lPreviewPrimitive", &I::put_lPreviewPrimitive, 3));
+    for (const auto put : {&I::put_TextureFileName, &I::put_TextureOverlayFileName,
+                           &I::put_TextureBumpmapFileName, &I::put_TextureSpecularMapFileName,
+                           &I::put_TextureEnvironmentMapFileName, &I::put_TextureAlphaFileName}) {
+        steps.push_back(Put("texture file", put, std::string("/a.png")));
+    }
+    for (const auto put : {&I::put_TextureTilesPerUnit, &I::put_TextureOriginU,
+                           &I::put_TextureOriginV, &I::put_TextureScaleU, &I::put_TextureScaleV}) {
+        steps.push_back(Put("placement", put, 0.5F));
+    }
+    for (const auto put : {&I::put_lRaytraceType, &I::put_lRaytracePredefinedType,
+                           &I::put_lRaytraceColorPatternType}) {
+        steps.push_back(Put("raytrace position", put, 0));
+    }
+    steps.push_back(Put("FlatWrapType", &I::put_FlatWrapType, CorvexDB::FlatWrapType::SizeToFit));
+    steps.push_back(Put("WrapType", &I::put_WrapType, CorvexDB::WrapType::Flat));
+    steps.push_back(Put("ApplyRelative", &I::put_ApplyRelative, CorvexDB::ApplyMode::Relative));
+    return steps;
+}
+
+std::vector<Step> UserActions()
+{
+    std::vector<Step> steps;
+    for (const char* name :
+         {"chkFlipU", "chkFlipV", "chkDoubleSided", "chkApplyRelative", "chkAlphaIsTransparent",
+          "cmdMaterialRemember", "cmdMaterialResetUserDefaults", "cmdMaterialResetDefaults",
+          "cmdMiscellaneousResetToDefaults", "cmdAdvancedOptionsResetDefaults", "chkTextureLibrary",
+          "chkMaterialLibrary", "chkMaterialPanel"}) {
+        steps.push_back(Pressed(name));
+    }
+    for (const char* name : {"cmdSelectColor", "picVBColor"}) {
+        steps.push_back(UserDoes(name, [name](ControlRig& rig) {
+            rig.platform.choosers.colours = {0x010203};
+            rig.Press(name);
+        }));
+    }
+    steps.push_back(UserDoes("cboColor", [](ControlRig& rig) {
+        rig.platform.choosers.colours = {0x030201};
+        Choose(rig.List("cboColor"), "Custom");
+    }));
+    steps.push_back(UserDoes("cboAlphaTest",
+                             [](ControlRig& rig) { Choose(rig.List("cboAlphaTest"), "Less"); }));
+    for (const char* name : {"txtEmissive", "txtSpecular", "txtAmbient", "txtTransparency",
+                             "txtAlphaTestReference", "txtTexture2Translucency"}) {
+        steps.push_back(Typed(name));
+    }
+    steps.push_back(UserDoes("cmdPreviewPrimitive", [](ControlRig& rig) {
+        const DialogAnswer answer(
+            [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdPrimitive_1")); });
+        rig.Press("cmdPreviewPrimitive");
+    }));
+    steps.push_back(UserDoes("the viewport", [](ControlRig& rig) {
+        rig.host.Viewport()->listener->ViewChanged();
+        rig.host.Viewport()->listener->PositionChanged("here");
+    }));
+    for (const char* kind : {"Material", "Texture"}) {
+        for (const char* change : {"More", "Less"}) {
+            const std::string name = std::string("cmd") + kind + "Library" + change;
+            steps.push_back(UserDoes(name, [name](ControlRig& rig) {
+                rig.Control().put_bTexturePanel(true);
+                rig.Control().put_bMaterialLibraryPanel(true);
+                rig.Press(name.c_str());
+            }));
+        }
+    }
+    return steps;
+}
+
+}  // namespace CorvexTest

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "tests/support/ControlRig.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CorvexTest {
+
+/// One thing that a host or a user does with a running control.
+struct Step {
+    std::string name;
+    /// The status of a member; nothing for what a user does.
+    std::function<std::optional<CorvexMaterial::Status>(ControlRig&)> act;
+};
+
+/// Every member that calls the host or the desktop.
+std::vector<Step> Members();
+/// Every property that can be written.
+std::vector<Step> Properties();
+/// Every control that a user can operate.
+std::vector<Step> UserActions();
+
+}  // namespace CorvexTest
