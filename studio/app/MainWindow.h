@@ -12,6 +12,8 @@
 #include <QUndoStack>
 
 class QDockWidget;
+class QLabel;
+class QMenu;
 
 namespace studio {
 

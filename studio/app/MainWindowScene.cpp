@@ -57,7 +57,8 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
     ShowShapes(ShapesOf(model), QFileInfo(file).fileName());
     m_viewport->SetHomeCamera(DefaultCamera().Framing(m_scene.Extent()));
     m_host.Log().RecordEvent("Opened " + file.toStdString());
-    m_misc->setText(tr("%n shape(s)", nullptr, static_cast<int>(m_scene.All().size())));
+    const std::size_t count = m_scene.All().size();
+    m_misc->setText(count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count));
     Q_EMIT SceneOpened();
 }
 

@@ -1,8 +1,9 @@
 #include "studio/app/Theme.h"
 
+#include "studio/app/StudioStyle.h"
+
 #include <QFile>
 #include <QPalette>
-#include <QStyleFactory>
 
 // The resources of a static library are found only once asked for, and only outside a namespace.
 static void LoadResources()
@@ -68,7 +69,7 @@ QColor AccentColour()
 void ApplyTheme(QApplication& application)
 {
     LoadResources();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new StudioStyle);
     QApplication::setPalette(StudioPalette());
     QFile sheet(QStringLiteral(":/studio/studio.qss"));
     if (sheet.open(QIODevice::ReadOnly)) {

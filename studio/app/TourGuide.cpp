@@ -9,6 +9,8 @@
 #include <QMouseEvent>
 #include <QScrollArea>
 
+#include <set>
+
 namespace studio {
 namespace {
 
@@ -127,12 +129,20 @@ void TourGuide::Settle() const
     still.setSingleShot(true);
     QObject::connect(&still, &QTimer::timeout, &loop, &QEventLoop::quit);
     QTimer::singleShot(kPatienceMs, &loop, &QEventLoop::quit);
-    for (const auto* viewport : m_window.findChildren<ViewportWidget*>()) {
+    std::set<const ViewportWidget*> awaited;
+    for (auto* viewport : m_window.findChildren<ViewportWidget*>()) {
+        awaited.insert(viewport);
         QObject::connect(viewport, &ViewportWidget::pictureShown, &still,
-                         [&still] { still.start(kStillMs); });
+                         [&still, &awaited, viewport] {
+                             awaited.erase(viewport);
+                             if (awaited.empty()) {
+                                 still.start(kStillMs);
+                             }
+                         });
+        viewport->Draw();
     }
-    still.start(kStillMs);
     loop.exec();
+    Expect(awaited.empty(), QStringLiteral("A viewport shows no picture."));
 }
 
 void TourGuide::Picture(const QString& name)

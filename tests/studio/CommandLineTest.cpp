@@ -1,0 +1,105 @@
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Outcome {
+    int exitCode = -1;
+    QString output;
+    QString errors;
+};
+
+Outcome Studio(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(STUDIO_PROGRAM), arguments);
+    process.waitForFinished(60000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+TEST(CommandLine, VersionAndHelpNeedNoDisplay)
+{
+    qunsetenv("QT_QPA_PLATFORM");
+    EXPECT_TRUE(Studio({"--version"}).output.startsWith("corvex-studio 1."));
+    const Outcome help = Studio({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_TRUE(help.output.contains("Exit codes"));
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+class WrongUsage : public testing::TestWithParam<const char*> {};
+
+TEST_P(WrongUsage, IsExplainedAndEndsWithTwo)
+{
+    const Outcome run = Studio(QString(GetParam()).split(' '));
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.errors.contains("--help"));
+    EXPECT_FALSE(QFile::exists("refused.png"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lines, WrongUsage,
+    testing::Values("--nonsense", "one.obj two.obj", "render --out refused.png", "render a.obj",
+                    "render a.obj --primitive cube --out refused.png",
+                    "render --primitive pyramid --out refused.png",
+                    "render --primitive cube --out refused.png --size 0x10",
+                    "render --primitive cube --out refused.png --size 9000x10",
+                    "render --primitive cube --out refused.png --material shine=3",
+                    "render --primitive cube --out refused.png --material ambient=much",
+                    "render --primitive cube --out refused.png --material alpha-test=8",
+                    "render --primitive cube --out refused.png --material colour=Mud"));
+
+class Rendering : public testing::Test {
+protected:
+    QImage Draw(const QStringList& what)
+    {
+        const QString file = folder.filePath("picture.png");
+        const Outcome run =
+            Studio(QStringList{"render", "--size", "160x120", "--out", file} + what);
+        EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+        return QImage(file);
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(Rendering, MaterialAssignmentsReachThePicture)
+{
+    const QImage red = Draw({"--primitive", "sphere", "--material", "colour=#ff0000"});
+    ASSERT_EQ(red.size(), QSize(160, 120));
+    const QColor centre = red.pixelColor(80, 60);
+    EXPECT_GT(centre.red(), 100);
+    EXPECT_LT(centre.green(), 60);
+    const QImage bronze = Draw({"--primitive", "sphere", "--material", "colour=bronze"});
+    EXPECT_GT(bronze.pixelColor(80, 60).green(), 60);
+    const QImage cut = Draw({"--primitive", "sphere", "--material", "alpha-test=Less", "--material",
+                             "alpha-test-reference=0"});
+    EXPECT_NEAR(cut.pixelColor(80, 60).red(), cut.pixelColor(20, 60).red(), 4)
+        << "every fragment fails the test: only the backdrop is left";
+}
+
+TEST_F(Rendering, AModelIsSeen)
+{
+    const QImage picture = Draw({MODEL_FOLDER "/still-life.obj"});
+    EXPECT_NE(picture.pixelColor(80, 75), picture.pixelColor(5, 75));
+}
+
+TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
+{
+    const QString missing = folder.filePath("missing.obj");
+    const Outcome unread = Studio({"render", missing, "--out", folder.filePath("a.png")});
+    EXPECT_EQ(unread.exitCode, 1);
+    EXPECT_TRUE(unread.errors.contains("missing.obj"));
+    const QString nowhere = folder.filePath("no/such/folder/a.png");
+    const Outcome unwritten = Studio({"render", "--primitive", "cube", "--out", nowhere});
+    EXPECT_EQ(unwritten.exitCode, 1);
+    EXPECT_TRUE(unwritten.errors.contains(nowhere));
+}
+
+}  // namespace

@@ -1,0 +1,181 @@
+#include "tests/studio/StudioRig.h"
+
+#include "material/NamedColours.h"
+
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using studio::AppliedMaterial;
+using StudioTest::StudioRig;
+
+class Editing : public testing::Test {
+protected:
+    Editing() { rig.Start(); }
+
+    QUndoStack& History() { return rig.Window().History(); }
+    std::vector<CorvexDB::udtMaterial> Materials()
+    {
+        std::vector<CorvexDB::udtMaterial> materials;
+        for (const auto& shape : rig.Window().Scene().All()) {
+            materials.push_back(shape->Material());
+        }
+        return materials;
+    }
+
+    StudioRig rig;
+};
+
+TEST_F(Editing, SelectingShowsEachMaterialAndChangesNone)
+{
+    const auto before = Materials();
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        rig.Select({i});
+        std::int32_t colour = 0;
+        rig.Window().Panel().get_lVBColor(colour);
+        EXPECT_EQ(colour, before[i].Color);
+        EXPECT_EQ(rig.TextOf("txtSpecular"), QString::number(before[i].Specular));
+        EXPECT_EQ(rig.TextOf("txtTransparency"), QString::number(before[i].Transparency));
+    }
+    EXPECT_EQ(Materials(), before);
+    EXPECT_EQ(History().count(), 0);
+}
+
+TEST_F(Editing, WithoutSelectionOnlyThePanelChanges)
+{
+    const auto before = Materials();
+    rig.Type("txtAmbient", "33");
+    rig.Choose("cboColor", "Bronze");
+    EXPECT_EQ(Materials(), before);
+    EXPECT_EQ(History().count(), 0);
+}
+
+TEST_F(Editing, TypedTextIsOneStepThatTakesPanelAndShapeBack)
+{
+    rig.Select({1});
+    const QString before = rig.TextOf("txtAmbient");
+    rig.Type("txtAmbient", "135");
+    ASSERT_EQ(History().count(), 1);
+    EXPECT_EQ(History().undoText(),
+              "Change ambient of " + QString::fromStdString(rig.Shape(1)->Name()));
+    EXPECT_EQ(rig.Shape(1)->Material().Ambient, 135);
+
+    History().undo();
+    EXPECT_EQ(rig.TextOf("txtAmbient"), before);
+    EXPECT_EQ(rig.Shape(1)->Material().Ambient, before.toInt());
+    History().redo();
+    EXPECT_EQ(rig.TextOf("txtAmbient"), "135");
+    EXPECT_EQ(rig.Shape(1)->Material().Ambient, 135);
+    EXPECT_EQ(History().count(), 1);
+}
+
+TEST_F(Editing, EditThatEndsWhereItBeganLeavesNoStep)
+{
+    rig.Select({0});
+    const QString before = rig.TextOf("txtAmbient");
+    rig.Type("txtAmbient", "7");
+    rig.Type("txtAmbient", before);
+    EXPECT_EQ(History().count(), 0);
+}
+
+TEST_F(Editing, OneEditReachesAllSelectedShapesAsOneStep)
+{
+    const auto before = Materials();
+    rig.Select({0, 2, 3});
+    rig.Choose("cboColor", "Bronze");
+    const CorvexDB::udtMaterial& changed = rig.Shape(3)->Material();
+    EXPECT_EQ(changed.Color, CorvexMaterial::MakeColour({140, 120, 36}));
+    EXPECT_EQ(rig.Shape(0)->Material(), changed);
+    EXPECT_EQ(rig.Shape(2)->Material(), changed);
+    EXPECT_EQ(rig.Shape(1)->Material(), before[1]);
+    EXPECT_EQ(rig.Shape(0)->Applied().gathered, rig.Shape(3)->Applied().gathered)
+        << "the shapes keep copies of one material";
+    ASSERT_EQ(History().count(), 1);
+    History().undo();
+    EXPECT_EQ(Materials(), before);
+}
+
+TEST_F(Editing, ChangingThePreviewLeavesDifferingShapesAlone)
+{
+    const auto before = Materials();
+    rig.Select({0, 1, 2});
+    rig.Window().Panel().put_lPreviewPrimitive(0);
+    rig.Window().Panel().RenderMaterial();
+    EXPECT_EQ(Materials(), before);
+    EXPECT_EQ(History().count(), 0);
+}
+
+TEST_F(Editing, UndoSelectsAndShowsTheShapesItChanges)
+{
+    rig.Select({0});
+    rig.Choose("cboAlphaTest", "Greater");
+    rig.Select({2});
+    History().undo();
+    ASSERT_EQ(rig.Window().Selected().All().size(), 1U);
+    EXPECT_EQ(rig.Window().Selected().Latest(), rig.Shape(0));
+    EXPECT_EQ(rig.Find<QComboBox>("cboAlphaTest").currentText(), "Never");
+    EXPECT_FALSE(rig.Find<QLineEdit>("txtAlphaTestReference").isEnabled());
+}
+
+TEST_F(Editing, UndoKeyInsideAFieldBelongsToTheHistory)
+{
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&rig.Window()));
+    rig.Select({0});
+    const int before = rig.Shape(0)->Material().Ambient;
+    auto& field = rig.Find<QLineEdit>("txtAmbient");
+    field.setFocus();
+    rig.Type("txtAmbient", "11");
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, before);
+    EXPECT_FALSE(History().canUndo());
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, 11);
+}
+
+struct Pause {
+    const char* name;
+    int milliseconds;
+    const char* secondField;
+    std::size_t secondShape;
+    int steps;
+};
+
+class TwoEdits : public Editing, public testing::WithParamInterface<Pause> {};
+
+TEST_P(TwoEdits, JoinOnlyWhenTheyAreOneGesture)
+{
+    const auto before = Materials();
+    rig.Select({0});
+    rig.Type("txtAmbient", "4");
+    rig.now += std::chrono::milliseconds(GetParam().milliseconds);
+    rig.Select({GetParam().secondShape});
+    rig.Type(GetParam().secondField, "77");
+    EXPECT_EQ(History().count(), GetParam().steps);
+    while (History().canUndo()) {
+        History().undo();
+    }
+    EXPECT_EQ(Materials(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Pauses, TwoEdits,
+                         testing::Values(Pause{"Quick", 900, "txtAmbient", 0, 1},
+                                         Pause{"Slow", 1100, "txtAmbient", 0, 2},
+                                         Pause{"OtherField", 10, "txtEmissive", 0, 2},
+                                         Pause{"OtherShape", 10, "txtAmbient", 1, 2}),
+                         [](const auto& row) { return row.param.name; });
+
+// A drag that never pauses is one step however long it takes.
+TEST_F(Editing, LongDragStaysOneStep)
+{
+    rig.Select({0});
+    for (int value = 1; value <= 40; ++value) {
+        rig.now += std::chrono::milliseconds(300);
+        rig.Find<QSlider>("sldSpecular").setValue(value);
+    }
+    EXPECT_EQ(rig.Shape(0)->Material().Specular, 40);
+    EXPECT_EQ(History().count(), 1);
+}
+
+}  // namespace

@@ -1,0 +1,100 @@
+#include "studio/app/EventLog.h"
+#include "studio/app/NumberField.h"
+#include "studio/app/StudioDesktop.h"
+#include "studio/app/StudioRaytrace.h"
+#include "tests/support/RecordingPlatform.h"
+
+#include "host/Status.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Typed {
+    const char* text;
+    CorvexCommon::NumericRange range;
+    const char* accepted;
+};
+
+class NumberFields : public testing::TestWithParam<Typed> {};
+
+TEST_P(NumberFields, AcceptWithinRangeAndDecimals)
+{
+    const QLocale own;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    EXPECT_EQ(studio::NumberField().Accept(GetParam().text, GetParam().range), GetParam().accepted);
+    QLocale::setDefault(own);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, NumberFields,
+    testing::Values(Typed{"1.5", {0, 0, 10, 2}, "1.50"}, Typed{"1,5", {0, 0, 10, 2}, "1.50"},
+                    Typed{" 7 ", {0, 0, 10, 0}, "7"}, Typed{"11", {0, 0, 10, 1}, "10.0"},
+                    Typed{"-3", {0, -1, 10, 0}, "-1"}, Typed{"", {4, 0, 10, 1}, "4.0"},
+                    Typed{"ten", {4, 0, 10, 0}, "4"}, Typed{"nan", {4, 0, 10, 0}, "4"},
+                    Typed{"1e400", {4, 0, 10, 0}, "4"}, Typed{"5", {0, 8, 2, 0}, "8"}));
+
+TEST(RaytraceText, HoldsEveryNumberExactlyWhateverTheLocale)
+{
+    const QLocale own;
+    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    CorvexDB::cdtRayTraceMaterialAttributes attributes;
+    attributes.Brilliance = 0.1F;
+    attributes.Metallic = true;
+    attributes.ColorPatternColor[2] = {0.25F, 0.5F, 1.0F, 0.0F};
+    const std::string text = studio::StudioRaytrace().CombinedAttributes(attributes);
+    QLocale::setDefault(own);
+    EXPECT_EQ(text.rfind("Brilliance=0.1;Reflection=0;", 0), 0U);
+    EXPECT_NE(text.find(";Metallic=1;"), std::string::npos);
+    EXPECT_NE(text.find(";ColorPatternColor2=0.25,0.5,1,0;"), std::string::npos);
+}
+
+TEST(EventLogFile, StaysBoundedAndKeepsOneLinePerEvent)
+{
+    const QTemporaryDir folder;
+    studio::EventLog log(folder.filePath("new/folder"), 2000);
+    for (int i = 0; i < 500; ++i) {
+        log.RecordEvent("line one\nforged line " + std::to_string(i));
+    }
+    const QString path = folder.filePath("new/folder/events.log");
+    EXPECT_LE(QFileInfo(path).size(), 2000);
+    EXPECT_LE(QFileInfo(path + ".1").size(), 2000);
+    EXPECT_TRUE(QFileInfo::exists(path + ".1"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = file.readAll().trimmed().split('\n');
+    for (const QByteArray& line : lines) {
+        EXPECT_TRUE(line.contains(" line one forged line ")) << line.constData();
+    }
+    EXPECT_TRUE(lines.last().endsWith("499"));
+}
+
+TEST(EventLogFile, AFolderThatCannotBeMadeIsNoTrouble)
+{
+    const QTemporaryDir folder;
+    QFile inTheWay(folder.filePath("state"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    studio::EventLog log(folder.filePath("state"));
+    EXPECT_NO_THROW(log.RecordEvent("lost"));
+}
+
+TEST(FailingSettings, AreToldOnce)
+{
+    CorvexTest::CallLog log;
+    CorvexTest::RecordingStore store(log);
+    studio::OnceFailingSettings settings(store);
+    log.FailEach("Store.Flush", CorvexTest::Fault::ClassifiedError);
+    EXPECT_THROW(settings.Flush("Corvex"), CorvexMaterial::Error);
+    EXPECT_NO_THROW(settings.Flush("Corvex"));
+    log.Clear();
+    settings.Write({"Corvex", "Studio", "Key"}, "value");
+    EXPECT_NO_THROW(settings.Flush("Corvex"));
+    EXPECT_EQ(settings.Read({"Corvex", "Studio", "Key"}), "value");
+}
+
+}  // namespace

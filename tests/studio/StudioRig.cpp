@@ -1,0 +1,89 @@
+#include "tests/studio/StudioRig.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace StudioTest {
+
+StudioRig::StudioRig()
+{
+    qputenv("XDG_CONFIG_HOME", m_folder.path().toLocal8Bit());
+}
+
+StudioRig::~StudioRig()
+{
+    if (m_window) {
+        Stop();
+    }
+}
+
+void StudioRig::Start()
+{
+    m_desktop = std::make_unique<studio::StudioDesktop>();
+    CorvexMaterial::Platform& desktop = m_desktop->Get();
+    m_platform = std::make_unique<CorvexMaterial::Platform>(
+        CorvexMaterial::Platform{desktop.settings, prompts, desktop.choosers, desktop.processes,
+                                 desktop.temporaryFiles, desktop.library, desktop.imageFormats});
+    m_host =
+        std::make_unique<studio::StudioHost>(studio::ProfileIn(m_folder.path()), desktop.settings);
+    m_window = std::make_unique<studio::MainWindow>(
+        *m_host, *m_platform, studio::ImportProgram{QStringLiteral(STUDIO_PROGRAM)},
+        [this] { return now; });
+    m_window->show();
+    m_window->activateWindow();
+}
+
+void StudioRig::Stop()
+{
+    m_window->close();
+    m_window.reset();
+    m_host.reset();
+    m_platform.reset();
+    m_desktop.reset();
+}
+
+QString StudioRig::SettingsFile() const
+{
+    return m_folder.filePath(QStringLiteral("Corvex/CorvexStudio.ini"));
+}
+
+QString StudioRig::PathOf(const char* name) const
+{
+    return m_folder.filePath(QLatin1String(name));
+}
+
+std::shared_ptr<studio::StudioShape> StudioRig::Shape(std::size_t index)
+{
+    return m_window->Scene().All().at(index);
+}
+
+void StudioRig::Select(std::vector<std::size_t> indices)
+{
+    studio::Selection::Shapes shapes;
+    for (const std::size_t index : indices) {
+        shapes.push_back(Shape(index));
+    }
+    m_window->Selected().Set(shapes);
+}
+
+void StudioRig::Open(const QString& file)
+{
+    QSignalSpy opened(m_window.get(), &studio::MainWindow::SceneOpened);
+    QSignalSpy refused(m_window.get(), &studio::MainWindow::SceneRefused);
+    m_window->OpenModel(file);
+    if (!QTest::qWaitFor([&] { return !opened.empty() || !refused.empty(); }, 30000)) {
+        throw std::runtime_error("the model is neither shown nor refused");
+    }
+}
+
+void StudioRig::Type(const char* field, const QString& text)
+{
+    CorvexTest::Type(Find<QLineEdit>(field), text);
+}
+
+void StudioRig::Choose(const char* list, const QString& entry)
+{
+    CorvexTest::Choose(Find<QComboBox>(list), entry);
+}
+
+}  // namespace StudioTest
