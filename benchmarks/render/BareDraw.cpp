@@ -28,7 +28,9 @@ std::shared_ptr<const studio::Mesh> Ball(std::uint32_t columns)
         vertex.normal = vertex.position;
         vertices.push_back(vertex);
         const std::uint32_t above = i + columns + 1;
-        indices.insert(indices.end(), {i, i + 1, above + 1, i, above + 1, above});
+        if (i % (columns + 1) < columns) {
+            indices.insert(indices.end(), {i, i + 1, above + 1, i, above + 1, above});
+        }
     }
     return studio::MakeMesh(std::move(vertices), std::move(indices));
 }

@@ -87,7 +87,7 @@ void DrawList::Draw(const DrawGroup& group, SurfaceStage stage, SurfaceShaders& 
     std::optional<SurfaceVariant> current;
     const SurfaceShader* shader = nullptr;
     for (const DrawItem& item : group.items) {
-        const bool highlight = stage != SurfaceStage::Mask && item.terms.highlight > 0.0F;
+        const bool highlight = stage == SurfaceStage::Lit && item.terms.highlight > 0.0F;
         const SurfaceVariant variant{stage, item.alphaTest.comparison, highlight};
         if (current != variant) {
             current = variant;

@@ -28,7 +28,7 @@ void OutlinePass::DrawMask(const DrawList& list, SurfaceShaders& shaders, MaskTa
     glDisable(GL_DEPTH_TEST);
     glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
     glClear(GL_COLOR_BUFFER_BIT);
-    list.Draw(list.Selected(), SurfaceStage::Mask, shaders);
+    list.Draw(list.Selected(), SurfaceStage::Shape, shaders);
 }
 
 void OutlinePass::Draw(const DrawList& list, SurfaceShaders& shaders, MaskTarget& mask,

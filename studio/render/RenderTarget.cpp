@@ -69,4 +69,12 @@ void RenderTarget::Bind() const
     glViewport(0, 0, m_extent.width, m_extent.height);
 }
 
+void RenderTarget::CopyDepthFrom(const RenderTarget& source) const
+{
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, source.m_framebuffer.Name());
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, m_framebuffer.Name());
+    glBlitFramebuffer(0, 0, m_extent.width, m_extent.height, 0, 0, m_extent.width, m_extent.height,
+                      GL_DEPTH_BUFFER_BIT, GL_NEAREST);
+}
+
 }  // namespace studio

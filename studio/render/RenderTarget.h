@@ -32,6 +32,9 @@ public:
     RenderTarget(PixelExtent extent, const TargetTexture& colour, const TargetTexture* depth);
     /// Also sets the part of it that is drawn to, all of it.
     void Bind() const;
+    /// Takes over the depths of a target of the same size. Drivers do it as a plain copy of memory
+    /// when no scissor is set.
+    void CopyDepthFrom(const RenderTarget& source) const;
     [[nodiscard]] PixelExtent Extent() const { return m_extent; }
 
 private:

@@ -127,7 +127,9 @@ void Renderer::Parts::DrawBackdrop(const Frame& frame, const RenderTarget& targe
     glUniform3fv(backdrop.Uniform("encodedBottom"), 1, colours.bottom.data());
     glUniform1f(backdrop.Uniform("rows"), static_cast<float>(target.Extent().height));
     glUniform1f(backdrop.Uniform("dither"), frame.backdrop == Backdrop::Gradient ? 1.0F : 0.0F);
+    glDisable(GL_FRAMEBUFFER_SRGB);  // the colours are encoded already
     backdrop.Draw();
+    glEnable(GL_FRAMEBUFFER_SRGB);
 }
 
 void Renderer::Parts::DrawSolid(const DrawList& list, const RenderTarget& target)
@@ -136,7 +138,7 @@ void Renderer::Parts::DrawSolid(const DrawList& list, const RenderTarget& target
     glEnable(GL_DEPTH_TEST);
     glDepthFunc(GL_LESS);
     glDepthMask(GL_TRUE);
-    list.Draw(list.Solid(), SurfaceStage::Solid, shaders);
+    list.Draw(list.Solid(), SurfaceStage::Lit, shaders);
 }
 
 void Renderer::Parts::Shrink(const PictureTargets& from) const
@@ -165,7 +167,7 @@ QImage Renderer::Parts::DrawPicture(const Frame& frame)
         if (!to.peel) {
             to.peel.emplace(to.fine);
         }
-        transparency.Draw(list, shaders, *to.peel, to.scene, to.depth);
+        transparency.Draw(list, shaders, *to.peel, to.scene);
     }
     if (to.shrunk) {
         Shrink(to);

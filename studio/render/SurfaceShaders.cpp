@@ -12,8 +12,8 @@ std::string DefinesOf(const SurfaceVariant& variant)
     if (variant.stage == SurfaceStage::Peel) {
         defines += "#define PEEL\n";
     }
-    if (variant.stage == SurfaceStage::Mask) {
-        defines += "#define MASK\n";
+    if (variant.stage == SurfaceStage::Lit) {
+        defines += "#define LIT\n";
     }
     if (variant.highlight) {
         defines += "#define HIGHLIGHT\n";
@@ -53,7 +53,6 @@ void SurfaceShader::SetConstants() const
     glUniform1f(m_program.Uniform("keyIntensity"), kKeyLight.intensity);
     glUniform1f(m_program.Uniform("fillIntensity"), kFillLight.intensity);
     glUniform1f(m_program.Uniform("skyIntensity"), kSkyIntensity);
-    glUniform1i(m_program.Uniform("solidDepth"), kSolidDepthUnit);
     glUniform1i(m_program.Uniform("peeledDepth"), kPeeledDepthUnit);
 }
 

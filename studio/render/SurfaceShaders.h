@@ -16,21 +16,21 @@ struct DrawItem;
 
 inline const std::string kGlslVersion = "#version 330 core\n";
 
-/// Solid: what hides the things behind it. Peel: one layer of what does not. Mask: the shape alone.
-enum class SurfaceStage { Solid, Peel, Mask };
+/// Lit: as it looks, premultiplied by its opacity. Shape: white. Peel: white, without what is no
+/// farther than the depths already peeled.
+enum class SurfaceStage { Lit, Shape, Peel };
 
 /// What is compiled into a shader instead of being asked per fragment.
 struct SurfaceVariant {
-    SurfaceStage stage = SurfaceStage::Solid;
+    SurfaceStage stage = SurfaceStage::Lit;
     std::string_view alphaComparison;  ///< empty = no alpha test
     bool highlight = false;
 
     auto operator<=>(const SurfaceVariant&) const = default;
 };
 
-/// The texture units that a peel reads from.
-inline constexpr int kSolidDepthUnit = 0;
-inline constexpr int kPeeledDepthUnit = 1;
+/// The texture unit that a peel reads from.
+inline constexpr int kPeeledDepthUnit = 0;
 
 class SurfaceShader {
 public:

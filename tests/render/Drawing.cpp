@@ -57,7 +57,10 @@ std::shared_ptr<const Mesh> Ball()
     }
     for (std::uint32_t corner = 0; corner + kColumns + 2 < vertices.size(); ++corner) {
         const std::uint32_t above = corner + kColumns + 1;
-        indices.insert(indices.end(), {corner, corner + 1, above + 1, corner, above + 1, above});
+        if (corner % (kColumns + 1) < kColumns) {
+            indices.insert(indices.end(),
+                           {corner, corner + 1, above + 1, corner, above + 1, above});
+        }
     }
     return studio::MakeMesh(std::move(vertices), std::move(indices));
 }

@@ -5,12 +5,6 @@ uniform vec3 encodedBottom;
 uniform float rows;
 uniform float dither;
 
-vec3 Linear(vec3 encoded)
-{
-    return mix(encoded / 12.92, pow((encoded + 0.055) / 1.055, vec3(2.4)),
-               greaterThan(encoded, vec3(0.04045)));
-}
-
 // Less than one step of the encoded picture, so that the gradient shows no bands.
 float Noise()
 {
@@ -20,5 +14,5 @@ float Noise()
 void main()
 {
     vec3 encoded = mix(encodedTop, encodedBottom, gl_FragCoord.y / rows) + dither * Noise() / 255.0;
-    result = vec4(Linear(clamp(encoded, 0.0, 1.0)), 1.0);
+    result = vec4(encoded, 1.0);
 }

@@ -17,17 +17,7 @@ uniform float fillIntensity;
 uniform float skyIntensity;
 
 #ifdef PEEL
-uniform sampler2D solidDepth;
 uniform sampler2D peeledDepth;
-
-void DiscardOutsideLayer()
-{
-    ivec2 pixel = ivec2(gl_FragCoord.xy);
-    if (gl_FragCoord.z >= texelFetch(solidDepth, pixel, 0).r ||
-        gl_FragCoord.z <= texelFetch(peeledDepth, pixel, 0).r) {
-        discard;
-    }
-}
 #endif
 
 float Direct(vec3 n)
@@ -48,7 +38,9 @@ float Highlight(vec3 n)
 void main()
 {
 #ifdef PEEL
-    DiscardOutsideLayer();
+    if (gl_FragCoord.z <= texelFetch(peeledDepth, ivec2(gl_FragCoord.xy), 0).r) {
+        discard;
+    }
 #endif
     float alpha = opacity;
 #ifdef ALPHA_COMPARISON
@@ -57,7 +49,7 @@ void main()
         discard;
     }
 #endif
-#ifdef MASK
+#ifndef LIT
     result = vec4(1.0);
 #else
     // A back face is only drawn when the material is double-sided; it is lit from the viewer's side.
