@@ -1,0 +1,101 @@
+#include "studio/images/TextureFile.h"
+
+#include "studio/images/ImageScaling.h"
+#include "studio/images/OwnFormats.h"
+#include "studio/images/OwnImage.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QImageReader>
+#include <QtPlugin>
+
+#include <exception>
+
+Q_IMPORT_PLUGIN(ImageFormatPlugin)
+
+namespace studio {
+
+namespace {
+
+class TextureFileText {
+    Q_DECLARE_TR_FUNCTIONS(studio::TextureFile)
+};
+
+std::filesystem::path PathFromUtf8(const std::string& path)
+{
+    return {std::u8string(path.begin(), path.end())};
+}
+
+/// Decoders that can shrink while they read (JPEG) then need a fraction of the memory and time.
+void AskForSmallerImage(QImageReader& reader, const ImageBounds& bounds)
+{
+    const QSize size = reader.size();
+    if (size.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize)) {
+        const QSize fitted = FittedSize(size, bounds);
+        if (fitted != size) {
+            reader.setScaledSize(fitted);
+        }
+    }
+}
+
+QImage ReadWithToolkit(QFile& file, const ImageBounds& bounds)
+{
+    QImageReader reader(&file);
+    AskForSmallerImage(reader, bounds);
+    QImage image = reader.read();
+    if (image.isNull()) {
+        throw ImageError(reader.errorString().toStdString());
+    }
+    return image;
+}
+
+QImage ReadAnyType(const QString& path, const ImageBounds& bounds)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        throw ImageError(file.errorString().toStdString());
+    }
+    const QByteArray head = file.peek(kFormatHeadBytes);
+    // First of all: the toolkit's own reader of Targa files, where it is installed, reads only
+    // some.
+    if (const OwnFormat* own = FindOwnFormat(BytesOf(head), LowerSuffix(path))) {
+        return ReadOwnImage(*own, file);
+    }
+    return ReadWithToolkit(file, bounds);
+}
+
+}  // namespace
+
+std::optional<FileState> StateOfFile(const std::string& path)
+{
+    std::error_code error;
+    const std::filesystem::path file = PathFromUtf8(path);
+    // Neither a folder nor a pipe, which would keep its reader waiting.
+    if (!std::filesystem::is_regular_file(file, error)) {
+        return std::nullopt;
+    }
+    const FileState state{std::filesystem::last_write_time(file, error),
+                          std::filesystem::file_size(file, error)};
+    return error ? std::nullopt : std::optional(state);
+}
+
+FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds)
+{
+    if (!StateOfFile(path)) {
+        return {{}, false, TextureFileText::tr("There is no such file.").toStdString()};
+    }
+    try {
+        QImage image = ReadAnyType(QString::fromStdString(path), bounds);
+        image.convertTo(QImage::Format_RGBA8888);
+        image = ScaledDown(image, bounds);
+        if (image.isNull()) {
+            throw ImageError(TextureFileText::tr("There is not enough memory.").toStdString());
+        }
+        const bool hasAlpha = HasTransparentPixel(image);
+        return {std::move(image), hasAlpha, {}};
+    } catch (const std::exception& error) {
+        return {{}, false, error.what()};
+    }
+}
+
+}  // namespace studio
