@@ -1,9 +1,11 @@
 #pragma once
 
 #include "textures/ChannelServices.h"
+#include "textures/ChannelTabBar.h"
 
 #include <QWidget>
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -65,6 +67,7 @@ private:
     const Trap& m_trap;
     ChannelServices m_services;
     std::unique_ptr<Ui::ChannelPanel> m_ui;
+    std::array<QWidget*, kChannelTabCount> m_pages{};
     TexturePage* m_textures = nullptr;
     TextureCommands* m_commands = nullptr;
 };

@@ -14,6 +14,9 @@ enum class TextureLayer : std::uint8_t { Primary, Overlay, Alpha, Bump, Specular
 
 inline constexpr std::size_t kTextureLayerCount = 6;
 
+/// Percent of the primary texture that shows through a fresh overlay, as its field shows it.
+inline constexpr const char* kDefaultOverlayTranslucency = "50";
+
 /// Tabs count from 1; 1 is the material's own attributes, those after the layers have no texture.
 struct TextureLayerRow {
     TextureLayer layer;

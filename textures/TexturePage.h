@@ -56,8 +56,10 @@ public:
     [[nodiscard]] std::string OverlayTranslucencyText() const;
     void SetOverlayTranslucencyText(const std::string& text);
 
-    /// Shows the thumbnail and the fields of one layer; of none hides every thumbnail.
-    void ShowLayer(std::optional<TextureLayer> layer);
+    /// Shows the fields that only some layers have; none for no layer.
+    void ShowFields(std::optional<TextureLayer> layer);
+    /// Hides every thumbnail but the layer's.
+    void ShowThumbnail(std::optional<TextureLayer> layer);
     /// Looks again at the file of the thumbnail on show.
     void RefreshThumbnail();
     /// The thumbnails and the buttons that choose and delete.
@@ -82,7 +84,8 @@ private:
     void ConnectButtons();
     void ShowFileName();
     [[nodiscard]] TextureThumbnail& Thumbnail(TextureLayer layer) const;
-    template <typename Change> void Quietly(Change&& change);
+    template <typename Change>
+    void Quietly(Change&& change);
     void EmitEdited();
 
     std::unique_ptr<Ui::TexturePage> m_ui;

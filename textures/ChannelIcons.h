@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QIcon>
+
+namespace CorvexMaterial {
+
+/// Signs drawn in the palette's colours, sharp at any size. The channels come in tab order.
+enum class ChannelSign {
+    Surface,
+    Primary,
+    Overlay,
+    Alpha,
+    Bump,
+    Specular,
+    Environment,
+    CustomFields,
+    Advanced,
+    Plugin,
+    SphericalWrap,
+    FlatWrap,
+    CylindricalWrap,
+};
+
+[[nodiscard]] QIcon ChannelIcon(ChannelSign sign);
+
+}  // namespace CorvexMaterial
