@@ -1,149 +1,86 @@
 #include "material/AttributePanel.h"
 
-#include "dialogs/Trap.h"
-#include "material/AlphaTests.h"
-#include "material/AttributeText.h"
-#include "material/Attributes.h"
-#include "controls/WheelGuard.h"
-#include "ui_AttributePanel.h"
+#include "material/AdvancedPanel.h"
+#include "material/SurfacePanel.h"
+#include "plugins/CustomFieldsPanel.h"
+#include "plugins/PluginPanel.h"
+#include "textures/ChannelPanel.h"
 
-#include <QSignalBlocker>
+#include <QBoxLayout>
+#include <QPushButton>
 
 namespace CorvexMaterial {
 
 namespace {
 
-constexpr std::array kAlphaChannelUses{"Standard", "Ignore", "Bump Map", "Specular Map",
-                                       "Environment Map"};
-
-QString ToText(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
+constexpr int kSurfaceTab = 1;
+constexpr int kCustomFieldsTab = 8;
+constexpr int kAdvancedTab = 9;
+constexpr int kPluginTab = 10;
 
 }  // namespace
 
-AttributePanel::AttributePanel(const Trap& trap, Choosers& choosers, QWidget* parent)
-    : QWidget(parent), m_trap(trap), m_choosers(choosers),
-      m_ui(std::make_unique<Ui::AttributePanel>())
+AttributePanel::AttributePanel(const Trap& trap, const ChannelServices& services, QWidget* parent)
+    : QWidget(parent), m_channels(new ChannelPanel(trap, services, this)),
+      m_surface(new SurfacePanel(trap, services.platform.choosers, this)),
+      m_customFields(new CustomFieldsPanel(this)), m_advanced(new AdvancedPanel(this)),
+      m_plugins(new PluginPanel(trap, services.host.plugins, services.host.numbers,
+                                services.platform.choosers, this))
 {
-    m_ui->setupUi(this);
-    FillLists();
-    ConnectColor();
-    ConnectAmounts();
-    ConnectFlags();
-    ConnectButtons();
-    GuardWheel(*this);
+    PlacePages();
+    ConnectPages();
 }
 
-AttributePanel::~AttributePanel() = default;
-
-void AttributePanel::FillLists()
+void AttributePanel::PlacePages()
 {
-    FillAlphaTests();
-    for (const char* use : kAlphaChannelUses) {
-        m_ui->cboTextureAlphaChannelUse->addItem(QString::fromUtf8(use));
-    }
+    m_channels->SetPage(kSurfaceTab, m_surface);
+    m_channels->SetPage(kCustomFieldsTab, m_customFields);
+    m_channels->SetPage(kAdvancedTab, m_advanced);
+    m_channels->SetPage(kPluginTab, m_plugins);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 6);
+    column->setSpacing(8);
+    column->addWidget(m_channels);
+    AddDefaultsRow();
 }
 
-void AttributePanel::FillAlphaTests()
-{
-    const QSignalBlocker quiet(m_ui->cboAlphaTest);
-    const int position = std::max(0, m_ui->cboAlphaTest->currentIndex());
-    m_ui->cboAlphaTest->clear();
-    for (const std::string_view name : kAlphaTestNames) {
-        m_ui->cboAlphaTest->addItem(ToText(name));
-    }
-    m_ui->cboAlphaTest->setCurrentIndex(position);
-    FollowAlphaTest();
-}
-
-void AttributePanel::ConnectColor()
-{
-    m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, this);
-    connect(m_color, &ColourField::Edited, this, &AttributePanel::Edited);
-    connect(m_color, &ColourField::EntryChosen, this, [this](int position) {
-        m_trap("cboColor", [&] { m_color->ChooseEntry(position, m_choosers); });
-    });
-    connect(m_color, &ColourField::DialogWanted, this,
-            [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(m_choosers); }); });
-}
-
-void AttributePanel::ConnectAmounts()
+void AttributePanel::AddDefaultsRow()
 {
     struct Row {
-        AmountField& field;
-        QSlider* slider;
-        Attribute attribute;
+        const char* name;
+        QString text;
+        QString tip;
+        void (AttributePanel::*pressed)();
     };
     const std::array rows{
-        Row{*m_ui->txtAmbient, m_ui->sldAmbient, Attribute::Ambient},
-        Row{*m_ui->txtEmissive, m_ui->sldEmissive, Attribute::Emissive},
-        Row{*m_ui->txtSpecular, m_ui->sldSpecular, Attribute::Specular},
-        Row{*m_ui->txtTransparency, m_ui->sldTransparency, Attribute::Transparency},
-        Row{*m_ui->txtAlphaTestReference, nullptr, Attribute::AlphaTestReference},
-        Row{*m_ui->txtTexture2Translucency, nullptr, Attribute::OverlayTranslucency},
+        Row{"cmdMaterialRemember", tr("Remember"), tr("Keep this material as my defaults"),
+            &AttributePanel::RememberPressed},
+        Row{"cmdMaterialResetUserDefaults", tr("My Defaults"), tr("Back to my remembered defaults"),
+            &AttributePanel::UserDefaultsPressed},
+        Row{"cmdMaterialResetDefaults", tr("Factory"), tr("Back to the factory defaults"),
+            &AttributePanel::FactoryDefaultsPressed},
     };
+    auto* line = new QHBoxLayout;
+    line->setSpacing(4);
     for (const Row& row : rows) {
-        const QString factory = ToText(FactoryText(row.attribute));
-        row.field.SetFallback(factory);
-        row.field.setText(factory);
-        if (row.slider != nullptr) {
-            LinkSlider(*row.slider, row.field);
-        }
-        connect(&row.field, &QLineEdit::textChanged, this, &AttributePanel::Edited);
+        auto* button = new QPushButton(row.text, this);
+        button->setObjectName(QString::fromLatin1(row.name));
+        button->setToolTip(row.tip);
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        connect(button, &QPushButton::clicked, this, row.pressed);
+        line->addWidget(button);
     }
+    static_cast<QVBoxLayout*>(layout())->addLayout(line);
 }
 
-void AttributePanel::LinkSlider(QSlider& slider, AmountField& field)
+void AttributePanel::ConnectPages()
 {
-    const auto follow = [&slider, &field] {
-        const QSignalBlocker quiet(&slider);
-        slider.setValue(WholeNumberFromText(field.text().toStdString()).value_or(slider.value()));
-    };
-    follow();
-    slider.setAccessibleName(field.objectName().mid(3));
-    connect(&field, &QLineEdit::textChanged, &slider, follow);
-    connect(&slider, &QSlider::valueChanged, &field,
-            [&field](int value) { field.setText(QString::number(value)); });
-}
-
-void AttributePanel::ConnectFlags()
-{
-    for (QCheckBox* flag :
-         {m_ui->chkDoubleSided, m_ui->chkFlipU, m_ui->chkFlipV, m_ui->chkApplyRelative}) {
-        connect(flag, &QCheckBox::clicked, this, &AttributePanel::Edited);
-    }
-    // Partially ticked is set by program only, so a click must not pass through it.
-    connect(m_ui->chkApplyRelative, &QCheckBox::stateChanged, this, [this](int state) {
-        m_ui->chkApplyRelative->setTristate(state == Qt::PartiallyChecked);
-    });
-    connect(m_ui->chkAlphaIsTransparent, &QCheckBox::clicked, this,
-            &AttributePanel::AlphaIsTransparentClicked);
-    connect(m_ui->cboAlphaTest, &QComboBox::currentIndexChanged, this,
-            &AttributePanel::FollowAlphaTest);
-    connect(m_ui->cboAlphaTest, &QComboBox::activated, this, &AttributePanel::Edited);
-    connect(m_ui->cboTextureAlphaChannelUse, &QComboBox::currentIndexChanged, this,
-            &AttributePanel::Edited);
-}
-
-void AttributePanel::ConnectButtons()
-{
-    connect(m_ui->cmdMaterialRemember, &QPushButton::clicked, this,
-            &AttributePanel::RememberPressed);
-    connect(m_ui->cmdMaterialResetUserDefaults, &QPushButton::clicked, this,
-            &AttributePanel::UserDefaultsPressed);
-    connect(m_ui->cmdMaterialResetDefaults, &QPushButton::clicked, this,
-            &AttributePanel::FactoryDefaultsPressed);
-    connect(m_ui->cmdMiscellaneousResetToDefaults, &QToolButton::clicked, this,
-            &AttributePanel::MiscellaneousResetPressed);
-    connect(m_ui->cmdAdvancedOptionsResetDefaults, &QToolButton::clicked, this,
-            &AttributePanel::AdvancedResetPressed);
-}
-
-void AttributePanel::FollowAlphaTest()
-{
-    m_ui->txtAlphaTestReference->setEnabled(m_ui->cboAlphaTest->currentIndex() > 0);
+    connect(m_surface, &SurfacePanel::Edited, this, &AttributePanel::Edited);
+    connect(m_channels, &ChannelPanel::Edited, this, &AttributePanel::Edited);
+    connect(m_customFields, &CustomFieldsPanel::Edited, this, &AttributePanel::Edited);
+    connect(m_advanced, &AdvancedPanel::Edited, this, &AttributePanel::Edited);
+    connect(m_plugins, &PluginPanel::Edited, this, &AttributePanel::Edited);
+    connect(m_plugins, &PluginPanel::PluginChosen, this, &AttributePanel::Edited);
 }
 
 }  // namespace CorvexMaterial

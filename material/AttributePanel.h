@@ -1,57 +1,49 @@
 #pragma once
 
-#include "material/ColourField.h"
+#include "textures/ChannelServices.h"
 
 #include <QWidget>
 
-#include <memory>
-
-namespace Ui {
-class AttributePanel;
-}
-
-class QSlider;
-
 namespace CorvexMaterial {
 
-class AmountField;
+class AdvancedPanel;
+class ChannelPanel;
+class CustomFieldsPanel;
+class PluginPanel;
+class SurfacePanel;
 class Trap;
 
-/// The material's own attributes. Every change of an attribute is one `Edited`.
+/// Everything of the material that can be edited: the pages of the channel tabs, and below them the
+/// three ways to defaults.
 class AttributePanel : public QWidget {
     Q_OBJECT
 
 public:
-    AttributePanel(const Trap& trap, Choosers& choosers, QWidget* parent);
-    ~AttributePanel() override;
+    AttributePanel(const Trap& trap, const ChannelServices& services, QWidget* parent);
 
-    Ui::AttributePanel& Form() { return *m_ui; }
-    ColourField& Color() { return *m_color; }
-
-    void FillAlphaTests();
+    SurfacePanel& Surface() { return *m_surface; }
+    AdvancedPanel& Advanced() { return *m_advanced; }
+    ChannelPanel& Channels() { return *m_channels; }
+    PluginPanel& Plugins() { return *m_plugins; }
+    CustomFieldsPanel& CustomFields() { return *m_customFields; }
 
 Q_SIGNALS:
+    /// Any page's edit; a change by program may raise it too.
     void Edited();
-    void AlphaIsTransparentClicked();
     void RememberPressed();
     void UserDefaultsPressed();
     void FactoryDefaultsPressed();
-    void MiscellaneousResetPressed();
-    void AdvancedResetPressed();
 
 private:
-    void FillLists();
-    void ConnectColor();
-    void ConnectAmounts();
-    void ConnectFlags();
-    void ConnectButtons();
-    void LinkSlider(QSlider& slider, AmountField& field);
-    void FollowAlphaTest();
+    void PlacePages();
+    void AddDefaultsRow();
+    void ConnectPages();
 
-    const Trap& m_trap;
-    Choosers& m_choosers;
-    std::unique_ptr<Ui::AttributePanel> m_ui;
-    ColourField* m_color = nullptr;
+    ChannelPanel* m_channels;
+    SurfacePanel* m_surface;
+    CustomFieldsPanel* m_customFields;
+    AdvancedPanel* m_advanced;
+    PluginPanel* m_plugins;
 };
 
 }  // namespace CorvexMaterial

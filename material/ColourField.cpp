@@ -1,7 +1,7 @@
 #include "material/ColourField.h"
 
-#include "material/NamedColours.h"
 #include "controls/Swatch.h"
+#include "material/NamedColours.h"
 
 #include <QComboBox>
 #include <QPixmap>

@@ -1,8 +1,8 @@
 #include "material/LibraryPanel.h"
 
+#include "controls/SectionHeader.h"
 #include "host/Status.h"
 #include "material/PanelLayout.h"
-#include "controls/SectionHeader.h"
 
 #include <QBoxLayout>
 #include <QToolButton>

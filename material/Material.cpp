@@ -1,8 +1,10 @@
 #include "material/Material.h"
 
+#include "controls/SectionHeader.h"
+#include "material/AttributePanel.h"
 #include "material/LibraryPanel.h"
 #include "material/MaterialEditor.h"
-#include "controls/SectionHeader.h"
+#include "plugins/PluginPanel.h"
 #include "preview/PreviewPanel.h"
 
 #include <QAbstractButton>
@@ -19,6 +21,7 @@ Material::Material(Host& host, Platform& platform, QWidget* parent)
             &Material::MaterialLibraryExpanded);
     connect(m_editor.get(), &MaterialEditor::PositionText, this,
             &Material::DisplayPositionInformation);
+    connect(m_editor.get(), &MaterialEditor::WarningRequested, this, &Material::evtReqWarn);
 }
 
 Material::~Material()
@@ -90,8 +93,8 @@ Status Material::ApplyShapeMaterial(
 Status Material::sCreateRayTraceCombinedAttributes(std::string& sCombinedAttributes)
 {
     return m_editor->Guard()("sCreateRayTraceCombinedAttributes", [&] {
-        sCombinedAttributes = m_editor->HostParts().raytrace.CombinedAttributes(
-            m_editor->Attributes().Carried().RayTrace);
+        sCombinedAttributes =
+            m_editor->HostParts().raytrace.CombinedAttributes(m_editor->Attributes().RayTrace());
     });
 }
 
@@ -156,26 +159,31 @@ Status Material::pAlphaIsTransparentUpdated()
                              [&] { m_editor->RefreshPreviewMaterial(); });
 }
 
-// Plug-in materials are not offered by this build.
-
-Status Material::GetPluginParameterValues(SingleArray& /*saPluginParameterValues*/)
+Status Material::GetPluginParameterValues(SingleArray& saPluginParameterValues)
 {
-    return Status::NotAvailable;
+    return m_editor->Guard()("GetPluginParameterValues", [&] {
+        m_editor->Form().Attributes().Plugins().ReadValues(saPluginParameterValues);
+    });
 }
 
-Status Material::DisplayPluginParameters(const SingleArray& /*saParameters*/)
+Status Material::DisplayPluginParameters(const SingleArray& saParameters)
 {
-    return Status::NotAvailable;
+    return m_editor->Guard()("DisplayPluginParameters", [&] {
+        m_editor->ChangeAtOnce(
+            [&] { m_editor->Form().Attributes().Plugins().Display(saParameters); });
+    });
 }
 
 Status Material::ClearPluginList()
 {
-    return Status::NotAvailable;
+    return m_editor->Guard()("ClearPluginList", [&] { m_editor->ClearPlugins(); });
 }
 
-Status Material::AddToPluginList(const std::string& /*Name*/)
+Status Material::AddToPluginList(const std::string& Name)
 {
-    return Status::NotAvailable;
+    return m_editor->Guard()("AddToPluginList", [&] {
+        m_editor->ChangeSilently([&] { m_editor->Form().Attributes().Plugins().Add(Name); });
+    });
 }
 
 }  // namespace CorvexMaterial

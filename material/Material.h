@@ -12,6 +12,7 @@
 namespace CorvexMaterial {
 
 class MaterialEditor;
+class TexturePage;
 
 /// The material editor: one widget that edits one material. Host and platform outlive it. It calls
 /// the host on the user-interface thread only, and writes its state to the settings store when it
@@ -129,6 +130,8 @@ Q_SIGNALS:
                     const QString& WarningRegistryEntry);
 
 private:
+    TexturePage& Textures();
+
     std::unique_ptr<MaterialEditor> m_editor;
 };
 

@@ -1,13 +1,18 @@
 #include "material/MaterialEditor.h"
 
 #include "controls/SectionHeader.h"
+#include "material/AdvancedPanel.h"
 #include "material/AttributePanel.h"
 #include "material/IMaterial.h"
 #include "material/LibraryPanel.h"
+#include "material/SurfacePanel.h"
+#include "plugins/CustomFieldsPanel.h"
+#include "plugins/PluginPanel.h"
 #include "preview/PreviewPanel.h"
 #include "preview/PrimitivePictures.h"
 #include "preview/frmPreviewPrimitiveDialog.h"
-#include "ui_AttributePanel.h"
+#include "textures/ChannelPanel.h"
+#include "textures/TexturePage.h"
 
 #include <QAbstractButton>
 #include <QScopedValueRollback>
@@ -17,15 +22,18 @@ namespace CorvexMaterial {
 MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& control, QWidget& widget)
     : m_host(host), m_platform(platform), m_control(control), m_widget(widget),
       m_errorHandler(platform.prompts, host.diagnostics, host.applicationState),
-      m_trap(m_errorHandler), m_form(host, platform, m_trap, widget),
+      m_trap(m_errorHandler), m_form({host, platform, *this}, m_trap, widget),
       m_attributes(m_form.Attributes()), m_preview(m_form.Preview()),
       m_gatherer(control, m_attributes), m_savedState(platform.settings, [&host] {
           return host.applicationState.SettingsApplicationName();
       })
 {
     ConnectAttributes();
+    ConnectChannels();
+    ConnectPlugins();
     ConnectPreview();
     ConnectLibraries();
+    m_trap("MaterialEditor", [this] { FillCustomFields(); });
     UpdatePrimitivePicture();
 }
 
@@ -33,7 +41,8 @@ void MaterialEditor::ConnectAttributes()
 {
     AttributePanel& panel = m_form.Attributes();
     connect(&panel, &AttributePanel::Edited, this, &MaterialEditor::OnEdited);
-    connect(&panel, &AttributePanel::AlphaIsTransparentClicked, this, &MaterialEditor::OnEdited);
+    connect(&panel.Advanced(), &AdvancedPanel::AlphaIsTransparentClicked, this,
+            &MaterialEditor::OnEdited);
     connect(&panel, &AttributePanel::RememberPressed, this, [this] {
         m_trap("cmdMaterialRemember", [this] { m_savedState.Remember(m_attributes); });
     });
@@ -43,11 +52,51 @@ void MaterialEditor::ConnectAttributes()
     });
     connect(&panel, &AttributePanel::FactoryDefaultsPressed, this,
             [this] { m_trap("cmdMaterialResetDefaults", [this] { ResetToFactory(); }); });
-    connect(&panel, &AttributePanel::MiscellaneousResetPressed, this, [this] {
+    connect(&panel.Surface(), &SurfacePanel::ResetPressed, this, [this] {
         m_trap("cmdMiscellaneousResetToDefaults", [this] { ResetMiscellaneous(); });
     });
-    connect(&panel, &AttributePanel::AdvancedResetPressed, this,
+    connect(&panel.Advanced(), &AdvancedPanel::ResetPressed, this,
             [this] { m_trap("cmdAdvancedOptionsResetDefaults", [this] { ResetAdvanced(); }); });
+}
+
+void MaterialEditor::ConnectChannels()
+{
+    ChannelPanel& channels = m_form.Attributes().Channels();
+    connect(&channels, &ChannelPanel::WarningRequested, this,
+            [this](const QString& text, const QString& key) {
+                m_trap("evtReqWarn", [&] {
+                    const std::string application =
+                        m_host.applicationState.SettingsApplicationName();
+                    Q_EMIT WarningRequested(QString::fromStdString(application), text, key);
+                });
+            });
+    connect(&channels, &ChannelPanel::CustomFieldsShown, this,
+            [this] { m_trap("tabChannels", [this] { FillCustomFields(); }); });
+}
+
+void MaterialEditor::ConnectPlugins()
+{
+    PluginPanel& plugins = m_form.Attributes().Plugins();
+    connect(&plugins, &PluginPanel::RememberPressed, this, [this] {
+        m_trap("cmdRemember", [this] {
+            m_savedState.RememberPluginParameters(m_attributes);
+            RefreshPreviewMaterial();
+        });
+    });
+    connect(&plugins, &PluginPanel::ResetPressed, this, [this] {
+        m_trap("cmdReset", [this] {
+            ChangeAtOnce([this] {
+                m_attributes.ShowPluginParameters(m_attributes.PluginParameterDefaults());
+            });
+        });
+    });
+    connect(&plugins, &PluginPanel::ResetUserPressed, this, [this] {
+        m_trap("cmdResetUser", [this] {
+            ChangeAtOnce([this] {
+                m_attributes.ShowPluginParameters(m_savedState.UserPluginParameters(m_attributes));
+            });
+        });
+    });
 }
 
 void MaterialEditor::ConnectPreview()
@@ -89,6 +138,7 @@ void MaterialEditor::RefreshPreviewMaterial()
 {
     m_gatherer.Forget();
     CorvexSG::Scene& scene = m_preview.Scene();
+    m_form.Attributes().Channels().RefreshThumbnail();
     m_preview.ShowPrimitive(m_attributes.PreviewPrimitive());
     if (const auto shape = m_preview.Shape()) {
         Require(m_control.ApplyShapeMaterial(scene, *shape, true, scene.RootGroup(),
@@ -148,15 +198,36 @@ void MaterialEditor::FollowAttributes()
     UpdatePrimitivePicture();
     // A predefined raytrace material is simulated by a picture; its own amounts would spoil it.
     constexpr std::int32_t kPredefined = 1;
-    const bool editable = m_attributes.Carried().RayTrace.MaterialType != kPredefined;
-    const Ui::AttributePanel& form = m_form.Attributes().Form();
-    const std::initializer_list<QWidget*> amounts{
-        form.lblAmbient,  form.txtAmbient,      form.sldAmbient,      form.lblEmissive,
-        form.txtEmissive, form.sldEmissive,     form.txtSpecular,     form.lblSpecularHighlighting,
-        form.sldSpecular, form.lblTransparency, form.txtTransparency, form.sldTransparency};
-    for (QWidget* widget : amounts) {
-        widget->setEnabled(editable);
+    const bool editable = m_attributes.RayTrace().MaterialType != kPredefined;
+    m_form.Attributes().Surface().SetAmountsEnabled(editable);
+    m_form.Attributes().Channels().SetChannelsEnabled(editable);
+}
+
+bool MaterialEditor::SimulationTextureActive()
+{
+    constexpr std::int32_t kPredefined = 1;
+    return m_attributes.RayTrace().MaterialType == kPredefined &&
+           !m_form.Attributes().Channels().Textures().File(TextureLayer::Primary).empty();
+}
+
+std::string MaterialEditor::TextureLibraryFile()
+{
+    return m_attributes.TextureLibrary();
+}
+
+void MaterialEditor::ClearPlugins()
+{
+    PluginPanel& plugins = m_form.Attributes().Plugins();
+    if (plugins.SelectedName().empty()) {
+        plugins.Clear();
+    } else {
+        ChangeAtOnce([&plugins] { plugins.Clear(); });
     }
+}
+
+void MaterialEditor::FillCustomFields()
+{
+    m_form.Attributes().CustomFields().ShowNames(m_host.customFields.GetCustomMaterialFieldNames());
 }
 
 void MaterialEditor::UpdatePrimitivePicture()
@@ -167,7 +238,7 @@ void MaterialEditor::UpdatePrimitivePicture()
 void MaterialEditor::LoadSavedStatus()
 {
     ChangeAtOnce([this] {
-        m_form.Attributes().FillAlphaTests();
+        m_form.Attributes().Advanced().FillAlphaTests();
         m_savedState.Load(m_attributes);
         ApplySavedLayout();
     });

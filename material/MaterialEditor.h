@@ -9,6 +9,7 @@
 #include "material/SavedState.h"
 #include "platform/Platform.h"
 #include "preview/PreviewScene.h"
+#include "textures/ChannelServices.h"
 
 #include <QObject>
 
@@ -18,7 +19,7 @@ class IMaterial;
 
 /// The control's doing: edits, flows of the saved state, layout and the one refresh that all of
 /// them end in. Its functions throw; the control's members and handlers call them through `Guard`.
-class MaterialEditor : public QObject {
+class MaterialEditor : public QObject, private ChannelOwner {
     Q_OBJECT
 
 public:
@@ -66,6 +67,10 @@ public:
     void ResetMiscellaneous();
     void ResetAdvanced();
 
+    /// Leaves "None" alone in the plug-in list; a plug-in that was chosen leaves the material.
+    void ClearPlugins();
+    /// Shows a row per custom field that the host names now.
+    void FillCustomFields();
     void SaveLayout();
     void ShareHeight(std::int32_t availableTwips);
     void SetTexturePanel(bool expanded);
@@ -79,6 +84,7 @@ Q_SIGNALS:
     void TextureLibraryExpanded();
     void MaterialLibraryExpanded();
     void PositionText(const QString& text);
+    void WarningRequested(const QString& application, const QString& text, const QString& key);
 
 private:
     class Batch {
@@ -92,7 +98,12 @@ private:
         int& m_depth;
     };
 
+    bool SimulationTextureActive() override;
+    std::string TextureLibraryFile() override;
+
     void ConnectAttributes();
+    void ConnectChannels();
+    void ConnectPlugins();
     void ConnectPreview();
     void ConnectLibraries();
     void OnEdited();

@@ -31,6 +31,10 @@ std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
     }
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
     gathered->material = m_attributes.Record();
+    if (!gathered->material.Plugin.empty()) {
+        Require(m_control.GetPluginParameterValues(gathered->material.PluginParameters));
+        gathered->material.PluginParameters.resize(m_attributes.PluginParameterTexts().size());
+    }
     gathered->applyMode = m_attributes.ApplyRelative();
     if (gathered->applyMode == CorvexDB::ApplyMode::FilesOnly) {
         LeaveFilesOnly(gathered->material);

@@ -1,11 +1,14 @@
+#include "controls/SectionHeader.h"
+#include "material/AdvancedPanel.h"
 #include "material/AttributePanel.h"
 #include "material/LibraryPanel.h"
 #include "material/Material.h"
 #include "material/MaterialEditor.h"
-#include "controls/SectionHeader.h"
-#include "platform/NumberText.h"
-#include "textures/TextureLayers.h"
-#include "ui_AttributePanel.h"
+#include "material/SurfacePanel.h"
+#include "textures/ChannelPanel.h"
+#include "textures/TexturePage.h"
+#include "textures/TextureWrap.h"
+#include "ui_AdvancedPanel.h"
 
 #include <cmath>
 
@@ -22,17 +25,20 @@ void CheckFinite(float value, const char* name)
     }
 }
 
-void CheckPosition(std::int32_t position, std::int32_t size, const char* name)
+void CheckPosition(std::int32_t position, std::size_t size, const char* name)
 {
-    if (position < 0 || position >= size) {
+    if (position < 0 || static_cast<std::size_t>(position) >= size) {
         throw Error(Status::InvalidArgument,
                     std::string(name) + " has no value " + std::to_string(position));
     }
 }
 
-constexpr std::int32_t kThreeValues = 3;
-
 }  // namespace
+
+TexturePage& Material::Textures()
+{
+    return m_editor->Form().Attributes().Channels().Textures();
+}
 
 Status Material::get_bMaterialPanel(bool& bMaterialPanel)
 {
@@ -72,14 +78,15 @@ Status Material::put_bMaterialLibraryPanel(const bool& bMaterialLibraryPanel)
 
 Status Material::get_lVBColor(std::int32_t& lVBColor)
 {
-    return m_editor->Guard()("lVBColor",
-                             [&] { lVBColor = m_editor->Form().Attributes().Color().Value(); });
+    return m_editor->Guard()(
+        "lVBColor", [&] { lVBColor = m_editor->Form().Attributes().Surface().Color().Value(); });
 }
 
 Status Material::put_lVBColor(const std::int32_t& lVBColor)
 {
     return m_editor->Guard()("lVBColor", [&] {
-        m_editor->ChangeAtOnce([&] { m_editor->Form().Attributes().Color().Show(lVBColor); });
+        m_editor->ChangeAtOnce(
+            [&] { m_editor->Form().Attributes().Surface().Color().Show(lVBColor); });
     });
 }
 
@@ -98,23 +105,21 @@ Status Material::put_lPreviewPrimitive(const std::int32_t& lPreviewPrimitive)
 
 Status Material::get_TextureFileName(std::string& TextureFileName)
 {
-    return m_editor->Guard()("TextureFileName", [&] {
-        TextureFileName = m_editor->Attributes().Carried().Textures.primary;
-    });
+    return m_editor->Guard()("TextureFileName",
+                             [&] { TextureFileName = Textures().File(TextureLayer::Primary); });
 }
 
 Status Material::put_TextureFileName(const std::string& TextureFileName)
 {
     return m_editor->Guard()("TextureFileName", [&] {
-        m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Textures.primary = TextureFileName; });
+        m_editor->ChangeAtOnce([&] { Textures().SetFile(TextureLayer::Primary, TextureFileName); });
     });
 }
 
 Status Material::get_TextureOverlayFileName(std::string& TextureOverlayFileName)
 {
     return m_editor->Guard()("TextureOverlayFileName", [&] {
-        TextureOverlayFileName = m_editor->Attributes().Carried().Textures.overlay;
+        TextureOverlayFileName = Textures().File(TextureLayer::Overlay);
     });
 }
 
@@ -122,206 +127,198 @@ Status Material::put_TextureOverlayFileName(const std::string& TextureOverlayFil
 {
     return m_editor->Guard()("TextureOverlayFileName", [&] {
         m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Textures.overlay = TextureOverlayFileName; });
+            [&] { Textures().SetFile(TextureLayer::Overlay, TextureOverlayFileName); });
     });
 }
 
 Status Material::get_TextureBumpmapFileName(std::string& TextureBumpmapFileName)
 {
-    return m_editor->Guard()("TextureBumpmapFileName", [&] {
-        TextureBumpmapFileName = m_editor->Attributes().Carried().Textures.bump;
-    });
+    return m_editor->Guard()("TextureBumpmapFileName",
+                             [&] { TextureBumpmapFileName = Textures().File(TextureLayer::Bump); });
 }
 
 Status Material::put_TextureBumpmapFileName(const std::string& TextureBumpmapFileName)
 {
     return m_editor->Guard()("TextureBumpmapFileName", [&] {
         m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Textures.bump = TextureBumpmapFileName; });
+            [&] { Textures().SetFile(TextureLayer::Bump, TextureBumpmapFileName); });
     });
 }
 
 Status Material::get_TextureSpecularMapFileName(std::string& TextureSpecularMapFileName)
 {
     return m_editor->Guard()("TextureSpecularMapFileName", [&] {
-        TextureSpecularMapFileName = m_editor->Attributes().Carried().Textures.specular;
+        TextureSpecularMapFileName = Textures().File(TextureLayer::Specular);
     });
 }
 
 Status Material::put_TextureSpecularMapFileName(const std::string& TextureSpecularMapFileName)
 {
     return m_editor->Guard()("TextureSpecularMapFileName", [&] {
-        m_editor->ChangeAtOnce([&] {
-            m_editor->Attributes().Carried().Textures.specular = TextureSpecularMapFileName;
-        });
+        m_editor->ChangeAtOnce(
+            [&] { Textures().SetFile(TextureLayer::Specular, TextureSpecularMapFileName); });
     });
 }
 
 Status Material::get_TextureEnvironmentMapFileName(std::string& TextureEnvironmentMapFileName)
 {
     return m_editor->Guard()("TextureEnvironmentMapFileName", [&] {
-        TextureEnvironmentMapFileName = m_editor->Attributes().Carried().Textures.environment;
+        TextureEnvironmentMapFileName = Textures().File(TextureLayer::Environment);
     });
 }
 
 Status Material::put_TextureEnvironmentMapFileName(const std::string& TextureEnvironmentMapFileName)
 {
     return m_editor->Guard()("TextureEnvironmentMapFileName", [&] {
-        m_editor->ChangeAtOnce([&] {
-            m_editor->Attributes().Carried().Textures.environment = TextureEnvironmentMapFileName;
-        });
+        m_editor->ChangeAtOnce(
+            [&] { Textures().SetFile(TextureLayer::Environment, TextureEnvironmentMapFileName); });
     });
 }
 
 Status Material::get_TextureAlphaFileName(std::string& TextureAlphaFileName)
 {
-    return m_editor->Guard()("TextureAlphaFileName", [&] {
-        TextureAlphaFileName = m_editor->Attributes().Carried().Textures.alpha;
-    });
+    return m_editor->Guard()("TextureAlphaFileName",
+                             [&] { TextureAlphaFileName = Textures().File(TextureLayer::Alpha); });
 }
 
 Status Material::put_TextureAlphaFileName(const std::string& TextureAlphaFileName)
 {
     return m_editor->Guard()("TextureAlphaFileName", [&] {
         m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Textures.alpha = TextureAlphaFileName; });
+            [&] { Textures().SetFile(TextureLayer::Alpha, TextureAlphaFileName); });
     });
 }
 
 Status Material::get_FlatWrapType(CorvexDB::FlatWrapType& FlatWrapType)
 {
-    return m_editor->Guard()("FlatWrapType",
-                             [&] { FlatWrapType = m_editor->Attributes().Carried().FlatWrap; });
+    return m_editor->Guard()("FlatWrapType", [&] { FlatWrapType = Textures().FlatWrap(); });
 }
 
 Status Material::put_FlatWrapType(const CorvexDB::FlatWrapType& FlatWrapType)
 {
     return m_editor->Guard()("FlatWrapType", [&] {
-        CheckPosition(static_cast<std::int32_t>(FlatWrapType), kThreeValues, "FlatWrapType");
-        m_editor->ChangeAtOnce([&] { m_editor->Attributes().Carried().FlatWrap = FlatWrapType; });
+        CheckPosition(static_cast<std::int32_t>(FlatWrapType), kFlatWrapTitles.size(),
+                      "FlatWrapType");
+        m_editor->ChangeAtOnce([&] { Textures().SetFlatWrap(FlatWrapType); });
     });
 }
 
 Status Material::get_TextureTilesPerUnit(float& TextureTilesPerUnit)
 {
-    return m_editor->Guard()("TextureTilesPerUnit", [&] {
-        TextureTilesPerUnit = m_editor->Attributes().Carried().TilesPerUnit;
-    });
+    return m_editor->Guard()("TextureTilesPerUnit",
+                             [&] { TextureTilesPerUnit = Textures().TilesPerUnit(); });
 }
 
 Status Material::put_TextureTilesPerUnit(const float& TextureTilesPerUnit)
 {
     return m_editor->Guard()("TextureTilesPerUnit", [&] {
         CheckFinite(TextureTilesPerUnit, "TextureTilesPerUnit");
-        m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().TilesPerUnit = TextureTilesPerUnit; });
+        m_editor->ChangeAtOnce([&] { Textures().SetTilesPerUnit(TextureTilesPerUnit); });
     });
 }
 
 Status Material::get_TextureOriginU(float& TextureOriginU)
 {
-    return m_editor->Guard()("TextureOriginU", [&] {
-        TextureOriginU = m_editor->Attributes().Carried().Placement.originU;
-    });
+    return m_editor->Guard()("TextureOriginU",
+                             [&] { TextureOriginU = Textures().Placement().originU; });
 }
 
 Status Material::put_TextureOriginU(const float& TextureOriginU)
 {
     return m_editor->Guard()("TextureOriginU", [&] {
         CheckFinite(TextureOriginU, "TextureOriginU");
-        m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Placement.originU = TextureOriginU; });
+        CorvexDB::TexturePlacement placement = Textures().Placement();
+        placement.originU = TextureOriginU;
+        m_editor->ChangeAtOnce([&] { Textures().SetPlacement(placement); });
     });
 }
 
 Status Material::get_TextureOriginV(float& TextureOriginV)
 {
-    return m_editor->Guard()("TextureOriginV", [&] {
-        TextureOriginV = m_editor->Attributes().Carried().Placement.originV;
-    });
+    return m_editor->Guard()("TextureOriginV",
+                             [&] { TextureOriginV = Textures().Placement().originV; });
 }
 
 Status Material::put_TextureOriginV(const float& TextureOriginV)
 {
     return m_editor->Guard()("TextureOriginV", [&] {
         CheckFinite(TextureOriginV, "TextureOriginV");
-        m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Placement.originV = TextureOriginV; });
+        CorvexDB::TexturePlacement placement = Textures().Placement();
+        placement.originV = TextureOriginV;
+        m_editor->ChangeAtOnce([&] { Textures().SetPlacement(placement); });
     });
 }
 
 Status Material::get_TextureScaleU(float& TextureScaleU)
 {
-    return m_editor->Guard()("TextureScaleU", [&] {
-        TextureScaleU = m_editor->Attributes().Carried().Placement.scaleU;
-    });
+    return m_editor->Guard()("TextureScaleU",
+                             [&] { TextureScaleU = Textures().Placement().scaleU; });
 }
 
 Status Material::put_TextureScaleU(const float& TextureScaleU)
 {
     return m_editor->Guard()("TextureScaleU", [&] {
         CheckFinite(TextureScaleU, "TextureScaleU");
-        m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Placement.scaleU = TextureScaleU; });
+        CorvexDB::TexturePlacement placement = Textures().Placement();
+        placement.scaleU = TextureScaleU;
+        m_editor->ChangeAtOnce([&] { Textures().SetPlacement(placement); });
     });
 }
 
 Status Material::get_TextureScaleV(float& TextureScaleV)
 {
-    return m_editor->Guard()("TextureScaleV", [&] {
-        TextureScaleV = m_editor->Attributes().Carried().Placement.scaleV;
-    });
+    return m_editor->Guard()("TextureScaleV",
+                             [&] { TextureScaleV = Textures().Placement().scaleV; });
 }
 
 Status Material::put_TextureScaleV(const float& TextureScaleV)
 {
     return m_editor->Guard()("TextureScaleV", [&] {
         CheckFinite(TextureScaleV, "TextureScaleV");
-        m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().Placement.scaleV = TextureScaleV; });
+        CorvexDB::TexturePlacement placement = Textures().Placement();
+        placement.scaleV = TextureScaleV;
+        m_editor->ChangeAtOnce([&] { Textures().SetPlacement(placement); });
     });
 }
 
 Status Material::get_WrapType(CorvexDB::WrapType& WrapType)
 {
-    return m_editor->Guard()("WrapType", [&] { WrapType = m_editor->Attributes().Carried().Wrap; });
+    return m_editor->Guard()("WrapType", [&] { WrapType = Textures().Wrap(); });
 }
 
 Status Material::put_WrapType(const CorvexDB::WrapType& WrapType)
 {
     return m_editor->Guard()("WrapType", [&] {
-        CheckPosition(static_cast<std::int32_t>(WrapType), kThreeValues, "WrapType");
-        m_editor->ChangeAtOnce([&] { m_editor->Attributes().Carried().Wrap = WrapType; });
+        CheckPosition(static_cast<std::int32_t>(WrapType), kWrapTitles.size(), "WrapType");
+        m_editor->ChangeAtOnce([&] { Textures().SetWrap(WrapType); });
     });
 }
 
 Status Material::get_MaterialWrapOrientationU(float& MaterialWrapOrientationU)
 {
-    return m_editor->Guard()("MaterialWrapOrientationU", [&] {
-        MaterialWrapOrientationU =
-            m_editor->Form().Attributes().Form().chkFlipU->isChecked() ? 1.0F : 0.0F;
-    });
+    return m_editor->Guard()("MaterialWrapOrientationU",
+                             [&] { MaterialWrapOrientationU = Textures().FlipU() ? 1.0F : 0.0F; });
 }
 
 Status Material::get_MaterialWrapOrientationV(float& MaterialWrapOrientationV)
 {
-    return m_editor->Guard()("MaterialWrapOrientationV", [&] {
-        MaterialWrapOrientationV =
-            m_editor->Form().Attributes().Form().chkFlipV->isChecked() ? 1.0F : 0.0F;
-    });
+    return m_editor->Guard()("MaterialWrapOrientationV",
+                             [&] { MaterialWrapOrientationV = Textures().FlipV() ? 1.0F : 0.0F; });
 }
 
 Status Material::get_MaterialDoubleSided(bool& MaterialDoubleSided)
 {
     return m_editor->Guard()("MaterialDoubleSided", [&] {
-        MaterialDoubleSided = m_editor->Form().Attributes().Form().chkDoubleSided->isChecked();
+        MaterialDoubleSided =
+            m_editor->Form().Attributes().Advanced().Form().chkDoubleSided->isChecked();
     });
 }
 
 Status Material::get_MaterialAlphaTest(std::int32_t& MaterialAlphaTest)
 {
     return m_editor->Guard()("MaterialAlphaTest", [&] {
-        MaterialAlphaTest = m_editor->Form().Attributes().Form().cboAlphaTest->currentIndex();
+        MaterialAlphaTest =
+            m_editor->Form().Attributes().Advanced().Form().cboAlphaTest->currentIndex();
     });
 }
 
@@ -367,25 +364,23 @@ Status Material::put_lRaytraceType(const std::int32_t& lRaytraceType)
 {
     return m_editor->Guard()("lRaytraceType", [&] {
         m_editor->ChangeAtOnce(
-            [&] { m_editor->Attributes().Carried().RayTrace.MaterialType = lRaytraceType; });
+            [&] { m_editor->Attributes().RayTrace().MaterialType = lRaytraceType; });
     });
 }
 
 Status Material::put_lRaytracePredefinedType(const std::int32_t& lRaytracePredefinedType)
 {
     return m_editor->Guard()("lRaytracePredefinedType", [&] {
-        m_editor->ChangeAtOnce([&] {
-            m_editor->Attributes().Carried().RayTrace.PredefinedType = lRaytracePredefinedType;
-        });
+        m_editor->ChangeAtOnce(
+            [&] { m_editor->Attributes().RayTrace().PredefinedType = lRaytracePredefinedType; });
     });
 }
 
 Status Material::put_lRaytraceColorPatternType(const std::int32_t& lRaytraceColorPatternType)
 {
     return m_editor->Guard()("lRaytraceColorPatternType", [&] {
-        m_editor->ChangeAtOnce([&] {
-            m_editor->Attributes().Carried().RayTrace.ColorPattern = lRaytraceColorPatternType;
-        });
+        m_editor->ChangeAtOnce(
+            [&] { m_editor->Attributes().RayTrace().ColorPattern = lRaytraceColorPatternType; });
     });
 }
 
@@ -424,7 +419,11 @@ Status Material::SetTexturesAvoidStateChange(const std::string& stTextureFileNam
                                            stTextureBumpMapFileName,
                                            stTextureSpecularMapFileName,
                                            stTextureEnvironmentMapFileName};
-        m_editor->ChangeSilently([&] { m_editor->Attributes().Carried().Textures = files; });
+        m_editor->ChangeSilently([&] {
+            for (const TextureLayerRow& row : kTextureLayers) {
+                Textures().SetFile(row.layer, files.*row.file);
+            }
+        });
     });
 }
 
@@ -437,8 +436,8 @@ Status Material::SetTextureCropping(const float& stTextureOriginU, const float& 
         CheckFinite(stTextureScaleU, "stTextureScaleU");
         CheckFinite(stTextureScaleV, "stTextureScaleV");
         m_editor->ChangeAtOnce([&] {
-            m_editor->Attributes().Carried().Placement = {stTextureOriginU, stTextureOriginV,
-                                                          stTextureScaleU, stTextureScaleV};
+            Textures().SetPlacement(
+                {stTextureOriginU, stTextureOriginV, stTextureScaleU, stTextureScaleV});
         });
     });
 }

@@ -8,12 +8,16 @@
 #include <string>
 #include <vector>
 
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+
 namespace CorvexMaterial {
 
 class AttributePanel;
 
-/// Every attribute of the material being edited, reached through its control. What has no control
-/// on the panel is carried in a record beside it.
+/// Every attribute of the material being edited, reached through its control. The raytrace record,
+/// edited in a dialog of its own, is kept here.
 class PanelAttributes : public AttributeTarget {
 public:
     explicit PanelAttributes(AttributePanel& panel);
@@ -26,22 +30,23 @@ public:
     CustomFieldValues CustomFieldTexts() override;
     void ShowCustomFields(const CustomFieldValues& texts) override;
 
-    /// The material as the panel shows it; an amount whose text is no whole number has its factory
-    /// value.
+    /// The material as the panel shows it, less the plug-in's values. An amount whose text is no
+    /// whole number has its factory value.
     CorvexDB::udtMaterial Record();
-    /// Shows every field. Errors: InvalidArgument for a list position outside its list, and nothing
-    /// has changed then.
+    /// Shows every field. Errors: InvalidArgument for a list position outside its list or a
+    /// placement that is no number, and nothing has changed then.
     void ShowRecord(const CorvexDB::udtMaterial& record);
 
     [[nodiscard]] CorvexDB::ApplyMode ApplyRelative() const;
+    /// Errors: InvalidArgument for an unknown mode.
     void ShowApplyRelative(CorvexDB::ApplyMode mode);
     [[nodiscard]] std::int32_t PreviewPrimitive() const { return m_previewPrimitive; }
     void ShowPreviewPrimitive(std::int32_t code) { m_previewPrimitive = code; }
     std::string& TextureLibrary() { return m_textureLibrary; }
     std::string& MaterialLibrary() { return m_materialLibrary; }
+    CorvexDB::cdtRayTraceMaterialAttributes& RayTrace() { return m_rayTrace; }
 
-    /// The fields that no control of the panel shows.
-    [[nodiscard]] CorvexDB::udtMaterial& Carried() { return m_carried; }
+    /// The whole number in the attribute's field, or its factory value.
     [[nodiscard]] std::int32_t Amount(Attribute attribute);
 
 private:
@@ -51,15 +56,19 @@ private:
     };
 
     Binding& At(Attribute attribute) { return m_bindings[static_cast<std::size_t>(attribute)]; }
-    void BindAmounts();
-    void BindChoices();
+    void BindField(Attribute attribute, QLineEdit& field);
+    void BindFlag(Attribute attribute, QCheckBox& box);
+    void BindList(Attribute attribute, QComboBox& list);
+    void BindSurface();
+    void BindAdvanced();
     void BindTextures();
+    void BindPlacement();
     void BindRaytrace();
     void BindRaytraceColours();
     void BindOthers();
 
     AttributePanel& m_panel;
-    CorvexDB::udtMaterial m_carried;
+    CorvexDB::cdtRayTraceMaterialAttributes m_rayTrace;
     std::int32_t m_previewPrimitive = 2;
     std::string m_textureLibrary = "Gems.cvt";
     std::string m_materialLibrary = "Gems.cvm";

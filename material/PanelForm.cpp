@@ -53,12 +53,13 @@ LibraryPanelKind TexturesKind()
 
 }  // namespace
 
-PanelForm::PanelForm(Host& host, Platform& platform, const Trap& trap, QWidget& parent)
-    : m_picture(new QWidget(&parent)), m_preview(new PreviewPanel(host.viewports, m_picture)),
+PanelForm::PanelForm(const ChannelServices& services, const Trap& trap, QWidget& parent)
+    : m_picture(new QWidget(&parent)),
+      m_preview(new PreviewPanel(services.host.viewports, m_picture)),
       m_materialHeader(new SectionHeader(Translated("Material"), m_picture)),
-      m_attributes(new AttributePanel(trap, platform.choosers, m_picture)),
-      m_materials(new LibraryPanel(MaterialsKind(), host.editports, m_picture)),
-      m_textures(new LibraryPanel(TexturesKind(), host.editports, m_picture))
+      m_attributes(new AttributePanel(trap, services, m_picture)),
+      m_materials(new LibraryPanel(MaterialsKind(), services.host.editports, m_picture)),
+      m_textures(new LibraryPanel(TexturesKind(), services.host.editports, m_picture))
 {
     m_picture->setObjectName(QStringLiteral("picMaterial"));
     m_materialHeader->setObjectName(QStringLiteral("chkMaterialPanel"));

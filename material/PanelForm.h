@@ -1,9 +1,8 @@
 #pragma once
 
-#include "host/Host.h"
 #include "material/PanelLayout.h"
 #include "material/SavedState.h"
-#include "platform/Platform.h"
+#include "textures/ChannelServices.h"
 
 class QWidget;
 
@@ -19,7 +18,7 @@ class Trap;
 /// Qt owns them through the parent.
 class PanelForm {
 public:
-    PanelForm(Host& host, Platform& platform, const Trap& trap, QWidget& parent);
+    PanelForm(const ChannelServices& services, const Trap& trap, QWidget& parent);
 
     QWidget& Picture() { return *m_picture; }
     PreviewPanel& Preview() { return *m_preview; }

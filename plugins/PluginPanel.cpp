@@ -109,6 +109,11 @@ void PluginPanel::Add(const std::string& name)
     m_list->addItem(QString::fromStdString(name));
 }
 
+std::string PluginPanel::ListText() const
+{
+    return m_list->currentText().toStdString();
+}
+
 std::string PluginPanel::SelectedName() const
 {
     return m_shownPosition < 1 ? std::string() : EntryAt(m_shownPosition).name;

@@ -46,6 +46,8 @@ public:
     /// The same with texts, for the plug-in that is chosen.
     void ShowTexts(const std::vector<std::string>& texts);
 
+    /// The chosen entry as it is listed, "None" included; empty while the list is.
+    [[nodiscard]] std::string ListText() const;
     /// Empty when no plug-in is chosen.
     [[nodiscard]] std::string SelectedName() const;
     /// Gives the array ten elements and fills them, 0 beyond the parameters. After an error those

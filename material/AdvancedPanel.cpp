@@ -1,0 +1,56 @@
+#include "material/AdvancedPanel.h"
+
+#include "controls/AmountField.h"
+#include "controls/WheelGuard.h"
+#include "material/AlphaTests.h"
+#include "material/AmountLink.h"
+#include "ui_AdvancedPanel.h"
+
+#include <QSignalBlocker>
+
+namespace CorvexMaterial {
+
+AdvancedPanel::AdvancedPanel(QWidget* parent)
+    : QWidget(parent), m_ui(std::make_unique<Ui::AdvancedPanel>())
+{
+    m_ui->setupUi(this);
+    StartAmount(*m_ui->txtAlphaTestReference, Attribute::AlphaTestReference);
+    FillAlphaTests();
+    connect(m_ui->txtAlphaTestReference, &QLineEdit::textChanged, this, &AdvancedPanel::Edited);
+    connect(m_ui->chkDoubleSided, &QCheckBox::clicked, this, &AdvancedPanel::Edited);
+    connect(m_ui->chkApplyRelative, &QCheckBox::clicked, this, &AdvancedPanel::Edited);
+    // Partially ticked is set by program only, so a click must not pass through it.
+    connect(m_ui->chkApplyRelative, &QCheckBox::stateChanged, this, [this](int state) {
+        m_ui->chkApplyRelative->setTristate(state == Qt::PartiallyChecked);
+    });
+    connect(m_ui->chkAlphaIsTransparent, &QCheckBox::clicked, this,
+            &AdvancedPanel::AlphaIsTransparentClicked);
+    connect(m_ui->cboAlphaTest, &QComboBox::currentIndexChanged, this,
+            &AdvancedPanel::FollowAlphaTest);
+    connect(m_ui->cboAlphaTest, &QComboBox::activated, this, &AdvancedPanel::Edited);
+    connect(m_ui->cmdAdvancedOptionsResetDefaults, &QToolButton::clicked, this,
+            &AdvancedPanel::ResetPressed);
+    GuardWheel(*this);
+}
+
+AdvancedPanel::~AdvancedPanel() = default;
+
+void AdvancedPanel::FillAlphaTests()
+{
+    const QSignalBlocker quiet(m_ui->cboAlphaTest);
+    const int position = std::max(0, m_ui->cboAlphaTest->currentIndex());
+    m_ui->cboAlphaTest->clear();
+    for (const std::string_view name : kAlphaTestNames) {
+        m_ui->cboAlphaTest->addItem(
+            QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+    }
+    m_ui->cboAlphaTest->setCurrentIndex(position);
+    FollowAlphaTest();
+}
+
+void AdvancedPanel::FollowAlphaTest()
+{
+    m_ui->txtAlphaTestReference->setEnabled(m_ui->cboAlphaTest->currentIndex() > kAlphaTestNever);
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "material/ColourField.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class SurfacePanel;
+}
+
+namespace CorvexMaterial {
+
+class Trap;
+
+/// Colour and amounts.
+class SurfacePanel : public QWidget {
+    Q_OBJECT
+
+public:
+    SurfacePanel(const Trap& trap, Choosers& choosers, QWidget* parent);
+    ~SurfacePanel() override;
+
+    Ui::SurfacePanel& Form() { return *m_ui; }
+    ColourField& Color() { return *m_color; }
+    /// The four amounts with their labels; the colour stays usable.
+    void SetAmountsEnabled(bool enabled);
+
+Q_SIGNALS:
+    void Edited();
+    void ResetPressed();
+
+private:
+    void ConnectColor();
+    void ConnectAmounts();
+
+    const Trap& m_trap;
+    Choosers& m_choosers;
+    std::unique_ptr<Ui::SurfacePanel> m_ui;
+    ColourField* m_color = nullptr;
+};
+
+}  // namespace CorvexMaterial
