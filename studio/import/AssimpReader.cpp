@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "studio/import/AssimpMaterial.h"
+#include "studio/import/AssimpMesh.h"
 #include "studio/import/ShapeNames.h"
 #include "studio/import/UnitVector.h"
 
@@ -19,80 +20,6 @@ namespace {
 
 using CorvexMaterial::Error;
 using CorvexMaterial::Status;
-
-// Without coordinates there is no direction of growing u; any direction along the surface will do.
-QVector3D AnyTangent(const QVector3D& normal)
-{
-    const QVector3D axis = std::abs(normal.x()) < 0.9F ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
-    return QVector3D::crossProduct(axis, normal).normalized();
-}
-
-QVector3D From(const aiVector3D& vector)
-{
-    return {vector.x, vector.y, vector.z};
-}
-
-bool Usable(const aiVector3D& point)
-{
-    const auto usable = [](float value) { return std::abs(value) <= kLargestCoordinate; };
-    return usable(point.x) && usable(point.y) && usable(point.z);
-}
-
-QVector3D UnitFrom(const aiVector3D& vector, const QVector3D& otherwise)
-{
-    return Usable(vector) ? UnitOr(From(vector), otherwise) : otherwise;
-}
-
-Vertex VertexAt(const aiMesh& source, unsigned int index)
-{
-    Vertex vertex;
-    const QVector3D position =
-        Usable(source.mVertices[index]) ? From(source.mVertices[index]) : QVector3D();
-    const QVector3D up(0.0F, 1.0F, 0.0F);
-    const QVector3D normal = source.HasNormals() ? UnitFrom(source.mNormals[index], up) : up;
-    QVector3D tangent = AnyTangent(normal);
-    float handedness = 1.0F;
-    if (source.HasTangentsAndBitangents()) {
-        tangent = UnitFrom(source.mTangents[index], tangent);
-        const QVector3D across = UnitFrom(source.mBitangents[index], tangent);
-        handedness = QVector3D::dotProduct(QVector3D::crossProduct(normal, tangent), across) < 0.0F
-                         ? -1.0F
-                         : 1.0F;
-    }
-    vertex.position = {position.x(), position.y(), position.z()};
-    vertex.normal = {normal.x(), normal.y(), normal.z()};
-    vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), handedness};
-    if (source.HasTextureCoords(0) && Usable(source.mTextureCoords[0][index])) {
-        vertex.uv = {source.mTextureCoords[0][index].x, source.mTextureCoords[0][index].y};
-    }
-    return vertex;
-}
-
-std::vector<std::uint32_t> TrianglesOf(const aiMesh& source)
-{
-    std::vector<std::uint32_t> indices;
-    indices.reserve(std::size_t{3} * source.mNumFaces);
-    for (unsigned int face = 0; face < source.mNumFaces; ++face) {
-        const aiFace& corners = source.mFaces[face];
-        if (corners.mNumIndices == 3 && Usable(source.mVertices[corners.mIndices[0]]) &&
-            Usable(source.mVertices[corners.mIndices[1]]) &&
-            Usable(source.mVertices[corners.mIndices[2]])) {
-            indices.insert(indices.end(), corners.mIndices, corners.mIndices + 3);
-        }
-    }
-    return indices;
-}
-
-ImportedMesh MeshFrom(const aiMesh& source)
-{
-    std::vector<Vertex> vertices;
-    vertices.reserve(source.mNumVertices);
-    for (unsigned int index = 0; index < source.mNumVertices; ++index) {
-        vertices.push_back(VertexAt(source, index));
-    }
-    return {MakeMesh(std::move(vertices), TrianglesOf(source)), source.mMaterialIndex,
-            source.HasTextureCoords(0)};
-}
 
 QMatrix4x4 MatrixFrom(const aiMatrix4x4& source)
 {

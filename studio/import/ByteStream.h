@@ -5,11 +5,13 @@
 #include <QByteArray>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace studio {
@@ -28,7 +30,7 @@ public:
     {
         static_assert(std::is_trivially_copyable_v<Value>);
         m_bytes.append(reinterpret_cast<const char*>(values.data()),
-                       static_cast<qsizetype>(values.size() * sizeof(Value)));
+                       static_cast<qsizetype>(values.size()) * qsizetype{sizeof(Value)});
     }
 
     void PutText(std::string_view text)

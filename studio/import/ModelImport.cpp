@@ -47,7 +47,8 @@ void ModelImport::Start(const QString& file)
     m_limit.start(m_program.timeLimit);
     if (const ImportFailure failure = m_job->Start(); failure != ImportFailure::None) {
         m_early = failure;
-        QTimer::singleShot(0, this, [this, run] { Judge(run); });
+        QMetaObject::invokeMethod(
+            this, [this, run] { Judge(run); }, Qt::QueuedConnection);
     }
 }
 

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QVector3D>
+
+#include <algorithm>
+#include <cmath>
+
+namespace studio {
+
+/// The direction, however short the vector is; `QVector3D::normalized` gives up below 0.00001. A
+/// null vector has none.
+[[nodiscard]] inline QVector3D UnitOr(const QVector3D& vector, const QVector3D& otherwise)
+{
+    const float largest =
+        std::max({std::abs(vector.x()), std::abs(vector.y()), std::abs(vector.z())});
+    return largest > 0.0F ? (vector / largest).normalized() : otherwise;
+}
+
+/// Without texture coordinates there is no direction of growing u; any one along the surface will
+/// do.
+[[nodiscard]] inline QVector3D AnyTangent(const QVector3D& normal)
+{
+    const QVector3D axis = std::abs(normal.x()) < 0.9F ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
+    return QVector3D::crossProduct(axis, normal).normalized();
+}
+
+}  // namespace studio
