@@ -1,0 +1,87 @@
+#include "plugins/CustomFieldsPanel.h"
+
+#include "tests/support/Driving.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace CorvexTest {
+namespace {
+
+using CorvexMaterial::CustomFieldsPanel;
+
+class CustomFields : public testing::Test {
+protected:
+    CustomFields()
+    {
+        panel.show();
+        QObject::connect(&panel, &CustomFieldsPanel::Edited, &panel, [this] { ++edits; });
+    }
+    QLineEdit& Value(int row)
+    {
+        return *panel.findChild<QLineEdit*>(
+            QStringLiteral("txtCustomMaterialFieldValue_%1").arg(row));
+    }
+    QLabel& Name(int row)
+    {
+        return *panel.findChild<QLabel*>(QStringLiteral("lblCustomMaterialFieldName_%1").arg(row));
+    }
+
+    CustomFieldsPanel panel{nullptr};
+    int edits = 0;
+};
+
+TEST_F(CustomFields, ShowsTheDefinedSlotsAndIgnoresNamesBeyondSix)
+{
+    panel.ShowNames({"Supplier", "", "Price", "", "", "Notes", "Seventh"});
+    for (int row = 0; row < 6; ++row) {
+        const bool isDefined = row == 0 || row == 2 || row == 5;
+        EXPECT_EQ(Value(row).isVisible(), isDefined) << row;
+        EXPECT_EQ(Name(row).isVisible(), isDefined) << row;
+    }
+    EXPECT_EQ(Name(2).text(), "Price");
+}
+
+TEST_F(CustomFields, WithoutNamesOneLineSaysSo)
+{
+    panel.ShowNames({"Supplier"});
+    panel.ShowNames({"", ""});
+    EXPECT_EQ(Name(0).text(), "No custom material fields defined.");
+    EXPECT_TRUE(Name(0).isVisible());
+    for (int row = 0; row < 6; ++row) {
+        EXPECT_FALSE(Value(row).isVisible());
+        EXPECT_EQ(Name(row).isVisible(), row == 0);
+    }
+}
+
+TEST_F(CustomFields, ABarIsDroppedWhenTypedAndStaysWhenPasted)
+{
+    panel.ShowNames({"Supplier"});
+    Type(Value(0), "a|b");
+    EXPECT_EQ(panel.Texts()[0], "ab");
+    EXPECT_EQ(edits, 2) << "the bar is no edit";
+    QApplication::clipboard()->setText("c|d");
+    Value(0).selectAll();
+    QTest::keyClick(&Value(0), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(panel.Texts()[0], "c|d");
+    EXPECT_EQ(edits, 3);
+}
+
+TEST_F(CustomFields, ValuesOutliveTheNamesAndProgramChangesAreSilent)
+{
+    panel.ShowTexts({"one", "two", "", "", "", "six"});
+    panel.ShowNames({"Supplier"});
+    panel.ShowNames({});
+    panel.ShowNames({"Supplier", "Price"});
+    EXPECT_EQ(panel.Texts()[1], "two");
+    EXPECT_EQ(panel.Texts()[5], "six");
+    EXPECT_EQ(edits, 0);
+}
+
+}  // namespace
+}  // namespace CorvexTest

@@ -1,0 +1,116 @@
+#include "tests/plugins/PluginRig.h"
+
+#include <QComboBox>
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace CorvexTest {
+namespace {
+
+using CorvexMaterial::Error;
+using CorvexMaterial::Status;
+using testing::AnyOf;
+using testing::HasSubstr;
+
+constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+
+struct FaultCase {
+    const char* name;
+    std::function<std::vector<PluginParameter>()> answer;
+};
+
+std::vector<FaultCase> Faults()
+{
+    std::vector<FaultCase> faults{
+        {"NaNRange", [] { return std::vector{Slider(kNaN, 5, 1)}; }},
+        {"NaNDefault", [] { return std::vector{Slider(0, 5, kNaN)}; }},
+        {"MinimumAboveMaximum",
+         [] {
+             return std::vector{Slider(0, 5, 1), NumberBox(6, 5, 1)};
+         }},
+        {"HugeRange", [] { return std::vector{Slider(0, 1e30F, 1)}; }},
+        {"NoChoices",
+         [] {
+             PluginParameter list;
+             list.kind = ParameterKind::List;
+             return std::vector{list};
+         }},
+    };
+    for (const Fault fault : kFaults) {
+        faults.push_back({"Throws", [fault]() -> std::vector<PluginParameter> {
+                              Throw(fault, "GetParameters");
+                          }});
+    }
+    return faults;
+}
+
+TEST(PluginFault, ARefusedPluginIsNamedAndTheFormerOneStays)
+{
+    for (const FaultCase& fault : Faults()) {
+        SCOPED_TRACE(fault.name);
+        PluginRig rig;
+        rig.Pick("First");
+        rig.second->answer = fault.answer;
+        const auto before = rig.VisibleRows();
+        rig.Pick("Second");
+        ASSERT_FALSE(rig.prompts.shown.empty());
+        // Out of memory has a text of its own, which names nobody.
+        EXPECT_THAT(rig.prompts.shown[0].text, AnyOf(HasSubstr("Second"), HasSubstr("memory")));
+        EXPECT_EQ(rig.chosen, 1);
+        EXPECT_EQ(rig.panel->SelectedName(), "First");
+        EXPECT_EQ(rig.Find<QComboBox>("cboPlugin").currentText(), "First");
+        EXPECT_EQ(rig.VisibleRows(), before);
+        EXPECT_EQ(rig.Read()[2], 7.0F);
+    }
+}
+
+TEST(PluginFault, ManyParametersShowTenAndFailAtTheEleventh)
+{
+    PluginRig rig;
+    for (const std::size_t count : {std::size_t{11}, std::size_t{1'000'000}}) {
+        rig.second->answer = [count] { return std::vector(count, Slider(0, 9, 3)); };
+        rig.panel->SelectName("");
+        rig.Pick("Second");
+        EXPECT_THAT(rig.prompts.shown.back().text, HasSubstr(std::to_string(count)));
+        EXPECT_TRUE(rig.Find<QWidget>("sldParameter_9").isVisible());
+        std::vector<float> values;
+        try {
+            rig.panel->ReadValues(values);
+            ADD_FAILURE() << "eleven do not fit";
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Code(), Status::SubscriptOutOfRange);
+        }
+        EXPECT_EQ(values, std::vector<float>(10, 3.0F));
+    }
+    rig.Pick("First");
+    EXPECT_EQ(rig.Read()[2], 7.0F) << "the panel stays usable";
+}
+
+TEST(PluginFault, ValuesThatDoNotFitLeaveTheRowsAsTheyWere)
+{
+    PluginRig rig;
+    rig.Pick("First");
+    const auto before = rig.Read();
+    const std::vector<std::vector<float>> bad{{1, 0, 2}, {}, {0, 0, kNaN, 0, 0, 0, 0}};
+    for (const auto& values : bad) {
+        EXPECT_THROW(rig.panel->Display(values), Error);
+        EXPECT_EQ(rig.Read(), before);
+    }
+}
+
+TEST(PluginFault, AListLongerThanTheHostsTableIsRefused)
+{
+    PluginRig rig;
+    rig.panel->Add("Third");
+    rig.Pick("Third");
+    EXPECT_THAT(rig.prompts.shown.at(0).text, HasSubstr("Third"));
+    EXPECT_EQ(rig.panel->SelectedName(), "");
+    rig.table.records[1].plugin = nullptr;
+    rig.Pick("First");
+    EXPECT_EQ(rig.panel->SelectedName(), "");
+}
+
+}  // namespace
+}  // namespace CorvexTest

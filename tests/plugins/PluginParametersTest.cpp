@@ -1,0 +1,112 @@
+#include "plugins/PluginParameters.h"
+
+#include "host/Status.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace CorvexMaterial {
+namespace {
+
+using CorvexDB::ParameterKind;
+using CorvexDB::PluginParameter;
+
+PluginParameter SliderOf(float minimum, float maximum, float step)
+{
+    PluginParameter parameter;
+    parameter.minimum = minimum;
+    parameter.maximum = maximum;
+    parameter.step = step;
+    return parameter;
+}
+
+struct SliderCase {
+    float minimum, maximum, step;
+    int tickFrequency, largeChange;
+};
+
+class SliderArithmetic : public testing::TestWithParam<SliderCase> {};
+
+TEST_P(SliderArithmetic, FollowsRangeAndStep)
+{
+    const SliderCase& row = GetParam();
+    const SliderSetting setting = SliderSettingOf(SliderOf(row.minimum, row.maximum, row.step));
+    EXPECT_EQ(setting.tickFrequency, row.tickFrequency);
+    EXPECT_EQ(setting.largeChange, row.largeChange);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, SliderArithmetic,
+    testing::Values(SliderCase{-5, 5, 0, 5, 1},          // 5 / 4 = 1.25
+                    SliderCase{0, 20, 0, 1, 5},          // at most 20 steps
+                    SliderCase{0, 21, 0, 2, 5},          // 2.1, 5.25
+                    SliderCase{0, 100, 0, 10, 25},       //
+                    SliderCase{0, 25, 0, 2, 6},          // 2.5 goes to the even 2, 6.25
+                    SliderCase{0, 35, 0, 4, 9},          // 3.5 goes to the even 4, 8.75
+                    SliderCase{0, 2, 0, 1, 1},           // 0.5 gives 0, and at least 1
+                    SliderCase{0, 100, 12.5F, 10, 12},   // the step itself, half to even
+                    SliderCase{0, 0, 0, 1, 1},           // an empty range still has a tick
+                    SliderCase{-9.6F, 10.4F, 0, 10, 2},  // rounded first, then symmetric; 2.5
+                    SliderCase{-2147483648.0F, 2147483008.0F, 0, 429496666, 536870752}));
+
+TEST(PackedColour, KeepsGreenAndBlueAndRedWithinOneStep)
+{
+    EXPECT_EQ(PackColour(kWhite), 8388607.0F);
+    EXPECT_EQ(PackColour(0), 0.0F);
+    EXPECT_EQ(PackColour(MakeColour({128, 128, 128})), 64 * 65536 + 128 * 256 + 128);
+    for (int byte = 0; byte < 256; ++byte) {
+        const ColourBytes given{byte, 255 - byte, byte ^ 0x55};
+        const ColourBytes back = BytesOf(UnpackColour(PackColour(MakeColour(given))));
+        EXPECT_NEAR(back.red, given.red, 1);
+        EXPECT_EQ(back.green, given.green);
+        EXPECT_EQ(back.blue, given.blue);
+    }
+    EXPECT_EQ(UnpackColour(8388607.0F), kWhite);
+    EXPECT_EQ(UnpackColour(1e30F), kWhite);
+    EXPECT_EQ(UnpackColour(-3.0F), 0);
+}
+
+TEST(ParameterLists, TheSimpleShapeHasNoSphere)
+{
+    PluginParameter parameter;
+    parameter.choices = {"ignored"};
+    parameter.kind = ParameterKind::Shape;
+    EXPECT_EQ(ChoicesOf(parameter), (std::vector<std::string>{"Box", "Cylinder", "Sphere"}));
+    parameter.kind = ParameterKind::SimpleShape;
+    EXPECT_EQ(ChoicesOf(parameter), (std::vector<std::string>{"Box", "Cylinder"}));
+}
+
+TEST(ParameterLists, PositionIsRoundedHalfToEvenAndStaysInTheList)
+{
+    EXPECT_EQ(ListPositionOf(0.5F, 4), 0);
+    EXPECT_EQ(ListPositionOf(2.5F, 4), 2);
+    EXPECT_EQ(ListPositionOf(1.5F, 4), 2);
+    EXPECT_EQ(ListPositionOf(99.0F, 4), 3);
+    EXPECT_EQ(ListPositionOf(-1.0F, 4), 0);
+}
+
+TEST(ParameterRows, LieThreeHundredThirtyTwipsApart)
+{
+    EXPECT_EQ(ParameterRowTop(0), 390);
+    EXPECT_EQ(ParameterRowTop(1), 720);
+    EXPECT_EQ(ParameterRowTop(9), 3360);
+}
+
+TEST(ParameterCheck, RefusesWhatNoEditorCanShow)
+{
+    constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+    PluginParameter noChoices;
+    noChoices.kind = ParameterKind::List;
+    PluginParameter noDefault = SliderOf(0, 1, 0);
+    noDefault.defaultValue = kNaN;
+    for (const PluginParameter& bad :
+         {SliderOf(kNaN, 1, 0), SliderOf(0, kNaN, 0), SliderOf(0, 1, kNaN), SliderOf(2, 1, 0),
+          noChoices, noDefault, SliderOf(0, 1e20F, 0)}) {
+        EXPECT_THROW(CheckParameter(bad), Error);
+    }
+    EXPECT_NO_THROW(CheckParameter(SliderOf(1, 1, 0)));
+}
+
+}  // namespace
+}  // namespace CorvexMaterial
