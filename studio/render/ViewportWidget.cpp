@@ -2,67 +2,22 @@
 
 #include "studio/render/Backdrop.h"
 #include "studio/render/FrameSource.h"
+#include "studio/render/OrbitMotion.h"
 
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QWheelEvent>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace studio {
 namespace {
 
-constexpr float kDegreesPerPixel = 0.5F;
-constexpr float kSteepestPitch = 89.0F;
-constexpr float kZoomPerStep = 0.87F;
-constexpr float kNearestOfHome = 0.05F;
-constexpr float kFarthestOfHome = 20.0F;
 constexpr int kRefineDelayMs = 150;
 constexpr int kWheelEndMs = 250;
 constexpr float kWheelUnitsPerStep = 120.0F;
-
-QColor ColorOf(const EncodedColour& colour)
-{
-    return QColor::fromRgbF(colour[0], colour[1], colour[2]);
-}
-
-/// Where a picture goes whose camera fits its smaller side: the scene keeps its proportions while
-/// the picture of another size is on its way.
-QRectF Cover(QSizeF picture, const QRectF& area)
-{
-    const double smaller = std::min(picture.width(), picture.height());
-    QRectF place({}, picture * (std::min(area.width(), area.height()) / smaller));
-    place.moveCenter(area.center());
-    return place;
-}
-
-QRectF Contain(QSizeF picture, const QRectF& area)
-{
-    QRectF place({}, picture.scaled(area.size(), Qt::KeepAspectRatio));
-    place.moveCenter(area.center());
-    return place;
-}
-
-Camera Turned(Camera camera, QPointF delta)
-{
-    camera.yawDegrees -= static_cast<float>(delta.x()) * kDegreesPerPixel;
-    camera.yawDegrees = std::remainder(camera.yawDegrees, 360.0F);
-    camera.pitchDegrees =
-        std::clamp(camera.pitchDegrees + static_cast<float>(delta.y()) * kDegreesPerPixel,
-                   -kSteepestPitch, kSteepestPitch);
-    return camera;
-}
-
-Camera Panned(Camera camera, QPointF delta, QSizeF size)
-{
-    const float unit = camera.UnitsPerPixel(size);
-    camera.target -= static_cast<float>(delta.x()) * unit * camera.Right();
-    camera.target += static_cast<float>(delta.y()) * unit * camera.Up();
-    return camera;
-}
 
 }  // namespace
 
@@ -109,9 +64,7 @@ void ViewportWidget::ShowPicture(const QImage& picture)
     m_drawSoon.stop();
     m_refineSoon.stop();
     m_service.Cancel(m_view);
-    m_picture = picture;
-    m_fit = Fit::Contain;
-    m_message.clear();
+    m_picture.ShowImage(picture);
     update();
 }
 
@@ -192,14 +145,13 @@ void ViewportWidget::RequestPicture(int samples)
 void ViewportWidget::Receive(const RenderResult& result, int samples)
 {
     if (result.status != CorvexMaterial::Status::Success) {
-        m_message = QString::fromStdString(result.error);
+        const QString message = QString::fromStdString(result.error);
+        m_picture.ShowMessage(message);
         update();
-        Q_EMIT failed(m_message);
+        Q_EMIT failed(message);
         return;
     }
-    m_picture = result.image;
-    m_fit = Fit::Cover;
-    m_message.clear();
+    m_picture.ShowDrawn(result.image);
     update();
     if (samples == 1) {
         RefineWhenIdle();
@@ -229,45 +181,16 @@ void ViewportWidget::DragBy(QPointF delta)
                                    : Turned(m_camera, delta));
 }
 
-void ViewportWidget::PaintBackdrop(QPainter& painter) const
-{
-    const BackdropColours colours = BackdropColoursOf(m_background, m_backdrop);
-    QLinearGradient gradient(0.0, 0.0, 0.0, height());
-    gradient.setColorAt(0.0, ColorOf(colours.top));
-    gradient.setColorAt(1.0, ColorOf(colours.bottom));
-    painter.fillRect(rect(), gradient);
-}
-
-void ViewportWidget::PaintMessage(QPainter& painter) const
-{
-    const QRect area = rect().adjusted(12, 12, -12, -12);
-    const int lightness = ColorOf(BackdropColoursOf(m_background, m_backdrop).top).lightness();
-    painter.setPen(lightness < 128 ? Qt::white : Qt::black);
-    painter.drawText(area, Qt::AlignCenter | Qt::TextWordWrap, m_message);
-}
-
 void ViewportWidget::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    if (!m_message.isEmpty() || m_picture.isNull()) {
-        PaintBackdrop(painter);
-        PaintMessage(painter);
-        return;
-    }
-    const QRectF area(rect());
-    const QSizeF size(m_picture.size());
-    const QRectF place = m_fit == Fit::Cover ? Cover(size, area) : Contain(size, area);
-    if (!place.contains(area)) {
-        PaintBackdrop(painter);
-    }
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_picture.size() != PictureSize());
-    painter.drawImage(place, m_picture);
+    m_picture.Paint(painter, rect(), BackdropColoursOf(m_background, m_backdrop));
 }
 
 void ViewportWidget::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    if (m_fit == Fit::Cover) {
+    if (!m_picture.IsImage()) {
         Draw();
     }
 }
@@ -334,11 +257,7 @@ void ViewportWidget::wheelEvent(QWheelEvent* event)
     if (steps == 0.0F) {
         return;
     }
-    studio::Camera camera = m_camera;
-    camera.distance =
-        std::clamp(camera.distance * std::pow(kZoomPerStep, steps),
-                   m_home.distance * kNearestOfHome, m_home.distance * kFarthestOfHome);
-    MoveCamera(camera);
+    MoveCamera(Zoomed(m_camera, steps, m_home.distance));
     m_wheelEnd.start();
     event->accept();
 }

@@ -3,8 +3,8 @@
 #include "host/Colour.h"
 #include "studio/render/Frame.h"
 #include "studio/render/RenderService.h"
+#include "studio/render/ViewportPicture.h"
 
-#include <QImage>
 #include <QPoint>
 #include <QTimer>
 #include <QWidget>
@@ -72,15 +72,12 @@ protected:
 
 private:
     enum class Drag { None, Undecided, Turn, Pan };
-    enum class Fit { Cover, Contain };
 
     void RequestPicture(int samples);
     void Receive(const RenderResult& result, int samples);
     void RefineWhenIdle();
     void MoveCamera(const studio::Camera& camera);
     void DragBy(QPointF delta);
-    void PaintBackdrop(QPainter& painter) const;
-    void PaintMessage(QPainter& painter) const;
 
     RenderService& m_service;
     RenderService::ViewId m_view;
@@ -89,9 +86,7 @@ private:
     studio::Camera m_home;
     CorvexMaterial::Colour m_background = Frame().background;
     Backdrop m_backdrop = Backdrop::Gradient;
-    QImage m_picture;
-    Fit m_fit = Fit::Cover;
-    QString m_message;
+    ViewportPicture m_picture;
     bool m_wanted = false;  ///< a picture is to be drawn once the widget can be seen
     QTimer m_drawSoon;
     QTimer m_refineSoon;  ///< a view that rests gets smooth edges
