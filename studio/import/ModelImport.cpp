@@ -2,8 +2,6 @@
 
 #include "studio/import/ImportJob.h"
 
-#include <utility>
-
 namespace studio {
 
 ImportOutcome ImportModelNow(const QString& file, const ImportProgram& program)
@@ -22,7 +20,7 @@ ModelImport::ModelImport(ImportProgram program, QObject* parent)
     : QObject(parent), m_program(std::move(program))
 {
     m_limit.setSingleShot(true);
-    connect(&m_limit, &QTimer::timeout, this, [this] { End(ImportFailure::TimedOut); });
+    connect(&m_limit, &QTimer::timeout, this, [this] { End(m_onTimeout); });
 }
 
 ModelImport::~ModelImport() = default;
@@ -44,12 +42,10 @@ void ModelImport::Start(const QString& file)
             }
         },
         Qt::QueuedConnection);
-    m_limit.start(m_program.timeLimit);
-    if (const ImportFailure failure = m_job->Start(); failure != ImportFailure::None) {
-        m_early = failure;
-        QMetaObject::invokeMethod(
-            this, [this, run] { Judge(run); }, Qt::QueuedConnection);
-    }
+    const ImportFailure failure = m_job->Start();
+    const bool started = failure == ImportFailure::None;
+    m_onTimeout = started ? ImportFailure::TimedOut : failure;
+    m_limit.start(started ? m_program.timeLimit : std::chrono::milliseconds(0));
 }
 
 void ModelImport::Cancel()
@@ -61,7 +57,7 @@ void ModelImport::Cancel()
 void ModelImport::Judge(quint64 run)
 {
     if (run == m_run) {
-        End(std::exchange(m_early, ImportFailure::None));
+        End(ImportFailure::None);
     }
 }
 
@@ -71,7 +67,6 @@ void ModelImport::End(ImportFailure failure)
         return;
     }
     m_limit.stop();
-    m_early = ImportFailure::None;
     const ImportOutcome outcome = m_job->Outcome(failure);
     // Before the signal: its slots may show a dialog, or start the next import.
     m_job.reset();

@@ -70,7 +70,8 @@ private:
     std::unique_ptr<ImportJob> m_job;
     QTimer m_limit;
     quint64 m_run = 0;
-    ImportFailure m_early = ImportFailure::None;  ///< shown before a process was started
+    /// What it means when the limit is reached: nothing was started, or it took too long.
+    ImportFailure m_onTimeout = ImportFailure::TimedOut;
 };
 
 }  // namespace studio
