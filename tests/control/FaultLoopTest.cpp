@@ -88,8 +88,19 @@ protected:
         }
     }
 
+    /// A list that was opened in vain must not go on showing what was not taken.
+    void ExpectTheListShowsTheColour()
+    {
+        const QString shown = rig.List("cboColor").currentText();
+        std::int32_t colour = 0;
+        rig.Control().get_lVBColor(colour);
+        rig.Control().put_lVBColor(colour);
+        EXPECT_EQ(shown, rig.List("cboColor").currentText());
+    }
+
     void ExpectTheNextEditWorks()
     {
+        ExpectTheListShowsTheColour();
         Prepare();
         rig.Press("chkFlipV");
         EXPECT_EQ(rig.Changes(), 1U);

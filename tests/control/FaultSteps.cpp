@@ -138,7 +138,7 @@ std::vector<Step> UserActions()
         }));
     }
     steps.push_back(UserDoes("cboColor", [](ControlRig& rig) {
-        rig.platform.choosers.colours = {0x030201};
+        rig.platform.choosers.colours = {16775408};  // one that the list names
         Choose(rig.List("cboColor"), "Custom");
     }));
     steps.push_back(UserDoes("cboAlphaTest",

@@ -38,6 +38,7 @@ protected:
         for (const char* name : kDictated) {
             EXPECT_EQ(rig.Find<QWidget>(name).isEnabled(), !dictated) << name;
         }
+        EXPECT_TRUE(rig.Tick("chkMaterialLibrary").isEnabled());
     }
     void StartWith(const std::vector<std::pair<const char*, const char*>>& settings)
     {

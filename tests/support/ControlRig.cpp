@@ -1,5 +1,7 @@
 #include "tests/support/ControlRig.h"
 
+#include <QTabBar>
+
 namespace CorvexTest {
 
 using CorvexMaterial::Material;
@@ -45,24 +47,43 @@ const CorvexDB::udtMaterial& ControlRig::Previewed() const
     return shape->Material();
 }
 
+template <typename Widget>
+Widget& ControlRig::Reveal(const char* name)
+{
+    auto& widget = Find<Widget>(name);
+    auto& tabs = Find<QTabBar>("tabChannels");
+    if (widget.isVisible() || !tabs.isVisible()) {
+        return widget;
+    }
+    if (const auto known = m_tabs.find(name); known != m_tabs.end()) {
+        tabs.setCurrentIndex(known->second);
+        return widget;
+    }
+    for (int tab = 0; tab < tabs.count() && !widget.isVisible(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        m_tabs[name] = tab;
+    }
+    return widget;
+}
+
 QLineEdit& ControlRig::Field(const char* name)
 {
-    return Find<QLineEdit>(name);
+    return Reveal<QLineEdit>(name);
 }
 
 QCheckBox& ControlRig::Tick(const char* name)
 {
-    return Find<QCheckBox>(name);
+    return Reveal<QCheckBox>(name);
 }
 
 QComboBox& ControlRig::List(const char* name)
 {
-    return Find<QComboBox>(name);
+    return Reveal<QComboBox>(name);
 }
 
 void ControlRig::Press(const char* name)
 {
-    Click(Find<QWidget>(name));
+    Click(Reveal<QWidget>(name));
 }
 
 void ControlRig::Listen()

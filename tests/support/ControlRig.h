@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 
+#include <map>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -58,6 +59,7 @@ public:
         }
         return *found;
     }
+    /// Brought into view as a user would, by the tab that holds it. Hidden when none does.
     QLineEdit& Field(const char* name);
     QCheckBox& Tick(const char* name);
     QComboBox& List(const char* name);
@@ -71,10 +73,13 @@ public:
     std::vector<QString> positionTexts;
 
 private:
+    template <typename Widget>
+    Widget& Reveal(const char* name);
     void Listen();
 
     CorvexMaterial::Host m_host;
     CorvexMaterial::Platform m_platform;
+    std::map<std::string, int> m_tabs;  ///< where controls were found before
     std::unique_ptr<CorvexMaterial::Material> m_control;
 };
 
