@@ -37,9 +37,12 @@ Qt::CursorShape CursorOf(CropGrip grip)
     return vertical ? Qt::SizeVerCursor : Qt::CrossCursor;
 }
 
-/// White on black: one of them stands out on any image.
-void PaintHandle(QPainter& painter, QPointF at)
+/// White on black: one of them stands out on any image. Handles at the edge stay in the picture.
+void PaintHandle(QPainter& painter, QPointF corner, const QSizeF& size)
 {
+    constexpr qreal kInset = kHandle / 2 + 1;
+    const QPointF at(std::min(std::max(corner.x(), kInset), size.width() - kInset),
+                     std::min(std::max(corner.y(), kInset), size.height() - kInset));
     const QRectF square(at.x() - kHandle / 2, at.y() - kHandle / 2, kHandle, kHandle);
     painter.setPen(QPen(Qt::black, 1));
     painter.setBrush(Qt::white);
@@ -206,7 +209,7 @@ void CroppingPicture::PaintRect(QPainter& painter) const
     for (const qreal x : {crop.left(), centre.x(), crop.right()}) {
         for (const qreal y : {crop.top(), centre.y(), crop.bottom()}) {
             if (QPointF(x, y) != centre) {
-                PaintHandle(painter, {x, y});
+                PaintHandle(painter, {x, y}, size());
             }
         }
     }

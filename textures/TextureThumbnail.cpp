@@ -105,7 +105,7 @@ void TextureThumbnail::PaintPicture(QPainter& painter, const QPixmap& picture) c
 
 void TextureThumbnail::PaintNothing(QPainter& painter, ThumbnailState state) const
 {
-    painter.setPen(palette().color(QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
     QFont small = font();
     small.setPointSizeF(QFontInfo(small).pointSizeF() * 0.85);
     painter.setFont(small);

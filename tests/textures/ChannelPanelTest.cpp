@@ -1,0 +1,307 @@
+#include "dialogs/ErrorTexts.h"
+#include "tests/textures/PanelRig.h"
+#include "textures/TextureMessages.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexMaterial;
+using CorvexTest::Choose;
+using CorvexTest::Click;
+using CorvexTest::DialogAnswer;
+using CorvexTest::DropFile;
+using CorvexTest::Fault;
+using CorvexTest::PanelRig;
+using CorvexTest::RaisedWarning;
+using CorvexTest::Type;
+
+constexpr const char* kShortBump = "Bumpmapping is not supported by your current graphics card.";
+constexpr const char* kLongBump =
+    "Bumpmapping is not supported by your current graphics card. If you would like bumpmapping "
+    "you can raytrace using POV-Ray. For more information on POV-Ray see the Corvex Help.";
+constexpr const char* kSimultaneous =
+    "Your current graphics card has limitations that may cause simultaneous Bumpmapping, Specular "
+    "Mapping, and/or Environment Mapping to fail.";
+
+class Channels : public ::testing::Test {
+protected:
+    PanelRig rig;
+};
+
+TEST_F(Channels, EachTabShowsItsOwnThumbnailAndFields)
+{
+    auto* surface = new QLabel("surface");
+    rig.panel->SetPage(1, surface);
+    auto* plugin = new QLabel("plug-in");
+    rig.panel->SetPage(10, plugin);
+    for (int tab = 1; tab <= 10; ++tab) {
+        rig.Enter(tab);
+        for (int image = 0; image < 6; ++image) {
+            EXPECT_EQ(rig.Find(QStringLiteral("imgTexture_%1").arg(image)).isVisible(),
+                      image == tab - 2)
+                << "tab " << tab;
+        }
+        EXPECT_EQ(rig.Find("txtTexture2Translucency").isVisible(), tab == 3);
+        EXPECT_EQ(rig.Find("lblTexture2Translucency").isVisible(), tab == 3);
+        EXPECT_EQ(rig.Find("cboTextureAlphaChannelUse").isVisible(), tab == 2);
+        EXPECT_EQ(surface->isVisible(), tab == 1);
+        EXPECT_EQ(plugin->isVisible(), tab == 10);
+    }
+    EXPECT_EQ(rig.customFieldsShown, 1);
+}
+
+TEST_F(Channels, TenTabsFitANarrowDock)
+{
+    auto& tabs = rig.Find<QTabBar>("tabChannels");
+    rig.panel->resize(276, 320);
+    QCoreApplication::processEvents();
+    ASSERT_EQ(tabs.count(), 10);
+    EXPECT_LE(rig.panel->minimumSizeHint().width(), 276);
+    for (int i = 0; i < tabs.count(); ++i) {
+        EXPECT_TRUE(tabs.rect().contains(tabs.tabRect(i))) << i;
+        EXPECT_FALSE(tabs.tabToolTip(i).isEmpty());
+    }
+    QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(9).center());
+    EXPECT_EQ(rig.panel->CurrentTab(), 10);
+}
+
+struct WarningCase {
+    int tab;
+    bool capable;
+    bool raytracer;
+    std::vector<RaisedWarning> warnings;
+    std::vector<std::string> asked;
+};
+
+class ChannelWarning : public ::testing::TestWithParam<WarningCase> {};
+
+TEST_P(ChannelWarning, IsRaisedOnEveryEntry)
+{
+    const WarningCase& expected = GetParam();
+    PanelRig rig;
+    rig.host.graphics.capable = expected.capable;
+    rig.host.applicationState.raytracerAvailable = expected.raytracer;
+    for (int entry = 0; entry < 2; ++entry) {
+        rig.Enter(2);
+        rig.panel->SetCurrentTab(expected.tab);
+        EXPECT_EQ(rig.warnings, expected.warnings);
+        EXPECT_EQ(rig.log.Order(), expected.asked);
+    }
+}
+
+constexpr const char* kBumpKey = "Bumpmapping";
+constexpr const char* kMapKey = "SpecularEnvironmentMapping";
+constexpr const char* kCanBump = "GraphicsCapabilities.CanBumpmap";
+
+INSTANTIATE_TEST_SUITE_P(
+    Tabs, ChannelWarning,
+    ::testing::Values(
+        WarningCase{3, false, true, {}, {}},
+        WarningCase{4,
+                    true,
+                    true,
+                    {{"Translucency Maps do not apply to images raytraced with POV-Ray. POV-Ray "
+                      "requires that a texture contain a translucency layer. The PNG and TGA file "
+                      "formats support this translucency layer.",
+                      "RaytraceTranslucency"}},
+                    {}},
+        WarningCase{5, true, true, {}, {kCanBump}},
+        WarningCase{5,
+                    false,
+                    true,
+                    {{kLongBump, kBumpKey}},
+                    {kCanBump, "ApplicationState.RaytracerAvailable"}},
+        WarningCase{5,
+                    false,
+                    false,
+                    {{kShortBump, kBumpKey}},
+                    {kCanBump, "ApplicationState.RaytracerAvailable"}},
+        WarningCase{6, true, true, {}, {"GraphicsCapabilities.CanSpecularMap"}},
+        WarningCase{
+            6, false, true, {{kSimultaneous, kMapKey}}, {"GraphicsCapabilities.CanSpecularMap"}},
+        WarningCase{
+            7, false, true, {{kSimultaneous, kMapKey}}, {"GraphicsCapabilities.CanEnvironmentMap"}},
+        WarningCase{8, false, true, {}, {}}));
+
+TEST_F(Channels, AFailingCapabilityQueryStillShowsTheTab)
+{
+    rig.log.FailEach(kCanBump, Fault::StandardException);
+    rig.panel->SetCurrentTab(5);
+    EXPECT_TRUE(rig.Find("imgTexture_3").isVisible());
+    EXPECT_FALSE(rig.Find("imgTexture_0").isVisible());
+    EXPECT_EQ(rig.LastMessage().title, kErrorBoxTitle);
+}
+
+TEST_F(Channels, SelectedFileGoesToTheLayerOnShow)
+{
+    rig.Enter(4);
+    rig.platform.choosers.files = {"/t/mask.JpG"};
+    rig.Press("cmdSelectTexture");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Alpha), "/t/mask.JpG");
+    EXPECT_EQ(rig.Edits(), 1U);
+    rig.platform.choosers.files = {"/t/other.dds"};
+    rig.Press("imgTexture_2");
+    EXPECT_EQ(rig.Page().Files(), (CorvexDB::TextureFiles{{}, {}, "/t/other.dds", {}, {}, {}}));
+    rig.Press("cmdSelectTexture");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Alpha), "/t/other.dds") << "cancelled";
+    EXPECT_EQ(rig.Edits(), 2U);
+}
+
+TEST_F(Channels, AFileOfAnotherTypeIsRefused)
+{
+    rig.platform.choosers.files = {"/t/stone.jpeg"};
+    rig.Press("cmdSelectTexture");
+    EXPECT_EQ(rig.LastMessage().text, "File Type not Correct.");
+    EXPECT_EQ(rig.LastMessage().title, "Corvex");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "");
+    EXPECT_EQ(rig.Edits(), 0U);
+}
+
+TEST_F(Channels, TabsWithoutALayerHaveNothingToChooseOrDelete)
+{
+    rig.Page().SetFile(TextureLayer::Primary, "/t/kept.png");
+    for (const int tab : {1, 8, 9, 10}) {
+        rig.Enter(tab);
+        rig.platform.choosers.files = {"/t/stone.png"};
+        for (const char* button : {"cmdSelectTexture", "cmdTexture", "cmdDeleteTexture"}) {
+            rig.Find<QPushButton>(button).click();
+        }
+        EXPECT_TRUE(rig.log.Calls().empty()) << "tab " << tab;
+    }
+    EXPECT_EQ(rig.Page().Files(), (CorvexDB::TextureFiles{"/t/kept.png", {}, {}, {}, {}, {}}));
+}
+
+TEST_F(Channels, TiffWarnsBeforeItsReaderIsLookedFor)
+{
+    rig.platform.imageFormats.available = false;
+    rig.platform.choosers.files = {"/t/a.Tif", "/t/a.Tif"};
+    {
+        const DialogAnswer answer([&](QDialog& dialog) {
+            EXPECT_EQ(rig.log.CountOf("ImageFormats.CanReadTiff"), 0U);
+            Click(*dialog.findChild<QWidget*>("chkContinueToReceiveWarning"));
+            Click(*dialog.findChild<QWidget*>("cmdOK"));
+        });
+        rig.Press("cmdSelectTexture");
+        EXPECT_TRUE(answer.Given());
+    }
+    EXPECT_EQ(rig.platform.settings.GetTip("MaterialTIF"), "0");
+    EXPECT_TRUE(rig.LastMessage().text.starts_with(
+        "Microsoft's GDI+ must be installed in order to use TIF textures."));
+    EXPECT_EQ(rig.Edits(), 0U);
+
+    // Silenced, and the reader is there.
+    rig.platform.imageFormats.available = true;
+    rig.Press("cmdSelectTexture");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/a.Tif");
+    EXPECT_EQ(rig.Edits(), 1U);
+}
+
+TEST_F(Channels, DroppedFilesAreCheckedLikeChosenOnes)
+{
+    QWidget& thumbnail = rig.Find("imgTexture_0");
+    EXPECT_TRUE(DropFile(thumbnail, "/t/stone.png", {20, 20}));
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/stone.png");
+    EXPECT_EQ(rig.Edits(), 1U);
+    EXPECT_TRUE(DropFile(thumbnail, "/t/stone.txt", {20, 20}));
+    EXPECT_EQ(rig.LastMessage().text, kWrongFileType);
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/stone.png");
+
+    auto& tabs = rig.Find<QTabBar>("tabChannels");
+    EXPECT_TRUE(DropFile(tabs, "/t/sky.bmp", tabs.tabRect(6).center()));
+    EXPECT_EQ(rig.panel->CurrentTab(), 7);
+    EXPECT_EQ(rig.Page().File(TextureLayer::Environment), "/t/sky.bmp");
+    EXPECT_EQ(rig.Edits(), 2U);
+    EXPECT_FALSE(DropFile(tabs, "/t/sky.bmp", tabs.tabRect(0).center()));
+    EXPECT_FALSE(DropFile(tabs, "/t/sky.bmp", tabs.tabRect(8).center()));
+    EXPECT_EQ(rig.Edits(), 2U);
+}
+
+TEST_F(Channels, DeletingTheOverlayResetsItsTranslucency)
+{
+    rig.Page().SetFile(TextureLayer::Overlay, "/t/o.png");
+    rig.Page().SetFile(TextureLayer::Bump, "/t/b.png");
+    rig.Page().SetOverlayTranslucencyText("12");
+    rig.Enter(5);
+    rig.Press("cmdDeleteTexture");
+    EXPECT_EQ(rig.Page().OverlayTranslucencyText(), "12");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Bump), "");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Overlay), "/t/o.png");
+    rig.Enter(3);
+    rig.Press("cmdDeleteTexture");
+    EXPECT_EQ(rig.Page().OverlayTranslucencyText(), "50");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Overlay), "");
+    EXPECT_EQ(rig.Edits(), 1U);
+}
+
+TEST_F(Channels, EveryFieldIsOneEditPerChange)
+{
+    rig.Press("chkFlipU");
+    EXPECT_TRUE(rig.Page().FlipU());
+    EXPECT_FALSE(rig.Page().FlipV());
+    rig.Press("chkFlipV");
+    EXPECT_EQ(rig.Edits(), 2U);
+    Choose(rig.Find<QComboBox>("cboTextureAlphaChannelUse"), "Specular Map");
+    EXPECT_EQ(rig.Page().AlphaChannelUse(), 3);
+    EXPECT_EQ(rig.Edits(), 3U);
+    Choose(rig.Find<QComboBox>("cboTextureAlphaChannelUse"), "Specular Map");
+    EXPECT_EQ(rig.Edits(), 3U) << "the same entry again";
+    rig.Enter(3);
+    rig.Find<QLineEdit>("txtTexture2Translucency").clear();
+    rig.log.Clear();
+    Type(rig.Find<QLineEdit>("txtTexture2Translucency"), "7");
+    EXPECT_EQ(rig.Edits(), 1U);
+}
+
+TEST_F(Channels, SettingByProgramIsNoEdit)
+{
+    TexturePage& page = rig.Page();
+    page.SetFile(TextureLayer::Primary, "/t/a.png");
+    page.SetWrap(CorvexDB::WrapType::Cylindrical);
+    page.SetFlatWrap(CorvexDB::FlatWrapType::SizeToFit);
+    page.SetAlphaChannelUse(4);
+    page.SetFlipU(true);
+    page.SetFlipV(true);
+    page.SetOverlayTranslucencyText("33");
+    EXPECT_EQ(rig.Edits(), 0U);
+    EXPECT_EQ(page.Wrap(), CorvexDB::WrapType::Cylindrical);
+    EXPECT_EQ(page.AlphaChannelUse(), 4);
+    EXPECT_THROW(page.SetWrap(static_cast<CorvexDB::WrapType>(3)), Error);
+    EXPECT_THROW(page.SetFlatWrap(static_cast<CorvexDB::FlatWrapType>(-1)), Error);
+    EXPECT_THROW(page.SetAlphaChannelUse(5), Error);
+    EXPECT_EQ(page.Wrap(), CorvexDB::WrapType::Cylindrical);
+}
+
+TEST_F(Channels, ALibraryChoiceGoesToTheLayerOfTheTab)
+{
+    rig.Enter(9);
+    rig.panel->ChooseTexture("/t/sky.png");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Environment), "/t/sky.png");
+    rig.Enter(1);
+    rig.panel->ChooseTexture("/t/wood.png");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/wood.png");
+    EXPECT_EQ(rig.Edits(), 1U);
+}
+
+TEST_F(Channels, AFixedMaterialLocksTheChannelsAndGivesThemBack)
+{
+    for (const bool enabled : {false, true}) {
+        rig.panel->SetChannelsEnabled(enabled);
+        for (const char* name :
+             {"tabChannels", "imgTexture_0", "cmdSelectTexture", "cmdDeleteTexture"}) {
+            EXPECT_EQ(rig.Find(name).isEnabled(), enabled) << name;
+        }
+        EXPECT_TRUE(rig.Find("chkFlipU").isEnabled());
+    }
+}
+
+}  // namespace

@@ -1,0 +1,154 @@
+#include "tests/textures/PanelRig.h"
+#include "textures/TextureWrap.h"
+
+#include <QAbstractSpinBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexMaterial;
+using CorvexDB::FlatWrapType;
+using CorvexTest::Click;
+using CorvexTest::DialogAnswer;
+using CorvexTest::PanelRig;
+
+TEST(FlatWrapOptions, FirstOptionWinsAndNoneMeansSizeToFit)
+{
+    EXPECT_EQ(FlatWrapOfOptions(true, true), FlatWrapType::TileByUnit);
+    EXPECT_EQ(FlatWrapOfOptions(false, true), FlatWrapType::TileToFit);
+    EXPECT_EQ(FlatWrapOfOptions(false, false), FlatWrapType::SizeToFit);
+}
+
+TEST(FlatWrapOptions, TilesStayInTheirRange)
+{
+    EXPECT_EQ(TilesFromText("0.1234"), 0.123F);
+    EXPECT_EQ(TilesFromText("0"), 0.01F);
+    EXPECT_EQ(TilesFromText("-7"), 0.01F);
+    EXPECT_EQ(TilesFromText("1e9"), 1000.0F);
+    for (const char* text : {"", "two", "1,5", "nan", "1.0x"}) {
+        EXPECT_FALSE(TilesFromText(text)) << text;
+    }
+    EXPECT_EQ(SteppedTiles("1.0", 1), "1.1");
+    EXPECT_EQ(SteppedTiles("1.1", -1), "1.0");
+    EXPECT_EQ(SteppedTiles("0.05", -1), "0.01");
+    EXPECT_EQ(SteppedTiles("1000", 10), "1000.0");
+    EXPECT_EQ(SteppedTiles("words", 1), "1.1");
+}
+
+class FlatWrapDialog : public ::testing::Test {
+protected:
+    /// Lets go of the right button over the flat wrap and answers the dialog.
+    void Open(const std::function<void(QDialog&)>& answer)
+    {
+        DialogAnswer dialog([&](QDialog& shown) {
+            answer(shown);
+            if (shown.isVisible()) {
+                shown.reject();
+            }
+        });
+        QTest::mouseClick(&rig.Find("optWrapType_1"), Qt::RightButton);
+        EXPECT_TRUE(dialog.Given());
+    }
+    static QLineEdit& Tiles(QDialog& dialog)
+    {
+        return *dialog.findChild<QWidget*>("txtTilesPerUnit")->findChild<QLineEdit*>();
+    }
+    static void Press(QDialog& dialog, const char* name)
+    {
+        Click(*dialog.findChild<QWidget*>(name));
+    }
+
+    PanelRig rig;
+};
+
+TEST_F(FlatWrapDialog, ShowsAndStoresTypeAndTiles)
+{
+    rig.Page().SetFlatWrap(FlatWrapType::TileToFit);
+    rig.Page().SetTilesPerUnit(2.5F);
+    Open([&](QDialog& dialog) {
+        EXPECT_EQ(Tiles(dialog).text(), "2.50");
+        Press(dialog, "optFlatWrapType_2");
+        Tiles(dialog).setText("0.125");
+        Press(dialog, "cmdOK");
+    });
+    EXPECT_EQ(rig.Page().FlatWrap(), FlatWrapType::SizeToFit);
+    EXPECT_EQ(rig.Page().TilesPerUnit(), 0.125F);
+    EXPECT_EQ(rig.Edits(), 1U);
+
+    Open([&](QDialog& dialog) {
+        EXPECT_EQ(Tiles(dialog).text(), "0.13");
+        Press(dialog, "cmdOK");
+    });
+    EXPECT_EQ(rig.Page().TilesPerUnit(), 0.125F) << "rounded although nobody touched it";
+}
+
+TEST_F(FlatWrapDialog, DefaultIsTileByUnitOnce)
+{
+    rig.Page().SetFlatWrap(FlatWrapType::SizeToFit);
+    rig.Page().SetTilesPerUnit(40.0F);
+    Open([&](QDialog& dialog) {
+        Press(dialog, "cmdDefault");
+        EXPECT_EQ(Tiles(dialog).text(), "1.0");
+        Press(dialog, "cmdOK");
+    });
+    EXPECT_EQ(rig.Page().FlatWrap(), FlatWrapType::TileByUnit);
+    EXPECT_EQ(rig.Page().TilesPerUnit(), 1.0F);
+}
+
+TEST_F(FlatWrapDialog, CancelChangesNothingButIsAnEdit)
+{
+    Open([&](QDialog& dialog) {
+        Press(dialog, "optFlatWrapType_2");
+        Tiles(dialog).setText("9");
+        Press(dialog, "cmdCancel");
+    });
+    EXPECT_EQ(rig.Page().FlatWrap(), FlatWrapType::TileByUnit);
+    EXPECT_EQ(rig.Page().TilesPerUnit(), 1.0F);
+    EXPECT_EQ(rig.Edits(), 1U);
+}
+
+TEST_F(FlatWrapDialog, KeepsOpenOverTextThatIsNoNumber)
+{
+    Open([&](QDialog& dialog) {
+        Press(dialog, "optFlatWrapType_2");
+        Tiles(dialog).setText("many");
+        Press(dialog, "cmdOK");
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_TRUE(dialog.findChild<QWidget*>("lblMessage")->isVisible());
+    });
+    EXPECT_EQ(rig.Page().FlatWrap(), FlatWrapType::TileByUnit);
+}
+
+TEST_F(FlatWrapDialog, OpensFromNoOtherWrap)
+{
+    DialogAnswer dialog([](QDialog& shown) { shown.reject(); });
+    QTest::mouseClick(&rig.Find("optWrapType_0"), Qt::RightButton);
+    QTest::mouseClick(&rig.Find("optWrapType_2"), Qt::RightButton);
+    QTest::mouseClick(&rig.Find("optWrapType_1"), Qt::LeftButton);
+    // Pressed over the button, let go elsewhere.
+    QTest::mousePress(&rig.Find("optWrapType_1"), Qt::RightButton);
+    QTest::mouseRelease(&rig.Find("optWrapType_1"), Qt::RightButton, {}, QPoint(-30, 5));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(dialog.Given());
+}
+
+TEST_F(FlatWrapDialog, WrapButtonsExcludeOneAnother)
+{
+    for (const int wrap : {2, 1, 0, 0}) {
+        rig.log.Clear();
+        rig.Press(QStringLiteral("optWrapType_%1").arg(wrap));
+        EXPECT_EQ(static_cast<int>(rig.Page().Wrap()), wrap);
+        for (int i = 0; i < 3; ++i) {
+            const auto name = QStringLiteral("optWrapType_%1").arg(i);
+            EXPECT_EQ(rig.Find<QToolButton>(name).isChecked(), i == wrap);
+        }
+        EXPECT_EQ(rig.Edits(), 1U);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,58 @@
+#include "tests/textures/PanelRig.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+namespace CorvexTest {
+
+using CorvexMaterial::ChannelPanel;
+
+PanelRig::PanelRig()
+    : m_errorHandler(platform.prompts, host.diagnostics, host.applicationState),
+      m_trap(m_errorHandler),
+      panel(std::make_unique<ChannelPanel>(
+          m_trap, CorvexMaterial::ChannelServices{m_host, m_platform, *this}, nullptr))
+{
+    QObject::connect(panel.get(), &ChannelPanel::Edited, [this] { log.Note("Event.Edited"); });
+    QObject::connect(panel.get(), &ChannelPanel::WarningRequested,
+                     [this](const QString& text, const QString& key) {
+                         warnings.push_back({text.toStdString(), key.toStdString()});
+                     });
+    QObject::connect(panel.get(), &ChannelPanel::CustomFieldsShown,
+                     [this] { ++customFieldsShown; });
+    panel->resize(276, 320);
+    panel->show();
+    Enter(2);
+}
+
+void PanelRig::Enter(int tab)
+{
+    panel->SetCurrentTab(tab);
+    warnings.clear();
+    log.Clear();
+}
+
+const CorvexMaterial::Message& PanelRig::LastMessage() const
+{
+    if (platform.prompts.shown.empty()) {
+        throw std::logic_error("no message was shown");
+    }
+    return platform.prompts.shown.back();
+}
+
+bool DropFile(QWidget& widget, const QString& file, QPoint at)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setAccepted(false);
+    QCoreApplication::sendEvent(&widget, &drop);
+    QCoreApplication::processEvents();
+    return enter.isAccepted() && drop.isAccepted();
+}
+
+}  // namespace CorvexTest

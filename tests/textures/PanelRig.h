@@ -1,0 +1,74 @@
+#pragma once
+
+#include "dialogs/Trap.h"
+#include "tests/support/CallLog.h"
+#include "tests/support/Driving.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/RecordingPlatform.h"
+#include "textures/ChannelPanel.h"
+#include "textures/TexturePage.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace CorvexTest {
+
+struct RaisedWarning {
+    std::string text;
+    std::string key;
+
+    bool operator==(const RaisedWarning&) const = default;
+};
+
+/// The channel panel on a recording host and desktop, shown on tab 2. Its edits enter the log as
+/// "Event.Edited".
+class PanelRig : private CorvexMaterial::ChannelOwner {
+public:
+    PanelRig();
+
+    [[nodiscard]] std::size_t Edits() const { return log.CountOf("Event.Edited"); }
+    [[nodiscard]] CorvexMaterial::TexturePage& Page() { return panel->Textures(); }
+    /// Enters a tab and forgets what that called.
+    void Enter(int tab);
+    [[nodiscard]] const CorvexMaterial::Message& LastMessage() const;
+
+    template <typename Widget = QWidget>
+    Widget& Find(const QString& name)
+    {
+        auto* found = panel->findChild<Widget*>(name);
+        if (found == nullptr) {
+            throw std::logic_error("there is no " + name.toStdString());
+        }
+        return *found;
+    }
+    void Press(const QString& name) { Click(Find(name)); }
+
+    CallLog log;
+    RecordingHost host{log};
+    RecordingPlatform platform{log};
+    std::vector<RaisedWarning> warnings;
+    int customFieldsShown = 0;
+    bool simulationActive = false;
+
+private:
+    bool SimulationTextureActive() override { return simulationActive; }
+    std::string TextureLibraryFile() override { return "/libraries/Gems.cvt"; }
+
+    CorvexMaterial::Host m_host{host.Get()};
+    CorvexMaterial::Platform m_platform{platform.Get()};
+    CorvexMaterial::modCorvexGeneralErrorHandler m_errorHandler;
+    CorvexMaterial::Trap m_trap;
+
+public:
+    std::unique_ptr<CorvexMaterial::ChannelPanel> panel;
+};
+
+/// Drops a file at a place of a widget; false when the widget does not take it.
+bool DropFile(QWidget& widget, const QString& file, QPoint at);
+
+}  // namespace CorvexTest
