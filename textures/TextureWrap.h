@@ -23,11 +23,16 @@ inline constexpr std::array kFlatWrapTitles{"Tile by Unit", "Tile to Fit", "Size
 
 inline constexpr const char* kDefaultTilesText = "1.0";
 
-/// Tiles per unit from a field: at most three decimals, brought into 0.01 to 1000. Nothing for a
+struct TilesRange {
+    double minimum;
+    double maximum;
+    double step;
+    float initial;
+};
+inline constexpr TilesRange kTilesRange{0.01, 1000.0, 0.1, 1.0F};
+
+/// Tiles per unit from a field: at most three decimals, brought into their range. Nothing for a
 /// text that is no number.
 [[nodiscard]] std::optional<float> TilesFromText(const std::string& text);
-/// The field's text after this many presses on its up button; negative is down. A text that is no
-/// number starts from the default.
-[[nodiscard]] std::string SteppedTiles(const std::string& text, int steps);
 
 }  // namespace CorvexMaterial

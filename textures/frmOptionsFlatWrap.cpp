@@ -19,7 +19,10 @@ frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsFlatWrap::Accept);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdDefault, &QPushButton::clicked, this, &frmOptionsFlatWrap::ShowDefaults);
-    connect(m_ui->txtTilesPerUnit, &TilesField::TextChanged, m_ui->lblMessage, &QLabel::hide);
+    m_ui->txtTilesPerUnit->SetNumbers(
+        {kTilesRange.minimum, kTilesRange.maximum, kTilesRange.step, kTilesRange.initial});
+    m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
+    connect(m_ui->txtTilesPerUnit, &UpDownText::Confirmed, m_ui->lblMessage, &QLabel::hide);
 }
 
 frmOptionsFlatWrap::~frmOptionsFlatWrap() = default;
@@ -29,7 +32,7 @@ void frmOptionsFlatWrap::ShowOptions(CorvexDB::FlatWrapType flatWrap, float tile
     ShowOption(flatWrap);
     m_firstTiles = tilesPerUnit;
     m_firstText = QString::fromStdString(TextOfTiles(tilesPerUnit));
-    m_ui->txtTilesPerUnit->SetText(m_firstText);
+    m_ui->txtTilesPerUnit->ShowText(m_firstText);
 }
 
 void frmOptionsFlatWrap::ShowOption(CorvexDB::FlatWrapType flatWrap)
@@ -40,7 +43,7 @@ void frmOptionsFlatWrap::ShowOption(CorvexDB::FlatWrapType flatWrap)
 void frmOptionsFlatWrap::ShowDefaults()
 {
     ShowOption(CorvexDB::FlatWrapType::TileByUnit);
-    m_ui->txtTilesPerUnit->SetText(kDefaultTilesText);
+    m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
 }
 
 CorvexDB::FlatWrapType frmOptionsFlatWrap::FlatWrap() const

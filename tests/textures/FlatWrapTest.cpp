@@ -33,11 +33,6 @@ TEST(FlatWrapOptions, TilesStayInTheirRange)
     for (const char* text : {"", "two", "1,5", "nan", "1.0x"}) {
         EXPECT_FALSE(TilesFromText(text)) << text;
     }
-    EXPECT_EQ(SteppedTiles("1.0", 1), "1.1");
-    EXPECT_EQ(SteppedTiles("1.1", -1), "1.0");
-    EXPECT_EQ(SteppedTiles("0.05", -1), "0.01");
-    EXPECT_EQ(SteppedTiles("1000", 10), "1000.0");
-    EXPECT_EQ(SteppedTiles("words", 1), "1.1");
 }
 
 class FlatWrapDialog : public ::testing::Test {
@@ -98,6 +93,16 @@ TEST_F(FlatWrapDialog, DefaultIsTileByUnitOnce)
     });
     EXPECT_EQ(rig.Page().FlatWrap(), FlatWrapType::TileByUnit);
     EXPECT_EQ(rig.Page().TilesPerUnit(), 1.0F);
+}
+
+TEST_F(FlatWrapDialog, ArrowsStepWithinTheRange)
+{
+    rig.Page().SetTilesPerUnit(0.05F);
+    Open([&](QDialog& dialog) {
+        QTest::keyClick(&Tiles(dialog), Qt::Key_Down);
+        Press(dialog, "cmdOK");
+    });
+    EXPECT_EQ(rig.Page().TilesPerUnit(), 0.01F);
 }
 
 TEST_F(FlatWrapDialog, CancelChangesNothingButIsAnEdit)
