@@ -39,7 +39,7 @@ public:
     void ResetScene();
 
     [[nodiscard]] CorvexMaterial::Material& Panel() { return *m_material; }
-    [[nodiscard]] StudioScene& Scene() { return m_scene; }
+    [[nodiscard]] const StudioScene& Scene() const { return m_scene; }
     [[nodiscard]] Selection& Selected() { return m_selection; }
     [[nodiscard]] QUndoStack& History() { return m_history; }
     [[nodiscard]] ViewportWidget& Viewport() { return *m_viewport; }

@@ -30,7 +30,7 @@ void MainWindow::BuildFileMenu()
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
     menu->addAction(tr("Reset &Scene"), this, &MainWindow::ResetScene);
     menu->addSeparator();
-    menu->addAction(tr("&Quit"), QKeySequence::Quit, this, &MainWindow::close);
+    menu->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
 }
 
 void MainWindow::ListRecentFiles(QMenu* menu)
@@ -64,7 +64,7 @@ void MainWindow::BuildEditMenu()
     menu->addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
                     [this] { m_selection.Clear(); });
     menu->addSeparator();
-    menu->addAction(tr("&Options..."), QKeySequence::Preferences, this, &MainWindow::ShowOptions);
+    menu->addAction(tr("&Options..."), QKeySequence(tr("Ctrl+,")), this, &MainWindow::ShowOptions);
 }
 
 void MainWindow::BuildViewMenu()

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "studio/app/MainWindow.h"
+#include "studio/app/StudioDesktop.h"
+#include "studio/app/StudioHost.h"
+#include "studio/app/TourGuide.h"
+
+#include <QTemporaryDir>
+
+namespace studio {
+
+/// A message box would wait for ever where nobody sits; in a tour each is a failure.
+class TourPrompts : public CorvexMaterial::Prompts {
+public:
+    void Show(const CorvexMaterial::Message& message) override;
+    bool AskYesNo(const CorvexMaterial::Message& question) override;
+    [[nodiscard]] QString Taken() { return std::exchange(m_texts, {}); }
+
+private:
+    QString m_texts;
+};
+
+/// The studio as the tour starts it: everything that it keeps lies in a temporary folder.
+class TourStudio {
+public:
+    /// Shows the window.
+    TourStudio(const QString& pictures, int firstNumber);
+
+    [[nodiscard]] MainWindow& Window() { return m_window; }
+    [[nodiscard]] TourGuide& Guide() { return m_guide; }
+    /// The file of a copy of a model that is built in.
+    [[nodiscard]] QString Model() const;
+    /// What message boxes have said since the last call.
+    [[nodiscard]] QString TroubleTold() { return m_prompts.Taken(); }
+
+    // Each throws TourFailure.
+    [[nodiscard]] const StudioShape& ShapeNamed(const char* name) const;
+    void ClickShape(const char* name, Qt::KeyboardModifiers modifiers = {});
+    void OpenModel(const QString& file);
+
+private:
+    QTemporaryDir m_folder;
+    StudioDesktop m_desktop;
+    TourPrompts m_prompts;
+    StudioHost m_host;
+    CorvexMaterial::Platform m_platform;
+    MainWindow m_window;
+    TourGuide m_guide;
+};
+
+}  // namespace studio
