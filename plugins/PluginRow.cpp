@@ -48,6 +48,7 @@ PluginRow::PluginRow(std::size_t number, QWidget& panel)
     m_slider->setOrientation(Qt::Horizontal);
     m_slider->setFocusPolicy(Qt::StrongFocus);
     m_slider->setSingleStep(1);
+    m_slider->setTickPosition(QSlider::TicksBelow);
     m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_list->setFocusPolicy(Qt::StrongFocus);
     Connect();
