@@ -27,7 +27,11 @@ EnabledStates StatesOf(ControlRig& rig)
 
 class FaultLoop : public ::testing::Test {
 protected:
-    void SetUp() override { rig.Start(); }
+    void SetUp() override
+    {
+        rig.Start();
+        OfferPluginAndField(rig);
+    }
 
     void Repeat(const std::vector<Step>& steps)
     {
@@ -153,6 +157,7 @@ std::set<std::size_t> CallsToFail(const CallLog& log)
 
 TEST_F(FaultLoop, TerminationAlwaysComesToItsEnd)
 {
+    rig.Restart();  // like the ones that follow
     rig.Terminate();
     const auto numbers = CallsToFail(rig.log);
     ASSERT_GE(numbers.size(), 6U);

@@ -1,9 +1,11 @@
 #include "tests/control/FaultSteps.h"
 
 #include "tests/control/SampleMaterial.h"
+#include "tests/support/RecordingPlugin.h"
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QTabBar>
 
 namespace CorvexTest {
 namespace {
@@ -43,7 +45,61 @@ Step Typed(const char* name)
     });
 }
 
+/// Whatever dialog the press opens is left as it came.
+Step PressedAndClosed(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) {
+        const DialogAnswer answer([](QDialog& dialog) { dialog.reject(); });
+        rig.Press(name);
+    });
+}
+
+void AddTextureActions(std::vector<Step>& steps)
+{
+    steps.push_back(UserDoes("cmdSelectTexture", [](ControlRig& rig) {
+        rig.platform.choosers.files = {"/textures/a.png"};
+        rig.Press("cmdSelectTexture");
+    }));
+    for (const char* name : {"cmdTexturePopup", "cmdTexture", "optWrapType_1"}) {
+        steps.push_back(PressedAndClosed(name));
+    }
+    for (const char* name : {"optWrapType_2", "cmdDeleteTexture"}) {
+        steps.push_back(Pressed(name));
+    }
+    steps.push_back(UserDoes("tabChannels", [](ControlRig& rig) {
+        auto& tabs = rig.Find<QTabBar>("tabChannels");
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.setCurrentIndex(tab);
+        }
+    }));
+}
+
+void AddPluginActions(std::vector<Step>& steps)
+{
+    steps.push_back(
+        UserDoes("cboPlugin", [](ControlRig& rig) { Choose(rig.List("cboPlugin"), "Marble"); }));
+    for (const char* name : {"cmdRemember", "cmdReset", "cmdResetUser"}) {
+        steps.push_back(Pressed(name));
+    }
+    steps.push_back(Typed("txtCustomMaterialFieldValue_0"));
+}
+
 }  // namespace
+
+void OfferPluginAndField(ControlRig& rig)
+{
+    CorvexDB::PluginParameter parameter;
+    parameter.name = "Veins";
+    parameter.maximum = 10.0F;
+    parameter.defaultValue = 3.0F;
+    rig.host.plugins.records = {
+        {nullptr, "None"},
+        {std::make_shared<RecordingPlugin>(rig.log, std::vector{parameter, parameter}), "Marble"}};
+    rig.host.customFields.names = {"Supplier"};
+    rig.Control().ClearPluginList();
+    rig.Control().AddToPluginList("Marble");
+    Choose(rig.List("cboPlugin"), "Marble");
+}
 
 std::vector<Step> Members()
 {
@@ -87,6 +143,13 @@ std::vector<Step> Members()
         RecordingShape shape(rig.log, "selected", rig.host.sceneGraph.missingMeshes);
         return control.ApplyShapeMaterial(rig.host.Viewport()->TheScene(), shape, false, nullptr,
                                           nullptr, {}, {}, false, {}, {});
+    }));
+    steps.push_back(Member("DisplayPluginParameters", [](M& control, ControlRig&) {
+        return control.DisplayPluginParameters({1.0F, 2.0F});
+    }));
+    steps.push_back(Member("GetPluginParameterValues", [](M& control, ControlRig&) {
+        std::vector<float> values;
+        return control.GetPluginParameterValues(values);
     }));
     steps.push_back(Member("SetMaxStatus",
                            [](M& control, ControlRig&) { return control.SetMaxStatus(20000); }));
@@ -166,6 +229,9 @@ std::vector<Step> UserActions()
             }));
         }
     }
+    AddTextureActions(steps);
+    AddPluginActions(steps);
+
     return steps;
 }
 

@@ -16,6 +16,8 @@ struct Step {
     std::function<std::optional<CorvexMaterial::Status>(ControlRig&)> act;
 };
 
+/// A plug-in and a custom field for the steps to work with; after the control's start.
+void OfferPluginAndField(ControlRig& rig);
 /// Every member that calls the host or the desktop.
 std::vector<Step> Members();
 /// Every property that can be written.
