@@ -47,8 +47,9 @@ void EditSides(TourStudio& studio)
     const CorvexDB::udtMaterial& material = studio.ShapeNamed("Vase").Material();
     Expect(material.AlphaTest == 4 && material.AlphaTestReference == 128,
            QStringLiteral("The alpha test did not reach the vase."));
+    studio.Guide().Picture(QStringLiteral("double-sided-and-alpha-test"));
     studio.Guide().Type("txtTransparency", QStringLiteral("35"));
-    studio.Guide().Picture(QStringLiteral("double-sided-alpha-test-transparency"));
+    studio.Guide().Picture(QStringLiteral("transparency"));
 }
 
 void ChoosePrimitive(TourStudio& studio)

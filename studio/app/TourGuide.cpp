@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollArea>
+#include <QTabBar>
 
 #include <set>
 
@@ -26,9 +27,14 @@ void SendKey(QWidget& widget, int key, const QString& text = {})
     QApplication::sendEvent(&widget, &release);
 }
 
-// A user sees what he edits.
+// A user sees what he edits: on the tab that holds it, and scrolled to.
 void BringIntoView(QWidget& widget)
 {
+    auto* tabs = widget.window()->findChild<QTabBar*>(QStringLiteral("tabChannels"));
+    for (int tab = 0; tabs != nullptr && tab < tabs->count() && !widget.isVisible(); ++tab) {
+        tabs->setCurrentIndex(tab);
+    }
+    Expect(widget.isVisible(), QStringLiteral("%1 is not to be seen.").arg(widget.objectName()));
     for (QWidget* parent = widget.parentWidget(); parent != nullptr;
          parent = parent->parentWidget()) {
         if (auto* area = qobject_cast<QScrollArea*>(parent)) {

@@ -43,7 +43,7 @@ TEST(Restart, BringsMaterialPreviewAndWindowBackUnderACommaLocale)
     rig.Choose("cboColor", "Bronze");
     rig.Type("txtAmbient", "85");
     rig.Choose("cboAlphaTest", "Greater/Eq.");
-    CorvexTest::Click(rig.Find<QCheckBox>("chkDoubleSided"));
+    rig.Press("chkDoubleSided");
     ASSERT_EQ(rig.Window().Panel().put_TextureTilesPerUnit(0.25F), Status::Success);
     ASSERT_EQ(rig.Window().Panel().put_lPreviewPrimitive(3), Status::Success);
     ASSERT_EQ(rig.Window().Panel().put_bMaterialLibraryPanel(true), Status::Success);

@@ -1,6 +1,7 @@
 #include "tests/studio/StudioRig.h"
 
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QTest>
 
 namespace StudioTest {
@@ -76,14 +77,33 @@ void StudioRig::Open(const QString& file)
     }
 }
 
+void StudioRig::Reveal(const QWidget& control)
+{
+    auto& tabs = Find<QTabBar>("tabChannels");
+    for (int tab = 0; tab < tabs.count() && !control.isVisible(); ++tab) {
+        tabs.setCurrentIndex(tab);
+    }
+}
+
 void StudioRig::Type(const char* field, const QString& text)
 {
-    CorvexTest::Type(Find<QLineEdit>(field), text);
+    auto& target = Find<QLineEdit>(field);
+    Reveal(target);
+    CorvexTest::Type(target, text);
 }
 
 void StudioRig::Choose(const char* list, const QString& entry)
 {
-    CorvexTest::Choose(Find<QComboBox>(list), entry);
+    auto& target = Find<QComboBox>(list);
+    Reveal(target);
+    CorvexTest::Choose(target, entry);
+}
+
+void StudioRig::Press(const char* control)
+{
+    auto& target = Find<QWidget>(control);
+    Reveal(target);
+    CorvexTest::Click(target);
 }
 
 }  // namespace StudioTest

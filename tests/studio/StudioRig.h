@@ -47,8 +47,10 @@ public:
         }
         return *found;
     }
+    // Each turns to the tab that holds the control first, as a user does.
     void Type(const char* field, const QString& text);
     void Choose(const char* list, const QString& entry);
+    void Press(const char* control);
     [[nodiscard]] QString TextOf(const char* field) { return Find<QLineEdit>(field).text(); }
 
     std::chrono::milliseconds now{0};
@@ -56,6 +58,8 @@ public:
     CorvexTest::RecordingPrompts prompts{log};
 
 private:
+    void Reveal(const QWidget& control);
+
     QTemporaryDir m_folder;
     std::unique_ptr<studio::StudioDesktop> m_desktop;
     std::unique_ptr<CorvexMaterial::Platform> m_platform;
