@@ -22,7 +22,8 @@ using LongArray = std::vector<std::int32_t>;
 
 /// The control as its host drives it: 57 members in published order. Each returns a status, hands
 /// results over through its argument, lets no exception out, and changes nothing when it fails
-/// unless it says otherwise. Call it on the user-interface thread only.
+/// unless it says otherwise: a value that was accepted stays although its preview could not be
+/// drawn. Call it on the user-interface thread only.
 ///
 /// Writing a property shows the value in its editing control and refreshes the preview, which ends
 /// in one `MaterialChanged`.

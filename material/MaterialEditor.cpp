@@ -240,8 +240,9 @@ void MaterialEditor::LoadSavedStatus()
     ChangeAtOnce([this] {
         m_form.Attributes().Advanced().FillAlphaTests();
         m_savedState.Load(m_attributes);
-        ApplySavedLayout();
     });
+    // Last, so that a layout that cannot be read leaves no attribute shown and not applied.
+    ApplySavedLayout();
 }
 
 void MaterialEditor::ResetToFactory()
