@@ -63,7 +63,7 @@ void CroppingPicture::SetImage(const QImage& image, const CropFit& fit)
 {
     m_image = image;
     m_fit = fit;
-    setFixedSize(sizeHint());
+    setFixedSize(m_fit.width, m_fit.height);
     update();
 }
 

@@ -16,7 +16,7 @@ frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
         m_options[i]->setText(tr(kFlatWrapTitles[i]));
     }
     m_ui->lblMessage->hide();
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsFlatWrap::Accept);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsFlatWrap::accept);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdDefault, &QPushButton::clicked, this, &frmOptionsFlatWrap::ShowDefaults);
     m_ui->txtTilesPerUnit->SetNumbers(
@@ -58,7 +58,7 @@ float frmOptionsFlatWrap::TilesPerUnit() const
                                : TilesFromText(text.toStdString()).value_or(m_firstTiles);
 }
 
-void frmOptionsFlatWrap::Accept()
+void frmOptionsFlatWrap::accept()
 {
     const QString text = m_ui->txtTilesPerUnit->text();
     if (!TilesFromText(text.toStdString())) {
@@ -68,7 +68,7 @@ void frmOptionsFlatWrap::Accept()
         return;
     }
     m_okClicked = true;
-    accept();
+    QDialog::accept();
 }
 
 }  // namespace CorvexMaterial

@@ -31,8 +31,10 @@ public:
     /// rounded.
     [[nodiscard]] float TilesPerUnit() const;
 
+    /// Stays open over a text that is no number.
+    void accept() override;
+
 private:
-    void Accept();
     void ShowDefaults();
     void ShowOption(CorvexDB::FlatWrapType flatWrap);
 

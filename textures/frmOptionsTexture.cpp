@@ -34,7 +34,7 @@ frmOptionsTexture::frmOptionsTexture(QWidget* parent)
     ConnectPicture();
     connect(m_ui->cmdResetDefaults, &QPushButton::clicked, this,
             [this] { ShowTexts(DefaultCrop()); });
-    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsTexture::Accept);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsTexture::accept);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     m_ui->imgTextureCropping->setFocus();
 }
@@ -114,7 +114,7 @@ CorvexDB::TexturePlacement frmOptionsTexture::GetResults() const
     return m_results;
 }
 
-void frmOptionsTexture::Accept()
+void frmOptionsTexture::accept()
 {
     const auto placement = PlacementOf(Texts());
     if (!placement) {
@@ -128,7 +128,7 @@ void frmOptionsTexture::Accept()
     }
     m_results = *placement;
     m_okClicked = true;
-    accept();
+    QDialog::accept();
 }
 
 }  // namespace CorvexMaterial

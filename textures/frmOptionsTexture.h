@@ -31,13 +31,15 @@ public:
     [[nodiscard]] bool OKClicked() const { return m_okClicked; }
     [[nodiscard]] CorvexDB::TexturePlacement GetResults() const;
 
+    /// Stays open over a text that is no number.
+    void accept() override;
+
 private:
     void ConnectFields();
     void ConnectPicture();
     [[nodiscard]] CropTexts Texts() const;
     void OnTextChanged();
     void ShowRect();
-    void Accept();
 
     std::unique_ptr<Ui::frmOptionsTexture> m_ui;
     /// In the order of `CropTexts`.
