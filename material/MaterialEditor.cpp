@@ -237,12 +237,14 @@ void MaterialEditor::UpdatePrimitivePicture()
 
 void MaterialEditor::LoadSavedStatus()
 {
-    ChangeAtOnce([this] {
+    // A layout that cannot be read must not keep the attributes from being applied.
+    Status layoutStatus = Status::Success;
+    ChangeAtOnce([&] {
         m_form.Attributes().Advanced().FillAlphaTests();
         m_savedState.Load(m_attributes);
+        layoutStatus = m_trap("saved layout", [this] { ApplySavedLayout(); });
     });
-    // Last, so that a layout that cannot be read leaves no attribute shown and not applied.
-    ApplySavedLayout();
+    Require(layoutStatus);
 }
 
 void MaterialEditor::ResetToFactory()
