@@ -78,6 +78,8 @@ QByteArray TgaFile(const QImage& image, bool packed)
             writer.Text(row);
         }
     }
+    // The toolkit's reader asks for the second version's footer.
+    writer.Zeros(8).Text("TRUEVISION-XFILE.").Zeros(1);
     return file;
 }
 

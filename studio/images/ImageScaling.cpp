@@ -59,17 +59,4 @@ QImage ScaledDown(const QImage& image, const ImageBounds& bounds)
     return colours;
 }
 
-bool HasTransparentPixel(const QImage& image)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        const uchar* row = image.constScanLine(y);
-        for (int x = 0; x < image.width(); ++x) {
-            if (row[x * 4 + 3] != 255) {
-                return true;
-            }
-        }
-    }
-    return false;
-}
-
 }  // namespace studio

@@ -15,7 +15,4 @@ namespace studio {
 /// transparent pixels survive, for a material may ignore the alpha channel.
 [[nodiscard]] QImage ScaledDown(const QImage& image, const ImageBounds& bounds);
 
-/// Of an image in Format_RGBA8888.
-[[nodiscard]] bool HasTransparentPixel(const QImage& image);
-
 }  // namespace studio

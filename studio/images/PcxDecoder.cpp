@@ -103,17 +103,18 @@ std::vector<std::byte> Unpack(ByteReader& reader, std::size_t size)
     if (reader.Rest().size() / 2 * kLongestRun + kLongestRun < size) {
         throw ImageError("The file is cut short.");
     }
-    std::vector<std::byte> raw;
-    raw.reserve(size);
-    while (raw.size() < size) {
+    std::vector<std::byte> raw(size);
+    for (std::size_t done = 0; done < size;) {
         const std::byte part = reader.Take(1)[0];
         if ((part & std::byte{0xC0}) != std::byte{0xC0}) {
-            raw.push_back(part);
+            raw[done++] = part;
             continue;
         }
-        const std::size_t count = std::to_integer<std::size_t>(part & std::byte{0x3F});
         // The last run of some files fills the padding of a row that does not exist.
-        raw.insert(raw.end(), std::min(count, size - raw.size()), reader.Take(1)[0]);
+        const std::size_t count =
+            std::min(std::to_integer<std::size_t>(part & std::byte{0x3F}), size - done);
+        std::fill_n(raw.begin() + static_cast<std::ptrdiff_t>(done), count, reader.Take(1)[0]);
+        done += count;
     }
     return raw;
 }
@@ -201,13 +202,16 @@ void FillFromPalette(RgbaImage& image, const Header& header, Bytes raw, const Pa
 
 void FillFromPlanes(RgbaImage& image, const Header& header, Bytes raw)
 {
-    std::uint8_t* target = image.pixels.data();
+    const std::size_t width = header.extent.width;
+    std::fill(image.pixels.begin(), image.pixels.end(), std::uint8_t{255});
     for (std::size_t y = 0; y < header.extent.height; ++y) {
-        const Bytes row = raw.subspan(y * header.RowBytes(), header.RowBytes());
-        for (std::size_t x = 0; x < header.extent.width; ++x) {
-            for (std::size_t plane = 0; plane < 4; ++plane) {
-                *target++ = plane < header.planes ? ByteAt(row, plane * header.bytesPerLine + x)
-                                                  : std::uint8_t{255};
+        for (std::size_t plane = 0; plane < header.planes; ++plane) {
+            const std::size_t start = y * header.RowBytes() + plane * header.bytesPerLine;
+            const Bytes line = raw.subspan(start, width);
+            std::uint8_t* target = image.pixels.data() + y * width * 4 + plane;
+            for (const std::byte part : line) {
+                *target = std::to_integer<std::uint8_t>(part);
+                target += 4;
             }
         }
     }

@@ -3,6 +3,7 @@
 #include "studio/images/ImageScaling.h"
 #include "studio/images/OwnFormats.h"
 #include "studio/images/OwnImage.h"
+#include "studio/images/TexturePixels.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -85,14 +86,12 @@ FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds)
         return {{}, false, TextureFileText::tr("There is no such file.").toStdString()};
     }
     try {
-        QImage image = ReadAnyType(QString::fromStdString(path), bounds);
-        image.convertTo(QImage::Format_RGBA8888);
-        image = ScaledDown(image, bounds);
+        TexturePixels pixels = ToTexturePixels(ReadAnyType(QString::fromStdString(path), bounds));
+        QImage image = ScaledDown(pixels.image, bounds);
         if (image.isNull()) {
             throw ImageError(TextureFileText::tr("There is not enough memory.").toStdString());
         }
-        const bool hasAlpha = HasTransparentPixel(image);
-        return {std::move(image), hasAlpha, {}};
+        return {std::move(image), pixels.hasAlpha, {}};
     } catch (const std::exception& error) {
         return {{}, false, error.what()};
     }
