@@ -13,27 +13,27 @@ PanelArea::PanelArea(QWidget* parent) : QScrollArea(parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
 }
 
-int PanelArea::WidthFor(const QSize& content) const
+int PanelArea::WidthAround(int contentWidth) const
 {
-    return std::max(content.width(), 0) + verticalScrollBar()->sizeHint().width() +
-           2 * frameWidth();
+    return contentWidth + verticalScrollBar()->sizeHint().width() + 2 * frameWidth();
 }
 
 QSize PanelArea::minimumSizeHint() const
 {
-    const QSize content = widget() != nullptr ? widget()->minimumSizeHint() : QSize();
-    return {WidthFor(content), fontMetrics().height() * 6};
+    const int content = widget() != nullptr ? widget()->minimumSizeHint().width() : 0;
+    return {WidthAround(std::max(content, m_widest)), fontMetrics().height() * 6};
 }
 
 QSize PanelArea::sizeHint() const
 {
     const QSize content = widget() != nullptr ? widget()->sizeHint() : QSize(240, 400);
-    return {WidthFor(content), content.height()};
+    return {WidthAround(std::max(content.width(), m_widest)), content.height()};
 }
 
 bool PanelArea::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        m_widest = std::max(m_widest, widget()->minimumSizeHint().width());
         updateGeometry();
     }
     return QScrollArea::eventFilter(watched, event);

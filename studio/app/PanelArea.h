@@ -4,7 +4,8 @@
 
 namespace studio {
 
-/// Scrolls its widget up and down only, and is never narrower than the widget needs.
+/// Scrolls its widget up and down only, and is never narrower than the widget has needed so far: a
+/// panel that turns to a narrower page must not move everything beside it.
 class PanelArea : public QScrollArea {
     Q_OBJECT
 
@@ -18,7 +19,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    [[nodiscard]] int WidthFor(const QSize& content) const;
+    [[nodiscard]] int WidthAround(int contentWidth) const;
+
+    int m_widest = 0;
 };
 
 }  // namespace studio
