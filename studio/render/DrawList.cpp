@@ -46,28 +46,68 @@ void SetCulling(const DrawItem& item)
     glFrontFace(item.mirrored ? GL_CCW : GL_CW);
 }
 
+SurfaceVariant VariantOf(const DrawItem& item, SurfaceStage stage)
+{
+    const LayerSet& all = item.layers.set;
+    const std::string_view comparison = item.alphaTest.comparison;
+    if (stage != SurfaceStage::Lit) {
+        const LayerSet layers = comparison.empty() ? LayerSet() : all.OpacityOnly();
+        return {stage, comparison, false, layers,
+                layers.Empty() ? CoordinateKind::None : item.wrap.kind};
+    }
+    return {stage, comparison, item.terms.highlight > 0.0F, all,
+            all.Empty() ? CoordinateKind::None : item.wrap.kind};
+}
+
+/// Neighbouring items mostly have the same textures.
+class TextureBindings {
+public:
+    void Bind(const SurfaceLayers& layers)
+    {
+        for (std::size_t i = 0; i < kLayerCount; ++i) {
+            const GLuint name = layers.textures[i];
+            if (name != 0 && name != m_bound[i]) {
+                glActiveTexture(GL_TEXTURE0 + kFirstLayerUnit + static_cast<GLenum>(i));
+                glBindTexture(GL_TEXTURE_2D, name);
+                m_bound[i] = name;
+            }
+        }
+    }
+
+private:
+    std::array<GLuint, kLayerCount> m_bound{};
+};
+
 }  // namespace
 
-DrawList::DrawList(const Frame& frame, MeshBufferCache& cache) : m_eyeFromWorld(frame.camera.View())
+DrawList::DrawList(const Frame& frame, MeshBufferCache& meshes, FrameTextures& textures)
+    : m_eyeFromWorld(frame.camera.View())
 {
     const QSizeF size(frame.width, frame.height);
     const DepthRange range = DepthRangeOf(WorldBounds(frame.items), m_eyeFromWorld);
     m_clipFromEye = UpsideDown() * frame.camera.Projection(size, range);
     for (const FrameItem& item : frame.items) {
         if (item.mesh && !item.mesh->indices.empty()) {
-            Add(item, cache);
+            Add(item, meshes, textures);
         }
     }
 }
 
-void DrawList::Add(const FrameItem& item, MeshBufferCache& cache)
+void DrawList::Add(const FrameItem& item, MeshBufferCache& meshes, FrameTextures& textures)
 {
     static const CorvexDB::udtMaterial kDefaultMaterial;
     const CorvexDB::udtMaterial& material = item.material ? *item.material : kDefaultMaterial;
     DrawItem draw;
-    draw.buffers = &cache.BuffersOf(item.mesh);
+    draw.buffers = &meshes.BuffersOf(item.mesh);
     draw.eyeFromMesh = m_eyeFromWorld * item.worldFromMesh;
-    draw.terms = SurfaceTermsOf(material);
+    draw.layers = textures.LayersOf(item, material);
+    const LayerSet& layers = draw.layers.set;
+    draw.terms =
+        layers.ChangesHighlight() ? HighlightMappedTermsOf(material) : SurfaceTermsOf(material);
+    if (!layers.Empty()) {
+        draw.wrap = WrapTermsOf(item, material);
+        draw.overlayOpacity = OverlayOpacityOf(material);
+    }
     draw.alphaTest = AlphaTestOf(material);
     draw.doubleSided = material.DoubleSided;
     draw.mirrored = item.worldFromMesh.determinant() < 0.0;
@@ -76,7 +116,7 @@ void DrawList::Add(const FrameItem& item, MeshBufferCache& cache)
         group.items.push_back(draw);
         group.worldBounds.Include(bounds);
     };
-    addTo(IsTransparent(material) ? m_transparent : m_solid);
+    addTo(IsTransparent(material) || layers.ChangesOpacity() ? m_transparent : m_solid);
     if (item.selected) {
         addTo(m_selected);
     }
@@ -86,14 +126,15 @@ void DrawList::Draw(const DrawGroup& group, SurfaceStage stage, SurfaceShaders& 
 {
     std::optional<SurfaceVariant> current;
     const SurfaceShader* shader = nullptr;
+    TextureBindings bindings;
     for (const DrawItem& item : group.items) {
-        const bool highlight = stage == SurfaceStage::Lit && item.terms.highlight > 0.0F;
-        const SurfaceVariant variant{stage, item.alphaTest.comparison, highlight};
+        const SurfaceVariant variant = VariantOf(item, stage);
         if (current != variant) {
             current = variant;
             shader = &shaders.Shader(variant);
-            shader->Use(m_clipFromEye);
+            shader->Use({m_clipFromEye, m_eyeFromWorld.inverted()});
         }
+        bindings.Bind(item.layers);
         shader->SetItem(item);
         SetCulling(item);
         item.buffers->Draw();

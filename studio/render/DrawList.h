@@ -3,7 +3,9 @@
 #include "studio/render/Frame.h"
 #include "studio/render/MaterialModel.h"
 #include "studio/render/RenderTarget.h"
+#include "studio/render/SurfaceLayers.h"
 #include "studio/render/SurfaceShaders.h"
+#include "studio/render/TextureWrap.h"
 
 #include <QMatrix4x4>
 
@@ -19,6 +21,9 @@ struct DrawItem {
     QMatrix4x4 eyeFromMesh;
     SurfaceTerms terms;
     AlphaTest alphaTest;
+    SurfaceLayers layers;
+    WrapTerms wrap;
+    float overlayOpacity = 0.0F;
     bool doubleSided = false;
     bool mirrored = false;  ///< its transformation turns fronts into backs
 };
@@ -41,7 +46,7 @@ struct DrawGroup {
 /// the order of an image in memory.
 class DrawList {
 public:
-    DrawList(const Frame& frame, MeshBufferCache& cache);
+    DrawList(const Frame& frame, MeshBufferCache& meshes, FrameTextures& textures);
 
     [[nodiscard]] const DrawGroup& Solid() const { return m_solid; }
     [[nodiscard]] const DrawGroup& Transparent() const { return m_transparent; }
@@ -54,7 +59,7 @@ public:
                                        int margin) const;
 
 private:
-    void Add(const FrameItem& item, MeshBufferCache& cache);
+    void Add(const FrameItem& item, MeshBufferCache& meshes, FrameTextures& textures);
 
     QMatrix4x4 m_eyeFromWorld;
     QMatrix4x4 m_clipFromEye;

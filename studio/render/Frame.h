@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/Colour.h"
+#include "host/CorvexSG.h"
 #include "host/MaterialRecord.h"
 #include "studio/render/Camera.h"
 #include "studio/render/Mesh.h"
@@ -12,11 +13,18 @@
 
 namespace studio {
 
+struct Texture;
+using TexturePointer = std::shared_ptr<const Texture>;
+
 struct FrameItem {
     std::shared_ptr<const Mesh> mesh;                       ///< null is drawn as nothing
     std::shared_ptr<const CorvexDB::udtMaterial> material;  ///< null is the default material
     QMatrix4x4 worldFromMesh;
     bool selected = false;
+    CorvexSG::CoordinateMode coordinates = CorvexSG::CoordinateMode::FromMesh;
+    CorvexDB::ApplyMode applyMode = CorvexDB::ApplyMode::Absolute;  ///< of the wrap
+    TexturePointer generatedColor{};  ///< instead of the primary texture's file; may be null
+    TexturePointer generatedBump{};   ///< instead of the bump map's file; may be null
 };
 
 /// A gradient runs quietly from a lighter tone of the background at the top to a darker one.

@@ -40,8 +40,23 @@ SurfaceTerms SurfaceTermsOf(const CorvexDB::udtMaterial& material)
     terms.emission = emissive + (1.0F - emissive) * ambient;
     terms.diffuse = (1.0F - emissive) * (1.0F - ambient) * (1.0F - kSpecularCost * specular);
     terms.highlight = kShine * specular;
+    terms.highlightCost = kSpecularCost * specular;
     terms.opacity = 1.0F - Fraction(material.Transparency);
     return terms;
+}
+
+SurfaceTerms HighlightMappedTermsOf(const CorvexDB::udtMaterial& material)
+{
+    CorvexDB::udtMaterial mapped = material;
+    mapped.Specular = material.Specular > 0 ? material.Specular : 100;
+    return SurfaceTermsOf(mapped);
+}
+
+float OverlayOpacityOf(const CorvexDB::udtMaterial& material)
+{
+    const float percent =
+        std::isfinite(material.OverlayTranslucency) ? material.OverlayTranslucency : 50.0F;
+    return 1.0F - std::clamp(percent, 0.0F, 100.0F) / 100.0F;
 }
 
 AlphaTest AlphaTestOf(const CorvexDB::udtMaterial& material)

@@ -23,6 +23,9 @@
 //     highlight = S * kShine * max(0, n.h)^shininess  where n.key > 0; h halfway between key and v
 //     picture   = behind * (1 - opacity) + body * opacity + highlight
 //
+// Textures change base, S, n and the opacity per point, and add a mirror; see
+// docs/material-model.md.
+//
 // direct(n) stays below 1, so that a white surface is never burnt out by body light. The sky can be
 // made of a constant and two opposed lights of half its intensity, one of them negative.
 
@@ -58,7 +61,8 @@ struct SurfaceTerms {
     LinearColour base;
     float emission = 0.0F;
     float diffuse = 0.0F;
-    float highlight = 0.0F;  ///< S * kShine
+    float highlight = 0.0F;      ///< S * kShine
+    float highlightCost = 0.0F;  ///< S * kSpecularCost
     float shininess = kShininess;
     float opacity = 1.0F;
 };
@@ -70,12 +74,17 @@ struct AlphaTest {
 };
 
 [[nodiscard]] SurfaceTerms SurfaceTermsOf(const CorvexDB::udtMaterial& material);
+/// With a texture that scales the specular amount; where that is 0 the texture alone decides.
+[[nodiscard]] SurfaceTerms HighlightMappedTermsOf(const CorvexDB::udtMaterial& material);
+
+/// How much of the overlay texture covers the primary one, 0 to 1.
+[[nodiscard]] float OverlayOpacityOf(const CorvexDB::udtMaterial& material);
 
 /// Positions 0 ("Never" tests) and 7 ("Always" passes) keep every fragment, as does a position that
 /// is not in the list. A reference outside 0..255 is cut to that range.
 [[nodiscard]] AlphaTest AlphaTestOf(const CorvexDB::udtMaterial& material);
 
-/// Whether anything behind the surface shows through it.
+/// Whether anything behind the surface shows through it, textures aside.
 [[nodiscard]] bool IsTransparent(const CorvexDB::udtMaterial& material);
 
 [[nodiscard]] float LinearFromEncoded(float encoded);  ///< 0 to 1 both

@@ -1,5 +1,6 @@
 #include "studio/render/RenderService.h"
 
+#include "studio/images/TextureCache.h"
 #include "studio/render/GlContext.h"
 #include "studio/render/Renderer.h"
 
@@ -35,12 +36,13 @@ struct RenderService::Parts {
 
     void Run();
     std::optional<Job> NextJob(std::unique_lock<std::mutex>& lock);
-    RenderResult DrawSafely(const Frame& frame);
-    QImage Draw(const Frame& frame);
+    RenderResult DrawSafely(const Job& job);
+    QImage Draw(const Job& job);
     void Enqueue(Job job);
     void Deliver(ViewId view, const RenderResult& result);
 
     std::unique_ptr<GlContextProvider> provider;
+    TextureCache textures;
 
     std::mutex mutex;
     std::condition_variable wake;
@@ -68,7 +70,7 @@ void RenderService::Parts::Run()
         if (reset) {
             renderer.reset();
         }
-        job->deliver(DrawSafely(job->frame));
+        job->deliver(DrawSafely(*job));
         lock.lock();
     }
     renderer.reset();
@@ -85,10 +87,10 @@ std::optional<Job> RenderService::Parts::NextJob(std::unique_lock<std::mutex>& l
     return job;
 }
 
-RenderResult RenderService::Parts::DrawSafely(const Frame& frame)
+RenderResult RenderService::Parts::DrawSafely(const Job& job)
 {
     try {
-        return {Draw(frame), Status::Success, {}};
+        return {Draw(job), Status::Success, {}};
     } catch (const Error& error) {
         if (error.Code() == Status::GraphicsFailed) {
             renderer.reset();  // the device may have been lost; the next frame starts afresh
@@ -101,12 +103,15 @@ RenderResult RenderService::Parts::DrawSafely(const Frame& frame)
     }
 }
 
-QImage RenderService::Parts::Draw(const Frame& frame)
+QImage RenderService::Parts::Draw(const Job& job)
 {
     if (!renderer) {
         renderer = std::make_unique<Renderer>(provider->Create());
     }
-    return renderer->Draw(frame);
+    const bool wait = !job.view;
+    return renderer->Draw(job.frame, [&](const std::string& path) {
+        return wait ? textures.Await(path) : textures.Request(path);
+    });
 }
 
 void RenderService::Parts::Enqueue(Job job)
@@ -201,6 +206,11 @@ QImage RenderService::DrawNow(Frame frame)
         throw Error(result.status, result.error);
     }
     return result.image;
+}
+
+TextureCache& RenderService::Textures() const
+{
+    return m_parts->textures;
 }
 
 void RenderService::ResetDevice()

@@ -13,6 +13,7 @@
 namespace studio {
 
 class GlContextProvider;
+class TextureCache;
 
 /// A picture, or why there is none.
 struct RenderResult {
@@ -51,7 +52,11 @@ public:
     /// those of Renderer::Draw, GraphicsFailed when there is no context.
     [[nodiscard]] QImage DrawNow(Frame frame);
 
-    /// Drops context, shaders and meshes; the next frame builds them anew.
+    /// The images of all materials. A view's picture is drawn without those that are not read yet
+    /// (ask again on `textureReady`), `DrawNow` waits for them.
+    [[nodiscard]] TextureCache& Textures() const;
+
+    /// Drops context, shaders, meshes and uploaded textures; the next frame builds them anew.
     void ResetDevice();
 
 private:

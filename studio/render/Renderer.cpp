@@ -21,6 +21,7 @@ using CorvexMaterial::Status;
 
 constexpr int kLargestSide = 8192;
 constexpr std::size_t kMeshBudgetBytes = std::size_t{512} << 20U;
+constexpr std::size_t kTextureBudgetBytes = std::size_t{1} << 30U;
 constexpr std::size_t kKeptPictureSizes = 4;  ///< the preview, two views, a row of thumbnails
 
 /// The textures of one picture size. Only pictures that need them have the optional ones.
@@ -93,9 +94,10 @@ struct Renderer::Parts {
     void DrawBackdrop(const Frame& frame, const RenderTarget& target) const;
     void DrawSolid(const DrawList& list, const RenderTarget& target);
     void Shrink(const PictureTargets& targets) const;
-    QImage DrawPicture(const Frame& frame);
+    QImage DrawPicture(const Frame& frame, const TextureLookup& lookup);
 
     MeshBufferCache meshes{kMeshBudgetBytes};
+    TextureBufferCache textures{kTextureBudgetBytes};
     SurfaceShaders shaders;
     ScreenPass backdrop;
     ScreenPass shrink;
@@ -150,10 +152,11 @@ void Renderer::Parts::Shrink(const PictureTargets& from) const
     shrink.Draw();
 }
 
-QImage Renderer::Parts::DrawPicture(const Frame& frame)
+QImage Renderer::Parts::DrawPicture(const Frame& frame, const TextureLookup& lookup)
 {
     PictureTargets& to = TargetsOf(frame);
-    const DrawList list(frame, meshes);
+    FrameTextures frameTextures(lookup, textures);
+    const DrawList list(frame, meshes, frameTextures);
     glEnable(GL_FRAMEBUFFER_SRGB);
     glDisable(GL_SCISSOR_TEST);
     glDisable(GL_BLEND);
@@ -190,12 +193,18 @@ Renderer::Renderer(std::unique_ptr<GlContext> context)
 
 Renderer::~Renderer() = default;
 
-QImage Renderer::Draw(const Frame& frame)
+QImage Renderer::Draw(const Frame& frame, const TextureLookup& textures)
 {
     CheckArguments(frame);
-    QImage image = m_parts->DrawPicture(frame);
+    QImage image = m_parts->DrawPicture(frame, textures);
     m_parts->meshes.EndFrame();
+    m_parts->textures.EndFrame();
     return image;
+}
+
+std::uint64_t Renderer::TextureUploads() const
+{
+    return m_parts->textures.Uploads();
 }
 
 }  // namespace studio

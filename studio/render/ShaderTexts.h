@@ -7,6 +7,8 @@
 namespace studio::shaders {
 
 extern const std::string_view kSurfaceVertex;
+extern const std::string_view kSurfaceCoordinates;
+extern const std::string_view kSurfaceLayers;
 extern const std::string_view kSurfaceFragment;
 extern const std::string_view kScreenVertex;
 extern const std::string_view kBackdropFragment;

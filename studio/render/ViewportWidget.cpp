@@ -1,5 +1,6 @@
 #include "studio/render/ViewportWidget.h"
 
+#include "studio/images/TextureCache.h"
 #include "studio/render/Backdrop.h"
 #include "studio/render/FrameSource.h"
 #include "studio/render/OrbitMotion.h"
@@ -36,6 +37,11 @@ ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
     connect(&m_drawSoon, &QTimer::timeout, this, [this] { RequestPicture(1); });
     connect(&m_refineSoon, &QTimer::timeout, this, [this] { RequestPicture(4); });
     connect(&m_wheelEnd, &QTimer::timeout, this, &ViewportWidget::interactionFinished);
+    connect(&service.Textures(), &TextureCache::textureReady, this, [this] {
+        if (!m_picture.IsImage()) {
+            Draw();
+        }
+    });
 }
 
 ViewportWidget::~ViewportWidget()

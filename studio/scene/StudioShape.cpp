@@ -136,6 +136,8 @@ FrameItem StudioShape::Item() const
     item.mesh = m_shown;
     item.material = {m_applied.gathered, &m_applied.gathered->material};
     item.worldFromMesh = WorldFromMesh();
+    item.coordinates = m_applied.coordinates;
+    item.applyMode = m_applied.gathered->applyMode;
     return item;
 }
 

@@ -1,0 +1,91 @@
+#include "studio/render/TextureBuffers.h"
+
+#include <algorithm>
+#include <new>
+
+namespace studio {
+namespace {
+
+/// Several views take turns; none of them may let go of what the others draw.
+constexpr std::uint64_t kHeldFrames = 60;
+constexpr float kMostAnisotropy = 4.0F;
+
+void SetAnisotropy()
+{
+    static const bool available = epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic");
+    if (available) {
+        GLfloat most = 1.0F;
+        glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &most);
+        glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT,
+                        std::min(most, kMostAnisotropy));
+    }
+}
+
+void Upload(const QImage& image, PixelUse use)
+{
+    glPixelStorei(GL_UNPACK_ALIGNMENT, 4);
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, static_cast<GLint>(image.bytesPerLine() / 4));
+    glTexImage2D(GL_TEXTURE_2D, 0, use == PixelUse::Colour ? GL_SRGB8_ALPHA8 : GL_RGBA8,
+                 image.width(), image.height(), 0, GL_RGBA, GL_UNSIGNED_BYTE, image.constBits());
+    glPixelStorei(GL_UNPACK_ROW_LENGTH, 0);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR_MIPMAP_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_REPEAT);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_REPEAT);
+    SetAnisotropy();
+    glGenerateMipmap(GL_TEXTURE_2D);
+    if (glGetError() == GL_OUT_OF_MEMORY) {
+        throw std::bad_alloc();
+    }
+}
+
+}  // namespace
+
+GLuint TextureBufferCache::TextureOf(const TexturePointer& texture, PixelUse use)
+{
+    const Key key{texture->id, use};
+    auto found = m_entries.find(key);
+    if (found == m_entries.end()) {
+        Entry entry;
+        entry.bytes = static_cast<std::size_t>(texture->image.sizeInBytes()) * 4 / 3;
+        glBindTexture(GL_TEXTURE_2D, entry.texture.Name());
+        Upload(texture->image, use);
+        ++m_uploads;
+        m_bytes += entry.bytes;
+        found = m_entries.emplace(key, std::move(entry)).first;
+    }
+    found->second.held = texture;
+    found->second.pixels = texture;
+    found->second.lastFrame = m_frame;
+    return found->second.texture.Name();
+}
+
+void TextureBufferCache::EndFrame()
+{
+    for (auto& [key, entry] : m_entries) {
+        if (m_frame - entry.lastFrame > kHeldFrames) {
+            entry.held.reset();
+        }
+    }
+    std::erase_if(m_entries, [this](const auto& item) {
+        const bool dead = item.second.pixels.expired();
+        m_bytes -= dead ? item.second.bytes : 0;
+        return dead;
+    });
+    while (m_bytes > m_budgetBytes && !m_entries.empty()) {
+        DropOldest();
+    }
+    ++m_frame;
+}
+
+void TextureBufferCache::DropOldest()
+{
+    const auto oldest =
+        std::min_element(m_entries.begin(), m_entries.end(), [](const auto& a, const auto& b) {
+            return a.second.lastFrame < b.second.lastFrame;
+        });
+    m_bytes -= oldest->second.bytes;
+    m_entries.erase(oldest);
+}
+
+}  // namespace studio
