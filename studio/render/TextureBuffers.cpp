@@ -2,18 +2,28 @@
 
 #include <algorithm>
 #include <new>
+#include <string_view>
 
 namespace studio {
 namespace {
 
 /// Several views take turns; none of them may let go of what the others draw.
 constexpr std::uint64_t kHeldFrames = 60;
-constexpr float kMostAnisotropy = 4.0F;
+constexpr float kMostAnisotropy = 8.0F;
+
+/// A device in software takes far longer for it, and spoils pixels at the edges of triangles.
+bool WantsAnisotropy()
+{
+    const auto* text = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+    const std::string_view renderer = text != nullptr ? text : "";
+    const bool software = renderer.find("llvmpipe") != std::string_view::npos ||
+                          renderer.find("softpipe") != std::string_view::npos;
+    return !software && epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic");
+}
 
 void SetAnisotropy()
 {
-    static const bool available = epoxy_has_gl_extension("GL_EXT_texture_filter_anisotropic");
-    if (available) {
+    if (WantsAnisotropy()) {
         GLfloat most = 1.0F;
         glGetFloatv(GL_MAX_TEXTURE_MAX_ANISOTROPY_EXT, &most);
         glTexParameterf(GL_TEXTURE_2D, GL_TEXTURE_MAX_ANISOTROPY_EXT,

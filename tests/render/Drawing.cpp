@@ -34,6 +34,7 @@ std::shared_ptr<const Mesh> Square()
     for (std::size_t i = 0; i < 4; ++i) {
         corners[i].position = {i % 2 == 0 ? -1.0F : 1.0F, i < 2 ? -1.0F : 1.0F, 0.0F};
         corners[i].normal = {0.0F, 0.0F, 1.0F};
+        corners[i].uv = {i % 2 == 0 ? 0.0F : 1.0F, i < 2 ? 0.0F : 1.0F};
     }
     return studio::MakeMesh(corners, {0, 1, 3, 0, 3, 2});
 }
@@ -52,6 +53,7 @@ std::shared_ptr<const Mesh> Ball()
             vertex.position = {std::cos(up) * std::sin(around), std::sin(up),
                                std::cos(up) * std::cos(around)};
             vertex.normal = vertex.position;
+            vertex.uv = {static_cast<float>(column) / kColumns, static_cast<float>(row) / kRows};
             vertices.push_back(vertex);
         }
     }
