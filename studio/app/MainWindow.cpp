@@ -6,11 +6,14 @@
 #include "studio/app/PanelArea.h"
 #include "studio/app/PanelFill.h"
 #include "studio/app/SettingNames.h"
+#include "studio/app/ShapeToolTip.h"
 #include "studio/app/StatusText.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioIcon.h"
 #include "studio/app/UndoKeys.h"
+#include "studio/plugins/PluginFolder.h"
+#include "studio/plugins/PluginTextures.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/DefaultScene.h"
 
@@ -37,6 +40,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
     m_link = new MaterialLink({*m_material, m_scene, m_selection, m_history}, std::move(clock));
     m_fill = new PanelFill(*m_material, *m_link, *m_area);
     ConnectPanel();
+    ConnectPlugins();
     BuildMenus();
     StartPanel();
     ResetScene();
@@ -74,6 +78,9 @@ void MainWindow::BuildViewport()
     setCentralWidget(m_viewport);
     connect(m_viewport, &ViewportWidget::clicked, this, &MainWindow::PickAt);
     connect(m_viewport, &ViewportWidget::positionText, m_position, &QLabel::setText);
+    new ShapeToolTip(
+        *m_viewport, [this](QPoint position) { return ShapeAt(position); },
+        [this] { return m_host.Get().customFields.GetCustomMaterialFieldNames(); });
     connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
     connect(m_viewport, &ViewportWidget::failed, this, [this](const QString& message) {
         m_host.Log().RecordEvent("Viewport: " + message.toStdString());
@@ -114,10 +121,33 @@ void MainWindow::ConnectPanel()
     });
 }
 
+void MainWindow::ConnectPlugins()
+{
+    connect(&m_host.PluginPictures(), &PluginTextures::Refused, this,
+            [this](const QString& message) {
+                m_host.Log().RecordEvent(message.toStdString());
+                m_misc->setText(message);
+            });
+}
+
+void MainWindow::ListPlugins()
+{
+    const QString what = tr("The plug-ins cannot be listed");
+    Check(m_material->ClearPluginList(), what);
+    for (const std::string& name : m_host.Plugins().Names()) {
+        Check(m_material->AddToPluginList(name), what);
+    }
+    for (const QString& message : m_host.Plugins().Messages()) {
+        m_host.Log().RecordEvent(message.toStdString());
+        m_misc->setText(message);
+    }
+}
+
 void MainWindow::StartPanel()
 {
     const bool firstStart = !m_host.Settings().HasPanelLayout();
     const QString what = tr("The material panel did not start completely");
+    ListPlugins();
     Check(m_material->SetSceneDetails(m_host.SceneGraph()), what);
     Check(m_material->InitializeMaterialPreviewScene(), tr("The preview cannot be built"));
     Check(m_material->LoadSavedStatus(), tr("The saved material cannot be read"));

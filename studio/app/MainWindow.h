@@ -66,7 +66,9 @@ private:
     void BuildStatusBar();
     void ListRecentFiles(QMenu* menu);
     void ConnectPanel();
+    void ConnectPlugins();
     void StartPanel();
+    void ListPlugins();
     void ApplyColours();
     void RestoreGeometry();
     void SaveState();
@@ -75,6 +77,7 @@ private:
     void ShowModel(const QString& file, const ImportedModel& model);
     void RefuseModel(const QString& file, const QString& message);
     void ShowShapes(StudioScene::Shapes shapes, const QString& title);
+    [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
     void PickAt(QPoint position, Qt::KeyboardModifiers modifiers);
     void SelectAll();
     void Frame(const Bounds& bounds);

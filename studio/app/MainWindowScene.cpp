@@ -80,11 +80,16 @@ void MainWindow::ShowShapes(StudioScene::Shapes shapes, const QString& title)
     m_viewport->Draw();
 }
 
-void MainWindow::PickAt(QPoint position, Qt::KeyboardModifiers modifiers)
+std::shared_ptr<StudioShape> MainWindow::ShapeAt(QPoint position) const
 {
     const Ray ray = m_viewport->Camera().RayThrough(position, m_viewport->size());
     const auto hit = PickNearest(ray, m_scene.All());
-    m_selection.Click(hit ? hit->shape : nullptr, modifiers);
+    return hit ? hit->shape : nullptr;
+}
+
+void MainWindow::PickAt(QPoint position, Qt::KeyboardModifiers modifiers)
+{
+    m_selection.Click(ShapeAt(position), modifiers);
 }
 
 void MainWindow::SelectAll()

@@ -6,6 +6,8 @@
 #include "studio/app/StudioLibraries.h"
 #include "studio/app/StudioRaytrace.h"
 #include "studio/app/StudioTables.h"
+#include "studio/plugins/PluginFolder.h"
+#include "studio/plugins/PluginTextures.h"
 #include "studio/render/RenderService.h"
 #include "studio/scene/HostEditport.h"
 #include "studio/scene/HostViewport.h"
@@ -44,7 +46,8 @@ struct StudioHost::Parts {
     StudioGraphics graphics;
     StudioMaterialLibrary materialLibrary;
     StudioTextureLibrary textureLibrary;
-    StudioPluginTable plugins;
+    PluginFolder plugins{PluginFolder::UsualFolders()};
+    PluginTextures pluginTextures{plugins};
     StudioCustomFields customFields;
     StudioRaytrace raytrace;
     StudioSceneExporter exporter;
@@ -86,6 +89,16 @@ EventLog& StudioHost::Log()
 RenderService& StudioHost::Rendering()
 {
     return m_parts->rendering;
+}
+
+PluginFolder& StudioHost::Plugins()
+{
+    return m_parts->plugins;
+}
+
+PluginTextures& StudioHost::PluginPictures()
+{
+    return m_parts->pluginTextures;
 }
 
 StudioSceneGraph& StudioHost::SceneGraph()

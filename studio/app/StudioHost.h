@@ -9,6 +9,8 @@
 namespace studio {
 
 class EventLog;
+class PluginFolder;
+class PluginTextures;
 class RenderService;
 class StudioApplicationState;
 class StudioSceneGraph;
@@ -30,6 +32,8 @@ public:
     [[nodiscard]] StudioApplicationState& State();
     [[nodiscard]] EventLog& Log();
     [[nodiscard]] RenderService& Rendering();
+    [[nodiscard]] PluginFolder& Plugins();
+    [[nodiscard]] PluginTextures& PluginPictures();
     [[nodiscard]] StudioSceneGraph& SceneGraph();
 
 private:

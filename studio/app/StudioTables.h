@@ -5,12 +5,6 @@
 
 namespace studio {
 
-/// The plug-in table: so far only the placeholder that stands for "no plug-in".
-class StudioPluginTable : public CorvexDB::PluginTable {
-public:
-    std::vector<CorvexDB::PluginRecord> Records() override { return {CorvexDB::PluginRecord{}}; }
-};
-
 /// The custom field names that the user set up in the options; none at first.
 class StudioCustomFields : public CorvexDB::CustomFields {
 public:
