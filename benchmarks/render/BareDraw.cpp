@@ -1,5 +1,7 @@
-// One 256 x 256 picture of a ball with read-back, without any thread, widget or host around it.
+// One 256 x 256 picture of a ball with read-back, without any thread, widget or host around it;
+// bare, and with all six texture layers of 512 x 512.
 
+#include "studio/images/TextureCache.h"
 #include "studio/render/Frame.h"
 #include "studio/render/GlContext.h"
 #include "studio/render/Renderer.h"
@@ -9,6 +11,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -35,17 +38,45 @@ std::shared_ptr<const studio::Mesh> Ball(std::uint32_t columns)
     return studio::MakeMesh(std::move(vertices), std::move(indices));
 }
 
+/// The same pixels for the same name, as a cache would answer.
+studio::TexturePointer Noise(const std::string& name)
+{
+    static std::map<std::string, studio::TexturePointer> made;
+    studio::TexturePointer& texture = made[name];
+    if (texture == nullptr) {
+        QImage image(512, 512, QImage::Format_RGBA8888);
+        for (qsizetype i = 0; i < image.sizeInBytes(); ++i) {
+            image.bits()[i] = i % 4 == 3 ? 255 : static_cast<uchar>(i * 2654435761U >> 13U);
+        }
+        texture =
+            std::make_shared<const studio::Texture>(studio::Texture{made.size(), image, false, {}});
+    }
+    return texture;
+}
+
 void DrawBall(benchmark::State& state, const CorvexDB::udtMaterial& material, int samples)
 {
     studio::Frame frame;
-    frame.items = {{Ball(72), std::make_shared<CorvexDB::udtMaterial>(material), {}, false}};
+    frame.items.resize(1);
+    frame.items[0].mesh = Ball(72);
+    frame.items[0].material = std::make_shared<CorvexDB::udtMaterial>(material);
+    frame.items[0].coordinates = CorvexSG::CoordinateMode::FromWrap;
     frame.samples = samples;
     const auto provider = studio::MakeGlContextProvider();
     studio::Renderer renderer(provider->Create());
-    benchmark::DoNotOptimize(renderer.Draw(frame));  // compiles and uploads
+    const studio::TextureLookup lookup = [](const std::string& path) { return Noise(path); };
+    benchmark::DoNotOptimize(renderer.Draw(frame, lookup));  // compiles and uploads
     for (auto _ : state) {
-        benchmark::DoNotOptimize(renderer.Draw(frame));
+        benchmark::DoNotOptimize(renderer.Draw(frame, lookup));
     }
+}
+
+CorvexDB::udtMaterial SixLayers(CorvexDB::WrapType wrap)
+{
+    CorvexDB::udtMaterial material;
+    material.Textures = {"1", "2", "3", "4", "5", "6"};
+    material.Wrap = wrap;
+    return material;
 }
 
 CorvexDB::udtMaterial Glossy(int transparency)
@@ -58,6 +89,10 @@ CorvexDB::udtMaterial Glossy(int transparency)
 }
 
 BENCHMARK_CAPTURE(DrawBall, default_material, CorvexDB::udtMaterial(), 1)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(DrawBall, six_layers_flat, SixLayers(CorvexDB::WrapType::Flat), 1)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(DrawBall, six_layers_spherical, SixLayers(CorvexDB::WrapType::Spherical), 1)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(DrawBall, glossy, Glossy(0), 1)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(DrawBall, transparent_both_sides, Glossy(50), 1)->Unit(benchmark::kMillisecond);

@@ -215,6 +215,26 @@ TEST(RoundWraps, HaveNoSeamAtTheBack)
     }
 }
 
+TEST(RoundWraps, TopAndBottomRowsDoNotMeet)
+{
+    Material material = Glowing(CorvexMaterial::kWhite);
+    material.Textures.primary = WriteImage("ends.png", ImageOf(8, [](double, double y) {
+                                               return y < 0.5 ? QColor(Qt::red) : QColor(Qt::blue);
+                                           }));
+    for (const WrapType wrap : {WrapType::Spherical, WrapType::Cylindrical}) {
+        material.Wrap = wrap;
+        for (const bool flipped : {false, true}) {
+            material.WrapOrientationV = flipped;
+            studio::Frame frame =
+                FrameOf({Wrapped(Ball(), material, CorvexDB::ApplyMode::Relative)});
+            frame.camera.pitchDegrees = 80.0F;
+            EXPECT_EQ(CountOf(Draw(frame), flipped ? kRed : kBlue), 0);
+            frame.camera.pitchDegrees = -80.0F;
+            EXPECT_EQ(CountOf(Draw(frame), flipped ? kBlue : kRed), 0);
+        }
+    }
+}
+
 TEST(TextureUploads, OneForEachFileAndUseWhateverDrawsIt)
 {
     studio::TextureCache cache;

@@ -52,10 +52,21 @@ in vec3 wrapPosition;
 in vec3 wrapNormal;
 #endif
 
+#if defined(COORDINATES_SPHERICAL) || defined(COORDINATES_CYLINDRICAL)
+// One image from top to bottom, whose first and last rows do not meet.
+#define ONE_IMAGE_DOWN
+
+Place Ended(Place place)
+{
+    place.at.y = clamp(place.at.y, 1.0e-5, 1.0 - 1.0e-5);
+    return place;
+}
+#endif
+
 #ifdef COORDINATES_SPHERICAL
 Place SurfacePlace()
 {
-    return OnSphere(wrapPosition, dFdx(wrapPosition), dFdy(wrapPosition));
+    return Ended(OnSphere(wrapPosition, dFdx(wrapPosition), dFdy(wrapPosition)));
 }
 #endif
 
@@ -65,8 +76,9 @@ Place SurfacePlace()
     vec3 p = wrapPosition;
     vec3 dx = dFdx(p);
     vec3 dy = dFdy(p);
-    return Place(vec2(Longitude(p), 0.5 - 0.5 * p.y), vec2(LongitudeChange(p, dx), -0.5 * dx.y),
-                 vec2(LongitudeChange(p, dy), -0.5 * dy.y));
+    return Ended(Place(vec2(Longitude(p), 0.5 - 0.5 * p.y),
+                       vec2(LongitudeChange(p, dx), -0.5 * dx.y),
+                       vec2(LongitudeChange(p, dy), -0.5 * dy.y)));
 }
 #endif
 

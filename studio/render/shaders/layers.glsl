@@ -12,12 +12,18 @@ uniform sampler2D alphaMap;
 uniform sampler2D bumpMap;
 uniform sampler2D specularMap;
 
-// Where one axis of a cropped tile is taken from; half a texel inside the crop's borders, so that
-// nothing from beyond them is mixed in.
-float Cropped(float at, float origin, float scale, float blur)
+#ifdef ONE_IMAGE_DOWN
+const bvec2 endsHere = bvec2(false, true);
+#else
+const bvec2 endsHere = bvec2(false);
+#endif
+
+// Where one axis of a tile is taken from. Where its borders do not meet it stays half a texel
+// inside, so that nothing from beyond them is mixed in.
+float Cropped(float at, float origin, float scale, float blur, bool ends)
 {
     float inside = fract(at);
-    if (abs(scale) < 1.0) {
+    if (ends || abs(scale) < 1.0) {
         float margin = min(0.5, 0.5 * blur / max(abs(scale), 1.0e-6));
         inside = clamp(inside, margin, 1.0 - margin);
     }
@@ -30,7 +36,8 @@ vec4 Texel(sampler2D image, Place place)
     vec2 dx = flip.xy * crop.zw * place.dx;
     vec2 dy = flip.xy * crop.zw * place.dy;
     vec2 blur = max(1.0 / vec2(textureSize(image, 0)), max(abs(dx), abs(dy)));
-    vec2 inside = vec2(Cropped(at.x, crop.x, crop.z, blur.x), Cropped(at.y, crop.y, crop.w, blur.y));
+    vec2 inside = vec2(Cropped(at.x, crop.x, crop.z, blur.x, endsHere.x),
+                       Cropped(at.y, crop.y, crop.w, blur.y, endsHere.y));
     return textureGrad(image, inside, dx, dy);
 }
 
