@@ -56,7 +56,7 @@ QImage Draw(const RenderJob& job)
         Assign(*shape, job.assignments);
     }
     Frame frame;
-    frame.camera = DefaultCamera().Framing(scene.Extent());
+    frame.camera = scene.FramedBy(DefaultCamera());
     frame.width = job.size.width();
     frame.height = job.size.height();
     frame.samples = 4;

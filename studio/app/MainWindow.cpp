@@ -123,6 +123,10 @@ void MainWindow::ConnectPanel()
 
 void MainWindow::ConnectPlugins()
 {
+    connect(&m_host.PluginPictures(), &PluginTextures::Ready, this, [this] {
+        m_viewport->Draw();
+        Check(m_material->RenderMaterial(), tr("The preview cannot be drawn"));
+    });
     connect(&m_host.PluginPictures(), &PluginTextures::Refused, this,
             [this](const QString& message) {
                 m_host.Log().RecordEvent(message.toStdString());

@@ -80,7 +80,7 @@ private:
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
     void PickAt(QPoint position, Qt::KeyboardModifiers modifiers);
     void SelectAll();
-    void Frame(const Bounds& bounds);
+    void Frame(StudioScene& scene);
     void ShowOptions();
     void ShowAbout();
     void RestoreWarnings();

@@ -74,13 +74,13 @@ void MainWindow::BuildViewMenu()
         menu->addAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")), this, [this] {
             StudioScene selected;
             selected.SetShapes(m_selection.All());
-            Frame(selected.Extent());
+            Frame(selected);
         });
     frameSelection->setEnabled(false);
     connect(&m_selection, &Selection::Changed, frameSelection,
             [this, frameSelection] { frameSelection->setEnabled(!m_selection.All().empty()); });
     menu->addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
-                    [this] { Frame(m_scene.Extent()); });
+                    [this] { Frame(m_scene); });
     menu->addSeparator();
     QAction* dock = m_dock->toggleViewAction();
     dock->setText(tr("&Material Panel"));

@@ -55,7 +55,7 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
     m_host.State().SetOpenModel(file);
     m_recent.Add(file);
     ShowShapes(ShapesOf(model), QFileInfo(file).fileName());
-    m_viewport->SetHomeCamera(DefaultCamera().Framing(m_scene.Extent()));
+    m_viewport->SetHomeCamera(m_scene.FramedBy(DefaultCamera()));
     m_host.Log().RecordEvent("Opened " + file.toStdString());
     const std::size_t count = m_scene.All().size();
     m_misc->setText(count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count));
@@ -97,9 +97,9 @@ void MainWindow::SelectAll()
     m_selection.Set(m_scene.All());
 }
 
-void MainWindow::Frame(const Bounds& bounds)
+void MainWindow::Frame(StudioScene& scene)
 {
-    m_viewport->SetCamera(m_viewport->Camera().Framing(bounds));
+    m_viewport->SetCamera(scene.FramedBy(m_viewport->Camera()));
     m_viewport->Draw();
 }
 

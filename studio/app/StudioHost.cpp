@@ -2,6 +2,7 @@
 
 #include "studio/app/EventLog.h"
 #include "studio/app/NumberField.h"
+#include "studio/app/PluginMaterials.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioLibraries.h"
 #include "studio/app/StudioRaytrace.h"
@@ -36,6 +37,7 @@ struct StudioHost::Parts {
           log(profile.stateFolder), graphics([this] { return CanDraw(rendering); }),
           customFields(settings), viewports(rendering)
     {
+        rendering.SetCompletion([this](Frame& frame) { pluginMaterials.Complete(frame); });
     }
 
     StudioSettings settings;
@@ -48,6 +50,7 @@ struct StudioHost::Parts {
     StudioTextureLibrary textureLibrary;
     PluginFolder plugins{PluginFolder::UsualFolders()};
     PluginTextures pluginTextures{plugins};
+    PluginMaterials pluginMaterials{pluginTextures};
     StudioCustomFields customFields;
     StudioRaytrace raytrace;
     StudioSceneExporter exporter;

@@ -42,6 +42,10 @@ struct Frame {
     float outlinePixels = 2.0F;  ///< width of the outline of selected items, device pixels
 };
 
+/// The same view direction, close enough that the items just fill the smaller side of a picture.
+/// Looks at every vertex. Unchanged when there is nothing to see.
+[[nodiscard]] Camera Framed(const Camera& camera, const std::vector<FrameItem>& items);
+
 /// The box around all items, in world coordinates.
 [[nodiscard]] Bounds WorldBounds(const std::vector<FrameItem>& items);
 [[nodiscard]] Bounds WorldBounds(const FrameItem& item);

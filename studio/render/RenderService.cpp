@@ -53,6 +53,7 @@ struct RenderService::Parts {
     // User-interface thread only.
     QObject receiver;
     std::map<ViewId, Callback> callbacks;
+    std::function<void(Frame&)> complete;
     ViewId lastView = 0;
 
     // Render thread only.
@@ -179,6 +180,11 @@ void RenderService::Cancel(ViewId view)
     std::erase_if(m_parts->waiting, [&](const Job& job) { return job.view == view; });
 }
 
+void RenderService::SetCompletion(std::function<void(Frame&)> complete)
+{
+    m_parts->complete = std::move(complete);
+}
+
 void RenderService::Request(ViewId view, Frame frame, Callback callback)
 {
     Parts* parts = m_parts.get();
@@ -187,6 +193,9 @@ void RenderService::Request(ViewId view, Frame frame, Callback callback)
         return;
     }
     found->second = std::move(callback);
+    if (parts->complete) {
+        parts->complete(frame);
+    }
     parts->Enqueue({view, std::move(frame), [parts, view](const RenderResult& result) {
                         QMetaObject::invokeMethod(
                             &parts->receiver,

@@ -41,6 +41,10 @@ public:
     /// No callback of this view runs afterwards.
     void RemoveView(ViewId view);
 
+    /// Runs over every frame of a view before it is queued, on the user-interface thread: what
+    /// fills in textures that are not files.
+    void SetCompletion(std::function<void(Frame&)> complete);
+
     /// Draws later; a request of the same view that still waits is replaced and forgotten. The
     /// callback runs on the user-interface thread from its event loop. User-interface thread only.
     void Request(ViewId view, Frame frame, Callback callback);

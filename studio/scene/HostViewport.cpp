@@ -62,7 +62,7 @@ void HostViewport::Prepare()
     const float zoom = view.distance / m_home.distance;
     const bool moved = view != m_home;
     m_framed = extent;
-    m_home = StartCamera().Framing(extent);
+    m_home = m_scene.FramedBy(StartCamera());
     m_widget->SetHomeCamera(m_home);
     if (moved) {
         view.target = m_home.target;

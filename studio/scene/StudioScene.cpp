@@ -45,6 +45,13 @@ Bounds StudioScene::Extent() const
     return extent;
 }
 
+Camera StudioScene::FramedBy(const Camera& camera)
+{
+    Frame frame;
+    Fill(frame);
+    return Framed(camera, frame.items);
+}
+
 std::shared_ptr<CorvexSG::Shape> StudioSceneGraph::CreateShape()
 {
     return std::make_shared<StudioShape>();

@@ -32,6 +32,8 @@ public:
     void Add(std::shared_ptr<StudioShape> shape);
     /// The box around all shapes, in world coordinates.
     [[nodiscard]] Bounds Extent() const;
+    /// The camera moved so that the shapes just fill the picture.
+    [[nodiscard]] Camera FramedBy(const Camera& camera);
 
     /// Its shapes are drawn as selected. It outlives the scene or is replaced by null before.
     void MarkSelection(const Selection* selection) { m_selection = selection; }
