@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QIODevice>
 
+#include <algorithm>
 #include <memory>
 
 namespace studio {
@@ -39,7 +40,9 @@ QImage ReadOwnImage(const OwnFormat& format, QIODevice& device)
 {
     // An uncompressed image of the largest size with its header and colour map just fits.
     constexpr qint64 kMostFileBytes = qint64{kMostImageBytes} + (qint64{1} << 20);
-    const QByteArray file = device.read(kMostFileBytes);
+    // Memory is taken for all that is asked for, so ask for no more than there is.
+    const qint64 available = device.isSequential() ? kMostFileBytes : device.bytesAvailable();
+    const QByteArray file = device.read(std::min(available, kMostFileBytes));
     return TakePixels(format.decode(BytesOf(file)));
 }
 

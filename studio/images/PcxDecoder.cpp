@@ -14,7 +14,7 @@ using Colour = std::array<std::uint8_t, 3>;
 using Palette = std::vector<Colour>;
 
 constexpr std::size_t kHeaderBytes = 128;
-constexpr std::size_t kLongPaletteBytes = 256 * 3;
+constexpr std::size_t kLongPaletteBytes = std::size_t{256} * 3;
 
 struct Header {
     std::uint8_t version = 0;
@@ -177,7 +177,7 @@ std::uint8_t ByteAt(Bytes row, std::size_t at)
 unsigned IndexAt(const Header& header, Bytes row, std::size_t x)
 {
     const std::size_t bit = x * header.bits;
-    const unsigned shift = static_cast<unsigned>(8 - header.bits - bit % 8);
+    const auto shift = static_cast<unsigned>(8 - header.bits - bit % 8);
     const unsigned mask = (1U << header.bits) - 1;
     unsigned index = 0;
     for (unsigned plane = 0; plane < header.planes; ++plane) {

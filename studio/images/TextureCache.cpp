@@ -110,13 +110,13 @@ void TextureCache::Parts::Look(const std::string& path, std::unique_lock<std::mu
 
 TexturePointer TextureCache::Parts::Read(const std::string& path, std::int64_t room) const
 {
-    FileImage file = ReadTextureFile(path, {limits.side, room});
+    const FileImage file = ReadTextureFile(path, {limits.side, room});
     const bool failed = file.image.isNull();
     return std::make_shared<const Texture>(Texture{
         failed ? placeholderId : NextId(),
-        failed ? placeholder : std::move(file.image),
+        failed ? placeholder : file.image,
         file.hasAlpha,
-        std::move(file.error),
+        file.error,
     });
 }
 

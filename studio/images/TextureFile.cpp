@@ -42,6 +42,10 @@ void AskForSmallerImage(QImageReader& reader, const ImageBounds& bounds)
 QImage ReadWithToolkit(QFile& file, const ImageBounds& bounds)
 {
     QImageReader reader(&file);
+    if (reader.format() == "tga") {
+        // Ours refused it, and the toolkit's reader is no better at it: it guesses.
+        throw ImageError(TextureFileText::tr("The TGA file is damaged.").toStdString());
+    }
     AskForSmallerImage(reader, bounds);
     QImage image = reader.read();
     if (image.isNull()) {
