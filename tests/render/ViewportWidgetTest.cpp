@@ -1,6 +1,8 @@
 #include "studio/render/ViewportWidget.h"
 #include "Drawing.h"
+#include "Images.h"
 #include "host/Status.h"
+#include "studio/images/TextureCache.h"
 #include "studio/render/FrameSource.h"
 #include "studio/render/GlContext.h"
 
@@ -17,7 +19,9 @@ namespace {
 
 class BallSource : public studio::FrameSource {
 public:
-    void Fill(studio::Frame& frame) override { frame.items = {Item(Ball(), Glowing(0x0000FF))}; }
+    void Fill(studio::Frame& frame) override { frame.items = {Item(Ball(), material)}; }
+
+    Material material = Glowing(0x0000FF);
 };
 
 class NoDevice : public studio::GlContextProvider {
@@ -71,6 +75,25 @@ protected:
     studio::RenderService service;
     ViewportWidget widget{service};
 };
+
+TEST_F(ViewportWidgetTest, TextureAppearsAndFollowsItsFile)
+{
+    source.material = Glowing(CorvexMaterial::kWhite);
+    source.material.Textures.primary = WriteImage("view.png", Plain(Qt::red));
+    ShowAndWait();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return MiddlePixel() == qRgb(255, 0, 0); }));
+    WriteImage("view.png", ImageOf(32, [](double, double) { return QColor(Qt::green); }));
+    service.Textures().CheckFiles();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return MiddlePixel() == qRgb(0, 255, 0); }));
+    // Not in place of an image that is shown instead of the scene.
+    widget.ShowPicture(Plain(Qt::blue));
+    WriteImage("view.png", Plain(Qt::white));
+    QSignalSpy ready(&service.Textures(), &studio::TextureCache::textureReady);
+    service.Textures().CheckFiles();
+    ASSERT_TRUE(ready.wait());
+    QTest::qWait(50);
+    EXPECT_EQ(MiddlePixel(), qRgb(0, 0, 255));
+}
 
 TEST_F(ViewportWidgetTest, HiddenViewDrawsOnceItIsShown)
 {
