@@ -1,5 +1,6 @@
 #include "studio/app/Tour.h"
 
+#include "studio/app/TourLayers.h"
 #include "studio/app/TourStudio.h"
 
 #include <QDir>
@@ -129,6 +130,18 @@ void LargeScale(TourStudio& studio)
     studio.Guide().Picture(QStringLiteral("at-200-per-cent"));
 }
 
+void LayersOfModel(TourStudio& studio)
+{
+    studio.OpenModel(studio.Model());
+    ShowLayers(studio);
+}
+
+void PluginsOnModel(TourStudio& studio)
+{
+    studio.OpenModel(studio.Model());
+    ShowPlugins(studio);
+}
+
 struct Chapter {
     const char* name;
     const char* scale;  ///< of the desktop
@@ -139,6 +152,8 @@ struct Chapter {
 constexpr std::array kChapters{
     Chapter{"tour", "1", 1, WholeTour},
     Chapter{"large", "2", 21, LargeScale},
+    Chapter{"layers", "1", 31, LayersOfModel},
+    Chapter{"plug-ins", "1", 51, PluginsOnModel},
 };
 
 void RunChapter(const Chapter& chapter, const TourRequest& request)

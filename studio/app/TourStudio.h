@@ -28,6 +28,9 @@ public:
 
     [[nodiscard]] MainWindow& Window() { return m_window; }
     [[nodiscard]] TourGuide& Guide() { return m_guide; }
+    [[nodiscard]] StudioHost& Host() { return m_host; }
+    /// A folder that goes with the tour.
+    [[nodiscard]] QString Folder() const { return m_folder.path(); }
     /// The file of a copy of a model that is built in.
     [[nodiscard]] QString Model() const;
     /// What message boxes have said since the last call.

@@ -1,0 +1,105 @@
+#include "studio/app/TourLayers.h"
+
+#include "studio/app/TourPictures.h"
+#include "studio/app/TourStudio.h"
+#include "studio/images/TextureCache.h"
+#include "studio/plugins/PluginFolder.h"
+#include "studio/plugins/PluginTextures.h"
+#include "studio/render/RenderService.h"
+#include "studio/render/ViewportWidget.h"
+
+#include <QTabBar>
+
+#include <array>
+
+namespace studio {
+namespace {
+
+using CorvexMaterial::Material;
+using CorvexMaterial::Status;
+using PutFile = Status (Material::*)(const std::string&);
+
+struct Step {
+    int tab;
+    PutFile put;
+    QString TourPictures::*picture;
+    const char* name;
+};
+
+constexpr std::array kSteps{
+    Step{2, &Material::put_TextureFileName, &TourPictures::tiles, "primary-texture"},
+    Step{5, &Material::put_TextureBumpmapFileName, &TourPictures::grooves, "bump-map"},
+    Step{6, &Material::put_TextureSpecularMapFileName, &TourPictures::polish, "specular-map"},
+    Step{7, &Material::put_TextureEnvironmentMapFileName, &TourPictures::surroundings,
+         "environment-map"},
+    Step{3, &Material::put_TextureOverlayFileName, &TourPictures::leaves, "overlay-texture"},
+    Step{4, &Material::put_TextureAlphaFileName, &TourPictures::fade, "alpha-map"},
+};
+
+void EnterTab(TourStudio& studio, int tab)
+{
+    studio.Guide().Find<QTabBar>("tabChannels").setCurrentIndex(tab - 1);
+}
+
+void Put(TourStudio& studio, const Step& step, const QString& file)
+{
+    EnterTab(studio, step.tab);
+    // Read here, so that the very next picture shows it.
+    (void)studio.Host().Rendering().Textures().Await(file.toStdString());
+    Expect((studio.Window().Panel().*step.put)(file.toStdString()) == Status::Success,
+           QStringLiteral("%1 was refused.").arg(file));
+}
+
+void ShowWraps(TourStudio& studio)
+{
+    struct Wrap {
+        const char* button;
+        const char* name;
+    };
+    // The vase comes with coordinates of its own; a wrap other than the chosen one replaces them.
+    constexpr std::array kWraps{Wrap{"optWrapType_1", "flat-wrap"},
+                                Wrap{"optWrapType_2", "cylindrical-wrap"},
+                                Wrap{"optWrapType_0", "spherical-wrap"}};
+    for (const Wrap& wrap : kWraps) {
+        studio.Guide().Press(wrap.button);
+        studio.Guide().Picture(QLatin1String(wrap.name));
+    }
+}
+
+}  // namespace
+
+void ShowLayers(TourStudio& studio)
+{
+    const TourPictures pictures = PaintTourPictures(studio.Folder());
+    studio.ClickShape("Vase");
+    for (const Step& step : kSteps) {
+        Put(studio, step, pictures.*step.picture);
+        studio.Guide().Picture(QLatin1String(step.name));
+        if (step.tab == 2) {
+            ShowWraps(studio);
+        }
+    }
+    Expect(studio.ShapeNamed("Vase").Material().Textures.alpha == pictures.fade.toStdString(),
+           QStringLiteral("The textures did not reach the vase."));
+}
+
+void ShowPlugins(TourStudio& studio)
+{
+    studio.ClickShape("Vase");
+    const auto names = studio.Host().Plugins().Names();
+    Expect(!names.empty(), QStringLiteral("No plug-in was found."));
+    for (const std::string& name : names) {
+        studio.Guide().Choose("cboPlugin", QString::fromStdString(name));
+        Expect(studio.ShapeNamed("Vase").Material().Plugin == name,
+               QStringLiteral("The plug-in did not reach the vase."));
+        const CorvexDB::udtMaterial& material = studio.ShapeNamed("Vase").Material();
+        // The picture is to show the texture at full size.
+        (void)studio.Host().PluginPictures().Produce(name, material.PluginParameters);
+        studio.Window().Viewport().Draw();
+        studio.Guide().Picture(
+            QStringLiteral("plug-in-%1")
+                .arg(QString::fromStdString(name).toLower().replace(u' ', u'-')));
+    }
+}
+
+}  // namespace studio
