@@ -72,6 +72,7 @@ void ShowLayers(TourStudio& studio)
 {
     const TourPictures pictures = PaintTourPictures(studio.Folder());
     studio.ClickShape("Vase");
+    studio.Guide().Choose("cboColor", QStringLiteral("White"));
     for (const Step& step : kSteps) {
         Put(studio, step, pictures.*step.picture);
         studio.Guide().Picture(QLatin1String(step.name));
@@ -86,6 +87,7 @@ void ShowLayers(TourStudio& studio)
 void ShowPlugins(TourStudio& studio)
 {
     studio.ClickShape("Vase");
+    studio.Guide().Choose("cboColor", QStringLiteral("White"));
     const auto names = studio.Host().Plugins().Names();
     Expect(!names.empty(), QStringLiteral("No plug-in was found."));
     for (const std::string& name : names) {
