@@ -3,7 +3,6 @@
 #include "studio/images/TextureShelf.h"
 
 #include <QImageReader>
-#include <QMetaObject>
 #include <QThread>
 #include <QThreadPool>
 #include <QTimer>
@@ -49,7 +48,6 @@ struct TextureCache::Parts {
     void LookLater(const std::string& path, ShelfEntry& entry);
     void Look(const std::string& path, std::unique_lock<std::mutex>& lock);
     [[nodiscard]] TexturePointer Read(const std::string& path, std::int64_t room) const;
-    void Announce(const std::string& path) const;
 
     TextureCache& owner;
     TextureLimits limits;
@@ -99,9 +97,13 @@ void TextureCache::Parts::Look(const std::string& path, std::unique_lock<std::mu
             entry->texture = fresh;
             entry->state = state;
             entry->fetched = false;
-            Announce(path);
         }
         entry->looksDone = asked;
+        if (fresh) {
+            lock.unlock();  // whoever hears of it may request it at once
+            Q_EMIT owner.textureRead(QString::fromStdString(path));
+            lock.lock();
+        }
     }
     entry->looking = false;
     shelf.DropUnused();
@@ -120,14 +122,6 @@ TexturePointer TextureCache::Parts::Read(const std::string& path, std::int64_t r
     });
 }
 
-void TextureCache::Parts::Announce(const std::string& path) const
-{
-    TextureCache* cache = &owner;
-    const QString name = QString::fromStdString(path);
-    QMetaObject::invokeMethod(
-        cache, [cache, name] { Q_EMIT cache->textureReady(name); }, Qt::QueuedConnection);
-}
-
 TextureCache::TextureCache(const TextureLimits& limits, QObject* parent)
     : QObject(parent), m_parts(std::make_unique<Parts>(*this, limits))
 {
@@ -135,6 +129,8 @@ TextureCache::TextureCache(const TextureLimits& limits, QObject* parent)
     constexpr int kMostMegabytes = 512;
     QImageReader::setAllocationLimit(kMostMegabytes);
     m_parts->pool.setMaxThreadCount(std::clamp(QThread::idealThreadCount(), 1, 4));
+    connect(this, &TextureCache::textureRead, this, &TextureCache::textureReady,
+            Qt::QueuedConnection);
     connect(&m_parts->checkTimer, &QTimer::timeout, this, &TextureCache::CheckFiles);
     m_parts->checkTimer.start(limits.checkInterval);
 }

@@ -59,6 +59,8 @@ public:
 Q_SIGNALS:
     /// Request answers something new for this path. From the event loop of the cache's own thread.
     void textureReady(const QString& path);
+    /// The same, at once, on the thread that read the file.
+    void textureRead(const QString& path);
 
 private:
     struct Parts;
