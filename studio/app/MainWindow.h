@@ -22,6 +22,7 @@ class PanelArea;
 class PanelFill;
 class StudioHost;
 class ViewportWidget;
+struct TextureReplacement;
 
 /// The studio's window: the scene in the middle, the material panel docked beside it.
 class MainWindow : public QMainWindow {
@@ -37,6 +38,8 @@ public:
     /// stays until it is read, and for good when it cannot be.
     void OpenModel(const QString& file);
     void ResetScene();
+    /// Looks below the folder for the textures the scene misses and offers what it finds.
+    void FindTexturesIn(const QString& folder);
 
     [[nodiscard]] CorvexMaterial::Material& Panel() { return *m_material; }
     [[nodiscard]] const StudioScene& Scene() const { return m_scene; }
@@ -78,6 +81,8 @@ private:
     void RefuseModel(const QString& file, const QString& message);
     void ShowShapes(StudioScene::Shapes shapes, const QString& title);
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
+    void FindTextures();
+    void ReplaceTextures(const std::vector<TextureReplacement>& chosen);
     void PickAt(QPoint position, Qt::KeyboardModifiers modifiers);
     void SelectAll();
     void Frame(StudioScene& scene);

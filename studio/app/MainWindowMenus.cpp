@@ -29,6 +29,8 @@ void MainWindow::BuildFileMenu()
     QMenu* recent = menu->addMenu(tr("Open &Recent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
     menu->addAction(tr("Reset &Scene"), this, &MainWindow::ResetScene);
+    menu->addAction(tr("Find Missing &Textures..."), this, &MainWindow::FindTextures)
+        ->setObjectName(QStringLiteral("findTextures"));
     menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
 }

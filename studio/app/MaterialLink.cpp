@@ -90,6 +90,15 @@ Status MaterialLink::Apply(StudioShape& shape)
                                                m_parts.scene.CameraGroup(), {}, {}, false, {}, {});
 }
 
+void MaterialLink::Make(std::vector<ShapeChange> changes)
+{
+    for (const ShapeChange& change : changes) {
+        change.shape->SetApplied(change.after);
+    }
+    Push(std::move(changes));
+    ShowSelected();
+}
+
 void MaterialLink::Push(std::vector<ShapeChange> changes)
 {
     if (std::ranges::none_of(changes, LooksDifferent)) {

@@ -31,6 +31,8 @@ public:
 
     /// Runs a change of the panel that is not meant for the shapes.
     void WithoutApplying(const std::function<void()>& change);
+    /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
+    void Make(std::vector<ShapeChange> changes);
     /// The material that the panel shows now; null before the preview scene is built.
     [[nodiscard]] const CorvexDB::udtMaterial* ShownMaterial() const;
 
