@@ -121,6 +121,17 @@ TEST(ColourChooserTest, StartsAtTheGivenColourAndReturnsTheChosen)
     EXPECT_EQ(platform.Get().choosers.ChooseColour(std::nullopt), std::nullopt);
 }
 
+// The dialog reads its folder in a thread and refuses while it is about it: asked until it closes.
+void AcceptWith(QFileDialog& dialog, const QString& file)
+{
+    auto* again = new QTimer(&dialog);
+    QObject::connect(again, &QTimer::timeout, &dialog, [&dialog, file] {
+        dialog.selectFile(file);
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    again->start(20);
+}
+
 TEST(FileChooserTest, ListsMatchingFilesInAnyCaseAndReturnsThePath)
 {
     QTemporaryDir folder;
@@ -132,8 +143,7 @@ TEST(FileChooserTest, ListsMatchingFilesInAnyCaseAndReturnsThePath)
         EXPECT_TRUE(Shows(dialog, "LOUD.TIF"));
         const auto* list = dialog.findChild<QListView*>("listView");
         EXPECT_EQ(list->model()->rowCount(list->rootIndex()), 1);
-        dialog.selectFile("LOUD.TIF");
-        QMetaObject::invokeMethod(&dialog, "accept");
+        AcceptWith(dialog, "LOUD.TIF");
     });
     EXPECT_THAT(platform.Get().choosers.ChooseFile(
                     {"Open", "Pictures", {"tif", "png"}, folder.path().toStdString(), false}),
@@ -144,10 +154,7 @@ TEST(FileChooserTest, ANewNameGetsTheExtensionWhereNewNamesAreAllowed)
 {
     QTemporaryDir folder;
     QtPlatform platform;
-    WhenOpen<QFileDialog>([](QFileDialog& dialog) {
-        dialog.selectFile("fresh");
-        QMetaObject::invokeMethod(&dialog, "accept");
-    });
+    WhenOpen<QFileDialog>([](QFileDialog& dialog) { AcceptWith(dialog, "fresh"); });
     EXPECT_THAT(platform.Get().choosers.ChooseFile(
                     {"Open", "Libraries", {"cvm"}, folder.path().toStdString(), true}),
                 Optional(folder.filePath("fresh.cvm").toStdString()));
