@@ -1,4 +1,5 @@
 #include "dialogs/modDialog.h"
+#include "tests/support/ControlRig.h"
 #include "tests/support/Driving.h"
 #include "tests/support/RecordingHost.h"
 #include "tests/support/RecordingPlatform.h"
@@ -6,6 +7,7 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QLabel>
+#include <QTabBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -89,6 +91,29 @@ TEST_F(Warning, OnlyAStoredOneLetsItBeShown)
         EXPECT_FALSE(ShowAnd(PressOk)) << stored;
         EXPECT_EQ(platform.settings.GetTip("Step"), stored);
     }
+}
+
+TEST(TabWarnings, GoOutAsEventsEachTimeATabIsEntered)
+{
+    ControlRig rig;
+    rig.host.graphics.capable = false;
+    rig.host.applicationState.applicationName = "Painter";
+    rig.Start();
+    auto& tabs = rig.Find<QTabBar>("tabChannels");
+    constexpr int kAlphaMap = 3;
+    for (const int tab : {kAlphaMap, 0, kAlphaMap, 4, 5, 6}) {
+        tabs.setCurrentIndex(tab);
+    }
+    std::vector<QString> keys;
+    for (const RequestedWarning& warning : rig.warnings) {
+        EXPECT_EQ(warning.application, "Painter");
+        EXPECT_FALSE(warning.text.isEmpty());
+        keys.push_back(warning.key);
+    }
+    EXPECT_EQ(keys,
+              (std::vector<QString>{"RaytraceTranslucency", "RaytraceTranslucency", "Bumpmapping",
+                                    "SpecularEnvironmentMapping", "SpecularEnvironmentMapping"}));
+    EXPECT_EQ(rig.Changes(), 0U);
 }
 
 }  // namespace
