@@ -31,8 +31,8 @@ void frmDialog::Unload()
     m_settings.Write({m_request.sApplicationRegistryKey, std::string(kTipsSection),
                       m_request.sWarningRegistryEntry},
                      TextOfWarningChoice(m_ui->chkContinueToReceiveWarning->isChecked()));
-    m_settings.Flush(m_request.sApplicationRegistryKey);
     m_diagnostics.DebugTrace("Unloading Dialog Form");
+    m_settings.Flush(m_request.sApplicationRegistryKey);
 }
 
 }  // namespace CorvexMaterial

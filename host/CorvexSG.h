@@ -71,7 +71,7 @@ public:
 class Scene {
 public:
     virtual ~Scene() = default;
-    /// Shows this shape alone. The scene does not own it; it outlives the scene's use of it.
+    /// Shows this shape alone; the scene shares it. Null leaves the scene empty.
     virtual void ShowShape(const std::shared_ptr<Shape>& shape) = 0;
     virtual Group* RootGroup() = 0;
     virtual Group* CameraGroup() = 0;

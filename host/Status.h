@@ -6,7 +6,8 @@
 
 namespace CorvexMaterial {
 
-/// Result of every published member. 0 is success; after any other value nothing has half changed.
+/// Result of every published member. 0 is success. After any other value nothing has half changed;
+/// a value that was shown stays when only the refresh after it failed.
 enum class Status : std::int32_t {
     Success = 0,
     NotAvailable,         ///< this build of the control does not offer the member

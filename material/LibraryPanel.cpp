@@ -31,10 +31,11 @@ LibraryPanel::LibraryPanel(const LibraryPanelKind& kind, CorvexEditport::Editpor
       m_content(new QWidget(this)),
       m_less(RowButton(kind.lessName, QStringLiteral("−"), tr("Show a row less"), m_content)),
       m_more(RowButton(kind.moreName, QStringLiteral("+"), tr("Show a row more"), m_content)),
-      m_browser(editports.CreateEditport(m_content, kind.browser))
+      m_browser(editports.CreateEditport(m_content, kind.browser)),
+      m_browserWidget(&m_browser->Widget())
 {
     m_header->setObjectName(QString::fromLatin1(kind.headerName));
-    m_browser->Widget().setObjectName(QString::fromLatin1(kind.browserName));
+    m_browserWidget->setObjectName(QString::fromLatin1(kind.browserName));
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(m_less);
@@ -42,7 +43,7 @@ LibraryPanel::LibraryPanel(const LibraryPanelKind& kind, CorvexEditport::Editpor
     auto* content = new QVBoxLayout(m_content);
     content->setContentsMargins(0, 4, 0, 6);
     content->setSpacing(4);
-    content->addWidget(&m_browser->Widget());
+    content->addWidget(m_browserWidget);
     content->addLayout(buttons);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -92,13 +93,12 @@ void LibraryPanel::SetLayoutEnabled(bool headerEnabled, bool rowsEnabled)
 void LibraryPanel::Arrange()
 {
     m_content->setVisible(m_header->isChecked());
-    QWidget& browser = m_browser->Widget();
-    browser.setVisible(m_rows > 0);
+    m_browserWidget->setVisible(m_rows > 0);
     if (m_rows > 0) {
         // Qt's own limit for a widget, below which 16-bit rows could still end.
         constexpr qint64 kWidgetLimit = QWIDGETSIZE_MAX;
         const qint64 height = static_cast<qint64>(m_rows) * m_rowTwips / kTwipsPerPixel;
-        browser.setFixedHeight(static_cast<int>(std::min(height, kWidgetLimit)));
+        m_browserWidget->setFixedHeight(static_cast<int>(std::min(height, kWidgetLimit)));
     }
 }
 

@@ -61,6 +61,7 @@ private:
     QToolButton* m_less;
     QToolButton* m_more;
     CorvexEditport::Editport* m_browser;
+    QWidget* m_browserWidget;
 };
 
 }  // namespace CorvexMaterial

@@ -78,10 +78,8 @@ void MaterialEditor::ConnectPlugins()
 {
     PluginPanel& plugins = m_form.Attributes().Plugins();
     connect(&plugins, &PluginPanel::RememberPressed, this, [this] {
-        m_trap("cmdRemember", [this] {
-            m_savedState.RememberPluginParameters(m_attributes);
-            RefreshPreviewMaterial();
-        });
+        m_trap("cmdRemember", [this] { m_savedState.RememberPluginParameters(m_attributes); });
+        m_trap("cmdRemember", [this] { RefreshPreviewMaterial(); });
     });
     connect(&plugins, &PluginPanel::ResetPressed, this, [this] {
         m_trap("cmdReset", [this] {
@@ -167,8 +165,13 @@ void MaterialEditor::RenderMaterial()
 
 void MaterialEditor::InitializePreview()
 {
-    m_preview.LoadMeshes(m_platform.library.Folder());
-    RefreshPreviewMaterial();
+    // The meshes that were read are shown although a later one failed.
+    const Status loaded = m_trap("InitializeMaterialPreviewScene",
+                                 [this] { m_preview.LoadMeshes(m_platform.library.Folder()); });
+    if (m_preview.IsBuilt()) {
+        RefreshPreviewMaterial();
+    }
+    Require(loaded);
 }
 
 void MaterialEditor::SetPreviewPrimitive(std::int32_t code)
@@ -179,6 +182,7 @@ void MaterialEditor::SetPreviewPrimitive(std::int32_t code)
 void MaterialEditor::ResetDevices()
 {
     m_preview.ResetDevice();
+    m_form.Attributes().Channels().RebuildThumbnails();
     UpdatePrimitivePicture();
     RefreshPreviewMaterial();
 }

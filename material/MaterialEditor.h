@@ -47,9 +47,9 @@ public:
     {
         {
             const Batch batch(m_batchDepth);
+            const FollowAtEnd follow(*this);
             m_gatherer.Forget();
             change();
-            FollowAttributes();
         }
         RefreshPreviewMaterial();
     }
@@ -87,6 +87,18 @@ Q_SIGNALS:
     void WarningRequested(const QString& application, const QString& text, const QString& key);
 
 private:
+    /// Enabled states and the primitive's picture follow the attributes after an error too.
+    class FollowAtEnd {
+    public:
+        explicit FollowAtEnd(MaterialEditor& editor) : m_editor(editor) {}
+        ~FollowAtEnd() { m_editor.FollowAttributes(); }
+        FollowAtEnd(const FollowAtEnd&) = delete;
+        FollowAtEnd& operator=(const FollowAtEnd&) = delete;
+
+    private:
+        MaterialEditor& m_editor;
+    };
+
     class Batch {
     public:
         explicit Batch(int& depth) : m_depth(depth) { ++m_depth; }

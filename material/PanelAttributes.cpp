@@ -144,6 +144,8 @@ void PanelAttributes::ShowRecord(const CorvexDB::udtMaterial& record)
 {
     const std::string overlay = TextOfWholeNumber(RoundHalfEven(record.OverlayTranslucency));
     CheckRecord(record);
+    // First of all, because it asks the plug-in, which may refuse.
+    m_panel.Plugins().Restore(record.Plugin, record.PluginParameters);
     TexturePage& textures = m_panel.Channels().Textures();
     m_panel.Surface().Color().Show(record.Color);
     Show(Attribute::Ambient, TextOfWholeNumber(record.Ambient));
@@ -167,7 +169,6 @@ void PanelAttributes::ShowRecord(const CorvexDB::udtMaterial& record)
     textures.SetPlacement(record.Placement);
     m_rayTrace = record.RayTrace;
     m_panel.CustomFields().ShowTexts(record.CustomFields);
-    m_panel.Plugins().Restore(record.Plugin, record.PluginParameters);
 }
 
 }  // namespace CorvexMaterial

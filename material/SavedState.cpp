@@ -80,20 +80,28 @@ void SavedState::Remember(AttributeTarget& source)
 
 void SavedState::ResetToUser(AttributeTarget& target)
 {
+    // Everything is read before anything is shown, but for the plug-in, which alone tells what
+    // parameters there are to read.
     std::vector<ShownText> texts;
+    std::vector<std::string> pluginParameters;
+    CustomFieldValues customFields;
     for (const Attribute attribute : SavedStateOrders::kUserResetOrder) {
         if (attribute == Attribute::PluginParameters) {
-            // Which parameters there are is known when the plug-in is shown.
-            ShowAll(texts, target);
-            target.ShowPluginParameters(UserPluginParameters(target));
+            pluginParameters = UserPluginParameters(target);
         } else if (attribute == Attribute::CustomFields) {
-            target.ShowCustomFields(ReadCustomFields());
+            customFields = ReadCustomFields();
         } else {
             texts.push_back({attribute, ReadCanonical(attribute, RowOf(attribute).userKey,
                                                       UserResetDefault(attribute))});
+            if (attribute == Attribute::Plugin) {
+                target.Show(attribute, texts.back().text);
+                texts.pop_back();
+            }
         }
     }
     ShowAll(texts, target);
+    target.ShowPluginParameters(pluginParameters);
+    target.ShowCustomFields(customFields);
 }
 
 void SavedState::ResetToFactory(AttributeTarget& target)

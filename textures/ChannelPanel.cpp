@@ -155,6 +155,11 @@ void ChannelPanel::ChooseTexture(const std::string& file)
     m_commands->Assign(LayerOfTab(CurrentTab()), file);
 }
 
+void ChannelPanel::RebuildThumbnails()
+{
+    m_textures->RebuildThumbnails();
+}
+
 void ChannelPanel::RefreshThumbnail()
 {
     m_textures->RefreshThumbnail();

@@ -44,6 +44,8 @@ public:
     void ChooseTexture(const std::string& file);
     /// Looks again at the file of the thumbnail on show; it may have changed on disk.
     void RefreshThumbnail();
+    /// Reads every thumbnail anew.
+    void RebuildThumbnails();
     /// A predefined raytrace material fixes the textures: tabs, thumbnails, select and delete.
     void SetChannelsEnabled(bool enabled);
 

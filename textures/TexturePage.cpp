@@ -256,6 +256,14 @@ void TexturePage::ShowFileName()
     }
 }
 
+void TexturePage::RebuildThumbnails()
+{
+    m_cache->Clear();
+    for (TextureThumbnail* thumbnail : m_thumbnails) {
+        thumbnail->Refresh();
+    }
+}
+
 void TexturePage::RefreshThumbnail()
 {
     if (m_shown) {

@@ -62,6 +62,8 @@ public:
     void ShowThumbnail(std::optional<TextureLayer> layer);
     /// Looks again at the file of the thumbnail on show.
     void RefreshThumbnail();
+    /// Reads every thumbnail anew.
+    void RebuildThumbnails();
     /// The thumbnails and the buttons that choose and delete.
     void SetLayersEnabled(bool enabled);
 
@@ -78,7 +80,6 @@ Q_SIGNALS:
 
 private:
     void AddThumbnails();
-    void FillLists();
     void AddWraps();
     void ConnectFields();
     void ConnectButtons();

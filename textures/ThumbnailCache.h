@@ -19,6 +19,7 @@ public:
     ThumbnailCache();
 
     [[nodiscard]] Thumbnail Get(const QString& file);
+    void Clear() { m_entries.clear(); }
 
 private:
     struct Entry {

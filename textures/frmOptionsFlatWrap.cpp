@@ -44,6 +44,7 @@ void frmOptionsFlatWrap::ShowDefaults()
 {
     ShowOption(CorvexDB::FlatWrapType::TileByUnit);
     m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
+    m_ui->lblMessage->hide();
 }
 
 CorvexDB::FlatWrapType frmOptionsFlatWrap::FlatWrap() const

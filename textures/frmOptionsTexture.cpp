@@ -92,6 +92,7 @@ void frmOptionsTexture::ShowTexts(const CropTexts& texts)
             m_fields[i]->setText(text);
         }
     }
+    m_ui->lblMessage->hide();
     ShowRect();
 }
 
