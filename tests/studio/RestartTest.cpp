@@ -126,7 +126,8 @@ TEST(SettingsFile, GarbageIsKeptAsideAndToldOnce)
     ASSERT_TRUE(QDir().mkpath(QFileInfo(rig.SettingsFile()).path()));
     QFile file(rig.SettingsFile());
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray("\x00\xff[[[=\nno settings at all\n]=;%%%\\x", 36));
+    constexpr char kGarbage[] = "\x00\xff[[[=\nno settings at all\n]=;%%%\\x";
+    file.write(kGarbage, sizeof kGarbage - 1);
     file.close();
 
     rig.Start();
