@@ -13,8 +13,10 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
 find_program(CORVEX_CCACHE ccache)
 if(CORVEX_CCACHE)
-    set(CMAKE_CXX_COMPILER_LAUNCHER
-        ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CORVEX_CCACHE})
+    # Relative paths, so that one clone's build warms another's.
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+        CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+        CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CORVEX_CCACHE})
 endif()
 
 add_library(corvex_warnings INTERFACE)
