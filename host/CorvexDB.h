@@ -65,7 +65,11 @@ struct LibraryContent {
 class MaterialLibrary {
 public:
     virtual ~MaterialLibrary() = default;
-    /// Opens the file; creates it if the host allows. Errors: FileFailed.
+    /// Makes an empty library; the control asks for it when the user typed the name of a file that
+    /// is not there. A host that makes none does nothing, and the user is told that there is no
+    /// such file. Errors: FileFailed.
+    virtual void CreateLibrary(const std::string& /*path*/) {}
+    /// Opens an existing file. Errors: FileFailed.
     virtual LibraryContent Open(const std::string& path) = 0;
     virtual udtMaterial MaterialAt(std::int32_t index) = 0;
     virtual void AddMaterialToLibrary(const udtMaterial& material) = 0;
@@ -83,6 +87,8 @@ public:
 class TextureLibrary {
 public:
     virtual ~TextureLibrary() = default;
+    /// The same as that of the material library.
+    virtual void CreateLibrary(const std::string& /*path*/) {}
     virtual LibraryContent Open(const std::string& path) = 0;
     virtual TextureCollection& Textures() = 0;
     /// File of the texture at a browser index.

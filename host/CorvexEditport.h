@@ -10,6 +10,16 @@ class QWidget;
 
 namespace CorvexEditport {
 
+/// How far a browser can be scrolled, in pixels of its own.
+struct ScrollRange {
+    std::int32_t position = 0;
+    std::int32_t maximum = 0;  ///< last position; 0 when everything can be seen
+    std::int32_t page = 1;     ///< height of what can be seen
+    std::int32_t step = 1;     ///< height of a row
+
+    bool operator==(const ScrollRange&) const = default;
+};
+
 enum class BrowserKind : std::int32_t { Materials, Textures };
 
 /// Told by a browser, on the user-interface thread.
@@ -19,6 +29,9 @@ public:
     /// Index in file order.
     virtual void ItemSelected(std::int32_t index) = 0;
     virtual void ItemOpened(std::int32_t index) = 0;
+    /// The position or what there is to scroll has changed; only from a browser that is scrolled
+    /// from outside.
+    virtual void Scrolled(const ScrollRange& /*range*/) {}
 };
 
 class Editport {
@@ -35,6 +48,11 @@ public:
     virtual void Redraw() = 0;
     virtual void SetBackColor(CorvexMaterial::Colour colour) = 0;
     virtual void SetListener(EditportListener* listener) = 0;
+    /// From now on the browser shows no scroll bar of its own: it tells its listener what there is
+    /// to scroll and is scrolled by `ScrollTo`. A browser that scrolls in its own way ignores both.
+    virtual void ScrollFromOutside() {}
+    /// A position outside the range goes to its nearer end.
+    virtual void ScrollTo(std::int32_t /*position*/) {}
 };
 
 class EditportFactory {
