@@ -3,6 +3,7 @@
 // The host's data model: application state, diagnostics, libraries, plug-ins, raytrace services.
 // Every operation may throw; the control reports the failure and stays usable.
 
+#include "host/CommandLine.h"
 #include "host/MaterialRecord.h"
 #include "host/PluginParameter.h"
 
@@ -129,8 +130,9 @@ public:
     virtual ~RaytraceServices() = default;
     /// The attribute text for a raytracer scene; handed on unchanged.
     virtual std::string CombinedAttributes(const cdtRayTraceMaterialAttributes& attributes) = 0;
-    /// Starts the command line, waits for its end, returns its exit code.
-    virtual std::int32_t StartAndWait(const std::string& commandLine) = 0;
+    /// Starts the program, waits for its end, returns its exit code. Errors: FileFailed when it
+    /// cannot be started, Failed when it crashed.
+    virtual std::int32_t StartAndWait(const CommandLine& commandLine) = 0;
     /// The job ended before its renderer was started.
     virtual void RaytraceAbandoned() = 0;
     /// Quality 1 to 100. Errors: FileFailed.

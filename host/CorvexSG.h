@@ -84,11 +84,23 @@ public:
     virtual std::shared_ptr<Shape> CreateShape() = 0;
 };
 
+enum class RaytraceView : std::int32_t {
+    /// The scene as its viewport shows it: camera, lights, background.
+    Scene = 0,
+    /// The material of the scene's shape alone, on the unit square of its texture coordinates,
+    /// which fills the picture whatever its aspect, evenly lit: what a texture is made of. The
+    /// shape's own textures are left out.
+    FlatSample = 1,
+};
+
+/// The renderer writes its image beside the scene file, under the same name with the last three
+/// letters replaced by "bmp". For POV-Ray its settings say so; a RIB names its image itself.
 struct RaytraceExport {
     std::string path;  ///< ends in ".pov" or ".rib"
     Scene& scene;
     float aspectRatio;  ///< width / height
     float constant;     ///< 0.1
+    RaytraceView view = RaytraceView::Scene;
 };
 
 class SceneExporter {

@@ -12,6 +12,10 @@ public:
     /// Creates `~CVX<n>.<extension>` in the folder, n never used by another process at the same
     /// time, and returns its path. Errors: FileFailed, naming the folder.
     virtual std::string Claim(const std::string& extension) = 0;
+    /// Makes this the file's whole content. Errors: FileFailed, naming the file.
+    virtual void Write(const std::string& path, const std::string& text) = 0;
+    /// Whether a program has put something into the file: it is there and not empty.
+    virtual bool HasContent(const std::string& path) = 0;
     /// A missing file is no error.
     virtual void Remove(const std::string& path) = 0;
 };

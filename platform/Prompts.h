@@ -14,6 +14,8 @@ struct Message {
     PromptIcon icon = PromptIcon::Information;
     std::string title;
     std::string text;
+    /// Shown on demand, for who wants to know more; empty = nothing.
+    std::string details = {};
 };
 
 /// Modal message boxes; each returns when the user has closed it.
@@ -31,6 +33,8 @@ struct FileRequest {
     std::vector<std::string> extensions;  ///< lower case, no dot; empty = any file
     std::string startFolder;              ///< empty = the desktop's choice
     bool mayBeNew = false;                ///< a name that does not exist yet is accepted
+    /// A program is chosen. Programs have no extension here: every file is offered.
+    bool isProgram = false;
 };
 
 /// Modal choosers; nothing when the user cancelled.

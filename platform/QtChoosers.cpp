@@ -17,7 +17,8 @@ QString FilterOf(const FileRequest& request)
     for (const std::string& extension : request.extensions) {
         patterns << "*." + QString::fromStdString(extension);
     }
-    if (patterns.isEmpty()) {
+    if (patterns.isEmpty() || request.isProgram) {
+        patterns.clear();
         patterns << "*";
     }
     return QString::fromStdString(request.description) + " (" + patterns.join(' ') + ')';

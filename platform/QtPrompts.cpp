@@ -31,6 +31,9 @@ int Run(const DialogParent& parent, const Message& message, QMessageBox::Standar
     box->setTextFormat(Qt::PlainText);
     box->setText(QString::fromStdString(message.text));
     box->setStandardButtons(buttons);
+    if (!message.details.empty()) {
+        box->setDetailedText(QString::fromStdString(message.details));
+    }
     const int answer = box->exec();
     delete box;
     return answer;

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
 
 #include <cerrno>
 #include <cstring>
@@ -72,6 +74,27 @@ std::string QtTemporaryFiles::Claim(const std::string& extension)
             return path;
         }
     }
+}
+
+void QtTemporaryFiles::Write(const std::string& path, const std::string& text)
+{
+    // Replaced as a whole, so that a link planted under the name in a shared folder is not followed.
+    QSaveFile file(QString::fromStdString(path));
+    file.setDirectWriteFallback(false);
+    const QByteArray bytes = QByteArray::fromStdString(text);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        throw Error(Status::FileFailed,
+                    QCoreApplication::translate("TemporaryFiles",
+                                                "The temporary file %1 cannot be written: %2")
+                        .arg(QString::fromStdString(path), file.errorString())
+                        .toStdString());
+    }
+}
+
+bool QtTemporaryFiles::HasContent(const std::string& path)
+{
+    const QFileInfo file(QString::fromStdString(path));
+    return file.isFile() && file.size() > 0;
 }
 
 void QtTemporaryFiles::Remove(const std::string& path)

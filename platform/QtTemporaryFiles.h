@@ -12,6 +12,8 @@ class QtTemporaryFiles final : public TemporaryFiles {
 public:
     std::string Folder() override;
     std::string Claim(const std::string& extension) override;
+    void Write(const std::string& path, const std::string& text) override;
+    bool HasContent(const std::string& path) override;
     /// Errors: FileFailed when the file is there and cannot be removed.
     void Remove(const std::string& path) override;
 

@@ -117,7 +117,7 @@ std::string NoRaytracer::CombinedAttributes(const CorvexDB::cdtRayTraceMaterialA
     return {};
 }
 
-std::int32_t NoRaytracer::StartAndWait(const std::string&)
+std::int32_t NoRaytracer::StartAndWait(const CorvexDB::CommandLine&)
 {
     throw Error(Status::NotAvailable, "This host starts no raytracer.");
 }

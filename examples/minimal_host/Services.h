@@ -82,7 +82,7 @@ public:
 class NoRaytracer final : public CorvexDB::RaytraceServices, public CorvexSG::SceneExporter {
 public:
     std::string CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes&) override;
-    std::int32_t StartAndWait(const std::string& commandLine) override;
+    std::int32_t StartAndWait(const CorvexDB::CommandLine& commandLine) override;
     void RaytraceAbandoned() override {}
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                     std::int32_t quality) override;

@@ -81,7 +81,7 @@ std::string StudioRaytrace::CombinedAttributes(const Attributes& attributes)
     return text;
 }
 
-std::int32_t StudioRaytrace::StartAndWait(const std::string& /*commandLine*/)
+std::int32_t StudioRaytrace::StartAndWait(const CorvexDB::CommandLine& /*commandLine*/)
 {
     NotOffered("raytraced pictures");
 }

@@ -14,7 +14,7 @@ public:
     /// is four of them separated by ",".
     std::string
     CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes) override;
-    std::int32_t StartAndWait(const std::string& commandLine) override;
+    std::int32_t StartAndWait(const CorvexDB::CommandLine& commandLine) override;
     void RaytraceAbandoned() override {}
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                     std::int32_t quality) override;

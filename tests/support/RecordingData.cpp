@@ -168,9 +168,9 @@ RecordingRaytrace::CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttribu
     return "combined, brilliance " + std::to_string(attributes.Brilliance);
 }
 
-std::int32_t RecordingRaytrace::StartAndWait(const std::string& commandLine)
+std::int32_t RecordingRaytrace::StartAndWait(const CorvexDB::CommandLine& commandLine)
 {
-    m_log.Enter("RaytraceServices.StartAndWait", commandLine);
+    m_log.Enter("RaytraceServices.StartAndWait", commandLine.text);
     return 0;
 }
 

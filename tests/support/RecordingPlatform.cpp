@@ -115,12 +115,27 @@ std::string RecordingTemporaryFiles::Folder()
 std::string RecordingTemporaryFiles::Claim(const std::string& extension)
 {
     m_log.Enter("TemporaryFiles.Claim", extension);
-    return "/temporary/~CVX" + std::to_string(m_next++) + "." + extension;
+    present.push_back("/temporary/~CVX" + std::to_string(m_next++) + "." + extension);
+    return present.back();
+}
+
+void RecordingTemporaryFiles::Write(const std::string& path, const std::string& text)
+{
+    m_log.Enter("TemporaryFiles.Write", path);
+    written[path] = text;
+    present.push_back(path);
+}
+
+bool RecordingTemporaryFiles::HasContent(const std::string& path)
+{
+    m_log.Enter("TemporaryFiles.HasContent", path);
+    return imagesAreMade;
 }
 
 void RecordingTemporaryFiles::Remove(const std::string& path)
 {
     m_log.Enter("TemporaryFiles.Remove", path);
+    std::erase(present, path);
 }
 
 std::string RecordingLibrary::Folder()

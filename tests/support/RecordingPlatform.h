@@ -84,7 +84,13 @@ public:
 
     std::string Folder() override;
     std::string Claim(const std::string& extension) override;
+    void Write(const std::string& path, const std::string& text) override;
+    bool HasContent(const std::string& path) override;
     void Remove(const std::string& path) override;
+
+    std::map<std::string, std::string> written;
+    std::vector<std::string> present;  ///< claimed or written, and not removed since
+    bool imagesAreMade = true;         ///< whatever is asked for has content
 
 private:
     CallLog& m_log;
