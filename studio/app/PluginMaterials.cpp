@@ -1,5 +1,6 @@
 #include "studio/app/PluginMaterials.h"
 
+#include "host/Status.h"
 #include "studio/images/TextureCache.h"
 
 namespace studio {
@@ -45,6 +46,20 @@ void PluginMaterials::Complete(Frame& frame)
     for (FrameItem& item : frame.items) {
         if (item.material != nullptr && !item.material->Plugin.empty()) {
             Put(item, m_textures.Find(item.material->Plugin, item.material->PluginParameters));
+        }
+    }
+}
+
+void PluginMaterials::CompleteNow(Frame& frame)
+{
+    for (FrameItem& item : frame.items) {
+        if (item.material == nullptr || item.material->Plugin.empty()) {
+            continue;
+        }
+        try {
+            Put(item, m_textures.Produce(item.material->Plugin, item.material->PluginParameters));
+        } catch (const CorvexMaterial::Error&) {
+            continue;
         }
     }
 }

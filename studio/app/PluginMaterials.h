@@ -21,6 +21,10 @@ public:
     /// a better one.
     void Complete(Frame& frame);
 
+    /// The same, but waits for the textures at full size: for pictures that are drawn once. What a
+    /// plug-in refuses to draw is left out.
+    void CompleteNow(Frame& frame);
+
 private:
     struct Layers {
         TexturePointer color;

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "studio/libraries/SearchProperties.h"
+
+#include <cstdint>
+#include <string>
+
+namespace studio {
+
+/// Stays with an entry for good, through the trash and back. Never used again. Grows in file order.
+using EntryId = std::int64_t;
+
+/// Something to be added.
+struct NewEntry {
+    std::string name;
+    std::string json;  ///< one object, see MaterialText.h and TextureText.h
+    std::string png;   ///< the thumbnail; empty = none
+    SearchValues search;
+};
+
+struct TrashedEntry {
+    EntryId id = 0;
+    std::string name;
+};
+
+}  // namespace studio

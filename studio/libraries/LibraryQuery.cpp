@@ -1,0 +1,304 @@
+#include "studio/libraries/LibraryQuery.h"
+
+#include "material/NamedColours.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace studio {
+namespace {
+
+// Seen side by side, one would still call them by the same name.
+constexpr double kNearColours = 30.0;
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+/// One word of the query: `-key>value`. Quotes are gone.
+struct QueryWord {
+    bool isNegated = false;
+    std::string key;           ///< without case; empty for a part of a name
+    std::string operatorText;  ///< empty for a part of a name
+    std::string value;
+};
+
+/// Wrong texts leave the parser as an exception of this type; it does not leave this file.
+struct QueryProblem {
+    std::string text;
+};
+
+[[noreturn]] void Refuse(std::string text)
+{
+    throw QueryProblem{std::move(text)};
+}
+
+/// Cuts words off the text.
+class QueryWords {
+public:
+    explicit QueryWords(std::string_view text) : m_rest(text) { SkipBlanks(); }
+
+    [[nodiscard]] bool AtEnd() const { return m_rest.empty(); }
+
+    QueryWord Next()
+    {
+        QueryWord word;
+        word.isNegated = m_rest.size() > 1 && m_rest[0] == '-' && !IsBlank(m_rest[1]);
+        if (word.isNegated) {
+            m_rest.remove_prefix(1);
+        }
+        word.value = Piece(m_rest.front() == '"' ? "" : ":<>=!~");
+        if (!m_rest.empty() && !IsBlank(m_rest.front()) && !word.value.empty()) {
+            word.key = Folded(word.value);
+            word.operatorText = Operator();
+            word.value = Piece("");
+        }
+        SkipBlanks();
+        return word;
+    }
+
+private:
+    static bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
+
+    void SkipBlanks()
+    {
+        m_rest.remove_prefix(std::min(m_rest.find_first_not_of(kBlanks), m_rest.size()));
+    }
+
+    // Up to a blank or one of the ends; quotes hide both.
+    std::string Piece(std::string_view ends)
+    {
+        std::string piece;
+        bool isQuoted = false;
+        while (!m_rest.empty()) {
+            const char c = m_rest.front();
+            const bool isEnd = IsBlank(c) || ends.find(c) != std::string_view::npos;
+            if (!isQuoted && isEnd) {
+                break;
+            }
+            m_rest.remove_prefix(1);
+            if (c == '"') {
+                isQuoted = !isQuoted;
+            } else {
+                piece += c;
+            }
+        }
+        return piece;
+    }
+
+    std::string Operator()
+    {
+        constexpr std::array<std::string_view, 9> kOperators{"<=", ">=", "!=", "<", ">",
+                                                             "=",  ":",  "~",  "!"};
+        const auto found = std::ranges::find_if(
+            kOperators, [&](std::string_view text) { return m_rest.starts_with(text); });
+        m_rest.remove_prefix(found->size());
+        return std::string(*found);
+    }
+
+    std::string_view m_rest;
+};
+
+double NumberIn(const QueryWord& word)
+{
+    double number = 0.0;
+    const char* end = word.value.data() + word.value.size();
+    const auto read = std::from_chars(word.value.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) {
+        Refuse(word.key + " needs a number, as in " + word.key + ">30.");
+    }
+    return number;
+}
+
+Comparison ComparisonIn(const QueryWord& word)
+{
+    struct Row {
+        std::string_view text;
+        Comparison comparison;
+    };
+    constexpr std::array kRows{
+        Row{"<", Comparison::Less},           Row{"<=", Comparison::LessOrEqual},
+        Row{"=", Comparison::Equal},          Row{":", Comparison::Equal},
+        Row{"!=", Comparison::NotEqual},      Row{">", Comparison::Greater},
+        Row{">=", Comparison::GreaterOrEqual}};
+    const auto row = std::ranges::find(kRows, word.operatorText, &Row::text);
+    if (row == kRows.end()) {
+        Refuse(word.key + " can be compared with <, <=, =, !=, >= and > only.");
+    }
+    return row->comparison;
+}
+
+void NeedOperator(const QueryWord& word, std::string_view allowed, const std::string& example)
+{
+    if (word.operatorText.size() != 1 || allowed.find(word.operatorText[0]) == std::string::npos) {
+        Refuse("Write it like " + example + '.');
+    }
+    if (word.value.empty()) {
+        Refuse(word.key + word.operatorText + " needs a value, as in " + example + '.');
+    }
+}
+
+template <NumberProperty Property>
+QueryTest NumberOf(const QueryWord& word)
+{
+    return NumberTest{Property, ComparisonIn(word), NumberIn(word)};
+}
+
+std::optional<CorvexMaterial::Colour> HexColour(std::string_view text)
+{
+    std::uint32_t rgb = 0;
+    const char* end = text.data() + text.size();
+    if (text.size() != 7 || text[0] != '#' ||
+        std::from_chars(text.data() + 1, end, rgb, 16).ptr != end) {
+        return std::nullopt;
+    }
+    const int bits = static_cast<int>(rgb);
+    return CorvexMaterial::MakeColour({bits >> 16, bits >> 8, bits});
+}
+
+CorvexMaterial::Colour ColourIn(const QueryWord& word)
+{
+    if (const auto hex = HexColour(word.value)) {
+        return *hex;
+    }
+    const std::string name = Folded(word.value);
+    const auto& names = CorvexMaterial::kNamedColours;
+    const auto row =
+        std::ranges::find_if(names, [&](const auto& named) { return Folded(named.name) == name; });
+    if (row == names.end()) {
+        Refuse('"' + word.value + "\" is no colour; use a name of the colour list or #rrggbb.");
+    }
+    return row->colour;
+}
+
+QueryTest ColourOf(const QueryWord& word)
+{
+    NeedOperator(word, "~:=", word.key + "~gold");
+    return ColourTest{ColourIn(word), word.operatorText == "=" ? 0.0 : kNearColours};
+}
+
+QueryTest NameOf(const QueryWord& word)
+{
+    NeedOperator(word, ":~=", "name:oak");
+    return NameTest{Folded(word.value)};
+}
+
+QueryTest PluginOf(const QueryWord& word)
+{
+    NeedOperator(word, ":~=", "plugin:brick");
+    return TextTest{TextProperty::Plugin, Folded(word.value)};
+}
+
+QueryTest FileOf(const QueryWord& word)
+{
+    NeedOperator(word, ":~=", "file:oak.png");
+    return TextTest{TextProperty::Files, Folded(word.value)};
+}
+
+QueryTest FieldOf(const QueryWord& word)
+{
+    NeedOperator(word, ":", "field:Supplier=Acme");
+    const std::size_t equals = word.value.find('=');
+    const std::string name = word.value.substr(0, equals);
+    if (equals != std::string::npos) {
+        return TextTest{TextProperty::Fields, FieldLine(name, word.value.substr(equals + 1))};
+    }
+    return TextTest{TextProperty::Fields, '\n' + Folded(name) + '='};
+}
+
+QueryTest HasOf(const QueryWord& word)
+{
+    NeedOperator(word, ":", "has:bump");
+    const std::string what = Folded(word.value);
+    const auto layer = std::ranges::find(kSearchLayers, what);
+    if (layer != kSearchLayers.end()) {
+        return MaskTest{NumberProperty::Layers, std::int64_t{1} << (layer - kSearchLayers.begin())};
+    }
+    if (what == "plugin") {
+        return PresenceTest{TextProperty::Plugin};
+    }
+    if (what == "field") {
+        return PresenceTest{TextProperty::Fields};
+    }
+    if (what == "thumbnail") {
+        return ThumbnailTest{};
+    }
+    Refuse("has: knows texture, overlay, alpha, bump, specular, environment, plugin, field and "
+           "thumbnail.");
+}
+
+QueryTest IsOf(const QueryWord& word)
+{
+    NeedOperator(word, ":", "is:doublesided");
+    const std::string what = Folded(word.value);
+    if (what == "doublesided") {
+        return MaskTest{NumberProperty::DoubleSided, 1};
+    }
+    if (what == "raytraced") {
+        return MaskTest{NumberProperty::Raytraced, 1};
+    }
+    Refuse("is: knows doublesided and raytraced.");
+}
+
+struct KeyRow {
+    std::string_view key;
+    QueryTest (*read)(const QueryWord&);
+};
+
+constexpr std::array kKeys{
+    KeyRow{"name", NameOf},
+    KeyRow{"color", ColourOf},
+    KeyRow{"colour", ColourOf},
+    KeyRow{"ambient", NumberOf<NumberProperty::Ambient>},
+    KeyRow{"emissive", NumberOf<NumberProperty::Emissive>},
+    KeyRow{"specular", NumberOf<NumberProperty::Specular>},
+    KeyRow{"transparency", NumberOf<NumberProperty::Transparency>},
+    KeyRow{"alphatest", NumberOf<NumberProperty::AlphaTest>},
+    KeyRow{"width", NumberOf<NumberProperty::Width>},
+    KeyRow{"height", NumberOf<NumberProperty::Height>},
+    KeyRow{"has", HasOf},
+    KeyRow{"is", IsOf},
+    KeyRow{"plugin", PluginOf},
+    KeyRow{"file", FileOf},
+    KeyRow{"field", FieldOf},
+};
+
+std::string KnownKeys()
+{
+    std::string keys;
+    for (const KeyRow& row : kKeys) {
+        keys += (keys.empty() ? "" : ", ") + std::string(row.key);
+    }
+    return keys;
+}
+
+QueryTest TestOf(const QueryWord& word)
+{
+    if (word.key.empty()) {
+        return NameTest{Folded(word.value)};
+    }
+    const auto row = std::ranges::find(kKeys, word.key, &KeyRow::key);
+    if (row == kKeys.end()) {
+        Refuse('"' + word.key + "\" cannot be searched for; known are " + KnownKeys() +
+               ". Put a name with signs in quotes.");
+    }
+    return row->read(word);
+}
+
+}  // namespace
+
+QueryReading ReadLibraryQuery(std::string_view text)
+{
+    LibraryQuery query;
+    QueryWords words(text);
+    try {
+        while (!words.AtEnd()) {
+            const QueryWord word = words.Next();
+            query.terms.push_back({TestOf(word), word.isNegated});
+        }
+    } catch (const QueryProblem& problem) {
+        return problem.text;
+    }
+    return query;
+}
+
+}  // namespace studio

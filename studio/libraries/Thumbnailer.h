@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/MaterialRecord.h"
+
+#include <QImage>
+
+#include <memory>
+#include <string>
+
+namespace studio {
+
+class PluginTextures;
+class RenderService;
+struct Mesh;
+
+/// Pixels of a side of a stored thumbnail.
+inline constexpr int kThumbnailSide = 128;
+
+/// Draws what a library browser shows. User-interface thread only.
+class Thumbnailer {
+public:
+    /// Both outlive this object. Without plug-ins, materials that need one are drawn without it.
+    explicit Thumbnailer(RenderService& rendering, PluginTextures* plugins = nullptr);
+
+    /// The material on a sphere, 128 by 128, read to the end of all textures. Errors: those of
+    /// drawing; texture files that cannot be read are drawn as the usual placeholder.
+    [[nodiscard]] QImage OfMaterial(const CorvexDB::udtMaterial& material) const;
+
+    /// The image in 128 by 128 pixels at most, and its own size. A null image when the file cannot
+    /// be read.
+    struct TexturePicture {
+        QImage thumbnail;
+        QSize size;
+    };
+    [[nodiscard]] static TexturePicture OfTexture(const std::string& file);
+
+    [[nodiscard]] static std::string Png(const QImage& image);  ///< empty for a null image
+
+private:
+    RenderService& m_rendering;
+    PluginTextures* m_plugins;
+    std::shared_ptr<const Mesh> m_sphere;
+};
+
+}  // namespace studio
