@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+
+namespace launcher {
+
+/// Starts the program on a settings file in the current folder, named without its path, and waits
+/// for it. It inherits the standard streams, so that its progress is seen as it comes. A request to
+/// end (SIGTERM, SIGINT, SIGHUP), or the end of whoever started us, ends it first.
+/// Returns its exit code, or 128 and the signal's number. Errors: std::system_error when it cannot
+/// be started.
+[[nodiscard]] int RunRaytracer(const std::string& program, const std::string& settingsName);
+
+/// From now on the signals above are kept for `RunRaytracer`, even those that come before it. Call
+/// it first of all.
+void KeepSignals();
+
+}  // namespace launcher
