@@ -5,6 +5,7 @@ namespace studio {
 // Keys of the studio's own settings.
 inline constexpr const char* kAntialiasSetting = "Antialias";
 inline constexpr const char* kRaytracerSetting = "Raytracer";
+inline constexpr const char* kPovRayProgramSetting = "PovRayProgram";
 inline constexpr const char* kSearchFoldersSetting = "SearchFolders";
 inline constexpr const char* kCustomFieldsSetting = "CustomFieldNames";
 inline constexpr const char* kSupportSiteSetting = "SupportSite";

@@ -2,11 +2,11 @@
 
 #include "host/Status.h"
 #include "studio/app/SettingNames.h"
+#include "studio/raytrace/RaytracerPrograms.h"
 
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 #include <QUrl>
 
 namespace studio {
@@ -49,7 +49,12 @@ CorvexDB::Raytracer StudioApplicationState::SelectedRaytracer()
 
 std::string StudioApplicationState::PovRayProgram()
 {
-    return QStandardPaths::findExecutable(QStringLiteral("povray")).toStdString();
+    const QString program = FindPovRay(m_settings.Text(kPovRayProgramSetting));
+    if (program.isEmpty()) {
+        return {};
+    }
+    UsePovRay(program);
+    return FindPovRayLauncher().toStdString();
 }
 
 std::int32_t StudioApplicationState::AntialiasChoice()

@@ -5,10 +5,12 @@
 #include "studio/app/PluginMaterials.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioLibraries.h"
-#include "studio/app/StudioRaytrace.h"
 #include "studio/app/StudioTables.h"
+#include "studio/images/TextureCache.h"
 #include "studio/plugins/PluginFolder.h"
 #include "studio/plugins/PluginTextures.h"
+#include "studio/raytrace/StudioRaytraceServices.h"
+#include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/render/RenderService.h"
 #include "studio/scene/HostEditport.h"
 #include "studio/scene/HostViewport.h"
@@ -52,8 +54,12 @@ struct StudioHost::Parts {
     PluginTextures pluginTextures{plugins};
     PluginMaterials pluginMaterials{pluginTextures};
     StudioCustomFields customFields;
-    StudioRaytrace raytrace;
-    StudioSceneExporter exporter;
+    StudioRaytraceServices raytrace;
+    RaytraceSources raytraceSources{
+        [this](const std::string& file) { return rendering.Textures().Await(file); },
+        [this](Frame& frame) { pluginMaterials.Complete(frame); },
+        [this] { return customFields.GetCustomMaterialFieldNames(); }};
+    StudioSceneExporter exporter{raytraceSources};
     HostViewportFactory viewports;
     HostEditportFactory browsers;
     NumberField numbers;
@@ -102,6 +108,16 @@ PluginFolder& StudioHost::Plugins()
 PluginTextures& StudioHost::PluginPictures()
 {
     return m_parts->pluginTextures;
+}
+
+StudioRaytraceServices& StudioHost::Raytracing()
+{
+    return m_parts->raytrace;
+}
+
+const RaytraceSources& StudioHost::RaytraceData()
+{
+    return m_parts->raytraceSources;
 }
 
 StudioSceneGraph& StudioHost::SceneGraph()

@@ -13,8 +13,10 @@ class PluginFolder;
 class PluginTextures;
 class RenderService;
 class StudioApplicationState;
+class StudioRaytraceServices;
 class StudioSceneGraph;
 class StudioSettings;
+struct RaytraceSources;
 
 /// Everything that the control asks of its host, each part in a class of its own. Created after the
 /// application object, destroyed before it and after the control.
@@ -34,6 +36,8 @@ public:
     [[nodiscard]] RenderService& Rendering();
     [[nodiscard]] PluginFolder& Plugins();
     [[nodiscard]] PluginTextures& PluginPictures();
+    [[nodiscard]] StudioRaytraceServices& Raytracing();
+    [[nodiscard]] const RaytraceSources& RaytraceData();
     [[nodiscard]] StudioSceneGraph& SceneGraph();
 
 private:

@@ -56,6 +56,13 @@ inline constexpr float kShadowFill = 0.42F;
 inline constexpr float kSpecularCost = 0.3F;
 inline constexpr float kShine = 0.9F;
 inline constexpr float kShininess = 60.0F;
+/// Height of white over black, as a part of the length that one image has on the surface.
+inline constexpr float kBumpHeight = 0.03F;
+/// What an environment-mapped surface mirrors that is looked at straight on.
+inline constexpr float kReflectionAtFront = 0.3F;
+inline constexpr float kReflectionFalloff = 5.0F;
+/// Data images count by the luminance of what they store.
+inline constexpr std::array<float, 3> kLuminance{0.2126F, 0.7152F, 0.0722F};
 
 struct SurfaceTerms {
     LinearColour base;

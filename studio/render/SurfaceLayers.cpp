@@ -10,8 +10,9 @@ constexpr std::uint32_t Bit(Layer layer)
     return 1U << static_cast<std::size_t>(layer);
 }
 
-/// An image without transparent pixels has no alpha channel that could mean anything.
-PrimaryAlpha PrimaryAlphaOf(const CorvexDB::udtMaterial& material, const Texture& texture)
+}  // namespace
+
+PrimaryAlpha PrimaryAlphaUse(const CorvexDB::udtMaterial& material, const Texture& texture)
 {
     if (!texture.hasAlpha) {
         return PrimaryAlpha::Nothing;
@@ -30,15 +31,13 @@ PrimaryAlpha PrimaryAlphaOf(const CorvexDB::udtMaterial& material, const Texture
     }
 }
 
-const TexturePointer& GeneratedFor(const FrameItem& item, Layer layer)
+const TexturePointer& GeneratedTexture(const FrameItem& item, Layer layer)
 {
     static const TexturePointer kNone;
     return layer == Layer::Primary ? item.generatedColor
            : layer == Layer::Bump  ? item.generatedBump
                                    : kNone;
 }
-
-}  // namespace
 
 bool LayerSet::ChangesOpacity() const
 {
@@ -66,7 +65,7 @@ SurfaceLayers FrameTextures::LayersOf(const FrameItem& item, const CorvexDB::udt
     SurfaceLayers layers;
     for (std::size_t i = 0; i < kLayerCount; ++i) {
         const LayerRow& row = kLayerRows[i];
-        const TexturePointer& generated = GeneratedFor(item, static_cast<Layer>(i));
+        const TexturePointer& generated = GeneratedTexture(item, static_cast<Layer>(i));
         const TexturePointer& texture =
             generated ? generated : TextureOf(material.Textures.*row.file);
         if (texture == nullptr) {
@@ -75,7 +74,7 @@ SurfaceLayers FrameTextures::LayersOf(const FrameItem& item, const CorvexDB::udt
         layers.textures[i] = m_buffers.TextureOf(texture, row.use);
         layers.set.present |= 1U << i;
         if (static_cast<Layer>(i) == Layer::Primary) {
-            layers.set.primaryAlpha = PrimaryAlphaOf(material, *texture);
+            layers.set.primaryAlpha = PrimaryAlphaUse(material, *texture);
         }
     }
     return layers;

@@ -57,6 +57,12 @@ struct LayerSet {
     auto operator<=>(const LayerSet&) const = default;
 };
 
+/// An image without transparent pixels has no alpha channel that could mean anything.
+[[nodiscard]] PrimaryAlpha PrimaryAlphaUse(const CorvexDB::udtMaterial& material,
+                                           const Texture& texture);
+/// What was drawn instead of this layer's file; null for a layer that comes from its file.
+[[nodiscard]] const TexturePointer& GeneratedTexture(const FrameItem& item, Layer layer);
+
 /// The layers of one item on the graphics device; 0 for a layer that is not there.
 struct SurfaceLayers {
     LayerSet set;

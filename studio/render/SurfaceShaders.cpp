@@ -3,6 +3,8 @@
 #include "studio/render/DrawList.h"
 #include "studio/render/ShaderTexts.h"
 
+#include <QByteArray>
+
 namespace studio {
 namespace {
 
@@ -48,11 +50,26 @@ std::string DefinesOf(const SurfaceVariant& variant)
     return variant.layers.Empty() ? defines : defines + LayerDefinesOf(variant);
 }
 
+/// What the shader takes from the material model.
+std::string ConstantsText()
+{
+    const auto number = [](float value) {
+        return QByteArray::number(static_cast<double>(value), 'f', 6).toStdString();
+    };
+    const auto constant = [&](const char* name, float value) {
+        return std::string("const float ") + name + " = " + number(value) + ";\n";
+    };
+    return constant("bumpHeight", kBumpHeight) + constant("reflectionAtFront", kReflectionAtFront) +
+           constant("reflectionFalloff", kReflectionFalloff) +
+           "const vec3 luminanceWeights = vec3(" + number(kLuminance[0]) + ", " +
+           number(kLuminance[1]) + ", " + number(kLuminance[2]) + ");\n";
+}
+
 ShaderSources SourcesOf(const SurfaceVariant& variant)
 {
     const std::string head = kGlslVersion + DefinesOf(variant);
     return {head + std::string(shaders::kSurfaceVertex),
-            head + std::string(shaders::kSurfaceCoordinates) +
+            head + ConstantsText() + std::string(shaders::kSurfaceCoordinates) +
                 std::string(shaders::kSurfaceLayers) + std::string(shaders::kSurfaceFragment)};
 }
 

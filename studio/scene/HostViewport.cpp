@@ -96,6 +96,8 @@ CorvexViewport::PixelSize HostViewport::Size()
 void HostViewport::PrepareRaytracedPicture()
 {
     Prepare();
+    const Frame frame = m_widget->CurrentFrame();
+    m_scene.SetView({frame.camera, frame.background, frame.backdrop});
 }
 
 void HostViewport::ShowBitmap(const std::string& path)

@@ -6,6 +6,7 @@
 #include "studio/scene/StudioShape.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace studio {
@@ -14,6 +15,13 @@ class Selection;
 
 /// A node of the scene; the studio's scenes have one for their shapes and one for their camera.
 class StudioGroup : public CorvexSG::Group {};
+
+/// How a viewport looks at a scene.
+struct SceneView {
+    Camera camera;
+    CorvexMaterial::Colour background = Frame().background;
+    Backdrop backdrop = Backdrop::Gradient;
+};
 
 /// Shapes in drawing order.
 class StudioScene : public CorvexSG::Scene, public FrameSource {
@@ -35,6 +43,10 @@ public:
     /// The camera moved so that the shapes just fill the picture.
     [[nodiscard]] Camera FramedBy(const Camera& camera);
 
+    /// As a viewport last saw it; nothing as long as none has said so.
+    [[nodiscard]] const std::optional<SceneView>& View() const { return m_view; }
+    void SetView(const SceneView& view) { m_view = view; }
+
     /// Its shapes are drawn as selected. It outlives the scene or is replaced by null before.
     void MarkSelection(const Selection* selection) { m_selection = selection; }
 
@@ -42,6 +54,7 @@ private:
     StudioGroup m_root;
     StudioGroup m_camera;
     Shapes m_shapes;
+    std::optional<SceneView> m_view;
     const Selection* m_selection = nullptr;
 };
 

@@ -1,7 +1,7 @@
 #include "studio/app/EventLog.h"
 #include "studio/app/NumberField.h"
 #include "studio/app/StudioDesktop.h"
-#include "studio/app/StudioRaytrace.h"
+#include "studio/raytrace/AttributeText.h"
 #include "tests/support/RecordingPlatform.h"
 
 #include "host/Status.h"
@@ -47,7 +47,7 @@ TEST(RaytraceText, HoldsEveryNumberExactlyWhateverTheLocale)
     attributes.Brilliance = 0.1F;
     attributes.Metallic = true;
     attributes.ColorPatternColor[2] = {0.25F, 0.5F, 1.0F, 0.0F};
-    const std::string text = studio::StudioRaytrace().CombinedAttributes(attributes);
+    const std::string text = studio::AttributeText(attributes);
     QLocale::setDefault(own);
     EXPECT_EQ(text.rfind("Brilliance=0.1;Reflection=0;", 0), 0U);
     EXPECT_NE(text.find(";Metallic=1;"), std::string::npos);

@@ -13,7 +13,8 @@ bool IsPlain(const std::string& path)
         const bool letterOrDigit = (letter >= 'a' && letter <= 'z') ||
                                    (letter >= 'A' && letter <= 'Z') ||
                                    (letter >= '0' && letter <= '9');
-        return letterOrDigit || std::string_view(" /._-~+,@").find(letter) != std::string_view::npos;
+        return letterOrDigit ||
+               std::string_view(" /._-~+,@").find(letter) != std::string_view::npos;
     });
 }
 

@@ -102,8 +102,8 @@ int RunRaytracer(const std::string& program, const std::string& settingsName)
             return CodeOf(status);
         }
         const timespec patience{kPatienceSeconds, 0};
-        const int signal = asked ? sigtimedwait(&waited, nullptr, &patience)
-                                 : sigwaitinfo(&waited, nullptr);
+        const int signal =
+            asked ? sigtimedwait(&waited, nullptr, &patience) : sigwaitinfo(&waited, nullptr);
         if (signal == SIGCHLD || (signal < 0 && errno == EINTR)) {
             continue;
         }

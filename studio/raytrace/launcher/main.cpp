@@ -59,9 +59,8 @@ public:
     OwnFile(std::string name, const std::string& content) : m_name(std::move(name))
     {
         const int file = open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        const bool written =
-            file >= 0 &&
-            write(file, content.data(), content.size()) == static_cast<ssize_t>(content.size());
+        const bool written = file >= 0 && write(file, content.data(), content.size()) ==
+                                              static_cast<ssize_t>(content.size());
         if (file >= 0) {
             close(file);
         }

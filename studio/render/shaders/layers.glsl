@@ -43,7 +43,7 @@ vec4 Texel(sampler2D image, Place place)
 
 float Luminance(vec3 colour)
 {
-    return dot(colour, vec3(0.2126, 0.7152, 0.0722));
+    return dot(colour, luminanceWeights);
 }
 
 vec4 PrimaryTexel(Place place)
@@ -95,9 +95,6 @@ float HighlightAmount(Place place, vec4 primaryTexel)
 
 #if defined(LAYER_bumpMap) || defined(ALPHA_IS_HEIGHT)
 #define HEIGHT
-
-// Of white over black, as a part of the length that one image has on the surface.
-const float bumpHeight = 0.03;
 
 #ifdef LAYER_bumpMap
 #define FINEST_HEIGHTS bumpMap
@@ -153,12 +150,9 @@ vec3 BumpedNormal(vec3 n, vec3 position, Place place)
 uniform sampler2D environment;
 uniform mat4 worldFromEye;
 
-// What a surface mirrors that is looked at straight on.
-const float reflectionAtFront = 0.3;
-
 float ReflectionAmount(vec3 n, vec3 towardsEye, vec4 primaryTexel)
 {
-    float grazing = pow(1.0 - clamp(dot(n, towardsEye), 0.0, 1.0), 5.0);
+    float grazing = pow(1.0 - clamp(dot(n, towardsEye), 0.0, 1.0), reflectionFalloff);
     float amount = mix(reflectionAtFront, 1.0, grazing);
 #ifdef ALPHA_IS_REFLECTION
     amount *= primaryTexel.a;

@@ -1,7 +1,6 @@
-#include "studio/app/StudioRaytrace.h"
+#include "studio/raytrace/AttributeText.h"
 
-#include "studio/app/NotOffered.h"
-
+#include <array>
 #include <charconv>
 
 namespace studio {
@@ -69,7 +68,7 @@ void AppendColours(std::string& text, const Attributes& attributes)
 
 }  // namespace
 
-std::string StudioRaytrace::CombinedAttributes(const Attributes& attributes)
+std::string AttributeText(const Attributes& attributes)
 {
     std::string text;
     AppendRows(text, kFinish, attributes);
@@ -81,6 +80,7 @@ std::string StudioRaytrace::CombinedAttributes(const Attributes& attributes)
     return text;
 }
 
+<<<<<<< HEAD:studio/app/StudioRaytrace.cpp
 std::int32_t StudioRaytrace::StartAndWait(const CorvexDB::CommandLine& /*commandLine*/)
 {
     NotOffered("raytraced pictures");
@@ -102,4 +102,6 @@ std::vector<std::string> StudioSceneExporter::TexturesInUse(CorvexSG::Scene& /*s
     NotOffered("exporting scenes for a raytracer");
 }
 
+=======
+>>>>>>> dadcdc8 (studio: write scenes for POV-Ray):studio/raytrace/AttributeText.cpp
 }  // namespace studio

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QVector3D>
+
+#include <cstdint>
+#include <string_view>
+
+namespace studio {
+
+/// A stock texture of POV-Ray's include files.
+struct PovRayMaterial {
+    std::string_view include;  ///< file name
+    std::string_view text;     ///< inside of a `material` block
+    float scale = 1.0F;        ///< in the space of a shape whose longest side runs from -1 to 1
+};
+
+/// A pattern of POV-Ray, laid into the same space.
+struct PovRayPattern {
+    std::string_view text;
+    bool blocks = false;  ///< two colours side by side, no gradual change, no frequency
+    float scale = 1.0F;
+    QVector3D place{};  ///< of the pattern's origin
+};
+
+// By position in the lists of the raytrace catalogue; null for one that is not there, and for
+// "None".
+[[nodiscard]] const PovRayMaterial* FindPredefined(std::int32_t type, std::int32_t material);
+[[nodiscard]] const PovRayPattern* FindColourPattern(std::int32_t pattern);
+[[nodiscard]] const PovRayPattern* FindNormalPattern(std::int32_t pattern);
+
+}  // namespace studio

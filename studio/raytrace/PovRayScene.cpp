@@ -1,0 +1,172 @@
+#include "studio/raytrace/PovRayScene.h"
+
+#include "studio/raytrace/AttributeText.h"
+#include "studio/raytrace/PovRayCatalogue.h"
+#include "studio/raytrace/PovRayMesh.h"
+#include "studio/raytrace/PovRayStage.h"
+#include "studio/raytrace/PovRaySurface.h"
+#include "studio/raytrace/Quoting.h"
+
+#include <map>
+#include <set>
+
+namespace studio {
+namespace {
+
+/// Behind this many surfaces nothing is told apart any more.
+constexpr int kMostSurfacesInARow = 40;
+/// Above this many triangles a mesh is taken for closed rather than looked at edge by edge.
+constexpr std::size_t kMostTrianglesToSearch = 200'000;
+
+const CorvexDB::udtMaterial& MaterialIn(const FrameItem& item)
+{
+    static const CorvexDB::udtMaterial kDefault;
+    return item.material ? *item.material : kDefault;
+}
+
+const PovRayMaterial* StockOf(const FrameItem& item)
+{
+    const auto& attributes = MaterialIn(item).RayTrace;
+    return attributes.MaterialType == 1
+               ? FindPredefined(attributes.PredefinedType, attributes.PreDefinedMaterial)
+               : nullptr;
+}
+
+bool HasOwnPlaces(const FrameItem& item)
+{
+    return item.coordinates == CorvexSG::CoordinateMode::FromWrap &&
+           MaterialIn(item).Wrap == CorvexDB::WrapType::Flat;
+}
+
+/// Writes the shapes. A mesh that several of them share is written once.
+class ShapeWriter {
+public:
+    ShapeWriter(TextStream& out, const RaytraceScene& scene, RaytraceImages& images)
+        : m_out(out), m_scene(scene), m_images(images)
+    {
+    }
+
+    void Write(std::size_t index)
+    {
+        const FrameItem& item = m_scene.frame.items[index];
+        if (item.mesh == nullptr || !HasArea(*item.mesh) || IsTestedAway(item, m_images)) {
+            return;
+        }
+        WriteComments(index);
+        const std::string number = std::to_string(index + 1);
+        const std::string mesh = MeshOf(item, number);
+        DeclareSurface(m_out, "Surface_" + number, item, m_images);
+        WriteObject(item, mesh, "Surface_" + number);
+    }
+
+private:
+    void WriteComments(std::size_t index);
+    [[nodiscard]] std::string MeshOf(const FrameItem& item, const std::string& number);
+    void WriteObject(const FrameItem& item, const std::string& mesh, const std::string& surface);
+    [[nodiscard]] bool HidesBackFaces(const FrameItem& item);
+
+    TextStream& m_out;
+    const RaytraceScene& m_scene;
+    RaytraceImages& m_images;
+    std::map<std::uint64_t, std::string> m_meshes;  ///< names by the mesh's id
+    std::map<std::uint64_t, bool> m_closed;
+};
+
+void ShapeWriter::WriteComments(std::size_t index)
+{
+    const std::string name = index < m_scene.names.size() ? m_scene.names[index] : std::string();
+    m_out << "\n// Shape " << index + 1 << ": " << CommentText(name) << '\n';
+    const CorvexDB::udtMaterial& material = MaterialIn(m_scene.frame.items[index]);
+    m_out << "// Attributes: " << AttributeText(material.RayTrace) << '\n';
+    for (std::size_t i = 0; i < material.CustomFields.size(); ++i) {
+        const std::string field =
+            i < m_scene.customFieldNames.size() ? m_scene.customFieldNames[i] : std::string();
+        if (!material.CustomFields[i].empty()) {
+            m_out << "// Field " << i + 1 << ' ' << CommentText(field) << " = "
+                  << CommentText(material.CustomFields[i]) << '\n';
+        }
+    }
+}
+
+std::string ShapeWriter::MeshOf(const FrameItem& item, const std::string& number)
+{
+    const std::string name = "Mesh_" + number;
+    if (HasOwnPlaces(item)) {
+        DeclareFlatWrappedMesh(m_out, name, item);
+        return name;
+    }
+    const auto [known, isNew] = m_meshes.emplace(item.mesh->id, name);
+    if (isNew) {
+        DeclareMesh(m_out, name, *item.mesh);
+    }
+    return known->second;
+}
+
+/// POV-Ray draws both sides of a triangle. Where the inside cannot be seen it costs nothing to
+/// leave it so.
+bool ShapeWriter::HidesBackFaces(const FrameItem& item)
+{
+    if (MaterialIn(item).DoubleSided || StockOf(item) != nullptr) {
+        return false;
+    }
+    if (IsSeenThrough(item, m_images)) {
+        return true;
+    }
+    if (item.mesh->indices.size() / 3 > kMostTrianglesToSearch) {
+        return false;
+    }
+    const auto known = m_closed.find(item.mesh->id);
+    const bool closed = known != m_closed.end()
+                            ? known->second
+                            : m_closed.emplace(item.mesh->id, IsClosed(*item.mesh)).first->second;
+    return !closed;
+}
+
+void ShapeWriter::WriteObject(const FrameItem& item, const std::string& mesh,
+                              const std::string& surface)
+{
+    m_out << "object { " << mesh << " material { " << surface << " }";
+    if (HidesBackFaces(item)) {
+        m_out << " interior_texture { Clear }";
+    }
+    WriteMatrix(m_out, PovRayMatrix(item.worldFromMesh));
+    m_out << (m_scene.shadows ? " }\n" : " no_shadow }\n");
+}
+
+void WriteHeader(TextStream& out, const RaytraceScene& scene)
+{
+    out << "// Written by Corvex Studio.\n#version 3.7;\n"
+           "global_settings { assumed_gamma 1.0 max_trace_level "
+        << kMostSurfacesInARow << " }\n";
+    std::set<std::string_view> includes;
+    for (const FrameItem& item : scene.frame.items) {
+        if (const PovRayMaterial* stock = StockOf(item)) {
+            includes.insert("colors.inc");
+            includes.insert(stock->include);
+        }
+    }
+    for (const std::string_view include : includes) {
+        out << "#include \"" << include << "\"\n";
+    }
+    out << "#version 3.7;\n"
+           "#declare Clear = texture { pigment { rgbt <0,0,0,1> } finish { ambient 0 diffuse 0 } "
+           "}\n";
+}
+
+}  // namespace
+
+void WritePovRayScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& images)
+{
+    WriteHeader(out, scene);
+    WriteCamera(out, scene);
+    WriteLights(out, scene);
+    WriteBackdrop(out, scene);
+    WriteSurroundings(out, scene, images);
+    ShapeWriter shapes(out, scene, images);
+    for (std::size_t i = 0; i < scene.frame.items.size(); ++i) {
+        shapes.Write(i);
+    }
+    out.Finish();
+}
+
+}  // namespace studio

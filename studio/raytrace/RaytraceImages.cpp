@@ -1,0 +1,111 @@
+#include "studio/raytrace/RaytraceImages.h"
+
+#include "host/Status.h"
+#include "studio/raytrace/Quoting.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QImageReader>
+#include <QImageWriter>
+#include <QSaveFile>
+
+namespace studio {
+namespace {
+
+struct TypeRow {
+    const char* format;  ///< as the toolkit names it
+    std::string_view kind;
+};
+
+// The others are read differently by the two, or by one of them only.
+constexpr std::array kPovRayTypes{TypeRow{"png", "png"}, TypeRow{"jpeg", "jpeg"}};
+constexpr std::array kRenderManTypes{TypeRow{"tiff", "tiff"}};
+
+struct SavedType {
+    const char* format;
+    const char* suffix;
+    std::string_view kind;
+};
+
+constexpr SavedType SavedTypeOf(ImageReader reader)
+{
+    return reader == ImageReader::PovRay ? SavedType{"png", ".png", "png"}
+                                         : SavedType{"tiff", ".tif", "tiff"};
+}
+
+void Save(const QImage& image, const QString& file, const char* format)
+{
+    QSaveFile target(file);
+    QImageWriter writer(&target, format);
+    if (!target.open(QIODevice::WriteOnly) || !writer.write(image) || !target.commit()) {
+        throw CorvexMaterial::Error(
+            CorvexMaterial::Status::FileFailed,
+            QCoreApplication::translate("RaytraceImages", "%1 cannot be written.")
+                .arg(file)
+                .toStdString());
+    }
+}
+
+}  // namespace
+
+RaytraceImages::RaytraceImages(ImageReader reader, Lookup lookup, Place place)
+    : m_reader(reader), m_lookup(std::move(lookup)), m_place(std::move(place))
+{
+}
+
+TexturePointer RaytraceImages::TextureOf(const std::string& file) const
+{
+    return file.empty() || !m_lookup ? nullptr : m_lookup(file);
+}
+
+std::string_view RaytraceImages::OwnKind(const std::string& file) const
+{
+    if (!IsPlainPath(file) || !QDir::isAbsolutePath(QString::fromStdString(file))) {
+        return {};
+    }
+    QImageReader reader(QString::fromStdString(file));
+    reader.setDecideFormatFromContent(true);
+    const QByteArray format = reader.format();
+    const auto find = [&format](const auto& rows) -> std::string_view {
+        for (const TypeRow& row : rows) {
+            if (format == row.format) {
+                return row.kind;
+            }
+        }
+        return {};
+    };
+    return m_reader == ImageReader::PovRay ? find(kPovRayTypes) : find(kRenderManTypes);
+}
+
+RaytraceImage RaytraceImages::ImageOf(const std::string& file)
+{
+    const TexturePointer texture = TextureOf(file);
+    if (texture == nullptr) {
+        return {};
+    }
+    if (texture->error.empty()) {
+        if (const std::string_view kind = OwnKind(file); !kind.empty()) {
+            return {file, kind, texture->image.size()};
+        }
+    }
+    return ImageOf(*texture);
+}
+
+RaytraceImage RaytraceImages::ImageOf(const Texture& drawn)
+{
+    const auto known = m_saved.find(drawn.id);
+    if (known != m_saved.end()) {
+        return known->second;
+    }
+    const SavedType type = SavedTypeOf(m_reader);
+    const QString name =
+        QStringLiteral("texture%1%2").arg(m_saved.size() + 1).arg(QLatin1String(type.suffix));
+    QDir().mkpath(m_place.folder);
+    Save(drawn.image, m_place.folder + u'/' + name, type.format);
+    return m_saved
+        .emplace(drawn.id, RaytraceImage{m_place.reference + name.toStdString(), type.kind,
+                                         drawn.image.size()})
+        .first->second;
+}
+
+}  // namespace studio

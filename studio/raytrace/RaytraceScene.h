@@ -1,0 +1,18 @@
+#pragma once
+
+#include "studio/render/Frame.h"
+
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// Everything that a raytracer needs to see what a viewport shows.
+struct RaytraceScene {
+    Frame frame;                     ///< its size counts for the proportions only
+    std::vector<std::string> names;  ///< of the items, in their order; may be shorter
+    std::vector<std::string> customFieldNames;
+    bool shadows = false;  ///< the viewport's lights cast none
+};
+
+}  // namespace studio

@@ -1,0 +1,96 @@
+#include "studio/raytrace/StudioRaytraceServices.h"
+
+#include "host/Status.h"
+#include "studio/raytrace/AttributeText.h"
+
+#include <QEventLoop>
+#include <QImageReader>
+#include <QImageWriter>
+#include <QProcess>
+#include <QSaveFile>
+
+namespace studio {
+namespace {
+
+using CorvexMaterial::Error;
+using CorvexMaterial::Status;
+
+[[noreturn]] void RefuseFile(const QString& file, const QString& reason)
+{
+    throw Error(Status::FileFailed, file.toStdString() + ": " + reason.toStdString());
+}
+
+QImage ReadBitmap(const QString& file)
+{
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        RefuseFile(file, reader.errorString());
+    }
+    return image;
+}
+
+}  // namespace
+
+std::string StudioRaytraceServices::CombinedAttributes(
+    const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+{
+    return AttributeText(attributes);
+}
+
+std::int32_t StudioRaytraceServices::StartAndWait(const CorvexDB::CommandLine& commandLine)
+{
+    QProcess process;
+    QStringList arguments;
+    for (const std::string& argument : commandLine.arguments) {
+        arguments << QString::fromStdString(argument);
+    }
+    process.setWorkingDirectory(QString::fromStdString(commandLine.workingFolder));
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setProcessChannelMode(QProcess::ForwardedChannels);
+    process.start(QString::fromStdString(commandLine.program), arguments);
+    if (!process.waitForStarted()) {
+        RefuseFile(process.program(), process.errorString());
+    }
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    if (process.state() != QProcess::NotRunning) {
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (process.exitStatus() != QProcess::NormalExit) {
+        throw Error(Status::Failed, commandLine.program + " crashed.");
+    }
+    return process.exitCode();
+}
+
+void StudioRaytraceServices::RaytraceAbandoned()
+{
+    if (m_abandoned) {
+        m_abandoned();
+    }
+}
+
+void StudioRaytraceServices::SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
+                                        std::int32_t quality)
+{
+    if (quality < 1 || quality > 100) {
+        throw Error(Status::InvalidArgument, "The quality of a JPEG file is 1 to 100.");
+    }
+    const QImage image = ReadBitmap(QString::fromStdString(bitmapPath));
+    const QString target = QString::fromStdString(jpegPath);
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly)) {
+        RefuseFile(target, file.errorString());
+    }
+    QImageWriter writer(&file, "jpeg");
+    writer.setQuality(quality);
+    if (!writer.write(image)) {
+        RefuseFile(target, writer.errorString());
+    }
+    if (!file.commit()) {
+        RefuseFile(target, file.errorString());
+    }
+}
+
+}  // namespace studio

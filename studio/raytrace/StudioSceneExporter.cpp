@@ -1,0 +1,170 @@
+#include "studio/raytrace/StudioSceneExporter.h"
+
+#include "host/Status.h"
+#include "studio/raytrace/PovRayScene.h"
+#include "studio/raytrace/Quoting.h"
+#include "studio/scene/DefaultScene.h"
+#include "studio/scene/StudioScene.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace studio {
+namespace {
+
+using CorvexMaterial::Error;
+using CorvexMaterial::Status;
+
+std::string Tr(const char* text, const QString& argument)
+{
+    return QCoreApplication::translate("RaytraceExport", text).arg(argument).toStdString();
+}
+
+StudioScene& OurScene(CorvexSG::Scene& scene)
+{
+    auto* ours = dynamic_cast<StudioScene*>(&scene);
+    if (ours == nullptr) {
+        throw Error(Status::InvalidArgument, "The scene belongs to another scene graph.");
+    }
+    return *ours;
+}
+
+using SceneWriter = void (*)(TextStream&, const RaytraceScene&, RaytraceImages&);
+
+struct TargetRow {
+    const char* suffix;
+    ImageReader reader;
+    SceneWriter write;
+};
+constexpr std::array kTargets{TargetRow{"pov", ImageReader::PovRay, WritePovRayScene}};
+
+const TargetRow& TargetOf(const QString& path)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    for (const TargetRow& row : kTargets) {
+        if (suffix == QLatin1String(row.suffix)) {
+            return row;
+        }
+    }
+    throw Error(Status::InvalidArgument, Tr("%1: the name must end in .pov or .rib.", path));
+}
+
+void Proportion(Frame& frame, float aspectRatio)
+{
+    const float ratio = std::isfinite(aspectRatio) && aspectRatio > 0.0F ? aspectRatio : 1.0F;
+    frame.height = 4096;
+    frame.width = std::max(1, static_cast<int>(std::lround(4096.0F * ratio)));
+}
+
+void AddTextures(const CorvexDB::udtMaterial& material, std::set<std::string>& files)
+{
+    const auto& attributes = material.RayTrace;
+    if (attributes.MaterialType == 1) {
+        return;
+    }
+    const CorvexDB::TextureFiles& textures = material.Textures;
+    if (attributes.ColorPattern == 0) {
+        files.insert({textures.primary, textures.overlay});
+    }
+    files.insert({textures.alpha, textures.bump, textures.specular, textures.environment});
+    files.erase(std::string());
+}
+
+}  // namespace
+
+RaytraceScene RaytraceSceneOf(StudioScene& scene, const RaytraceSources& sources)
+{
+    RaytraceScene result;
+    const SceneView view =
+        scene.View() ? *scene.View() : SceneView{scene.FramedBy(DefaultCamera())};
+    result.frame.camera = view.camera;
+    result.frame.background = view.background;
+    result.frame.backdrop = view.backdrop;
+    scene.Fill(result.frame);
+    if (sources.complete) {
+        sources.complete(result.frame);
+    }
+    for (const auto& shape : scene.All()) {
+        result.names.push_back(shape->Name());
+    }
+    if (sources.customFieldNames) {
+        result.customFieldNames = sources.customFieldNames();
+    }
+    return result;
+}
+
+void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
+                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place)
+{
+    const TargetRow& target = TargetOf(path);
+    QSaveFile file(path);
+    const auto refuse = [&] {
+        throw Error(Status::FileFailed,
+                    path.toStdString() + ": " + file.errorString().toStdString());
+    };
+    if (!file.open(QIODevice::WriteOnly)) {
+        refuse();
+    }
+    TextStream out([&](std::string_view text) {
+        if (file.write(text.data(), static_cast<qint64>(text.size())) !=
+            static_cast<qint64>(text.size())) {
+            refuse();
+        }
+    });
+    RaytraceImages images(target.reader, textures, place);
+    target.write(out, scene, images);
+    if (!file.commit()) {
+        refuse();
+    }
+}
+
+RaytraceImages::Place ImagesBeside(const QString& sceneFile)
+{
+    const QFileInfo file(sceneFile);
+    const QString folder = file.completeBaseName() + QStringLiteral("_textures");
+    const QString whole = QDir(file.absolutePath()).filePath(folder);
+    // By its bare name where the raytracer takes that, so that both can be moved together.
+    const std::string name = folder.toStdString();
+    return {whole, IsPlainPath(name) ? name + '/' : std::string()};
+}
+
+RaytraceImages::Place StudioSceneExporter::ConvertedImages()
+{
+    if (!m_converted) {
+        m_converted.emplace(QDir::tempPath() + QStringLiteral("/corvex-textures-XXXXXX"));
+    }
+    // A folder per job: the files of an earlier one may still be read.
+    static constexpr auto kPattern = "/job%1";
+    int number = 1;
+    while (QFileInfo::exists(m_converted->path() + QString::fromLatin1(kPattern).arg(number))) {
+        ++number;
+    }
+    const QString folder = m_converted->path() + QString::fromLatin1(kPattern).arg(number);
+    return {folder, folder.toStdString() + '/'};
+}
+
+std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExport& request)
+{
+    RaytraceScene scene = RaytraceSceneOf(OurScene(request.scene), m_sources);
+    Proportion(scene.frame, request.aspectRatio);
+    WriteRaytraceScene(QString::fromStdString(request.path), scene, m_sources.textures,
+                       ConvertedImages());
+    return request.path;
+}
+
+std::vector<std::string> StudioSceneExporter::TexturesInUse(CorvexSG::Scene& scene)
+{
+    std::set<std::string> files;
+    for (const auto& shape : OurScene(scene).All()) {
+        AddTextures(shape->Material(), files);
+    }
+    return {files.begin(), files.end()};
+}
+
+}  // namespace studio

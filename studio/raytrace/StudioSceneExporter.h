@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/CorvexSG.h"
+#include "studio/raytrace/RaytraceImages.h"
+#include "studio/raytrace/RaytraceScene.h"
+
+#include <QTemporaryDir>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace studio {
+
+class StudioScene;
+
+/// Where the exporters get what is not in the scene itself.
+struct RaytraceSources {
+    RaytraceImages::Lookup textures;       ///< waits for the pixels of a file
+    std::function<void(Frame&)> complete;  ///< fills in textures that are no files; may be empty
+    std::function<std::vector<std::string>()> customFieldNames;  ///< may be empty
+};
+
+/// Writes the scenes of the control's jobs, as their viewport saw them last.
+class StudioSceneExporter : public CorvexSG::SceneExporter {
+public:
+    explicit StudioSceneExporter(RaytraceSources sources) : m_sources(std::move(sources)) {}
+
+    /// Errors: InvalidArgument for another scene graph's scene and another kind of file,
+    /// FileFailed.
+    std::string ExportRaytraceScene(const CorvexSG::RaytraceExport& request) override;
+    /// Each file once; none that a raytrace material replaces.
+    std::vector<std::string> TexturesInUse(CorvexSG::Scene& scene) override;
+
+private:
+    [[nodiscard]] RaytraceImages::Place ConvertedImages();
+
+    RaytraceSources m_sources;
+    std::optional<QTemporaryDir> m_converted;  ///< images that a raytracer cannot read as they are
+};
+
+/// The scene from its own view, or framed when no viewport has shown it.
+[[nodiscard]] RaytraceScene RaytraceSceneOf(StudioScene& scene, const RaytraceSources& sources);
+
+/// Writes the scene for the raytracer that the path's ending names, `.pov` or `.rib`, whole or not
+/// at all. Errors: InvalidArgument for another ending, FileFailed.
+void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
+                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place);
+
+/// Images that have to be saved for a scene file go into a folder beside it.
+[[nodiscard]] RaytraceImages::Place ImagesBeside(const QString& sceneFile);
+
+}  // namespace studio

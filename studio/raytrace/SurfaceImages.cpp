@@ -1,0 +1,89 @@
+#include "studio/raytrace/SurfaceImages.h"
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+// The numbers of file textures count up from 1, those of plug-ins have the highest bit.
+constexpr std::uint64_t kHeightIds = std::uint64_t{1} << 62;
+
+int HeightOf(const uchar* rgba)
+{
+    return static_cast<int>(0.2126 * rgba[0] + 0.7152 * rgba[1] + 0.0722 * rgba[2] + 0.5);
+}
+
+void AddBump(QImage& heights, const QImage& bump, int share)
+{
+    const QImage fitted =
+        bump.scaled(heights.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGBA8888);
+    for (int y = 0; y < heights.height(); ++y) {
+        const uchar* from = fitted.constScanLine(y);
+        uchar* to = heights.scanLine(y);
+        for (int x = 0; x < heights.width(); ++x) {
+            to[x] = static_cast<uchar>(to[x] + HeightOf(from + 4 * x) / share);
+        }
+    }
+}
+
+void AddAlpha(QImage& heights, const QImage& primary, int share)
+{
+    const QImage fitted =
+        primary.scaled(heights.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+            .convertToFormat(QImage::Format_RGBA8888);
+    for (int y = 0; y < heights.height(); ++y) {
+        const uchar* from = fitted.constScanLine(y);
+        uchar* to = heights.scanLine(y);
+        for (int x = 0; x < heights.width(); ++x) {
+            to[x] = static_cast<uchar>(to[x] + from[4 * x + 3] / share);
+        }
+    }
+}
+
+}  // namespace
+
+SurfaceImages SurfaceImagesOf(const FrameItem& item, const CorvexDB::udtMaterial& material,
+                              RaytraceImages& images)
+{
+    SurfaceImages found;
+    for (std::size_t i = 0; i < kLayerCount; ++i) {
+        const TexturePointer& drawn = GeneratedTexture(item, static_cast<Layer>(i));
+        const std::string& file = material.Textures.*kLayerRows[i].file;
+        found.textures[i] = drawn ? drawn : images.TextureOf(file);
+        if (found.textures[i] == nullptr) {
+            continue;
+        }
+        found.images[i] = drawn ? images.ImageOf(*drawn) : images.ImageOf(file);
+        found.set.present |= 1U << i;
+    }
+    if (found.set.Has(Layer::Primary)) {
+        found.set.primaryAlpha = PrimaryAlphaUse(material, *found.Pixels(Layer::Primary));
+    }
+    return found;
+}
+
+TexturePointer HeightsOf(const SurfaceImages& images)
+{
+    const TexturePointer& bump = images.Pixels(Layer::Bump);
+    const bool alpha = images.set.primaryAlpha == PrimaryAlpha::Height;
+    if (bump == nullptr && !alpha) {
+        return nullptr;
+    }
+    const TexturePointer& primary = images.Pixels(Layer::Primary);
+    auto heights = std::make_shared<Texture>();
+    heights->id = kHeightIds | (bump ? bump->id << 24U : 0) | (alpha ? primary->id : 0);
+    heights->image =
+        QImage(bump ? bump->image.size() : primary->image.size(), QImage::Format_Grayscale8);
+    heights->image.fill(0);
+    const int share = bump && alpha ? 2 : 1;
+    if (bump) {
+        AddBump(heights->image, bump->image, share);
+    }
+    if (alpha) {
+        AddAlpha(heights->image, primary->image, share);
+    }
+    return heights;
+}
+
+}  // namespace studio

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "studio/raytrace/RaytraceImages.h"
+#include "studio/render/Frame.h"
+#include "studio/render/SurfaceLayers.h"
+
+#include <array>
+
+namespace studio {
+
+/// The layers of one item as files that the raytracer can read.
+struct SurfaceImages {
+    LayerSet set;
+    std::array<RaytraceImage, kLayerCount> images;  ///< of the layers that are there
+    std::array<TexturePointer, kLayerCount> textures;
+
+    [[nodiscard]] const RaytraceImage& Image(Layer layer) const
+    {
+        return images[static_cast<std::size_t>(layer)];
+    }
+    [[nodiscard]] const TexturePointer& Pixels(Layer layer) const
+    {
+        return textures[static_cast<std::size_t>(layer)];
+    }
+};
+
+/// What a plug-in drew stands in for a file, as it does in the viewport. Errors: FileFailed.
+[[nodiscard]] SurfaceImages SurfaceImagesOf(const FrameItem& item,
+                                            const CorvexDB::udtMaterial& material,
+                                            RaytraceImages& images);
+
+/// The heights of a surface as shades of grey, white the highest: the bump map and, where the
+/// primary texture's alpha channel is used so, that as well, half each. Null without either.
+[[nodiscard]] TexturePointer HeightsOf(const SurfaceImages& images);
+
+}  // namespace studio
