@@ -80,28 +80,4 @@ std::string AttributeText(const Attributes& attributes)
     return text;
 }
 
-<<<<<<< HEAD:studio/app/StudioRaytrace.cpp
-std::int32_t StudioRaytrace::StartAndWait(const CorvexDB::CommandLine& /*commandLine*/)
-{
-    NotOffered("raytraced pictures");
-}
-
-void StudioRaytrace::SaveAsJpeg(const std::string& /*bitmapPath*/, const std::string& /*jpegPath*/,
-                                std::int32_t /*quality*/)
-{
-    NotOffered("saving raytraced pictures");
-}
-
-std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExport& /*request*/)
-{
-    NotOffered("exporting scenes for a raytracer");
-}
-
-std::vector<std::string> StudioSceneExporter::TexturesInUse(CorvexSG::Scene& /*scene*/)
-{
-    NotOffered("exporting scenes for a raytracer");
-}
-
-=======
->>>>>>> dadcdc8 (studio: write scenes for POV-Ray):studio/raytrace/AttributeText.cpp
 }  // namespace studio

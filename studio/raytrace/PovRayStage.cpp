@@ -11,6 +11,7 @@
 namespace studio {
 namespace {
 
+constexpr float kFlatLight = 1.0F - kSkyIntensity / 2.0F;
 constexpr float kRadiansPerDegree = 0.017453292F;
 
 /// The camera's axes, each half as long as the picture is wide and high at distance 1.
@@ -84,6 +85,10 @@ const std::string* EnvironmentOf(const RaytraceScene& scene)
 
 void WriteCamera(TextStream& out, const RaytraceScene& scene)
 {
+    if (scene.flat) {
+        out << "camera { orthographic location -5*z direction z right 2*x up 2*y }\n";
+        return;
+    }
     const CameraAxes axes = AxesOf(scene.frame);
     out << "camera {\n  location <" << PovRayPoint(scene.frame.camera.Eye()) << ">\n  direction <"
         << PovRayPoint(axes.forward) << ">\n  right <" << PovRayPoint(2.0F * axes.right)
@@ -92,6 +97,11 @@ void WriteCamera(TextStream& out, const RaytraceScene& scene)
 
 void WriteLights(TextStream& out, const RaytraceScene& scene)
 {
+    if (scene.flat) {
+        // No highlight: it would lie over the whole picture.
+        WriteLight(out, {0.0F, 0.0F, 1.0F}, kFlatLight, false);
+        return;
+    }
     const Camera& camera = scene.frame.camera;
     const auto write = [&](const Light& light, bool highlights) {
         const QVector3D towards(light.towards[0], light.towards[1], light.towards[2]);
@@ -105,6 +115,10 @@ void WriteLights(TextStream& out, const RaytraceScene& scene)
 
 void WriteBackdrop(TextStream& out, const RaytraceScene& scene)
 {
+    if (scene.flat) {
+        out << "background { rgb 1 }\n";
+        return;
+    }
     const CameraAxes axes = AxesOf(scene.frame);
     const float distance = BackdropDistance(scene.frame, axes.forward);
     const QVector3D middle = scene.frame.camera.Eye() + distance * axes.forward;

@@ -55,6 +55,20 @@ const TargetRow& TargetOf(const QString& path)
     throw Error(Status::InvalidArgument, Tr("%1: the name must end in .pov or .rib.", path));
 }
 
+/// Texture coordinates 0 to 1 from its lower left.
+std::shared_ptr<const Mesh> SquareMesh()
+{
+    std::vector<Vertex> vertices;
+    for (const auto& [u, v] : {std::pair{0.0F, 0.0F}, {1.0F, 0.0F}, {1.0F, 1.0F}, {0.0F, 1.0F}}) {
+        Vertex vertex;
+        vertex.position = {2.0F * u - 1.0F, 2.0F * v - 1.0F, 0.0F};
+        vertex.normal = {0.0F, 0.0F, 1.0F};
+        vertex.uv = {u, v};
+        vertices.push_back(vertex);
+    }
+    return MakeMesh(std::move(vertices), {0, 1, 2, 0, 2, 3});
+}
+
 void Proportion(Frame& frame, float aspectRatio)
 {
     const float ratio = std::isfinite(aspectRatio) && aspectRatio > 0.0F ? aspectRatio : 1.0F;
@@ -97,6 +111,21 @@ RaytraceScene RaytraceSceneOf(StudioScene& scene, const RaytraceSources& sources
         result.customFieldNames = sources.customFieldNames();
     }
     return result;
+}
+
+RaytraceScene FlatSampleOf(const RaytraceScene& scene)
+{
+    RaytraceScene sample;
+    sample.flat = true;
+    FrameItem square;
+    square.mesh = SquareMesh();
+    if (!scene.frame.items.empty() && scene.frame.items.front().material) {
+        CorvexDB::udtMaterial material = *scene.frame.items.front().material;
+        material.Textures = {};
+        square.material = std::make_shared<CorvexDB::udtMaterial>(std::move(material));
+    }
+    sample.frame.items.push_back(std::move(square));
+    return sample;
 }
 
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
@@ -152,6 +181,9 @@ RaytraceImages::Place StudioSceneExporter::ConvertedImages()
 std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExport& request)
 {
     RaytraceScene scene = RaytraceSceneOf(OurScene(request.scene), m_sources);
+    if (request.view == CorvexSG::RaytraceView::FlatSample) {
+        scene = FlatSampleOf(scene);
+    }
     Proportion(scene.frame, request.aspectRatio);
     WriteRaytraceScene(QString::fromStdString(request.path), scene, m_sources.textures,
                        ConvertedImages());

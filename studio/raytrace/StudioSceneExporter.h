@@ -43,6 +43,9 @@ private:
 /// The scene from its own view, or framed when no viewport has shown it.
 [[nodiscard]] RaytraceScene RaytraceSceneOf(StudioScene& scene, const RaytraceSources& sources);
 
+/// The material of the scene's first shape on a square that fills the picture, without its images.
+[[nodiscard]] RaytraceScene FlatSampleOf(const RaytraceScene& scene);
+
 /// Writes the scene for the raytracer that the path's ending names, `.pov` or `.rib`, whole or not
 /// at all. Errors: InvalidArgument for another ending, FileFailed.
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
