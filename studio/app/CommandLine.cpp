@@ -31,10 +31,13 @@ Options of render:
                          alpha-test=Greater (a name of its list) or its position 0 to 7
                          alpha-test-reference: 0 to 255
 
+)";
+
+constexpr const char* kExitCodes = R"(
 Exit codes:
   0  done
   1  failed: a model cannot be read, a picture cannot be drawn or written, a step of the tour
-     did not do what it should
+     did not do what it should, a library has a problem
   2  wrong usage
 )";
 
@@ -137,6 +140,18 @@ CommandLine ReadRender(const QStringList& arguments)
     return parser.parse(arguments) ? CheckedRender(parser, options) : Refused(parser.errorText());
 }
 
+CommandLine ReadLibrary(const QStringList& arguments)
+{
+    const auto job = ReadLibraryCommand(arguments);
+    if (const auto* wrong = std::get_if<QString>(&job)) {
+        return Refused(*wrong);
+    }
+    CommandLine line;
+    line.action = Action::Library;
+    line.library = std::get<LibraryJob>(job);
+    return line;
+}
+
 CommandLine ReadWindow(const QStringList& arguments)
 {
     const QCommandLineOption tour(QStringLiteral("tour"), {}, QStringLiteral("folder"));
@@ -149,7 +164,7 @@ CommandLine ReadWindow(const QStringList& arguments)
         return Refused(parser.errorText());
     }
     if (parser.isSet(help)) {
-        return Shown(QLatin1String(kHelp));
+        return Shown(QLatin1String(kHelp) + QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
     }
     if (parser.isSet(version)) {
         return Shown(QStringLiteral("corvex-studio " CORVEX_VERSION "\n"));
@@ -173,6 +188,9 @@ CommandLine ReadCommandLine(const QStringList& arguments)
     const QStringList named = QStringList(QLatin1String(kStudioName)) + arguments;
     if (arguments.value(0) == QStringLiteral("render")) {
         return ReadRender(arguments);
+    }
+    if (arguments.value(0) == QStringLiteral("library")) {
+        return ReadLibrary(arguments.mid(1));
     }
     return ReadWindow(named);
 }

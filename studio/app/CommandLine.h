@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/MaterialRecord.h"
+#include "studio/libraries/LibraryCommandLine.h"
 
 #include <QSize>
 #include <QString>
@@ -22,7 +23,7 @@ struct RenderJob {
     QStringList assignments;  ///< `key=value`, already checked
 };
 
-enum class Action { OpenWindow, RecordTour, Render, ShowText, Refuse };
+enum class Action { OpenWindow, RecordTour, Render, Library, ShowText, Refuse };
 
 struct CommandLine {
     Action action = Action::OpenWindow;
@@ -30,6 +31,7 @@ struct CommandLine {
     QString tourFolder;
     QString tourChapter;  ///< empty = all
     RenderJob render;
+    LibraryJob library;
     QString text;  ///< to show, or what is wrong
 };
 

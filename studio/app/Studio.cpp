@@ -6,6 +6,7 @@
 #include "studio/app/StudioHost.h"
 #include "studio/app/Theme.h"
 #include "studio/app/Tour.h"
+#include "studio/libraries/LibraryCommands.h"
 
 #include <cstdio>
 
@@ -68,6 +69,8 @@ ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
     switch (line.action) {
     case Action::Render:
         return Conclude(DrawPicture(line.render));
+    case Action::Library:
+        return RunLibraryJob(line.library, {}) ? ExitCode::Done : ExitCode::Failed;
     case Action::RecordTour:
         return Conclude(RecordTour({line.tourFolder, line.tourChapter, line.model}));
     default:

@@ -4,9 +4,11 @@
 #include "studio/app/NumberField.h"
 #include "studio/app/PluginMaterials.h"
 #include "studio/app/StudioApplicationState.h"
-#include "studio/app/StudioLibraries.h"
 #include "studio/app/StudioTables.h"
 #include "studio/images/TextureCache.h"
+#include "studio/libraries/SqliteMaterialLibrary.h"
+#include "studio/libraries/SqliteTextureLibrary.h"
+#include "studio/libraries/Thumbnailer.h"
 #include "studio/plugins/PluginFolder.h"
 #include "studio/plugins/PluginTextures.h"
 #include "studio/raytrace/StudioRaytraceServices.h"
@@ -48,12 +50,13 @@ struct StudioHost::Parts {
     RenderService rendering;
     StudioSceneGraph sceneGraph;
     StudioGraphics graphics;
-    StudioMaterialLibrary materialLibrary;
-    StudioTextureLibrary textureLibrary;
     PluginFolder plugins{PluginFolder::UsualFolders()};
     PluginTextures pluginTextures{plugins};
     PluginMaterials pluginMaterials{pluginTextures};
     StudioCustomFields customFields;
+    Thumbnailer thumbnails{rendering, &pluginTextures};
+    SqliteMaterialLibrary materialLibrary{{thumbnails, customFields, log}};
+    SqliteTextureLibrary textureLibrary;
     StudioRaytraceServices raytrace;
     RaytraceSources raytraceSources{
         [this](const std::string& file) { return rendering.Textures().Await(file); },
@@ -118,6 +121,21 @@ StudioRaytraceServices& StudioHost::Raytracing()
 const RaytraceSources& StudioHost::RaytraceData()
 {
     return m_parts->raytraceSources;
+}
+
+SqliteMaterialLibrary& StudioHost::Materials()
+{
+    return m_parts->materialLibrary;
+}
+
+SqliteTextureLibrary& StudioHost::Textures()
+{
+    return m_parts->textureLibrary;
+}
+
+const Thumbnailer& StudioHost::Thumbnails()
+{
+    return m_parts->thumbnails;
 }
 
 StudioSceneGraph& StudioHost::SceneGraph()

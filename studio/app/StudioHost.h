@@ -12,10 +12,13 @@ class EventLog;
 class PluginFolder;
 class PluginTextures;
 class RenderService;
+class SqliteMaterialLibrary;
+class SqliteTextureLibrary;
 class StudioApplicationState;
 class StudioRaytraceServices;
 class StudioSceneGraph;
 class StudioSettings;
+class Thumbnailer;
 struct RaytraceSources;
 
 /// Everything that the control asks of its host, each part in a class of its own. Created after the
@@ -38,6 +41,9 @@ public:
     [[nodiscard]] PluginTextures& PluginPictures();
     [[nodiscard]] StudioRaytraceServices& Raytracing();
     [[nodiscard]] const RaytraceSources& RaytraceData();
+    [[nodiscard]] SqliteMaterialLibrary& Materials();
+    [[nodiscard]] SqliteTextureLibrary& Textures();
+    [[nodiscard]] const Thumbnailer& Thumbnails();
     [[nodiscard]] StudioSceneGraph& SceneGraph();
 
 private:

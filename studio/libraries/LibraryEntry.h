@@ -18,6 +18,11 @@ struct NewEntry {
     SearchValues search;
 };
 
+struct EntryPicture {
+    EntryId id = 0;
+    std::string png;
+};
+
 struct TrashedEntry {
     EntryId id = 0;
     std::string name;

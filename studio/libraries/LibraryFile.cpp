@@ -140,6 +140,18 @@ std::string LibraryFile::ThumbnailAt(std::int32_t index)
     return png.Step() ? std::string(png.Blob(0)) : std::string();
 }
 
+std::vector<EntryId> LibraryFile::IdsNamed(const std::string& name)
+{
+    Statement same =
+        m_database.Use("SELECT id FROM entries WHERE folded = ?1 AND +trashed = 0 ORDER BY id");
+    same.Bind(1, Folded(name));
+    std::vector<EntryId> ids;
+    while (same.Step()) {
+        ids.push_back(same.Integer(0));
+    }
+    return ids;
+}
+
 std::vector<std::int32_t> LibraryFile::Search(const LibraryQuery& query)
 {
     Statement found = CompiledQuery(m_database, query);
@@ -181,13 +193,15 @@ void LibraryFile::Rename(EntryId id, const std::string& name)
     });
 }
 
-void LibraryFile::SetThumbnail(EntryId id, const std::string& png)
+void LibraryFile::SetThumbnails(std::span<const EntryPicture> pictures)
 {
     Change([&] {
-        m_database.Use("INSERT OR REPLACE INTO thumbnails (entry, png) VALUES (?1, ?2)")
-            .Bind(1, id)
-            .BindBlob(2, png)
-            .Run();
+        for (const EntryPicture& picture : pictures) {
+            m_database.Use("INSERT OR REPLACE INTO thumbnails (entry, png) VALUES (?1, ?2)")
+                .Bind(1, picture.id)
+                .BindBlob(2, picture.png)
+                .Run();
+        }
     });
 }
 
@@ -243,7 +257,12 @@ void LibraryFile::EmptyTrash()
             "DELETE FROM contents WHERE entry IN (SELECT id FROM entries WHERE trashed > 0)");
         m_database.Run("DELETE FROM entries WHERE trashed > 0");
     });
-    m_database.Run("VACUUM");
+    try {
+        m_database.Run("VACUUM");
+    } catch (const CorvexMaterial::Error&) {
+        // The trash is empty all the same; without room for a copy the file stays as long as it is.
+        return;
+    }
 }
 
 bool LibraryFile::Refresh()

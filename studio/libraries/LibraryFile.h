@@ -42,6 +42,8 @@ public:
     [[nodiscard]] std::string JsonAt(std::int32_t index);
     /// PNG as stored, empty when there is none.
     [[nodiscard]] std::string ThumbnailAt(std::int32_t index);
+    /// Entries outside the trash that have this name, in any case.
+    [[nodiscard]] std::vector<EntryId> IdsNamed(const std::string& name);
     /// Indexes in file order. Errors: FileFailed.
     [[nodiscard]] std::vector<std::int32_t> Search(const LibraryQuery& query);
 
@@ -49,7 +51,8 @@ public:
     /// All in one change, in this order, at the end.
     std::vector<EntryId> Add(std::span<const NewEntry> entries);
     void Rename(EntryId id, const std::string& name);
-    void SetThumbnail(EntryId id, const std::string& png);
+    /// All in one change.
+    void SetThumbnails(std::span<const EntryPicture> pictures);
 
     /// Into the trash, which is in the file too. Entries that are there already stay there.
     void Remove(std::span<const EntryId> ids);

@@ -15,7 +15,7 @@ constexpr QLatin1String kPlacement("placement");
 constexpr QLatin1String kRaytrace("raytrace");
 constexpr QLatin1String kPluginParameters("pluginParameters");
 constexpr QLatin1String kCustomFields("customFields");
-constexpr QLatin1String kPatternColours("colourPatternColours");
+constexpr QLatin1String kPatternColours("patternColours");
 constexpr qsizetype kMostPluginParameters = 10;
 
 using Raytrace = CorvexDB::cdtRayTraceMaterialAttributes;
@@ -95,8 +95,7 @@ QJsonObject ObjectIn(std::string_view json)
     if (!document.isObject()) {
         const QString cause = error.error == QJsonParseError::NoError ? QStringLiteral("no object")
                                                                       : error.errorString();
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    "The material's text is damaged: " + cause.toStdString() + '.');
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, cause.toStdString());
     }
     return document.object();
 }

@@ -25,7 +25,8 @@ struct MaterialReading {
     std::vector<std::string> problems;
 };
 
-/// Unknown keys are ignored. Errors: FileFailed when the text is no JSON object.
+/// Unknown keys are ignored. Errors: FileFailed with the bare cause when the text is no JSON
+/// object.
 [[nodiscard]] MaterialReading MaterialOfJson(std::string_view json, const std::string& folder);
 
 /// Names of the custom fields as the user set them up, element n for field n; may be shorter.

@@ -26,8 +26,7 @@ std::string TextureOfJson(std::string_view json, const std::string& folder)
         QJsonDocument::fromJson(QByteArray(json.data(), static_cast<qsizetype>(json.size())));
     const QString stored = document.object().value(kFile).toString();
     if (stored.isEmpty()) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    "The texture's entry is damaged: it names no file.");
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "it names no file");
     }
     return PathOfStored(stored.toStdString(), folder);
 }

@@ -11,7 +11,7 @@ namespace studio {
 /// the library's folder as those of materials are.
 [[nodiscard]] std::string JsonOfTexture(const std::string& file, const std::string& folder);
 
-/// Errors: FileFailed when the text is no JSON object with a file.
+/// Errors: FileFailed with the bare cause when the text is no JSON object with a file.
 [[nodiscard]] std::string TextureOfJson(std::string_view json, const std::string& folder);
 
 /// Ready to be added to the library in this folder; named after the file. Width and height in

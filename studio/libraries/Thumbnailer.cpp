@@ -1,5 +1,6 @@
 #include "studio/libraries/Thumbnailer.h"
 
+#include "host/Status.h"
 #include "studio/app/PluginMaterials.h"
 #include "studio/images/TextureCache.h"
 #include "studio/images/TextureFile.h"
@@ -47,6 +48,15 @@ QImage Thumbnailer::OfMaterial(const CorvexDB::udtMaterial& material) const
     return m_rendering.DrawNow(std::move(frame));
 }
 
+std::string Thumbnailer::PngIfPossible(const CorvexDB::udtMaterial& material) const
+{
+    try {
+        return Png(OfMaterial(material));
+    } catch (const CorvexMaterial::Error&) {
+        return {};
+    }
+}
+
 Thumbnailer::TexturePicture Thumbnailer::OfTexture(const std::string& file)
 {
     constexpr ImageBounds kBounds{4096, std::int64_t{256} << 20};
@@ -54,7 +64,7 @@ Thumbnailer::TexturePicture Thumbnailer::OfTexture(const std::string& file)
     Texture texture;
     texture.image = read.image;
     texture.error = read.error;
-    return {ThumbnailOf(texture, kThumbnailSide), read.image.size()};
+    return {ThumbnailOf(texture, kThumbnailSide), read.image.size(), read.error};
 }
 
 std::string Thumbnailer::Png(const QImage& image)

@@ -26,11 +26,13 @@ public:
     /// drawing; texture files that cannot be read are drawn as the usual placeholder.
     [[nodiscard]] QImage OfMaterial(const CorvexDB::udtMaterial& material) const;
 
-    /// The image in 128 by 128 pixels at most, and its own size. A null image when the file cannot
-    /// be read.
+    /// The same as PNG; empty when no picture can be drawn, as without a graphics driver.
+    [[nodiscard]] std::string PngIfPossible(const CorvexDB::udtMaterial& material) const;
+
     struct TexturePicture {
-        QImage thumbnail;
-        QSize size;
+        QImage thumbnail;   ///< 128 by 128 at most; null when the file cannot be read
+        QSize size;         ///< of the image itself
+        std::string error;  ///< for a person; empty on success
     };
     [[nodiscard]] static TexturePicture OfTexture(const std::string& file);
 

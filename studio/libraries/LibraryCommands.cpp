@@ -1,0 +1,25 @@
+#include "studio/libraries/LibraryCommands.h"
+
+#include "studio/libraries/CommandContext.h"
+#include "studio/libraries/LibraryCommandTable.h"
+
+#include <algorithm>
+
+namespace studio {
+
+bool RunLibraryJob(const LibraryJob& job, const ForeignFormats& formats)
+{
+    CommandOutput output(job.json ? CommandOutput::Form::Json : CommandOutput::Form::Text);
+    CommandContext context{job, formats, output};
+    const auto command = std::ranges::find_if(kLibraryCommands, [&](const LibraryCommandRow& row) {
+        return job.command == QLatin1String(row.name);
+    });
+    try {
+        command->run(context);
+    } catch (const CorvexMaterial::Error& error) {
+        output.Problem(QString::fromUtf8(error.what()));
+    }
+    return !output.HasProblems();
+}
+
+}  // namespace studio

@@ -1,0 +1,83 @@
+#include "studio/libraries/CommandContext.h"
+#include "studio/libraries/LibraryCommandTable.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+void RefuseName(CommandContext& context, const QString& name, const QString& place)
+{
+    context.output.Problem(
+        QStringLiteral("%1: %2 has no entry \"%3\".").arg(context.job.library, place, name));
+}
+
+}  // namespace
+
+void CreateCommand(CommandContext& context)
+{
+    LibraryFile::Create(context.job.library.toStdString(), KindIn(context.job));
+}
+
+void ListCommand(CommandContext& context)
+{
+    LibraryFile library = OpenIn(context.job);
+    ForEachSelected(library, context, [&](std::int32_t index) {
+        const QString name = QString::fromStdString(library.NameAt(index));
+        QJsonObject json{{"index", index}, {"id", qint64{library.IdAt(index)}}, {"name", name}};
+        const std::string text = library.JsonAt(index);
+        json["entry"] = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+        const QString file = json["entry"].toObject().value("file").toString();
+        context.output.Result(json, file.isEmpty() ? name : name + u'\t' + file);
+    });
+}
+
+void RemoveCommand(CommandContext& context)
+{
+    LibraryFile library = OpenIn(context.job);
+    std::vector<EntryId> ids;
+    for (const QString& name : context.job.operands) {
+        const auto named = library.IdsNamed(name.toStdString());
+        if (named.empty()) {
+            RefuseName(context, name, QStringLiteral("the library"));
+        }
+        ids.insert(ids.end(), named.begin(), named.end());
+    }
+    library.Remove(ids);
+    context.output.Result({{"removed", static_cast<int>(ids.size())}}, {});
+}
+
+void RestoreCommand(CommandContext& context)
+{
+    LibraryFile library = OpenIn(context.job);
+    const auto trash = library.Trash();
+    std::vector<EntryId> ids;
+    for (const QString& name : context.job.operands) {
+        const auto entry = std::ranges::find(trash, name.toStdString(), &TrashedEntry::name);
+        if (entry == trash.end()) {
+            RefuseName(context, name, QStringLiteral("the trash"));
+            continue;
+        }
+        ids.push_back(entry->id);
+    }
+    library.Restore(ids);
+    context.output.Result({{"restored", static_cast<int>(ids.size())}}, {});
+}
+
+void TrashCommand(CommandContext& context)
+{
+    LibraryFile library = OpenIn(context.job);
+    for (const TrashedEntry& entry : library.Trash()) {
+        const QString name = QString::fromStdString(entry.name);
+        context.output.Result({{"id", qint64{entry.id}}, {"name", name}}, name);
+    }
+}
+
+void EmptyTrashCommand(CommandContext& context)
+{
+    OpenIn(context.job).EmptyTrash();
+}
+
+}  // namespace studio

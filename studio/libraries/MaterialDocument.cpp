@@ -1,0 +1,76 @@
+#include "studio/libraries/MaterialDocument.h"
+
+#include "host/Status.h"
+#include "studio/libraries/StoredPath.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+namespace studio {
+namespace {
+
+constexpr QLatin1String kMaterials("materials");
+constexpr QLatin1String kEntryName("name");
+constexpr QLatin1String kEntryMaterial("material");
+
+[[noreturn]] void RefuseFile(const std::string& path, const QString& cause)
+{
+    throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                path + ": " + cause.toStdString());
+}
+
+QByteArray Compact(const QJsonValue& value)
+{
+    return QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
+}
+
+}  // namespace
+
+void WriteMaterialDocument(const std::string& path, std::span<const NamedMaterial> materials)
+{
+    QJsonArray array;
+    for (const NamedMaterial& named : materials) {
+        const std::string json = JsonOfMaterial(named.material, FolderOf(path));
+        array.append(QJsonObject{
+            {kEntryName, QString::fromStdString(named.name)},
+            {kEntryMaterial, QJsonDocument::fromJson(QByteArray::fromStdString(json)).object()}});
+    }
+    QSaveFile file(QString::fromStdString(path));
+    const QByteArray text = QJsonDocument(QJsonObject{{kMaterials, array}}).toJson();
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+        RefuseFile(path, file.errorString());
+    }
+}
+
+std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,
+                                                std::vector<std::string>& problems)
+{
+    QFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::ReadOnly)) {
+        RefuseFile(path, file.errorString());
+    }
+    QJsonParseError error{};
+    const auto document = QJsonDocument::fromJson(file.readAll(), &error);
+    const QJsonValue list = document.object().value(kMaterials);
+    if (!list.isArray()) {
+        RefuseFile(path, error.error == QJsonParseError::NoError
+                             ? QStringLiteral("holds no list \"materials\"")
+                             : error.errorString());
+    }
+    std::vector<NamedMaterial> materials;
+    for (const QJsonValue& entry : list.toArray()) {
+        const std::string name = entry[kEntryName].toString().toStdString();
+        MaterialReading reading =
+            MaterialOfJson(Compact(entry[kEntryMaterial]).toStdString(), FolderOf(path));
+        for (const std::string& problem : reading.problems) {
+            problems.push_back('"' + name + "\": " + problem);
+        }
+        materials.push_back({name, std::move(reading.material)});
+    }
+    return materials;
+}
+
+}  // namespace studio

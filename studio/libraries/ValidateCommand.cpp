@@ -1,0 +1,69 @@
+#include "studio/images/TextureFile.h"
+#include "studio/libraries/CommandContext.h"
+#include "studio/libraries/LibraryCommandTable.h"
+#include "studio/libraries/LibraryReading.h"
+#include "studio/libraries/MaterialJsonFields.h"
+
+#include <QImage>
+
+namespace studio {
+namespace {
+
+std::vector<std::string> FilesOfMaterial(const CorvexDB::udtMaterial& material)
+{
+    std::vector<std::string> files;
+    for (const auto& row : kTextureFileFields) {
+        files.push_back(material.Textures.*row.member);
+    }
+    std::erase(files, "");
+    return files;
+}
+
+std::vector<std::string> EntryProblems(LibraryFile& library, std::int32_t index)
+{
+    std::vector<std::string> problems;
+    std::vector<std::string> files;
+    if (library.Kind() == LibraryKind::Materials) {
+        MaterialReading reading = ReadMaterial(library, index);
+        problems = std::move(reading.problems);
+        files = FilesOfMaterial(reading.material);
+    } else {
+        files.push_back(ReadTexture(library, index));
+    }
+    for (const std::string& file : files) {
+        if (!StateOfFile(file)) {
+            problems.push_back("texture " + file + " is missing");
+        }
+    }
+    const std::string png = library.ThumbnailAt(index);
+    if (!png.empty() && QImage::fromData(QByteArray::fromStdString(png)).isNull()) {
+        problems.emplace_back("the thumbnail is damaged");
+    }
+    return problems;
+}
+
+}  // namespace
+
+void ValidateCommand(CommandContext& context)
+{
+    LibraryFile library = OpenIn(context.job);
+    for (const std::string& problem : library.StructureProblems()) {
+        context.output.Problem(QStringLiteral("%1: %2").arg(QString::fromStdString(library.Path()),
+                                                            QString::fromStdString(problem)));
+    }
+    std::size_t checked = 0;
+    ForEachSelected(library, context, [&](std::int32_t index) {
+        ++checked;
+        for (const std::string& problem : EntryProblems(library, index)) {
+            context.output.Problem(QStringLiteral("%1: entry \"%2\": %3")
+                                       .arg(QString::fromStdString(library.Path()),
+                                            QString::fromStdString(library.NameAt(index)),
+                                            QString::fromStdString(problem)));
+        }
+    });
+    const bool isGood = !context.output.HasProblems();
+    context.output.Result({{"checked", static_cast<int>(checked)}, {"good", isGood}},
+                          CountText("Entries checked: %n.", checked));
+}
+
+}  // namespace studio
