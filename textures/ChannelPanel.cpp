@@ -7,7 +7,7 @@
 #include "textures/TexturePage.h"
 #include "ui_ChannelPanel.h"
 
-#include <algorithm>
+#include <QPushButton>
 
 namespace CorvexMaterial {
 
@@ -81,6 +81,9 @@ void ChannelPanel::ConnectTabs()
 void ChannelPanel::ConnectTextures()
 {
     connect(m_textures, &TexturePage::Edited, this, &ChannelPanel::Edited);
+    // On every tab: a tab without a layer of its own stands for the primary or environment one.
+    connect(m_ui->cmdTexturePopup, &QPushButton::clicked, m_commands,
+            &TextureCommands::OpenLibrary);
     connect(m_commands, &TextureCommands::Edited, this, &ChannelPanel::Edited);
     connect(m_textures, &TexturePage::FilesChanged, this, &ChannelPanel::MarkUsedTabs);
 }

@@ -38,8 +38,6 @@ void TextureCommands::Connect()
     };
     connect(&m_page, &TexturePage::SelectPressed, this,
             run("imgTexture", &TextureCommands::SelectFile));
-    connect(&m_page, &TexturePage::LibraryPressed, this,
-            run("cmdTexturePopup", &TextureCommands::ChooseFromLibrary));
     connect(&m_page, &TexturePage::CropPressed, this, run("cmdTexture", &TextureCommands::Crop));
     connect(&m_page, &TexturePage::DeletePressed, this,
             run("cmdDeleteTexture", &TextureCommands::Delete));
@@ -103,6 +101,11 @@ void TextureCommands::TakeFile(const QString& file)
 bool TextureCommands::PrimaryIsLocked()
 {
     return m_tab < kFirstTabAfterPrimary && m_services.owner.SimulationTextureActive();
+}
+
+void TextureCommands::OpenLibrary()
+{
+    m_trap("cmdTexturePopup", [this] { ChooseFromLibrary(); });
 }
 
 void TextureCommands::ChooseFromLibrary()

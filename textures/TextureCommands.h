@@ -28,6 +28,8 @@ public:
     /// A file from outside, checked like one from the file dialog; for the current tab's layer.
     void TakeFile(const QString& file);
     void Assign(TextureLayer layer, const std::string& file);
+    /// The texture library in a dialog, for the current tab; needs no layer of its own.
+    void OpenLibrary();
 
 Q_SIGNALS:
     void Edited();

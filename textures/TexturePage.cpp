@@ -114,7 +114,6 @@ void TexturePage::ConnectButtons()
             Thumbnail(*m_shown).click();
         }
     });
-    connect(m_ui->cmdTexturePopup, &QPushButton::clicked, this, &TexturePage::LibraryPressed);
     connect(m_ui->cmdTexture, &QPushButton::clicked, this, &TexturePage::CropPressed);
     connect(m_ui->cmdDeleteTexture, &QPushButton::clicked, this, &TexturePage::DeletePressed);
     connect(m_ui->cmdFlatWrapOptions, &QToolButton::clicked, this,

@@ -72,7 +72,6 @@ Q_SIGNALS:
     /// Any layer's file, by program too.
     void FilesChanged();
     void SelectPressed();
-    void LibraryPressed();
     void CropPressed();
     void DeletePressed();
     void FlatWrapOptionsWanted();

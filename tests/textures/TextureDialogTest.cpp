@@ -33,8 +33,7 @@ protected:
                 shown.reject();
             }
         });
-        // By program: on tabs without a layer the button is out of sight, its routine is not.
-        rig.Find<QPushButton>("cmdTexturePopup").click();
+        Click(rig.Find<QPushButton>("cmdTexturePopup"));
         return dialog.Given();
     }
 
