@@ -1,19 +1,12 @@
 // One edit of a user, from the edited widget to drawn pixels, against drawing the same frame alone.
 // Both are measured turn by turn in one run, so that their ratio holds on a busy machine too.
 
-#include "material/Material.h"
-#include "platform/QtPlatform.h"
+#include "benchmarks/edit/PreviewedControl.h"
 #include "studio/images/TextureCache.h"
 #include "studio/render/GlContext.h"
-#include "studio/render/RenderService.h"
 #include "studio/render/Renderer.h"
-#include "studio/render/ViewportWidget.h"
-#include "studio/scene/HostViewport.h"
-#include "tests/support/RecordingHost.h"
-#include "tests/support/RecordingPlatform.h"
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QLineEdit>
 #include <QLinearGradient>
 #include <QPainter>
@@ -22,78 +15,16 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 #include <vector>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-double SecondsSince(Clock::time_point start)
-{
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-double MedianOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-/// A control whose preview is the real one; everything else of its host is in memory.
-class PreviewedControl {
-public:
-    PreviewedControl()
-    {
-        control.SetSceneDetails(graph);
-        control.InitializeMaterialPreviewScene();
-        control.LoadSavedStatus();
-        control.put_bMaterialPanel(true);
-        view = control.findChild<studio::ViewportWidget*>();
-        view->setFixedSize(256, 256);
-        control.show();
-        WaitForPicture();
-    }
-
-    void WaitForPicture()
-    {
-        QEventLoop loop;
-        QObject::connect(view, &studio::ViewportWidget::pictureShown, &loop, &QEventLoop::quit);
-        QObject::connect(view, &studio::ViewportWidget::failed, &loop, &QEventLoop::quit);
-        loop.exec();
-    }
-
-    CorvexTest::CallLog log;
-    CorvexTest::RecordingHost memory{log};
-    CorvexTest::RecordingPlatform desktop{log};
-    CorvexMaterial::QtPlatform realDesktop;
-    studio::RenderService service;
-    studio::HostViewportFactory viewports{service};
-    studio::StudioSceneGraph graph;
-    CorvexMaterial::Host host = HostWith(memory, viewports);
-    CorvexMaterial::Platform platform{
-        desktop.settings,       desktop.prompts,           desktop.choosers,    desktop.processes,
-        desktop.temporaryFiles, realDesktop.Get().library, desktop.imageFormats};
-    CorvexMaterial::Material control{host, platform, nullptr};
-    studio::ViewportWidget* view = nullptr;
-
-private:
-    static CorvexMaterial::Host HostWith(CorvexTest::RecordingHost& memory,
-                                         CorvexViewport::ViewportFactory& viewports)
-    {
-        return {memory.applicationState, memory.diagnostics,
-                memory.graphics,         memory.materialLibrary,
-                memory.textureLibrary,   memory.plugins,
-                memory.customFields,     memory.raytrace,
-                memory.exporter,         viewports,
-                memory.editports,        memory.numbers};
-    }
-};
-
+using CorvexBenchmark::Clock;
+using CorvexBenchmark::MedianOf;
+using CorvexBenchmark::PreviewedControl;
+using CorvexBenchmark::SecondsSince;
 using CorvexMaterial::Material;
 using PutFile = CorvexMaterial::Status (Material::*)(const std::string&);
 

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "material/Material.h"
+#include "platform/QtPlatform.h"
+#include "studio/render/RenderService.h"
+#include "studio/render/ViewportWidget.h"
+#include "studio/scene/HostViewport.h"
+#include "tests/support/RecordingHost.h"
+#include "tests/support/RecordingPlatform.h"
+
+#include <QEventLoop>
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+namespace CorvexBenchmark {
+
+using Clock = std::chrono::steady_clock;
+
+inline double SecondsSince(Clock::time_point start)
+{
+    return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+inline double MedianOf(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+/// A control whose preview is the real one; everything else of its host is in memory.
+class PreviewedControl {
+public:
+    /// The table outlives this object; null means the one in memory.
+    explicit PreviewedControl(CorvexDB::PluginTable* table = nullptr)
+        : plugins(table != nullptr ? *table : memory.plugins)
+    {
+        control.SetSceneDetails(graph);
+        control.InitializeMaterialPreviewScene();
+        control.LoadSavedStatus();
+        control.put_bMaterialPanel(true);
+        view = control.findChild<studio::ViewportWidget*>();
+        view->setFixedSize(256, 256);
+        control.show();
+        WaitForPicture();
+    }
+
+    void WaitForPicture()
+    {
+        QEventLoop loop;
+        QObject::connect(view, &studio::ViewportWidget::pictureShown, &loop, &QEventLoop::quit);
+        QObject::connect(view, &studio::ViewportWidget::failed, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+
+    CorvexTest::CallLog log;
+    CorvexTest::RecordingHost memory{log};
+    CorvexTest::RecordingPlatform desktop{log};
+    CorvexDB::PluginTable& plugins;
+    CorvexMaterial::QtPlatform realDesktop;
+    studio::RenderService service;
+    studio::HostViewportFactory viewports{service};
+    studio::StudioSceneGraph graph;
+    CorvexMaterial::Host host = HostWith(memory, viewports, plugins);
+    CorvexMaterial::Platform platform{
+        desktop.settings,       desktop.prompts,           desktop.choosers,    desktop.processes,
+        desktop.temporaryFiles, realDesktop.Get().library, desktop.imageFormats};
+    CorvexMaterial::Material control{host, platform, nullptr};
+    studio::ViewportWidget* view = nullptr;
+
+private:
+    static CorvexMaterial::Host HostWith(CorvexTest::RecordingHost& memory,
+                                         CorvexViewport::ViewportFactory& viewports,
+                                         CorvexDB::PluginTable& plugins)
+    {
+        return {memory.applicationState, memory.diagnostics,
+                memory.graphics,         memory.materialLibrary,
+                memory.textureLibrary,   plugins,
+                memory.customFields,     memory.raytrace,
+                memory.exporter,         viewports,
+                memory.editports,        memory.numbers};
+    }
+};
+
+}  // namespace CorvexBenchmark
