@@ -5,6 +5,8 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <chrono>
+#include <thread>
 
 namespace studio {
 namespace {
@@ -12,7 +14,9 @@ namespace {
 // Far beyond any material or thumbnail, and small enough that a hostile file cannot fill the
 // memory.
 constexpr int kMostValueBytes = 16 << 20;
-constexpr int kMostWaitMilliseconds = 5000;
+
+constexpr std::chrono::milliseconds kMostWait{5000};
+constexpr std::chrono::milliseconds kPause{2};
 
 struct SqliteCause {
     int code;
@@ -83,6 +87,13 @@ sqlite3* OpenedConnection(const std::string& path, Database::Mode mode)
     return handle;
 }
 
+// Shorter pauses than SQLite's own: between the changes of a busy writer there is little time.
+int WaitForOthers(void*, int pauses)
+{
+    std::this_thread::sleep_for(kPause);
+    return pauses * kPause < kMostWait ? 1 : 0;
+}
+
 void Disarm(sqlite3* handle)
 {
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
@@ -90,8 +101,9 @@ void Disarm(sqlite3* handle)
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kMostValueBytes);
-    sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 0);
-    sqlite3_busy_timeout(handle, kMostWaitMilliseconds);
+    // One, which VACUUM takes for its copy.
+    sqlite3_limit(handle, SQLITE_LIMIT_ATTACHED, 1);
+    sqlite3_busy_handler(handle, WaitForOthers, nullptr);
 }
 
 Statement::Handle Compiled(sqlite3* handle, std::string_view sql)

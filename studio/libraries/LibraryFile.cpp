@@ -14,6 +14,7 @@
 #include <cerrno>
 #include <limits>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace studio {
@@ -36,18 +37,23 @@ std::string ValidUtf8(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
 }
 
+// Of the user the process acts for; plain `access` asks about the one who started it.
+bool MayWrite(const QString& path)
+{
+    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+}
+
 std::string WriteObstacle(const Database& database)
 {
     const QFileInfo file(QString::fromStdString(database.Path()));
-    if (::access(QFile::encodeName(file.filePath()).constData(), W_OK) != 0) {
+    if (!MayWrite(file.filePath())) {
         return errno == EROFS ? "the file system may only be read"
                               : "you have no right to write to the file";
     }
     if (database.IsReadOnly()) {
         return "the file may only be read";
     }
-    const QByteArray folder = QFile::encodeName(file.absolutePath());
-    return ::access(folder.constData(), W_OK) == 0
+    return MayWrite(file.absolutePath())
                ? ""
                : "you have no right to write to its folder, which every change needs";
 }
@@ -74,7 +80,12 @@ LibraryFile LibraryFile::Open(const std::string& path, LibraryKind kind)
 {
     const std::string absolute = AbsolutePath(path);
     CheckLibraryHeader(absolute, kind);
-    return {Database(absolute, Database::Mode::Existing), kind};
+    try {
+        return {Database(absolute, Database::Mode::Existing), kind};
+    } catch (const CorvexMaterial::Error&) {
+        RefuseTruncated(absolute);
+        throw;
+    }
 }
 
 void LibraryFile::Create(const std::string& path, LibraryKind kind)
@@ -213,11 +224,9 @@ void LibraryFile::Remove(std::span<const EntryId> ids)
             SetTrashed(id, latest + 1);
         }
     });
-    for (const EntryId id : ids) {
-        if (const auto index = IndexOf(id)) {
-            m_ids.erase(m_ids.begin() + *index);
-        }
-    }
+    std::vector<EntryId> removed(ids.begin(), ids.end());
+    std::ranges::sort(removed);
+    std::erase_if(m_ids, [&](EntryId id) { return std::ranges::binary_search(removed, id); });
 }
 
 void LibraryFile::Restore(std::span<const EntryId> ids)
@@ -231,9 +240,8 @@ void LibraryFile::Restore(std::span<const EntryId> ids)
             }
         }
     });
-    for (const EntryId id : restored) {
-        m_ids.insert(std::ranges::lower_bound(m_ids, id), id);
-    }
+    m_ids.insert(m_ids.end(), restored.begin(), restored.end());
+    std::ranges::sort(m_ids);
 }
 
 std::vector<TrashedEntry> LibraryFile::Trash()

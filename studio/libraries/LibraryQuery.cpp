@@ -47,7 +47,10 @@ public:
             m_rest.remove_prefix(1);
         }
         word.value = Piece(m_rest.front() == '"' ? "" : ":<>=!~");
-        if (!m_rest.empty() && !IsBlank(m_rest.front()) && !word.value.empty()) {
+        if (word.value.empty()) {
+            // What begins with a sign has no key: it is part of a name as it stands.
+            word.value = Piece("");
+        } else if (!m_rest.empty() && !IsBlank(m_rest.front())) {
             word.key = Folded(word.value);
             word.operatorText = Operator();
             word.value = Piece("");

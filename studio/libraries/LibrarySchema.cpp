@@ -156,12 +156,22 @@ void CheckLibraryTables(Database& database)
     if (found != kObjects.size()) {
         ThrowLibraryError(database.Path(), "tables of a library are missing");
     }
-    const std::int64_t promised =
-        database.Integer("PRAGMA page_count") * database.Integer("PRAGMA page_size");
-    const std::int64_t actual = QFileInfo(QString::fromStdString(database.Path())).size();
+}
+
+void RefuseTruncated(const std::string& path)
+{
+    const QString file = QString::fromStdString(path);
+    const QByteArray header = HeaderOf(file);
+    if (header.size() < kHeaderBytes) {
+        return;
+    }
+    // A page size of 65536 does not fit and is stored as 1.
+    const qint64 storedSize = qFromBigEndian<std::uint16_t>(header.constData() + 16);
+    const qint64 promised = (storedSize == 1 ? 65536 : storedSize) * Word(header, 28);
+    const qint64 actual = QFileInfo(file).size();
     if (actual < promised) {
-        ThrowLibraryError(database.Path(), "it is truncated: " + std::to_string(actual) + " of " +
-                                               std::to_string(promised) + " bytes are left");
+        ThrowLibraryError(path, "it is truncated: " + std::to_string(actual) + " of " +
+                                    std::to_string(promised) + " bytes are left");
     }
 }
 

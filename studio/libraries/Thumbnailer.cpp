@@ -35,6 +35,8 @@ QImage Thumbnailer::OfMaterial(const CorvexDB::udtMaterial& material) const
     FrameItem item;
     item.mesh = m_sphere;
     item.material = std::make_shared<CorvexDB::udtMaterial>(material);
+    // As the panel's preview: the wrap makes the coordinates.
+    item.coordinates = CorvexSG::CoordinateMode::FromWrap;
     Frame frame;
     frame.items.push_back(std::move(item));
     frame.camera = Framed(ThumbnailCamera(), frame.items);
@@ -64,7 +66,8 @@ Thumbnailer::TexturePicture Thumbnailer::OfTexture(const std::string& file)
     Texture texture;
     texture.image = read.image;
     texture.error = read.error;
-    return {ThumbnailOf(texture, kThumbnailSide), read.image.size(), read.error};
+    return {ThumbnailOf(texture, kThumbnailSide), read.image.size(),
+            read.error.empty() ? std::string() : file + ": " + read.error};
 }
 
 std::string Thumbnailer::Png(const QImage& image)

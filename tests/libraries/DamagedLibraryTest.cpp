@@ -1,0 +1,177 @@
+#include "tests/libraries/SampleMaterials.h"
+
+#include "studio/libraries/LibraryReading.h"
+#include "tests/libraries/fuzz/FuzzLibrary.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <sqlite3.h>
+
+namespace {
+
+using LibraryTest::ErrorOf;
+using LibraryTest::TemporaryLibrary;
+using testing::AllOf;
+using testing::HasSubstr;
+
+void Sql(const std::string& path, const char* statements)
+{
+    sqlite3* handle = nullptr;
+    sqlite3_open(path.c_str(), &handle);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 0, nullptr);
+    char* error = nullptr;
+    sqlite3_exec(handle, statements, nullptr, nullptr, &error);
+    EXPECT_EQ(error, nullptr) << error;
+    sqlite3_close(handle);
+}
+
+void Fill(const TemporaryLibrary& temporary, int entries)
+{
+    auto library = temporary.Open();
+    std::mt19937 dice(1);
+    std::vector<studio::NewEntry> all;
+    for (int i = 0; i < entries; ++i) {
+        all.push_back(studio::EntryOfMaterial(
+            {"entry " + std::to_string(i), LibraryTest::AnyMaterial(dice)}, "/"));
+        all.back().png.assign(300, 'x');
+    }
+    library.Add(all);
+}
+
+struct Damage {
+    const char* name;
+    void (*apply)(const TemporaryLibrary&);
+    const char* cause;
+};
+
+void ReplaceBytes(const TemporaryLibrary& temporary, int offset, const QByteArray& bytes)
+{
+    temporary.SetBytes(temporary.Bytes().replace(offset, bytes.size(), bytes));
+}
+
+const std::array kDamages{
+    Damage{"Empty", [](const auto& t) { t.SetBytes({}); }, "it is empty"},
+    Damage{"Text", [](const auto& t) { t.SetBytes("Not a library at all\n"); }, "not a library"},
+    Damage{"HeaderOnly", [](const auto& t) { t.SetBytes(t.Bytes().first(100)); }, "truncated"},
+    Damage{"LastPageGone", [](const auto& t) { t.SetBytes(t.Bytes().chopped(4096)); }, "truncated"},
+    Damage{"OtherKind", [](const auto& t) { ReplaceBytes(t, 68, "CvxT"); }, "texture library"},
+    Damage{"OtherProgram", [](const auto& t) { ReplaceBytes(t, 68, "abcd"); }, "another program"},
+    Damage{"LaterVersion", [](const auto& t) { Sql(t.Path(), "PRAGMA user_version = 7"); },
+           "later version of the studio (format 7"},
+    Damage{"WriteAheadLog", [](const auto& t) { ReplaceBytes(t, 18, "\x02\x02"); }, "header"},
+    Damage{"SchemaOverwritten",
+           [](const auto& t) { ReplaceBytes(t, 100, QByteArray(3000, '\xAA')); }, "damaged"},
+    Damage{"ViewAsTable",
+           [](const auto& t) {
+               Sql(t.Path(),
+                   "ALTER TABLE entries RENAME TO hidden; DROP INDEX entries_in_order;"
+                   "DROP INDEX entries_by_name; CREATE VIEW entries AS SELECT * FROM hidden");
+           },
+           "not those of a library"},
+    Damage{"ViewWithTheTablesText",
+           [](const auto& t) {
+               Sql(t.Path(), "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET type = 'view' "
+                             "WHERE name = 'contents'");
+           },
+           "damaged"},
+    Damage{"Trigger",
+           [](const auto& t) {
+               Sql(t.Path(),
+                   "CREATE TRIGGER gone AFTER INSERT ON entries BEGIN DELETE FROM contents; END");
+           },
+           "not those of a library"},
+    Damage{"TableMissing", [](const auto& t) { Sql(t.Path(), "DROP TABLE thumbnails"); },
+           "are missing"},
+};
+
+class RefusedLibrary : public testing::TestWithParam<Damage> {};
+
+TEST_P(RefusedLibrary, IsNamedWithTheCauseAndLeftAsItWas)
+{
+    const TemporaryLibrary temporary;
+    Fill(temporary, 40);
+    GetParam().apply(temporary);
+    const QByteArray before = temporary.Bytes();
+    EXPECT_THAT(ErrorOf([&] { static_cast<void>(temporary.Open()); }),
+                AllOf(HasSubstr(temporary.Path()), HasSubstr(GetParam().cause)));
+    EXPECT_EQ(temporary.Bytes(), before);
+    const QDir folder(QString::fromStdString(temporary.PathOf("")));
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList("some.cvm"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, RefusedLibrary, testing::ValuesIn(kDamages),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(RefusedPaths, AreNamed)
+{
+    const TemporaryLibrary temporary;
+    for (const std::string& path : {temporary.PathOf("missing.cvm"), temporary.PathOf(""),
+                                    std::string("/dev/null"), std::string("file:///dev/zero")}) {
+        const auto open = [&] {
+            static_cast<void>(studio::LibraryFile::Open(path, studio::LibraryKind::Materials));
+        };
+        EXPECT_THAT(ErrorOf(open), HasSubstr("Library '/")) << path;
+    }
+}
+
+TEST(HostileEntries, CostOnlyThemselves)
+{
+    const TemporaryLibrary temporary;
+    Fill(temporary, 8);
+    // Strict tables take no wrong types, so that the texts are planted as what they are not.
+    Sql(temporary.Path(),
+        "UPDATE contents SET json = CAST(x'FF7B7D' AS TEXT) WHERE entry = 1;"
+        "UPDATE contents SET json = CAST(zeroblob(20000000) AS TEXT) WHERE entry = 2;"
+        "UPDATE thumbnails SET png = zeroblob(20000000) WHERE entry = 3;"
+        "UPDATE entries SET name = CAST(x'41FF42' AS TEXT) WHERE id = 4;"
+        "DELETE FROM contents WHERE entry = 5;"
+        "PRAGMA writable_schema = 1;"
+        "UPDATE sqlite_schema SET sql = replace(sql, ' STRICT', '') WHERE name = 'entries';");
+    Sql(temporary.Path(),
+        "UPDATE entries SET name = x'00', colour = 'red' WHERE id = 6;"
+        "PRAGMA writable_schema = 1;"
+        "UPDATE sqlite_schema SET sql = sql || ' STRICT' WHERE name = 'entries';");
+    auto library = temporary.Open();
+    ASSERT_EQ(library.Count(), 8);
+    const auto material = [&](std::int32_t index) {
+        return ErrorOf([&] { static_cast<void>(studio::ReadMaterial(library, index)); });
+    };
+    EXPECT_THAT(material(0),
+                AllOf(HasSubstr(temporary.Path()), HasSubstr("\"entry 0\" is damaged")));
+    EXPECT_THAT(material(1), HasSubstr("larger than"));
+    EXPECT_THAT(ErrorOf([&] { static_cast<void>(library.ThumbnailAt(2)); }), HasSubstr("larger"));
+    EXPECT_EQ(library.NameAt(3), "A\xEF\xBF\xBD"
+                                 "B");
+    EXPECT_THAT(material(4), HasSubstr("no longer there"));
+    EXPECT_EQ(library.NameAt(5), "");
+    EXPECT_EQ(material(7), "");
+    FuzzLibrary(temporary.Path());
+}
+
+// The same as the fuzzer does at length.
+TEST(DamagedLibraries, AreNoDangerWhateverTheirBytes)
+{
+    const TemporaryLibrary temporary;
+    Fill(temporary, 12);
+    const QByteArray good = temporary.Bytes();
+    std::mt19937 dice(3);
+    const auto below = [&](qsizetype limit) {
+        return static_cast<qsizetype>(dice() % static_cast<std::uint32_t>(limit));
+    };
+    for (int round = 0; round < 90; ++round) {
+        QByteArray bytes = round % 3 == 0 ? good.first(below(good.size())) : good;
+        for (auto flips = below(6); flips > 0 && !bytes.isEmpty(); --flips) {
+            const auto at =
+                below(round % 2 == 0 ? bytes.size() : std::min<qsizetype>(4096, bytes.size()));
+            bytes[at] = static_cast<char>(bytes.at(at) ^ (1 << below(8)));
+        }
+        temporary.SetBytes(bytes);
+        FuzzLibrary(temporary.Path());
+        QFile::remove(QString::fromStdString(temporary.Path()) + QStringLiteral("-journal"));
+    }
+}
+
+}  // namespace

@@ -1,0 +1,137 @@
+#include "tests/libraries/SampleMaterials.h"
+
+#include "studio/libraries/LibraryReading.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+
+namespace {
+
+using LibraryTest::NamesIn;
+using testing::ElementsAre;
+
+struct Outcome {
+    int exitCode = -1;
+    QString output;
+    QString errors;
+};
+
+Outcome OutcomeOf(const QString& program, const QStringList& arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished(60000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+class LibraryCommands : public testing::Test {
+protected:
+    Outcome Library(const QStringList& arguments)
+    {
+        return OutcomeOf(QStringLiteral(STUDIO_PROGRAM), QStringList("library") + arguments);
+    }
+    void Expect(const QStringList& arguments)
+    {
+        const Outcome outcome = Library(arguments);
+        EXPECT_EQ(outcome.exitCode, 0)
+            << arguments.join(' ').toStdString() << outcome.errors.toStdString();
+    }
+    [[nodiscard]] QString PathOf(const char* name) const
+    {
+        return QString::fromStdString(m_temporary.PathOf(name));
+    }
+
+    LibraryTest::TemporaryLibrary m_temporary;
+    QString m_library = QString::fromStdString(m_temporary.Path());
+};
+
+TEST_F(LibraryCommands, AddListExportImportRemoveRestore)
+{
+    Expect({"add", m_library, "--name", "Clear \xC3\xA4", "--material", "transparency=80"});
+    Expect({"add", m_library, "--material", "colour=gold"});
+    EXPECT_EQ(Library({"list", m_library}).output, QString::fromUtf8("Clear \xC3\xA4\nGold\n"));
+    const QString found = Library({"list", m_library, "--find", "color~gold", "--json"}).output;
+    EXPECT_TRUE(found.contains("\"name\":\"Gold\"") && found.count('\n') == 1)
+        << found.toStdString();
+
+    Expect({"export", m_library, "--out", PathOf("all.json")});
+    Expect({"import", PathOf("new.cvm"), PathOf("all.json"), PathOf("all.json")});
+    auto copy =
+        studio::LibraryFile::Open(m_temporary.PathOf("new.cvm"), studio::LibraryKind::Materials);
+    EXPECT_THAT(NamesIn(copy), ElementsAre("Clear \xC3\xA4", "Gold", "Clear \xC3\xA4", "Gold"));
+    EXPECT_EQ(studio::ReadMaterial(copy, 0).material.Transparency, 80);
+    EXPECT_EQ(copy.ThumbnailAt(3).substr(1, 3), "PNG");
+
+    Expect({"remove", m_library, "gold"});
+    EXPECT_EQ(Library({"trash", m_library}).output, "Gold\n");
+    Expect({"restore", m_library, "Gold"});
+    Expect({"remove", m_library, "Gold"});
+    Expect({"empty-trash", m_library});
+    EXPECT_EQ(Library({"trash", m_library}).output, "");
+    Expect({"validate", m_library});
+}
+
+TEST_F(LibraryCommands, TellEveryProblemAndEndWithOne)
+{
+    studio::NamedMaterial named{"textured", {}};
+    named.material.Textures.bump = "/no/such/image.png";
+    auto odd = LibraryTest::EntryNamed("odd");
+    odd.json = R"({"wrap":9})";
+    m_temporary.Open().Add(std::vector{studio::EntryOfMaterial(named, "/"), odd});
+    const Outcome checked = Library({"validate", m_library, "--json"});
+    EXPECT_EQ(checked.exitCode, 1);
+    EXPECT_TRUE(checked.errors.contains("/no/such/image.png"));
+    EXPECT_TRUE(checked.errors.contains("\"odd\": \"wrap\""));
+    EXPECT_EQ(checked.output, "{\"checked\":2,\"good\":false}\n");
+    const Outcome missing = Library({"list", PathOf("missing.cvm")});
+    EXPECT_EQ(missing.exitCode, 1);
+    EXPECT_TRUE(missing.errors.contains("missing.cvm"));
+    const Outcome unread = Library({"import", PathOf("new.cvm"), PathOf("missing.json")});
+    EXPECT_EQ(unread.exitCode, 1);
+    EXPECT_FALSE(QFile::exists(PathOf("new.cvm"))) << "nothing is made for nothing";
+}
+
+TEST_F(LibraryCommands, ExplainWrongUseAndEndWithTwo)
+{
+    for (const char* line :
+         {"", "paint a.cvm", "list", "list a.cvm b.cvm", "export a.cvm", "import a.cvm",
+          "list a.cvm --shard 3/2", "list a.cvm --shard 0/1", "list a.cvm --find shine>3",
+          "list a.cvm --nonsense", "add a.cvm --material colour=mud"}) {
+        const Outcome outcome = Library(QString(line).split(' ', Qt::SkipEmptyParts));
+        EXPECT_EQ(outcome.exitCode, 2) << line;
+        EXPECT_TRUE(outcome.errors.contains("--help")) << line;
+    }
+}
+
+// As the manual has it, with the tool that is installed; both start the same processes.
+TEST_F(LibraryCommands, DrawThumbnailsInParallelProcesses)
+{
+    std::vector<studio::NewEntry> entries;
+    for (int i = 0; i < 11; ++i) {
+        entries.push_back(LibraryTest::EntryNamed(std::to_string(i)));
+    }
+    m_temporary.Open().Add(entries);
+    const bool hasParallel = !QStandardPaths::findExecutable("parallel").isEmpty();
+    const QString draw = QStringLiteral(STUDIO_PROGRAM) + " library thumbnails " + m_library;
+    const QString script =
+        hasParallel ? QStringLiteral("parallel -j 2 %1 --shard {}/3 ::: 1 2 3").arg(draw)
+                    : QStringLiteral("seq 3 | xargs -P 2 -I{} %1 --shard {}/3").arg(draw);
+    const Outcome run = OutcomeOf("sh", {"-c", script});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    auto library = m_temporary.Open();
+    for (std::int32_t index = 0; index < library.Count(); ++index) {
+        EXPECT_FALSE(library.ThumbnailAt(index).empty()) << index;
+    }
+    Expect({"thumbnails", m_library, "--out", PathOf("pictures"), "--shard", "2/3"});
+    EXPECT_EQ(QDir(PathOf("pictures")).entryList(QDir::Files),
+              QStringList({"000001.png", "000004.png", "000007.png", "000010.png"}));
+    EXPECT_EQ(Library({"thumbnails", m_library, "--missing"}).output, "Thumbnails drawn: 0.\n");
+}
+
+}  // namespace

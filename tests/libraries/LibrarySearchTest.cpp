@@ -1,0 +1,150 @@
+#include "tests/libraries/SampleMaterials.h"
+
+#include "studio/libraries/LibraryQuery.h"
+#include "studio/libraries/TextureText.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using testing::HasSubstr;
+
+/// One library for all searches.
+class Searching : public testing::Test {
+protected:
+    Searching() : m_library(m_temporary.Open())
+    {
+        Add("Oak", [](auto& m) { m.Textures.primary = "/t/Oak Bark.PNG"; });
+        Add("Gold ring", [](auto& m) {
+            m.Color = CorvexMaterial::MakeColour({250, 210, 10});
+            m.Specular = 90;
+        });
+        Add("Window: blue", [](auto& m) {
+            m.Color = CorvexMaterial::MakeColour({0, 0, 250});
+            m.Transparency = 75;
+            m.DoubleSided = true;
+        });
+        Add("\xC3\x84hre", [](auto& m) {
+            m.Plugin = "Brick";
+            m.Textures.bump = "/t/grain.png";
+            m.CustomFields[1] = "Acme & Sons";
+        });
+        Add("Deleted oak", [](auto&) {});
+        m_library.Remove(m_library.IdAt(4));
+    }
+
+    std::string Found(const std::string& text)
+    {
+        const auto reading = studio::ReadLibraryQuery(text);
+        if (const auto* problem = std::get_if<std::string>(&reading)) {
+            return *problem;
+        }
+        std::string found;
+        for (const auto index : m_library.Search(std::get<studio::LibraryQuery>(reading))) {
+            found += std::to_string(index);
+        }
+        return found;
+    }
+
+private:
+    void Add(const char* name, const std::function<void(CorvexDB::udtMaterial&)>& change)
+    {
+        studio::NamedMaterial named{name, {}};
+        change(named.material);
+        m_library.Add(studio::EntryOfMaterial(named, "/", {"", "Supplier"}));
+    }
+
+    LibraryTest::TemporaryLibrary m_temporary;
+    studio::LibraryFile m_library;
+};
+
+struct Search {
+    const char* query;
+    const char* found;
+};
+
+TEST_F(Searching, FindsByNameAndProperty)
+{
+    for (const auto& [query, found] : {
+             Search{"", "0123"},
+             Search{"  OAK ", "0"},
+             Search{"o", "012"},
+             Search{"gold ring", "1"},
+             Search{"\"gold  ring\"", ""},
+             Search{"\"Window: b\"", "2"},
+             Search{"\xC3\xA4HR", "3"},
+             Search{"%", ""},
+             Search{"-oak", "123"},
+             Search{"-", ""},
+             Search{"name:ring", "1"},
+             Search{"transparency>30", "2"},
+             Search{"transparency<=0 -oak", "13"},
+             Search{"SPECULAR>=90 specular<1e3", "1"},
+             Search{"specular!=0", "1"},
+             Search{"has:bump", "3"},
+             Search{"has:texture", "0"},
+             Search{"-has:plugin", "012"},
+             Search{"has:field", "3"},
+             Search{"has:thumbnail", ""},
+             Search{"is:doublesided", "2"},
+             Search{"color~gold", "1"},
+             Search{"colour~#0000ff", "2"},
+             Search{"color~\"alice blue\" -has:plugin", "0"},
+             Search{"color=blue", ""},
+             Search{"plugin:bri", "3"},
+             Search{"file:\"oak bark\"", "0"},
+             Search{"field:supplier=\"acme & sons\"", "3"},
+             Search{"field:Supplier", "3"},
+             Search{"field:2=\"Acme & Sons\"", "3"},
+             Search{"field:Supplier=acme", ""},
+             Search{"width>0", ""},
+         }) {
+        EXPECT_EQ(Found(query), found) << query;
+    }
+}
+
+TEST_F(Searching, SaysWhatIsWrongWithAQuery)
+{
+    for (const auto& [query, problem] : {
+             Search{"transparancy>30", "\"transparancy\" cannot be searched for"},
+             Search{"transparency>", "needs a number"},
+             Search{"transparency>3x", "needs a number"},
+             Search{"transparency>nan", "needs a number"},
+             Search{"transparency~3", "compared with"},
+             Search{"has:", "needs a value, as in has:bump"},
+             Search{"has:bumps", "has: knows texture"},
+             Search{"has>bump", "like has:bump"},
+             Search{"color~mud", "\"mud\" is no colour"},
+             Search{"color~#12", "is no colour"},
+             Search{"is:nice", "is: knows"},
+             Search{"oak field=x", "like field:Supplier=Acme"},
+         }) {
+        EXPECT_THAT(Found(query), HasSubstr(problem)) << query;
+    }
+}
+
+TEST_F(Searching, TakesWhateverIsTyped)
+{
+    std::mt19937 dice(7);
+    const std::string signs = "-:<>=!~\"'%;?ab1 #\\\xC3(";
+    for (int round = 0; round < 3000; ++round) {
+        std::string text;
+        for (auto length = dice() % 12; length > 0; --length) {
+            text += signs[dice() % signs.size()];
+        }
+        static_cast<void>(Found(text));
+    }
+}
+
+TEST(TextureSearch, FindsByFileAndSize)
+{
+    const LibraryTest::TemporaryLibrary temporary(studio::LibraryKind::Textures);
+    auto library = temporary.Open();
+    library.Add(studio::EntryOfTexture("/t/oak.png", "/t", {512, 256}));
+    library.Add(studio::EntryOfTexture("/t/pine.tif", "/t"));
+    const auto query = studio::ReadLibraryQuery("width>=512 height<512 file:png");
+    EXPECT_THAT(library.Search(std::get<studio::LibraryQuery>(query)), testing::ElementsAre(0));
+    EXPECT_EQ(library.NameAt(1), "pine");
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include "tests/libraries/fuzz/FuzzLibrary.h"
+
+#include "host/Status.h"
+#include "studio/libraries/LibraryFile.h"
+#include "studio/libraries/LibraryQuery.h"
+#include "studio/libraries/LibraryReading.h"
+
+#include <cstdlib>
+
+namespace {
+
+using studio::LibraryFile;
+
+constexpr std::int32_t kMostEntries = 50;
+
+template <typename Work>
+void Try(const Work& work)
+{
+    try {
+        work();
+    } catch (const CorvexMaterial::Error& error) {
+        if (std::string(error.what()).find("Library '/") == std::string::npos) {
+            std::abort();
+        }
+    }
+}
+
+void ReadEntries(LibraryFile& library)
+{
+    for (std::int32_t index = 0; index < std::min(library.Count(), kMostEntries); ++index) {
+        Try([&] { static_cast<void>(library.NameAt(index)); });
+        Try([&] { static_cast<void>(library.ThumbnailAt(index)); });
+        Try([&] { static_cast<void>(studio::ReadMaterial(library, index)); });
+        Try([&] { static_cast<void>(studio::ReadTexture(library, index)); });
+    }
+}
+
+void Search(LibraryFile& library)
+{
+    const auto query = studio::ReadLibraryQuery("-a color~gold -has:bump -plugin:x -specular>5");
+    for (const auto index : library.Search(std::get<studio::LibraryQuery>(query))) {
+        if (index < 0 || index >= library.Count()) {
+            std::abort();
+        }
+    }
+}
+
+void Change(LibraryFile& library)
+{
+    const studio::EntryId id = library.Add(studio::EntryOfMaterial({"new", {}}, "/"));
+    if (library.IndexOf(id) != library.Count() - 1) {
+        std::abort();
+    }
+    library.Remove(library.IdAt(0));
+    library.EmptyTrash();
+}
+
+}  // namespace
+
+void FuzzLibrary(const std::string& path)
+{
+    for (const auto kind : {studio::LibraryKind::Materials, studio::LibraryKind::Textures}) {
+        Try([&] {
+            LibraryFile library = LibraryFile::Open(path, kind);
+            ReadEntries(library);
+            Try([&] { Search(library); });
+            Try([&] { static_cast<void>(library.Trash()); });
+            Try([&] { static_cast<void>(library.StructureProblems()); });
+            Try([&] { Change(library); });
+        });
+    }
+}

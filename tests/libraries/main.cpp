@@ -1,0 +1,18 @@
+#include "tests/libraries/WriterProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    if (const auto exit = LibraryTest::RunWriterIfAsked(argc, argv)) {
+        return *exit;
+    }
+    testing::InitGoogleTest(&argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
