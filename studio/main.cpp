@@ -1,6 +1,7 @@
 #include "studio/app/CommandLine.h"
 #include "studio/app/Studio.h"
 #include "studio/import/ImportProcess.h"
+#include "studio/interchange/GltfProcess.h"
 
 #include <QStringList>
 
@@ -8,6 +9,9 @@ int main(int argc, char** argv)
 {
     // First of all: the importing process has to be free of everything that a crash could harm.
     if (const auto importExit = studio::RunModelImportIfAsked(argc, argv)) {
+        return *importExit;
+    }
+    if (const auto importExit = studio::RunMaterialImportIfAsked(argc, argv)) {
         return *importExit;
     }
     QStringList arguments;

@@ -1,10 +1,11 @@
 #include "studio/import/AssimpMaterial.h"
 
+#include "studio/interchange/Amounts.h"
+#include "studio/render/MaterialModel.h"
+
 #include <assimp/GltfMaterial.h>
 #include <assimp/material.h>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace studio {
@@ -13,35 +14,9 @@ namespace {
 
 constexpr std::int32_t kAlphaTestGreaterOrEqual = 6;
 
-// False for NaN as well, which a file may hold.
-float Fraction(float value)
+Rgb RgbOf(const aiColor4D& colour)
 {
-    return value >= 0.0F ? std::min(value, 1.0F) : 0.0F;
-}
-
-std::int32_t Percent(float fraction)
-{
-    return static_cast<std::int32_t>(std::lround(100.0F * Fraction(fraction)));
-}
-
-float Strongest(const aiColor4D& colour)
-{
-    return std::max({Fraction(colour.r), Fraction(colour.g), Fraction(colour.b)});
-}
-
-float DisplayFromLinear(float value)
-{
-    const float fraction = Fraction(value);
-    return fraction <= 0.0031308F ? 12.92F * fraction
-                                  : 1.055F * std::pow(fraction, 1.0F / 2.4F) - 0.055F;
-}
-
-CorvexDB::Colour ColourFrom(const aiColor4D& colour)
-{
-    const auto byte = [](float value) {
-        return static_cast<int>(std::lround(255.0F * Fraction(value)));
-    };
-    return CorvexMaterial::MakeColour({byte(colour.r), byte(colour.g), byte(colour.b)});
+    return {CutToUnit(colour.r), CutToUnit(colour.g), CutToUnit(colour.b)};
 }
 
 // The values of one material by key, each with what to take when the file has none.
@@ -67,38 +42,62 @@ private:
     const aiMaterial& m_material;
 };
 
+// One of the older kind has gloss in place of roughness, and its colour elsewhere.
+bool IsGlossy(const Values& values)
+{
+    return values.Has(AI_MATKEY_GLOSSINESS_FACTOR) && values.Has(AI_MATKEY_COLOR_SPECULAR);
+}
+
+float AlphaOf(const Values& values)
+{
+    return IsGlossy(values) ? values.Get(AI_MATKEY_COLOR_DIFFUSE, aiColor4D(1.0F)).a
+                            : values.Get(AI_MATKEY_OPACITY, 1.0F);
+}
+
 void TakeAlpha(const Values& values, CorvexDB::udtMaterial& material)
 {
     const std::string mode = values.Get(AI_MATKEY_GLTF_ALPHAMODE, aiString()).C_Str();
+    const bool covers = mode != "MASK" && mode != "OPAQUE";
+    const float alpha = covers ? CutToUnit(AlphaOf(values)) : 1.0F;
+    const float through = CutToUnit(values.Get(AI_MATKEY_TRANSMISSION_FACTOR, 0.0F));
+    material.Transparency = PercentOf(1.0F - alpha * (1.0F - through));
     if (mode == "MASK") {
-        const float cutoff = values.Get(AI_MATKEY_GLTF_ALPHACUTOFF, 0.5F);
+        const float cutoff = CutToUnit(values.Get(AI_MATKEY_GLTF_ALPHACUTOFF, 0.5F));
         material.AlphaTest = kAlphaTestGreaterOrEqual;
-        material.AlphaTestReference =
-            static_cast<std::int32_t>(std::lround(255 * Fraction(cutoff)));
-    } else if (mode != "OPAQUE") {
-        material.Transparency = Percent(1.0F - values.Get(AI_MATKEY_OPACITY, 1.0F));
+        material.AlphaTestReference = static_cast<std::int32_t>(std::lround(255.0F * cutoff));
     }
 }
 
-// A metal-and-roughness material: its colours are linear light, ours are as displayed.
+// A metal-and-roughness material: its colours are light, ours are as displayed.
 void TakePhysicalLook(const Values& values, CorvexDB::udtMaterial& material)
 {
-    aiColor4D colour = values.Get(AI_MATKEY_BASE_COLOR, aiColor4D(1.0F));
-    for (float* component : {&colour.r, &colour.g, &colour.b}) {
-        *component = DisplayFromLinear(*component);
-    }
-    material.Color = ColourFrom(colour);
-    material.Specular = Percent(1.0F - values.Get(AI_MATKEY_ROUGHNESS_FACTOR, 1.0F));
+    const bool glossy = IsGlossy(values);
+    const Rgb base = RgbOf(glossy ? values.Get(AI_MATKEY_COLOR_DIFFUSE, aiColor4D(1.0F))
+                                  : values.Get(AI_MATKEY_BASE_COLOR, aiColor4D(1.0F)));
+    const Rgb glow = RgbOf(values.Get(AI_MATKEY_COLOR_EMISSIVE, aiColor4D()));
+    const Share emission = ShareOf(glow, base);
+    material.Color = ColourOfLight(emission.exceeds ? glow : base);
+    material.Emissive = PercentOf(EncodedFromLinear(emission.share));
+    material.Specular =
+        PercentOf(glossy ? values.Get(AI_MATKEY_GLOSSINESS_FACTOR, 1.0F)
+                         : 1.0F - CutToUnit(values.Get(AI_MATKEY_ROUGHNESS_FACTOR, 1.0F)));
+    material.RayTrace.Metallic = !glossy && values.Get(AI_MATKEY_METALLIC_FACTOR, 1.0F) >= 0.5F;
+    material.RayTrace.Reflection =
+        std::round(10.0F * CutToUnit(values.Get(AI_MATKEY_CLEARCOAT_FACTOR, 0.0F)));
 }
 
 void TakeClassicLook(const Values& values, CorvexDB::udtMaterial& material)
 {
-    material.Color =
-        ColourFrom(values.Get(AI_MATKEY_COLOR_DIFFUSE, aiColor4D(0.8F, 0.8F, 0.8F, 1)));
+    const Rgb base = RgbOf(values.Get(AI_MATKEY_COLOR_DIFFUSE, aiColor4D(0.8F, 0.8F, 0.8F, 1)));
+    const Rgb glow = RgbOf(values.Get(AI_MATKEY_COLOR_EMISSIVE, aiColor4D()));
+    const Share emission = ShareOf(glow, base);
+    material.Color = ColourOfDisplayed(emission.exceeds ? glow : base);
+    material.Emissive = PercentOf(emission.share);
     const bool matte =
         values.Has(AI_MATKEY_SHININESS) && values.Get(AI_MATKEY_SHININESS, 1.0F) <= 0.0F;
     if (!matte) {
-        material.Specular = Percent(Strongest(values.Get(AI_MATKEY_COLOR_SPECULAR, aiColor4D())));
+        material.Specular =
+            PercentOf(Strongest(RgbOf(values.Get(AI_MATKEY_COLOR_SPECULAR, aiColor4D()))));
     }
 }
 
@@ -126,7 +125,6 @@ CorvexDB::udtMaterial MaterialFrom(const aiMaterial& source)
         TakeClassicLook(values, material);
     }
     TakeAlpha(values, material);
-    material.Emissive = Percent(Strongest(values.Get(AI_MATKEY_COLOR_EMISSIVE, aiColor4D())));
     material.DoubleSided = values.Get(AI_MATKEY_TWOSIDED, 0) != 0;
     material.Textures.primary = TextureFrom(source);
     return material;

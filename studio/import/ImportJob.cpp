@@ -1,7 +1,6 @@
 #include "studio/import/ImportJob.h"
 
 #include "host/Status.h"
-#include "studio/import/ImportProcess.h"
 #include "studio/import/ModelFile.h"
 #include "studio/import/ShapeNames.h"
 
@@ -66,9 +65,10 @@ QString TextOf(ImportFailure failure)
 
 }  // namespace
 
-ImportJob::ImportJob(QString file, const ImportProgram& program)
+ImportJob::ImportJob(QString file, const ImportProgram& program, const char* argument)
     : m_file(std::move(file)),
-      m_program(program.path.isEmpty() ? QCoreApplication::applicationFilePath() : program.path)
+      m_program(program.path.isEmpty() ? QCoreApplication::applicationFilePath() : program.path),
+      m_argument(QString::fromLatin1(argument))
 {
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
@@ -91,16 +91,20 @@ ImportFailure ImportJob::Start()
     if (!m_folder.isValid()) {
         return ImportFailure::NotStarted;
     }
-    m_process.start(m_program,
-                    {kImportArgument, QFileInfo(m_file).absoluteFilePath(), OutputPath()},
+    m_process.start(m_program, {m_argument, QFileInfo(m_file).absoluteFilePath(), OutputPath()},
                     QIODevice::ReadOnly);
     return ImportFailure::None;
+}
+
+ImportFailure ImportJob::Judge(ImportFailure failure) const
+{
+    return failure == ImportFailure::None ? FailureOfProcess() : failure;
 }
 
 ImportOutcome ImportJob::Outcome(ImportFailure failure)
 {
     ImportOutcome outcome;
-    outcome.failure = failure == ImportFailure::None ? FailureOfProcess() : failure;
+    outcome.failure = Judge(failure);
     try {
         if (outcome.failure == ImportFailure::None) {
             outcome.model = ReadOutput();

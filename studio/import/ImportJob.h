@@ -1,5 +1,6 @@
 #pragma once
 
+#include "studio/import/ImportProcess.h"
 #include "studio/import/ModelImport.h"
 
 #include <QByteArray>
@@ -12,7 +13,8 @@ namespace studio {
 /// destroyed early.
 class ImportJob {
 public:
-    ImportJob(QString file, const ImportProgram& program);
+    /// The argument tells the program what to import.
+    ImportJob(QString file, const ImportProgram& program, const char* argument = kImportArgument);
     ~ImportJob();
     ImportJob(const ImportJob&) = delete;
     ImportJob& operator=(const ImportJob&) = delete;
@@ -21,17 +23,23 @@ public:
     [[nodiscard]] ImportFailure Start();
     [[nodiscard]] QProcess& Process() { return m_process; }
     /// With `None` the ended process itself is the judge.
+    [[nodiscard]] ImportFailure Judge(ImportFailure failure) const;
+    /// Where the process puts its answer; gone with the job.
+    [[nodiscard]] QString OutputPath() const;
+    /// For a person; names the file and the cause.
+    [[nodiscard]] QString Message(ImportFailure failure) const;
+
+    /// The judgement, and the model that came back.
     [[nodiscard]] ImportOutcome Outcome(ImportFailure failure);
 
 private:
     void KeepComplaint();
     [[nodiscard]] ImportFailure FailureOfProcess() const;
-    [[nodiscard]] QString OutputPath() const;
     [[nodiscard]] ImportedModel ReadOutput() const;
-    [[nodiscard]] QString Message(ImportFailure failure) const;
 
     QString m_file;
     QString m_program;
+    QString m_argument;
     QTemporaryDir m_folder;
     QProcess m_process;
     QByteArray m_complaint;  ///< the beginning of what it wrote to standard error

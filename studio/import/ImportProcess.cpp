@@ -50,9 +50,9 @@ int EndWith(ImportExit code, const char* reason)
     return static_cast<int>(code);
 }
 
-int Import(const std::string& path, const std::string& outputPath)
+int Import(const ContainedWork& work, const std::string& path, const std::string& outputPath)
 {
-    const QByteArray packed = PackModel(ReadModelFile(path));
+    const QByteArray packed = work(path);
     std::ofstream output(outputPath, std::ios::binary | std::ios::trunc);
     output.write(packed.constData(), packed.size());
     output.close();
@@ -62,14 +62,14 @@ int Import(const std::string& path, const std::string& outputPath)
 
 }  // namespace
 
-int RunModelImport(std::span<const std::string> arguments)
+int RunContained(std::span<const std::string> arguments, const ContainedWork& work)
 {
     if (arguments.size() != 2) {
-        return EndWith(ImportExit::Misused, "a model file and an output file are needed");
+        return EndWith(ImportExit::Misused, "a file to read and an output file are needed");
     }
     LimitThisProcess();
     try {
-        return Import(arguments[0], arguments[1]);
+        return Import(work, arguments[0], arguments[1]);
     } catch (const CorvexMaterial::Error& error) {
         return EndWith(error.Code() == CorvexMaterial::Status::OutOfMemory ? ImportExit::OutOfMemory
                                                                            : ImportExit::Refused,
@@ -79,6 +79,12 @@ int RunModelImport(std::span<const std::string> arguments)
     } catch (const std::exception& error) {
         return EndWith(ImportExit::Refused, error.what());
     }
+}
+
+int RunModelImport(std::span<const std::string> arguments)
+{
+    return RunContained(arguments,
+                        [](const std::string& path) { return PackModel(ReadModelFile(path)); });
 }
 
 std::optional<int> RunModelImportIfAsked(int argc, char** argv)

@@ -13,11 +13,11 @@ namespace {
 using CorvexDB::udtMaterial;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 1;
+constexpr std::uint32_t kVersion = 2;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
-constexpr std::size_t kSmallestMaterial = 7 * sizeof(std::int32_t);
+constexpr std::size_t kSmallestMaterial = 9 * sizeof(std::int32_t);
 constexpr std::size_t kSmallestMesh = 4 * sizeof(std::uint32_t);
 constexpr std::size_t kSmallestShape = 2 * sizeof(std::uint32_t) + 16 * sizeof(float);
 
@@ -57,6 +57,8 @@ void Put(ByteWriter& writer, const udtMaterial& material)
     writer.Put(static_cast<std::int32_t>(material.DoubleSided));
     writer.Put(material.AlphaTest);
     writer.Put(material.AlphaTestReference);
+    writer.Put(static_cast<std::int32_t>(material.RayTrace.Metallic));
+    writer.Put(static_cast<std::int32_t>(material.RayTrace.Reflection));
     writer.PutText(material.Textures.primary);
 }
 
@@ -70,6 +72,8 @@ udtMaterial GetMaterial(ByteReader& reader)
     material.DoubleSided = GetInRange(reader, 1) == 1;
     material.AlphaTest = GetInRange(reader, 7);
     material.AlphaTestReference = GetInRange(reader, 255);
+    material.RayTrace.Metallic = GetInRange(reader, 1) == 1;
+    material.RayTrace.Reflection = static_cast<float>(GetInRange(reader, 10));
     material.Textures.primary = reader.GetText();
     return material;
 }

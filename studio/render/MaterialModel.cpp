@@ -21,6 +21,12 @@ float LinearFromEncoded(float encoded)
     return encoded <= 0.04045F ? encoded / 12.92F : std::pow((encoded + 0.055F) / 1.055F, 2.4F);
 }
 
+float EncodedFromLinear(float linear)
+{
+    return linear <= 0.0031308F ? linear * 12.92F
+                                : 1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F;
+}
+
 LinearColour LinearFromColour(CorvexMaterial::Colour colour)
 {
     const auto linear = [](int byte) {

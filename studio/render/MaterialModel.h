@@ -95,6 +95,7 @@ struct AlphaTest {
 [[nodiscard]] bool IsTransparent(const CorvexDB::udtMaterial& material);
 
 [[nodiscard]] float LinearFromEncoded(float encoded);  ///< 0 to 1 both
+[[nodiscard]] float EncodedFromLinear(float linear);   ///< 0 to 1 both
 [[nodiscard]] LinearColour LinearFromColour(CorvexMaterial::Colour colour);
 
 }  // namespace studio

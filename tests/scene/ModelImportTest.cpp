@@ -93,7 +93,8 @@ TEST(ModelImport, KeepsTheLookOfTheMaterials)
     const auto& copper = box[0]->Material();
     EXPECT_EQ(copper.Color, CorvexMaterial::MakeColour({204, 102, 51}));
     EXPECT_EQ(copper.Specular, 50);
-    EXPECT_EQ(copper.Emissive, 10);
+    // 0.1 of the 0.8 that the surface has at most.
+    EXPECT_EQ(copper.Emissive, 13);
     EXPECT_EQ(copper.Transparency, 0);
     EXPECT_EQ(box[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromMesh);
     EXPECT_EQ(box[1]->Material().Transparency, 75);

@@ -1,0 +1,66 @@
+#include "studio/interchange/DocumentFile.h"
+
+#include "host/Status.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QStringDecoder>
+
+namespace studio {
+namespace {
+
+std::string DocumentText(const char* text)
+{
+    return QCoreApplication::translate("Interchange", text).toStdString();
+}
+
+}  // namespace
+
+QByteArray ReadDocument(const std::string& path)
+{
+    const QString name = QString::fromStdString(path);
+    QFile file(name);
+    if (QFileInfo(name).isDir()) {
+        RefuseDocument(path, DocumentText("it is a folder."));
+    }
+    if (!file.open(QIODevice::ReadOnly)) {
+        RefuseDocument(path, file.errorString().toStdString());
+    }
+    const QByteArray bytes = file.read(kMostDocumentBytes + 1);
+    if (bytes.size() > kMostDocumentBytes) {
+        RefuseDocument(path, DocumentText("it is too large."));
+    }
+    if (file.error() != QFileDevice::NoError) {
+        RefuseDocument(path, file.errorString().toStdString());
+    }
+    return bytes;
+}
+
+void WriteDocument(const std::string& path, const QByteArray& bytes)
+{
+    QSaveFile file(QString::fromStdString(path));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        RefuseDocument(path, file.errorString().toStdString());
+    }
+}
+
+std::string FolderOfDocument(const std::string& path)
+{
+    return QFileInfo(QString::fromStdString(path)).absolutePath().toStdString();
+}
+
+void RefuseDocument(const std::string& path, const std::string& cause)
+{
+    throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, path + ": " + cause);
+}
+
+QString TextOfDocument(const QByteArray& bytes)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8);
+    const QString text = utf8(bytes);
+    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
+}
+
+}  // namespace studio

@@ -1,0 +1,139 @@
+#include "studio/interchange/Interchange.h"
+
+#include "studio/interchange/DocumentFile.h"
+#include "studio/interchange/GltfMaterials.h"
+#include "studio/interchange/GltfProcess.h"
+#include "studio/interchange/MtlMaterials.h"
+#include "studio/interchange/MtlxMaterials.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace studio {
+namespace {
+
+using Materials = std::vector<NamedMaterial>;
+using MaterialSpan = std::span<const NamedMaterial>;
+
+struct Format {
+    const char* suffix;
+    const char* name;
+    Materials (*read)(const std::string& path, Report& report, const ImportProgram& importer);
+    /// Null for a format that is only read.
+    QByteArray (*write)(MaterialSpan materials, const std::string& folder, Report& report);
+};
+
+Materials ReadMtl(const std::string& path, Report& report, const ImportProgram&)
+{
+    return MaterialsOfMtl(ReadDocument(path), FolderOfDocument(path), report);
+}
+
+Materials ReadMtlx(const std::string& path, Report& report, const ImportProgram&)
+{
+    return MaterialsOfMtlx(ReadDocument(path), path, report);
+}
+
+constexpr std::array kFormats{
+    Format{"mtl", QT_TRANSLATE_NOOP("Interchange", "Wavefront MTL"), ReadMtl, MtlOf},
+    Format{"gltf", QT_TRANSLATE_NOOP("Interchange", "glTF"), ImportGltfMaterials, GltfOf},
+    Format{"glb", QT_TRANSLATE_NOOP("Interchange", "glTF binary"), ImportGltfMaterials, nullptr},
+    Format{"mtlx", QT_TRANSLATE_NOOP("Interchange", "MaterialX"), ReadMtlx, MtlxOf},
+};
+
+QString Tr(const char* text)
+{
+    return QCoreApplication::translate("Interchange", text);
+}
+
+const Format* FormatOf(const std::string& path)
+{
+    const QString suffix = QFileInfo(QString::fromStdString(path)).suffix().toLower();
+    const auto* format = std::ranges::find_if(
+        kFormats, [&](const Format& row) { return suffix == QLatin1String(row.suffix); });
+    return format == kFormats.end() ? nullptr : format;
+}
+
+QString FilterOf(const Format& format)
+{
+    return QStringLiteral("%1 (*.%2)").arg(Tr(format.name), QLatin1String(format.suffix));
+}
+
+}  // namespace
+
+std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
+                                           const ImportProgram& importer)
+{
+    const Format* format = FormatOf(path);
+    if (format == nullptr) {
+        RefuseDocument(path,
+                       Tr("only .mtl, .gltf, .glb and .mtlx files can be imported.").toStdString());
+    }
+    Report rows;
+    Materials materials = format->read(path, rows, importer);
+    if (materials.empty()) {
+        RefuseDocument(path, Tr("it holds no materials.").toStdString());
+    }
+    for (const ReportRow& row : rows.Rows()) {
+        report.Add(row);
+    }
+    return materials;
+}
+
+void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
+                     Report& report)
+{
+    const Format* format = FormatOf(path);
+    if (format == nullptr || format->write == nullptr) {
+        RefuseDocument(path, Tr("only .mtl, .gltf and .mtlx files can be exported.").toStdString());
+    }
+    Report rows;
+    WriteDocument(path, format->write(materials, FolderOfDocument(path), rows));
+    for (const ReportRow& row : rows.Rows()) {
+        report.Add(row);
+    }
+}
+
+QStringList ImportFilters()
+{
+    QStringList all;
+    QStringList filters;
+    for (const Format& format : kFormats) {
+        all << QStringLiteral("*.%1").arg(QLatin1String(format.suffix));
+        filters << FilterOf(format);
+    }
+    filters.prepend(QStringLiteral("%1 (%2)").arg(Tr("Material files"), all.join(u' ')));
+    return filters;
+}
+
+QStringList ExportFilters()
+{
+    QStringList filters;
+    for (const Format& format : kFormats) {
+        if (format.write != nullptr) {
+            filters << FilterOf(format);
+        }
+    }
+    return filters;
+}
+
+QString SuffixOfFilter(const QString& filter)
+{
+    const auto* format =
+        std::ranges::find_if(kFormats, [&](const Format& row) { return FilterOf(row) == filter; });
+    return format == kFormats.end() ? QString() : u'.' + QString::fromLatin1(format->suffix);
+}
+
+QString SummaryOf(const Report& report, std::size_t materials)
+{
+    const QString count = materials == 1 ? Tr("1 material") : Tr("%1 materials").arg(materials);
+    return Tr("%1: %2 properties mapped, %3 approximated, %4 dropped.")
+        .arg(count)
+        .arg(report.Count(Outcome::Mapped))
+        .arg(report.Count(Outcome::Approximated))
+        .arg(report.Count(Outcome::Dropped));
+}
+
+}  // namespace studio

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "studio/import/ModelImport.h"
+#include "studio/interchange/Report.h"
+#include "studio/libraries/MaterialText.h"
+
+#include <QStringList>
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// The materials of a file of another program, by its extension: .mtl, .gltf, .glb or .mtlx, in any
+/// case. At least one. The report tells what became of each of their properties; it is added to.
+/// A .gltf or .glb file is read by a process of the program's own and waited for.
+/// Errors: FileFailed with a message that names file and cause.
+[[nodiscard]] std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
+                                                         const ImportProgram& importer = {});
+
+/// Writes a file for other programs, by its extension: .mtl, .gltf or .mtlx. Textures are named
+/// relative to it. Errors: FileFailed with a message that names file and cause; an existing file is
+/// then as it was.
+void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
+                     Report& report);
+
+/// Entries of a file dialog, the one for every format first.
+[[nodiscard]] QStringList ImportFilters();
+/// One for each format that can be written.
+[[nodiscard]] QStringList ExportFilters();
+/// ".mtl" and the like for an entry of ExportFilters().
+[[nodiscard]] QString SuffixOfFilter(const QString& filter);
+
+/// "12 materials: 80 properties mapped, 6 approximated, 14 dropped."
+[[nodiscard]] QString SummaryOf(const Report& report, std::size_t materials);
+
+}  // namespace studio

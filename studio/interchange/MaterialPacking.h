@@ -1,0 +1,23 @@
+#pragma once
+
+#include "studio/interchange/Report.h"
+#include "studio/libraries/MaterialText.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+namespace studio {
+
+struct ImportedMaterials {
+    std::vector<NamedMaterial> materials;
+    Report report;
+};
+
+/// The form in which the importing process hands materials back.
+[[nodiscard]] QByteArray PackMaterials(const ImportedMaterials& imported);
+/// Trusts nothing: what is missing or of the wrong type is left out. Errors: FileFailed for what is
+/// no answer at all.
+[[nodiscard]] ImportedMaterials UnpackMaterials(const QByteArray& bytes);
+
+}  // namespace studio

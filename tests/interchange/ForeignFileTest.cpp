@@ -1,0 +1,141 @@
+#include "tests/interchange/Exchange.h"
+
+#include <gtest/gtest.h>
+
+// Files as other programs write them, and what has to come of each.
+
+namespace {
+
+using CorvexDB::udtMaterial;
+using CorvexTest::Import;
+using CorvexTest::Imported;
+using CorvexTest::OutcomeFor;
+using CorvexTest::SampleFile;
+
+struct Amounts {
+    std::string name;
+    int red;
+    int green;
+    int blue;
+    int ambient;
+    int emissive;
+    int specular;
+    int transparency;
+};
+
+void ExpectAmounts(const std::vector<studio::NamedMaterial>& materials,
+                   const std::vector<Amounts>& expected)
+{
+    ASSERT_EQ(materials.size(), expected.size());
+    for (std::size_t index = 0; index < expected.size(); ++index) {
+        const Amounts& row = expected[index];
+        const udtMaterial& material = materials[index].material;
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(materials[index].name, row.name);
+        EXPECT_EQ(material.Color, CorvexMaterial::MakeColour({row.red, row.green, row.blue}));
+        EXPECT_EQ(material.Ambient, row.ambient);
+        EXPECT_EQ(material.Emissive, row.emissive);
+        EXPECT_EQ(material.Specular, row.specular);
+        EXPECT_EQ(material.Transparency, row.transparency);
+    }
+}
+
+TEST(ForeignMtl, FromAnotherSystem)
+{
+    const Imported imported = Import(SampleFile("windows.mtl"));
+    ExpectAmounts(imported.materials, {{"Brushed steel", 163, 163, 163, 100, 0, 50, 0},
+                                       {"Window glass", 51, 102, 51, 60, 0, 100, 75},
+                                       {"Lamp", 255, 204, 102, 60, 100, 0, 0}});
+    const auto& steel = imported.materials[0].material;
+    EXPECT_EQ(steel.Textures.primary, SampleFile("steel plate.png"));
+    EXPECT_EQ(steel.Textures.bump, SampleFile("textures/scratches.png"));
+    EXPECT_EQ(steel.RayTrace.Roughness, 3.0F);
+    const auto& report = imported.report;
+    EXPECT_EQ(OutcomeFor(report, "Brushed steel", "Ka"), "approximated");
+    EXPECT_EQ(OutcomeFor(report, "Brushed steel", "map_Kd"), "mapped");
+    EXPECT_EQ(OutcomeFor(report, "Brushed steel", "bump"), "approximated");
+    EXPECT_EQ(OutcomeFor(report, "Window glass", "Tr"), "mapped");
+    EXPECT_EQ(OutcomeFor(report, "Window glass", "Tf"), "dropped");
+    EXPECT_EQ(OutcomeFor(report, "Lamp", "Ke"), "approximated");
+}
+
+TEST(ForeignMtl, AdditionsOptionsAndNonsense)
+{
+    const Imported imported = Import(SampleFile("additions.mtl"));
+    ExpectAmounts(imported.materials, {{"K\u00e4fer", 204, 26, 26, 60, 0, 0, 0},
+                                       {"Material 2", 128, 128, 128, 60, 0, 0, 0},
+                                       {"bare", 255, 255, 255, 60, 0, 0, 0}});
+    const auto& beetle = imported.materials[0].material;
+    EXPECT_TRUE(beetle.RayTrace.Metallic);
+    EXPECT_EQ(beetle.RayTrace.Reflection, 3.0F);
+    EXPECT_EQ(beetle.RayTrace.Roughness, 10.0F);
+    EXPECT_EQ(beetle.Textures.primary, SampleFile("steel plate.png"));
+    EXPECT_EQ(beetle.Textures.environment, SampleFile("steel plate.png"));
+    EXPECT_EQ(beetle.Placement, (CorvexDB::TexturePlacement{0.5F, 0.75F, 0.5F, 0.25F}));
+    for (const char* dropped : {"map_Kd -clamp", "map_Kd -mm", "map_pr", "norm", "xyzzy", "pcr"}) {
+        EXPECT_EQ(OutcomeFor(imported.report, "K\u00e4fer", dropped), "dropped") << dropped;
+    }
+    for (const char* dropped : {"d", "Ka"}) {
+        EXPECT_EQ(OutcomeFor(imported.report, "Material 2", dropped), "dropped") << dropped;
+    }
+}
+
+TEST(ForeignMaterialX, ReferencesOfVersion137)
+{
+    const Imported imported = Import(SampleFile("reference.mtlx"));
+    ExpectAmounts(imported.materials, {{"Tiled_plate", 255, 255, 255, 60, 0, 0, 0},
+                                       {"Glass", 255, 128, 64, 60, 0, 100, 90}});
+    const auto& plate = imported.materials[0].material;
+    EXPECT_EQ(plate.Textures.primary, SampleFile("steel plate.png"));
+    EXPECT_EQ(plate.Wrap, CorvexDB::WrapType::Flat);
+    EXPECT_EQ(plate.TilesPerUnit, 4.0F);
+    EXPECT_TRUE(plate.RayTrace.Metallic);
+    EXPECT_EQ(imported.materials[1].material.RayTrace.Roughness, 1.0F);
+    EXPECT_EQ(OutcomeFor(imported.report, "Tiled_plate", "specular_roughness"), "approximated");
+    EXPECT_EQ(OutcomeFor(imported.report, "Glass", "transmission_color"), "approximated");
+    EXPECT_EQ(OutcomeFor(imported.report, "Glass", "specular_IOR"), "dropped");
+    EXPECT_EQ(OutcomeFor(imported.report, "", "xi:include"), "dropped");
+}
+
+TEST(ForeignMaterialX, NodeGraphsOfVersion138)
+{
+    const Imported imported = Import(SampleFile("nodes.mtlx"));
+    ExpectAmounts(imported.materials, {{"Old wall", 128, 128, 128, 60, 0, 50, 0},
+                                       {"Ember", 188, 137, 99, 60, 74, 100, 50},
+                                       {"Circle", 231, 231, 231, 60, 0, 100, 0}});
+    const auto& wall = imported.materials[0].material;
+    EXPECT_EQ(wall.Textures.primary, SampleFile("steel plate.png"));
+    // Below the document's prefix, as is the other.
+    EXPECT_EQ(wall.Textures.bump, SampleFile("images/scratches.png"));
+    EXPECT_EQ(wall.Placement, (CorvexDB::TexturePlacement{0.0F, 0.75F, 0.5F, 0.25F}));
+    EXPECT_EQ(wall.RayTrace.Roughness, 5.0F);
+    EXPECT_EQ(imported.materials[1].material.RayTrace.Reflection, 4.0F);
+    const auto contrast = CorvexTest::RowFor(imported.report, "Old wall", "base_color");
+    ASSERT_TRUE(contrast);
+    EXPECT_NE(contrast->note.find("contrast"), std::string::npos);
+    EXPECT_EQ(OutcomeFor(imported.report, "Old wall", "sheen"), "dropped");
+    EXPECT_EQ(OutcomeFor(imported.report, "Ember", "opacity"), "approximated");
+    EXPECT_EQ(OutcomeFor(imported.report, "Foreign", "surfaceshader"), "dropped");
+    EXPECT_EQ(OutcomeFor(imported.report, "Circle", "base_color"), "approximated");
+}
+
+TEST(ForeignGltf, WhatIsWorn)
+{
+    const Imported imported = Import(SampleFile("worn.gltf"));
+    ExpectAmounts(imported.materials, {{"Painted", 128, 0, 255, 60, 0, 60, 0},
+                                       {"Leaf", 255, 255, 255, 60, 50, 0, 0},
+                                       {"Old gloss", 128, 255, 0, 60, 0, 60, 50}});
+    const auto& painted = imported.materials[0].material;
+    EXPECT_EQ(painted.Textures.primary, SampleFile("steel plate.png"));
+    EXPECT_EQ(painted.Placement, (CorvexDB::TexturePlacement{0.25F, 0.5F, 0.5F, 0.25F}));
+    EXPECT_TRUE(painted.DoubleSided);
+    EXPECT_TRUE(painted.RayTrace.Metallic);
+    EXPECT_EQ(painted.RayTrace.Reflection, 7.0F);
+    EXPECT_EQ(imported.materials[1].material.AlphaTest, 6);
+    EXPECT_EQ(imported.materials[1].material.AlphaTestReference, 102);
+    EXPECT_EQ(OutcomeFor(imported.report, "Painted", "metallicFactor"), "approximated");
+    EXPECT_EQ(OutcomeFor(imported.report, "Painted", "normalTexture"), "dropped");
+    EXPECT_EQ(OutcomeFor(imported.report, "Leaf", "emissiveFactor"), "mapped");
+}
+
+}  // namespace

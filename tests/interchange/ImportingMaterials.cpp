@@ -1,0 +1,7 @@
+#include "studio/interchange/GltfProcess.h"
+
+// The importing process alone, as the studio's own main starts it.
+int main(int argc, char** argv)
+{
+    return studio::RunMaterialImportIfAsked(argc, argv).value_or(1);
+}
