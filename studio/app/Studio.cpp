@@ -6,6 +6,7 @@
 #include "studio/app/StudioHost.h"
 #include "studio/app/Theme.h"
 #include "studio/app/Tour.h"
+#include "studio/interchange/InterchangeFormats.h"
 #include "studio/libraries/LibraryCommands.h"
 
 #include <cstdio>
@@ -70,7 +71,7 @@ ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
     case Action::Render:
         return Conclude(DrawPicture(line.render));
     case Action::Library:
-        return RunLibraryJob(line.library, {}) ? ExitCode::Done : ExitCode::Failed;
+        return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done : ExitCode::Failed;
     case Action::RecordTour:
         return Conclude(RecordTour({line.tourFolder, line.tourChapter, line.model}));
     default:
