@@ -34,7 +34,7 @@ constexpr std::array kSqliteCauses{
     SqliteCause{SQLITE_TOOBIG, "an entry is larger than 16 MB"},
 };
 
-std::string CauseOf(sqlite3* handle)
+std::string SqliteCauseOf(sqlite3* handle)
 {
     const int code = sqlite3_errcode(handle) & 0xFF;
     for (const SqliteCause& cause : kSqliteCauses) {
@@ -48,28 +48,28 @@ std::string CauseOf(sqlite3* handle)
 [[noreturn]] void FailWith(sqlite3* handle)
 {
     const char* path = sqlite3_db_filename(handle, "main");
-    ThrowLibraryError(path == nullptr ? "" : path, CauseOf(handle));
+    ThrowLibraryError(path == nullptr ? "" : path, SqliteCauseOf(handle));
 }
 
-void Expect(sqlite3_stmt* statement, int code)
+void ExpectOk(sqlite3_stmt* statement, int code)
 {
     if (code != SQLITE_OK) {
         FailWith(sqlite3_db_handle(statement));
     }
 }
 
-void Release(sqlite3_stmt* statement)
+void ResetStatement(sqlite3_stmt* statement)
 {
     sqlite3_reset(statement);
     sqlite3_clear_bindings(statement);
 }
 
-void Finalize(sqlite3_stmt* statement)
+void FinalizeStatement(sqlite3_stmt* statement)
 {
     sqlite3_finalize(statement);
 }
 
-void Close(sqlite3* handle)
+void CloseConnection(sqlite3* handle)
 {
     sqlite3_close_v2(handle);
 }
@@ -80,8 +80,8 @@ sqlite3* OpenedConnection(const std::string& path, Database::Mode mode)
                       (mode == Database::Mode::New ? SQLITE_OPEN_CREATE : 0);
     sqlite3* handle = nullptr;
     if (sqlite3_open_v2(path.c_str(), &handle, flags, nullptr) != SQLITE_OK) {
-        const std::string cause = CauseOf(handle);
-        Close(handle);
+        const std::string cause = SqliteCauseOf(handle);
+        CloseConnection(handle);
         ThrowLibraryError(path, cause);
     }
     return handle;
@@ -106,17 +106,17 @@ void Disarm(sqlite3* handle)
     sqlite3_busy_handler(handle, WaitForOthers, nullptr);
 }
 
-Statement::Handle Compiled(sqlite3* handle, std::string_view sql)
+Statement::Handle CompiledStatement(sqlite3* handle, std::string_view sql)
 {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(handle, sql.data(), static_cast<int>(sql.size()), &statement, nullptr) !=
         SQLITE_OK) {
         FailWith(handle);
     }
-    return {statement, Finalize};
+    return {statement, FinalizeStatement};
 }
 
-std::string_view BytesOf(const void* bytes, int count)
+std::string_view StoredBytes(const void* bytes, int count)
 {
     return bytes == nullptr
                ? std::string_view()
@@ -127,7 +127,7 @@ std::string_view BytesOf(const void* bytes, int count)
 
 Statement& Statement::Bind(int parameter, std::int64_t value)
 {
-    Expect(m_handle.get(), sqlite3_bind_int64(m_handle.get(), parameter, value));
+    ExpectOk(m_handle.get(), sqlite3_bind_int64(m_handle.get(), parameter, value));
     return *this;
 }
 
@@ -135,15 +135,15 @@ Statement& Statement::Bind(int parameter, std::string_view text)
 {
     // A null pointer would be bound as NULL, even with a length.
     const char* bytes = text.data() == nullptr ? "" : text.data();
-    Expect(m_handle.get(), sqlite3_bind_text64(m_handle.get(), parameter, bytes, text.size(),
-                                               SQLITE_TRANSIENT, SQLITE_UTF8));
+    ExpectOk(m_handle.get(), sqlite3_bind_text64(m_handle.get(), parameter, bytes, text.size(),
+                                                 SQLITE_TRANSIENT, SQLITE_UTF8));
     return *this;
 }
 
 Statement& Statement::BindBlob(int parameter, std::string_view bytes)
 {
-    Expect(m_handle.get(), sqlite3_bind_blob64(m_handle.get(), parameter, bytes.data(),
-                                               bytes.size(), SQLITE_TRANSIENT));
+    ExpectOk(m_handle.get(), sqlite3_bind_blob64(m_handle.get(), parameter, bytes.data(),
+                                                 bytes.size(), SQLITE_TRANSIENT));
     return *this;
 }
 
@@ -174,7 +174,7 @@ std::string_view Statement::Text(int column) const
         return {};
     }
     const unsigned char* text = sqlite3_column_text(m_handle.get(), column);
-    return BytesOf(text, sqlite3_column_bytes(m_handle.get(), column));
+    return StoredBytes(text, sqlite3_column_bytes(m_handle.get(), column));
 }
 
 std::string_view Statement::Blob(int column) const
@@ -183,11 +183,11 @@ std::string_view Statement::Blob(int column) const
         return {};
     }
     const void* bytes = sqlite3_column_blob(m_handle.get(), column);
-    return BytesOf(bytes, sqlite3_column_bytes(m_handle.get(), column));
+    return StoredBytes(bytes, sqlite3_column_bytes(m_handle.get(), column));
 }
 
 Database::Database(const std::string& path, Mode mode)
-    : m_path(path), m_handle(OpenedConnection(path, mode), Close)
+    : m_path(path), m_handle(OpenedConnection(path, mode), CloseConnection)
 {
     Disarm(m_handle.get());
     Run("PRAGMA cell_size_check = ON");
@@ -202,16 +202,16 @@ bool Database::IsReadOnly() const
 
 Statement Database::Use(const char* sql)
 {
-    const auto [place, isNew] = m_compiled.try_emplace(sql, nullptr, Finalize);
+    const auto [place, isNew] = m_compiled.try_emplace(sql, nullptr, FinalizeStatement);
     if (isNew || place->second == nullptr) {
-        place->second = Compiled(m_handle.get(), sql);
+        place->second = CompiledStatement(m_handle.get(), sql);
     }
-    return Statement({place->second.get(), Release});
+    return Statement({place->second.get(), ResetStatement});
 }
 
 Statement Database::Compile(const std::string& sql)
 {
-    return Statement(Compiled(m_handle.get(), sql));
+    return Statement(CompiledStatement(m_handle.get(), sql));
 }
 
 std::int64_t Database::Integer(const char* sql)

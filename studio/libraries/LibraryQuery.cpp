@@ -1,6 +1,7 @@
 #include "studio/libraries/LibraryQuery.h"
 
 #include "material/NamedColours.h"
+#include "studio/libraries/QueryWords.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,94 +13,15 @@ namespace {
 // Seen side by side, one would still call them by the same name.
 constexpr double kNearColours = 30.0;
 
-constexpr std::string_view kBlanks = " \t\r\n";
-
-/// One word of the query: `-key>value`. Quotes are gone.
-struct QueryWord {
-    bool isNegated = false;
-    std::string key;           ///< without case; empty for a part of a name
-    std::string operatorText;  ///< empty for a part of a name
-    std::string value;
-};
-
 /// Wrong texts leave the parser as an exception of this type; it does not leave this file.
 struct QueryProblem {
     std::string text;
 };
 
-[[noreturn]] void Refuse(std::string text)
+[[noreturn]] void RefuseQuery(std::string text)
 {
     throw QueryProblem{std::move(text)};
 }
-
-/// Cuts words off the text.
-class QueryWords {
-public:
-    explicit QueryWords(std::string_view text) : m_rest(text) { SkipBlanks(); }
-
-    [[nodiscard]] bool AtEnd() const { return m_rest.empty(); }
-
-    QueryWord Next()
-    {
-        QueryWord word;
-        word.isNegated = m_rest.size() > 1 && m_rest[0] == '-' && !IsBlank(m_rest[1]);
-        if (word.isNegated) {
-            m_rest.remove_prefix(1);
-        }
-        word.value = Piece(m_rest.front() == '"' ? "" : ":<>=!~");
-        if (word.value.empty()) {
-            // What begins with a sign has no key: it is part of a name as it stands.
-            word.value = Piece("");
-        } else if (!m_rest.empty() && !IsBlank(m_rest.front())) {
-            word.key = Folded(word.value);
-            word.operatorText = Operator();
-            word.value = Piece("");
-        }
-        SkipBlanks();
-        return word;
-    }
-
-private:
-    static bool IsBlank(char c) { return kBlanks.find(c) != std::string_view::npos; }
-
-    void SkipBlanks()
-    {
-        m_rest.remove_prefix(std::min(m_rest.find_first_not_of(kBlanks), m_rest.size()));
-    }
-
-    // Up to a blank or one of the ends; quotes hide both.
-    std::string Piece(std::string_view ends)
-    {
-        std::string piece;
-        bool isQuoted = false;
-        while (!m_rest.empty()) {
-            const char c = m_rest.front();
-            const bool isEnd = IsBlank(c) || ends.find(c) != std::string_view::npos;
-            if (!isQuoted && isEnd) {
-                break;
-            }
-            m_rest.remove_prefix(1);
-            if (c == '"') {
-                isQuoted = !isQuoted;
-            } else {
-                piece += c;
-            }
-        }
-        return piece;
-    }
-
-    std::string Operator()
-    {
-        constexpr std::array<std::string_view, 9> kOperators{"<=", ">=", "!=", "<", ">",
-                                                             "=",  ":",  "~",  "!"};
-        const auto found = std::ranges::find_if(
-            kOperators, [&](std::string_view text) { return m_rest.starts_with(text); });
-        m_rest.remove_prefix(found->size());
-        return std::string(*found);
-    }
-
-    std::string_view m_rest;
-};
 
 double NumberIn(const QueryWord& word)
 {
@@ -107,7 +29,7 @@ double NumberIn(const QueryWord& word)
     const char* end = word.value.data() + word.value.size();
     const auto read = std::from_chars(word.value.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || !std::isfinite(number)) {
-        Refuse(word.key + " needs a number, as in " + word.key + ">30.");
+        RefuseQuery(word.key + " needs a number, as in " + word.key + ">30.");
     }
     return number;
 }
@@ -125,7 +47,7 @@ Comparison ComparisonIn(const QueryWord& word)
         Row{">=", Comparison::GreaterOrEqual}};
     const auto row = std::ranges::find(kRows, word.operatorText, &Row::text);
     if (row == kRows.end()) {
-        Refuse(word.key + " can be compared with <, <=, =, !=, >= and > only.");
+        RefuseQuery(word.key + " can be compared with <, <=, =, !=, >= and > only.");
     }
     return row->comparison;
 }
@@ -133,10 +55,10 @@ Comparison ComparisonIn(const QueryWord& word)
 void NeedOperator(const QueryWord& word, std::string_view allowed, const std::string& example)
 {
     if (word.operatorText.size() != 1 || allowed.find(word.operatorText[0]) == std::string::npos) {
-        Refuse("Write it like " + example + '.');
+        RefuseQuery("Write it like " + example + '.');
     }
     if (word.value.empty()) {
-        Refuse(word.key + word.operatorText + " needs a value, as in " + example + '.');
+        RefuseQuery(word.key + word.operatorText + " needs a value, as in " + example + '.');
     }
 }
 
@@ -168,7 +90,8 @@ CorvexMaterial::Colour ColourIn(const QueryWord& word)
     const auto row =
         std::ranges::find_if(names, [&](const auto& named) { return Folded(named.name) == name; });
     if (row == names.end()) {
-        Refuse('"' + word.value + "\" is no colour; use a name of the colour list or #rrggbb.");
+        RefuseQuery('"' + word.value +
+                    "\" is no colour; use a name of the colour list or #rrggbb.");
     }
     return row->colour;
 }
@@ -225,8 +148,9 @@ QueryTest HasOf(const QueryWord& word)
     if (what == "thumbnail") {
         return ThumbnailTest{};
     }
-    Refuse("has: knows texture, overlay, alpha, bump, specular, environment, plugin, field and "
-           "thumbnail.");
+    RefuseQuery(
+        "has: knows texture, overlay, alpha, bump, specular, environment, plugin, field and "
+        "thumbnail.");
 }
 
 QueryTest IsOf(const QueryWord& word)
@@ -239,7 +163,7 @@ QueryTest IsOf(const QueryWord& word)
     if (what == "raytraced") {
         return MaskTest{NumberProperty::Raytraced, 1};
     }
-    Refuse("is: knows doublesided and raytraced.");
+    RefuseQuery("is: knows doublesided and raytraced.");
 }
 
 struct KeyRow {
@@ -281,8 +205,8 @@ QueryTest TestOf(const QueryWord& word)
     }
     const auto row = std::ranges::find(kKeys, word.key, &KeyRow::key);
     if (row == kKeys.end()) {
-        Refuse('"' + word.key + "\" cannot be searched for; known are " + KnownKeys() +
-               ". Put a name with signs in quotes.");
+        RefuseQuery('"' + word.key + "\" cannot be searched for; known are " + KnownKeys() +
+                    ". Put a name with signs in quotes.");
     }
     return row->read(word);
 }
@@ -292,10 +216,8 @@ QueryTest TestOf(const QueryWord& word)
 QueryReading ReadLibraryQuery(std::string_view text)
 {
     LibraryQuery query;
-    QueryWords words(text);
     try {
-        while (!words.AtEnd()) {
-            const QueryWord word = words.Next();
+        for (const QueryWord& word : QueryWordsOf(text)) {
             query.terms.push_back({TestOf(word), word.isNegated});
         }
     } catch (const QueryProblem& problem) {

@@ -16,13 +16,13 @@ constexpr QLatin1String kMaterials("materials");
 constexpr QLatin1String kEntryName("name");
 constexpr QLatin1String kEntryMaterial("material");
 
-[[noreturn]] void RefuseFile(const std::string& path, const QString& cause)
+[[noreturn]] void RefuseDocumentFile(const std::string& path, const QString& cause)
 {
     throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                 path + ": " + cause.toStdString());
 }
 
-QByteArray Compact(const QJsonValue& value)
+QByteArray CompactObject(const QJsonValue& value)
 {
     return QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
 }
@@ -41,7 +41,7 @@ void WriteMaterialDocument(const std::string& path, std::span<const NamedMateria
     QSaveFile file(QString::fromStdString(path));
     const QByteArray text = QJsonDocument(QJsonObject{{kMaterials, array}}).toJson();
     if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
-        RefuseFile(path, file.errorString());
+        RefuseDocumentFile(path, file.errorString());
     }
 }
 
@@ -50,21 +50,21 @@ std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,
 {
     QFile file(QString::fromStdString(path));
     if (!file.open(QIODevice::ReadOnly)) {
-        RefuseFile(path, file.errorString());
+        RefuseDocumentFile(path, file.errorString());
     }
     QJsonParseError error{};
     const auto document = QJsonDocument::fromJson(file.readAll(), &error);
     const QJsonValue list = document.object().value(kMaterials);
     if (!list.isArray()) {
-        RefuseFile(path, error.error == QJsonParseError::NoError
-                             ? QStringLiteral("holds no list \"materials\"")
-                             : error.errorString());
+        RefuseDocumentFile(path, error.error == QJsonParseError::NoError
+                                     ? QStringLiteral("holds no list \"materials\"")
+                                     : error.errorString());
     }
     std::vector<NamedMaterial> materials;
     for (const QJsonValue& entry : list.toArray()) {
         const std::string name = entry[kEntryName].toString().toStdString();
         MaterialReading reading =
-            MaterialOfJson(Compact(entry[kEntryMaterial]).toStdString(), FolderOf(path));
+            MaterialOfJson(CompactObject(entry[kEntryMaterial]).toStdString(), FolderOf(path));
         for (const std::string& problem : reading.problems) {
             problems.push_back('"' + name + "\": " + problem);
         }

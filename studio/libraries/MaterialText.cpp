@@ -87,7 +87,7 @@ void ReadCustomFields(Material& material, FieldReader& reader)
     }
 }
 
-QJsonObject ObjectIn(std::string_view json)
+QJsonObject JsonObjectIn(std::string_view json)
 {
     QJsonParseError error{};
     const auto document = QJsonDocument::fromJson(
@@ -166,7 +166,7 @@ MaterialReading MaterialOfJson(std::string_view json, const std::string& folder)
 {
     MaterialReading reading;
     Material& material = reading.material;
-    FieldReader reader(ObjectIn(json), reading.problems);
+    FieldReader reader(JsonObjectIn(json), reading.problems);
     ReadFields(reader, material, kMaterialFields);
     FieldReader placement = reader.Inside(kPlacement);
     ReadFields(placement, material.Placement, kPlacementFields);
