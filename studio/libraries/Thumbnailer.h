@@ -12,6 +12,7 @@ namespace studio {
 class PluginTextures;
 class RenderService;
 struct Mesh;
+struct Texture;
 
 /// Pixels of a side of a stored thumbnail.
 inline constexpr int kThumbnailSide = 128;
@@ -22,7 +23,8 @@ public:
     /// Both outlive this object. Without plug-ins, materials that need one are drawn without it.
     explicit Thumbnailer(RenderService& rendering, PluginTextures* plugins = nullptr);
 
-    /// The material on a sphere, 128 by 128, read to the end of all textures. Errors: those of
+    /// The material on a sphere, 128 by 128, read to the end of all textures; a transparent one
+    /// before a wall of checks. Errors: those of
     /// drawing; texture files that cannot be read are drawn as the usual placeholder.
     [[nodiscard]] QImage OfMaterial(const CorvexDB::udtMaterial& material) const;
 
@@ -42,6 +44,7 @@ private:
     RenderService& m_rendering;
     PluginTextures* m_plugins;
     std::shared_ptr<const Mesh> m_sphere;
+    std::shared_ptr<const Texture> m_checks;  ///< behind transparent materials
 };
 
 }  // namespace studio
