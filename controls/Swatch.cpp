@@ -19,6 +19,11 @@ void Swatch::SetColour(Colour colour)
     update();
 }
 
+Colour Swatch::Value() const
+{
+    return MakeColour({m_color.red(), m_color.green(), m_color.blue()});
+}
+
 void Swatch::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

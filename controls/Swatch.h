@@ -14,6 +14,7 @@ public:
     explicit Swatch(QWidget* parent);
 
     void SetColour(Colour colour);
+    [[nodiscard]] Colour Value() const;
     [[nodiscard]] QSize sizeHint() const override { return {28, 22}; }
 
 protected:

@@ -46,6 +46,10 @@ constexpr std::array<WarningRow, kWarningCount> kRows{{
      "Please ensure that you have POVRay 3.5 or higher installed. Also ensure that the 'Script "
      "I/O Restrictions' on POVRay's 'Options' menu is set to 'No Restrictions'",
      WarningRoute::ShowWarning},
+    {WarningId::SimulationTexture, "Simulation Texture",
+     "Corvex will now use your raytracer to create a Corvex material that simulates the raytracing "
+     "material.",
+     WarningRoute::ShowWarning},
 }};
 
 constexpr bool RowsFollowEnum()

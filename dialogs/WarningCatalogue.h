@@ -19,9 +19,10 @@ enum class WarningId : std::uint8_t {
     TextureLibrary,
     MaterialTif,
     PovRayConfiguration,
+    SimulationTexture,  ///< its key is its window's title too
 };
 
-inline constexpr std::size_t kWarningCount = 9;
+inline constexpr std::size_t kWarningCount = 10;
 
 /// Who shows it: the host on the control's event, or the library's own warning dialog.
 enum class WarningRoute : std::uint8_t { Event, ShowWarning };

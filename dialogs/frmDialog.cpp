@@ -15,7 +15,8 @@ frmDialog::frmDialog(SettingsStore& settings, CorvexDB::Diagnostics& diagnostics
 {
     m_diagnostics.DebugTrace("Loading Dialog Form");
     m_ui->setupUi(this);
-    setWindowTitle(QString::fromUtf8(kBoxTitle.data(), static_cast<qsizetype>(kBoxTitle.size())));
+    setWindowTitle(
+        QString::fromStdString(m_request.title.empty() ? std::string(kBoxTitle) : m_request.title));
     const int iconSize = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     m_ui->lblIcon->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(iconSize, iconSize));

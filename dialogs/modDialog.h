@@ -15,6 +15,7 @@ struct WarningRequest {
     std::string sApplicationRegistryKey;  ///< application name of the settings
     std::string sWarning;                 ///< the message
     std::string sWarningRegistryEntry;    ///< the key in section "Tips"
+    std::string title = {};               ///< of the window; empty = the product's name
 };
 
 /// Shows warnings that the user may silence.

@@ -135,7 +135,9 @@ public:
     virtual std::int32_t StartAndWait(const CommandLine& commandLine) = 0;
     /// The job ended before its renderer was started.
     virtual void RaytraceAbandoned() = 0;
-    /// Quality 1 to 100. Errors: FileFailed.
+    /// Quality 1 to 100. The JPEG becomes a material's texture; a host that keeps it beside a scene
+    /// lets its name begin with "~CVX" and end with ".jpg", by which the control knows it again.
+    /// Errors: FileFailed.
     virtual void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                             std::int32_t quality) = 0;
 };

@@ -5,6 +5,7 @@
 #include "material/AttributePanel.h"
 #include "material/IMaterial.h"
 #include "material/LibraryPanel.h"
+#include "material/RaytraceFlow.h"
 #include "material/SurfacePanel.h"
 #include "plugins/CustomFieldsPanel.h"
 #include "plugins/PluginPanel.h"
@@ -24,9 +25,10 @@ MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& contro
       m_errorHandler(platform.prompts, host.diagnostics, host.applicationState),
       m_trap(m_errorHandler), m_form({host, platform, *this}, m_trap, widget),
       m_attributes(m_form.Attributes()), m_preview(m_form.Preview()),
-      m_gatherer(control, m_attributes), m_savedState(platform.settings, [&host] {
-          return host.applicationState.SettingsApplicationName();
-      })
+      m_gatherer(control, m_attributes),
+      m_savedState(platform.settings,
+                   [&host] { return host.applicationState.SettingsApplicationName(); }),
+      m_raytrace(std::make_unique<RaytraceFlow>(*this, platform, control, widget))
 {
     ConnectAttributes();
     ConnectChannels();
@@ -36,6 +38,8 @@ MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& contro
     m_trap("MaterialEditor", [this] { FillCustomFields(); });
     UpdatePrimitivePicture();
 }
+
+MaterialEditor::~MaterialEditor() = default;
 
 void MaterialEditor::ConnectAttributes()
 {
@@ -64,11 +68,7 @@ void MaterialEditor::ConnectChannels()
     ChannelPanel& channels = m_form.Attributes().Channels();
     connect(&channels, &ChannelPanel::WarningRequested, this,
             [this](const QString& text, const QString& key) {
-                m_trap("evtReqWarn", [&] {
-                    const std::string application =
-                        m_host.applicationState.SettingsApplicationName();
-                    Q_EMIT WarningRequested(QString::fromStdString(application), text, key);
-                });
+                RequestWarning(text.toStdString(), key.toStdString());
             });
     connect(&channels, &ChannelPanel::CustomFieldsShown, this,
             [this] { m_trap("tabChannels", [this] { FillCustomFields(); }); });
@@ -105,6 +105,10 @@ void MaterialEditor::ConnectPreview()
             [this] { m_trap("dfvMaterialViewport", [this] { RefreshPreviewMaterial(); }); });
     connect(&panel, &PreviewPanel::PrimitivePressed, this,
             [this] { m_trap("cmdPreviewPrimitive", [this] { OpenPrimitiveDialog(); }); });
+    connect(&panel, &PreviewPanel::RaytracePressed, this,
+            [this] { m_trap("cmdPreview", [this] { m_raytrace->RaytracePreview(); }); });
+    connect(&panel, &PreviewPanel::ExtendedPressed, this,
+            [this] { m_trap("cmdMaterialExtended", [this] { m_raytrace->EditAttributes(); }); });
 }
 
 void MaterialEditor::ConnectLibraries()
@@ -132,7 +136,17 @@ void MaterialEditor::OnEdited()
     }
 }
 
-void MaterialEditor::RefreshPreviewMaterial()
+void MaterialEditor::RequestWarning(std::string_view text, std::string_view key)
+{
+    m_trap("evtReqWarn", [&] {
+        const std::string application = m_host.applicationState.SettingsApplicationName();
+        Q_EMIT WarningRequested(QString::fromStdString(application),
+                                QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
+                                QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size())));
+    });
+}
+
+void MaterialEditor::ApplyToPreview()
 {
     m_gatherer.Forget();
     CorvexSG::Scene& scene = m_preview.Scene();
@@ -143,6 +157,11 @@ void MaterialEditor::RefreshPreviewMaterial()
                                              scene.CameraGroup(), {}, {}, false,
                                              {CorvexSG::CoordinateMode::FromWrap}, {}));
     }
+}
+
+void MaterialEditor::RefreshPreviewMaterial()
+{
+    ApplyToPreview();
     if (m_preview.IsBuilt()) {
         m_preview.Redraw();
     }
@@ -200,18 +219,12 @@ void MaterialEditor::OpenPrimitiveDialog()
 void MaterialEditor::FollowAttributes()
 {
     UpdatePrimitivePicture();
-    // A predefined raytrace material is simulated by a picture; its own amounts would spoil it.
-    constexpr std::int32_t kPredefined = 1;
-    const bool editable = m_attributes.RayTrace().MaterialType != kPredefined;
-    m_form.Attributes().Surface().SetAmountsEnabled(editable);
-    m_form.Attributes().Channels().SetChannelsEnabled(editable);
+    m_raytrace->FollowAttributes();
 }
 
 bool MaterialEditor::SimulationTextureActive()
 {
-    constexpr std::int32_t kPredefined = 1;
-    return m_attributes.RayTrace().MaterialType == kPredefined &&
-           !m_form.Attributes().Channels().Textures().File(TextureLayer::Primary).empty();
+    return m_raytrace->SimulationTextureActive();
 }
 
 std::string MaterialEditor::TextureLibraryFile()

@@ -13,9 +13,13 @@
 
 #include <QObject>
 
+#include <memory>
+#include <string_view>
+
 namespace CorvexMaterial {
 
 class IMaterial;
+class RaytraceFlow;
 
 /// The control's doing: edits, flows of the saved state, layout and the one refresh that all of
 /// them end in. Its functions throw; the control's members and handlers call them through `Guard`.
@@ -24,6 +28,7 @@ class MaterialEditor : public QObject, private ChannelOwner {
 
 public:
     MaterialEditor(Host& host, Platform& platform, IMaterial& control, QWidget& widget);
+    ~MaterialEditor() override;
 
     [[nodiscard]] const Trap& Guard() const { return m_trap; }
     [[nodiscard]] Host& HostParts() { return m_host; }
@@ -35,6 +40,10 @@ public:
     /// Puts the material on the preview shape, redraws it and tells the host: the end of every
     /// edit.
     void RefreshPreviewMaterial();
+    /// The first of these alone.
+    void ApplyToPreview();
+    /// Raises a warning that the user may silence; a failure of it is reported.
+    void RequestWarning(std::string_view text, std::string_view key);
     void RenderMaterial();
     void InitializePreview();
     void SetPreviewPrimitive(std::int32_t code);
@@ -51,7 +60,10 @@ public:
             m_gatherer.Forget();
             change();
         }
-        RefreshPreviewMaterial();
+        // Inside another change that one's end refreshes.
+        if (m_batchDepth == 0) {
+            RefreshPreviewMaterial();
+        }
     }
     /// The same without a refresh.
     template <typename Change>
@@ -135,6 +147,7 @@ private:
     PreviewScene m_preview;
     MaterialGatherer m_gatherer;
     SavedState m_savedState;
+    std::unique_ptr<RaytraceFlow> m_raytrace;
     int m_batchDepth = 0;
     bool m_layoutInProgress = false;
 };

@@ -6,6 +6,10 @@
 #include <QProcess>
 #include <QTimer>
 
+#include <csignal>
+
+#include <unistd.h>
+
 namespace CorvexMaterial {
 
 namespace {
@@ -24,6 +28,8 @@ public:
         m_process.setWorkingDirectory(QString::fromStdString(request.workingFolder));
         // A program that asks a question must not wait for an answer for ever.
         m_process.setStandardInputFile(QProcess::nullDevice());
+        // A group of its own, so that what the program starts in turn can be ended with it.
+        m_process.setChildProcessModifier([] { ::setpgid(0, 0); });
         m_process.start(QString::fromStdString(request.program), arguments);
         if (!m_process.waitForStarted()) {
             throw Error(Status::FileFailed,
@@ -67,8 +73,10 @@ private:
         if (m_process.state() == QProcess::NotRunning) {
             return;
         }
-        m_process.terminate();
+        const auto group = static_cast<pid_t>(-m_process.processId());
+        ::kill(group, SIGTERM);
         if (!m_process.waitForFinished(static_cast<int>(kPatience.count()))) {
+            ::kill(group, SIGKILL);
             m_process.kill();
             m_process.waitForFinished(static_cast<int>(kPatience.count()));
         }

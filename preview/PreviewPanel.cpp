@@ -15,6 +15,9 @@ PreviewPanel::PreviewPanel(CorvexViewport::ViewportFactory& viewports, QWidget* 
     m_viewport->SetListener(this);
     connect(m_ui->cmdPreviewPrimitive, &QToolButton::clicked, this,
             &PreviewPanel::PrimitivePressed);
+    connect(m_ui->cmdPreview, &QToolButton::clicked, this, &PreviewPanel::RaytracePressed);
+    connect(m_ui->cmdMaterialExtended, &QToolButton::clicked, this,
+            &PreviewPanel::ExtendedPressed);
 }
 
 PreviewPanel::~PreviewPanel()

@@ -31,6 +31,8 @@ public:
 
 Q_SIGNALS:
     void PrimitivePressed();
+    void RaytracePressed();
+    void ExtendedPressed();
     void PositionTextChanged(const QString& text);
     void ViewTouched();
 

@@ -174,4 +174,9 @@ void ChannelPanel::SetChannelsEnabled(bool enabled)
     m_textures->SetLayersEnabled(enabled);
 }
 
+void ChannelPanel::SetPrimaryLocked(bool locked)
+{
+    m_textures->SetPrimaryLocked(locked);
+}
+
 }  // namespace CorvexMaterial

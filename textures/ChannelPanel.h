@@ -48,6 +48,8 @@ public:
     void RebuildThumbnails();
     /// A predefined raytrace material fixes the textures: tabs, thumbnails, select and delete.
     void SetChannelsEnabled(bool enabled);
+    /// A simulation texture holds the primary layer: no other may be chosen, nor it be deleted.
+    void SetPrimaryLocked(bool locked);
 
 Q_SIGNALS:
     /// Once per edit by the user. Setting a value by program emits nothing.

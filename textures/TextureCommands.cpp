@@ -91,7 +91,8 @@ void TextureCommands::TakeFile(const QString& file)
     }
     m_trap("imgTexture", [&] {
         TextureFileDialog dialog(m_trap, m_services.host, m_services.platform, Window());
-        if (dialog.Accepts(file.toStdString(), TextureTypeList::All,
+        if (!PrimaryIsLocked() &&
+            dialog.Accepts(file.toStdString(), TextureTypeList::All,
                            m_services.host.applicationState.SettingsApplicationName())) {
             Assign(*layer, file.toStdString());
         }
@@ -100,7 +101,12 @@ void TextureCommands::TakeFile(const QString& file)
 
 bool TextureCommands::PrimaryIsLocked()
 {
-    return m_tab < kFirstTabAfterPrimary && m_services.owner.SimulationTextureActive();
+    if (m_tab >= kFirstTabAfterPrimary || !m_services.owner.SimulationTextureActive()) {
+        return false;
+    }
+    m_services.platform.prompts.Show(
+        {PromptIcon::Exclamation, std::string(kBoxTitle), std::string(kPrimaryTextureDisabled)});
+    return true;
 }
 
 void TextureCommands::OpenLibrary()
@@ -111,8 +117,6 @@ void TextureCommands::OpenLibrary()
 void TextureCommands::ChooseFromLibrary()
 {
     if (PrimaryIsLocked()) {
-        m_services.platform.prompts.Show({PromptIcon::Exclamation, std::string(kBoxTitle),
-                                          std::string(kPrimaryTextureDisabled)});
         return;
     }
     const std::string file = AskTextureDialog();

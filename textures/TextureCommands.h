@@ -38,6 +38,7 @@ private:
     void Connect();
     void SelectFile();
     void ChooseFromLibrary();
+    /// Tells the user when it is.
     [[nodiscard]] bool PrimaryIsLocked();
     [[nodiscard]] std::string AskTextureDialog();
     void Crop();

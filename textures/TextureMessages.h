@@ -8,7 +8,6 @@ namespace CorvexMaterial {
 
 inline constexpr std::string_view kPrimaryTextureDisabled =
     "The primary texture is disabled because a raytracing material is active.";
-inline constexpr std::string_view kWrongFileType = "File Type not Correct.";
 inline constexpr std::string_view kTiffReaderMissing =
     "Microsoft's GDI+ must be installed in order to use TIF textures. It can be downloaded free "
     "of charge from Microsoft's web site; on Linux install the package qt6-image-formats-plugins "

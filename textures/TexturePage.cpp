@@ -241,6 +241,7 @@ void TexturePage::ShowThumbnail(std::optional<TextureLayer> layer)
         thumbnail->setVisible(false);
     }
     m_shown = layer;
+    UpdateEnabled();
     if (layer) {
         m_ui->lblLayer->setText(tr(kLayerTitles[static_cast<std::size_t>(*layer)]));
         Thumbnail(*layer).setVisible(true);
@@ -273,11 +274,25 @@ void TexturePage::RefreshThumbnail()
 
 void TexturePage::SetLayersEnabled(bool enabled)
 {
-    for (TextureThumbnail* thumbnail : m_thumbnails) {
-        thumbnail->setEnabled(enabled);
+    m_layersEnabled = enabled;
+    UpdateEnabled();
+}
+
+void TexturePage::SetPrimaryLocked(bool locked)
+{
+    m_primaryLocked = locked;
+    UpdateEnabled();
+}
+
+void TexturePage::UpdateEnabled()
+{
+    for (const TextureLayerRow& row : kTextureLayers) {
+        const bool locked = row.layer == TextureLayer::Primary && m_primaryLocked;
+        Thumbnail(row.layer).setEnabled(m_layersEnabled && !locked);
     }
-    m_ui->cmdSelectTexture->setEnabled(enabled);
-    m_ui->cmdDeleteTexture->setEnabled(enabled);
+    const bool shownLocked = m_shown == TextureLayer::Primary && m_primaryLocked;
+    m_ui->cmdSelectTexture->setEnabled(m_layersEnabled && !shownLocked);
+    m_ui->cmdDeleteTexture->setEnabled(m_layersEnabled && !shownLocked);
 }
 
 }  // namespace CorvexMaterial

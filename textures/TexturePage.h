@@ -66,6 +66,8 @@ public:
     void RebuildThumbnails();
     /// The thumbnails and the buttons that choose and delete.
     void SetLayersEnabled(bool enabled);
+    /// The same for the primary layer alone.
+    void SetPrimaryLocked(bool locked);
 
 Q_SIGNALS:
     void Edited();
@@ -83,6 +85,7 @@ private:
     void ConnectFields();
     void ConnectButtons();
     void ShowFileName();
+    void UpdateEnabled();
     [[nodiscard]] TextureThumbnail& Thumbnail(TextureLayer layer) const;
     template <typename Change>
     void Quietly(Change&& change);
@@ -96,6 +99,8 @@ private:
     CorvexDB::FlatWrapType m_flatWrap = CorvexDB::FlatWrapType::TileByUnit;
     float m_tilesPerUnit = 1.0F;
     CorvexDB::TexturePlacement m_placement;
+    bool m_layersEnabled = true;
+    bool m_primaryLocked = false;
     bool m_quiet = false;
 };
 

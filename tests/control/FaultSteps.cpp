@@ -84,6 +84,18 @@ void AddPluginActions(std::vector<Step>& steps)
     steps.push_back(Typed("txtCustomMaterialFieldValue_0"));
 }
 
+void AddRaytraceActions(std::vector<Step>& steps)
+{
+    steps.push_back(Pressed("cmdPreview"));
+    steps.push_back(UserDoes("cmdMaterialExtended", [](ControlRig& rig) {
+        const DialogAnswer answer([](QDialog& dialog) {
+            Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+        });
+        rig.Press("cmdMaterialExtended");
+    }));
+}
+
 }  // namespace
 
 void OfferPluginAndField(ControlRig& rig)
@@ -96,6 +108,8 @@ void OfferPluginAndField(ControlRig& rig)
         {nullptr, "None"},
         {std::make_shared<RecordingPlugin>(rig.log, std::vector{parameter, parameter}), "Marble"}};
     rig.host.customFields.names = {"Supplier"};
+    rig.platform.settings.PutTip("POVRayConfiguration", "0");
+    rig.platform.settings.PutTip("Simulation Texture", "0");
     rig.Control().ClearPluginList();
     rig.Control().AddToPluginList("Marble");
     Choose(rig.List("cboPlugin"), "Marble");
@@ -231,6 +245,7 @@ std::vector<Step> UserActions()
     }
     AddTextureActions(steps);
     AddPluginActions(steps);
+    AddRaytraceActions(steps);
 
     return steps;
 }

@@ -29,25 +29,25 @@ CorvexDB::Raytracer RecordingApplicationState::SelectedRaytracer()
 std::string RecordingApplicationState::PovRayProgram()
 {
     m_log.Enter("ApplicationState.PovRayProgram");
-    return "/programs/povray";
+    return povRayProgram;
 }
 
 std::int32_t RecordingApplicationState::AntialiasChoice()
 {
     m_log.Enter("ApplicationState.AntialiasChoice");
-    return 0;
+    return antialias;
 }
 
 std::string RecordingApplicationState::ScenePath()
 {
     m_log.Enter("ApplicationState.ScenePath");
-    return "/scenes/";
+    return scenePath;
 }
 
 std::vector<std::string> RecordingApplicationState::SearchFolders()
 {
     m_log.Enter("ApplicationState.SearchFolders");
-    return {"/media/"};
+    return searchFolders;
 }
 
 void RecordingApplicationState::OpenWebSite(CorvexDB::WebSite site)

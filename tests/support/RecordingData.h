@@ -26,6 +26,10 @@ public:
     std::string libraryFolder = "/libraries";
     bool raytracerAvailable = true;
     CorvexDB::Raytracer raytracer = CorvexDB::Raytracer::PovRay;
+    std::string povRayProgram = "/programs/povray";
+    std::int32_t antialias = 0;
+    std::string scenePath = "/scenes/";
+    std::vector<std::string> searchFolders{"/media/"};
 
 private:
     CallLog& m_log;

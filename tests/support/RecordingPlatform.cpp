@@ -103,19 +103,22 @@ std::unique_ptr<CorvexMaterial::Process>
 RecordingProcesses::Start(const CorvexMaterial::ProcessRequest& request)
 {
     m_log.Enter("ProcessStarter.Start", request.program);
-    return std::make_unique<EndedProcess>(exitCode);
+    requests.push_back(request);
+    return passOn == nullptr ? std::make_unique<EndedProcess>(exitCode) : passOn->Start(request);
 }
 
 std::string RecordingTemporaryFiles::Folder()
 {
     m_log.Enter("TemporaryFiles.Folder");
-    return "/temporary";
+    return passOn == nullptr ? "/temporary" : passOn->Folder();
 }
 
 std::string RecordingTemporaryFiles::Claim(const std::string& extension)
 {
     m_log.Enter("TemporaryFiles.Claim", extension);
-    present.push_back("/temporary/~CVX" + std::to_string(m_next++) + "." + extension);
+    present.push_back(passOn == nullptr
+                          ? "/temporary/~CVX" + std::to_string(m_next++) + "." + extension
+                          : passOn->Claim(extension));
     return present.back();
 }
 
@@ -124,18 +127,24 @@ void RecordingTemporaryFiles::Write(const std::string& path, const std::string& 
     m_log.Enter("TemporaryFiles.Write", path);
     written[path] = text;
     present.push_back(path);
+    if (passOn != nullptr) {
+        passOn->Write(path, text);
+    }
 }
 
 bool RecordingTemporaryFiles::HasContent(const std::string& path)
 {
     m_log.Enter("TemporaryFiles.HasContent", path);
-    return imagesAreMade;
+    return passOn == nullptr ? imagesAreMade : passOn->HasContent(path);
 }
 
 void RecordingTemporaryFiles::Remove(const std::string& path)
 {
     m_log.Enter("TemporaryFiles.Remove", path);
     std::erase(present, path);
+    if (passOn != nullptr) {
+        passOn->Remove(path);
+    }
 }
 
 std::string RecordingLibrary::Folder()

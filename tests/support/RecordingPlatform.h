@@ -73,6 +73,9 @@ public:
     Start(const CorvexMaterial::ProcessRequest& request) override;
 
     int exitCode = 0;
+    std::vector<CorvexMaterial::ProcessRequest> requests;
+    /// Really starts what is asked for.
+    CorvexMaterial::ProcessStarter* passOn = nullptr;
 
 private:
     CallLog& m_log;
@@ -91,6 +94,8 @@ public:
     std::map<std::string, std::string> written;
     std::vector<std::string> present;  ///< claimed or written, and not removed since
     bool imagesAreMade = true;         ///< whatever is asked for has content
+    /// Really works on files.
+    CorvexMaterial::TemporaryFiles* passOn = nullptr;
 
 private:
     CallLog& m_log;

@@ -107,13 +107,18 @@ std::shared_ptr<CorvexSG::Shape> RecordingSceneGraph::CreateShape()
 std::string RecordingExporter::ExportRaytraceScene(const CorvexSG::RaytraceExport& request)
 {
     m_log.Enter("SceneExporter.ExportRaytraceScene", request.path);
+    const auto* scene = dynamic_cast<const RecordingScene*>(&request.scene);
+    const RecordingShape* shape = scene == nullptr ? nullptr : scene->Shown();
+    requests.push_back({request.aspectRatio, request.constant, request.view,
+                        shape == nullptr ? CorvexDB::cdtRayTraceMaterialAttributes{}
+                                         : shape->Material().RayTrace});
     return request.path;
 }
 
 std::vector<std::string> RecordingExporter::TexturesInUse(CorvexSG::Scene& /*scene*/)
 {
     m_log.Enter("SceneExporter.TexturesInUse");
-    return {};
+    return textures;
 }
 
 }  // namespace CorvexTest

@@ -89,6 +89,15 @@ public:
     std::string ExportRaytraceScene(const CorvexSG::RaytraceExport& request) override;
     std::vector<std::string> TexturesInUse(CorvexSG::Scene& scene) override;
 
+    struct Request {
+        float aspectRatio;
+        float constant;
+        CorvexSG::RaytraceView view;
+        CorvexDB::cdtRayTraceMaterialAttributes attributes;  ///< of the shape that was shown
+    };
+    std::vector<Request> requests;
+    std::vector<std::string> textures;
+
 private:
     CallLog& m_log;
 };

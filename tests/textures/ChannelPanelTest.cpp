@@ -1,5 +1,6 @@
 #include "dialogs/ErrorTexts.h"
 #include "tests/textures/PanelRig.h"
+#include "dialogs/FileFilter.h"
 #include "textures/TextureMessages.h"
 
 #include <QCheckBox>

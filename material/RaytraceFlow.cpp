@@ -1,0 +1,165 @@
+#include "material/RaytraceFlow.h"
+
+#include "dialogs/WarningCatalogue.h"
+#include "material/AttributePanel.h"
+#include "material/IMaterial.h"
+#include "material/MaterialEditor.h"
+#include "material/SurfacePanel.h"
+#include "preview/PreviewPanel.h"
+#include "raytrace/RaytraceCatalogue.h"
+#include "raytrace/SimulationTexture.h"
+#include "raytrace/frmMaterialExtended.h"
+#include "textures/ChannelPanel.h"
+#include "textures/TexturePage.h"
+
+#include <QAbstractButton>
+
+namespace CorvexMaterial {
+
+namespace {
+
+class ButtonOff {
+public:
+    explicit ButtonOff(QAbstractButton& button) : m_button(button), m_focus(button.hasFocus())
+    {
+        m_button.setEnabled(false);
+    }
+    ~ButtonOff()
+    {
+        m_button.setEnabled(true);
+        if (m_focus) {
+            m_button.setFocus();
+        }
+    }
+    ButtonOff(const ButtonOff&) = delete;
+    ButtonOff& operator=(const ButtonOff&) = delete;
+
+private:
+    QAbstractButton& m_button;
+    bool m_focus;
+};
+
+}  // namespace
+
+RaytraceFlow::RaytraceFlow(MaterialEditor& editor, Platform& platform, IMaterial& control,
+                           QWidget& widget)
+    : m_editor(editor), m_platform(platform), m_control(control), m_widget(widget),
+      m_raytrace(editor.HostParts(), platform, &widget),
+      m_wait(platform.processes, editor.Form().Preview().Viewport().Widget())
+{
+}
+
+CorvexViewport::PixelSize RaytraceFlow::Prepare()
+{
+    CorvexViewport::Viewport& viewport = m_editor.Form().Preview().Viewport();
+    viewport.PrepareRaytracedPicture();
+    return viewport.Size();
+}
+
+void RaytraceFlow::RaytracePreview()
+{
+    const ButtonOff buttonOff(m_editor.Form().Preview().RaytraceButton());
+    if (!m_raytrace.CheckRaytracer()) {
+        return;
+    }
+    m_raytrace.ReportingFailure([this] {
+        const CorvexViewport::PixelSize size = Prepare();
+        CorvexViewport::Viewport& viewport = m_editor.Form().Preview().Viewport();
+        const std::int32_t antialias = m_editor.HostParts().applicationState.AntialiasChoice();
+        m_raytrace.Render(
+            {viewport.Scene(), CorvexSG::RaytraceView::Scene, size, antialias, &m_wait},
+            [&viewport](const std::string& bitmap) { viewport.ShowBitmap(bitmap); });
+    });
+}
+
+void RaytraceFlow::WithAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
+                                  const std::function<void(CorvexSG::Scene&)>& use)
+{
+    /// Puts the panel's own attributes back on the shape, whatever happened.
+    class Borrowed {
+    public:
+        Borrowed(MaterialEditor& editor, const CorvexDB::cdtRayTraceMaterialAttributes& other)
+            : m_editor(editor), m_own(editor.Attributes().RayTrace())
+        {
+            m_editor.Attributes().RayTrace() = other;
+        }
+        ~Borrowed()
+        {
+            m_editor.Attributes().RayTrace() = m_own;
+            m_editor.Guard()("ApplyShapeMaterial", [this] { m_editor.ApplyToPreview(); });
+        }
+        Borrowed(const Borrowed&) = delete;
+        Borrowed& operator=(const Borrowed&) = delete;
+
+    private:
+        MaterialEditor& m_editor;
+        CorvexDB::cdtRayTraceMaterialAttributes m_own;
+    };
+
+    const Borrowed borrowed(m_editor, attributes);
+    m_editor.ApplyToPreview();
+    use(m_editor.Preview().Scene());
+}
+
+void RaytraceFlow::EditAttributes()
+{
+    m_editor.RequestWarning(RowOf(WarningId::MaterialExtended).text,
+                            RowOf(WarningId::MaterialExtended).key);
+    frmMaterialExtended dialog({m_editor.Guard(), m_editor.HostParts(), m_platform, *this},
+                               m_editor.Attributes().Record(), &m_widget);
+    dialog.put_cdtRayTraceMaterialAttributes(m_editor.Attributes().RayTrace());
+    dialog.exec();
+    m_editor.ChangeAtOnce([&] {
+        if (dialog.OKClicked()) {
+            Take(dialog);
+        }
+    });
+}
+
+void RaytraceFlow::Take(const frmMaterialExtended& dialog)
+{
+    const CorvexDB::cdtRayTraceMaterialAttributes& attributes =
+        dialog.get_cdtRayTraceMaterialAttributes();
+    m_editor.Attributes().RayTrace() = attributes;
+    const std::string& texture = dialog.SimulationTexture();
+    if (!texture.empty()) {
+        m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary, texture);
+    }
+    Require(m_control.put_lRaytraceColorPatternType(attributes.ColorPattern));
+    Require(m_control.put_lRaytracePredefinedType(attributes.PredefinedType));
+    Require(m_control.put_lRaytraceType(attributes.MaterialType));
+    if (!texture.empty()) {
+        Notice(attributes);
+    }
+}
+
+void RaytraceFlow::Notice(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+{
+    const WarningRow& row = RowOf(WarningId::RaytraceSimulation);
+    const bool predefined =
+        attributes.MaterialType == static_cast<std::int32_t>(MaterialType::Predefined);
+    m_editor.RequestWarning(predefined ? row.otherText : row.text, row.key);
+}
+
+bool RaytraceFlow::SimulationTextureActive() const
+{
+    const CorvexDB::cdtRayTraceMaterialAttributes& attributes = m_editor.Attributes().RayTrace();
+    const std::string& primary =
+        m_editor.Form().Attributes().Channels().Textures().File(TextureLayer::Primary);
+    return attributes.MaterialType == static_cast<std::int32_t>(MaterialType::Predefined)
+               ? !primary.empty()
+               : attributes.ColorPattern != 0 && IsSimulationTexture(primary);
+}
+
+void RaytraceFlow::FollowAttributes()
+{
+    // A predefined material is simulated by a picture; its own amounts would spoil it.
+    const bool editable = m_editor.Attributes().RayTrace().MaterialType !=
+                          static_cast<std::int32_t>(MaterialType::Predefined);
+    AttributePanel& panel = m_editor.Form().Attributes();
+    panel.Surface().SetAmountsEnabled(editable);
+    panel.Channels().SetChannelsEnabled(editable);
+    panel.Channels().SetPrimaryLocked(SimulationTextureActive());
+}
+
+}  // namespace CorvexMaterial

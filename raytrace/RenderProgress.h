@@ -1,0 +1,28 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace CorvexMaterial {
+
+/// Reads what a renderer prints while it works. Its lines end with line feeds or, while it counts
+/// pixels, with carriage returns, and arrive in any pieces.
+class RenderProgress {
+public:
+    void Feed(std::string_view printed);
+
+    /// Of the last line "Rendered N of M pixels (P%)", 0 to 100.
+    [[nodiscard]] std::optional<int> Percent() const { return m_percent; }
+    /// The last lines that are no progress, to explain a failure; the unfinished line included.
+    [[nodiscard]] std::string Messages() const;
+
+private:
+    void TakeLine();
+
+    std::string m_line;
+    std::string m_messages;
+    std::optional<int> m_percent;
+};
+
+}  // namespace CorvexMaterial

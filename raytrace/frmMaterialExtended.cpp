@@ -1,0 +1,325 @@
+#include "raytrace/frmMaterialExtended.h"
+
+#include "controls/Swatch.h"
+#include "controls/WheelGuard.h"
+#include "dialogs/Trap.h"
+#include "raytrace/PatternColours.h"
+#include "raytrace/RaytraceAmounts.h"
+#include "raytrace/RaytraceCatalogue.h"
+#include "raytrace/RendererOptions.h"
+#include "ui_frmMaterialExtended.h"
+
+#include <QStandardItemModel>
+
+#include <algorithm>
+
+namespace CorvexMaterial {
+
+namespace {
+
+/// Small enough to follow a slider that is being moved.
+constexpr int kQuickSide = 150;
+constexpr int kIdleMilliseconds = 200;
+
+QString CatalogueText(std::string_view name)
+{
+    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+template <typename Names>
+void FillList(QComboBox& list, const Names& names)
+{
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        list.insertItem(static_cast<int>(i), CatalogueText(names[i]));
+    }
+}
+
+/// A position that the list does not have is shown as its first.
+void ShowPosition(QComboBox& list, std::int32_t position)
+{
+    list.setCurrentIndex(position >= 0 && position < list.count() ? position : 0);
+}
+
+}  // namespace
+
+frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
+                                         const CorvexDB::udtMaterial& material, QWidget* parent)
+    : QDialog(parent), m_services(services), m_material(material),
+      m_ui(std::make_unique<Ui::frmMaterialExtended>()),
+      m_raytracer(services.host.applicationState.SelectedRaytracer()),
+      m_raytrace(services.host, services.platform, this), m_wait(services.platform.processes, *this)
+{
+    m_ui->setupUi(this);
+    m_swatches = {m_ui->picColorPattern_0, m_ui->picColorPattern_1, m_ui->picColorPattern_2,
+                  m_ui->picColorPattern_3};
+    m_quickTimer.setSingleShot(true);
+    m_fineTimer.setSingleShot(true);
+    m_fineTimer.setInterval(kIdleMilliseconds);
+    FillLists();
+    ConnectAmounts();
+    ConnectSwatches();
+    Connect();
+    FollowRaytracer();
+    GuardWheel(*this);
+}
+
+frmMaterialExtended::~frmMaterialExtended() = default;
+
+void frmMaterialExtended::FillLists()
+{
+    FillList(*m_ui->cboMaterialType, kMaterialTypeNames);
+    FillList(*m_ui->cboPredefinedType, kPredefinedTypeNames);
+    FillList(*m_ui->cboColorPattern, kColorPatternNames);
+    FillList(*m_ui->cboNormalPattern, kNormalPatternNames);
+}
+
+void frmMaterialExtended::ConnectAmounts()
+{
+    for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
+        const QString name = CatalogueText(kRaytraceAmounts[i].slider);
+        auto* slider = findChild<QSlider*>(name);
+        auto* value = findChild<QLabel*>("lblValue" + name.mid(3));
+        m_sliders[i] = {slider, value};
+        connect(slider, &QSlider::valueChanged, this, [this, value](int position) {
+            value->setNum(position);
+            SketchSoon();
+        });
+        value->setNum(slider->value());
+    }
+    connect(m_ui->chkMetallic, &QCheckBox::toggled, this, &frmMaterialExtended::SketchSoon);
+}
+
+void frmMaterialExtended::ConnectSwatches()
+{
+    for (std::size_t i = 0; i < m_swatches.size(); ++i) {
+        connect(m_swatches[i], &Swatch::clicked, this,
+                [this, i] { m_services.trap("picColorPattern", [this, i] { ChooseColour(i); }); });
+    }
+}
+
+void frmMaterialExtended::Connect()
+{
+    connect(m_ui->cboMaterialType, &QComboBox::currentIndexChanged, this,
+            &frmMaterialExtended::OnMaterialType);
+    connect(m_ui->cboPredefinedType, &QComboBox::currentIndexChanged, this,
+            &frmMaterialExtended::OnPredefinedType);
+    connect(m_ui->cboPreDefinedMaterial, &QComboBox::currentIndexChanged, this,
+            &frmMaterialExtended::SketchSoon);
+    connect(m_ui->cboColorPattern, &QComboBox::currentIndexChanged, this,
+            &frmMaterialExtended::OnColorPattern);
+    connect(m_ui->cboNormalPattern, &QComboBox::currentIndexChanged, this,
+            &frmMaterialExtended::OnNormalPattern);
+    connect(&m_quickTimer, &QTimer::timeout, this, &frmMaterialExtended::SketchQuickly);
+    connect(&m_fineTimer, &QTimer::timeout, this, &frmMaterialExtended::SketchFinely);
+    connect(m_ui->cmdDefault, &QPushButton::clicked, this, &frmMaterialExtended::ShowDefaults);
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmMaterialExtended::accept);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmMaterialExtended::reject);
+    connect(m_ui->cmdPreview, &QPushButton::clicked, this,
+            [this] { m_services.trap("cmdPreview", [this] { RaytracePicture(); }); });
+}
+
+void frmMaterialExtended::put_cdtRayTraceMaterialAttributes(
+    const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+{
+    m_record = attributes;
+    for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
+        const RaytraceAmount& amount = kRaytraceAmounts[i];
+        m_sliders[i].slider->setValue(PositionOf(amount, attributes.*amount.field));
+    }
+    ShowPosition(*m_ui->cboNormalPattern, attributes.NormalPattern);
+    m_ui->chkMetallic->setChecked(attributes.Metallic);
+    ShowPosition(*m_ui->cboMaterialType, attributes.MaterialType);
+    ShowPosition(*m_ui->cboPredefinedType, attributes.PredefinedType);
+    OnPredefinedType();
+    ShowPosition(*m_ui->cboPreDefinedMaterial, attributes.PreDefinedMaterial);
+    ShowPosition(*m_ui->cboColorPattern, attributes.ColorPattern);
+    for (std::size_t i = 0; i < m_swatches.size(); ++i) {
+        m_swatches[i]->SetColour(ColourOfFractions(attributes.ColorPatternColor[i]));
+    }
+    // A list that showed this position already has told nobody.
+    OnMaterialType();
+    OnColorPattern();
+    OnNormalPattern();
+    SketchSoon();
+}
+
+void frmMaterialExtended::ReadControls(CorvexDB::cdtRayTraceMaterialAttributes& record) const
+{
+    for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
+        record.*kRaytraceAmounts[i].field = static_cast<float>(m_sliders[i].slider->value());
+    }
+    record.NormalPattern = m_ui->cboNormalPattern->currentIndex();
+    record.Metallic = m_ui->chkMetallic->isChecked();
+    record.MaterialType = m_ui->cboMaterialType->currentIndex();
+    record.PredefinedType = m_ui->cboPredefinedType->currentIndex();
+    record.PreDefinedMaterial = m_ui->cboPreDefinedMaterial->currentIndex();
+    record.ColorPattern = m_ui->cboColorPattern->currentIndex();
+    for (std::size_t i = 0; i < m_swatches.size(); ++i) {
+        StoreFractions(record.ColorPatternColor[i], m_swatches[i]->Value());
+    }
+}
+
+void frmMaterialExtended::ShowDefaults()
+{
+    for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
+        m_sliders[i].slider->setValue(kRaytraceAmounts[i].defaultPosition);
+    }
+    m_ui->chkMetallic->setChecked(false);
+    for (QComboBox* list : {m_ui->cboNormalPattern, m_ui->cboMaterialType, m_ui->cboPredefinedType,
+                            m_ui->cboPreDefinedMaterial, m_ui->cboColorPattern}) {
+        list->setCurrentIndex(0);
+    }
+    for (Swatch* swatch : m_swatches) {
+        swatch->SetColour(kWhite);
+    }
+    SketchSoon();
+}
+
+void frmMaterialExtended::OnMaterialType()
+{
+    const bool custom =
+        m_ui->cboMaterialType->currentIndex() == static_cast<int>(MaterialType::Custom);
+    // Hidden first: both frames at once would make the form large for a moment.
+    (custom ? m_ui->fraMaterial_1 : m_ui->fraMaterial_0)->hide();
+    (custom ? m_ui->fraMaterial_0 : m_ui->fraMaterial_1)->show();
+    SketchSoon();
+}
+
+void frmMaterialExtended::OnPredefinedType()
+{
+    const std::int32_t type = m_ui->cboPredefinedType->currentIndex();
+    m_ui->cboPreDefinedMaterial->clear();
+    for (std::int32_t i = 0; i < PredefinedMaterialCount(type); ++i) {
+        m_ui->cboPreDefinedMaterial->addItem(
+            QString::fromStdString(PredefinedMaterialName(type, i)));
+    }
+    m_ui->cboPreDefinedMaterial->setCurrentIndex(0);
+    SketchSoon();
+}
+
+void frmMaterialExtended::OnColorPattern()
+{
+    if (m_ui->cboColorPattern->currentIndex() != static_cast<int>(ColorPattern::None)) {
+        const PatternNeeds needs =
+            NeedsOfColorPattern(m_ui->cboColorPattern->currentText().toStdString());
+        for (std::size_t i = 0; i < m_swatchUsed.size(); ++i) {
+            m_swatchUsed[i] = static_cast<int>(i) < needs.swatches;
+        }
+    }
+    UpdateEnabled();
+    SketchSoon();
+}
+
+void frmMaterialExtended::OnNormalPattern()
+{
+    UpdateEnabled();
+    SketchSoon();
+}
+
+void frmMaterialExtended::ChooseColour(std::size_t swatch)
+{
+    const Colour present = m_swatches[swatch]->Value();
+    const auto chosen = m_services.platform.choosers.ChooseColour(
+        present == 0 ? std::nullopt : std::optional(present));
+    if (chosen) {
+        m_swatches[swatch]->SetColour(*chosen);
+        SketchSoon();
+    }
+}
+
+void frmMaterialExtended::FollowRaytracer()
+{
+    struct Row {
+        RaytraceOption option;
+        std::initializer_list<QWidget*> widgets;
+    };
+    const std::initializer_list<Row> rows{
+        {RaytraceOption::Brilliance,
+         {m_ui->lblBrilliance, m_ui->sldBrilliance, m_ui->lblValueBrilliance}},
+        {RaytraceOption::Reflection,
+         {m_ui->lblReflection, m_ui->sldReflection, m_ui->lblValueReflection}},
+        {RaytraceOption::Roughness,
+         {m_ui->lblRoughness, m_ui->sldRoughness, m_ui->lblValueRoughness}},
+        {RaytraceOption::Metallic, {m_ui->chkMetallic}},
+        {RaytraceOption::Iridescence, {m_ui->fraIridescence}},
+        {RaytraceOption::ColorPattern, {m_ui->fraColorPattern}},
+        {RaytraceOption::NormalPattern, {m_ui->fraNormalPattern}},
+        {RaytraceOption::PredefinedMaterial, {m_ui->fraPredefined}},
+    };
+    bool all = true;
+    for (const Row& row : rows) {
+        const bool honoured = Honours(m_raytracer, row.option);
+        all = all && honoured;
+        for (QWidget* widget : row.widgets) {
+            widget->setEnabled(honoured);
+        }
+    }
+    // The entry alone: who comes with a predefined material must be able to leave it.
+    auto* types = qobject_cast<QStandardItemModel*>(m_ui->cboMaterialType->model());
+    types->item(static_cast<int>(MaterialType::Predefined))
+        ->setEnabled(Honours(m_raytracer, RaytraceOption::PredefinedMaterial));
+    m_ui->lblNotHonored->setText(tr("Options that your raytracer cannot render are disabled."));
+    m_ui->lblNotHonored->setVisible(!all);
+}
+
+void frmMaterialExtended::UpdateEnabled()
+{
+    const PatternNeeds needs =
+        NeedsOfColorPattern(m_ui->cboColorPattern->currentText().toStdString());
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             m_ui->lblColorPatternFrequency, m_ui->sldColorPatternFrequency,
+             m_ui->lblValueColorPatternFrequency, m_ui->lblColorPatternTurbulence,
+             m_ui->sldColorPatternTurbulence, m_ui->lblValueColorPatternTurbulence}) {
+        widget->setEnabled(needs.frequencyAndTurbulence);
+    }
+    for (std::size_t i = 0; i < m_swatches.size(); ++i) {
+        m_swatches[i]->setEnabled(m_swatchUsed[i]);
+    }
+    const bool bumpy =
+        m_ui->cboNormalPattern->currentIndex() != static_cast<int>(NormalPattern::None);
+    for (QWidget* widget : std::initializer_list<QWidget*>{
+             m_ui->lblNormalPatternFrequency, m_ui->sldNormalPatternFrequency,
+             m_ui->lblValueNormalPatternFrequency, m_ui->lblNormalPatternScale,
+             m_ui->sldNormalScale, m_ui->lblValueNormalScale, m_ui->lblNormalPatternTurbulence,
+             m_ui->sldNormalPatternTurbulence, m_ui->lblValueNormalPatternTurbulence}) {
+        widget->setEnabled(bumpy);
+    }
+}
+
+void frmMaterialExtended::showEvent(QShowEvent* event)
+{
+    SketchQuickly();
+    QDialog::showEvent(event);
+}
+
+void frmMaterialExtended::SketchSoon()
+{
+    m_quickTimer.start();
+}
+
+void frmMaterialExtended::SketchQuickly()
+{
+    m_quickTimer.stop();
+    ReadControls(m_material.RayTrace);
+    ShowSketch(std::min(kQuickSide, m_ui->picPreview->PixelSide()), SketchQuality::Quick);
+    m_fineTimer.start();
+}
+
+void frmMaterialExtended::SketchFinely()
+{
+    // A raytraced picture that has come meanwhile stays.
+    if (!m_quickTimer.isActive() && !m_rendering) {
+        ShowSketch(m_ui->picPreview->PixelSide(), SketchQuality::Fine);
+    }
+}
+
+void frmMaterialExtended::ShowSketch(int side, SketchQuality quality)
+{
+    const std::vector<std::uint32_t> pixels = SketchMaterial(m_material, side, quality);
+    const QImage image(reinterpret_cast<const uchar*>(pixels.data()), side, side,
+                       QImage::Format_RGB32);
+    m_ui->picPreview->SetImage(image.copy());
+    m_ui->lblPicture->setText(tr("Sketch"));
+}
+
+}  // namespace CorvexMaterial

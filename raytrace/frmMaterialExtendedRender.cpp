@@ -1,0 +1,142 @@
+// The two pictures that the dialog has the raytracer make.
+
+#include "raytrace/frmMaterialExtended.h"
+
+#include "dialogs/ErrorTexts.h"
+#include "dialogs/Trap.h"
+#include "dialogs/WarningCatalogue.h"
+#include "dialogs/modDialog.h"
+#include "raytrace/RaytraceCatalogue.h"
+#include "raytrace/RaytraceMessages.h"
+#include "raytrace/RaytracedPreview.h"
+#include "ui_frmMaterialExtended.h"
+
+#include <QImageReader>
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr std::int32_t kJpegQuality = 80;
+
+QImage ReadPicture(const std::string& path)
+{
+    QImageReader reader(QString::fromStdString(path));
+    // The name says "bmp" whatever the renderer has written.
+    reader.setDecideFormatFromContent(true);
+    const QImage picture = reader.read();
+    if (picture.isNull()) {
+        throw Error(Status::FileFailed, path + ": " + reader.errorString().toStdString());
+    }
+    return picture;
+}
+
+}  // namespace
+
+/// Nothing can be pressed while a raytracer works; everything can again afterwards.
+class frmMaterialExtended::ButtonsOff {
+public:
+    explicit ButtonsOff(frmMaterialExtended& dialog) : m_dialog(dialog) { Set(false); }
+    ~ButtonsOff() { Set(true); }
+    ButtonsOff(const ButtonsOff&) = delete;
+    ButtonsOff& operator=(const ButtonsOff&) = delete;
+
+private:
+    void Set(bool enabled)
+    {
+        m_dialog.m_rendering = !enabled;
+        const Ui::frmMaterialExtended& form = *m_dialog.m_ui;
+        for (QPushButton* button : {form.cmdOK, form.cmdCancel, form.cmdDefault, form.cmdPreview}) {
+            button->setEnabled(enabled);
+        }
+    }
+
+    frmMaterialExtended& m_dialog;
+};
+
+void frmMaterialExtended::RaytracePicture()
+{
+    const ButtonsOff buttonsOff(*this);
+    if (!m_raytrace.CheckRaytracer()) {
+        return;
+    }
+    m_raytrace.ReportingFailure([this] {
+        static_cast<void>(m_services.preview.Prepare());
+        ReadControls(m_material.RayTrace);
+        const int side = m_ui->picPreview->PixelSide();
+        const std::int32_t antialias = m_services.host.applicationState.AntialiasChoice();
+        m_services.preview.WithAttributes(m_material.RayTrace, [&](CorvexSG::Scene& scene) {
+            m_raytrace.Render(
+                {scene, CorvexSG::RaytraceView::Scene, {side, side}, antialias, &m_wait},
+                [this](const std::string& bitmap) { ShowRaytraced(ReadPicture(bitmap)); });
+        });
+    });
+}
+
+void frmMaterialExtended::ShowRaytraced(const QImage& picture)
+{
+    m_quickTimer.stop();
+    m_fineTimer.stop();
+    m_ui->picPreview->SetImage(picture);
+    m_ui->lblPicture->setText(tr("Raytraced"));
+}
+
+void frmMaterialExtended::accept()
+{
+    if (m_rendering) {
+        return;
+    }
+    ReadControls(m_record);
+    if (WantsSimulation(m_record.MaterialType, m_record.ColorPattern)) {
+        // Made or not, the dialog closes with OK.
+        m_services.trap("cmdOK", [this] { MakeSimulationTexture(); });
+    }
+    m_okClicked = true;
+    QDialog::accept();
+}
+
+void frmMaterialExtended::reject()
+{
+    if (!m_rendering) {
+        QDialog::reject();
+    }
+}
+
+void frmMaterialExtended::MakeSimulationTexture()
+{
+    if (!m_raytrace.CheckRaytracer()) {
+        return;
+    }
+    const WarningRow& notice = RowOf(WarningId::SimulationTexture);
+    modDialog(m_services.platform.settings, m_services.host.diagnostics, this)
+        .ShowWarning({m_services.host.applicationState.SettingsApplicationName(),
+                      std::string(notice.text), std::string(notice.key), std::string(notice.key)});
+    const ButtonsOff buttonsOff(*this);
+    m_raytrace.ReportingFailure([this] {
+        const CorvexViewport::PixelSize size = m_services.preview.Prepare();
+        const std::int32_t antialias = m_services.host.applicationState.AntialiasChoice();
+        m_services.preview.WithAttributes(m_record, [&](CorvexSG::Scene& scene) {
+            m_raytrace.Render({scene, CorvexSG::RaytraceView::FlatSample, size, antialias, &m_wait},
+                              [this](const std::string& bitmap) { SaveSimulation(bitmap); });
+        });
+    });
+}
+
+void frmMaterialExtended::SaveSimulation(const std::string& bitmap)
+{
+    const std::string jpeg = m_services.platform.temporaryFiles.Claim("jpg");
+    try {
+        if (!m_services.platform.imageFormats.CanWriteJpeg()) {
+            throw Error(Status::NotAvailable, "there is no JPEG writer");
+        }
+        m_services.host.raytrace.SaveAsJpeg(bitmap, jpeg, kJpegQuality);
+        m_simulationTexture = jpeg;
+    } catch (...) {
+        RemoveQuietly(m_services.platform.temporaryFiles, m_services.host.diagnostics, jpeg);
+        const ErrorReport report = Describe(std::current_exception(), "SaveAsJpeg");
+        m_services.platform.prompts.Show({PromptIcon::Exclamation, std::string(kBoxTitle),
+                                          std::string(kJpegWriterMissing), report.description});
+    }
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,144 @@
+#include "raytrace/modRaytrace.h"
+
+#include "dialogs/ErrorTexts.h"
+#include "dialogs/Trap.h"
+#include "raytrace/PovRayJob.h"
+#include "raytrace/PreviewTarget.h"
+#include "raytrace/RaytraceMessages.h"
+#include "raytrace/RenderManJob.h"
+#include "raytrace/TextureRules.h"
+#include "raytrace/WorkingFolder.h"
+
+namespace CorvexMaterial {
+
+namespace {
+
+/// What every scene's exporter is given beside the aspect ratio.
+constexpr float kExportConstant = 0.1F;
+
+}  // namespace
+
+RaytraceOutcome modRaytrace::Render(const RaytraceJob& job,
+                                    const std::function<void(const std::string& bitmap)>& read)
+{
+    const WorkingFolder workingFolder;
+    const CorvexDB::Raytracer raytracer = m_host.applicationState.SelectedRaytracer();
+    const bool renderMan = raytracer == CorvexDB::Raytracer::RenderMan;
+    const JobFiles files(m_platform.temporaryFiles, m_host.diagnostics, renderMan ? "rib" : "pov",
+                         job.afterJob);
+    const CorvexDB::CommandLine commandLine =
+        renderMan ? PrepareRenderMan(job, files) : PreparePovRay(job, files);
+    if (!TexturesAreTaken(raytracer, job)) {
+        m_host.raytrace.RaytraceAbandoned();
+        return RaytraceOutcome::Abandoned;
+    }
+    const RaytraceOutcome outcome = Run(job, commandLine, files.Bitmap());
+    if (outcome == RaytraceOutcome::Rendered) {
+        read(files.Bitmap());
+    }
+    return outcome;
+}
+
+std::string modRaytrace::Export(const RaytraceJob& job, const JobFiles& files)
+{
+    const float aspect =
+        static_cast<float>(job.size.width) / static_cast<float>(std::max(1, job.size.height));
+    return m_host.exporter.ExportRaytraceScene(
+        {files.Scene(), job.scene, aspect, kExportConstant, job.view});
+}
+
+CorvexDB::CommandLine modRaytrace::PreparePovRay(const RaytraceJob& job, const JobFiles& files)
+{
+    static_cast<void>(Export(job, files));
+    CorvexDB::ApplicationState& state = m_host.applicationState;
+    const PovRayIni ini = IniOf({files.Scene(), job.size.width, job.size.height, job.antialias,
+                                 state.ScenePath(), state.SearchFolders()});
+    m_platform.temporaryFiles.Write(files.Ini(), ini.text);
+    for (const std::string& line : ini.trace) {
+        m_host.diagnostics.DebugTrace(line);
+    }
+    return PovRayCommandLine(state.PovRayProgram(), files.Ini());
+}
+
+CorvexDB::CommandLine modRaytrace::PrepareRenderMan(const RaytraceJob& job, const JobFiles& files)
+{
+    const std::string scene = Export(job, files);
+    return RenderManCommandLine({m_platform.settings.Read(RenderManLocation()).value_or(""),
+                                 job.size.width, job.size.height, scene,
+                                 m_platform.temporaryFiles.Folder()});
+}
+
+bool modRaytrace::TexturesAreTaken(CorvexDB::Raytracer raytracer, const RaytraceJob& job)
+{
+    // A flat sample leaves the shape's own textures out.
+    if (job.view == CorvexSG::RaytraceView::FlatSample ||
+        TexturesFit(raytracer, m_host.exporter.TexturesInUse(job.scene))) {
+        return true;
+    }
+    ShowRule(raytracer == CorvexDB::Raytracer::RenderMan ? kOnlyTiffTextures : kNoTiffTextures);
+    return false;
+}
+
+RaytraceOutcome modRaytrace::Run(const RaytraceJob& job, const CorvexDB::CommandLine& commandLine,
+                                 const std::string& bitmap)
+{
+    try {
+        // The image of an earlier job must never pass for this one's.
+        m_platform.temporaryFiles.Remove(bitmap);
+        const auto exitCode = StartAndWait(job, commandLine, bitmap);
+        if (!exitCode) {
+            return RaytraceOutcome::Abandoned;
+        }
+        if (*exitCode != 0) {
+            throw Error(Status::Failed, "exit code " + std::to_string(*exitCode));
+        }
+        if (!m_platform.temporaryFiles.HasContent(bitmap)) {
+            throw Error(Status::FileFailed, "no image was written");
+        }
+        return RaytraceOutcome::Rendered;
+    } catch (...) {
+        TellFailure(Describe(std::current_exception(), commandLine.program), job.target);
+        return RaytraceOutcome::Failed;
+    }
+}
+
+std::optional<std::int32_t> modRaytrace::StartAndWait(const RaytraceJob& job,
+                                                      const CorvexDB::CommandLine& commandLine,
+                                                      const std::string& bitmap)
+{
+    if (job.target == nullptr) {
+        return m_host.raytrace.StartAndWait(commandLine);
+    }
+    ShellStatus status = ShellStatus::Ended;
+    const std::int32_t exitCode = job.target->ShellWaitUpdatePreview(
+        commandLine, bitmap, status, job.size.width, job.size.height, true, 0);
+    if (status == ShellStatus::Crashed) {
+        throw Error(Status::Failed, "the program crashed");
+    }
+    return status == ShellStatus::Cancelled ? std::nullopt : std::optional(exitCode);
+}
+
+void modRaytrace::ReportingFailure(const std::function<void()>& body)
+{
+    try {
+        body();
+    } catch (const ReportedError&) {
+        throw;
+    } catch (...) {
+        const ErrorReport report = Describe(std::current_exception(), "raytraced picture");
+        m_platform.prompts.Show({PromptIcon::Critical, std::string(kBoxTitle),
+                                 std::string(kPreviewFailed), report.description});
+    }
+}
+
+void modRaytrace::TellFailure(const ErrorReport& report, PreviewTarget* target)
+{
+    std::string details = report.location + ": " + report.description;
+    if (target != nullptr) {
+        details.append("\n\n").append(target->Messages());
+    }
+    m_platform.prompts.Show({PromptIcon::Critical, std::string(kBoxTitle),
+                             std::string(kRaytracerFailed), std::move(details)});
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,134 @@
+#include "tests/support/ControlRig.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QLabel>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexTest;
+using CorvexDB::WebSite;
+
+constexpr const char* kNoPovRay =
+    "Corvex: POVRay was not found. Corvex requires POVRay version 3.5 or higher. Would you like to "
+    "visit the POVRay web site for this free download?";
+constexpr const char* kNoRenderMan =
+    "Corvex: A RenderMan compatible renderer was not found. Is there one currently installed on "
+    "your system?";
+constexpr const char* kSelect =
+    "Corvex: Would you like to select your RenderMan compatible renderer?";
+constexpr const char* kVisit = "Corvex: Would you like to visit the Exluna web site to download "
+                               "their free Renderman compatible Blue Moon Rendering tools?";
+
+struct Check {
+    const char* name;
+    std::deque<bool> answers;
+    std::deque<std::string> files;
+    std::vector<std::string> questions;
+    std::vector<std::string> sites;
+    std::string location;
+    bool renders;
+};
+
+class RenderManCheck : public ::testing::TestWithParam<Check> {};
+
+TEST_P(RenderManCheck, AsksUntilARendererIsKnownAndRemembersIt)
+{
+    const Check& check = GetParam();
+    ControlRig rig;
+    rig.Start();
+    rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
+    rig.platform.prompts.answers = check.answers;
+    rig.platform.choosers.files = check.files;
+    rig.Press("cmdPreview");
+    EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo"), check.questions);
+    EXPECT_EQ(rig.log.DetailsOf("ApplicationState.OpenWebSite"), check.sites);
+    EXPECT_EQ(rig.platform.settings.Get("RenderManLocation").value_or(""), check.location);
+    EXPECT_EQ(rig.log.CountOf("ProcessStarter.Start"), check.renders ? 1U : 0U);
+    EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers, RenderManCheck,
+    ::testing::Values(
+        Check{"NotInstalled", {false, false}, {}, {kNoRenderMan, kVisit}, {}, "", false},
+        Check{"WantsToDownload",
+              {false, true},
+              {},
+              {kNoRenderMan, kVisit},
+              {std::to_string(static_cast<int>(WebSite::RenderMan))},
+              "",
+              false},
+        Check{"WillNotSelect", {true, false}, {}, {kNoRenderMan, kSelect}, {}, "", false},
+        Check{"ChooserCancelled", {true, true}, {}, {kNoRenderMan, kSelect}, {}, "", false},
+        Check{"ChoseNoProgram",
+              {true, true},
+              {"/etc/passwd"},
+              {kNoRenderMan, kSelect},
+              {},
+              "",
+              false},
+        Check{"ChoseAProgram",
+              {true, true},
+              {"/bin/sh"},
+              {kNoRenderMan, kSelect},
+              {},
+              "/bin/sh",
+              true}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST(RaytracerCheck, AKnownRendererIsNotAskedFor)
+{
+    ControlRig rig;
+    rig.Start();
+    rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
+    rig.platform.settings.Put("RenderManLocation", "/opt/my renderer");
+    rig.Press("cmdPreview");
+    EXPECT_EQ(rig.log.CountOf("Prompts.AskYesNo"), 0U);
+    ASSERT_EQ(rig.platform.processes.requests.size(), 1U);
+    EXPECT_EQ(rig.platform.processes.requests.front().program, "/opt/my renderer");
+    EXPECT_EQ(rig.platform.processes.requests.front().arguments,
+              (std::vector<std::string>{"-res", "256", "256", "/temporary/~CVX1.rib"}));
+    EXPECT_EQ(rig.platform.processes.requests.front().workingFolder, "/temporary");
+    EXPECT_TRUE(rig.platform.temporaryFiles.written.empty());
+}
+
+TEST(RaytracerCheck, AMissingPovRayIsExplainedAndNothingRuns)
+{
+    for (const bool visit : {false, true}) {
+        ControlRig rig;
+        rig.Start();
+        rig.host.applicationState.povRayProgram.clear();
+        rig.platform.prompts.answers = {visit};
+        rig.Press("cmdPreview");
+        EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo"), std::vector<std::string>{kNoPovRay});
+        EXPECT_EQ(rig.log.CountOf("ApplicationState.OpenWebSite"), visit ? 1U : 0U);
+        EXPECT_EQ(rig.log.CountOf("SceneExporter.ExportRaytraceScene"), 0U);
+        EXPECT_TRUE(rig.platform.prompts.shown.empty());
+        EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+    }
+}
+
+TEST(RaytracerCheck, HowToConfigurePovRayIsSaidUntilTheUserHasEnough)
+{
+    ControlRig rig;
+    rig.Start();
+    const DialogAnswer answer([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Corvex");
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblWarning")->text(),
+                  "Please ensure that you have POVRay 3.5 or higher installed. Also ensure that "
+                  "the 'Script I/O Restrictions' on POVRay's 'Options' menu is set to 'No "
+                  "Restrictions'");
+        dialog.findChild<QCheckBox*>("chkContinueToReceiveWarning")->setChecked(false);
+        Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+    });
+    rig.Press("cmdPreview");
+    EXPECT_TRUE(answer.Given());
+    EXPECT_EQ(rig.platform.settings.GetTip("POVRayConfiguration"), "0");
+    rig.Press("cmdPreview");
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 2U);
+}
+
+}  // namespace

@@ -1,0 +1,280 @@
+#include "tests/support/ControlRig.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QFrame>
+#include <QLabel>
+#include <QSlider>
+#include <QStandardItemModel>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexTest;
+using CorvexDB::cdtRayTraceMaterialAttributes;
+
+/// The dialog as a user has it before him.
+class Form {
+public:
+    explicit Form(QDialog& dialog) : m_dialog(dialog) {}
+
+    template <typename Widget>
+    Widget& Find(const char* name)
+    {
+        auto* found = m_dialog.findChild<Widget*>(name);
+        if (found == nullptr) {
+            throw std::logic_error(std::string("there is no ") + name);
+        }
+        return *found;
+    }
+    QComboBox& List(const char* name) { return Find<QComboBox>(name); }
+    QSlider& Slider(const char* name) { return Find<QSlider>(name); }
+    bool Enabled(const char* name) { return Find<QWidget>(name).isEnabled(); }
+    void Press(const char* name) { Click(Find<QWidget>(name)); }
+    QSize Size() { return m_dialog.size(); }
+
+private:
+    QDialog& m_dialog;
+};
+
+class ExtendedDialog : public ::testing::Test {
+protected:
+    void SetUp() override { rig.Start(); }
+
+    void Open(const std::function<void(Form&)>& use)
+    {
+        const DialogAnswer answer([&use](QDialog& dialog) {
+            Form form(dialog);
+            use(form);
+            if (dialog.isVisible()) {
+                dialog.reject();
+            }
+        });
+        rig.Press("cmdMaterialExtended");
+        EXPECT_TRUE(answer.Given());
+    }
+
+    void Give(const cdtRayTraceMaterialAttributes& attributes)
+    {
+        CorvexDB::udtMaterial material;
+        material.RayTrace = attributes;
+        ASSERT_EQ(rig.Control().CopyFieldToFormMaterial(material), CorvexMaterial::Status::Success);
+        rig.log.Clear();
+    }
+
+    const cdtRayTraceMaterialAttributes& Record() { return rig.Previewed().RayTrace; }
+
+    ControlRig rig;
+};
+
+cdtRayTraceMaterialAttributes Unusual()
+{
+    cdtRayTraceMaterialAttributes record;
+    record.Brilliance = 1;
+    record.Reflection = 2;
+    record.IridescenceFactor = 3;
+    record.IridescenceThickness = 4;
+    record.IridescenceTurbulence = 6;
+    record.Roughness = 7;
+    record.NormalDepth = 8;
+    record.NormalScale = 9;
+    record.NormalPattern = 14;
+    record.Metallic = true;
+    record.PredefinedType = 2;
+    record.PreDefinedMaterial = 30;
+    for (std::size_t i = 0; i < 4; ++i) {
+        const auto byte = static_cast<float>(60 * i) / 255.0F;
+        record.ColorPatternColor[i] = {byte, 1.0F, 40.0F / 255.0F, 0.125F};
+    }
+    record.ColorPatternFrequency = 10;
+    record.ColorPatternTurbulence = 1;
+    record.NormalPatternFrequency = 2;
+    record.NormalPatternTurbulence = 3;
+    return record;
+}
+
+TEST_F(ExtendedDialog, OkGivesBackWhatItWasGiven)
+{
+    Give(Unusual());
+    Open([](Form& form) {
+        EXPECT_EQ(form.List("cboPreDefinedMaterial").currentText(), "Pink Alabaster");
+        EXPECT_EQ(form.List("cboNormalPattern").currentText(), "Waves");
+        form.Press("cmdOK");
+    });
+    EXPECT_EQ(Record(), Unusual());
+    EXPECT_EQ(rig.Changes(), 1U);
+    ASSERT_EQ(rig.warnings.size(), 1U);
+    EXPECT_EQ(rig.warnings.front().key, "MaterialExtended");
+    EXPECT_EQ(rig.warnings.front().text,
+              "These material attributes only apply when rendering using raytracing. Options that "
+              "do not apply to your selected raytracer will be disabled.");
+}
+
+TEST_F(ExtendedDialog, DefaultsThenCancelKeepTheRecordAndThenOkStoresThem)
+{
+    Give(Unusual());
+    Open([](Form& form) {
+        form.Press("cmdDefault");
+        EXPECT_EQ(form.List("cboPreDefinedMaterial").currentText(), "Clear");
+        form.Press("cmdCancel");
+    });
+    EXPECT_EQ(Record(), Unusual());
+    EXPECT_EQ(rig.Changes(), 1U);
+    Open([](Form& form) {
+        form.Press("cmdDefault");
+        form.Press("cmdOK");
+    });
+    cdtRayTraceMaterialAttributes defaults;
+    for (auto& colour : defaults.ColorPatternColor) {
+        colour.alpha = 0.125F;
+    }
+    EXPECT_EQ(Record(), defaults);
+}
+
+TEST_F(ExtendedDialog, ShowsItsListsAndRanges)
+{
+    Open([](Form& form) {
+        EXPECT_EQ(form.List("cboMaterialType").count(), 2);
+        EXPECT_EQ(form.List("cboColorPattern").count(), 24);
+        EXPECT_EQ(form.List("cboNormalPattern").count(), 15);
+        const int counts[] = {13, 23, 31, 5, 8};
+        for (int type = 0; type < 5; ++type) {
+            form.List("cboPredefinedType").setCurrentIndex(type);
+            EXPECT_EQ(form.List("cboPreDefinedMaterial").count(), counts[type]);
+            EXPECT_EQ(form.List("cboPreDefinedMaterial").currentIndex(), 0);
+        }
+        for (const char* name :
+             {"sldBrilliance", "sldReflection", "sldRoughness", "sldIridescenceFactor",
+              "sldIridescenceThickness", "sldIridescenceTurbulence", "sldNormalDepth",
+              "sldNormalScale", "sldNormalPatternFrequency", "sldNormalPatternTurbulence",
+              "sldColorPatternFrequency", "sldColorPatternTurbulence"}) {
+            const QSlider& slider = form.Slider(name);
+            const std::string text(name);
+            const int lowest = text == "sldBrilliance" || text == "sldRoughness" ? 1 : 0;
+            EXPECT_EQ(slider.minimum(), lowest) << name;
+            EXPECT_EQ(slider.maximum(), 10) << name;
+            EXPECT_EQ(slider.singleStep(), 1) << name;
+            EXPECT_EQ(slider.pageStep(), 5) << name;
+        }
+    });
+}
+
+TEST_F(ExtendedDialog, TheFormFollowsTheVisibleFrame)
+{
+    Open([](Form& form) {
+        auto& ok = form.Find<QAbstractButton>("cmdOK");
+        const int height = form.Size().height();
+        EXPECT_TRUE(form.Find<QFrame>("fraMaterial_0").isVisible());
+        EXPECT_FALSE(form.Find<QFrame>("fraMaterial_1").isVisible());
+        form.List("cboMaterialType").setCurrentIndex(1);
+        QApplication::processEvents();
+        EXPECT_FALSE(form.Find<QFrame>("fraMaterial_0").isVisible());
+        const auto& frame = form.Find<QFrame>("fraMaterial_1");
+        EXPECT_TRUE(frame.isVisible());
+        EXPECT_LT(form.Size().height(), height);
+        EXPECT_GT(ok.mapToGlobal(QPoint()).y(), frame.mapToGlobal(QPoint(0, frame.height())).y());
+        form.List("cboMaterialType").setCurrentIndex(0);
+        QApplication::processEvents();
+        EXPECT_EQ(form.Size().height(), height);
+    });
+}
+
+TEST_F(ExtendedDialog, AColourPatternOffersWhatItTakes)
+{
+    Open([](Form& form) {
+        const auto states = [&form] {
+            std::string text;
+            for (const char* name :
+                 {"picColorPattern_0", "picColorPattern_1", "picColorPattern_2",
+                  "picColorPattern_3", "sldColorPatternFrequency", "sldColorPatternTurbulence"}) {
+                text += form.Enabled(name) ? '1' : '0';
+            }
+            EXPECT_EQ(form.Enabled("sldColorPatternFrequency"),
+                      form.Enabled("lblColorPatternFrequency"));
+            EXPECT_TRUE(form.Find<QWidget>("sldColorPatternFrequency").isVisible());
+            return text;
+        };
+        auto& list = form.List("cboColorPattern");
+        EXPECT_EQ(states(), "111100");
+        Choose(list, "Agate");
+        EXPECT_EQ(states(), "111111");
+        Choose(list, "Checker");
+        EXPECT_EQ(states(), "110000");
+        Choose(list, "None");
+        EXPECT_EQ(states(), "110000");
+        Choose(list, "Wrinkles");
+        EXPECT_EQ(states(), "111111");
+    });
+}
+
+TEST_F(ExtendedDialog, ANormalPatternHasItsSlidersAndDepthHasAlways)
+{
+    Open([](Form& form) {
+        for (const bool bumpy : {false, true, false}) {
+            form.List("cboNormalPattern").setCurrentIndex(bumpy ? 9 : 0);
+            for (const char* name : {"sldNormalPatternFrequency", "sldNormalScale",
+                                     "sldNormalPatternTurbulence", "lblNormalPatternScale",
+                                     "lblNormalPatternTurbulence", "lblNormalPatternFrequency"}) {
+                EXPECT_EQ(form.Enabled(name), bumpy) << name;
+            }
+            EXPECT_TRUE(form.Enabled("sldNormalDepth"));
+        }
+    });
+}
+
+TEST_F(ExtendedDialog, ASwatchSeedsItsChooserExceptWithBlack)
+{
+    cdtRayTraceMaterialAttributes record;
+    record.ColorPatternColor[1] = {0.0F, 0.0F, 0.0F, 0.0F};
+    record.ColorPatternColor[2] = {1.0F, 0.0F, 0.0F, 0.0F};
+    Give(record);
+    Open([this](Form& form) {
+        form.Press("picColorPattern_1");
+        form.Press("picColorPattern_2");
+        rig.platform.choosers.colours = {0x302010};
+        form.Press("picColorPattern_2");
+        form.Press("cmdOK");
+    });
+    EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"),
+              (std::vector<std::string>{"none", "255", "255"}));
+    record.ColorPatternColor[2] = {16.0F / 255.0F, 32.0F / 255.0F, 48.0F / 255.0F, 0.0F};
+    EXPECT_EQ(Record(), record);
+}
+
+TEST_F(ExtendedDialog, DisablesWhatARenderManShaderCannotSay)
+{
+    rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
+    Open([](Form& form) {
+        for (const char* name :
+             {"sldReflection", "sldRoughness", "chkMetallic", "cboMaterialType"}) {
+            EXPECT_TRUE(form.Enabled(name)) << name;
+        }
+        for (const char* name :
+             {"sldBrilliance", "sldIridescenceFactor", "cboColorPattern", "picColorPattern_0",
+              "cboNormalPattern", "sldNormalDepth", "cboPredefinedType"}) {
+            EXPECT_FALSE(form.Enabled(name)) << name;
+        }
+        auto* types = qobject_cast<QStandardItemModel*>(form.List("cboMaterialType").model());
+        ASSERT_NE(types, nullptr);
+        EXPECT_TRUE(types->item(0)->isEnabled());
+        EXPECT_FALSE(types->item(1)->isEnabled());
+    });
+}
+
+TEST_F(ExtendedDialog, TakesARecordThatNoListHas)
+{
+    cdtRayTraceMaterialAttributes record;
+    record.NormalPattern = 99;
+    record.ColorPattern = -4;
+    record.PredefinedType = 17;
+    record.PreDefinedMaterial = 1000;
+    record.Brilliance = -1.0e30F;
+    Give(record);
+    Open([](Form& form) { form.Press("cmdOK"); });
+    cdtRayTraceMaterialAttributes inside;
+    inside.Brilliance = 1.0F;
+    EXPECT_EQ(Record(), inside);
+}
+
+}  // namespace

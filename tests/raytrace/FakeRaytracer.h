@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/QtPlatform.h"
+#include "tests/support/ControlRig.h"
+
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace CorvexTest {
+
+/// Really started scripts in place of a raytracer, with a temporary folder of its own whose name is
+/// as awkward as a name may be.
+class FakeRaytracer {
+public:
+    explicit FakeRaytracer(ControlRig& rig);
+    ~FakeRaytracer();
+    FakeRaytracer(const FakeRaytracer&) = delete;
+    FakeRaytracer& operator=(const FakeRaytracer&) = delete;
+
+    /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one).
+    void Runs(const QString& commands);
+    [[nodiscard]] QString Folder() const { return m_folder; }
+    /// What the jobs have left in the temporary folder.
+    [[nodiscard]] QStringList Leftovers() const;
+
+private:
+    QTemporaryDir m_dir;
+    QString m_folder;
+    QByteArray m_oldTemp;
+    CorvexMaterial::QtPlatform m_desktop;
+    ControlRig& m_rig;
+};
+
+}  // namespace CorvexTest

@@ -1,0 +1,157 @@
+#include "raytrace/RaytraceCatalogue.h"
+#include "raytrace/PatternColours.h"
+#include "raytrace/RaytraceAmounts.h"
+#include "raytrace/RenderProgress.h"
+#include "raytrace/RendererOptions.h"
+#include "raytrace/SimulationTexture.h"
+#include "raytrace/TextureRules.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+
+namespace {
+
+using namespace CorvexMaterial;
+
+TEST(RaytraceCatalogue, HasEightyPredefinedMaterialsOfDifferentNames)
+{
+    constexpr std::int32_t kCounts[] = {13, 23, 31, 5, 8};
+    std::set<std::string> names;
+    for (std::int32_t type = 0; type < 5; ++type) {
+        EXPECT_EQ(PredefinedMaterialCount(type), kCounts[type]);
+        for (std::int32_t i = 0; i < PredefinedMaterialCount(type); ++i) {
+            names.insert(PredefinedMaterialName(type, i));
+        }
+    }
+    EXPECT_EQ(names.size(), 80U);
+    EXPECT_FALSE(names.contains(""));
+}
+
+TEST(RaytraceCatalogue, CountsStonesAndHasNoNameOutsideItsLists)
+{
+    struct Row {
+        std::int32_t type;
+        std::int32_t index;
+        const char* name;
+    };
+    for (const Row& row :
+         {Row{2, 0, "Granite #1"}, Row{2, 9, "Granite #10"}, Row{2, 10, "Stone #1"},
+          Row{2, 29, "Stone #20"}, Row{2, 30, "Pink Alabaster"}, Row{2, 31, ""},
+          Row{0, 12, "Vicks"}, Row{1, 22, "Bright Bronze"}, Row{3, 4, "SandalWood"},
+          Row{4, 5, "Lightening #1"}, Row{4, -1, ""}, Row{5, 0, ""}, Row{-1, 0, ""}}) {
+        EXPECT_EQ(PredefinedMaterialName(row.type, row.index), row.name);
+    }
+}
+
+TEST(RaytraceCatalogue, BlockPatternsTakeTheirColoursOnly)
+{
+    struct Row {
+        const char* name;
+        int swatches;
+        bool frequency;
+    };
+    for (const Row& row : {Row{"None", 0, false}, Row{"Checker", 2, false}, Row{"Brick", 2, false},
+                           Row{"Hexagon", 3, false}, Row{"Agate", 4, true}, Row{"Wood", 4, true}}) {
+        const PatternNeeds needs = NeedsOfColorPattern(row.name);
+        EXPECT_EQ(needs.swatches, row.swatches) << row.name;
+        EXPECT_EQ(needs.frequencyAndTurbulence, row.frequency) << row.name;
+    }
+}
+
+TEST(RaytraceAmounts, StayInsideTheirSlidersWhateverWasStored)
+{
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float infinity = std::numeric_limits<float>::infinity();
+    for (const RaytraceAmount& amount : kRaytraceAmounts) {
+        EXPECT_EQ(PositionOf(amount, -3.0F), amount.minimum) << amount.slider;
+        EXPECT_EQ(PositionOf(amount, infinity), 10) << amount.slider;
+        EXPECT_EQ(PositionOf(amount, 6.6F), 7) << amount.slider;
+        EXPECT_EQ(PositionOf(amount, nan), amount.defaultPosition) << amount.slider;
+    }
+}
+
+TEST(PatternColours, EveryByteComesBackAndAlphaIsNeverTouched)
+{
+    CorvexDB::PatternColour stored;
+    stored.alpha = 0.25F;
+    for (int byte = 0; byte < 256; ++byte) {
+        const Colour colour = MakeColour({byte, 255 - byte, byte / 2});
+        StoreFractions(stored, colour);
+        EXPECT_EQ(ColourOfFractions(stored), colour);
+    }
+    EXPECT_EQ(stored.red, 1.0F);
+    EXPECT_EQ(stored.alpha, 0.25F);
+    EXPECT_EQ(ColourOfFractions({7.0F, -2.0F, std::nanf(""), 0.0F}), MakeColour({255, 0, 0}));
+}
+
+TEST(RendererOptions, ARenderManShaderHasNoPatternsAndPovRayHasEverything)
+{
+    using enum RaytraceOption;
+    for (const RaytraceOption option : {Brilliance, Reflection, Roughness, Metallic, Iridescence,
+                                        ColorPattern, NormalPattern, PredefinedMaterial}) {
+        EXPECT_TRUE(Honours(CorvexDB::Raytracer::PovRay, option));
+        const bool shaded = option == Reflection || option == Roughness || option == Metallic;
+        EXPECT_EQ(Honours(CorvexDB::Raytracer::RenderMan, option), shaded);
+    }
+}
+
+TEST(TextureRules, TheTwoRaytracersWantOppositeFiles)
+{
+    const auto povRay = [](const std::vector<std::string>& files) {
+        return TexturesFit(CorvexDB::Raytracer::PovRay, files);
+    };
+    const auto renderMan = [](const std::vector<std::string>& files) {
+        return TexturesFit(CorvexDB::Raytracer::RenderMan, files);
+    };
+    EXPECT_TRUE(povRay({}) && renderMan({}) && povRay({""}) && renderMan({""}));
+    EXPECT_TRUE(povRay({"/a/b.png", "/tif", "/a.tif/b"}));
+    EXPECT_FALSE(povRay({"/a/b.png", "/a/c.TiF"}));
+    EXPECT_TRUE(renderMan({"/a/b.TIF", "/c.tiff"}));
+    EXPECT_FALSE(renderMan({"/a/b.tif", "/c.tif.jpg"}));
+}
+
+TEST(RenderProgress, FollowsTheLastCountInAnyPieces)
+{
+    RenderProgress progress;
+    EXPECT_FALSE(progress.Percent());
+    const std::string printed = "Parsing\rRendered 10 of 200 pixels (5%)\rRendered 150 of 200 "
+                                "pixels (75%)\r\nError: no <light>\nhalf";
+    for (const char letter : printed) {
+        progress.Feed(std::string_view(&letter, 1));
+    }
+    EXPECT_EQ(progress.Percent(), 75);
+    EXPECT_EQ(progress.Messages(), "Parsing\nError: no <light>\nhalf");
+    for (const char* nonsense :
+         {"Rendered 1 of 2 pixels (x%)\n", "Rendered 1 of 2 pixels (7\n", "Rendered pixels (\n",
+          "pixels (50%) Rendered\n", "Rendered 1 of 2 pixels (99999999999%)\n"}) {
+        progress.Feed(nonsense);
+        EXPECT_TRUE(progress.Percent() == 75 || progress.Percent() == 50) << nonsense;
+    }
+    progress.Feed("Rendered 300 of 200 pixels (150%)\r");
+    EXPECT_EQ(progress.Percent(), 100);
+}
+
+TEST(RenderProgress, KeepsTheEndOfEndlessOutput)
+{
+    RenderProgress progress;
+    for (int line = 0; line < 100000; ++line) {
+        progress.Feed("line " + std::to_string(line) + "\n");
+    }
+    progress.Feed(std::string(1000000, 'x'));
+    EXPECT_LT(progress.Messages().size(), 30000U);
+    EXPECT_NE(progress.Messages().find("line 99999\n"), std::string::npos);
+}
+
+TEST(SimulationTexture, IsKnownByItsNameWhereverItLies)
+{
+    EXPECT_TRUE(IsSimulationTexture("/tmp/~CVX17.jpg"));
+    EXPECT_TRUE(IsSimulationTexture("~CVX17 (2).jpg"));
+    for (const char* other : {"", "/tmp/~CVX17.png", "/~CVX1.jpg/wood.jpg", "/tmp/x~CVX1.jpg"}) {
+        EXPECT_FALSE(IsSimulationTexture(other)) << other;
+    }
+}
+
+}  // namespace

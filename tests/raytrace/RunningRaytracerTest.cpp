@@ -1,0 +1,142 @@
+#include "raytrace/RaytraceMessages.h"
+#include "tests/raytrace/FakeRaytracer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexTest;
+using namespace CorvexMaterial;
+using ::testing::HasSubstr;
+
+class RunningRaytracer : public ::testing::Test {
+protected:
+    void SetUp() override { rig.Start(); }
+
+    void ExpectCleanEnd()
+    {
+        EXPECT_TRUE(raytracer.Leftovers().isEmpty())
+            << raytracer.Leftovers().join(' ').toStdString();
+        EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        EXPECT_EQ(QDir::currentPath(), m_workingFolder);
+    }
+
+    ControlRig rig;
+    FakeRaytracer raytracer{rig};
+
+private:
+    QString m_workingFolder = QDir::currentPath();
+};
+
+TEST_F(RunningRaytracer, ThatRendersIsShown)
+{
+    raytracer.Runs("grep -q Display=off \"$ini\" && cp \"$picture\" \"$out\"");
+    rig.Press("cmdPreview");
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+    ExpectCleanEnd();
+}
+
+struct Failure {
+    const char* name;
+    const char* commands;
+    const char* details;
+};
+
+class FailingRaytracer : public RunningRaytracer, public ::testing::WithParamInterface<Failure> {};
+
+TEST_P(FailingRaytracer, IsOneBoxThatCanSayWhy)
+{
+    raytracer.Runs(GetParam().commands);
+    rig.Press("cmdPreview");
+    ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
+    const Message& box = rig.platform.prompts.shown.front();
+    EXPECT_EQ(box.text, kRaytracerFailed);
+    EXPECT_EQ(box.title, "Corvex");
+    EXPECT_EQ(box.icon, PromptIcon::Critical);
+    EXPECT_THAT(box.details, HasSubstr(GetParam().details));
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 0U);
+    ExpectCleanEnd();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Raytracers, FailingRaytracer,
+    ::testing::Values(Failure{"Errors", "cp \"$picture\" \"$out\"; echo 'no <light>' >&2; exit 1",
+                              "no <light>"},
+                      Failure{"SaysWhyOnStandardOutput", "echo 'bad scene'; exit 3", "exit code 3"},
+                      Failure{"Crashes", "cp \"$picture\" \"$out\"; kill -SEGV $$", "crashed"},
+                      Failure{"WritesNothing", "exit 0", "no image"},
+                      Failure{"WritesAnEmptyImage", ": > \"$out\"", "no image"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+TEST_F(RunningRaytracer, ThatIsMissingIsTheSameBox)
+{
+    rig.host.applicationState.povRayProgram = "/nowhere/povray";
+    rig.Press("cmdPreview");
+    ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
+    EXPECT_EQ(rig.platform.prompts.shown.front().text, kRaytracerFailed);
+    EXPECT_THAT(rig.platform.prompts.shown.front().details, HasSubstr("/nowhere/povray"));
+    ExpectCleanEnd();
+}
+
+TEST_F(RunningRaytracer, ShowsItsProgressWhileEverythingElseIsShut)
+{
+    raytracer.Runs("printf 'Rendered 5 of 20 pixels (25%%)\\r' >&2\n"
+                   "while [ ! -e \"$out.go\" ]; do sleep 0.02; done\n"
+                   "rm \"$out.go\"; cp \"$picture\" \"$out\"");
+    const QString folder = raytracer.Folder();
+    const DialogAnswer answer([&](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
+        EXPECT_FALSE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+        auto* bar = dialog.findChild<QProgressBar*>();
+        auto* watch = new QTimer(&dialog);
+        QObject::connect(watch, &QTimer::timeout, &dialog, [bar, folder, watch] {
+            if (bar->value() == 25) {
+                watch->stop();
+                const QStringList scene = QDir(folder).entryList({"~CVX*.pov"});
+                QFile(folder + '/' + scene.value(0).chopped(3) + "bmp.go")
+                    .open(QIODevice::WriteOnly);
+            }
+        });
+        watch->start(10);
+    });
+    rig.Press("cmdPreview");
+    EXPECT_TRUE(answer.Given());
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+    ExpectCleanEnd();
+}
+
+class HangingRaytracer : public RunningRaytracer,
+                         public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(HangingRaytracer, EndsAtOnceOnCancelAndNothingIsSaid)
+{
+    raytracer.Runs(GetParam());
+    const DialogAnswer answer(
+        [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdCancel")); });
+    QElapsedTimer clock;
+    clock.start();
+    rig.Press("cmdPreview");
+    EXPECT_LT(clock.elapsed(), 2500);
+    EXPECT_TRUE(answer.Given());
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 0U);
+    EXPECT_EQ(rig.log.CountOf("RaytraceServices.RaytraceAbandoned"), 0U);
+    ExpectCleanEnd();
+}
+
+INSTANTIATE_TEST_SUITE_P(Raytracers, HangingRaytracer,
+                         ::testing::Values("exec sleep 60", ": > \"$out\"; sleep 60 & wait; exit 2",
+                                           "sleep 60\nsleep 60"));
+
+}  // namespace

@@ -1,0 +1,258 @@
+#include "tests/raytrace/FakeRaytracer.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QLabel>
+#include <QTabBar>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexTest;
+using namespace CorvexMaterial;
+
+constexpr const char* kSeveral =
+    "A material has been created that simulates the effect produced by raytracing. Several Corvex "
+    "material attibutes will be disabled while this material is active to ensure the best match "
+    "with the Raytraced rendering.";
+constexpr const char* kAll =
+    "A material has been created that simulates the effect produced by raytracing. All Corvex "
+    "material attibutes will be disabled while this material is active to ensure the best match "
+    "with the Raytraced rendering.";
+
+class Simulation : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        rig.platform.settings.PutTip("POVRayConfiguration", "0");
+        rig.platform.settings.PutTip("Simulation Texture", "0");
+        rig.Start();
+    }
+
+    void Answer(const std::function<void(QDialog&)>& choose)
+    {
+        const DialogAnswer answer([&choose](QDialog& dialog) {
+            choose(dialog);
+            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+            EXPECT_FALSE(dialog.isVisible());
+            for (const char* name : {"cmdOK", "cmdCancel", "cmdDefault", "cmdPreview"}) {
+                EXPECT_TRUE(dialog.findChild<QAbstractButton*>(name)->isEnabled()) << name;
+            }
+        });
+        rig.Press("cmdMaterialExtended");
+        EXPECT_TRUE(answer.Given());
+    }
+
+    void ChoosePattern()
+    {
+        Answer([](QDialog& dialog) {
+            Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+        });
+    }
+
+    void ChoosePredefined()
+    {
+        Answer([](QDialog& dialog) {
+            Choose(*dialog.findChild<QComboBox*>("cboMaterialType"), "Predefined");
+        });
+    }
+
+    bool Enabled(const char* name) { return rig.Find<QWidget>(name).isEnabled(); }
+
+    ControlRig rig;
+};
+
+TEST_F(Simulation, OfAPatternBecomesThePrimaryTextureAndLocksItAlone)
+{
+    ChoosePattern();
+    const std::string jpeg = "/temporary/~CVX2.jpg";
+    EXPECT_EQ(rig.log.DetailsOf("RaytraceServices.SaveAsJpeg"),
+              std::vector<std::string>{"/temporary/~CVX1.bmp " + jpeg + " 80"});
+    EXPECT_EQ(rig.Previewed().Textures.primary, jpeg);
+    EXPECT_EQ(rig.Previewed().RayTrace.ColorPattern, 1);
+    EXPECT_EQ(rig.platform.temporaryFiles.present, std::vector<std::string>{jpeg});
+    EXPECT_EQ(rig.Changes(), 1U);
+    ASSERT_EQ(rig.warnings.size(), 2U);
+    EXPECT_EQ(rig.warnings[1].text.toStdString(), kSeveral);
+    EXPECT_EQ(rig.warnings[1].key, "RaytraceSimulation");
+    ASSERT_EQ(rig.host.exporter.requests.size(), 1U);
+    EXPECT_EQ(rig.host.exporter.requests[0].view, CorvexSG::RaytraceView::FlatSample);
+    EXPECT_EQ(rig.host.exporter.requests[0].attributes.ColorPattern, 1);
+
+    auto& tabs = rig.Find<QTabBar>("tabChannels");
+    tabs.setCurrentIndex(1);
+    for (const char* name : {"cmdSelectTexture", "cmdDeleteTexture", "imgTexture_0"}) {
+        EXPECT_FALSE(Enabled(name)) << name;
+    }
+    rig.Press("cmdTexturePopup");
+    ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
+    EXPECT_EQ(rig.platform.prompts.shown[0].text,
+              "The primary texture is disabled because a raytracing material is active.");
+    tabs.setCurrentIndex(2);
+    for (const char* name : {"cmdSelectTexture", "cmdDeleteTexture", "imgTexture_1", "tabChannels",
+                             "txtAmbient", "txtSpecular"}) {
+        EXPECT_TRUE(Enabled(name)) << name;
+    }
+    CorvexDB::udtMaterial other;
+    rig.Control().CopyFieldToFormMaterial(other);
+    tabs.setCurrentIndex(1);
+    EXPECT_TRUE(Enabled("cmdSelectTexture"));
+}
+
+TEST_F(Simulation, OfAPredefinedMaterialLocksTheListedControls)
+{
+    ChoosePredefined();
+    ASSERT_EQ(rig.warnings.size(), 2U);
+    EXPECT_EQ(rig.warnings[1].text.toStdString(), kAll);
+    const char* const listed[] = {
+        "cmdSelectTexture", "cmdDeleteTexture", "imgTexture_0", "imgTexture_5",
+        "tabChannels",      "lblAmbient",       "lblEmissive",  "lblSpecularHighlighting",
+        "lblTransparency",  "txtAmbient",       "txtEmissive",  "txtSpecular",
+        "txtTransparency"};
+    for (const char* name : listed) {
+        EXPECT_FALSE(Enabled(name)) << name;
+    }
+    for (const char* name : {"cboColor", "chkDoubleSided", "cmdMaterialExtended", "cmdPreview"}) {
+        EXPECT_TRUE(Enabled(name)) << name;
+    }
+    ASSERT_EQ(rig.Control().put_lRaytraceType(0), Status::Success);
+    for (const char* name : listed) {
+        EXPECT_TRUE(Enabled(name)) << name;
+    }
+}
+
+TEST_F(Simulation, IsMadeForNoPlainMaterial)
+{
+    Answer([](QDialog& dialog) { dialog.findChild<QAbstractButton*>("chkMetallic")->click(); });
+    EXPECT_EQ(rig.log.CountOf("SceneExporter.ExportRaytraceScene"), 0U);
+    EXPECT_EQ(rig.warnings.size(), 1U);
+    EXPECT_TRUE(rig.Previewed().RayTrace.Metallic);
+}
+
+TEST_F(Simulation, ThatFailsClosesWithOkAndNoTexture)
+{
+    struct Row {
+        const char* name;
+        std::function<void(ControlRig&)> spoil;
+        std::vector<const char*> boxes;
+    };
+    const char* const failed = "Errors occurred while Raytracing.";
+    const char* const preview = "An error occurred while raytracing.";
+    const char* const gdi = "In order to use this feature Microsoft's GDI+ must be installed.";
+    for (const Row& row : {
+             Row{"exit code", [](ControlRig& r) { r.platform.processes.exitCode = 1; }, {failed}},
+             Row{"no image",
+                 [](ControlRig& r) { r.platform.temporaryFiles.imagesAreMade = false; },
+                 {failed}},
+             Row{"export",
+                 [](ControlRig& r) {
+                     r.log.FailEach("SceneExporter.ExportRaytraceScene", Fault::UnknownObject);
+                 },
+                 {preview}},
+             Row{"no JPEG writer",
+                 [](ControlRig& r) { r.platform.imageFormats.available = false; },
+                 {gdi}},
+             Row{"conversion",
+                 [](ControlRig& r) {
+                     r.log.FailEach("RaytraceServices.SaveAsJpeg", Fault::ClassifiedError);
+                 },
+                 {gdi}},
+             Row{"no raytracer",
+                 [](ControlRig& r) { r.host.applicationState.povRayProgram.clear(); },
+                 {}},
+         }) {
+        SCOPED_TRACE(row.name);
+        ControlRig other;
+        other.platform.settings.PutTip("POVRayConfiguration", "0");
+        other.platform.settings.PutTip("Simulation Texture", "0");
+        other.Start();
+        row.spoil(other);
+        const DialogAnswer answer([](QDialog& dialog) {
+            Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Wood");
+            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+        });
+        other.Press("cmdMaterialExtended");
+        ASSERT_EQ(other.platform.prompts.shown.size(), row.boxes.size());
+        for (std::size_t i = 0; i < row.boxes.size(); ++i) {
+            EXPECT_TRUE(other.platform.prompts.shown[i].text.starts_with(row.boxes[i]));
+        }
+        EXPECT_EQ(other.Previewed().RayTrace.ColorPattern, 22);
+        EXPECT_EQ(other.Previewed().Textures.primary, "");
+        EXPECT_EQ(other.warnings.size(), 1U);
+        EXPECT_TRUE(other.platform.temporaryFiles.present.empty());
+        EXPECT_EQ(other.Changes(), 1U);
+    }
+}
+
+TEST_F(Simulation, IsAnnouncedUnderItsOwnTitle)
+{
+    rig.platform.settings.PutTip("Simulation Texture", "1");
+    std::unique_ptr<DialogAnswer> notice;
+    Answer([&notice](QDialog& dialog) {
+        Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+        notice = std::make_unique<DialogAnswer>([](QDialog& box) {
+            EXPECT_EQ(box.windowTitle(), "Simulation Texture");
+            EXPECT_EQ(box.findChild<QLabel*>("lblWarning")->text(),
+                      "Corvex will now use your raytracer to create a Corvex material that "
+                      "simulates the raytracing material.");
+            box.accept();
+        });
+    });
+    EXPECT_TRUE(notice->Given());
+    EXPECT_EQ(rig.platform.settings.GetTip("Simulation Texture"), "1");
+}
+
+TEST_F(Simulation, ThatIsCancelledSaysNothing)
+{
+    FakeRaytracer raytracer(rig);
+    raytracer.Runs("exec sleep 60");
+    QTimer watch;
+    QDialog* extended = nullptr;
+    QObject::connect(&watch, &QTimer::timeout, &watch, [&] {
+        auto* cancel =
+            QApplication::activeModalWidget() == extended
+                ? nullptr
+                : QApplication::activeModalWidget()->findChild<QAbstractButton*>("cmdCancel");
+        if (cancel == nullptr) {
+            return;
+        }
+        for (const char* name : {"cmdOK", "cmdCancel", "cmdDefault", "cmdPreview"}) {
+            EXPECT_FALSE(extended->findChild<QAbstractButton*>(name)->isEnabled());
+        }
+        Click(*cancel);
+    });
+    Answer([&](QDialog& dialog) {
+        Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+        extended = &dialog;
+        watch.start(10);
+    });
+    watch.stop();
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+    EXPECT_EQ(rig.warnings.size(), 1U);
+    EXPECT_EQ(rig.Previewed().Textures.primary, "");
+    EXPECT_TRUE(raytracer.Leftovers().isEmpty());
+}
+
+TEST_F(Simulation, TheDialogsOwnPreviewShowsItsAttributesAndLeavesThePanelsAlone)
+{
+    FakeRaytracer raytracer(rig);
+    raytracer.Runs("cp \"$picture\" \"$out\"");
+    const DialogAnswer answer([](QDialog& dialog) {
+        Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+        Click(*dialog.findChild<QAbstractButton*>("cmdPreview"));
+        EXPECT_EQ(dialog.findChild<QLabel*>("lblPicture")->text(), "Raytraced");
+        const QImage shown = dialog.findChild<QWidget*>("picPreview")->grab().toImage();
+        EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(Qt::darkGreen));
+        dialog.reject();
+    });
+    rig.Press("cmdMaterialExtended");
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+    ASSERT_EQ(rig.host.exporter.requests.size(), 1U);
+    EXPECT_EQ(rig.host.exporter.requests[0].attributes.ColorPattern, 1);
+    EXPECT_EQ(rig.Previewed().RayTrace.ColorPattern, 0);
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 0U);
+    EXPECT_TRUE(raytracer.Leftovers().isEmpty());
+}
+
+}  // namespace
