@@ -52,11 +52,6 @@ QImage Image(const std::vector<Texel>& texels, int size, QImage::Format format, 
     return std::move(image).convertToFormat(format);
 }
 
-bool Has(Companions companions, Companions one)
-{
-    return (static_cast<unsigned>(companions) & static_cast<unsigned>(one)) != 0;
-}
-
 }  // namespace
 
 void WriteTexture(const TextureRow& row, const QString& folder)

@@ -19,6 +19,7 @@ Texel Slate(Point p);
 Texel Sandstone(Point p);
 Texel Terrazzo(Point p);
 
+Texel Facets(Point p);
 Texel Lapis(Point p);
 Texel Malachite(Point p);
 Texel Agate(Point p);
@@ -81,6 +82,11 @@ Texel RubberGrain(Point p);
 /// Which images a texture has beside its colours.
 enum class Companions : unsigned { None = 0, Bump = 1, Specular = 2, BumpAndSpecular = 3 };
 
+[[nodiscard]] constexpr bool Has(Companions companions, Companions one)
+{
+    return (static_cast<unsigned>(companions) & static_cast<unsigned>(one)) != 0;
+}
+
 /// File `name`.jpg, or .png with an alpha channel; companions `name`-bump.png and
 /// `name`-specular.png.
 struct TextureRow {
@@ -114,6 +120,7 @@ inline constexpr std::array kTextures{
     TextureRow{"denim", Denim, kBump},
     TextureRow{"diamond-plate", DiamondPlate, kBoth},
     TextureRow{"ebony", Ebony},
+    TextureRow{"facets", Facets, kBump},
     TextureRow{"frost", Frost, kBump},
     TextureRow{"glaze-cracked", CrackedGlaze, kBump},
     TextureRow{"gold-leaf", GoldLeaf, kBoth},

@@ -16,7 +16,45 @@ Paint Hue(float at, float strength)
     return {part(0.0F), part(0.333F), part(0.667F)};
 }
 
+/// A grid of diamonds on their tips, each cut into four flat faces that rise to its middle.
+struct Facet {
+    float height;  ///< 0 on the girdle to 1 in the middle
+    float tone;    ///< 0 to 1, the face's own
+    float edge;    ///< distance to the nearest edge of the face, in diamonds
+};
+
+Facet FacetAt(Point p, Grid grid, Seed seed)
+{
+    // A grid that stands upright after a turn by an eighth.
+    const Point turned{p.u * static_cast<float>(grid.across) + p.v * static_cast<float>(grid.down),
+                       p.v * static_cast<float>(grid.down) - p.u * static_cast<float>(grid.across)};
+    const float x = Fract(turned.u) - 0.5F;
+    const float y = Fract(turned.v) - 0.5F;
+    const bool sideways = std::abs(x) > std::abs(y);
+    const int side = sideways ? (x > 0.0F ? 0 : 1) : (y > 0.0F ? 2 : 3);
+    // One tile on, the first sum grows by twice the grid's width and the second stays, or the
+    // other way round.
+    const int along = static_cast<int>(std::floor(turned.u));
+    const int down = static_cast<int>(std::floor(turned.v));
+    const float tone = Chance(4 * (along - down) + side, along + down,
+                              {8 * grid.across, 2 * grid.down}, seed);
+    const float far = std::max(std::abs(x), std::abs(y));
+    const float near = std::min(std::abs(x), std::abs(y));
+    return {1.0F - 2.0F * far, tone, std::min(0.5F - far, 0.7071F * (far - near))};
+}
+
 }  // namespace
+
+Texel Facets(Point p)
+{
+    const Facet large = FacetAt(p, {7, 7}, 2800);
+    const Facet deep = FacetAt({p.u + 0.031F, p.v + 0.017F}, {11, 11}, 2810);
+    const float light = 0.42F + 0.38F * large.tone + 0.30F * (deep.tone - 0.35F) +
+                        0.10F * (large.height - 0.5F);
+    const float edge = Smooth(0.035F, 0.010F, large.edge);
+    return {Mix(Paint{light, light, light}, Paint{1.0F, 1.0F, 1.0F}, 0.35F * edge),
+            0.15F + 0.62F * large.height};
+}
 
 Texel Lapis(Point p)
 {
