@@ -1,5 +1,7 @@
 #include "media/library/Environments.h"
 
+#include <array>
+
 namespace media {
 namespace {
 
@@ -49,8 +51,9 @@ Paint OpenSky(Point p)
                         0.012F * Noise({p.u, 0.6F}, {23, 5}, 9001);
     const float far = hills + 0.02F + 0.02F * Noise({p.u, 0.1F}, {5, 5}, 9002);
     const Paint nearBy = [&] {
-        const Paint ground = Ramp(kGround, -up * 1.6F + 0.12F) *
-                             (1.0F + 0.16F * Fractal(p, {40, 60}, 3, 9010) * Smooth(0.1F, -0.5F, up));
+        const Paint ground =
+            Ramp(kGround, -up * 1.6F + 0.12F) *
+            (1.0F + 0.16F * Fractal(p, {40, 60}, 3, 9010) * Smooth(0.1F, -0.5F, up));
         return Mix(ground, Hex(0x4F6A55), Smooth(-0.05F, 0.02F, up));
     }();
     Paint sky = Ramp(kSky, std::sqrt(std::max(0.0F, up)) * 1.02F - 0.05F);
@@ -69,41 +72,30 @@ Paint OpenSky(Point p)
     return Mix(sky, nearBy, Smooth(hills + 0.004F, hills - 0.004F, up));
 }
 
-Paint SunsetRoom(Point p)
+Paint Sunset(Point p)
 {
-    constexpr std::array kDusk{Hex(0xFFE9A8), Hex(0xFFB85A), Hex(0xF07A3C), Hex(0xB4506A),
-                               Hex(0x5A4A86)};
-    const float up = 1.0F - p.v;
-    // Ceiling, walls and floor.
-    Paint colour = Mix(Hex(0x4A2E20), Hex(0x6B4630), Smooth(0.45F, 0.75F, up));
-    colour = Mix(colour, Hex(0x7B5A40), Smooth(0.74F, 0.80F, up));
-    const float boards = 0.5F + 0.5F * Wave(p.u, 40.0F);
-    const Paint floor = Mix(Hex(0x2A170D), Hex(0x5A3118), 0.35F + 0.3F * boards);
-    colour = Mix(colour, floor, Smooth(0.335F, 0.325F, up));
-    // Four tall windows look at the evening sky.
-    for (int window = 0; window < 4; ++window) {
-        const float centre = 0.24F + 0.115F * static_cast<float>(window);
-        const Lamp frame{{centre, 0.43F}, {0.043F, 0.17F}, 0.006F, 0.015F};
-        const float pane = Light(p, frame);
-        const float du = p.u - centre;
-        const float bar = std::max(Smooth(0.0045F, 0.0025F, std::abs(du)),
-                                   Smooth(0.007F, 0.004F, std::abs(p.v - 0.40F)));
-        const float height = (0.60F - p.v) / 0.34F;
-        Paint sky = Ramp(kDusk, height);
-        const float sun = std::hypot(2.0F * (p.u - 0.385F), p.v - 0.505F);
-        sky = Mix(sky, Hex(0xFFFBE8), Smooth(0.085F, 0.02F, sun));
-        const float roofs = 0.55F + 0.018F * Noise({p.u, 0.5F}, {30, 4}, 9100);
-        sky = Mix(sky, Hex(0x3A1E22), Smooth(roofs, roofs + 0.008F, p.v));
-        colour = Mix(colour, Mix(sky, Hex(0x2B1A12), 0.9F * bar), pane);
-        const float glow = Light(p, {{centre, 0.45F}, {0.05F, 0.20F}, 0.13F, 0.1F});
-        colour = Mix(colour, Hex(0xFFB060), 0.20F * glow * (1.0F - pane));
-        const float pool = Light(p, {{centre + 0.01F, 0.79F}, {0.05F, 0.07F}, 0.03F, 0.02F});
-        colour = Mix(colour, Hex(0xF39A4A), 0.60F * pool);
-    }
-    const float lamp = Light(p, {{0.86F, 0.40F}, {0.022F, 0.04F}, 0.02F, 0.02F});
-    const float halo = Light(p, {{0.86F, 0.40F}, {0.05F, 0.10F}, 0.12F, 0.1F});
-    colour = Mix(colour, Hex(0xE09A5A), 0.45F * halo);
-    return Mix(colour, Hex(0xFFF0CC), lamp);
+    constexpr std::array kDusk{Hex(0xFFF0B8), Hex(0xFFC766), Hex(0xFB8C43), Hex(0xD9586A),
+                               Hex(0x8A4B8C), Hex(0x453A7A), Hex(0x262555)};
+    constexpr std::array kSea{Hex(0xE79A58), Hex(0x9A5A52), Hex(0x4E3548), Hex(0x241C2E),
+                              Hex(0x120F1A)};
+    const float up = 1.0F - 2.0F * p.v;
+    const float du = 2.0F * (p.u - 0.42F);
+    const float sun = std::hypot(du, p.v - 0.455F);
+    const float towardsSun = std::exp(-du * du * 2.2F);
+    Paint sky = Ramp(kDusk, std::pow(std::max(0.0F, up), 0.62F) * (1.25F - 0.35F * towardsSun));
+    const Point q = Warped(p, {4, 12}, 0.02F, 9100, 3);
+    const float streaks = Smooth(0.02F, 0.40F, Fractal(q, {3, 26}, 5, 9110)) *
+                          Smooth(0.02F, 0.10F, up) * Smooth(0.75F, 0.35F, up);
+    const Paint lit = Mix(Hex(0x7A3F72), Hex(0xFF9E5E), towardsSun);
+    sky = Mix(sky, lit, 0.75F * streaks);
+    sky = Mix(sky, Hex(0xFFE9A6), 0.85F * Smooth(0.30F, 0.0F, sun));
+    sky = Mix(sky, Hex(0xFFFFF2), Smooth(0.050F, 0.040F, sun));
+    const float waves = 0.5F + 0.5F * Fractal(p, {34, 130}, 3, 9120);
+    const float path =
+        std::exp(-du * du * 55.0F) * Smooth(0.16F, 0.75F, waves + 0.2F * (1.0F + up));
+    Paint sea = Ramp(kSea, -up * 1.15F + 0.10F * (waves - 0.5F)) * (0.70F + 0.42F * towardsSun);
+    sea = Mix(sea, Hex(0xFFC873), 0.85F * path * Smooth(-0.85F, -0.05F, up));
+    return Mix(sky, sea, Smooth(0.004F, -0.004F, up));
 }
 
 }  // namespace media

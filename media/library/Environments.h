@@ -11,7 +11,7 @@ namespace media {
 // Latitude-longitude images, up at the top; u = 0.5 is towards +z.
 Paint StudioLights(Point p);
 Paint OpenSky(Point p);
-Paint SunsetRoom(Point p);
+Paint Sunset(Point p);
 
 struct EnvironmentRow {
     std::string_view name;
@@ -21,7 +21,7 @@ struct EnvironmentRow {
 inline constexpr std::array kEnvironments{
     EnvironmentRow{"open-sky", OpenSky},
     EnvironmentRow{"studio-lights", StudioLights},
-    EnvironmentRow{"sunset-room", SunsetRoom},
+    EnvironmentRow{"sunset", Sunset},
 };
 
 }  // namespace media

@@ -72,8 +72,10 @@ Cell Cells(Point p, Grid grid, Seed seed)
     for (std::size_t i = 0; i < offsets.size(); ++i) {
         const Point step{offsets[i].u - own.u, offsets[i].v - own.v};
         if (i != nearest) {
-            const float middle = 0.5F * ((offsets[i].u + own.u) * step.u + (offsets[i].v + own.v) * step.v);
-            cell.border = std::min(cell.border, middle / std::sqrt(step.u * step.u + step.v * step.v));
+            const float middle =
+                0.5F * ((offsets[i].u + own.u) * step.u + (offsets[i].v + own.v) * step.v);
+            cell.border =
+                std::min(cell.border, middle / std::sqrt(step.u * step.u + step.v * step.v));
         }
     }
     cell.random = Chance(left + static_cast<int>(nearest % 3), top + static_cast<int>(nearest / 3),
@@ -109,8 +111,8 @@ float RoundedBox(float x, float y, float halfWidth, float halfHeight, float corn
 {
     const float dx = std::abs(x) - halfWidth + corner;
     const float dy = std::abs(y) - halfHeight + corner;
-    return std::hypot(std::max(dx, 0.0F), std::max(dy, 0.0F)) +
-           std::min(std::max(dx, dy), 0.0F) - corner;
+    return std::hypot(std::max(dx, 0.0F), std::max(dy, 0.0F)) + std::min(std::max(dx, dy), 0.0F) -
+           corner;
 }
 
 }  // namespace media

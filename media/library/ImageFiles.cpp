@@ -57,7 +57,8 @@ QImage Image(const std::vector<Texel>& texels, int size, QImage::Format format, 
 void WriteTexture(const TextureRow& row, const QString& folder)
 {
     const std::vector<Texel> texels = Painted(row);
-    const QString base = folder + u'/' + QString::fromUtf8(row.name.data(), static_cast<qsizetype>(row.name.size()));
+    const QString base =
+        folder + u'/' + QString::fromUtf8(row.name.data(), static_cast<qsizetype>(row.name.size()));
     const auto format = row.hasAlpha ? QImage::Format_ARGB32 : QImage::Format_RGB32;
     Save(Image(texels, row.size, format,
                [](const Texel& texel) { return Pixel(texel.colour, texel.alpha); }),
@@ -89,7 +90,9 @@ void WriteEnvironment(const EnvironmentRow& row, const QString& folder)
                             1.0F);
         }
     }
-    Save(image, folder + u'/' + QString::fromUtf8(row.name.data(), static_cast<qsizetype>(row.name.size())) + QStringLiteral(".jpg"));
+    Save(image, folder + u'/' +
+                    QString::fromUtf8(row.name.data(), static_cast<qsizetype>(row.name.size())) +
+                    QStringLiteral(".jpg"));
 }
 
 }  // namespace media

@@ -19,7 +19,8 @@ namespace {
 
 using studio::NewEntry;
 
-void Replace(const std::string& path, studio::LibraryKind kind, const std::vector<NewEntry>& entries)
+void Replace(const std::string& path, studio::LibraryKind kind,
+             const std::vector<NewEntry>& entries)
 {
     QFile::remove(QString::fromStdString(path));
     studio::LibraryFile::Create(path, kind);

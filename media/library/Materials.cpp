@@ -18,7 +18,6 @@ struct Lay {
 constexpr Lay kWhole{};
 constexpr Lay kAround{CorvexDB::WrapType::Spherical, 0.5F};
 constexpr Lay kBlock{CorvexDB::WrapType::Flat, 1.0F, 0.5F};  // as if cut from it
-constexpr Lay kFineBlock{CorvexDB::WrapType::Flat, 1.0F, 1.0F};
 
 /// What a raytracer makes of it.
 enum class Finish { Dull, Satin, Polished, Metal, Mirror, Clear };
@@ -43,65 +42,95 @@ struct Row {
 
 constexpr std::string_view kStudio = "studio-lights";
 constexpr std::string_view kSky = "open-sky";
-constexpr std::string_view kRoom = "sunset-room";
+constexpr std::string_view kSunset = "sunset";
 
 constexpr std::array kRows{
     // Gems
-    Row{"Ruby", 0xE0102E, {45, 22, 100}, Finish::Clear, "facets", kAround, kStudio},
-    Row{"Emerald", 0x0FA356, {45, 20, 100}, Finish::Clear, "facets", kAround, kStudio},
-    Row{"Sapphire", 0x1F46D8, {45, 22, 100}, Finish::Clear, "facets", kAround, kStudio},
-    Row{"Amethyst", 0x9A45D0, {45, 20, 100}, Finish::Clear, "facets", kAround, kStudio},
-    Row{"Citrine", 0xF5B021, {45, 20, 100}, Finish::Clear, "facets", kAround, kRoom},
-    Row{"Diamond", 0xE8F1FA, {30, 10, 100, 35}, Finish::Clear, "facets", kAround, kSky},
-    Row{"Amber", 0xFFFFFF, {60, 28, 90, 12}, Finish::Clear, "amber", kAround, kRoom},
+    Row{"Ruby", 0xFF1136, {60, 38, 100}, Finish::Clear, "facets", kAround, kStudio},
+    Row{"Emerald", 0x0CC860, {60, 36, 100}, Finish::Clear, "facets", kAround, kStudio},
+    Row{"Sapphire", 0x1C50FF, {60, 38, 100}, Finish::Clear, "facets", kAround, kStudio},
+    Row{"Amethyst", 0xB24CFF, {60, 36, 100}, Finish::Clear, "facets", kAround, kStudio},
+    Row{"Citrine", 0xFFBE1E, {60, 34, 100}, Finish::Clear, "facets", kAround, kSunset},
+    Row{"Diamond", 0xF6FAFF, {50, 30, 100, 30}, Finish::Clear, "facets", kAround, kSky},
+    Row{"Amber", 0xFFFFFF, {60, 28, 90, 12}, Finish::Clear, "amber", kAround, kSunset},
     Row{"Jade", 0xFFFFFF, {60, 14, 75}, Finish::Polished, "jade", kAround},
     Row{"Lapis Lazuli", 0xFFFFFF, {40, 8, 70}, Finish::Polished, "lapis-lazuli", kAround},
     Row{"Malachite", 0xFFFFFF, {40, 8, 80}, Finish::Polished, "malachite", kAround},
     Row{"Turquoise", 0xFFFFFF, {40, 10, 60}, Finish::Polished, "turquoise", kAround},
-    Row{"Tiger's Eye", 0xFFFFFF, {30, 12, 100}, Finish::Polished, "tigers-eye", kAround},
+    Row{"Tiger's Eye", 0xFFFFFF, {30, 12, 100}, Finish::Polished, "tigers-eye", kBlock},
     Row{"Agate", 0xFFFFFF, {40, 10, 85}, Finish::Polished, "agate", kAround},
     Row{"Opal", 0xFFFFFF, {40, 16, 100}, Finish::Polished, "opal", kAround, kStudio},
-    Row{"Pearl", 0xF4ECE2, {60, 12, 55}, Finish::Polished, {}, kWhole, kRoom},
+    Row{"Pearl", 0xF4ECE2, {60, 12, 55}, Finish::Polished, {}, kWhole, kSunset},
 
     // Metals
-    Row{"Gold", 0xE8A820, {10, 6, 100}, Finish::Mirror, {}, kWhole, kRoom},
-    Row{"Silver", 0xC4C6C8, {10, 0, 100}, Finish::Mirror, {}, kWhole, kStudio},
+    Row{"Gold", 0xFFB41E, {5, 8, 100}, Finish::Mirror, {}, kWhole, kSunset},
+    Row{"Silver", 0x94979A, {10, 0, 100}, Finish::Mirror, {}, kWhole, kStudio},
     Row{"Chrome", 0x5C636B, {0, 0, 100}, Finish::Mirror, {}, kWhole, kSky},
     Row{"Black Chrome", 0x16181B, {0, 0, 100}, Finish::Mirror, {}, kWhole, kStudio},
-    Row{"Brushed Brass", 0xFFFFFF, {15, 4, 90}, Finish::Metal, "brass-brushed", kAround},
-    Row{"Brushed Aluminium", 0xFFFFFF, {15, 4, 90}, Finish::Metal, "aluminium-brushed", kAround},
-    Row{"Hammered Copper", 0xFFFFFF, {15, 6, 100}, Finish::Metal, "copper-hammered", kAround, kRoom},
-    Row{"Gold Leaf", 0xFFFFFF, {20, 8, 90}, Finish::Metal, "gold-leaf", kAround, kRoom},
-    Row{"Damascus Steel", 0xFFFFFF, {15, 4, 100}, Finish::Metal, "damascus-steel", kAround, kStudio},
+    Row{"Brushed Brass", 0xFFFFFF, {15, 4, 90}, Finish::Metal, "brass-brushed", kAround, kSunset},
+    Row{"Brushed Aluminium",
+        0xFFFFFF,
+        {15, 4, 90},
+        Finish::Metal,
+        "aluminium-brushed",
+        kAround,
+        kStudio},
+    Row{"Hammered Copper",
+        0xFFFFFF,
+        {15, 6, 100},
+        Finish::Metal,
+        "copper-hammered",
+        kBlock,
+        kSunset},
+    Row{"Gold Leaf", 0xFFFFFF, {20, 8, 90}, Finish::Metal, "gold-leaf", kBlock, kSunset},
+    Row{"Damascus Steel",
+        0xFFFFFF,
+        {15, 4, 100},
+        Finish::Metal,
+        "damascus-steel",
+        kAround,
+        kStudio},
     Row{"Galvanized Steel", 0xFFFFFF, {25, 4, 70}, Finish::Metal, "steel-galvanized", kAround},
-    Row{"Diamond Plate", 0xFFFFFF, {20, 4, 80}, Finish::Metal, "diamond-plate", kAround},
-    Row{"Perforated Steel", 0xFFFFFF, {25, 4, 80}, Finish::Metal, "steel-perforated", kAround, {}, true},
+    Row{"Diamond Plate", 0xFFFFFF, {20, 4, 80}, Finish::Metal, "diamond-plate", kBlock},
+    Row{"Perforated Steel",
+        0xFFFFFF,
+        {25, 4, 80},
+        Finish::Metal,
+        "steel-perforated",
+        kAround,
+        {},
+        true},
     Row{"Rusted Iron", 0xFFFFFF, {35, 4, 55}, Finish::Dull, "iron-rusted", kAround},
     Row{"Aged Bronze", 0xFFFFFF, {35, 4, 70}, Finish::Satin, "verdigris", kAround},
 
     // Stones
     Row{"Grey Granite", 0xFFFFFF, {40, 4, 55}, Finish::Polished, "granite-grey", kBlock},
     Row{"Rose Granite", 0xFFFFFF, {40, 4, 55}, Finish::Polished, "granite-rose", kBlock},
-    Row{"Blue Pearl Granite", 0xFFFFFF, {40, 6, 80}, Finish::Polished, "granite-blue-pearl", kBlock},
+    Row{"Blue Pearl Granite",
+        0xFFFFFF,
+        {40, 6, 80},
+        Finish::Polished,
+        "granite-blue-pearl",
+        kBlock},
     Row{"White Marble", 0xFFFFFF, {50, 4, 60}, Finish::Polished, "marble-white", kAround},
-    Row{"Black Marble", 0xFFFFFF, {40, 4, 90}, Finish::Polished, "marble-black", kAround, kStudio},
+    Row{"Black Marble", 0xFFFFFF, {40, 4, 90}, Finish::Polished, "marble-black", kBlock, kStudio},
     Row{"Green Marble", 0xFFFFFF, {40, 6, 80}, Finish::Polished, "marble-green", kAround},
     Row{"Travertine", 0xFFFFFF, {45, 4, 15}, Finish::Satin, "travertine", kAround},
     Row{"Sandstone", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "sandstone", kAround},
     Row{"Slate", 0xFFFFFF, {40, 4, 25}, Finish::Dull, "slate", kAround},
-    Row{"Terrazzo", 0xFFFFFF, {45, 4, 65}, Finish::Polished, "terrazzo", kAround},
+    Row{"Terrazzo", 0xFFFFFF, {45, 4, 65}, Finish::Polished, "terrazzo", kBlock},
     Row{"Concrete", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "concrete", kAround},
     Row{"Brick Wall", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "brick-wall", kAround},
-    Row{"Cobblestones", 0xFFFFFF, {45, 4, 20}, Finish::Dull, "cobblestones", kAround},
+    Row{"Cobblestones", 0xFFFFFF, {45, 4, 20}, Finish::Dull, "cobblestones", kBlock},
 
     // Woods
-    Row{"Oak", 0xFFFFFF, {45, 4, 15}, Finish::Satin, "oak", kAround},
-    Row{"Walnut", 0xFFFFFF, {45, 4, 30}, Finish::Satin, "walnut", kAround},
-    Row{"Lacquered Cherry", 0xFFFFFF, {40, 4, 90}, Finish::Polished, "cherry", kAround},
-    Row{"Ebony", 0xFFFFFF, {40, 4, 60}, Finish::Satin, "ebony", kAround},
-    Row{"Pine", 0xFFFFFF, {45, 4, 20}, Finish::Satin, "pine", kAround},
-    Row{"Parquet", 0xFFFFFF, {40, 4, 45}, Finish::Satin, "parquet", kAround},
-    Row{"Cork", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "cork", kAround},
+    Row{"Oak", 0xFFFFFF, {45, 4, 15}, Finish::Satin, "oak", kBlock},
+    Row{"Walnut", 0xFFFFFF, {45, 4, 30}, Finish::Satin, "walnut", kBlock},
+    Row{"Lacquered Cherry", 0xFFFFFF, {40, 4, 90}, Finish::Polished, "cherry", kBlock},
+    Row{"Ebony", 0xFFFFFF, {40, 4, 60}, Finish::Satin, "ebony", kBlock},
+    Row{"Pine", 0xFFFFFF, {45, 4, 20}, Finish::Satin, "pine", kBlock},
+    Row{"Parquet", 0xFFFFFF, {40, 4, 45}, Finish::Satin, "parquet", kBlock},
+    Row{"Cork", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "cork", kBlock},
 
     // Plastics and rubber
     Row{"ABS Red", 0xC81E1E, {45, 4, 85}, Finish::Polished},
@@ -109,7 +138,7 @@ constexpr std::array kRows{
     Row{"ABS Blue", 0x1254B4, {45, 4, 85}, Finish::Polished},
     Row{"Polished Acrylic", 0x101113, {20, 0, 100}, Finish::Polished, {}, kWhole, kStudio},
     Row{"Rubber", 0xFFFFFF, {40, 4, 20}, Finish::Dull, "rubber", kAround},
-    Row{"Carbon Fibre", 0xFFFFFF, {30, 2, 100}, Finish::Polished, "carbon-fibre", kAround, kStudio},
+    Row{"Carbon Fibre", 0xFFFFFF, {30, 2, 100}, Finish::Polished, "carbon-fibre", kBlock, kStudio},
 
     // Glass and water
     Row{"Clear Glass", 0xE6F2F0, {10, 0, 100, 85}, Finish::Clear, {}, kWhole, kStudio, true},
@@ -119,24 +148,24 @@ constexpr std::array kRows{
     Row{"Water", 0xFFFFFF, {40, 6, 100, 20}, Finish::Clear, "water", kAround, kSky},
 
     // Ceramics
-    Row{"Porcelain", 0xF7F5F0, {50, 4, 100}, Finish::Polished, {}, kWhole, kStudio},
+    Row{"Porcelain", 0xFFFDF8, {80, 14, 100}, Finish::Polished, {}, kWhole, kStudio},
     Row{"Celadon", 0xFFFFFF, {45, 6, 95}, Finish::Polished, "glaze-cracked", kAround},
     Row{"Terracotta", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "terracotta", kAround},
-    Row{"Painted Tiles", 0xFFFFFF, {45, 4, 90}, Finish::Polished, "painted-tiles", kAround},
-    Row{"Hexagon Tiles", 0xFFFFFF, {45, 4, 90}, Finish::Polished, "hexagon-tiles", kAround},
-    Row{"Mosaic", 0xFFFFFF, {40, 6, 100}, Finish::Polished, "mosaic", kAround},
+    Row{"Painted Tiles", 0xFFFFFF, {45, 4, 90}, Finish::Polished, "painted-tiles", kBlock},
+    Row{"Hexagon Tiles", 0xFFFFFF, {45, 4, 90}, Finish::Polished, "hexagon-tiles", kBlock},
+    Row{"Mosaic", 0xFFFFFF, {40, 6, 100}, Finish::Polished, "mosaic", kBlock},
 
     // Fabrics
     Row{"Linen", 0xFFFFFF, {55, 4, 0}, Finish::Dull, "linen", kAround},
     Row{"Denim", 0xFFFFFF, {50, 4, 0}, Finish::Dull, "denim", kAround},
-    Row{"Tartan", 0xFFFFFF, {50, 6, 0}, Finish::Dull, "tartan", kAround},
+    Row{"Tartan", 0xFFFFFF, {50, 6, 0}, Finish::Dull, "tartan", kBlock},
     Row{"Knitted Wool", 0xFFFFFF, {50, 6, 0}, Finish::Dull, "wool-knitted", kAround},
-    Row{"Damask Silk", 0xFFFFFF, {40, 6, 60}, Finish::Satin, "damask-silk", kAround},
+    Row{"Damask Silk", 0xFFFFFF, {40, 6, 60}, Finish::Satin, "damask-silk", kBlock},
     Row{"Brown Leather", 0xFFFFFF, {45, 4, 45}, Finish::Satin, "leather-brown", kAround},
     Row{"Wicker", 0xFFFFFF, {45, 4, 20}, Finish::Satin, "wicker", kAround},
 
     // Nature
-    Row{"Lava", 0xFFFFFF, {40, 55, 0}, Finish::Dull, "lava", kAround},
+    Row{"Lava", 0xFFFFFF, {40, 55, 0}, Finish::Dull, "lava", kBlock},
     Row{"Moss", 0xFFFFFF, {50, 4, 0}, Finish::Dull, "moss", kAround},
     Row{"Desert Sand", 0xFFFFFF, {45, 4, 0}, Finish::Dull, "sand", kAround},
 };

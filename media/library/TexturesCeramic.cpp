@@ -25,7 +25,8 @@ Texel Terracotta(Point p)
 {
     const float wheel = Fractal({p.u, p.v}, {1, 40}, 3, 6100) +
                         0.4F * Fractal(Warped(p, {3, 8}, 0.01F, 6110), {2, 90}, 2, 6120);
-    const float bloom = Smooth(0.05F, 0.65F, Fractal(Warped(p, {4, 4}, 0.07F, 6130, 4), {3, 4}, 5, 6140));
+    const float bloom =
+        Smooth(0.05F, 0.65F, Fractal(Warped(p, {4, 4}, 0.07F, 6130, 4), {3, 4}, 5, 6140));
     const Cell grog = Cells(p, {80, 80}, 6150);
     const float speck = Smooth(0.30F, 0.15F, grog.centre);
     const float grain = Fractal(p, {90, 90}, 2, 6160);
@@ -54,7 +55,8 @@ Texel PaintedTiles(Point p)
     const float leaves = std::abs(r - 0.34F - 0.05F * std::cos(4.0F * angle)) - 0.016F;
     float dark = std::max({ink(r - star), ink(leaves), ink(std::abs(corner - 0.25F) - 0.014F)});
     dark = std::max(dark - ink(r - star + 0.055F), ink(r - 0.055F));
-    const float petal = ink(corner - 0.16F - 0.03F * std::cos(8.0F * std::atan2(y - 0.5F, x - 0.5F)));
+    const float petal =
+        ink(corner - 0.16F - 0.03F * std::cos(8.0F * std::atan2(y - 0.5F, x - 0.5F)));
     const float gold = ink(std::hypot(x - 0.405F, std::min(y, 0.5F)) - 0.042F);
     const float wash = 0.75F + 0.5F * Fractal(p, {14, 14}, 4, 6210);
     const float edge = RoundedBox(tile.x, tile.y, 0.492F, 0.492F, 0.02F);
@@ -69,8 +71,8 @@ Texel PaintedTiles(Point p)
 
 Texel Mosaic(Point p)
 {
-    constexpr std::array kStones{Hex(0x12505C), Hex(0x1B7C86), Hex(0x3FA7A3), Hex(0x0F3550),
-                                 Hex(0x2A5E9A), Hex(0xD9B25A)};
+    constexpr std::array kStones{Hex(0x12505C), Hex(0x1B7C86), Hex(0x3FA7A3),
+                                 Hex(0x0F3550), Hex(0x2A5E9A), Hex(0xD9B25A)};
     constexpr Grid kGrid{20, 20};
     const Square stone = SquareAt(Warped(p, {10, 10}, 0.004F, 6300, 2), kGrid);
     const float tilt = Chance(stone.across, stone.down, kGrid, 6310);
@@ -78,13 +80,18 @@ Texel Mosaic(Point p)
     const float size = 0.40F + 0.05F * Chance(stone.across, stone.down, kGrid, 6330);
     const float edge = RoundedBox(stone.x, stone.y, size, size * (0.96F + 0.08F * tilt), 0.07F);
     const float body = Smooth(0.02F, -0.03F, edge);
-    const float place = 0.5F + 0.75F * Noise({(static_cast<float>(stone.across) + 0.5F) / 20.0F, (static_cast<float>(stone.down) + 0.5F) / 20.0F}, {3, 3}, 6340);
+    const float place = 0.5F + 0.75F * Noise({(static_cast<float>(stone.across) + 0.5F) / 20.0F,
+                                              (static_cast<float>(stone.down) + 0.5F) / 20.0F},
+                                             {3, 3}, 6340);
     const std::size_t index =
-        kind > 0.90F ? 5 : std::min<std::size_t>(4, static_cast<std::size_t>(std::max(0.0F, (place * 0.65F + kind * 0.5F) * 4.4F)));
+        kind > 0.90F ? 5
+                     : std::min<std::size_t>(4, static_cast<std::size_t>(std::max(
+                                                    0.0F, (place * 0.65F + kind * 0.5F) * 4.4F)));
     const Paint glass = kStones[index] * (0.84F + 0.34F * tilt + 0.06F * Noise(p, {90, 90}, 6350));
     const Paint mortar = Hex(0xC2B9A8) * (1.0F + 0.10F * Noise(p, {150, 150}, 6360));
     const float lean = (tilt - 0.5F) * stone.x + (kind - 0.5F) * stone.y;
-    return {Mix(mortar, glass, body), 0.18F + body * (0.34F + 0.22F * lean), Mix(0.05F, 1.0F, body)};
+    return {Mix(mortar, glass, body), 0.18F + body * (0.34F + 0.22F * lean),
+            Mix(0.05F, 1.0F, body)};
 }
 
 Texel HexTiles(Point p)

@@ -65,7 +65,8 @@ Texel Linen(Point p)
     const Thread thread = ThreadAt(q, {56, 1, 1});
     const float slub = Uneven(thread, p, 5010 + (thread.upright ? 1U : 0U));
     const float hair = Hairs(q, thread, 56, 5020);
-    const Paint yarn = Mix(Hex(0xC7B697), Hex(0xEADFC8), 0.5F + 0.6F * slub) * (1.0F + 0.10F * hair);
+    const Paint yarn =
+        Mix(Hex(0xC7B697), Hex(0xEADFC8), 0.5F + 0.6F * slub) * (1.0F + 0.10F * hair);
     return Woven(yarn, thread.height, 0.34F);
 }
 
@@ -77,8 +78,8 @@ Texel Denim(Point p)
     const float fade = Fractal(p, {5, 3}, 4, 5110);
     const float streak = Uneven(thread, p, 5120);
     const float hair = Hairs(q, thread, 88, 5130);
-    const Paint indigo = Mix(Hex(0x1F3358), Hex(0x5673A3), 0.36F + 0.30F * fade + 0.32F * streak +
-                                                           0.18F * hair);
+    const Paint indigo =
+        Mix(Hex(0x1F3358), Hex(0x5673A3), 0.36F + 0.30F * fade + 0.32F * streak + 0.18F * hair);
     const Paint weft = Hex(0xBFC6CF) * (0.95F + 0.1F * hair);
     return Woven(Mix(weft, indigo, thread.upright ? 1.0F : 0.22F), thread.height, 0.26F);
 }
@@ -137,7 +138,8 @@ Texel BrownLeather(Point p)
     const Cell pebble = Cells(q, {44, 44}, 5510);
     const Cell crease = Cells(Warped(p, {5, 5}, 0.05F, 5520, 3), {9, 9}, 5530);
     const float grain = Smooth(0.0F, 0.24F, pebble.border);
-    const float fold = Smooth(0.05F, 0.0F, crease.border) * Smooth(-0.1F, 0.5F, Noise(p, {4, 4}, 5540));
+    const float fold =
+        Smooth(0.05F, 0.0F, crease.border) * Smooth(-0.1F, 0.5F, Noise(p, {4, 4}, 5540));
     const float worn = Fractal(p, {4, 4}, 4, 5550);
     Paint colour = Mix(Hex(0x5E3418), Hex(0x9A5B2C), 0.45F + 0.45F * worn + 0.15F * pebble.random);
     colour = colour * (0.66F + 0.36F * grain) * (1.0F - 0.28F * fold);
@@ -152,7 +154,8 @@ Texel CarbonFibre(Point p)
     const float sheen = tow.upright ? 0.95F : 0.52F;
     const float edge = Smooth(1.0F, 0.80F, std::abs(tow.across));
     const float tone = edge * (sheen * (0.62F + 0.38F * tow.height) + 0.12F * fibre);
-    return {Mix(Hex(0x0C0D0F), Hex(0x4A4E54), tone), 0.4F + 0.14F * tow.height, 0.35F + 0.6F * tone};
+    return {Mix(Hex(0x0C0D0F), Hex(0x4A4E54), tone), 0.4F + 0.14F * tow.height,
+            0.35F + 0.6F * tone};
 }
 
 Texel DamaskSilk(Point p)
@@ -165,8 +168,10 @@ Texel DamaskSilk(Point p)
     const float heart = Smooth(0.02F, -0.02F, r - 0.30F - 0.07F * std::cos(6.0F * angle));
     const float eye = Smooth(0.02F, -0.02F, r - 0.12F);
     const float outline = Smooth(0.035F, 0.015F, std::abs(r - petals - 0.11F));
-    const float arch = std::abs(motif.x) + 0.5F + 0.10F * std::sin(kTurn * motif.y) - 0.5F * std::abs(motif.y) * 2.0F;
-    const float vine = Smooth(0.030F, 0.012F, std::abs(arch - 0.5F)) + Smooth(0.014F, 0.004F, std::abs(arch - 0.56F));
+    const float arch = std::abs(motif.x) + 0.5F + 0.10F * std::sin(kTurn * motif.y) -
+                       0.5F * std::abs(motif.y) * 2.0F;
+    const float vine = Smooth(0.030F, 0.012F, std::abs(arch - 0.5F)) +
+                       Smooth(0.014F, 0.004F, std::abs(arch - 0.56F));
     const float figure = std::clamp(flower - heart + eye + outline + vine, 0.0F, 1.0F);
     const float rib = 0.5F + 0.5F * Wave(figure > 0.5F ? p.u : p.v, 128.0F);
     const float slub = Noise(p, {6, 128}, 5700);

@@ -36,8 +36,8 @@ Facet FacetAt(Point p, Grid grid, Seed seed)
     // other way round.
     const int along = static_cast<int>(std::floor(turned.u));
     const int down = static_cast<int>(std::floor(turned.v));
-    const float tone = Chance(4 * (along - down) + side, along + down,
-                              {8 * grid.across, 2 * grid.down}, seed);
+    const float tone =
+        Chance(4 * (along - down) + side, along + down, {8 * grid.across, 2 * grid.down}, seed);
     const float far = std::max(std::abs(x), std::abs(y));
     const float near = std::min(std::abs(x), std::abs(y));
     return {1.0F - 2.0F * far, tone, std::min(0.5F - far, 0.7071F * (far - near))};
@@ -49,8 +49,8 @@ Texel Facets(Point p)
 {
     const Facet large = FacetAt(p, {7, 7}, 2800);
     const Facet deep = FacetAt({p.u + 0.031F, p.v + 0.017F}, {11, 11}, 2810);
-    const float light = 0.42F + 0.38F * large.tone + 0.30F * (deep.tone - 0.35F) +
-                        0.10F * (large.height - 0.5F);
+    const float light =
+        0.50F + 0.42F * large.tone + 0.30F * (deep.tone - 0.35F) + 0.10F * (large.height - 0.5F);
     const float edge = Smooth(0.035F, 0.010F, large.edge);
     return {Mix(Paint{light, light, light}, Paint{1.0F, 1.0F, 1.0F}, 0.35F * edge),
             0.15F + 0.62F * large.height};
@@ -66,8 +66,8 @@ Texel Lapis(Point p)
     const Cell fleck = Cells(Warped(p, {60, 60}, 0.006F, 2040), {84, 84}, 2050);
     const float share = 0.22F * trail;
     const float size = 0.16F + 0.34F * fleck.random / std::max(share, 0.01F);
-    const float pyrite = Smooth(size, 0.6F * size, fleck.centre) *
-                         Smooth(share, share - 0.02F, fleck.random);
+    const float pyrite =
+        Smooth(size, 0.6F * size, fleck.centre) * Smooth(share, share - 0.02F, fleck.random);
     Paint colour = Mix(Ramp(kBlues, tone), Hex(0xB9C4DE), 0.62F * calcite);
     colour = Mix(colour, Hex(0xE2C065), pyrite);
     return {colour, 0.5F, 0.6F + 0.4F * pyrite};
@@ -117,8 +117,8 @@ Texel Turquoise(Point p)
     const float lines = Smooth(-0.25F, 0.35F, Noise(p, {4, 4}, 2430));
     const float matrix = std::max(Smooth(0.055F, 0.012F, nugget.border),
                                   lines * Smooth(0.050F, 0.010F, chip.border));
-    const float tone = 0.4F * nugget.random + 0.25F * chip.random +
-                       0.3F * Fractal(q, {10, 10}, 3, 2440);
+    const float tone =
+        0.4F * nugget.random + 0.25F * chip.random + 0.3F * Fractal(q, {10, 10}, 3, 2440);
     Paint colour = Mix(Hex(0x1F9C9A), Hex(0x6FD0C6), tone);
     colour = Mix(colour, Hex(0x3A2A1C), 0.88F * matrix);
     return {colour, 0.60F - 0.12F * matrix, 1.0F - 0.7F * matrix};
@@ -142,7 +142,8 @@ Texel Opal(Point p)
     const Cell patch = Cells(q, {8, 8}, 2610);
     const Cell flake = Cells(q, {21, 21}, 2620);
     const float milk = 0.5F + 0.5F * Fractal(Warped(p, {3, 3}, 0.1F, 2640, 4), {3, 3}, 5, 2630);
-    const float hue = 0.42F + 0.40F * Noise(p, {3, 3}, 2650) + 0.26F * patch.random + 0.10F * flake.random;
+    const float hue =
+        0.42F + 0.40F * Noise(p, {3, 3}, 2650) + 0.26F * patch.random + 0.10F * flake.random;
     const float fire = (0.35F + 0.65F * Smooth(0.0F, 0.16F, patch.border)) *
                        (0.30F + 0.70F * Smooth(0.2F, 0.9F, flake.random)) *
                        Smooth(0.25F, 0.75F, milk + 0.25F * patch.random);

@@ -8,8 +8,8 @@ namespace media {
 
 Texel BrickWall(Point p)
 {
-    constexpr std::array kClay{Hex(0x6E2F22), Hex(0x8F4230), Hex(0xA8523A), Hex(0xBD6A48),
-                               Hex(0x7B3B30), Hex(0x994E3A)};
+    constexpr std::array kClay{Hex(0x6E2F22), Hex(0x8F4230), Hex(0xA8523A),
+                               Hex(0xBD6A48), Hex(0x7B3B30), Hex(0x994E3A)};
     constexpr Grid kBond{4, 12};
     const Point q = Warped(p, {24, 24}, 0.0028F, 7000, 3);
     const Square brick = StaggeredAt(q, kBond);
@@ -50,7 +50,8 @@ Texel Concrete(Point p)
     const float grain = Fractal(p, {80, 80}, 3, 7240);
     const Cell bubble = Cells(Warped(p, {30, 30}, 0.003F, 7250), {26, 26}, 7260);
     const float size = 0.05F + 0.16F * Fract(bubble.random * 31.0F);
-    const float hole = Smooth(size, size - 0.06F, bubble.centre) * (bubble.random > 0.78F ? 1.0F : 0.0F);
+    const float hole =
+        Smooth(size, size - 0.06F, bubble.centre) * (bubble.random > 0.78F ? 1.0F : 0.0F);
     const float crack = Veins(Warped(p, {6, 6}, 0.05F, 7270, 4), {2, 2}, 4, 120.0F, 7280) *
                         Smooth(0.25F, 0.5F, Noise(p, {3, 3}, 7290));
     Paint colour = Mix(Hex(0x8E8C87), Hex(0xB9B6AF), 0.5F + 0.5F * stain + 0.12F * runs) *

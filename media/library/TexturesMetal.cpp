@@ -34,29 +34,31 @@ Texel BrushedAluminium(Point p)
 {
     const float lines = Brushing(p, 4000);
     const float cloud = Fractal(p, {3, 3}, 3, 4010);
-    return {Hex(0xBDBFC3) * (1.0F + 0.13F * lines + 0.04F * cloud), 0.5F + 0.09F * lines,
+    return {Hex(0xBDBFC3) * (1.0F + 0.13F * lines + 0.04F * cloud), 0.5F + 0.030F * lines,
             std::clamp(0.62F + 0.45F * lines, 0.0F, 1.0F)};
 }
 
 Texel BrushedBrass(Point p)
 {
     const float lines = Brushing(p, 4050);
-    const float stain = Smooth(0.05F, 0.6F, Fractal(Warped(p, {4, 4}, 0.05F, 4060), {4, 4}, 4, 4070));
+    const float stain =
+        Smooth(0.05F, 0.6F, Fractal(Warped(p, {4, 4}, 0.05F, 4060), {4, 4}, 4, 4070));
     const Paint metal = Mix(Hex(0xC9A24E), Hex(0x9C7433), 0.22F * stain);
-    return {metal * (1.0F + 0.12F * lines), 0.5F + 0.08F * lines,
+    return {metal * (1.0F + 0.12F * lines), 0.5F + 0.030F * lines,
             std::clamp(0.70F + 0.4F * lines - 0.15F * stain, 0.0F, 1.0F)};
 }
 
 Texel HammeredCopper(Point p)
 {
-    const Cell dent = Cells(Warped(p, {6, 6}, 0.008F, 4100), {9, 9}, 4110);
-    const Cell small = Cells(p, {17, 17}, 4120);
+    const Cell dent = Cells(Warped(p, {10, 10}, 0.006F, 4100), {15, 15}, 4110);
+    const Cell small = Cells(p, {26, 26}, 4120);
     const float bowl = std::min(1.0F, dent.centre * dent.centre * 1.35F);
     const float rim = Smooth(0.12F, 0.0F, dent.border);
-    const float patina = Smooth(0.1F, 0.7F, Fractal(Warped(p, {5, 5}, 0.04F, 4130), {5, 5}, 4, 4140));
+    const float patina =
+        Smooth(0.1F, 0.7F, Fractal(Warped(p, {5, 5}, 0.04F, 4130), {5, 5}, 4, 4140));
     Paint colour = Mix(Hex(0xD68A5C), Hex(0xB5663B), 0.5F * bowl + 0.3F * dent.random);
     colour = Mix(colour, Hex(0x6B3621), 0.50F * patina + 0.06F * rim);
-    return {colour, 0.12F + 0.72F * bowl + 0.05F * small.centre,
+    return {colour, 0.30F + 0.36F * bowl + 0.04F * small.centre,
             std::clamp(1.0F - 0.5F * patina - 0.25F * rim, 0.0F, 1.0F)};
 }
 
@@ -71,9 +73,11 @@ Texel RustedIron(Point p)
     const float crust = Fractal(q, {18, 18}, 5, 4230);
     const Cell pit = Cells(Warped(p, {30, 30}, 0.008F, 4240), {46, 46}, 4250);
     const float pitted = Smooth(0.35F, 0.1F, pit.centre) * (pit.random > 0.6F ? 1.0F : 0.0F);
-    const Paint steel = Mix(Hex(0x6D7073), Hex(0x8B8D8F), 0.5F + 0.5F * Fractal(p, {9, 9}, 4, 4260)) *
-                        (1.0F - 0.25F * pitted);
-    const Paint oxide = Ramp(kRust, 0.42F + 0.55F * crust + 0.30F * fringe) * (1.0F - 0.3F * pitted);
+    const Paint steel =
+        Mix(Hex(0x6D7073), Hex(0x8B8D8F), 0.5F + 0.5F * Fractal(p, {9, 9}, 4, 4260)) *
+        (1.0F - 0.25F * pitted);
+    const Paint oxide =
+        Ramp(kRust, 0.42F + 0.55F * crust + 0.30F * fringe) * (1.0F - 0.3F * pitted);
     return {Mix(steel, oxide, rust), 0.40F + rust * (0.20F + 0.22F * crust) - 0.12F * pitted,
             Mix(0.85F - 0.4F * pitted, 0.06F, rust)};
 }
@@ -86,9 +90,10 @@ Texel Verdigris(Point p)
     const float bloom = Fractal(run, {4, 4}, 5, 4320);
     const float cover = Smooth(-0.22F, 0.16F, 0.6F * bloom + 0.55F * streaks + 0.08F);
     const float grain = Fractal(p, {50, 50}, 3, 4330);
-    const Paint bronze = Mix(Hex(0x4A3320), Hex(0x7F5C34), 0.5F + 0.6F * bloom) * (1.0F + 0.1F * grain);
-    const Paint green = Ramp(kPatina, 0.48F + 0.6F * Fractal(run, {9, 5}, 4, 4340)) *
-                        (1.0F + 0.10F * grain);
+    const Paint bronze =
+        Mix(Hex(0x4A3320), Hex(0x7F5C34), 0.5F + 0.6F * bloom) * (1.0F + 0.1F * grain);
+    const Paint green =
+        Ramp(kPatina, 0.48F + 0.6F * Fractal(run, {9, 5}, 4, 4340)) * (1.0F + 0.10F * grain);
     return {Mix(bronze, green, cover), 0.42F + 0.20F * cover * (1.0F + grain) + 0.04F * grain,
             Mix(0.9F, 0.08F, cover)};
 }
@@ -107,7 +112,8 @@ Texel DiamondPlate(Point p)
     const float scratch = Scratches(p, 4420);
     const float dirt = Smooth(1.9F, 1.0F, lens) * (1.0F - tread);
     const Paint steel = Mix(Hex(0x85898D), Hex(0xB4B8BB), 0.45F + 0.4F * tread + 0.35F * wear);
-    return {steel * (1.0F - 0.35F * dirt + 0.08F * scratch), 0.25F + 0.42F * tread - 0.04F * scratch,
+    return {steel * (1.0F - 0.35F * dirt + 0.08F * scratch),
+            0.25F + 0.42F * tread - 0.04F * scratch,
             std::clamp(0.55F + 0.45F * tread + 0.3F * wear - 0.4F * dirt, 0.0F, 1.0F)};
 }
 
@@ -130,9 +136,9 @@ Texel GalvanizedSteel(Point p)
     const Cell spangle = Cells(q, {11, 11}, 4610);
     const Cell inner = Cells(q, {24, 24}, 4620);
     const float turn = spangle.random * kTurn;
-    const float feather = Noise(p, {70, 70}, 4630) *
-                          (0.5F + 0.5F * Wave(p.u, std::round(16.0F * std::cos(turn)),
-                                              p.v * std::round(16.0F * std::sin(turn))));
+    const float feather =
+        Noise(p, {70, 70}, 4630) * (0.5F + 0.5F * Wave(p.u, std::round(16.0F * std::cos(turn)),
+                                                       p.v * std::round(16.0F * std::sin(turn))));
     const float tone = 0.62F * spangle.random + 0.28F * inner.random + 0.15F * feather;
     return {Mix(Hex(0x8D959B), Hex(0xCBD1D4), tone), 0.5F, 0.35F + 0.6F * tone};
 }
@@ -156,7 +162,8 @@ Texel GoldLeaf(Point p)
     const float edge = 0.5F - std::max(std::abs(sheet.x), std::abs(sheet.y));
     const float overlap = Smooth(0.035F, 0.020F, edge);
     const float crinkle = Fractal(Warped(p, {9, 9}, 0.03F, 4810, 4), {9, 9}, 5, 4820);
-    const float crack = Veins(q, {6, 6}, 4, 30.0F, 4830) * Smooth(0.15F, 0.5F, Noise(p, {4, 4}, 4840));
+    const float crack =
+        Veins(q, {6, 6}, 4, 30.0F, 4830) * Smooth(0.15F, 0.5F, Noise(p, {4, 4}, 4840));
     const float tone = 0.45F + 0.25F * Chance(sheet.across, sheet.down, kSheets, 4850) +
                        0.35F * crinkle + 0.15F * overlap;
     Paint colour = Mix(Hex(0xB98322), Hex(0xF6D57C), tone);

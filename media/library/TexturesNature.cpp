@@ -36,13 +36,14 @@ Texel WaterRipples(Point p)
 
 Texel Lava(Point p)
 {
-    constexpr std::array kHeat{Hex(0x140D0C), Hex(0x2A1512), Hex(0x7A1607), Hex(0xE0480B),
-                               Hex(0xFFB52B), Hex(0xFFF2B0)};
+    constexpr std::array kHeat{Hex(0x140D0C), Hex(0x2A1512), Hex(0x7A1607),
+                               Hex(0xE0480B), Hex(0xFFB52B), Hex(0xFFF2B0)};
     const Point q = Warped(p, {5, 5}, 0.05F, 8200, 4);
     const Cell crust = Cells(q, {6, 6}, 8210);
     const Cell chip = Cells(q, {15, 15}, 8220);
     const float glow = Smooth(0.13F, 0.0F, crust.border + 0.035F * Fractal(p, {20, 20}, 3, 8230));
-    const float faint = 0.55F * Smooth(0.07F, 0.0F, chip.border) * Smooth(0.35F, 0.05F, crust.border);
+    const float faint =
+        0.55F * Smooth(0.07F, 0.0F, chip.border) * Smooth(0.35F, 0.05F, crust.border);
     const float rough = Fractal(q, {22, 22}, 4, 8240);
     const float heat = std::max(glow, faint);
     return {Ramp(kHeat, 0.08F + 0.08F * rough + 0.86F * heat),
@@ -95,9 +96,9 @@ Texel HandmadePaper(Point p)
     const float pulp = Fractal(p, {10, 10}, 5, 8600);
     const Point a = Warped(p, {5, 5}, 0.10F, 8610, 2);
     const Point b = Warped({p.v, p.u}, {4, 4}, 0.12F, 8620, 2);
-    const float fibres = std::max(
-        Veins(a, {6, 4}, 1, 60.0F, 8630) * Smooth(0.1F, 0.4F, Noise(p, {9, 9}, 8640)),
-        Veins(b, {5, 4}, 1, 60.0F, 8650) * Smooth(0.1F, 0.4F, Noise(p, {8, 8}, 8660)));
+    const float fibres =
+        std::max(Veins(a, {6, 4}, 1, 60.0F, 8630) * Smooth(0.1F, 0.4F, Noise(p, {9, 9}, 8640)),
+                 Veins(b, {5, 4}, 1, 60.0F, 8650) * Smooth(0.1F, 0.4F, Noise(p, {8, 8}, 8660)));
     const Cell petal = Cells(Warped(p, {12, 12}, 0.012F, 8670), {9, 9}, 8680);
     const float scrap = Smooth(0.17F, 0.13F, petal.centre) * (petal.random > 0.93F ? 1.0F : 0.0F);
     Paint colour = Mix(Hex(0xE9DFC8), Hex(0xF7F1E2), 0.5F + 0.6F * pulp);

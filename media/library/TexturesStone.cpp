@@ -23,10 +23,9 @@ Texel Granite(Point p, const GraniteKind& kind)
     const Cell mica = Cells(q, {62, 62}, kind.seed + 7);
     const Cell speck = Cells(q, {120, 120}, kind.seed + 11);
     const float cloud = Noise(p, {5, 5}, kind.seed + 13);
-    const Paint mineral =
-        grain.random < 0.62F
-            ? Mix(kind.feldspar, kind.paleFeldspar, Smooth(0.1F, 0.55F, grain.random))
-            : kind.quartz;
+    const Paint mineral = grain.random < 0.62F ? Mix(kind.feldspar, kind.paleFeldspar,
+                                                     Smooth(0.1F, 0.55F, grain.random))
+                                               : kind.quartz;
     const Paint mean = Mix(kind.feldspar, kind.quartz, 0.5F);
     Paint colour = Mix(mean, mineral, Smooth(-0.02F, 0.10F, grain.border));
     colour = colour * (1.0F + 0.13F * Fractal(p, {60, 60}, 3, kind.seed + 17));
@@ -73,10 +72,11 @@ Texel BlackMarble(Point p)
     const Point q = Warped(aslant, {3, 3}, 0.16F, 1400, 5);
     const float gold = Veins(q, {2, 2}, 4, 38.0F, 1410);
     const float white = Veins(Warped(aslant, {4, 4}, 0.10F, 1420, 4), {4, 3}, 4, 60.0F, 1430);
-    const float here = Smooth(-0.1F, 0.5F, Noise(p, {3, 3}, 1440));
-    const float there = Smooth(0.0F, 0.55F, Noise(p, {4, 4}, 1450));
-    Paint colour = Mix(Hex(0x111214), Hex(0x26272A), Smooth(-0.3F, 0.8F, Fractal(q, {4, 4}, 4, 1460)));
-    colour = Mix(colour, Hex(0xB98A45), gold * (0.15F + 0.8F * here));
+    const float here = Smooth(-0.55F, 0.25F, Noise(p, {3, 3}, 1440));
+    const float there = Smooth(-0.3F, 0.4F, Noise(p, {4, 4}, 1450));
+    Paint colour =
+        Mix(Hex(0x111214), Hex(0x26272A), Smooth(-0.3F, 0.8F, Fractal(q, {4, 4}, 4, 1460)));
+    colour = Mix(colour, Hex(0xB98A45), gold * (0.2F + 0.8F * here));
     return {Mix(colour, Hex(0xD9D5CB), white * there * 0.85F)};
 }
 
@@ -89,8 +89,8 @@ Texel GreenMarble(Point p)
     const float tone = 0.42F * shard.random + 0.25F * splinter.random +
                        0.45F * Fractal(q, {8, 8}, 4, 1530) + 0.12F;
     Paint colour = Ramp(kGreens, tone);
-    const float seam = Smooth(0.075F, 0.0F, shard.border) *
-                       Smooth(-0.3F, 0.4F, Noise(p, {5, 5}, 1540));
+    const float seam =
+        Smooth(0.075F, 0.0F, shard.border) * Smooth(-0.3F, 0.4F, Noise(p, {5, 5}, 1540));
     const float hair = Veins(q, {5, 5}, 4, 42.0F, 1550);
     colour = Mix(colour, Hex(0xCFE0D2), 0.72F * seam);
     return {Mix(colour, Hex(0xA9C9B4), 0.55F * hair)};
@@ -128,8 +128,8 @@ Texel Slate(Point p)
 
 Texel Sandstone(Point p)
 {
-    constexpr std::array kStrata{Hex(0xA9734A), Hex(0xC99567), Hex(0xDDB488), Hex(0xB98055),
-                                 Hex(0xD4A576), Hex(0xE3C197)};
+    constexpr std::array kStrata{Hex(0xA9734A), Hex(0xC99567), Hex(0xDDB488),
+                                 Hex(0xB98055), Hex(0xD4A576), Hex(0xE3C197)};
     const Point q = Warped(p, {2, 2}, 0.07F, 1800, 4);
     const float strata = 0.5F + 0.45F * Fractal({q.u, q.v}, {1, 9}, 4, 1810) +
                          0.10F * Wave(q.v + 0.3F * Wave(q.u, 1.0F) * 0.05F, 22.0F);

@@ -1,7 +1,9 @@
 #include "studio/app/Studio.h"
 
+#include "studio/app/EventLog.h"
 #include "studio/app/HeadlessRender.h"
 #include "studio/app/MainWindow.h"
+#include "studio/app/ShippedLibraries.h"
 #include "studio/app/StudioDesktop.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/Theme.h"
@@ -30,8 +32,13 @@ ExitCode Conclude(const std::optional<QString>& failure)
 
 ExitCode RunWindow(const CommandLine& line)
 {
+    const StudioProfile profile = UserProfile();
+    const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
     StudioDesktop desktop;
-    StudioHost host(UserProfile(), desktop.Get().settings);
+    StudioHost host(profile, desktop.Get().settings);
+    for (const QString& problem : problems) {
+        host.Log().RecordEvent(problem.toStdString());
+    }
     MainWindow window(host, desktop.Get());
     desktop.SetWindow(&window);
     window.show();
