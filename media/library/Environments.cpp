@@ -79,7 +79,7 @@ Paint Sunset(Point p)
     constexpr std::array kSea{Hex(0xE79A58), Hex(0x9A5A52), Hex(0x4E3548), Hex(0x241C2E),
                               Hex(0x120F1A)};
     const float up = 1.0F - 2.0F * p.v;
-    const float du = 2.0F * (p.u - 0.42F);
+    const float du = 2.0F * (p.u - 0.42F - std::round(p.u - 0.42F));
     const float sun = std::hypot(du, p.v - 0.455F);
     const float towardsSun = std::exp(-du * du * 2.2F);
     Paint sky = Ramp(kDusk, std::pow(std::max(0.0F, up), 0.62F) * (1.25F - 0.35F * towardsSun));

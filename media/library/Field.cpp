@@ -11,10 +11,18 @@ int Modulo(int value, int period)
     return rest < 0 ? rest + period : rest;
 }
 
+/// Each pattern begins elsewhere. Noise is steepest at the corners of its cells; without this, all
+/// octaves of all patterns would have theirs on the tile's border.
+Point Begun(Point p, Seed seed)
+{
+    return {p.u + patterns::Lattice(0, 0, seed), p.v + patterns::Lattice(1, 0, seed)};
+}
+
 }  // namespace
 
 float Noise(Point p, Grid grid, Seed seed)
 {
+    p = Begun(p, seed);
     return patterns::Noise(p.u * static_cast<float>(grid.across),
                            p.v * static_cast<float>(grid.down), {grid.across, grid.down}, seed);
 }
@@ -47,6 +55,7 @@ Point Warped(Point p, Grid grid, float reach, Seed seed, int octaves)
 Cell Cells(Point p, Grid grid, Seed seed)
 {
     constexpr float kFreedom = 0.84F;
+    p = Begun(p, seed);
     const float x = p.u * static_cast<float>(grid.across);
     const float y = p.v * static_cast<float>(grid.down);
     const int left = static_cast<int>(std::floor(x)) - 1;

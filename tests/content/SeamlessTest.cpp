@@ -28,7 +28,7 @@ void ExpectSidesMeet(const QImage& image, const QString& name)
     for (int x = 1; x < image.width(); ++x) {
         largestInside = std::max(largestInside, ColumnDifference(image, x - 1, x));
     }
-    EXPECT_LE(ColumnDifference(image, image.width() - 1, 0), 1.1 * largestInside + 1.0)
+    EXPECT_LE(ColumnDifference(image, image.width() - 1, 0), 1.25 * largestInside + 1.0)
         << name.toStdString();
 }
 

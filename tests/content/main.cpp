@@ -1,5 +1,3 @@
-#include "Drawing.h"
-
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -10,6 +8,5 @@ int main(int argc, char** argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
-    const drawing::Session session;
     return RUN_ALL_TESTS();
 }
