@@ -31,10 +31,4 @@ void DeclareMesh(TextStream& out, const std::string& name, const Mesh& mesh);
 /// The same, with the coordinates of the item's flat wrap, in tiles.
 void DeclareFlatWrappedMesh(TextStream& out, const std::string& name, const FrameItem& item);
 
-/// Whether the mesh has a triangle to show.
-[[nodiscard]] bool HasArea(const Mesh& mesh);
-
-/// Whether every edge belongs to two triangles, so that no back face can be seen.
-[[nodiscard]] bool IsClosed(const Mesh& mesh);
-
 }  // namespace studio

@@ -6,6 +6,7 @@
 #include "studio/raytrace/PovRayStage.h"
 #include "studio/raytrace/PovRaySurface.h"
 #include "studio/raytrace/Quoting.h"
+#include "studio/raytrace/TriangleList.h"
 
 #include <map>
 #include <set>
@@ -49,7 +50,8 @@ public:
     void Write(std::size_t index)
     {
         const FrameItem& item = m_scene.frame.items[index];
-        if (item.mesh == nullptr || !HasArea(*item.mesh) || IsTestedAway(item, m_images)) {
+        if (item.mesh == nullptr || TrianglesWithArea(*item.mesh).empty() ||
+            IsTestedAway(item, m_images)) {
             return;
         }
         WriteComments(index);

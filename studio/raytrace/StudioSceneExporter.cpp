@@ -3,6 +3,7 @@
 #include "host/Status.h"
 #include "studio/raytrace/PovRayScene.h"
 #include "studio/raytrace/Quoting.h"
+#include "studio/raytrace/RibScene.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/StudioScene.h"
 
@@ -35,14 +36,30 @@ StudioScene& OurScene(CorvexSG::Scene& scene)
     return *ours;
 }
 
-using SceneWriter = void (*)(TextStream&, const RaytraceScene&, RaytraceImages&);
+using SceneWriter = void (*)(TextStream&, const RaytraceScene&, RaytraceImages&,
+                             const QString& path);
+
+void WritePovRay(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
+                 const QString& /*path*/)
+{
+    WritePovRayScene(out, scene, images);
+}
+
+/// The renderer works in the folder of its scene, where the caller looks for the image.
+void WriteRib(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
+              const QString& path)
+{
+    const QString name = QFileInfo(path).fileName();
+    WriteRibScene(out, scene, images, (name.chopped(3) + QStringLiteral("bmp")).toStdString());
+}
 
 struct TargetRow {
     const char* suffix;
     ImageReader reader;
     SceneWriter write;
 };
-constexpr std::array kTargets{TargetRow{"pov", ImageReader::PovRay, WritePovRayScene}};
+constexpr std::array kTargets{TargetRow{"pov", ImageReader::PovRay, WritePovRay},
+                              TargetRow{"rib", ImageReader::RenderMan, WriteRib}};
 
 const TargetRow& TargetOf(const QString& path)
 {
@@ -147,7 +164,7 @@ void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
         }
     });
     RaytraceImages images(target.reader, textures, place);
-    target.write(out, scene, images);
+    target.write(out, scene, images, path);
     if (!file.commit()) {
         refuse();
     }

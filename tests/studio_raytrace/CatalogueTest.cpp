@@ -1,0 +1,211 @@
+// Every stock material and every pattern, many in one run: most of a run's time is POV-Ray's start.
+
+#include "tests/studio_raytrace/RaytraceRig.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <set>
+
+namespace {
+
+using namespace StudioRaytraceTest;
+using CorvexDB::udtMaterial;
+
+constexpr int kCell = 96;
+
+/// Spheres in rows, seen straight on.
+struct Contacts {
+    int columns = 10;
+    std::vector<udtMaterial> materials;
+
+    [[nodiscard]] int Rows() const
+    {
+        return (static_cast<int>(materials.size()) + columns - 1) / columns;
+    }
+    [[nodiscard]] studio::RaytraceScene Scene() const
+    {
+        studio::RaytraceScene scene;
+        const auto sphere = Sphere();
+        for (std::size_t i = 0; i < materials.size(); ++i) {
+            studio::FrameItem item;
+            item.mesh = sphere;
+            item.material = std::make_shared<udtMaterial>(materials[i]);
+            item.worldFromMesh.translate(2.3F * static_cast<float>(Column(i)),
+                                         -2.3F * static_cast<float>(Row(i)), 0.0F);
+            scene.frame.items.push_back(std::move(item));
+        }
+        const float width = 2.3F * static_cast<float>(columns);
+        const float height = 2.3F * static_cast<float>(Rows());
+        studio::Camera& camera = scene.frame.camera;
+        camera.yawDegrees = 0.0F;
+        camera.pitchDegrees = 0.0F;
+        camera.fovDegrees = 6.0F;
+        camera.target = {(width - 2.3F) / 2.0F, -(height - 2.3F) / 2.0F, 0.0F};
+        camera.distance = std::min(width, height) / 2.0F / std::tan(0.0523599F);
+        scene.frame.width = columns * kCell;
+        scene.frame.height = Rows() * kCell;
+        return scene;
+    }
+    [[nodiscard]] QRect Cell(std::size_t i) const
+    {
+        return {Column(i) * kCell, Row(i) * kCell, kCell, kCell};
+    }
+
+private:
+    [[nodiscard]] int Column(std::size_t i) const { return static_cast<int>(i) % columns; }
+    [[nodiscard]] int Row(std::size_t i) const { return static_cast<int>(i) / columns; }
+};
+
+/// Of the middle of two cells, mean over pixels and channels.
+double Difference(const QImage& one, const QImage& other)
+{
+    double sum = 0.0;
+    int count = 0;
+    for (int y = kCell / 4; y < 3 * kCell / 4; ++y) {
+        for (int x = kCell / 4; x < 3 * kCell / 4; ++x) {
+            const QRgb a = one.pixel(x, y);
+            const QRgb b = other.pixel(x, y);
+            sum += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) +
+                   std::abs(qBlue(a) - qBlue(b));
+            count += 3;
+        }
+    }
+    return sum / count;
+}
+
+bool IsBlank(const QImage& cell)
+{
+    std::set<QRgb> colours;
+    for (int x = kCell / 4; x < 3 * kCell / 4; ++x) {
+        colours.insert(cell.pixel(x, kCell / 2));
+    }
+    return colours.size() < 3;
+}
+
+/// Complaints about a file of ours; the include files have their own.
+QStringList OwnComplaints(const QString& messages)
+{
+    return messages.split(u'\n').filter(
+        QRegularExpression(QStringLiteral("scene\\.pov.*(Warning|Error)|Parse Error")));
+}
+
+void CheckContacts(RaytraceRig& rig, const Contacts& contacts, const char* file)
+{
+    const Raytraced result = rig.Raytrace(contacts.Scene(), false);
+    ASSERT_FALSE(result.picture.isNull()) << result.messages.right(3000).toStdString();
+    EXPECT_TRUE(OwnComplaints(result.messages).isEmpty())
+        << OwnComplaints(result.messages).join('\n').toStdString();
+    Keep(result.picture, file);
+    for (std::size_t i = 0; i < contacts.materials.size(); ++i) {
+        const QImage cell = result.picture.copy(contacts.Cell(i));
+        EXPECT_FALSE(IsBlank(cell)) << "entry " << i;
+        if (i > 0) {
+            EXPECT_GT(Difference(cell, result.picture.copy(contacts.Cell(i - 1))), 0.8)
+                << "entries " << i - 1 << " and " << i << " look the same";
+        }
+    }
+}
+
+TEST(Catalogue, EveryPredefinedMaterialIsAPictureOfItsOwn)
+{
+    constexpr std::array<int, 5> kCounts{13, 23, 31, 5, 8};
+    Contacts contacts;
+    for (int type = 0; type < 5; ++type) {
+        for (int i = 0; i < kCounts[static_cast<std::size_t>(type)]; ++i) {
+            udtMaterial material;
+            material.RayTrace.MaterialType = 1;
+            material.RayTrace.PredefinedType = type;
+            material.RayTrace.PreDefinedMaterial = i;
+            contacts.materials.push_back(material);
+        }
+    }
+    ASSERT_EQ(contacts.materials.size(), 80U);
+    RaytraceRig rig;
+    CheckContacts(rig, contacts, "raytrace-predefined.png");
+}
+
+TEST(Catalogue, EveryPatternIsAPictureOfItsOwn)
+{
+    Contacts contacts;
+    contacts.columns = 8;
+    for (int i = 0; i <= 23; ++i) {
+        udtMaterial material;
+        material.RayTrace.ColorPattern = i;
+        material.RayTrace.ColorPatternColor = {{{0.9F, 0.2F, 0.1F, 0.0F},
+                                                {1.0F, 0.9F, 0.5F, 0.0F},
+                                                {0.1F, 0.4F, 0.7F, 0.0F},
+                                                {0.05F, 0.1F, 0.2F, 0.0F}}};
+        contacts.materials.push_back(material);
+    }
+    for (int i = 0; i <= 14; ++i) {
+        udtMaterial material;
+        material.Color = 0x60A0D0;
+        material.Specular = 60;
+        material.RayTrace.NormalPattern = i;
+        contacts.materials.push_back(material);
+    }
+    RaytraceRig rig;
+    CheckContacts(rig, contacts, "raytrace-patterns.png");
+}
+
+TEST(Catalogue, FinishSlidersChangeThePicture)
+{
+    using Attributes = CorvexDB::cdtRayTraceMaterialAttributes;
+    const std::vector<std::function<void(Attributes&)>> changes{
+        [](Attributes&) {},
+        [](Attributes& a) { a.Brilliance = 10.0F; },
+        [](Attributes& a) { a.Reflection = 8.0F; },
+        [](Attributes& a) { a.Roughness = 10.0F; },
+        [](Attributes& a) { a.Roughness = 1.0F; },
+        [](Attributes& a) { a.Metallic = true; },
+        [](Attributes& a) { a.IridescenceFactor = 10.0F; },
+        [](Attributes& a) {
+            a.IridescenceFactor = 10.0F;
+            a.IridescenceThickness = 9.0F;
+        },
+        [](Attributes& a) {
+            a.ColorPattern = 12;
+            a.ColorPatternColor[1] = {0.0F, 0.2F, 0.9F, 0.0F};
+        },
+        [](Attributes& a) {
+            a.ColorPattern = 12;
+            a.ColorPatternColor[1] = {0.0F, 0.2F, 0.9F, 0.0F};
+            a.ColorPatternFrequency = 4.0F;
+        },
+        [](Attributes& a) {
+            a.ColorPattern = 12;
+            a.ColorPatternColor[1] = {0.0F, 0.2F, 0.9F, 0.0F};
+            a.ColorPatternTurbulence = 8.0F;
+        },
+        [](Attributes& a) { a.NormalPattern = 1; },
+        [](Attributes& a) {
+            a.NormalPattern = 1;
+            a.NormalScale = 0.0F;
+        },
+        [](Attributes& a) {
+            a.NormalPattern = 3;
+            a.NormalDepth = 10.0F;
+            a.NormalPatternTurbulence = 5.0F;
+        },
+        [](Attributes& a) {
+            a.NormalPattern = 3;
+            a.NormalPatternFrequency = 6.0F;
+        },
+    };
+    Contacts contacts;
+    contacts.columns = 5;
+    for (const auto& change : changes) {
+        udtMaterial material;
+        material.Color = 0x3070C0;
+        material.Specular = 70;
+        change(material.RayTrace);
+        contacts.materials.push_back(material);
+    }
+    RaytraceRig rig;
+    CheckContacts(rig, contacts, "raytrace-finish.png");
+}
+
+}  // namespace
