@@ -17,12 +17,15 @@ constexpr const char* kHelp = R"(Usage:
   corvex-studio [MODEL]                 open the studio, with a model if one is named
   corvex-studio render [MODEL] --out FILE.png [options]
                                         draw a picture without a window
+  corvex-studio export FILE.pov|FILE.rib [MODEL] [options]
+                                        write the scene for POV-Ray or a RenderMan renderer
   corvex-studio --tour FOLDER           make a recorded tour without a display and put its
                                         pictures into FOLDER; settings stay untouched
   corvex-studio --version | --help
 
-Options of render:
+Options of render and export:
   --size WxH             in pixels, 800x600 if not given, at most 8192x8192
+  --raytrace             render with POV-Ray
   --primitive NAME       instead of a model: cube, cylinder, sphere, torus or cone
   --material KEY=VALUE   change the material of every shape; may be given several times
                          colour=Bronze (a name of the colour list) or colour=#8c7824
@@ -100,6 +103,12 @@ struct RenderOptions {
         QStringLiteral("size"), {}, QStringLiteral("WxH"), QStringLiteral("800x600")};
     QCommandLineOption primitive{QStringLiteral("primitive"), {}, QStringLiteral("name")};
     QCommandLineOption material{QStringLiteral("material"), {}, QStringLiteral("key=value")};
+    QCommandLineOption raytrace{QStringLiteral("raytrace")};
+
+    void AddTo(QCommandLineParser& parser) const
+    {
+        parser.addOptions({out, size, primitive, material, raytrace});
+    }
 };
 
 CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions& options)
@@ -108,6 +117,7 @@ CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions&
     line.action = Action::Render;
     line.render.output = parser.value(options.out);
     line.render.assignments = parser.values(options.material);
+    line.render.raytrace = parser.isSet(options.raytrace);
     const QStringList models = parser.positionalArguments();
     const auto size = SizeFrom(parser.value(options.size));
     const auto primitive = PrimitiveFrom(parser.value(options.primitive));
@@ -136,8 +146,22 @@ CommandLine ReadRender(const QStringList& arguments)
 {
     const RenderOptions options;
     QCommandLineParser parser;
-    parser.addOptions({options.out, options.size, options.primitive, options.material});
+    options.AddTo(parser);
     return parser.parse(arguments) ? CheckedRender(parser, options) : Refused(parser.errorText());
+}
+
+CommandLine ReadExport(const QStringList& arguments)
+{
+    const QString file = arguments.value(1);
+    if (!file.endsWith(QStringLiteral(".pov"), Qt::CaseInsensitive) &&
+        !file.endsWith(QStringLiteral(".rib"), Qt::CaseInsensitive)) {
+        return Refused(Tr("export needs FILE.pov or FILE.rib first."));
+    }
+    QStringList rest = arguments.mid(2);
+    rest << QStringLiteral("--out") << file;
+    CommandLine line = ReadRender(QStringList(arguments.value(0)) + rest);
+    line.action = line.action == Action::Render ? Action::Export : line.action;
+    return line;
 }
 
 CommandLine ReadLibrary(const QStringList& arguments)
@@ -164,7 +188,8 @@ CommandLine ReadWindow(const QStringList& arguments)
         return Refused(parser.errorText());
     }
     if (parser.isSet(help)) {
-        return Shown(QLatin1String(kHelp) + QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
+        return Shown(QLatin1String(kHelp) + QLatin1String(LibraryHelp()) +
+                     QLatin1String(kExitCodes));
     }
     if (parser.isSet(version)) {
         return Shown(QStringLiteral("corvex-studio " CORVEX_VERSION "\n"));
@@ -188,6 +213,9 @@ CommandLine ReadCommandLine(const QStringList& arguments)
     const QStringList named = QStringList(QLatin1String(kStudioName)) + arguments;
     if (arguments.value(0) == QStringLiteral("render")) {
         return ReadRender(arguments);
+    }
+    if (arguments.value(0) == QStringLiteral("export")) {
+        return ReadExport(arguments);
     }
     if (arguments.value(0) == QStringLiteral("library")) {
         return ReadLibrary(arguments.mid(1));

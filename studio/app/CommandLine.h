@@ -21,9 +21,10 @@ struct RenderJob {
     QString output;
     QSize size{800, 600};     ///< pixels
     QStringList assignments;  ///< `key=value`, already checked
+    bool raytrace = false;    ///< by POV-Ray
 };
 
-enum class Action { OpenWindow, RecordTour, Render, Library, ShowText, Refuse };
+enum class Action { OpenWindow, RecordTour, Render, Export, Library, ShowText, Refuse };
 
 struct CommandLine {
     Action action = Action::OpenWindow;

@@ -3,11 +3,16 @@
 #include "platform/QtPlatform.h"
 #include "preview/PreviewPrimitives.h"
 #include "studio/app/MaterialAssignment.h"
+#include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
+#include "studio/raytrace/PovRayRun.h"
+#include "studio/raytrace/RaytracerPrograms.h"
+#include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/render/RenderService.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/ModelShapes.h"
 
+#include <QEventLoop>
 #include <QImageWriter>
 
 namespace studio {
@@ -47,22 +52,59 @@ void Assign(StudioShape& shape, const QStringList& assignments)
     shape.SetApplied(WholeMaterial(std::move(material), shape.Applied().coordinates));
 }
 
-QImage Draw(const RenderJob& job)
+RaytraceImages::Lookup LookupIn(RenderService& rendering)
 {
-    StudioScene scene;
+    return [&rendering](const std::string& file) { return rendering.Textures().Await(file); };
+}
+
+/// The job's shapes in view, with what a raytracer has to know of them.
+RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene)
+{
     scene.SetShapes(job.model.isEmpty() ? PrimitiveShapes(job.primitive)
                                         : ShapesOfModel(job.model));
     for (const auto& shape : scene.All()) {
         Assign(*shape, job.assignments);
     }
-    Frame frame;
-    frame.camera = scene.FramedBy(DefaultCamera());
-    frame.width = job.size.width();
-    frame.height = job.size.height();
-    frame.samples = 4;
-    scene.Fill(frame);
+    RaytraceScene result = RaytraceSceneOf(scene, {});
+    result.frame.width = job.size.width();
+    result.frame.height = job.size.height();
+    result.frame.samples = 4;
+    return result;
+}
+
+QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
+{
+    const QString program = FindPovRay(qEnvironmentVariable("CORVEX_POVRAY"));
+    if (program.isEmpty()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    "POV-Ray was not found: there is no program named povray.");
+    }
+    PovRayRun run;
+    QEventLoop loop;
+    QImage picture;
+    QString failure;
+    QObject::connect(&run, &PovRayRun::Finished, &loop, [&](const QImage& made) {
+        picture = made;
+        loop.quit();
+    });
+    QObject::connect(&run, &PovRayRun::Failed, &loop, [&](const QString& message) {
+        failure = message;
+        loop.quit();
+    });
+    run.Start(program, scene, LookupIn(rendering), 1);
+    loop.exec();
+    if (picture.isNull()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::Failed, failure.toStdString());
+    }
+    return picture;
+}
+
+QImage Draw(const RenderJob& job)
+{
+    StudioScene scene;
+    RaytraceScene all = SceneOf(job, scene);
     RenderService rendering;
-    return rendering.DrawNow(std::move(frame));
+    return job.raytrace ? Raytraced(all, rendering) : rendering.DrawNow(std::move(all.frame));
 }
 
 }  // namespace
@@ -74,6 +116,19 @@ std::optional<QString> DrawPicture(const RenderJob& job)
         return writer.write(Draw(job))
                    ? std::nullopt
                    : std::optional(QStringLiteral("%1: %2").arg(job.output, writer.errorString()));
+    } catch (const CorvexMaterial::Error& error) {
+        return QString::fromStdString(error.what());
+    }
+}
+
+std::optional<QString> ExportPicture(const RenderJob& job)
+{
+    try {
+        StudioScene scene;
+        RenderService rendering;
+        WriteRaytraceScene(job.output, SceneOf(job, scene), LookupIn(rendering),
+                           ImagesBeside(job.output));
+        return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());
     }

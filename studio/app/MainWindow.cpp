@@ -14,6 +14,7 @@
 #include "studio/app/UndoKeys.h"
 #include "studio/plugins/PluginFolder.h"
 #include "studio/plugins/PluginTextures.h"
+#include "studio/raytrace/StudioRaytraceServices.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/DefaultScene.h"
 
@@ -52,6 +53,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
 MainWindow::~MainWindow()
 {
     m_viewport->SetSource(nullptr);
+    m_host.Raytracing().SetAbandoned({});
     m_scene.MarkSelection(nullptr);
     delete m_opener;
     delete m_fill;

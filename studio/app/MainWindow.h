@@ -22,6 +22,7 @@ class PanelArea;
 class PanelFill;
 class StudioHost;
 class ViewportWidget;
+struct RaytraceScene;
 struct TextureReplacement;
 
 /// The studio's window: the scene in the middle, the material panel docked beside it.
@@ -38,6 +39,11 @@ public:
     /// stays until it is read, and for good when it cannot be.
     void OpenModel(const QString& file);
     void ResetScene();
+    /// Writes what the viewport shows for the raytracer that the name's ending tells, and tells the
+    /// user when that fails.
+    void ExportScene(const QString& file);
+    /// In a window of its own.
+    void RenderScene();
     /// Looks below the folder for the textures the scene misses and offers what it finds.
     void FindTexturesIn(const QString& folder);
 
@@ -63,6 +69,7 @@ private:
     void BuildDock();
     void BuildMenus();
     void BuildFileMenu();
+    void BuildRaytraceMenu(QMenu* menu);
     void BuildEditMenu();
     void BuildViewMenu();
     void BuildHelpMenu();
@@ -81,6 +88,8 @@ private:
     void RefuseModel(const QString& file, const QString& message);
     void ShowShapes(StudioScene::Shapes shapes, const QString& title);
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
+    [[nodiscard]] RaytraceScene SceneToRaytrace();
+    void ChooseExport(const QString& filter, const QString& suffix);
     void FindTextures();
     void ReplaceTextures(const std::vector<TextureReplacement>& chosen);
     void PickAt(QPoint position, Qt::KeyboardModifiers modifiers);

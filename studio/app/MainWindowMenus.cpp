@@ -32,6 +32,8 @@ void MainWindow::BuildFileMenu()
     menu->addAction(tr("Find Missing &Textures..."), this, &MainWindow::FindTextures)
         ->setObjectName(QStringLiteral("findTextures"));
     menu->addSeparator();
+    BuildRaytraceMenu(menu);
+    menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
 }
 

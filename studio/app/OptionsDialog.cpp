@@ -2,6 +2,7 @@
 
 #include "studio/app/SettingNames.h"
 #include "studio/app/StudioSettings.h"
+#include "studio/raytrace/PovRayProbe.h"
 #include "ui_OptionsDialog.h"
 
 #include <QColorDialog>
@@ -49,6 +50,7 @@ OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
     BindColour(m_ui->previewColour, &StudioColours::preview);
     BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
     BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
+    BindRaytracers();
     connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
     connect(m_ui->removeFolder, &QPushButton::clicked, this,
             [this] { delete m_ui->folders->currentItem(); });
@@ -60,9 +62,27 @@ void OptionsDialog::ShowSettings()
 {
     m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
     m_ui->raytracer->setCurrentIndex(std::clamp(m_settings.Number(kRaytracerSetting, 0), 0, 1));
+    m_ui->povRayProgram->setText(m_settings.Text(kPovRayProgramSetting));
+    m_ui->renderManProgram->setText(m_settings.RenderManLocation());
     m_ui->folders->addItems(m_settings.List(kSearchFoldersSetting));
     m_ui->customFields->setPlainText(m_settings.List(kCustomFieldsSetting).join(u'\n'));
     m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
+}
+
+void OptionsDialog::BindRaytracers()
+{
+    const auto bind = [this](QPushButton* button, QLineEdit* field, const QString& title) {
+        connect(button, &QPushButton::clicked, this, [this, field, title] {
+            const QString file = QFileDialog::getOpenFileName(this, title, field->text());
+            if (!file.isEmpty()) {
+                field->setText(file);
+            }
+        });
+    };
+    bind(m_ui->choosePovRay, m_ui->povRayProgram, tr("POV-Ray"));
+    bind(m_ui->chooseRenderMan, m_ui->renderManProgram, tr("RenderMan Renderer"));
+    new PovRayProbe(
+        {*m_ui->povRayProgram, *m_ui->testPovRay, *m_ui->povRayPicture, *m_ui->povRayStatus}, this);
 }
 
 void OptionsDialog::BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour)
@@ -98,6 +118,8 @@ void OptionsDialog::Store() const
     m_settings.SetLibraryBackground(kTextureBackground, m_colours.textureLibrary);
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
     m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentIndex());
+    m_settings.SetText(kPovRayProgramSetting, m_ui->povRayProgram->text().trimmed());
+    m_settings.SetRenderManLocation(m_ui->renderManProgram->text().trimmed());
     m_settings.SetList(kSearchFoldersSetting, folders);
     m_settings.SetList(
         kCustomFieldsSetting,

@@ -40,6 +40,7 @@ private:
     void ShowSettings();
     void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);
     void AddFolder();
+    void BindRaytracers();
 
     StudioSettings& m_settings;
     std::unique_ptr<Ui::OptionsDialog> m_ui;

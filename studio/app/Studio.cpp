@@ -77,6 +77,8 @@ ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
     switch (line.action) {
     case Action::Render:
         return Conclude(DrawPicture(line.render));
+    case Action::Export:
+        return Conclude(ExportPicture(line.render));
     case Action::Library:
         return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done : ExitCode::Failed;
     case Action::RecordTour:

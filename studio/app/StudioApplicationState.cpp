@@ -47,9 +47,14 @@ CorvexDB::Raytracer StudioApplicationState::SelectedRaytracer()
                                                         : CorvexDB::Raytracer::PovRay;
 }
 
+QString StudioApplicationState::PovRay() const
+{
+    return FindPovRay(m_settings.Text(kPovRayProgramSetting));
+}
+
 std::string StudioApplicationState::PovRayProgram()
 {
-    const QString program = FindPovRay(m_settings.Text(kPovRayProgramSetting));
+    const QString program = PovRay();
     if (program.isEmpty()) {
         return {};
     }
@@ -71,9 +76,6 @@ std::string StudioApplicationState::ScenePath()
 std::vector<std::string> StudioApplicationState::SearchFolders()
 {
     std::vector<std::string> folders;
-    if (const std::string scenePath = ScenePath(); !scenePath.empty()) {
-        folders.push_back(scenePath);
-    }
     for (const QString& folder : m_settings.List(kSearchFoldersSetting)) {
         folders.push_back(WithSeparator(folder));
     }

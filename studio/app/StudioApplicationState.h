@@ -20,6 +20,8 @@ public:
     bool RaytracerAvailable() override;
     CorvexDB::Raytracer SelectedRaytracer() override;
     std::string PovRayProgram() override;
+    /// The real POV-Ray behind the launcher; empty when there is none.
+    [[nodiscard]] QString PovRay() const;
     std::int32_t AntialiasChoice() override;
     std::string ScenePath() override;
     std::vector<std::string> SearchFolders() override;

@@ -5,6 +5,7 @@ namespace {
 
 constexpr const char* kStudioSection = "Studio";
 constexpr const char* kControlSection = "Application";
+constexpr const char* kRenderManLocation = "RenderManLocation";
 // Paths may hold any printable character, so a list is separated by one that is not.
 constexpr QChar kListSeparator(0x1F);
 
@@ -60,6 +61,17 @@ CorvexMaterial::Colour StudioSettings::LibraryBackground(const char* key,
 void StudioSettings::SetLibraryBackground(const char* key, CorvexMaterial::Colour colour)
 {
     m_store.Write({m_application, kControlSection, key}, std::to_string(colour));
+}
+
+QString StudioSettings::RenderManLocation() const
+{
+    return QString::fromStdString(
+        m_store.Read({m_application, kControlSection, kRenderManLocation}).value_or(""));
+}
+
+void StudioSettings::SetRenderManLocation(const QString& program)
+{
+    m_store.Write({m_application, kControlSection, kRenderManLocation}, program.toStdString());
 }
 
 bool StudioSettings::HasPanelLayout() const

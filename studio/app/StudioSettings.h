@@ -31,6 +31,10 @@ public:
                                                            CorvexMaterial::Colour fallback) const;
     void SetLibraryBackground(const char* key, CorvexMaterial::Colour colour);
 
+    /// The renderer that the control keeps for RenderMan jobs; empty when none is known.
+    [[nodiscard]] QString RenderManLocation() const;
+    void SetRenderManLocation(const QString& program);
+
     /// Whether the control has ever saved its layout.
     [[nodiscard]] bool HasPanelLayout() const;
 

@@ -31,8 +31,8 @@ constexpr std::array kMetal{
     PovRayMaterial{"textures.inc", "texture { Polished_Chrome }"},
     PovRayMaterial{"textures.inc", "texture { Polished_Brass }"},
     PovRayMaterial{"textures.inc", "texture { New_Brass }"},
-    PovRayMaterial{"textures.inc", "texture { Spun_Brass }"},
-    PovRayMaterial{"textures.inc", "texture { Brushed_Aluminum }"},
+    PovRayMaterial{"textures.inc", "texture { Spun_Brass }", 12.0F},
+    PovRayMaterial{"textures.inc", "texture { Brushed_Aluminum }", 4.0F},
     PovRayMaterial{"textures.inc", "texture { Silver1 }"},
     PovRayMaterial{"textures.inc", "texture { Silver2 }"},
     PovRayMaterial{"textures.inc", "texture { Silver3 }"},
@@ -134,19 +134,19 @@ constexpr std::array kColourPatterns{
 };
 constexpr std::array kNormalPatterns{
     PovRayPattern{"bumps"},
-    PovRayPattern{"dents"},
-    PovRayPattern{"ripples"},
+    PovRayPattern{"dents", false, 0.6F},
+    PovRayPattern{"ripples", false, 0.2F},
     PovRayPattern{"wrinkles"},
-    PovRayPattern{"bozo"},
+    PovRayPattern{"bozo", false, 0.5F},
     PovRayPattern{"pigment_pattern { checker rgb 0 rgb 1 }"},
     PovRayPattern{"crackle"},
     PovRayPattern{"granite"},
     PovRayPattern{"pigment_pattern { hexagon rgb 0 rgb 0.5 rgb 1 }"},
-    PovRayPattern{"onion"},
+    PovRayPattern{"onion", false, 0.6F, {2.0F, 2.0F, -3.0F}},
     PovRayPattern{"quilted"},
     PovRayPattern{"spiral1 5"},
     PovRayPattern{"spiral2 5"},
-    PovRayPattern{"waves"},
+    PovRayPattern{"waves", false, 0.2F},
 };
 static_assert(kColourPatterns.size() == 23 && kNormalPatterns.size() == 14);
 

@@ -76,7 +76,7 @@ std::string CommentText(std::string_view text)
 bool IsPlainPath(std::string_view path)
 {
     return std::all_of(path.begin(), path.end(), [](char letter) {
-        return static_cast<unsigned char>(letter) < 0x7F && !IsControl(letter);
+        return static_cast<unsigned char>(letter) < 0x7F && !IsControl(letter) && letter != '\\';
     });
 }
 

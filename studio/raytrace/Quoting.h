@@ -15,7 +15,7 @@ namespace studio {
 /// One line for after `//` or `#`: line breaks and control letters, Unicode's own included, become
 /// blanks, and the text never ends in a backslash. At most 400 bytes, in whole UTF-8 letters.
 [[nodiscard]] std::string CommentText(std::string_view text);
-/// Whether POV-Ray finds a file by this path: ASCII without control letters.
+/// Whether POV-Ray finds a file by this path: ASCII without control letters and backslashes.
 [[nodiscard]] bool IsPlainPath(std::string_view path);
 
 }  // namespace studio

@@ -79,8 +79,10 @@ double Difference(const QImage& one, const QImage& other)
 bool IsBlank(const QImage& cell)
 {
     std::set<QRgb> colours;
-    for (int x = kCell / 4; x < 3 * kCell / 4; ++x) {
-        colours.insert(cell.pixel(x, kCell / 2));
+    for (int i = kCell / 4; i < 3 * kCell / 4; ++i) {
+        for (int k = kCell / 4; k < 3 * kCell / 4; ++k) {
+            colours.insert(cell.pixel(i, k));
+        }
     }
     return colours.size() < 3;
 }

@@ -1,0 +1,86 @@
+#include "studio/app/MainWindow.h"
+
+#include "studio/app/StudioApplicationState.h"
+#include "studio/app/StudioHost.h"
+#include "studio/raytrace/RaytracerPrograms.h"
+#include "studio/raytrace/RenderWindow.h"
+#include "studio/raytrace/StudioRaytraceServices.h"
+#include "studio/raytrace/StudioSceneExporter.h"
+#include "studio/render/ViewportWidget.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+
+namespace studio {
+
+void MainWindow::BuildRaytraceMenu(QMenu* menu)
+{
+    menu->addAction(tr("&Render..."), QKeySequence(tr("Ctrl+R")), this, &MainWindow::RenderScene)
+        ->setObjectName(QStringLiteral("renderScene"));
+    QMenu* exports = menu->addMenu(tr("&Export"));
+    exports->addAction(tr("&POV-Ray Scene..."), this, [this] {
+        ChooseExport(tr("POV-Ray scenes (*.pov)"), QStringLiteral(".pov"));
+    });
+    exports->addAction(tr("&RIB..."), this, [this] {
+        ChooseExport(tr("RenderMan scenes (*.rib)"), QStringLiteral(".rib"));
+    });
+    m_host.Raytracing().SetAbandoned(
+        [this] { m_misc->setText(tr("The raytracer was not started.")); });
+}
+
+RaytraceScene MainWindow::SceneToRaytrace()
+{
+    const studio::Frame frame = m_viewport->CurrentFrame();
+    m_scene.SetView({frame.camera, frame.background, frame.backdrop});
+    RaytraceScene scene = RaytraceSceneOf(m_scene, m_host.RaytraceData());
+    scene.frame.width = frame.width;
+    scene.frame.height = frame.height;
+    return scene;
+}
+
+void MainWindow::RenderScene()
+{
+    const QString program = m_host.State().PovRay();
+    if (program.isEmpty()) {
+        Tell(tr("POV-Ray was not found. Edit > Options > Raytracing says where it is looked for."),
+             CorvexMaterial::PromptIcon::Exclamation);
+        return;
+    }
+    auto* window = new RenderWindow(this);
+    window->setObjectName(QStringLiteral("renderWindow"));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    try {
+        window->Start(program, SceneToRaytrace(), m_host.RaytraceData().textures,
+                      m_host.State().AntialiasChoice());
+        window->show();
+    } catch (const CorvexMaterial::Error& error) {
+        delete window;
+        Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
+    }
+}
+
+void MainWindow::ChooseExport(const QString& filter, const QString& suffix)
+{
+    QFileDialog dialog(this, tr("Export Scene"), {}, filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix.mid(1));
+    dialog.selectFile(QStringLiteral("scene") + suffix);
+    if (dialog.exec() == QDialog::Accepted) {
+        ExportScene(dialog.selectedFiles().value(0));
+    }
+}
+
+void MainWindow::ExportScene(const QString& file)
+{
+    try {
+        WriteRaytraceScene(file, SceneToRaytrace(), m_host.RaytraceData().textures,
+                           ImagesBeside(file));
+        m_misc->setText(tr("%1 was written.").arg(QFileInfo(file).fileName()));
+    } catch (const CorvexMaterial::Error& error) {
+        Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
+    }
+}
+
+}  // namespace studio
