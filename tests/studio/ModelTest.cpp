@@ -27,7 +27,6 @@ TEST(OpeningAModel, ReplacesSceneSelectionAndHistory)
     EXPECT_EQ(rig.Window().History().count(), 0);
     EXPECT_TRUE(rig.Window().windowTitle().contains("still-life.obj"));
     EXPECT_EQ(rig.Host().Get().applicationState.ScenePath(), MODEL_FOLDER "/");
-    EXPECT_EQ(rig.Host().Get().applicationState.SearchFolders().front(), MODEL_FOLDER "/");
 
     rig.Window().ResetScene();
     EXPECT_EQ(rig.Host().Get().applicationState.ScenePath(), "");
