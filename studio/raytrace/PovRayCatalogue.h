@@ -19,7 +19,8 @@ struct PovRayPattern {
     std::string_view text;
     bool blocks = false;  ///< two colours side by side, no gradual change, no frequency
     float scale = 1.0F;
-    QVector3D place{};  ///< of the pattern's origin
+    QVector3D place{};      ///< of the pattern's origin
+    float strength = 1.0F;  ///< of a normal pattern: POV-Ray's own slopes differ widely
 };
 
 // By position in the lists of the raytrace catalogue; null for one that is not there, and for

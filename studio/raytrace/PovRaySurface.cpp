@@ -201,7 +201,8 @@ void SurfaceWriter::DeclareNormal()
     m_out << "#declare " << m_name << "_normal = normal { ";
     if (pattern != nullptr) {
         const PatternAmounts amounts = NormalPatternOf(m_material.RayTrace);
-        m_out << pattern->text << ' ' << amounts.depth << " frequency " << amounts.frequency;
+        m_out << pattern->text << ' ' << pattern->strength * amounts.depth
+              << " no_bump_scale frequency " << amounts.frequency;
         if (amounts.turbulence > 0.0F) {
             m_out << " turbulence " << amounts.turbulence;
         }
