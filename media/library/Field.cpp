@@ -7,6 +7,10 @@ namespace {
 
 int Modulo(int value, int period)
 {
+    // Most cells need no division, which would take more time than all else.
+    if (value >= 0 && value < period) {
+        return value;
+    }
     const int rest = value % period;
     return rest < 0 ? rest + period : rest;
 }
@@ -16,6 +20,44 @@ int Modulo(int value, int period)
 Point Begun(Point p, Seed seed)
 {
     return {p.u + patterns::Lattice(0, 0, seed), p.v + patterns::Lattice(1, 0, seed)};
+}
+
+float Dot(Point a, Point b)
+{
+    return a.u * b.u + a.v * b.v;
+}
+
+/// The scattered points of nine cells, seen from a place in the middle one.
+struct Neighbours {
+    std::array<int, 3> columns;
+    std::array<int, 3> rows;
+    std::array<Point, 9> points;
+};
+
+std::array<int, 3> ThreeFrom(int first, int period)
+{
+    return {Modulo(first, period), Modulo(first + 1, period), Modulo(first + 2, period)};
+}
+
+// Points keep away from the borders of their cells, so that the eight cells around are enough.
+Neighbours NeighboursOf(Point p, Grid grid, Seed seed)
+{
+    constexpr float kFreedom = 0.84F;
+    const float x = p.u * static_cast<float>(grid.across);
+    const float y = p.v * static_cast<float>(grid.down);
+    const int left = static_cast<int>(std::floor(x)) - 1;
+    const int top = static_cast<int>(std::floor(y)) - 1;
+    Neighbours around{ThreeFrom(left, grid.across), ThreeFrom(top, grid.down), {}};
+    for (std::size_t i = 0; i < around.points.size(); ++i) {
+        const auto place = [&](Seed salt) {
+            const float random =
+                patterns::Lattice(around.columns[i % 3], around.rows[i / 3], seed + salt);
+            return 0.5F + kFreedom * (random - 0.5F);
+        };
+        around.points[i] = {static_cast<float>(left + static_cast<int>(i % 3)) + place(0) - x,
+                            static_cast<float>(top + static_cast<int>(i / 3)) + place(1) - y};
+    }
+    return around;
 }
 
 }  // namespace
@@ -51,44 +93,29 @@ Point Warped(Point p, Grid grid, float reach, Seed seed, int octaves)
             p.v + reach * Fractal(p, grid, octaves, seed + 202)};
 }
 
-// Points keep away from the borders of their cells, so that the eight cells around are enough.
 Cell Cells(Point p, Grid grid, Seed seed)
 {
-    constexpr float kFreedom = 0.84F;
-    p = Begun(p, seed);
-    const float x = p.u * static_cast<float>(grid.across);
-    const float y = p.v * static_cast<float>(grid.down);
-    const int left = static_cast<int>(std::floor(x)) - 1;
-    const int top = static_cast<int>(std::floor(y)) - 1;
-    std::array<Point, 9> offsets;
+    const Neighbours around = NeighboursOf(Begun(p, seed), grid, seed);
     Cell cell{1e9F, 1e9F, 0.0F};
     std::size_t nearest = 0;
-    for (std::size_t i = 0; i < offsets.size(); ++i) {
-        const int across = left + static_cast<int>(i % 3);
-        const int down = top + static_cast<int>(i / 3);
-        const auto free = [&](Seed salt) {
-            return 0.5F + kFreedom * (Chance(across, down, grid, seed + salt) - 0.5F);
-        };
-        offsets[i] = {static_cast<float>(across) + free(0) - x,
-                      static_cast<float>(down) + free(1) - y};
-        const float distance = std::sqrt(offsets[i].u * offsets[i].u + offsets[i].v * offsets[i].v);
+    for (std::size_t i = 0; i < around.points.size(); ++i) {
+        const float distance = std::sqrt(Dot(around.points[i], around.points[i]));
         if (distance < cell.centre) {
             cell.centre = distance;
             nearest = i;
         }
     }
-    const Point own = offsets[nearest];
-    for (std::size_t i = 0; i < offsets.size(); ++i) {
-        const Point step{offsets[i].u - own.u, offsets[i].v - own.v};
-        if (i != nearest) {
-            const float middle =
-                0.5F * ((offsets[i].u + own.u) * step.u + (offsets[i].v + own.v) * step.v);
-            cell.border =
-                std::min(cell.border, middle / std::sqrt(step.u * step.u + step.v * step.v));
+    const Point own = around.points[nearest];
+    for (const Point& other : around.points) {
+        const Point step{other.u - own.u, other.v - own.v};
+        const float length = Dot(step, step);
+        if (length > 0.0F) {
+            const Point middle{0.5F * (other.u + own.u), 0.5F * (other.v + own.v)};
+            cell.border = std::min(cell.border, Dot(middle, step) / std::sqrt(length));
         }
     }
-    cell.random = Chance(left + static_cast<int>(nearest % 3), top + static_cast<int>(nearest / 3),
-                         grid, seed + 2);
+    cell.random =
+        patterns::Lattice(around.columns[nearest % 3], around.rows[nearest / 3], seed + 2);
     return cell;
 }
 
