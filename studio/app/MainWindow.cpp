@@ -1,6 +1,7 @@
 #include "studio/app/MainWindow.h"
 
 #include "studio/app/EventLog.h"
+#include "studio/app/MaterialExchange.h"
 #include "studio/app/ModelOpener.h"
 #include "studio/app/OptionsDialog.h"
 #include "studio/app/PanelArea.h"
@@ -31,7 +32,8 @@ using CorvexMaterial::Status;
 MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, ImportProgram importer,
                        MaterialLink::Clock clock)
     : m_host(host), m_platform(platform), m_recent(host.Settings()),
-      m_warnings(platform.settings, *this), m_opener(new ModelOpener(*this, std::move(importer)))
+      m_warnings(platform.settings, *this), m_exchange(new MaterialExchange(host, importer, *this)),
+      m_opener(new ModelOpener(*this, std::move(importer)))
 {
     setWindowIcon(StudioIcon());
     setAcceptDrops(true);
@@ -43,6 +45,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
     ConnectPanel();
     ConnectPlugins();
     BuildMenus();
+    ConnectExchange();
     StartPanel();
     ResetScene();
     RestoreGeometry();

@@ -17,6 +17,7 @@ class QMenu;
 
 namespace studio {
 
+class MaterialExchange;
 class ModelOpener;
 class PanelArea;
 class PanelFill;
@@ -51,6 +52,7 @@ public:
     [[nodiscard]] const StudioScene& Scene() const { return m_scene; }
     [[nodiscard]] Selection& Selected() { return m_selection; }
     [[nodiscard]] QUndoStack& History() { return m_history; }
+    [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
     [[nodiscard]] ViewportWidget& Viewport() { return *m_viewport; }
     [[nodiscard]] QDockWidget& Dock() { return *m_dock; }
 
@@ -70,6 +72,7 @@ private:
     void BuildMenus();
     void BuildFileMenu();
     void BuildRaytraceMenu(QMenu* menu);
+    void ConnectExchange();
     void BuildEditMenu();
     void BuildViewMenu();
     void BuildHelpMenu();
@@ -108,6 +111,7 @@ private:
     QUndoStack m_history;
     RecentFiles m_recent;
     WarningPresenter m_warnings;
+    MaterialExchange* m_exchange = nullptr;
     ModelOpener* m_opener = nullptr;
     ViewportWidget* m_viewport = nullptr;
     QDockWidget* m_dock = nullptr;

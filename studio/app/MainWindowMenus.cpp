@@ -1,5 +1,6 @@
 #include "studio/app/MainWindow.h"
 
+#include "studio/app/MaterialExchange.h"
 #include "studio/app/OptionsDialog.h"
 #include "studio/app/PanelFill.h"
 #include "studio/app/StudioHost.h"
@@ -33,6 +34,8 @@ void MainWindow::BuildFileMenu()
         ->setObjectName(QStringLiteral("findTextures"));
     menu->addSeparator();
     BuildRaytraceMenu(menu);
+    menu->addSeparator();
+    m_exchange->AddTo(*menu);
     menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
 }

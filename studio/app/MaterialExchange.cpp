@@ -1,0 +1,176 @@
+#include "studio/app/MaterialExchange.h"
+
+#include "host/Status.h"
+#include "studio/app/StudioHost.h"
+#include "studio/interchange/Interchange.h"
+#include "studio/interchange/ReportDialog.h"
+#include "studio/libraries/LibraryReading.h"
+#include "studio/libraries/SqliteMaterialLibrary.h"
+#include "studio/libraries/StoredPath.h"
+#include "studio/libraries/Thumbnailer.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QProgressDialog>
+
+namespace studio {
+namespace {
+
+/// While one waits for a file.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+std::vector<NamedMaterial> MaterialsIn(LibraryFile& library)
+{
+    std::vector<NamedMaterial> materials;
+    for (std::int32_t index = 0; index < library.Count(); ++index) {
+        materials.push_back({library.NameAt(index), ReadMaterial(library, index).material});
+    }
+    return materials;
+}
+
+}  // namespace
+
+MaterialExchange::MaterialExchange(StudioHost& host, ImportProgram importer, QWidget& window)
+    : QObject(&window), m_host(host), m_importer(std::move(importer)), m_window(window)
+{
+}
+
+void MaterialExchange::AddTo(QMenu& menu)
+{
+    menu.addAction(tr("&Import Materials..."), this, &MaterialExchange::ChooseImport)
+        ->setObjectName(QStringLiteral("importMaterials"));
+    menu.addAction(tr("&Export Materials..."), this, &MaterialExchange::ChooseExport)
+        ->setObjectName(QStringLiteral("exportMaterials"));
+}
+
+LibraryFile* MaterialExchange::OpenLibrary()
+{
+    LibraryFile* library = m_host.Materials().File();
+    if (library == nullptr) {
+        Q_EMIT Refused(tr("No material library is open. Open or create one first."));
+    }
+    return library;
+}
+
+template <typename Work>
+void MaterialExchange::Reporting(const Work& work)
+{
+    try {
+        work();
+    } catch (const CorvexMaterial::Error& error) {
+        Q_EMIT Refused(QString::fromUtf8(error.what()));
+    }
+}
+
+void MaterialExchange::ChooseImport()
+{
+    if (OpenLibrary() == nullptr) {
+        return;
+    }
+    const QString file = QFileDialog::getOpenFileName(&m_window, tr("Import Materials"), m_folder,
+                                                      ImportFilters().join(QStringLiteral(";;")));
+    if (!file.isEmpty()) {
+        Import(file);
+    }
+}
+
+void MaterialExchange::ChooseExport()
+{
+    if (OpenLibrary() == nullptr) {
+        return;
+    }
+    QString filter;
+    QString file =
+        QFileDialog::getSaveFileName(&m_window, tr("Export Materials"), m_folder,
+                                     ExportFilters().join(QStringLiteral(";;")), &filter);
+    if (file.isEmpty()) {
+        return;
+    }
+    if (QFileInfo(file).suffix().isEmpty()) {
+        file += SuffixOfFilter(filter);
+    }
+    Export(file);
+}
+
+void MaterialExchange::Import(const QString& file)
+{
+    LibraryFile* library = OpenLibrary();
+    if (library == nullptr) {
+        return;
+    }
+    if (!library->ReadOnlyReason().empty()) {
+        Q_EMIT Refused(QString::fromStdString(library->ReadOnlyReason()));
+        return;
+    }
+    m_folder = QFileInfo(file).absolutePath();
+    Reporting([&] {
+        Report report;
+        std::vector<NamedMaterial> materials;
+        {
+            const WaitCursor waiting;
+            materials = ImportMaterials(file.toStdString(), report, m_importer);
+        }
+        if (const auto entries = EntriesOf(materials, *library)) {
+            const std::vector<EntryId> ids = library->Add(*entries);
+            Q_EMIT Imported({LibraryChange::Kind::Added, library->Path(), ids});
+            Show(tr("Materials Imported"), report, materials.size());
+        }
+    });
+}
+
+std::optional<std::vector<NewEntry>>
+MaterialExchange::EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library)
+{
+    QProgressDialog progress(tr("Drawing the thumbnails..."), tr("Cancel"), 0,
+                             static_cast<int>(materials.size()), &m_window);
+    progress.setWindowTitle(QStringLiteral("Corvex"));
+    progress.setWindowModality(Qt::WindowModal);
+    const FieldNames fields = m_host.Get().customFields.GetCustomMaterialFieldNames();
+    std::vector<NewEntry> entries;
+    for (const NamedMaterial& named : materials) {
+        entries.push_back(EntryOfMaterial(named, FolderOf(library.Path()), fields));
+        entries.back().png = m_host.Thumbnails().PngIfPossible(named.material);
+        progress.setValue(static_cast<int>(entries.size()));
+        if (progress.wasCanceled()) {
+            return std::nullopt;
+        }
+    }
+    return entries;
+}
+
+void MaterialExchange::Export(const QString& file)
+{
+    LibraryFile* library = OpenLibrary();
+    if (library == nullptr) {
+        return;
+    }
+    m_folder = QFileInfo(file).absolutePath();
+    Reporting([&] {
+        Report report;
+        std::size_t count = 0;
+        {
+            const WaitCursor waiting;
+            const std::vector<NamedMaterial> materials = MaterialsIn(*library);
+            count = materials.size();
+            ExportMaterials(file.toStdString(), materials, report);
+        }
+        Show(tr("Materials Exported"), report, count);
+    });
+}
+
+void MaterialExchange::Show(const QString& title, const Report& report, std::size_t materials)
+{
+    auto* dialog = new ReportDialog(title, SummaryOf(report, materials), report, &m_window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+}  // namespace studio

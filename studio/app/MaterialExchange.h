@@ -1,0 +1,56 @@
+#pragma once
+
+#include "studio/import/ModelImport.h"
+#include "studio/interchange/Report.h"
+#include "studio/libraries/LibraryChange.h"
+#include "studio/libraries/MaterialText.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QMenu;
+class QWidget;
+
+namespace studio {
+
+class LibraryFile;
+class StudioHost;
+
+/// Takes materials of other programs into the open library and writes those of it for them, and
+/// shows what became of their properties.
+class MaterialExchange : public QObject {
+    Q_OBJECT
+
+public:
+    /// The host outlives this object, the window is its parent.
+    MaterialExchange(StudioHost& host, ImportProgram importer, QWidget& window);
+
+    void AddTo(QMenu& menu);
+    void Import(const QString& file);
+    void Export(const QString& file);
+
+Q_SIGNALS:
+    /// The open library has new entries.
+    void Imported(const studio::LibraryChange& change);
+    /// Something could not be done; a person has to know.
+    void Refused(const QString& message);
+
+private:
+    void ChooseImport();
+    void ChooseExport();
+    [[nodiscard]] LibraryFile* OpenLibrary();
+    template <typename Work>
+    void Reporting(const Work& work);
+    /// Nothing when the user has cancelled.
+    [[nodiscard]] std::optional<std::vector<NewEntry>>
+    EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
+    void Show(const QString& title, const Report& report, std::size_t materials);
+
+    StudioHost& m_host;
+    ImportProgram m_importer;
+    QWidget& m_window;
+    QString m_folder;  ///< of the last file
+};
+
+}  // namespace studio

@@ -1,0 +1,78 @@
+#include "tests/studio/StudioRig.h"
+
+#include "studio/app/MaterialExchange.h"
+#include "studio/libraries/SqliteMaterialLibrary.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using StudioTest::StudioRig;
+
+class Exchange : public testing::Test {
+protected:
+    Exchange() { rig.Start(); }
+
+    void OpenNewLibrary()
+    {
+        const std::string path = rig.PathOf("Own.cvm").toStdString();
+        rig.Host().Materials().CreateLibrary(path);
+        rig.Host().Materials().Open(path);
+    }
+
+    QString Write(const char* name, const QByteArray& text)
+    {
+        QFile file(rig.PathOf(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return file.fileName();
+    }
+
+    studio::LibraryFile& Library() { return *rig.Host().Materials().File(); }
+
+    StudioRig rig;
+};
+
+TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
+{
+    OpenNewLibrary();
+    const QString file = Write("two.mtl", "newmtl Oak\nKd 0.5 0.3 0.1\nNi 1.5\nd 0.5\nTf 1 0 0\n"
+                                          "newmtl Elm\nKd 1 1 1\n");
+    rig.Window().Exchange().Import(file);
+    ASSERT_EQ(Library().Count(), 2);
+    EXPECT_EQ(Library().NameAt(0), "Oak");
+    EXPECT_FALSE(Library().ThumbnailAt(0).empty());
+
+    EXPECT_EQ(rig.Find<QLabel>("summary").text(),
+              QStringLiteral("2 materials: 3 properties mapped, 0 approximated, 2 dropped."));
+    auto& rows = *rig.Find<QTableView>("rows").model();
+    EXPECT_EQ(rows.rowCount(), 2);
+    rig.Find<QCheckBox>("showAll").click();
+    EXPECT_EQ(rows.rowCount(), 5);
+    rig.Find<QDialogButtonBox>("buttons").button(QDialogButtonBox::Close)->click();
+
+    const QString out = rig.PathOf("out.mtlx");
+    rig.Window().Exchange().Export(out);
+    EXPECT_TRUE(QFile::exists(out));
+    rig.Window().Exchange().Import(out);
+    EXPECT_EQ(Library().Count(), 4);
+    EXPECT_EQ(Library().NameAt(3), "Elm");
+}
+
+TEST_F(Exchange, RefusesWithAMessageAndLeavesTheLibrary)
+{
+    OpenNewLibrary();
+    rig.Window().Exchange().Import(Write("none.mtl", "nothing"));
+    rig.Window().Exchange().Export(rig.PathOf("no/folder/x.gltf"));
+    EXPECT_EQ(Library().Count(), 0);
+    EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 2U);
+}
+
+}  // namespace
