@@ -47,7 +47,7 @@ void MaterialExchange::AddTo(QMenu& menu)
 {
     menu.addAction(tr("&Import Materials..."), this, &MaterialExchange::ChooseImport)
         ->setObjectName(QStringLiteral("importMaterials"));
-    menu.addAction(tr("&Export Materials..."), this, &MaterialExchange::ChooseExport)
+    menu.addAction(tr("E&xport Materials..."), this, &MaterialExchange::ChooseExport)
         ->setObjectName(QStringLiteral("exportMaterials"));
 }
 
