@@ -51,6 +51,9 @@ public:
     /// From now on the browser shows no scroll bar of its own: it tells its listener what there is
     /// to scroll and is scrolled by `ScrollTo`. A browser that scrolls in its own way ignores both.
     virtual void ScrollFromOutside() {}
+    /// A widget that belongs beside the browser, such as a search field; null for none. The caller
+    /// puts it into its own layout; it is gone at the latest with the browser's parent.
+    virtual QWidget* Companion() { return nullptr; }
     /// A position outside the range goes to its nearer end.
     virtual void ScrollTo(std::int32_t /*position*/) {}
 };

@@ -2,14 +2,24 @@
 
 #include "controls/SectionHeader.h"
 #include "material/AttributePanel.h"
-#include "material/LibraryPanel.h"
 #include "material/MaterialEditor.h"
 #include "plugins/PluginPanel.h"
 #include "preview/PreviewPanel.h"
+#include "textures/LibraryPanel.h"
 
 #include <QAbstractButton>
 
 namespace CorvexMaterial {
+
+namespace {
+
+// The user has been told about a missing library.
+Status StatusOf(LibraryFlow::Outcome outcome)
+{
+    return outcome == LibraryFlow::Outcome::Loaded ? Status::Success : Status::FileFailed;
+}
+
+}  // namespace
 
 Material::Material(Host& host, Platform& platform, QWidget* parent)
     : QWidget(parent), m_editor(std::make_unique<MaterialEditor>(host, platform, *this, *this))
@@ -21,6 +31,7 @@ Material::Material(Host& host, Platform& platform, QWidget* parent)
             &Material::MaterialLibraryExpanded);
     connect(m_editor.get(), &MaterialEditor::PositionText, this,
             &Material::DisplayPositionInformation);
+    connect(m_editor.get(), &MaterialEditor::StatusText, this, &Material::DisplayMiscInformation);
     connect(m_editor.get(), &MaterialEditor::WarningRequested, this, &Material::evtReqWarn);
 }
 
@@ -98,14 +109,18 @@ Status Material::sCreateRayTraceCombinedAttributes(std::string& sCombinedAttribu
     });
 }
 
-Status Material::LoadTextureLibrary(const std::string& /*stTextureLibraryFilename*/)
+Status Material::LoadTextureLibrary(const std::string& stTextureLibraryFilename)
 {
-    return Status::NotAvailable;
+    return m_editor->Guard()("LoadTextureLibrary", [&] {
+        return StatusOf(m_editor->TextureLibrary().Load(stTextureLibraryFilename));
+    });
 }
 
-Status Material::LoadMaterialLibrary(const std::string& /*sMaterialLibraryFileName*/)
+Status Material::LoadMaterialLibrary(const std::string& sMaterialLibraryFileName)
 {
-    return Status::NotAvailable;
+    return m_editor->Guard()("LoadMaterialLibrary", [&] {
+        return StatusOf(m_editor->MaterialLibrary().Load(sMaterialLibraryFileName));
+    });
 }
 
 Status Material::pReleaseMaterialLibrarySelection()

@@ -4,7 +4,6 @@
 #include "material/AdvancedPanel.h"
 #include "material/AttributePanel.h"
 #include "material/IMaterial.h"
-#include "material/LibraryPanel.h"
 #include "material/RaytraceFlow.h"
 #include "material/SurfacePanel.h"
 #include "plugins/CustomFieldsPanel.h"
@@ -13,6 +12,7 @@
 #include "preview/PrimitivePictures.h"
 #include "preview/frmPreviewPrimitiveDialog.h"
 #include "textures/ChannelPanel.h"
+#include "textures/LibraryPanel.h"
 #include "textures/TexturePage.h"
 
 #include <QAbstractButton>
@@ -28,6 +28,11 @@ MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& contro
       m_gatherer(control, m_attributes),
       m_savedState(platform.settings,
                    [&host] { return host.applicationState.SettingsApplicationName(); }),
+      m_materialLibrary(
+          {m_trap, host, platform, m_form.Materials(), m_attributes.MaterialLibrary()}, control,
+          m_gatherer),
+      m_textureLibrary({m_trap, host, platform, m_form.Textures(), m_attributes.TextureLibrary()},
+                       m_form.Attributes().Channels(), *this),
       m_raytrace(std::make_unique<RaytraceFlow>(*this, platform, control, widget))
 {
     ConnectAttributes();
@@ -113,19 +118,27 @@ void MaterialEditor::ConnectPreview()
 
 void MaterialEditor::ConnectLibraries()
 {
-    const auto connectPanel = [this](LibraryPanel& panel, void (MaterialEditor::*resized)()) {
-        const auto addRows = [this, &panel, resized](int difference) {
-            m_trap("library rows", [&] {
-                panel.AddRows(difference);
-                Q_EMIT(this->*resized)();
-            });
-        };
-        connect(&panel, &LibraryPanel::LessPressed, this, [addRows] { addRows(-1); });
-        connect(&panel, &LibraryPanel::MorePressed, this, [addRows] { addRows(1); });
-        connect(&panel, &LibraryPanel::ExpandedByUser, this, resized);
+    ConnectLibrary(m_materialLibrary, m_form.Materials(), &MaterialEditor::MaterialLibraryExpanded);
+    ConnectLibrary(m_textureLibrary, m_form.Textures(), &MaterialEditor::TextureLibraryExpanded);
+}
+
+void MaterialEditor::ConnectLibrary(LibraryFlow& flow, LibraryPanel& panel,
+                                    void (MaterialEditor::*resized)())
+{
+    const auto addRows = [this, &panel, resized](int difference) {
+        m_trap("library rows", [&] {
+            panel.AddRows(difference);
+            Q_EMIT(this->*resized)();
+        });
     };
-    connectPanel(m_form.Materials(), &MaterialEditor::MaterialLibraryExpanded);
-    connectPanel(m_form.Textures(), &MaterialEditor::TextureLibraryExpanded);
+    connect(&panel, &LibraryPanel::LessPressed, this, [addRows] { addRows(-1); });
+    connect(&panel, &LibraryPanel::MorePressed, this, [addRows] { addRows(1); });
+    connect(&panel, &LibraryPanel::ExpandedByUser, this, resized);
+    connect(&flow, &LibraryFlow::StatusText, this, &MaterialEditor::StatusText);
+    connect(&flow, &LibraryFlow::WarningRequested, this,
+            [this](const QString& text, const QString& key) {
+                RequestWarning(text.toStdString(), key.toStdString());
+            });
 }
 
 void MaterialEditor::OnEdited()
@@ -261,7 +274,21 @@ void MaterialEditor::LoadSavedStatus()
         m_savedState.Load(m_attributes);
         layoutStatus = m_trap("saved layout", [this] { ApplySavedLayout(); });
     });
+    const Status libraryStatus = LoadSavedLibraries();
     Require(layoutStatus);
+    Require(libraryStatus);
+}
+
+// One that cannot be read must not keep the other from being shown; a missing one is no failure.
+Status MaterialEditor::LoadSavedLibraries()
+{
+    const Status textures = m_trap("LoadTextureLibrary", [this] {
+        m_textureLibrary.Load(std::string(m_attributes.TextureLibrary()));
+    });
+    const Status materials = m_trap("LoadMaterialLibrary", [this] {
+        m_materialLibrary.Load(std::string(m_attributes.MaterialLibrary()));
+    });
+    return textures != Status::Success ? textures : materials;
 }
 
 void MaterialEditor::ResetToFactory()

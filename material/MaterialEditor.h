@@ -4,12 +4,14 @@
 #include "dialogs/Trap.h"
 #include "host/Host.h"
 #include "material/MaterialGatherer.h"
+#include "material/MaterialLibraryFlow.h"
 #include "material/PanelAttributes.h"
 #include "material/PanelForm.h"
 #include "material/SavedState.h"
 #include "platform/Platform.h"
 #include "preview/PreviewScene.h"
 #include "textures/ChannelServices.h"
+#include "textures/TextureLibraryFlow.h"
 
 #include <QObject>
 
@@ -35,6 +37,8 @@ public:
     PanelForm& Form() { return m_form; }
     PanelAttributes& Attributes() { return m_attributes; }
     PreviewScene& Preview() { return m_preview; }
+    LibraryFlow& MaterialLibrary() { return m_materialLibrary; }
+    LibraryFlow& TextureLibrary() { return m_textureLibrary; }
     MaterialGatherer& Gatherer() { return m_gatherer; }
 
     /// Puts the material on the preview shape, redraws it and tells the host: the end of every
@@ -96,6 +100,7 @@ Q_SIGNALS:
     void TextureLibraryExpanded();
     void MaterialLibraryExpanded();
     void PositionText(const QString& text);
+    void StatusText(const QString& text);
     void WarningRequested(const QString& application, const QString& text, const QString& key);
 
 private:
@@ -130,6 +135,8 @@ private:
     void ConnectPlugins();
     void ConnectPreview();
     void ConnectLibraries();
+    void ConnectLibrary(LibraryFlow& flow, LibraryPanel& panel, void (MaterialEditor::*resized)());
+    [[nodiscard]] Status LoadSavedLibraries();
     void OnEdited();
     void FollowAttributes();
     void UpdatePrimitivePicture();
@@ -147,6 +154,8 @@ private:
     PreviewScene m_preview;
     MaterialGatherer m_gatherer;
     SavedState m_savedState;
+    MaterialLibraryFlow m_materialLibrary;
+    TextureLibraryFlow m_textureLibrary;
     std::unique_ptr<RaytraceFlow> m_raytrace;
     int m_batchDepth = 0;
     bool m_layoutInProgress = false;

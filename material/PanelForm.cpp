@@ -2,8 +2,8 @@
 
 #include "controls/SectionHeader.h"
 #include "material/AttributePanel.h"
-#include "material/LibraryPanel.h"
 #include "preview/PreviewPanel.h"
+#include "textures/LibraryPanel.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>
@@ -21,11 +21,11 @@ LibraryPanelKind MaterialsKind()
 {
     return {CorvexEditport::BrowserKind::Materials,
             Translated("Material Library"),
-            "chkMaterialLibrary",
-            "dfeMaterialLibrary",
-            "cmdMaterialLibraryLess",
-            "cmdMaterialLibraryMore",
-            kMaterialRowTwips};
+            Translated("Add the material to the library"),
+            Translated("Delete the selected material from the library"),
+            Translated("Choose or create a material library"),
+            "MaterialLibrary",
+            kMaterialRowTwips / kTwipsPerPixel};
 }
 
 // A changed height climbs from layout to layout with the event loop only; whoever measures before
@@ -44,11 +44,11 @@ LibraryPanelKind TexturesKind()
 {
     return {CorvexEditport::BrowserKind::Textures,
             Translated("Texture Library"),
-            "chkTextureLibrary",
-            "dfeTextureLibrary",
-            "cmdTextureLibraryLess",
-            "cmdTextureLibraryMore",
-            kTextureRowTwips};
+            Translated("Add the texture of this channel to the library"),
+            Translated("Delete the selected texture from the library"),
+            Translated("Choose or create a texture library"),
+            "TextureLibrary",
+            kTextureRowTwips / kTwipsPerPixel};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@ namespace CorvexMaterial {
 inline constexpr int kTwipsPerPixel = 15;
 inline constexpr int kTextureRowTwips = 990;
 inline constexpr int kMaterialRowTwips = 1020;
+static_assert(kTextureRowTwips % kTwipsPerPixel == 0 && kMaterialRowTwips % kTwipsPerPixel == 0);
 
 /// Rows that the two library browsers show.
 struct LibraryRows {

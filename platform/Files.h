@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace CorvexMaterial {
 
@@ -25,6 +26,20 @@ public:
     virtual ~ControlLibrary() = default;
     /// Folder that the control's library was loaded from, no trailing separator.
     virtual std::string Folder() = 0;
+};
+
+/// The library files as the desktop has them; what is in them is the host's business.
+class LibraryFiles {
+public:
+    virtual ~LibraryFiles() = default;
+    virtual bool Exists(const std::string& path) = 0;
+    /// Takes away what keeps the user from writing to the file. False when that is not possible;
+    /// the file can be read all the same.
+    virtual bool MakeWritable(const std::string& path) = 0;
+    /// Names, without folder, of the folder's files with this extension (no dot) in any case, as a
+    /// person sorts them. None of a folder that is not there.
+    virtual std::vector<std::string> NamesIn(const std::string& folder,
+                                             const std::string& extension) = 0;
 };
 
 class ImageFormats {

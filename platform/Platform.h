@@ -16,6 +16,7 @@ struct Platform {
     TemporaryFiles& temporaryFiles;
     ControlLibrary& library;
     ImageFormats& imageFormats;
+    LibraryFiles& libraryFiles;
 };
 
 }  // namespace CorvexMaterial

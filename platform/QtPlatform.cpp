@@ -4,6 +4,7 @@
 #include "platform/QtChoosers.h"
 #include "platform/QtControlLibrary.h"
 #include "platform/QtImageFormats.h"
+#include "platform/QtLibraryFiles.h"
 #include "platform/QtProcesses.h"
 #include "platform/QtPrompts.h"
 #include "platform/QtSettingsStore.h"
@@ -20,8 +21,9 @@ struct QtPlatform::Parts {
     QtTemporaryFiles temporaryFiles;
     QtControlLibrary library;
     QtImageFormats imageFormats;
-    Platform platform{settings,       prompts, choosers,    processes,
-                      temporaryFiles, library, imageFormats};
+    QtLibraryFiles libraryFiles;
+    Platform platform{settings,       prompts, choosers,     processes,
+                      temporaryFiles, library, imageFormats, libraryFiles};
 };
 
 QtPlatform::QtPlatform(QWidget* dialogParent) : m_parts(std::make_unique<Parts>())

@@ -168,11 +168,38 @@ void DrawCylindricalWrap(QPainter& painter)
     painter.drawLine(QPointF(8, 5.3), QPointF(8, 14.3));
 }
 
+void DrawLibraryAdd(QPainter& painter)
+{
+    painter.setBrush(Faint(painter));
+    painter.drawEllipse(QRectF(1.7, 4.7, 9.6, 9.6));
+    painter.drawLine(QPointF(12.3, 1.5), QPointF(12.3, 6.5));
+    painter.drawLine(QPointF(9.8, 4), QPointF(14.8, 4));
+}
+
+void DrawLibraryDelete(QPainter& painter)
+{
+    painter.drawLine(QPointF(2.5, 4), QPointF(13.5, 4));
+    painter.drawPolyline(QPolygonF({{6, 4}, {6, 2}, {10, 2}, {10, 4}}));
+    painter.setBrush(Faint(painter));
+    painter.drawPolygon(QPolygonF({{3.8, 4}, {4.6, 14}, {11.4, 14}, {12.2, 4}}));
+    painter.drawLine(QPointF(6.7, 6.5), QPointF(7, 11.5));
+    painter.drawLine(QPointF(9.3, 6.5), QPointF(9, 11.5));
+}
+
+void DrawLibraryFile(QPainter& painter)
+{
+    painter.drawPolyline(
+        QPolygonF({{2, 12.8}, {2, 3}, {6.3, 3}, {7.8, 4.8}, {12.5, 4.8}, {12.5, 7}}));
+    painter.setBrush(Faint(painter));
+    painter.drawPolygon(QPolygonF({{2, 13}, {4.5, 7}, {15, 7}, {12.5, 13}}));
+}
+
 constexpr std::array kDrawings{
-    DrawSurface,       DrawPrimary,     DrawOverlay,        DrawAlpha,    DrawBump,
-    DrawSpecular,      DrawEnvironment, DrawCustomFields,   DrawAdvanced, DrawPlugin,
-    DrawSphericalWrap, DrawFlatWrap,    DrawCylindricalWrap};
-static_assert(kDrawings.size() == static_cast<std::size_t>(ChannelSign::CylindricalWrap) + 1);
+    DrawSurface,       DrawPrimary,     DrawOverlay,         DrawAlpha,      DrawBump,
+    DrawSpecular,      DrawEnvironment, DrawCustomFields,    DrawAdvanced,   DrawPlugin,
+    DrawSphericalWrap, DrawFlatWrap,    DrawCylindricalWrap, DrawLibraryAdd, DrawLibraryDelete,
+    DrawLibraryFile};
+static_assert(kDrawings.size() == static_cast<std::size_t>(ChannelSign::LibraryFile) + 1);
 
 class ChannelEngine : public QIconEngine {
 public:

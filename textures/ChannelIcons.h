@@ -19,6 +19,9 @@ enum class ChannelSign {
     SphericalWrap,
     FlatWrap,
     CylindricalWrap,
+    LibraryAdd,
+    LibraryDelete,
+    LibraryFile,
 };
 
 [[nodiscard]] QIcon ChannelIcon(ChannelSign sign);

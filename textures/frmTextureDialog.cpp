@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QPushButton>
+#include <QShowEvent>
 
 namespace CorvexMaterial {
 
@@ -34,7 +35,10 @@ void frmTextureDialog::AddBrowser()
         m_services.host.editports.CreateEditport(this, CorvexEditport::BrowserKind::Textures);
     QWidget& widget = m_browser->Widget();
     widget.setObjectName(QStringLiteral("dfeTextureDialog"));
-    m_ui->browser->addWidget(&widget);
+    if (QWidget* companion = m_browser->Companion(); companion != nullptr) {
+        m_ui->browser->addWidget(companion);
+    }
+    m_ui->browser->addWidget(&widget, 1);
     m_browser->ShowItems(m_textures.Count());
     m_browser->SetListener(this);
 }
@@ -42,6 +46,22 @@ void frmTextureDialog::AddBrowser()
 void frmTextureDialog::SetBackColor(Colour colour)
 {
     m_browser->SetBackColor(colour);
+}
+
+void frmTextureDialog::showEvent(QShowEvent* event)
+{
+    if (!event->spontaneous()) {
+        m_trap("frmTextureDialog", [this] { Forget(); });
+    }
+    QDialog::showEvent(event);
+}
+
+// Every showing begins without a choice.
+void frmTextureDialog::Forget()
+{
+    m_selectedTexture = kNothingChosen;
+    m_ui->cmdOK->setEnabled(false);
+    m_browser->ReleaseSelection();
 }
 
 void frmTextureDialog::ItemSelected(std::int32_t index)

@@ -31,8 +31,12 @@ public:
 
     void done(int result) override;
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void AddBrowser();
+    void Forget();
     void ItemSelected(std::int32_t index) override;
     void ItemOpened(std::int32_t index) override;
     void Choose(std::int32_t index);

@@ -33,7 +33,8 @@ StudioDesktop::StudioDesktop()
                                                        m_desktop.Get().processes,
                                                        m_desktop.Get().temporaryFiles,
                                                        m_desktop.Get().library,
-                                                       m_desktop.Get().imageFormats}
+                                                       m_desktop.Get().imageFormats,
+                                                       m_desktop.Get().libraryFiles}
 {
 }
 

@@ -12,8 +12,8 @@ namespace {
 CorvexMaterial::Platform WithPrompts(const CorvexMaterial::Platform& desktop,
                                      CorvexMaterial::Prompts& prompts)
 {
-    return {desktop.settings,       prompts,         desktop.choosers,    desktop.processes,
-            desktop.temporaryFiles, desktop.library, desktop.imageFormats};
+    return {desktop.settings,       prompts,         desktop.choosers,     desktop.processes,
+            desktop.temporaryFiles, desktop.library, desktop.imageFormats, desktop.libraryFiles};
 }
 
 QPoint PointOf(const ViewportWidget& viewport, const QVector3D& world)

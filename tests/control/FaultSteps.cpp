@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <QScrollBar>
 #include <QTabBar>
 
 namespace CorvexTest {
@@ -52,6 +53,56 @@ Step PressedAndClosed(const char* name)
         const DialogAnswer answer([](QDialog& dialog) { dialog.reject(); });
         rig.Press(name);
     });
+}
+
+RecordingEditport& BrowserOf(ControlRig& rig, const std::string& stem)
+{
+    return dynamic_cast<RecordingEditport&>(rig.Find<QWidget>(("dfe" + stem).c_str()));
+}
+
+void Unfold(ControlRig& rig)
+{
+    rig.Control().put_bTexturePanel(true);
+    rig.Control().put_bMaterialLibraryPanel(true);
+}
+
+void AddLibraryActions(std::vector<Step>& steps)
+{
+    for (const std::string stem : {"MaterialLibrary", "TextureLibrary"}) {
+        const auto add = [&](const std::string& name, const std::function<void(ControlRig&)>& act) {
+            steps.push_back(UserDoes(name, [act](ControlRig& rig) {
+                Unfold(rig);
+                act(rig);
+            }));
+        };
+        for (const char* button : {"Add", "Delete"}) {
+            const std::string name = "cmd" + stem + button;
+            add(name, [name, stem](ControlRig& rig) {
+                rig.host.materialLibrary.materials.resize(2);
+                rig.host.textureLibrary.files = {"/t/agate.png", "/t/onyx.png"};
+                BrowserOf(rig, stem).selected = 0;
+                rig.Press(name.c_str());
+            });
+        }
+        add("cmd" + stem + "Functions", [stem](ControlRig& rig) {
+            const std::string path =
+                "/libraries/New." + std::string(stem == "MaterialLibrary" ? "cvm" : "cvt");
+            rig.platform.libraryFiles.paths.erase(path);
+            rig.platform.choosers.files = {path};
+            rig.Press(("cmd" + stem + "Functions").c_str());
+        });
+        add("cbo" + stem, [stem](ControlRig& rig) {
+            auto& list = rig.List(("cbo" + stem).c_str());
+            Choose(list, list.itemText(0));
+        });
+        add("dfe" + stem, [stem](ControlRig& rig) {
+            rig.host.materialLibrary.materials.resize(2);
+            rig.host.textureLibrary.files = {"/t/agate.png"};
+            BrowserOf(rig, stem).listener->ItemSelected(0);
+            BrowserOf(rig, stem).listener->Scrolled({0, 100, 10, 10});
+            rig.Find<QScrollBar>(("vsb" + stem).c_str()).setValue(7);
+        });
+    }
 }
 
 void AddTextureActions(std::vector<Step>& steps)
@@ -110,6 +161,11 @@ void OfferPluginAndField(ControlRig& rig)
     rig.host.customFields.names = {"Supplier"};
     rig.platform.settings.PutTip("POVRayConfiguration", "0");
     rig.platform.settings.PutTip("Simulation Texture", "0");
+    const auto create = [&rig](const std::string& path) {
+        rig.platform.libraryFiles.paths.insert(path);
+    };
+    rig.host.materialLibrary.creating = create;
+    rig.host.textureLibrary.creating = create;
     rig.Control().ClearPluginList();
     rig.Control().AddToPluginList("Marble");
     Choose(rig.List("cboPlugin"), "Marble");
@@ -164,6 +220,12 @@ std::vector<Step> Members()
     steps.push_back(Member("GetPluginParameterValues", [](M& control, ControlRig&) {
         std::vector<float> values;
         return control.GetPluginParameterValues(values);
+    }));
+    steps.push_back(Member("LoadMaterialLibrary", [](M& control, ControlRig&) {
+        return control.LoadMaterialLibrary("Gems.cvm");
+    }));
+    steps.push_back(Member("LoadTextureLibrary", [](M& control, ControlRig&) {
+        return control.LoadTextureLibrary("Gems.cvt");
     }));
     steps.push_back(Member("SetMaxStatus",
                            [](M& control, ControlRig&) { return control.SetMaxStatus(20000); }));
@@ -237,16 +299,15 @@ std::vector<Step> UserActions()
         for (const char* change : {"More", "Less"}) {
             const std::string name = std::string("cmd") + kind + "Library" + change;
             steps.push_back(UserDoes(name, [name](ControlRig& rig) {
-                rig.Control().put_bTexturePanel(true);
-                rig.Control().put_bMaterialLibraryPanel(true);
+                Unfold(rig);
                 rig.Press(name.c_str());
             }));
         }
     }
+    AddLibraryActions(steps);
     AddTextureActions(steps);
     AddPluginActions(steps);
     AddRaytraceActions(steps);
-
     return steps;
 }
 

@@ -22,9 +22,9 @@ void StudioRig::Start()
 {
     m_desktop = std::make_unique<studio::StudioDesktop>();
     CorvexMaterial::Platform& desktop = m_desktop->Get();
-    m_platform = std::make_unique<CorvexMaterial::Platform>(
-        CorvexMaterial::Platform{desktop.settings, prompts, desktop.choosers, desktop.processes,
-                                 desktop.temporaryFiles, desktop.library, desktop.imageFormats});
+    m_platform = std::make_unique<CorvexMaterial::Platform>(CorvexMaterial::Platform{
+        desktop.settings, prompts, desktop.choosers, desktop.processes, desktop.temporaryFiles,
+        desktop.library, desktop.imageFormats, desktop.libraryFiles});
     m_host =
         std::make_unique<studio::StudioHost>(studio::ProfileIn(m_folder.path()), desktop.settings);
     m_window = std::make_unique<studio::MainWindow>(

@@ -97,8 +97,13 @@ void ControlRig::Listen()
                      note("Event.MaterialLibraryExpanded"));
     QObject::connect(control, &Material::DisplayPositionInformation,
                      [this](const QString& text) { positionTexts.push_back(text); });
+    QObject::connect(control, &Material::DisplayMiscInformation, [this](const QString& text) {
+        log.Note("Event.DisplayMiscInformation");
+        statusTexts.push_back(text);
+    });
     QObject::connect(control, &Material::evtReqWarn,
                      [this](const QString& application, const QString& text, const QString& key) {
+                         log.Note("Event.evtReqWarn");
                          warnings.push_back({application, text, key});
                      });
 }

@@ -71,6 +71,7 @@ public:
     RecordingPlatform platform{log};
     std::vector<RequestedWarning> warnings;
     std::vector<QString> positionTexts;
+    std::vector<QString> statusTexts;
 
 private:
     template <typename Widget>

@@ -83,9 +83,20 @@ bool RecordingGraphics::CanEnvironmentMap()
     return capable;
 }
 
+void RecordingMaterialLibrary::CreateLibrary(const std::string& path)
+{
+    m_log.Enter("MaterialLibrary.CreateLibrary", path);
+    if (creating) {
+        creating(path);
+    }
+}
+
 CorvexDB::LibraryContent RecordingMaterialLibrary::Open(const std::string& path)
 {
     m_log.Enter("MaterialLibrary.Open", path);
+    if (opening) {
+        opening();
+    }
     return {static_cast<std::int32_t>(materials.size())};
 }
 
@@ -104,12 +115,24 @@ void RecordingMaterialLibrary::AddMaterialToLibrary(const CorvexDB::udtMaterial&
 void RecordingMaterialLibrary::DeleteMaterialFromLibrary(std::int32_t index)
 {
     m_log.Enter("MaterialLibrary.DeleteMaterialFromLibrary", std::to_string(index));
+    static_cast<void>(materials.at(static_cast<std::size_t>(index)));
     materials.erase(materials.begin() + index);
+}
+
+void RecordingTextureLibrary::CreateLibrary(const std::string& path)
+{
+    m_log.Enter("TextureLibrary.CreateLibrary", path);
+    if (creating) {
+        creating(path);
+    }
 }
 
 CorvexDB::LibraryContent RecordingTextureLibrary::Open(const std::string& path)
 {
     m_log.Enter("TextureLibrary.Open", path);
+    if (opening) {
+        opening();
+    }
     return {static_cast<std::int32_t>(files.size())};
 }
 
@@ -134,6 +157,7 @@ void RecordingTextureLibrary::AddTextureToLibrary(const std::string& file)
 void RecordingTextureLibrary::DeleteTextureFromLibrary(std::int32_t index)
 {
     m_log.Enter("TextureLibrary.DeleteTextureFromLibrary", std::to_string(index));
+    static_cast<void>(files.at(static_cast<std::size_t>(index)));
     files.erase(files.begin() + index);
 }
 

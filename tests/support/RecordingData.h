@@ -3,6 +3,7 @@
 #include "host/CorvexDB.h"
 #include "tests/support/CallLog.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -69,7 +70,11 @@ public:
     void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override;
     void DeleteMaterialFromLibrary(std::int32_t index) override;
 
+    void CreateLibrary(const std::string& path) override;
+
     std::vector<CorvexDB::udtMaterial> materials;
+    std::function<void()> opening;                     ///< called in the middle of Open
+    std::function<void(const std::string&)> creating;  ///< makes the file
 
 private:
     CallLog& m_log;
@@ -86,7 +91,11 @@ public:
     void AddTextureToLibrary(const std::string& file) override;
     void DeleteTextureFromLibrary(std::int32_t index) override;
 
+    void CreateLibrary(const std::string& path) override;
+
     std::vector<std::string> files;
+    std::function<void()> opening;
+    std::function<void(const std::string&)> creating;
 
 private:
     std::int32_t Count() override;

@@ -165,15 +165,41 @@ bool RecordingImageFormats::CanWriteJpeg()
     return available;
 }
 
+bool RecordingLibraryFiles::Exists(const std::string& path)
+{
+    m_log.Enter("LibraryFiles.Exists", path);
+    return paths.contains(path);
+}
+
+bool RecordingLibraryFiles::MakeWritable(const std::string& path)
+{
+    m_log.Enter("LibraryFiles.MakeWritable", path);
+    return writable;
+}
+
+std::vector<std::string> RecordingLibraryFiles::NamesIn(const std::string& folder,
+                                                        const std::string& extension)
+{
+    m_log.Enter("LibraryFiles.NamesIn", folder + " " + extension);
+    std::vector<std::string> names;
+    for (const std::string& path : paths) {
+        if (path.starts_with(folder + "/") && path.ends_with("." + extension)) {
+            names.push_back(path.substr(folder.size() + 1));
+        }
+    }
+    return names;
+}
+
 RecordingPlatform::RecordingPlatform(CallLog& log)
     : settings(log), prompts(log), choosers(log), processes(log), temporaryFiles(log), library(log),
-      imageFormats(log)
+      imageFormats(log), libraryFiles(log)
 {
 }
 
 CorvexMaterial::Platform RecordingPlatform::Get()
 {
-    return {settings, prompts, choosers, processes, temporaryFiles, library, imageFormats};
+    return {settings,       prompts, choosers,     processes,
+            temporaryFiles, library, imageFormats, libraryFiles};
 }
 
 }  // namespace CorvexTest

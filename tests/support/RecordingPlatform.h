@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <map>
+#include <set>
 #include <tuple>
 
 namespace CorvexTest {
@@ -125,6 +126,23 @@ private:
     CallLog& m_log;
 };
 
+/// Library files that are only names; by default the two of a fresh start are there.
+class RecordingLibraryFiles : public CorvexMaterial::LibraryFiles {
+public:
+    explicit RecordingLibraryFiles(CallLog& log) : m_log(log) {}
+
+    bool Exists(const std::string& path) override;
+    bool MakeWritable(const std::string& path) override;
+    std::vector<std::string> NamesIn(const std::string& folder,
+                                     const std::string& extension) override;
+
+    std::set<std::string> paths{"/libraries/Gems.cvm", "/libraries/Gems.cvt"};
+    bool writable = true;
+
+private:
+    CallLog& m_log;
+};
+
 /// A complete desktop in memory.
 class RecordingPlatform {
 public:
@@ -139,6 +157,7 @@ public:
     RecordingTemporaryFiles temporaryFiles;
     RecordingLibrary library;
     RecordingImageFormats imageFormats;
+    RecordingLibraryFiles libraryFiles;
 };
 
 }  // namespace CorvexTest

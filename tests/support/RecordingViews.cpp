@@ -60,6 +60,17 @@ void RecordingEditport::SetListener(CorvexEditport::EditportListener* newListene
     m_log.Enter("Editport.SetListener", m_name);
 }
 
+void RecordingEditport::ScrollTo(std::int32_t position)
+{
+    m_log.Enter("Editport.ScrollTo", m_name + " " + std::to_string(position));
+}
+
+QWidget* RecordingEditport::Companion()
+{
+    m_log.Enter("Editport.Companion", m_name);
+    return nullptr;
+}
+
 CorvexEditport::Editport* RecordingEditports::CreateEditport(QWidget* parent,
                                                              CorvexEditport::BrowserKind kind)
 {

@@ -60,6 +60,10 @@ public:
     void SetBackColor(CorvexMaterial::Colour colour) override;
     void SetListener(CorvexEditport::EditportListener* newListener) override;
 
+    void ScrollFromOutside() override { m_log.Enter("Editport.ScrollFromOutside", m_name); }
+    void ScrollTo(std::int32_t position) override;
+    QWidget* Companion() override;
+
     CorvexEditport::EditportListener* listener = nullptr;
     std::int32_t selected = -1;
 

@@ -1,0 +1,56 @@
+#include "material/MaterialLibraryFlow.h"
+
+#include "dialogs/Trap.h"
+#include "material/IMaterial.h"
+#include "material/MaterialGatherer.h"
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr LibraryTexts kMaterialLibrary{
+    "MaterialLibrary",
+    "Loading Material Library",
+    "Material Library Loaded",
+    "Material Library '",
+    "' not found. It was likely moved, or deleted due to a Corvex upgrade. Please reselect your "
+    "preferred material library.",
+    "Corvex Material Library",
+    "cvm",
+    WarningId::MaterialLibrary};
+
+}  // namespace
+
+MaterialLibraryFlow::MaterialLibraryFlow(const LibraryServices& services, IMaterial& control,
+                                         MaterialGatherer& gatherer)
+    : LibraryFlow(kMaterialLibrary, services), m_control(control), m_gatherer(gatherer)
+{
+}
+
+void MaterialLibraryFlow::CreateFile(const std::string& path)
+{
+    Services().host.materialLibrary.CreateLibrary(path);
+}
+
+CorvexDB::LibraryContent MaterialLibraryFlow::OpenFile(const std::string& path)
+{
+    return Services().host.materialLibrary.Open(path);
+}
+
+bool MaterialLibraryFlow::AddCurrent()
+{
+    Services().host.materialLibrary.AddMaterialToLibrary(m_gatherer.Gather()->material);
+    return true;
+}
+
+void MaterialLibraryFlow::DeleteAt(std::int32_t index)
+{
+    Services().host.materialLibrary.DeleteMaterialFromLibrary(index);
+}
+
+void MaterialLibraryFlow::Take(std::int32_t index)
+{
+    Require(m_control.CopyFieldToFormMaterial(Services().host.materialLibrary.MaterialAt(index)));
+}
+
+}  // namespace CorvexMaterial
