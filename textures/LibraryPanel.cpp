@@ -50,6 +50,7 @@ LibraryPanel::LibraryPanel(const LibraryPanelKind& kind, CorvexEditport::Editpor
     content->setContentsMargins(0, 4, 0, 6);
     content->setSpacing(4);
     BuildLibraryRow(kind, *content);
+    GuardWheel(*m_content);  // the list alone: the browser and its scroll bar are for the wheel
     BuildBrowserRow(kind, editports, *content);
     BuildRowButtons(kind, *content);
     auto* column = new QVBoxLayout(this);
@@ -57,7 +58,6 @@ LibraryPanel::LibraryPanel(const LibraryPanelKind& kind, CorvexEditport::Editpor
     column->setSpacing(0);
     column->addWidget(m_header);
     column->addWidget(m_content);
-    GuardWheel(*m_content);
     Connect();
     SetChangesEnabled(false);
     Arrange();

@@ -1,7 +1,6 @@
 #include "tests/control/FaultSteps.h"
 
 #include <QApplication>
-#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -15,15 +14,18 @@ using CorvexMaterial::Status;
 
 using EnabledStates = std::map<QString, bool>;
 
+/// A library that could not be opened allows no changes until another one is.
+bool ChangesOpenLibrary(const QWidget& widget)
+{
+    const QString name = widget.objectName();
+    return name.endsWith("LibraryAdd") || name.endsWith("LibraryDelete");
+}
+
 EnabledStates StatesOf(ControlRig& rig)
 {
     EnabledStates states;
     for (const QWidget* widget : rig.Control().findChildren<QWidget*>()) {
-        // A library that could not be opened allows no changes until another one is.
-        const bool ofOpenLibrary = QRegularExpression("^cmd(Material|Texture)Library(Add|Delete)$")
-                                       .match(widget->objectName())
-                                       .hasMatch();
-        if (!widget->objectName().isEmpty() && !ofOpenLibrary) {
+        if (!widget->objectName().isEmpty() && !ChangesOpenLibrary(*widget)) {
             states[widget->objectName()] = widget->isEnabled();
         }
     }
