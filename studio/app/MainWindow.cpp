@@ -44,6 +44,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
     m_fill = new PanelFill(*m_material, *m_link, *m_area);
     ConnectPanel();
     ConnectPlugins();
+    ConnectLibraries();
     BuildMenus();
     ConnectExchange();
     StartPanel();
@@ -55,6 +56,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
 // are members, so the control and what leans on it have to go before them.
 MainWindow::~MainWindow()
 {
+    DisconnectLibraries();
     m_viewport->SetSource(nullptr);
     m_host.Raytracing().SetAbandoned({});
     m_scene.MarkSelection(nullptr);
@@ -156,6 +158,7 @@ void MainWindow::StartPanel()
 {
     const bool firstStart = !m_host.Settings().HasPanelLayout();
     const QString what = tr("The material panel did not start completely");
+    ProvideLibraries(firstStart);
     ListPlugins();
     Check(m_material->SetSceneDetails(m_host.SceneGraph()), what);
     Check(m_material->InitializeMaterialPreviewScene(), tr("The preview cannot be built"));

@@ -5,6 +5,7 @@
 #include "studio/app/RecentFiles.h"
 #include "studio/app/WarningPresenter.h"
 #include "studio/import/ModelImport.h"
+#include "studio/libraries/LibrarySchema.h"
 #include "studio/scene/Selection.h"
 #include "studio/scene/StudioScene.h"
 
@@ -17,6 +18,7 @@ class QMenu;
 
 namespace studio {
 
+class LibraryDesk;
 class MaterialExchange;
 class ModelOpener;
 class PanelArea;
@@ -75,12 +77,20 @@ private:
     void ConnectExchange();
     void BuildEditMenu();
     void BuildViewMenu();
+    void BuildLibraryMenu();
     void BuildHelpMenu();
     void BuildStatusBar();
     void ListRecentFiles(QMenu* menu);
     void ConnectPanel();
     void ConnectPlugins();
     void StartPanel();
+    void ProvideLibraries(bool firstStart);
+    void ConnectLibraries();
+    void DisconnectLibraries();
+    void ConnectDrops();
+    void PressLibraryButton(LibraryKind kind, const char* button);
+    void EmptyTrash();
+    void KeepLibraries();
     void ListPlugins();
     void ApplyColours();
     void RestoreGeometry();
@@ -119,6 +129,7 @@ private:
     CorvexMaterial::Material* m_material = nullptr;
     MaterialLink* m_link = nullptr;
     PanelFill* m_fill = nullptr;
+    LibraryDesk* m_desk = nullptr;
     QLabel* m_position = nullptr;
     QLabel* m_misc = nullptr;
 };

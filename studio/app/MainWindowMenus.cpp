@@ -20,6 +20,7 @@ void MainWindow::BuildMenus()
     BuildFileMenu();
     BuildEditMenu();
     BuildViewMenu();
+    BuildLibraryMenu();
     BuildHelpMenu();
 }
 

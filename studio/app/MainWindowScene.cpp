@@ -4,6 +4,7 @@
 #include "studio/app/ModelOpener.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
+#include "studio/browser/LibraryDrag.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/ModelShapes.h"
@@ -105,7 +106,9 @@ void MainWindow::Frame(StudioScene& scene)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!DroppedFile(event->mimeData()).isEmpty()) {
+    // An image is for a shape, not for the window.
+    const bool isModel = DraggedTexture(*event->mimeData()).isEmpty();
+    if (isModel && !DroppedFile(event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
     }
 }

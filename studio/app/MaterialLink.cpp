@@ -99,6 +99,16 @@ void MaterialLink::Make(std::vector<ShapeChange> changes)
     ShowSelected();
 }
 
+void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
+                       const CorvexDB::udtMaterial& material)
+{
+    const AppliedMaterial before = shape->Applied();
+    const auto coordinates = MakesNewCoordinates(before.gathered->material, material)
+                                 ? CorvexSG::CoordinateMode::FromWrap
+                                 : before.coordinates;
+    Make({{shape, before, WholeMaterial(material, coordinates)}});
+}
+
 void MaterialLink::Push(std::vector<ShapeChange> changes)
 {
     if (std::ranges::none_of(changes, LooksDifferent)) {

@@ -33,6 +33,8 @@ public:
     void WithoutApplying(const std::function<void()>& change);
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
+    /// Gives one shape a material that does not come from the panel, as one undo step.
+    void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material);
     /// The material that the panel shows now; null before the preview scene is built.
     [[nodiscard]] const CorvexDB::udtMaterial* ShownMaterial() const;
 

@@ -49,6 +49,7 @@ void PanelFill::Restore()
         return;
     }
     m_filled = false;
+    Q_EMIT AboutToReload();
     m_link.WithoutApplying([this] { ReloadLayout(); });
     Q_EMIT Changed(false);
 }

@@ -30,6 +30,8 @@ public:
     void Restore();
 
 Q_SIGNALS:
+    /// The control is about to read its saved state, the libraries included.
+    void AboutToReload();
     void Changed(bool filled);
     void Failed(const QString& what, CorvexMaterial::Status status);
 

@@ -17,6 +17,14 @@ QString Tr(const char* text)
     return QCoreApplication::translate("ShapeToolTip", text);
 }
 
+// Names and values are the user's own text; none of it may act as markup.
+QString Row(const QString& name, const QString& value)
+{
+    return QStringLiteral("<br>%1: %2").arg(name.toHtmlEscaped(), value.toHtmlEscaped());
+}
+
+}  // namespace
+
 QString ColourText(CorvexMaterial::Colour colour)
 {
     const std::size_t position = CorvexMaterial::ColourListPosition(colour);
@@ -27,14 +35,6 @@ QString ColourText(CorvexMaterial::Colour colour)
     const auto bytes = CorvexMaterial::BytesOf(colour);
     return QColor(bytes.red, bytes.green, bytes.blue).name();
 }
-
-// Names and values are the user's own text; none of it may act as markup.
-QString Row(const QString& name, const QString& value)
-{
-    return QStringLiteral("<br>%1: %2").arg(name.toHtmlEscaped(), value.toHtmlEscaped());
-}
-
-}  // namespace
 
 QString ShapeToolTipText(const std::string& shapeName, const CorvexDB::udtMaterial& material,
                          const std::vector<std::string>& fieldNames)

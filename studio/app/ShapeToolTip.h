@@ -15,6 +15,9 @@ namespace studio {
 class StudioShape;
 class ViewportWidget;
 
+/// A colour as a person calls it: its name in the colour list, or its hexadecimal form.
+[[nodiscard]] QString ColourText(CorvexMaterial::Colour colour);
+
 /// What the tool tip says of a shape: its name, its material, and every custom field that has a
 /// value.
 [[nodiscard]] QString ShapeToolTipText(const std::string& shapeName,

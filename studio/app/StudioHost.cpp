@@ -5,6 +5,7 @@
 #include "studio/app/PluginMaterials.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioTables.h"
+#include "studio/browser/LibraryBrowsers.h"
 #include "studio/images/TextureCache.h"
 #include "studio/libraries/SqliteMaterialLibrary.h"
 #include "studio/libraries/SqliteTextureLibrary.h"
@@ -14,7 +15,6 @@
 #include "studio/raytrace/StudioRaytraceServices.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/render/RenderService.h"
-#include "studio/scene/HostEditport.h"
 #include "studio/scene/HostViewport.h"
 #include "studio/scene/StudioScene.h"
 
@@ -64,7 +64,9 @@ struct StudioHost::Parts {
         [this] { return customFields.GetCustomMaterialFieldNames(); }};
     StudioSceneExporter exporter{raytraceSources};
     HostViewportFactory viewports;
-    HostEditportFactory browsers;
+    LibraryBrowsers browsers{[this] { return materialLibrary.File(); },
+                             [this] { return textureLibrary.File(); },
+                             [this] { return customFields.GetCustomMaterialFieldNames(); }};
     NumberField numbers;
     CorvexMaterial::Host host{state,          log,       graphics,     materialLibrary,
                               textureLibrary, plugins,   customFields, raytrace,
@@ -136,6 +138,11 @@ SqliteTextureLibrary& StudioHost::Textures()
 const Thumbnailer& StudioHost::Thumbnails()
 {
     return m_parts->thumbnails;
+}
+
+LibraryBrowsers& StudioHost::Browsers()
+{
+    return m_parts->browsers;
 }
 
 StudioSceneGraph& StudioHost::SceneGraph()

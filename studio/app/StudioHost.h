@@ -9,6 +9,7 @@
 namespace studio {
 
 class EventLog;
+class LibraryBrowsers;
 class PluginFolder;
 class PluginTextures;
 class RenderService;
@@ -44,6 +45,7 @@ public:
     [[nodiscard]] SqliteMaterialLibrary& Materials();
     [[nodiscard]] SqliteTextureLibrary& Textures();
     [[nodiscard]] const Thumbnailer& Thumbnails();
+    [[nodiscard]] LibraryBrowsers& Browsers();
     [[nodiscard]] StudioSceneGraph& SceneGraph();
 
 private:

@@ -74,6 +74,11 @@ void StudioSettings::SetRenderManLocation(const QString& program)
     m_store.Write({m_application, kControlSection, kRenderManLocation}, program.toStdString());
 }
 
+void StudioSettings::SetLibraryName(const char* key, const std::string& name)
+{
+    m_store.Write({m_application, kControlSection, key}, name);
+}
+
 bool StudioSettings::HasPanelLayout() const
 {
     return m_store.Read({m_application, kControlSection, "MaterialPanel"}).has_value();

@@ -36,6 +36,8 @@ public:
     void SetRenderManLocation(const QString& program);
 
     /// Whether the control has ever saved its layout.
+    /// The library that the control opens when it reads its saved state.
+    void SetLibraryName(const char* key, const std::string& name);
     [[nodiscard]] bool HasPanelLayout() const;
 
     /// Puts everything on disk. Errors: FileFailed, naming the file.

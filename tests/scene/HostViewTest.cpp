@@ -1,7 +1,6 @@
 #include "host/Status.h"
 #include "studio/render/RenderService.h"
 #include "studio/render/ViewportWidget.h"
-#include "studio/scene/HostEditport.h"
 #include "studio/scene/HostViewport.h"
 #include "tests/scene/BoxShape.h"
 
@@ -149,49 +148,6 @@ TEST_F(ViewportFixture, DeviceResetAndDeletionAmidDrawingAreSurvived)
     delete &view.Widget();
     EXPECT_FALSE(alive);
     QCoreApplication::processEvents();
-}
-
-double Luminance(const QColor& colour)
-{
-    const auto linear = [](double value) {
-        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
-TEST(HostEditport, EmptyStateIsReadableOnAnyBackground)
-{
-    QWidget parent;
-    studio::HostEditportFactory factory;
-    auto* browser = factory.CreateEditport(&parent, CorvexEditport::BrowserKind::Materials);
-    browser->Widget().resize(200, 66);
-    for (const CorvexMaterial::ColourBytes bytes : {CorvexMaterial::ColourBytes{0, 0, 0},
-                                                    {255, 255, 255},
-                                                    {128, 128, 128},
-                                                    {30, 60, 160},
-                                                    {255, 255, 0},
-                                                    {255, 0, 0},
-                                                    {0, 160, 0}}) {
-        browser->SetBackColor(MakeColour(bytes));
-        const QImage picture = browser->Widget().grab().toImage();
-        const double ground = Luminance(QColor(bytes.red, bytes.green, bytes.blue));
-        EXPECT_EQ(picture.pixel(1, 1), qRgb(bytes.red, bytes.green, bytes.blue));
-        double contrast = 1.0;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                const double ink = Luminance(picture.pixelColor(x, y));
-                contrast = std::max(contrast, (std::max(ink, ground) + 0.05) /
-                                                  (std::min(ink, ground) + 0.05));
-            }
-        }
-        EXPECT_GE(contrast, 3.0) << bytes.red << ' ' << bytes.green << ' ' << bytes.blue;
-    }
-    const QImage empty = browser->Widget().grab().toImage();
-    browser->ShowItems(12);
-    EXPECT_NE(browser->Widget().grab().toImage(), empty);
-    browser->Clear();
-    EXPECT_EQ(browser->Widget().grab().toImage(), empty);
 }
 
 }  // namespace

@@ -1,0 +1,137 @@
+#include "studio/app/MainWindow.h"
+
+#include "studio/app/PanelFill.h"
+#include "studio/app/StudioApplicationState.h"
+#include "studio/app/StudioHost.h"
+#include "studio/app/StudioSettings.h"
+#include "studio/browser/FirstLibraries.h"
+#include "studio/browser/LibraryDesk.h"
+#include "studio/browser/LibraryMenu.h"
+#include "studio/browser/ViewportDrops.h"
+#include "studio/libraries/SqliteMaterialLibrary.h"
+#include "studio/libraries/SqliteTextureLibrary.h"
+#include "studio/render/ViewportWidget.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QFileInfo>
+#include <QMenuBar>
+
+namespace studio {
+namespace {
+
+const char* StemOf(LibraryKind kind)
+{
+    return kind == LibraryKind::Materials ? "MaterialLibrary" : "TextureLibrary";
+}
+
+/// A library of the library folder is known by its name alone.
+std::string LibraryName(const LibraryFile& file, const std::string& libraryFolder)
+{
+    const QFileInfo info(QString::fromStdString(file.Path()));
+    const bool inFolder = info.absoluteDir() == QDir(QString::fromStdString(libraryFolder));
+    return inFolder ? info.fileName().toStdString() : file.Path();
+}
+
+}  // namespace
+
+void MainWindow::ConnectLibraries()
+{
+    m_desk = new LibraryDesk(m_host.Browsers(), m_history, this);
+    connect(m_desk, &LibraryDesk::Message, m_misc, &QLabel::setText);
+    connect(m_desk, &LibraryDesk::Refused, this, [this](const QString& message) {
+        Tell(message, CorvexMaterial::PromptIcon::Exclamation);
+    });
+    connect(&m_host.Browsers(), &LibraryBrowsers::DeletePressed, this,
+            [this](LibraryKind kind) { PressLibraryButton(kind, "Delete"); });
+    m_host.Materials().SetListener(
+        [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Materials, change); });
+    m_host.Textures().SetListener(
+        [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Textures, change); });
+    connect(m_fill, &PanelFill::AboutToReload, this, &MainWindow::KeepLibraries);
+    ConnectDrops();
+}
+
+void MainWindow::DisconnectLibraries()
+{
+    m_host.Materials().SetListener({});
+    m_host.Textures().SetListener({});
+}
+
+void MainWindow::ConnectDrops()
+{
+    auto* drops =
+        new ViewportDrops(*m_viewport, [this](QPoint position) { return ShapeAt(position); });
+    connect(drops, &ViewportDrops::Hint, m_misc, &QLabel::setText);
+    connect(drops, &ViewportDrops::MaterialDropped, m_link,
+            [this](const std::shared_ptr<StudioShape>& shape, const NamedMaterial& dropped) {
+                m_link->Put(shape, dropped.material);
+            });
+    connect(drops, &ViewportDrops::TextureDropped, m_link,
+            [this](const std::shared_ptr<StudioShape>& shape, const QString& file) {
+                CorvexDB::udtMaterial material = shape->Material();
+                material.Textures.primary = file.toStdString();
+                m_link->Put(shape, material);
+            });
+}
+
+void MainWindow::BuildLibraryMenu()
+{
+    auto* menu = new LibraryMenu(*m_desk, this);
+    menuBar()->addMenu(menu);
+    connect(menu, &LibraryMenu::ChooseLibrary, this,
+            [this](LibraryKind kind) { PressLibraryButton(kind, "Functions"); });
+    connect(menu, &LibraryMenu::EmptyTrashWanted, this, &MainWindow::EmptyTrash);
+}
+
+// The panel's own button: what it does belongs to the control.
+void MainWindow::PressLibraryButton(LibraryKind kind, const char* button)
+{
+    const QString name =
+        QStringLiteral("cmd%1%2").arg(QLatin1String(StemOf(kind)), QLatin1String(button));
+    if (auto* found = m_material->findChild<QAbstractButton*>(name); found != nullptr) {
+        found->click();
+    }
+}
+
+void MainWindow::EmptyTrash()
+{
+    const std::size_t materials = m_desk->Trash(LibraryKind::Materials).size();
+    const std::size_t textures = m_desk->Trash(LibraryKind::Textures).size();
+    if (materials + textures == 0) {
+        m_misc->setText(tr("Nothing was deleted from the open libraries."));
+        return;
+    }
+    const QString question = tr("Delete %1 materials and %2 textures in the trash of the open "
+                                "libraries for good?")
+                                 .arg(materials)
+                                 .arg(textures);
+    if (m_platform.prompts.AskYesNo(
+            {CorvexMaterial::PromptIcon::Exclamation, "Corvex", question.toStdString()})) {
+        m_desk->EmptyTrash(LibraryKind::Materials);
+        m_desk->EmptyTrash(LibraryKind::Textures);
+    }
+}
+
+void MainWindow::ProvideLibraries(bool firstStart)
+{
+    const QString folder = QString::fromStdString(m_host.State().LibraryFolder());
+    if (firstStart) {
+        ProvideFirstLibraries(folder);
+    } else {
+        LinkShippedImages(folder);
+    }
+}
+
+// The control opens the libraries that the settings name whenever it reads its saved state.
+void MainWindow::KeepLibraries()
+{
+    const std::string folder = m_host.State().LibraryFolder();
+    for (const LibraryKind kind : {LibraryKind::Materials, LibraryKind::Textures}) {
+        if (const LibraryFile* file = m_host.Browsers().Open(kind); file != nullptr) {
+            m_host.Settings().SetLibraryName(StemOf(kind), LibraryName(*file, folder));
+        }
+    }
+}
+
+}  // namespace studio

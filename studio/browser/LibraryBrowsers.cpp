@@ -1,0 +1,63 @@
+#include "studio/browser/LibraryBrowsers.h"
+
+namespace studio {
+
+LibraryBrowsers::LibraryBrowsers(OpenLibrary materials, OpenLibrary textures,
+                                 LibraryBrowser::FieldNames fieldNames)
+    : m_materials(std::move(materials)), m_textures(std::move(textures)),
+      m_fieldNames(std::move(fieldNames))
+{
+}
+
+CorvexEditport::Editport* LibraryBrowsers::CreateEditport(QWidget* parent,
+                                                          CorvexEditport::BrowserKind kind)
+{
+    const LibraryKind shown = kind == CorvexEditport::BrowserKind::Materials
+                                  ? LibraryKind::Materials
+                                  : LibraryKind::Textures;
+    auto* browser =
+        new LibraryBrowser([this, shown] { return Open(shown); }, shown, m_fieldNames, parent);
+    connect(browser, &LibraryBrowser::RenameWanted, this,
+            [this, shown](std::int64_t id, const QString& name) {
+                Q_EMIT RenameWanted(shown, id, name);
+            });
+    connect(browser, &LibraryBrowser::DeletePressed, this,
+            [this, shown] { Q_EMIT DeletePressed(shown); });
+    connect(browser, &LibraryBrowser::Message, this, &LibraryBrowsers::Message);
+    std::erase(m_browsers, nullptr);
+    m_browsers.emplace_back(browser);
+    return browser;
+}
+
+LibraryFile* LibraryBrowsers::Open(LibraryKind kind) const
+{
+    return kind == LibraryKind::Materials ? m_materials() : m_textures();
+}
+
+std::vector<LibraryBrowser*> LibraryBrowsers::Of(LibraryKind kind) const
+{
+    std::vector<LibraryBrowser*> browsers;
+    for (const auto& browser : m_browsers) {
+        if (browser != nullptr && browser->Kind() == kind) {
+            browsers.push_back(browser);
+        }
+    }
+    return browsers;
+}
+
+void LibraryBrowsers::ShowAgain(LibraryKind kind, EntryId revealed)
+{
+    const LibraryFile* file = Open(kind);
+    if (file == nullptr) {
+        return;
+    }
+    const auto index = file->IndexOf(revealed);
+    for (LibraryBrowser* browser : Of(kind)) {
+        browser->Reread(file->Count());
+        if (index) {
+            browser->Reveal(*index);
+        }
+    }
+}
+
+}  // namespace studio

@@ -1,0 +1,114 @@
+#include "studio/browser/LibraryDelegate.h"
+
+#include "studio/browser/LibraryModel.h"
+#include "studio/browser/TextOnColour.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPainter>
+
+namespace studio {
+namespace {
+
+constexpr int kMargin = 2;
+constexpr int kLeastEditorWidth = 110;
+constexpr int kLongestName = 200;
+
+QFont NameFont(const QStyleOptionViewItem& option)
+{
+    QFont font = option.font;
+    font.setPointSizeF(QFontInfo(font).pointSizeF() * 0.82);
+    return font;
+}
+
+QRect NameArea(const QStyleOptionViewItem& option)
+{
+    const int height = QFontMetrics(NameFont(option)).height();
+    return option.rect.adjusted(kMargin, option.rect.height() - height - 1, -kMargin, -1);
+}
+
+QRect PictureArea(const QStyleOptionViewItem& option)
+{
+    QRect area = option.rect.adjusted(kMargin, kMargin, -kMargin, 0);
+    area.setBottom(NameArea(option).top() - 1);
+    return area;
+}
+
+}  // namespace
+
+LibraryDelegate::LibraryDelegate(const LibraryModel& model, QObject* parent)
+    : QStyledItemDelegate(parent), m_model(model)
+{
+}
+
+void LibraryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                            const QModelIndex& index) const
+{
+    painter->save();
+    PaintGround(*painter, option);
+    PaintThumbnail(*painter, PictureArea(option), index.row());
+    painter->setFont(NameFont(option));
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    painter->setPen(selected ? StrongTextOn(m_background) : QuietTextOn(m_background));
+    const QRect area = NameArea(option);
+    const QString name = index.data().toString();
+    painter->drawText(area, Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine,
+                      painter->fontMetrics().elidedText(name, Qt::ElideRight, area.width()));
+    painter->restore();
+}
+
+void LibraryDelegate::PaintGround(QPainter& painter, const QStyleOptionViewItem& option) const
+{
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
+    if (!selected && !hovered) {
+        return;
+    }
+    QColor accent = option.palette.color(QPalette::Active, QPalette::Highlight);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(selected ? QPen(accent, 1.5) : QPen(Qt::NoPen));
+    accent.setAlpha(selected ? 70 : 35);
+    painter.setBrush(accent);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(1, 1, -1, -1), 4, 4);
+}
+
+void LibraryDelegate::PaintThumbnail(QPainter& painter, const QRect& area, int row) const
+{
+    const qreal scale = painter.device()->devicePixelRatioF();
+    const int side = static_cast<int>(std::min(area.width(), area.height()) * scale);
+    if (side <= 0) {
+        return;
+    }
+    QPixmap picture = m_model.Thumbnail(row, side);
+    picture.setDevicePixelRatio(scale);
+    QRectF place(QPointF(), picture.deviceIndependentSize());
+    place.moveCenter(QRectF(area).center());
+    painter.drawPixmap(place.topLeft(), picture);
+}
+
+QWidget* LibraryDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                       const QModelIndex& /*index*/) const
+{
+    auto* editor = new QLineEdit(parent);
+    editor->setFont(NameFont(option));
+    editor->setMaxLength(kLongestName);
+    editor->setAlignment(Qt::AlignHCenter);
+    editor->setFrame(false);
+    return editor;
+}
+
+// Wider than the entry, so that a name can be read while it is typed, and inside the view.
+void LibraryDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                           const QModelIndex& /*index*/) const
+{
+    QRect area = NameArea(option);
+    const int available = editor->parentWidget()->width();
+    const QPoint centre = area.center();
+    area.setWidth(std::min(std::max(area.width(), kLeastEditorWidth), available));
+    area.setHeight(area.height() + 4);
+    area.moveCenter(centre);
+    area.moveLeft(std::clamp(area.left(), 0, std::max(available - area.width(), 0)));
+    editor->setGeometry(area);
+}
+
+}  // namespace studio

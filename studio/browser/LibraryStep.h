@@ -1,0 +1,44 @@
+#pragma once
+
+#include "studio/libraries/LibraryEntry.h"
+#include "studio/libraries/LibrarySchema.h"
+
+#include <QUndoCommand>
+
+#include <functional>
+#include <string>
+
+namespace studio {
+
+/// A change of one entry of a library.
+struct LibraryEdit {
+    enum class What { Add, Remove, Rename };
+
+    What what = What::Add;
+    LibraryKind kind = LibraryKind::Materials;
+    std::string path;  ///< of the library
+    EntryId id = 0;
+    std::string name;    ///< as it is after the change
+    std::string before;  ///< of a rename
+
+    [[nodiscard]] LibraryEdit Reversed() const;
+};
+
+/// A step of the undo history: a change of a library, already made when the step is pushed.
+class LibraryStep : public QUndoCommand {
+public:
+    /// False when the change could not be made; the user knows then, and the step goes.
+    using Make = std::function<bool(const LibraryEdit&)>;
+
+    LibraryStep(LibraryEdit change, Make make);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    LibraryEdit m_change;
+    Make m_make;
+    bool m_made = true;
+};
+
+}  // namespace studio

@@ -1,0 +1,154 @@
+#include "studio/browser/LibraryView.h"
+
+#include "studio/browser/LibraryDelegate.h"
+#include "studio/browser/LibraryModel.h"
+#include "studio/browser/TextOnColour.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace studio {
+namespace {
+
+constexpr int kLeastColumnWidth = 58;
+
+}  // namespace
+
+LibraryView::LibraryView(LibraryModel& model, LibraryDelegate& delegate, int rowHeight,
+                         QWidget* parent)
+    : QListView(parent), m_delegate(delegate), m_rowHeight(rowHeight)
+{
+    setModel(&model);
+    setItemDelegate(&delegate);
+    // Wrapped rows of one size: the layout costs nothing per entry but its place, and no entry is
+    // looked at before it can be seen.
+    setViewMode(QListView::ListMode);
+    setFlow(QListView::LeftToRight);
+    setWrapping(true);
+    setResizeMode(QListView::Adjust);
+    setUniformItemSizes(true);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionRectVisible(false);
+    setEditTriggers(QAbstractItemView::EditKeyPressed);
+    setDragEnabled(true);
+    setFrameShape(QFrame::NoFrame);
+    setMouseTracking(true);
+    connect(this, &QListView::clicked, this, &LibraryView::OnClicked);
+    ArrangeColumns();
+}
+
+void LibraryView::SetEmptyText(const QString& text)
+{
+    m_emptyText = text;
+    viewport()->update();
+}
+
+void LibraryView::SetBackground(const QColor& background)
+{
+    m_background = background;
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, background);
+    setPalette(colours);
+}
+
+void LibraryView::Mark(int row)
+{
+    if (row < 0) {
+        clearSelection();
+        setCurrentIndex({});
+    } else {
+        setCurrentIndex(model()->index(row, 0));
+    }
+}
+
+void LibraryView::OnClicked(const QModelIndex& index)
+{
+    // The second click of a double click ends here too; the entry is open by then.
+    if (!m_doubleClicked) {
+        Q_EMIT Chosen(index.row());
+    }
+    m_doubleClicked = false;
+}
+
+void LibraryView::mousePressEvent(QMouseEvent* event)
+{
+    m_doubleClicked = false;
+    QListView::mousePressEvent(event);
+}
+
+void LibraryView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    m_doubleClicked = true;
+    QListView::mouseDoubleClickEvent(event);
+    if (index.isValid() && event->button() == Qt::LeftButton) {
+        Q_EMIT Opened(index.row());
+    }
+}
+
+void LibraryView::keyPressEvent(QKeyEvent* event)
+{
+    const QModelIndex before = currentIndex();
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && before.isValid() && state() != EditingState) {
+        Q_EMIT Opened(before.row());
+        return;
+    }
+    if (event->matches(QKeySequence::Delete) && state() != EditingState) {
+        Q_EMIT DeletePressed();
+        return;
+    }
+    QListView::keyPressEvent(event);
+    if (currentIndex().isValid() && currentIndex() != before) {
+        Q_EMIT Chosen(currentIndex().row());
+    }
+}
+
+void LibraryView::keyboardSearch(const QString& search)
+{
+    if (!search.trimmed().isEmpty()) {
+        Q_EMIT SearchTyped(search);
+    }
+}
+
+void LibraryView::startDrag(Qt::DropActions /*actions*/)
+{
+    if (currentIndex().isValid()) {
+        Q_EMIT DragStarted(currentIndex().row());
+    }
+}
+
+void LibraryView::resizeEvent(QResizeEvent* event)
+{
+    ArrangeColumns();
+    QListView::resizeEvent(event);
+}
+
+// The width is shared evenly, so that no gap is left at the right.
+void LibraryView::ArrangeColumns()
+{
+    const int width = std::max(viewport()->width() - 1, 1);
+    const int columns = std::max(width / kLeastColumnWidth, 1);
+    const QSize cell(width / columns, m_rowHeight);
+    if (cell != gridSize()) {
+        m_delegate.SetCell(cell);
+        setGridSize(cell);
+    }
+    verticalScrollBar()->setSingleStep(m_rowHeight / 2);
+}
+
+void LibraryView::paintEvent(QPaintEvent* event)
+{
+    QListView::paintEvent(event);
+    if (model()->rowCount() > 0) {
+        return;
+    }
+    QPainter painter(viewport());
+    painter.setPen(QuietTextOn(m_background));
+    painter.drawText(viewport()->rect().adjusted(8, 2, -8, -2), Qt::AlignCenter | Qt::TextWordWrap,
+                     m_emptyText);
+}
+
+}  // namespace studio

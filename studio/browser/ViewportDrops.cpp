@@ -1,0 +1,85 @@
+#include "studio/browser/ViewportDrops.h"
+
+#include "studio/browser/LibraryDrag.h"
+#include "studio/render/ViewportWidget.h"
+#include "studio/scene/StudioShape.h"
+
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
+
+namespace studio {
+
+ViewportDrops::ViewportDrops(ViewportWidget& viewport, Pick pick)
+    : QObject(&viewport), m_viewport(viewport), m_pick(std::move(pick))
+{
+    m_viewport.setAcceptDrops(true);
+    m_viewport.installEventFilter(this);
+}
+
+bool ViewportDrops::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::DragEnter:
+        return Enter(*static_cast<QDropEvent*>(event));
+    case QEvent::DragMove:
+        Move(*static_cast<QDropEvent*>(event));
+        return true;
+    case QEvent::DragLeave:
+        m_dragged.clear();
+        Q_EMIT Hint({});
+        return true;
+    case QEvent::Drop:
+        Drop(*static_cast<QDropEvent*>(event));
+        return true;
+    default:
+        return QObject::eventFilter(watched, event);
+    }
+}
+
+// What is neither is left to the window around the viewport.
+bool ViewportDrops::Enter(QDropEvent& event)
+{
+    if (const auto material = DraggedMaterial(*event.mimeData())) {
+        m_dragged = QString::fromStdString(material->name);
+    } else {
+        m_dragged = QFileInfo(DraggedTexture(*event.mimeData())).fileName();
+    }
+    event.setAccepted(!m_dragged.isEmpty());
+    return !m_dragged.isEmpty();
+}
+
+void ViewportDrops::Move(QDropEvent& event)
+{
+    const ShapePointer shape = m_pick(event.position().toPoint());
+    if (shape == nullptr) {
+        event.ignore();
+        Q_EMIT Hint({});
+        return;
+    }
+    event.acceptProposedAction();
+    Q_EMIT Hint(tr("Put %1 on %2").arg(m_dragged, QString::fromStdString(shape->Name())));
+}
+
+void ViewportDrops::Drop(QDropEvent& event)
+{
+    m_dragged.clear();
+    Q_EMIT Hint({});
+    const ShapePointer shape = m_pick(event.position().toPoint());
+    if (shape == nullptr) {
+        event.ignore();
+        return;
+    }
+    event.acceptProposedAction();
+    if (const auto material = DraggedMaterial(*event.mimeData())) {
+        QMetaObject::invokeMethod(
+            this, [this, shape, material] { Q_EMIT MaterialDropped(shape, *material); },
+            Qt::QueuedConnection);
+    } else if (const QString file = DraggedTexture(*event.mimeData()); !file.isEmpty()) {
+        QMetaObject::invokeMethod(
+            this, [this, shape, file] { Q_EMIT TextureDropped(shape, file); },
+            Qt::QueuedConnection);
+    }
+}
+
+}  // namespace studio

@@ -1,0 +1,256 @@
+#include "studio/browser/LibraryBrowser.h"
+#include "studio/browser/LibraryView.h"
+#include "studio/browser/SearchField.h"
+#include "tests/browser/SampleLibrary.h"
+
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+using BrowserTest::SampleLibraries;
+using studio::LibraryBrowser;
+using studio::LibraryFile;
+using studio::LibraryView;
+
+struct HeardListener : CorvexEditport::EditportListener {
+    void ItemSelected(std::int32_t index) override { selected.push_back(index); }
+    void ItemOpened(std::int32_t index) override { opened.push_back(index); }
+    void Scrolled(const CorvexEditport::ScrollRange& told) override { range = told; }
+
+    std::vector<std::int32_t> selected;
+    std::vector<std::int32_t> opened;
+    CorvexEditport::ScrollRange range;
+};
+
+std::vector<std::string> NumberedNames(int count)
+{
+    std::vector<std::string> names;
+    for (int i = 0; i < count; ++i) {
+        names.push_back("Stone " + std::to_string(i));
+    }
+    return names;
+}
+
+class Browser : public testing::Test {
+protected:
+    Browser()
+    {
+        window.resize(250, 170);
+        browser->resize(240, 136);
+        browser->SetListener(&heard);
+        browser->ScrollFromOutside();
+        window.show();
+    }
+
+    void Open(const std::vector<std::string>& names)
+    {
+        const std::string name = "Test " + std::to_string(++opened) + ".cvm";
+        file.emplace(libraries.Materials(name.c_str(), names));
+        browser->ShowItems(file->Count());
+        QCoreApplication::processEvents();
+    }
+    LibraryView& View() { return *browser->findChild<LibraryView*>(); }
+    studio::SearchField& Search()
+    {
+        return dynamic_cast<studio::SearchField&>(*browser->Companion());
+    }
+    QRect Place(int row) { return View().visualRect(View().model()->index(row, 0)); }
+    void Click(int row)
+    {
+        QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, Place(row).center());
+    }
+
+    int opened = 0;
+    SampleLibraries libraries;
+    std::optional<LibraryFile> file;
+    HeardListener heard;
+    QWidget window;
+    LibraryBrowser* browser = new LibraryBrowser(
+        [this] { return file ? &*file : nullptr; }, studio::LibraryKind::Materials,
+        [] { return std::vector<std::string>{"Supplier"}; }, &window);
+};
+
+TEST_F(Browser, ClickChoosesDoubleClickOpensKeysGoOn)
+{
+    Open(NumberedNames(12));
+    Click(2);
+    EXPECT_EQ(heard.selected, (std::vector<std::int32_t>{2}));
+    EXPECT_EQ(browser->SelectedIndex(), 2);
+    QTest::keyClick(&View(), Qt::Key_Right);
+    EXPECT_EQ(heard.selected.back(), 3);
+    QTest::keyClick(&View(), Qt::Key_Return);
+    EXPECT_EQ(heard.opened, (std::vector<std::int32_t>{3}));
+
+    heard.selected.clear();
+    const QPoint place = Place(1).center();
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(View().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(heard.selected, (std::vector<std::int32_t>{1})) << "one choice, then the opening";
+    EXPECT_EQ(heard.opened.back(), 1);
+
+    browser->ReleaseSelection();
+    EXPECT_EQ(browser->SelectedIndex(), -1);
+    browser->Reveal(4);
+    EXPECT_EQ(browser->SelectedIndex(), 4);
+    EXPECT_EQ(heard.selected.size(), 1U) << "marking tells nobody";
+}
+
+TEST_F(Browser, SearchShowsWhatMatchesAndTellsPlacesInTheFile)
+{
+    Open({"Ruby", "Gold", "Dark Ruby", "Jade"});
+    auto& search = Search();
+    QTest::keyClicks(&search, "ruby");
+    EXPECT_EQ(View().model()->rowCount(), 2);
+    Click(1);
+    EXPECT_EQ(heard.selected, (std::vector<std::int32_t>{2}));
+    EXPECT_EQ(browser->SelectedIndex(), 2);
+    QTest::keyClick(&search, Qt::Key_Escape);
+    EXPECT_EQ(View().model()->rowCount(), 4);
+    EXPECT_EQ(browser->SelectedIndex(), 2) << "the choice outlives the search";
+
+    search.setText("transparency>1");
+    EXPECT_EQ(View().model()->rowCount(), 2);
+    search.setText("transparency>");
+    EXPECT_EQ(View().model()->rowCount(), 2) << "a text that is no query changes nothing";
+    EXPECT_FALSE(search.accessibleDescription().isEmpty());
+    search.setText("nothing like it");
+    EXPECT_EQ(View().model()->rowCount(), 0);
+    EXPECT_TRUE(search.accessibleDescription().isEmpty());
+
+    search.setText("jade");
+    file->Add(studio::EntryOfMaterial({"Jade 2", {}}, libraries.PathOf("")));
+    browser->Clear();
+    browser->ShowItems(file->Count());
+    EXPECT_EQ(View().model()->rowCount(), 2) << "the search holds for what is shown next";
+}
+
+TEST_F(Browser, ScrollsFromOutsideAndStaysWhereItWas)
+{
+    Open(NumberedNames(100));
+    EXPECT_GT(heard.range.maximum, 1000);
+    EXPECT_EQ(heard.range.page, View().viewport()->height());
+    EXPECT_FALSE(View().verticalScrollBar()->isVisible());
+    browser->ScrollTo(680);
+    EXPECT_EQ(heard.range.position, 680);
+    browser->ScrollTo(1 << 30);
+    EXPECT_EQ(heard.range.position, heard.range.maximum);
+
+    browser->ScrollTo(680);
+    browser->Clear();
+    browser->ShowItems(100);
+    EXPECT_EQ(View().verticalScrollBar()->value(), 680) << "the same library, read again";
+
+    file.emplace(libraries.Materials("Other.cvm", NumberedNames(100)));
+    browser->Clear();
+    browser->ShowItems(100);
+    EXPECT_EQ(View().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(Browser, RowsFitThePanelsHeightsAndShareTheWidth)
+{
+    Open(NumberedNames(40));
+    for (const int width : {60, 180, 240, 300, 511}) {
+        browser->resize(width, 136);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Place(0).height(), 68);
+        int columns = 1;
+        while (Place(columns).top() == Place(0).top()) {
+            ++columns;
+        }
+        EXPECT_EQ(Place(columns).top() - Place(0).top(), 68);
+        EXPECT_LT(browser->width() - columns * Place(0).width(), columns + 2) << width;
+        EXPECT_EQ(Place(columns).left(), Place(0).left());
+    }
+}
+
+TEST_F(Browser, NameIsTypedInPlaceAndWantedOnce)
+{
+    Open({"Ruby", "Gold"});
+    std::vector<QString> wanted;
+    QObject::connect(browser, &LibraryBrowser::RenameWanted,
+                     [&](std::int64_t, const QString& name) { wanted.push_back(name); });
+    Click(1);
+    for (const char* typed : {"  Old   Gold ", "", "Gold"}) {
+        QTest::keyClick(&View(), Qt::Key_F2);
+        auto* editor = View().findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        editor->selectAll();
+        QTest::keyClick(editor, Qt::Key_Delete);
+        QTest::keyClicks(editor, typed);
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTest::qWait(1);
+    }
+    EXPECT_EQ(wanted, std::vector<QString>{"Old Gold"});
+}
+
+TEST_F(Browser, LettersTypedOverItBeginASearch)
+{
+    Open({"Ruby", "Gold"});
+    QTest::keyClicks(&View(), "g");
+    EXPECT_EQ(Search().text(), "g");
+    EXPECT_EQ(View().model()->rowCount(), 1);
+}
+
+TEST_F(Browser, VanishedLibraryIsToldOnceAndIsNoException)
+{
+    Open(NumberedNames(3));
+    std::vector<QString> messages;
+    QObject::connect(browser, &LibraryBrowser::Message,
+                     [&](const QString& text) { messages.push_back(text); });
+    // Fewer entries than shown, as when another program has emptied the file.
+    file->Remove(file->IdAt(2));
+    browser->grab();
+    browser->grab();
+    EXPECT_EQ(messages.size(), 1U);
+}
+
+double Luminance(const QColor& colour)
+{
+    const auto linear = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+           0.0722 * linear(colour.blueF());
+}
+
+TEST_F(Browser, EmptyStatesAreReadableOnAnyBackgroundAndDiffer)
+{
+    for (const CorvexMaterial::ColourBytes bytes : {CorvexMaterial::ColourBytes{0, 0, 0},
+                                                    {255, 255, 255},
+                                                    {128, 128, 128},
+                                                    {30, 60, 160},
+                                                    {255, 255, 0},
+                                                    {255, 0, 0},
+                                                    {0, 160, 0}}) {
+        browser->SetBackColor(MakeColour(bytes));
+        const QImage picture = browser->grab().toImage();
+        const double ground = Luminance(QColor(bytes.red, bytes.green, bytes.blue));
+        EXPECT_EQ(picture.pixel(1, 1), qRgb(bytes.red, bytes.green, bytes.blue));
+        double contrast = 1.0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const double ink = Luminance(picture.pixelColor(x, y));
+                contrast = std::max(contrast, (std::max(ink, ground) + 0.05) /
+                                                  (std::min(ink, ground) + 0.05));
+            }
+        }
+        EXPECT_GE(contrast, 3.0) << bytes.red << ' ' << bytes.green << ' ' << bytes.blue;
+    }
+    const QImage closed = browser->grab().toImage();
+    Open({});
+    const QImage empty = browser->grab().toImage();
+    EXPECT_NE(empty, closed);
+    Open({"Ruby"});
+    Search().setText("gold");
+    EXPECT_NE(browser->grab().toImage(), empty);
+    browser->Clear();
+    EXPECT_EQ(browser->grab().toImage(), closed);
+}
+
+}  // namespace

@@ -1,0 +1,242 @@
+#include "studio/browser/LibraryBrowsers.h"
+#include "studio/browser/LibraryDrag.h"
+#include "studio/browser/LibraryView.h"
+#include "studio/render/ViewportWidget.h"
+#include "tests/studio/StudioRig.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using studio::LibraryFile;
+using studio::LibraryKind;
+using studio::LibraryView;
+using StudioTest::StudioRig;
+
+class Library : public testing::Test {
+protected:
+    Library()
+    {
+        rig.Start();
+        rig.Window().Panel().put_bMaterialLibraryPanel(true);
+        rig.Window().Panel().put_bTexturePanel(true);
+        QCoreApplication::processEvents();
+    }
+
+    LibraryFile& Materials()
+    {
+        LibraryFile* file = rig.Host().Browsers().Open(LibraryKind::Materials);
+        if (file == nullptr) {
+            throw std::logic_error("no library is open");
+        }
+        return *file;
+    }
+    QUndoStack& History() { return rig.Window().History(); }
+    LibraryView& View() { return rig.Find<LibraryView>("materialEntries"); }
+    std::vector<std::string> Names()
+    {
+        std::vector<std::string> names;
+        for (int row = 0; row < View().model()->rowCount(); ++row) {
+            names.push_back(View().model()->index(row, 0).data().toString().toStdString());
+        }
+        return names;
+    }
+    void AddMaterial(const char* ambient)
+    {
+        rig.Type("txtAmbient", ambient);
+        rig.Press("cmdMaterialLibraryAdd");
+        QCoreApplication::processEvents();
+    }
+    void ClickEntry(int row)
+    {
+        View().scrollTo(View().model()->index(row, 0));
+        const QPoint place = View().visualRect(View().model()->index(row, 0)).center();
+        QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, place);
+    }
+    /// Drops on the middle of the viewport; false when nothing is there to take it.
+    bool DropInTheMiddle(const QMimeData& data)
+    {
+        QWidget& viewport = rig.Window().Viewport();
+        const QPoint place = viewport.rect().center();
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&viewport, &enter);
+        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        drop.setAccepted(false);
+        QCoreApplication::sendEvent(&viewport, &drop);
+        QCoreApplication::processEvents();
+        return enter.isAccepted() && drop.isAccepted();
+    }
+
+    StudioRig rig;
+};
+
+TEST_F(Library, FirstStartHasLibrariesAndTellsNothing)
+{
+    EXPECT_TRUE(rig.prompts.shown.empty());
+    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Gems.cvm");
+    EXPECT_EQ(rig.Find<QComboBox>("cboTextureLibrary").currentText(), "Gems.cvt");
+    EXPECT_TRUE(Names().empty());
+    EXPECT_EQ(rig.Find<QLabel>("miscField").text(), "Material Library Loaded");
+}
+
+TEST_F(Library, AddAndDeleteAreStepsOfTheHistory)
+{
+    AddMaterial("11");
+    AddMaterial("22");
+    ASSERT_EQ(Names().size(), 2U);
+    const std::string second = Names()[1];
+    EXPECT_EQ(View().currentIndex().row(), 1) << "what was added is marked";
+    EXPECT_EQ(History().count(), 2);
+
+    History().undo();
+    EXPECT_EQ(Names().size(), 1U);
+    History().redo();
+    ASSERT_EQ(Names().size(), 2U);
+    EXPECT_EQ(Names()[1], second);
+
+    ClickEntry(0);
+    QTest::keyClick(&View(), Qt::Key_Delete);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(Names(), std::vector{second});
+    History().undo();
+    ASSERT_EQ(Names().size(), 2U);
+    EXPECT_EQ(Names()[1], second) << "back to where it was";
+    EXPECT_TRUE(rig.prompts.shown.empty());
+
+    while (History().canUndo()) {
+        History().undo();
+    }
+    EXPECT_TRUE(Names().empty());
+    rig.Stop();
+    rig.Start();
+    EXPECT_TRUE(Names().empty()) << "undone in the file too";
+}
+
+TEST_F(Library, ChosenMaterialIsShownAndPutOnTheSelection)
+{
+    AddMaterial("77");
+    rig.Select({0, 1});
+    const auto before = rig.Shape(1)->Material();
+    ClickEntry(0);
+    EXPECT_EQ(rig.TextOf("txtAmbient"), "77");
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, 77);
+    EXPECT_EQ(rig.Shape(1)->Material(), rig.Shape(0)->Material());
+    History().undo();
+    EXPECT_EQ(rig.Shape(1)->Material(), before) << "both shapes were one step";
+}
+
+TEST_F(Library, RenamingIsAStepAndMovesNothing)
+{
+    AddMaterial("11");
+    AddMaterial("22");
+    const auto names = Names();
+    ClickEntry(0);
+    QTest::keyClick(&View(), Qt::Key_F2);
+    auto* editor = View().findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->setText("Onyx");
+    QTest::keyClick(editor, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Names().front() == "Onyx"; }, 2000));
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Onyx", names[1]}));
+    History().undo();
+    EXPECT_EQ(Names(), names);
+    History().redo();
+    EXPECT_EQ(Names()[0], "Onyx");
+}
+
+TEST_F(Library, StepsOfALibraryThatIsNoLongerOpenStillWork)
+{
+    AddMaterial("11");
+    const std::string first = Materials().Path();
+    const std::string other = rig.PathOf("data/Other.cvm").toStdString();
+    LibraryFile::Create(other, LibraryKind::Materials);
+    EXPECT_EQ(rig.Window().Panel().LoadMaterialLibrary("Other.cvm"),
+              CorvexMaterial::Status::Success);
+    History().undo();
+    EXPECT_EQ(LibraryFile::Open(first, LibraryKind::Materials).Count(), 0);
+    History().redo();
+    EXPECT_EQ(LibraryFile::Open(first, LibraryKind::Materials).Count(), 1);
+    EXPECT_TRUE(Names().empty());
+
+    QFile::remove(QString::fromStdString(first));
+    History().undo();
+    EXPECT_EQ(rig.prompts.shown.size(), 1U) << "told, and the step is gone";
+    EXPECT_FALSE(History().canRedo());
+}
+
+TEST_F(Library, TrashGivesBackUntilItIsEmptied)
+{
+    AddMaterial("11");
+    ClickEntry(0);
+    rig.Press("cmdMaterialLibraryDelete");
+    auto& menu = rig.Find<QMenu>("libraryMenu");
+    QMenu* trash = nullptr;
+    for (QMenu* inner : menu.findChildren<QMenu*>()) {
+        if (inner->title().contains("Material")) {
+            trash = inner;
+        }
+    }
+    ASSERT_NE(trash, nullptr);
+    Q_EMIT trash->aboutToShow();
+    ASSERT_EQ(trash->actions().size(), 1);
+    trash->actions().front()->trigger();
+    EXPECT_EQ(Names().size(), 1U);
+
+    History().undo();
+    EXPECT_TRUE(Names().empty());
+    rig.prompts.answers = {false, true};
+    rig.Find<QAction>("emptyTrash").trigger();
+    EXPECT_EQ(Materials().Trash().size(), 1U) << "No was the answer";
+    rig.Find<QAction>("emptyTrash").trigger();
+    EXPECT_TRUE(Materials().Trash().empty());
+    History().redo();
+    EXPECT_TRUE(Names().empty());
+    EXPECT_EQ(rig.prompts.shown.size(), 1U) << "what is gone for good is told";
+}
+
+TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
+{
+    AddMaterial("42");
+    const auto data = studio::DraggedEntry(Materials(), 0);
+    rig.Select({0});
+    const int steps = History().count();
+    ASSERT_TRUE(DropInTheMiddle(*data));
+    EXPECT_EQ(History().count(), steps + 1);
+    const auto& shapes = rig.Window().Scene().All();
+    const auto hit = std::ranges::find_if(
+        shapes, [](const auto& shape) { return shape->Material().Ambient == 42; });
+    ASSERT_NE(hit, shapes.end());
+
+    QMimeData image;
+    image.setUrls({QUrl::fromLocalFile(QStringLiteral("/t/oak.png"))});
+    ASSERT_TRUE(DropInTheMiddle(image));
+    EXPECT_EQ((*hit)->Material().Textures.primary, "/t/oak.png");
+    EXPECT_EQ((*hit)->Material().Ambient, 42);
+    History().undo();
+    History().undo();
+    EXPECT_NE((*hit)->Material().Ambient, 42);
+}
+
+TEST_F(Library, OpenLibraryStaysWhenTheSavedLayoutReturns)
+{
+    const std::string other = rig.PathOf("data/Other.cvm").toStdString();
+    LibraryFile::Create(other, LibraryKind::Materials);
+    rig.Window().Panel().LoadMaterialLibrary("Other.cvm");
+    for (const char* title : {"Fill the Dock", "Saved Layout"}) {
+        for (QAction* action : rig.Window().findChildren<QAction*>()) {
+            if (action->text().remove('&') == title) {
+                action->trigger();
+            }
+        }
+    }
+    EXPECT_EQ(Materials().Path(), other);
+    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Other.cvm");
+}
+
+}  // namespace
