@@ -66,7 +66,7 @@ public:
     CorvexMaterial::Host host = HostWith(memory, viewports, plugins);
     CorvexMaterial::Platform platform{
         desktop.settings,       desktop.prompts,           desktop.choosers,    desktop.processes,
-        desktop.temporaryFiles, realDesktop.Get().library, desktop.imageFormats};
+        desktop.temporaryFiles, realDesktop.Get().library, desktop.imageFormats, desktop.libraryFiles};
     CorvexMaterial::Material control{host, platform, nullptr};
     studio::ViewportWidget* view = nullptr;
 
