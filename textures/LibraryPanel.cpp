@@ -105,6 +105,7 @@ void LibraryPanel::BuildBrowserRow(const LibraryPanelKind& kind,
     m_scrollBar = new QScrollBar(Qt::Vertical, m_content);
     m_scrollBar->setObjectName(NameOf("vsb", kind));
     m_scrollBar->setRange(0, 0);
+    m_scrollBar->setEnabled(false);
     auto* row = new QHBoxLayout;
     row->setSpacing(0);
     row->addWidget(m_browserWidget, 1);
@@ -209,6 +210,7 @@ void LibraryPanel::Scrolled(const CorvexEditport::ScrollRange& range)
 {
     // The browser is there already; only a pull at the bar may move it.
     const QSignalBlocker blocked(m_scrollBar);
+    m_scrollBar->setEnabled(range.maximum > 0);
     m_scrollBar->setRange(0, range.maximum);
     m_scrollBar->setPageStep(range.page);
     m_scrollBar->setSingleStep(range.step);

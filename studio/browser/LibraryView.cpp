@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 namespace studio {
 namespace {
@@ -48,9 +49,7 @@ void LibraryView::SetEmptyText(const QString& text)
 void LibraryView::SetBackground(const QColor& background)
 {
     m_background = background;
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, background);
-    setPalette(colours);
+    viewport()->update();
 }
 
 void LibraryView::Mark(int row)
@@ -141,6 +140,8 @@ void LibraryView::ArrangeColumns()
 
 void LibraryView::paintEvent(QPaintEvent* event)
 {
+    // Not left to the palette, which an application's style sheet overrules.
+    QPainter(viewport()).fillRect(event->rect(), m_background);
     QListView::paintEvent(event);
     if (model()->rowCount() > 0) {
         return;
