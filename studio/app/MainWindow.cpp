@@ -158,7 +158,9 @@ void MainWindow::StartPanel()
 {
     const bool firstStart = !m_host.Settings().HasPanelLayout();
     const QString what = tr("The material panel did not start completely");
-    ProvideLibraries(firstStart);
+    if (firstStart) {
+        ProvideFirstLibraries();
+    }
     ListPlugins();
     Check(m_material->SetSceneDetails(m_host.SceneGraph()), what);
     Check(m_material->InitializeMaterialPreviewScene(), tr("The preview cannot be built"));

@@ -84,7 +84,7 @@ private:
     void ConnectPanel();
     void ConnectPlugins();
     void StartPanel();
-    void ProvideLibraries(bool firstStart);
+    void ProvideFirstLibraries();
     void ConnectLibraries();
     void DisconnectLibraries();
     void ConnectDrops();

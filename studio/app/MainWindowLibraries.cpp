@@ -1,10 +1,10 @@
 #include "studio/app/MainWindow.h"
 
+#include "studio/app/EventLog.h"
 #include "studio/app/PanelFill.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioSettings.h"
-#include "studio/browser/FirstLibraries.h"
 #include "studio/browser/LibraryDesk.h"
 #include "studio/browser/LibraryMenu.h"
 #include "studio/browser/ViewportDrops.h"
@@ -113,13 +113,20 @@ void MainWindow::EmptyTrash()
     }
 }
 
-void MainWindow::ProvideLibraries(bool firstStart)
+// Where no libraries are shipped the user begins with empty ones.
+void MainWindow::ProvideFirstLibraries()
 {
-    const QString folder = QString::fromStdString(m_host.State().LibraryFolder());
-    if (firstStart) {
-        ProvideFirstLibraries(folder);
-    } else {
-        LinkShippedImages(folder);
+    const QDir folder(QString::fromStdString(m_host.State().LibraryFolder()));
+    folder.mkpath(QStringLiteral("."));
+    for (const char* name : {"Gems.cvm", "Gems.cvt"}) {
+        const std::string path = folder.filePath(QLatin1String(name)).toStdString();
+        try {
+            if (!QFileInfo::exists(QString::fromStdString(path))) {
+                LibraryFile::Create(path, LibraryKindOf(path));
+            }
+        } catch (const CorvexMaterial::Error& error) {
+            m_host.Log().RecordEvent(error.what());
+        }
     }
 }
 
