@@ -135,18 +135,23 @@ constexpr std::array kColourPatterns{
 constexpr std::array kNormalPatterns{
     PovRayPattern{"bumps", false, 1.0F, {}, 0.5F},
     PovRayPattern{"dents", false, 0.6F, {}, 1.5F},
-    PovRayPattern{"ripples", false, 0.05F, {}, 0.2F},
+    PovRayPattern{"ripples", false, 4.0F, {}, 3.0F, 7.0F},
     PovRayPattern{"wrinkles", false, 1.0F, {}, 0.4F},
     PovRayPattern{"bozo", false, 0.5F, {}, 1.0F},
-    PovRayPattern{"pigment_pattern { checker rgb 0 rgb 1 }", false, 1.0F, {}, 0.6F},
+    PovRayPattern{"pigment_pattern { checker rgb 0 rgb 1 }", true, 1.0F, {}, 0.6F},
     PovRayPattern{"crackle", false, 1.0F, {}, 0.6F},
     PovRayPattern{"granite", false, 1.0F, {}, 0.5F},
-    PovRayPattern{"pigment_pattern { hexagon rgb 0 rgb 0.5 rgb 1 }", false, 1.0F, {}, 0.6F},
-    PovRayPattern{"onion", false, 0.6F, {2.0F, 2.0F, -3.0F}, 1.5F},
+    PovRayPattern{
+        "pigment_pattern { hexagon rgb 0 rgb 0.5 rgb 1 rotate 90*x }", true, 1.0F, {}, 1.0F},
+    PovRayPattern{"pigment_pattern { onion sine_wave color_map { [0 rgb 0] [1 rgb 1] } }",
+                  false,
+                  1.0F,
+                  {0.6F, 0.5F, -0.6F},
+                  0.8F},
     PovRayPattern{"quilted", false, 1.0F, {}, 0.6F},
     PovRayPattern{"spiral1 5", false, 1.0F, {}, 0.6F},
     PovRayPattern{"spiral2 5", false, 1.0F, {}, 0.6F},
-    PovRayPattern{"waves", false, 0.05F, {}, 0.15F},
+    PovRayPattern{"waves", false, 4.0F, {}, 0.9F, 20.0F},
 };
 static_assert(kColourPatterns.size() == 23 && kNormalPatterns.size() == 14);
 

@@ -17,10 +17,11 @@ struct PovRayMaterial {
 /// A pattern of POV-Ray, laid into the same space.
 struct PovRayPattern {
     std::string_view text;
-    bool blocks = false;  ///< two colours side by side, no gradual change, no frequency
+    bool blocks = false;  ///< areas side by side, no gradual change: no frequency as colours
     float scale = 1.0F;
-    QVector3D place{};      ///< of the pattern's origin
-    float strength = 1.0F;  ///< of a normal pattern: POV-Ray's own slopes differ widely
+    QVector3D place{};       ///< of the pattern's origin
+    float strength = 1.0F;   ///< of a normal pattern: POV-Ray's own slopes differ widely
+    float frequency = 1.0F;  ///< of a normal pattern: waves within its scale
 };
 
 // By position in the lists of the raytrace catalogue; null for one that is not there, and for

@@ -12,6 +12,9 @@
 namespace studio {
 namespace {
 
+/// Of a normal pattern of areas, in its own units: an edge as thin as the default is hardly seen.
+constexpr float kBlockEdge = 0.12F;
+
 const CorvexDB::udtMaterial& MaterialOf(const FrameItem& item)
 {
     static const CorvexDB::udtMaterial kDefault;
@@ -202,7 +205,10 @@ void SurfaceWriter::DeclareNormal()
     if (pattern != nullptr) {
         const PatternAmounts amounts = NormalPatternOf(m_material.RayTrace);
         m_out << pattern->text << ' ' << pattern->strength * amounts.depth
-              << " no_bump_scale frequency " << amounts.frequency;
+              << " no_bump_scale frequency " << pattern->frequency * amounts.frequency;
+        if (pattern->blocks) {
+            m_out << " accuracy " << kBlockEdge;
+        }
         if (amounts.turbulence > 0.0F) {
             m_out << " turbulence " << amounts.turbulence;
         }
