@@ -1,6 +1,6 @@
-// Every stock material and every pattern, many in one run: most of a run's time is POV-Ray's start.
+// Every stock material and every pattern, many in one run.
 
-#include "tests/studio_raytrace/RaytraceRig.h"
+#include "tests/studio_raytrace/SphereGrid.h"
 
 #include <QRegularExpression>
 
@@ -14,50 +14,8 @@ namespace {
 using namespace StudioRaytraceTest;
 using CorvexDB::udtMaterial;
 
-constexpr int kCell = 96;
-
-/// Spheres in rows, seen straight on.
-struct Contacts {
-    int columns = 10;
-    std::vector<udtMaterial> materials;
-
-    [[nodiscard]] int Rows() const
-    {
-        return (static_cast<int>(materials.size()) + columns - 1) / columns;
-    }
-    [[nodiscard]] studio::RaytraceScene Scene() const
-    {
-        studio::RaytraceScene scene;
-        const auto sphere = Sphere();
-        for (std::size_t i = 0; i < materials.size(); ++i) {
-            studio::FrameItem item;
-            item.mesh = sphere;
-            item.material = std::make_shared<udtMaterial>(materials[i]);
-            item.worldFromMesh.translate(2.3F * static_cast<float>(Column(i)),
-                                         -2.3F * static_cast<float>(Row(i)), 0.0F);
-            scene.frame.items.push_back(std::move(item));
-        }
-        const float width = 2.3F * static_cast<float>(columns);
-        const float height = 2.3F * static_cast<float>(Rows());
-        studio::Camera& camera = scene.frame.camera;
-        camera.yawDegrees = 0.0F;
-        camera.pitchDegrees = 0.0F;
-        camera.fovDegrees = 6.0F;
-        camera.target = {(width - 2.3F) / 2.0F, -(height - 2.3F) / 2.0F, 0.0F};
-        camera.distance = std::min(width, height) / 2.0F / std::tan(0.0523599F);
-        scene.frame.width = columns * kCell;
-        scene.frame.height = Rows() * kCell;
-        return scene;
-    }
-    [[nodiscard]] QRect Cell(std::size_t i) const
-    {
-        return {Column(i) * kCell, Row(i) * kCell, kCell, kCell};
-    }
-
-private:
-    [[nodiscard]] int Column(std::size_t i) const { return static_cast<int>(i) % columns; }
-    [[nodiscard]] int Row(std::size_t i) const { return static_cast<int>(i) / columns; }
-};
+constexpr int kCell = 72;
+constexpr std::size_t kStep = kSanitized ? 5 : 1;  ///< of the entries, those to draw
 
 /// Of the middle of two cells, mean over pixels and channels.
 double Difference(const QImage& one, const QImage& other)
@@ -94,8 +52,13 @@ QStringList OwnComplaints(const QString& messages)
         QRegularExpression(QStringLiteral("scene\\.pov.*(Warning|Error)|Parse Error")));
 }
 
-void CheckContacts(RaytraceRig& rig, const Contacts& contacts, const char* file)
+void CheckContacts(RaytraceRig& rig, SphereGrid contacts, const char* file)
 {
+    std::vector<udtMaterial> drawn;
+    for (std::size_t i = 0; i < contacts.materials.size(); i += kStep) {
+        drawn.push_back(contacts.materials[i]);
+    }
+    contacts.materials = std::move(drawn);
     const Raytraced result = rig.Raytrace(contacts.Scene(), false);
     ASSERT_FALSE(result.picture.isNull()) << result.messages.right(3000).toStdString();
     EXPECT_TRUE(OwnComplaints(result.messages).isEmpty())
@@ -114,7 +77,8 @@ void CheckContacts(RaytraceRig& rig, const Contacts& contacts, const char* file)
 TEST(Catalogue, EveryPredefinedMaterialIsAPictureOfItsOwn)
 {
     constexpr std::array<int, 5> kCounts{13, 23, 31, 5, 8};
-    Contacts contacts;
+    SphereGrid contacts;
+    contacts.cell = kCell;
     for (int type = 0; type < 5; ++type) {
         for (int i = 0; i < kCounts[static_cast<std::size_t>(type)]; ++i) {
             udtMaterial material;
@@ -131,7 +95,8 @@ TEST(Catalogue, EveryPredefinedMaterialIsAPictureOfItsOwn)
 
 TEST(Catalogue, EveryPatternIsAPictureOfItsOwn)
 {
-    Contacts contacts;
+    SphereGrid contacts;
+    contacts.cell = kCell;
     contacts.columns = 8;
     for (int i = 0; i <= 23; ++i) {
         udtMaterial material;
@@ -197,7 +162,8 @@ TEST(Catalogue, FinishSlidersChangeThePicture)
             a.NormalPatternFrequency = 6.0F;
         },
     };
-    Contacts contacts;
+    SphereGrid contacts;
+    contacts.cell = kCell;
     contacts.columns = 5;
     for (const auto& change : changes) {
         udtMaterial material;

@@ -90,8 +90,7 @@ protected:
 
 TEST_F(Launcher, DrawsAJobInWhateverFolder)
 {
-    for (const char* below :
-         {"", "with blanks in it", "häßlich 石 тест", "a \"quoted\" #1; b=[c] %d"}) {
+    for (const char* below : {"", "häßlich 石 тест, a \"quoted\" #1; b=[c] %d"}) {
         WriteJob(QString::fromUtf8(below), kScene);
         EXPECT_EQ(Run(), 0) << below << process.readAllStandardError().toStdString();
         ASSERT_EQ(Picture().size(), QSize(64, 48)) << below;
@@ -113,7 +112,7 @@ TEST_F(Launcher, CancelEndsPovRayAndCleansUp)
 {
     WriteJob({}, kEndless);
     Start();
-    QTest::qWait(1200);
+    QTest::qWait(600);
     QElapsedTimer timer;
     timer.start();
     process.terminate();

@@ -13,6 +13,13 @@
 
 namespace StudioRaytraceTest {
 
+/// POV-Ray is not what a sanitizer build looks at: it gets less to draw there.
+#ifdef __SANITIZE_ADDRESS__
+constexpr bool kSanitized = true;
+#else
+constexpr bool kSanitized = false;
+#endif
+
 /// What POV-Ray made of a scene, and what it had to say about it.
 struct Raytraced {
     QImage picture;  ///< null when there is none
