@@ -14,7 +14,8 @@ install(DIRECTORY ${PROJECT_BINARY_DIR}/lib/System
     DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Control)
 
 set(corvexHeaders
-    host/Colour.h host/CorvexCommon.h host/CorvexDB.h host/CorvexEditport.h host/CorvexSG.h
+    host/Colour.h host/CommandLine.h host/CorvexCommon.h host/CorvexDB.h host/CorvexEditport.h
+    host/CorvexSG.h
     host/CorvexViewport.h host/Export.h host/Host.h host/MaterialRecord.h host/PluginParameter.h
     host/RaytraceAttributes.h host/Status.h
     platform/Files.h platform/Platform.h platform/Processes.h platform/Prompts.h

@@ -23,7 +23,8 @@ public:
 
     /// Names the settings of this control; read afresh before each access.
     virtual std::string SettingsApplicationName() = 0;
-    /// Folder of the library files, without a trailing separator.
+    /// Folder of the library files, without a trailing separator. Empty when the host keeps no
+    /// libraries: then none is loaded, and none missed, with the saved state.
     virtual std::string LibraryFolder() = 0;
     /// Whether raytracing with POV-Ray can be offered to the user.
     virtual bool RaytracerAvailable() = 0;

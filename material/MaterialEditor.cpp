@@ -282,6 +282,12 @@ void MaterialEditor::LoadSavedStatus()
 // One that cannot be read must not keep the other from being shown; a missing one is no failure.
 Status MaterialEditor::LoadSavedLibraries()
 {
+    bool areKept = false;
+    const Status asked = m_trap(
+        "LibraryFolder", [&] { areKept = !m_host.applicationState.LibraryFolder().empty(); });
+    if (!areKept) {
+        return asked;
+    }
     const Status textures = m_trap("LoadTextureLibrary", [this] {
         m_textureLibrary.Load(std::string(m_attributes.TextureLibrary()));
     });

@@ -11,7 +11,7 @@
 class HostState final : public CorvexDB::ApplicationState {
 public:
     std::string SettingsApplicationName() override { return "Minimal Host"; }
-    std::string LibraryFolder() override { return "."; }
+    std::string LibraryFolder() override { return {}; }
     bool RaytracerAvailable() override { return false; }
     CorvexDB::Raytracer SelectedRaytracer() override { return CorvexDB::Raytracer::PovRay; }
     std::string PovRayProgram() override { return {}; }
