@@ -1,5 +1,7 @@
 #include "studio/app/MainWindow.h"
 #include "studio/app/MaterialExchange.h"
+#include "studio/app/StudioHost.h"
+#include "studio/browser/LibraryDesk.h"
 
 namespace studio {
 
@@ -8,9 +10,12 @@ void MainWindow::ConnectExchange()
     connect(m_exchange, &MaterialExchange::Refused, this, [this](const QString& message) {
         Tell(message, CorvexMaterial::PromptIcon::Exclamation);
     });
-    // The panel counts the entries of a library when it opens it, and tells of problems itself.
     connect(m_exchange, &MaterialExchange::Imported, this, [this](const LibraryChange& change) {
-        static_cast<void>(m_material->LoadMaterialLibrary(change.path));
+        if (change.ids.empty()) {
+            return;
+        }
+        m_desk->Record(LibraryKind::Materials, change);
+        m_host.Browsers().ShowAgain(LibraryKind::Materials, change.ids.back());
     });
 }
 

@@ -84,16 +84,34 @@ void LibraryDesk::Record(LibraryKind kind, const LibraryChange& change)
     Reporting([&] {
         LibraryFile* file = m_browsers.Open(kind);
         const bool added = change.kind == LibraryChange::Kind::Added;
+        std::vector<LibraryEdit> edits;
         for (const EntryId id : change.ids) {
-            Push({added ? LibraryEdit::What::Add : LibraryEdit::What::Remove,
-                  kind,
-                  change.path,
-                  id,
-                  file != nullptr ? NameOf(*file, id) : std::string(),
-                  {}});
-            RevealSoon(kind, id);
+            edits.push_back({added ? LibraryEdit::What::Add : LibraryEdit::What::Remove,
+                             kind,
+                             change.path,
+                             id,
+                             file != nullptr ? NameOf(*file, id) : std::string(),
+                             {}});
+        }
+        PushAsOne(std::move(edits), added ? tr("Add to Library") : tr("Delete from Library"));
+        if (!change.ids.empty()) {
+            RevealSoon(kind, change.ids.back());
         }
     });
+}
+
+void LibraryDesk::PushAsOne(std::vector<LibraryEdit> edits, const QString& text)
+{
+    const bool several = edits.size() > 1;
+    if (several) {
+        m_history.beginMacro(text);
+    }
+    for (LibraryEdit& edit : edits) {
+        Push(std::move(edit));
+    }
+    if (several) {
+        m_history.endMacro();
+    }
 }
 
 // The panel shows the library anew after its change, which undoes every marking.

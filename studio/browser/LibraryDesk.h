@@ -18,7 +18,7 @@ public:
     /// Both outlive the desk.
     LibraryDesk(LibraryBrowsers& browsers, QUndoStack& history, QObject* parent = nullptr);
 
-    /// The panel has made this change through the host.
+    /// This change has been made already; it becomes one step, however many entries it has.
     void Record(LibraryKind kind, const LibraryChange& change);
     void Rename(LibraryKind kind, EntryId id, const QString& name);
     void RenameSelected(LibraryKind kind);
@@ -39,6 +39,7 @@ Q_SIGNALS:
 private:
     bool Make(const LibraryEdit& change);
     void Push(LibraryEdit change);
+    void PushAsOne(std::vector<LibraryEdit> edits, const QString& text);
     void RevealSoon(LibraryKind kind, EntryId id);
     bool Reporting(const std::function<void()>& work);
 

@@ -57,6 +57,10 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
     rig.Find<QCheckBox>("showAll").click();
     EXPECT_EQ(rows.rowCount(), 5);
     rig.Find<QDialogButtonBox>("buttons").button(QDialogButtonBox::Close)->click();
+    rig.Window().History().undo();
+    EXPECT_EQ(Library().Count(), 0);
+    rig.Window().History().redo();
+    EXPECT_EQ(Library().Count(), 2);
 
     const QString out = rig.PathOf("out.mtlx");
     rig.Window().Exchange().Export(out);
