@@ -198,7 +198,7 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
         const std::vector<QPoint> inside = Inside(drawn, compared.empty.copy(grid.Cell(i)));
         const double difference = MeanDifference(drawn, raytraced, inside);
         std::printf("%-18s %.2f\n", cases[i].name, difference);
-        EXPECT_GT(inside.size(), kCell * kCell / 4U) << cases[i].name;
+        EXPECT_GT(inside.size(), kCell * kCell / 8U) << cases[i].name;
         EXPECT_LT(difference, cases[i].tolerance) << cases[i].name;
         pairs.pictures.insert(pairs.pictures.end(), {drawn, raytraced});
         pairs.captions << QLatin1String(cases[i].name)
