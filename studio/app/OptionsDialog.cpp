@@ -13,7 +13,8 @@ namespace {
 
 constexpr const char* kMaterialBackground = "ColorBackgroundMaterial";
 constexpr const char* kTextureBackground = "ColorBackgroundTexture";
-constexpr CorvexMaterial::Colour kPaleGreen = 0xEEFFEE;
+// The control's own are nearly white, which glares in a dark window.
+constexpr CorvexMaterial::Colour kGraphite = 0x2D2926;
 constexpr CorvexMaterial::Colour kSlate = 0x453D38;
 
 QColor Shown(CorvexMaterial::Colour colour)
@@ -36,8 +37,8 @@ StudioColours ReadColours(const StudioSettings& settings)
 {
     return {settings.Number(kPreviewBackgroundSetting, kSlate),
             settings.Number(kViewportBackgroundSetting, kSlate),
-            settings.LibraryBackground(kMaterialBackground, kPaleGreen),
-            settings.LibraryBackground(kTextureBackground, CorvexMaterial::kWhite)};
+            settings.LibraryBackground(kMaterialBackground, kGraphite),
+            settings.LibraryBackground(kTextureBackground, kGraphite)};
 }
 
 OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)

@@ -1,6 +1,7 @@
 #include "studio/app/Tour.h"
 
 #include "studio/app/TourLayers.h"
+#include "studio/app/TourLibraries.h"
 #include "studio/app/TourStudio.h"
 
 #include <QDir>
@@ -142,6 +143,12 @@ void PluginsOnModel(TourStudio& studio)
     ShowPlugins(studio);
 }
 
+void LibrariesOnModel(TourStudio& studio)
+{
+    studio.OpenModel(studio.Model());
+    ShowLibraries(studio);
+}
+
 struct Chapter {
     const char* name;
     const char* scale;  ///< of the desktop
@@ -154,6 +161,7 @@ constexpr std::array kChapters{
     Chapter{"large", "2", 21, LargeScale},
     Chapter{"layers", "1", 31, LayersOfModel},
     Chapter{"plug-ins", "1", 51, PluginsOnModel},
+    Chapter{"libraries", "1", 61, LibrariesOnModel},
 };
 
 void RunChapter(const Chapter& chapter, const TourRequest& request)

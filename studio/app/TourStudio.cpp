@@ -1,5 +1,6 @@
 #include "studio/app/TourStudio.h"
 
+#include "studio/app/ShippedLibraries.h"
 #include "studio/render/ViewportWidget.h"
 
 #include <QFile>
@@ -14,6 +15,14 @@ CorvexMaterial::Platform WithPrompts(const CorvexMaterial::Platform& desktop,
 {
     return {desktop.settings,       prompts,         desktop.choosers,     desktop.processes,
             desktop.temporaryFiles, desktop.library, desktop.imageFormats, desktop.libraryFiles};
+}
+
+StudioProfile ProfileWithLibraries(const QString& folder)
+{
+    const StudioProfile profile = ProfileIn(folder);
+    const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
+    Expect(problems.isEmpty(), problems.join(u' '));
+    return profile;
 }
 
 QPoint PointOf(const ViewportWidget& viewport, const QVector3D& world)
@@ -39,7 +48,7 @@ bool TourPrompts::AskYesNo(const CorvexMaterial::Message& question)
 }
 
 TourStudio::TourStudio(const QString& pictures, int firstNumber)
-    : m_host(ProfileIn(m_folder.path()), m_desktop.Get().settings),
+    : m_host(ProfileWithLibraries(m_folder.path()), m_desktop.Get().settings),
       m_platform(WithPrompts(m_desktop.Get(), m_prompts)), m_window(m_host, m_platform),
       m_guide(m_window, pictures, firstNumber)
 {

@@ -29,6 +29,7 @@ public:
     [[nodiscard]] MainWindow& Window() { return m_window; }
     [[nodiscard]] TourGuide& Guide() { return m_guide; }
     [[nodiscard]] StudioHost& Host() { return m_host; }
+    [[nodiscard]] CorvexMaterial::SettingsStore& Settings() { return m_desktop.Get().settings; }
     /// A folder that goes with the tour.
     [[nodiscard]] QString Folder() const { return m_folder.path(); }
     /// The file of a copy of a model that is built in.
