@@ -5,6 +5,7 @@
 #include "material/IMaterial.h"
 #include "material/MaterialEditor.h"
 #include "material/SurfacePanel.h"
+#include "platform/NumberText.h"
 #include "preview/PreviewPanel.h"
 #include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/SimulationTexture.h"
@@ -123,13 +124,23 @@ void RaytraceFlow::Take(const frmMaterialExtended& dialog)
     m_editor.Attributes().RayTrace() = attributes;
     const std::string& texture = dialog.SimulationTexture();
     if (!texture.empty()) {
-        m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary, texture);
+        ShowAsRendered(texture);
     }
     Require(m_control.put_lRaytraceColorPatternType(attributes.ColorPattern));
     Require(m_control.put_lRaytracePredefinedType(attributes.PredefinedType));
     Require(m_control.put_lRaytraceType(attributes.MaterialType));
     if (!texture.empty()) {
         Notice(attributes);
+    }
+}
+
+// The picture holds the material's own colour and shine; the panel's would be put on top of them.
+void RaytraceFlow::ShowAsRendered(const std::string& texture)
+{
+    m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary, texture);
+    m_editor.Attributes().Show(Attribute::Color, TextOfWholeNumber(kWhite));
+    for (const Attribute amount : {Attribute::Specular, Attribute::Transparency}) {
+        m_editor.Attributes().Show(amount, "0");
     }
 }
 

@@ -32,6 +32,7 @@ private:
                         const std::function<void(CorvexSG::Scene&)>& use) override;
 
     void Take(const frmMaterialExtended& dialog);
+    void ShowAsRendered(const std::string& texture);
     void Notice(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 
     MaterialEditor& m_editor;

@@ -95,6 +95,12 @@ bool ChannelTabBar::TakesFiles(int tab) const
     return tab >= m_firstFileTab && tab <= m_lastFileTab;
 }
 
+// The wheel scrolls the panel; a tab is changed on purpose.
+void ChannelTabBar::wheelEvent(QWheelEvent* event)
+{
+    event->ignore();
+}
+
 void ChannelTabBar::dragEnterEvent(QDragEnterEvent* event)
 {
     // Without the entry there are no moves, and only they tell the tab.

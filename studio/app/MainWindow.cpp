@@ -120,6 +120,12 @@ void MainWindow::ConnectPanel()
     const auto report = [this](const QString& what, Status status) { Check(status, what); };
     connect(m_link, &MaterialLink::Failed, this, report);
     connect(m_fill, &PanelFill::Failed, this, report);
+    // The control read its own colours again with its layout.
+    connect(m_fill, &PanelFill::Changed, this, [this](bool filled) {
+        if (!filled) {
+            ApplyColours();
+        }
+    });
     connect(m_opener, &ModelOpener::Opened, this, &MainWindow::ShowModel);
     connect(m_opener, &ModelOpener::Refused, this, &MainWindow::RefuseModel);
     connect(m_opener, &ModelOpener::Cancelled, this, [this](const QString& file) {
@@ -183,7 +189,7 @@ void MainWindow::ApplyColours()
 
 void MainWindow::RestoreGeometry()
 {
-    resize(1280, 800);
+    resize(QSize(1280, 800).boundedTo(screen()->availableSize()));
     const StudioSettings& settings = m_host.Settings();
     const auto bytes = [&settings](const char* key) {
         return QByteArray::fromBase64(settings.Text(key).toLatin1());

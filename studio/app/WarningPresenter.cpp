@@ -4,6 +4,9 @@
 #include "host/Status.h"
 #include "studio/app/WarningDialog.h"
 
+#include <QApplication>
+#include <QTimer>
+
 namespace studio {
 namespace {
 
@@ -35,6 +38,15 @@ void WarningPresenter::Present(const QString& application, const QString& warnin
         Keep(application, key, dialog->ContinueToReceive());
     });
     dialog->show();
+    // A dialog that opens with the warning would cover it and keep it from being closed.
+    QTimer::singleShot(0, dialog, [dialog] {
+        QWidget* const front = QApplication::activeModalWidget();
+        if (front != nullptr && front != dialog) {
+            dialog->setParent(front, dialog->windowFlags());
+            dialog->show();
+            dialog->raise();
+        }
+    });
 }
 
 void WarningPresenter::CloseAll()

@@ -65,6 +65,7 @@ void LibraryBrowser::Connect()
     connect(m_view, &LibraryView::DeletePressed, this, &LibraryBrowser::DeletePressed);
     connect(m_view, &LibraryView::SearchTyped, m_search, &SearchField::Append);
     connect(m_search, &SearchField::QueryChanged, this, &LibraryBrowser::Search);
+    connect(m_search, &SearchField::Refused, this, &LibraryBrowser::Message);
     connect(m_search, &SearchField::Left, m_view, qOverload<>(&QWidget::setFocus));
     // Queued: the editor has to be gone before the entries are shown anew.
     connect(m_model, &LibraryModel::RenameWanted, this, &LibraryBrowser::RenameWanted,

@@ -45,6 +45,7 @@ void SearchField::Read()
     const QueryReading reading = ReadLibraryQuery(typed.toStdString());
     if (const auto* error = std::get_if<std::string>(&reading)) {
         ShowError(QString::fromStdString(*error));
+        Q_EMIT Refused(QString::fromStdString(*error));
         return;
     }
     m_hasQuery = true;

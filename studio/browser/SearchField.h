@@ -20,6 +20,8 @@ public:
     void Append(const QString& text);
 
 Q_SIGNALS:
+    /// What was typed is no query; the text says why.
+    void Refused(const QString& error);
     /// Nothing: all entries.
     void QueryChanged(const std::optional<studio::LibraryQuery>& query);
     /// The user is done with searching and goes on in the browser.

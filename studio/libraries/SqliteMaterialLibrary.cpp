@@ -1,6 +1,7 @@
 #include "studio/libraries/SqliteMaterialLibrary.h"
 
 #include "host/Status.h"
+#include "studio/libraries/LastingPicture.h"
 #include "studio/libraries/LibraryReading.h"
 #include "studio/libraries/MaterialName.h"
 #include "studio/libraries/StoredPath.h"
@@ -33,7 +34,9 @@ CorvexDB::udtMaterial SqliteMaterialLibrary::MaterialAt(std::int32_t index)
 void SqliteMaterialLibrary::AddMaterialToLibrary(const CorvexDB::udtMaterial& material)
 {
     LibraryFile& file = OpenedFile();
-    const NamedMaterial named{UnusedName(file, DescriptiveName(material)), material};
+    NamedMaterial named{UnusedName(file, DescriptiveName(material)), material};
+    named.material.Textures.primary =
+        WithLastingPicture(material.Textures.primary, FolderOf(file.Path()));
     NewEntry entry = EntryOfMaterial(named, FolderOf(file.Path()),
                                      m_services.customFields.GetCustomMaterialFieldNames());
     entry.png = m_services.thumbnails.PngIfPossible(material);

@@ -56,7 +56,8 @@ void RenderWindow::Start(const QString& program, const RaytraceScene& scene,
 {
     const QSize size(scene.frame.width, scene.frame.height);
     m_picture->setMinimumSize(size);
-    resize(size.boundedTo({1400, 900}) + QSize(40, 80));
+    const QSize room = screen()->availableSize() * 9 / 10;
+    resize((size + QSize(40, 80)).boundedTo(room));
     m_run->Start(program, scene, textures, antialias);
 }
 

@@ -2,6 +2,7 @@
 
 #include "dialogs/WarningCatalogue.h"
 #include "studio/app/StudioApplicationState.h"
+#include "studio/libraries/SqliteMaterialLibrary.h"
 #include "studio/render/ViewportWidget.h"
 #include "tests/studio/StudioRig.h"
 
@@ -110,6 +111,15 @@ TEST_F(Raytracing, ASimulationIsTheOnlyFileThatStays)
     EXPECT_EQ(Files(), QStringList(QFileInfo(texture).fileName()));
     EXPECT_EQ(QFileInfo(texture).path(), QFileInfo(jobs.path()).canonicalFilePath());
     EXPECT_GT(Colours(QImage(texture)), 15U);
+    EXPECT_EQ(rig.Shape(0)->Material().Color, CorvexMaterial::kWhite);
+
+    auto& library = rig.Host().Materials();
+    const QString path = rig.PathOf("Kept.cvm");
+    library.CreateLibrary(path.toStdString());
+    library.Open(path.toStdString());
+    library.AddMaterialToLibrary(rig.Shape(0)->Material());
+    ASSERT_TRUE(QFile::remove(texture));
+    EXPECT_GT(Colours(QImage(QString::fromStdString(library.MaterialAt(0).Textures.primary))), 15U);
 }
 
 }  // namespace
