@@ -83,14 +83,21 @@ constexpr unsigned int kSteps = aiProcess_Triangulate | aiProcess_JoinIdenticalV
     throw Error(Status::FileFailed, path + ": " + reason);
 }
 
-// The path as the file has it, relative to the file; only an existing file is kept.
+// Relative to the model, or beside it when the path is another machine's. One that is not there is
+// kept, so that it shows as missing and can be looked for.
 std::string TexturePath(const std::string& modelPath, std::string texture)
 {
+    if (texture.empty()) {
+        return {};
+    }
     std::ranges::replace(texture, '\\', '/');
+    const std::filesystem::path folder = std::filesystem::path(modelPath).parent_path();
+    const std::filesystem::path named = (folder / texture).lexically_normal();
+    const std::filesystem::path beside = folder / named.filename();
     std::error_code error;
-    const std::filesystem::path path = std::filesystem::path(modelPath).parent_path() / texture;
-    const bool file = !texture.empty() && std::filesystem::is_regular_file(path, error);
-    return file ? path.lexically_normal().string() : std::string();
+    const bool isMoved = !std::filesystem::is_regular_file(named, error) &&
+                         std::filesystem::is_regular_file(beside, error);
+    return isMoved ? beside.string() : named.string();
 }
 
 ImportedModel ModelFrom(const aiScene& scene, const std::string& path)

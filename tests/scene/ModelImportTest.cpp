@@ -111,17 +111,19 @@ TEST(ModelImport, KeepsTheLookOfTheMaterials)
     EXPECT_EQ(leaf[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromWrap);
 }
 
-TEST(ModelImport, TexturesAreFoundBesideTheModel)
+TEST(ModelImport, TexturesAreFoundBesideTheModelAndMissingOnesKeepTheirPath)
 {
     const Folder folder;
     const QString picture = folder.Write("bark.png", "a picture");
-    folder.Write("tree.mtl", "newmtl a\nmap_Kd bark.png\nnewmtl b\nmap_Kd gone.png\n");
+    folder.Write("tree.mtl", "newmtl a\nmap_Kd C:\\old\\bark.png\n"
+                             "newmtl b\nmap_Kd away/gone.png\n");
     const QString model = folder.Write("tree.obj", "mtllib tree.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
                                                    "usemtl a\nf 1 2 3\nusemtl b\nf 3 2 1\n");
     const auto shapes = studio::ShapesOf(*ImportModelNow(model, Importer()).model);
     ASSERT_EQ(shapes.size(), 2U);
     EXPECT_EQ(shapes[0]->Material().Textures.primary, picture.toStdString());
-    EXPECT_EQ(shapes[1]->Material().Textures.primary, "");
+    EXPECT_EQ(shapes[1]->Material().Textures.primary,
+              QFileInfo(model).path().toStdString() + "/away/gone.png");
 }
 
 struct BadFile {
