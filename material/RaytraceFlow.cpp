@@ -121,10 +121,15 @@ void RaytraceFlow::Take(const frmMaterialExtended& dialog)
 {
     const CorvexDB::cdtRayTraceMaterialAttributes& attributes =
         dialog.get_cdtRayTraceMaterialAttributes();
+    const bool changed = m_editor.Attributes().RayTrace() != attributes;
     m_editor.Attributes().RayTrace() = attributes;
     const std::string& texture = dialog.SimulationTexture();
+    TexturePage& textures = m_editor.Form().Attributes().Channels().Textures();
     if (!texture.empty()) {
         ShowAsRendered(texture);
+    } else if (changed && IsSimulationTexture(textures.File(TextureLayer::Primary))) {
+        // It stands for other attributes than these.
+        textures.SetFile(TextureLayer::Primary, {});
     }
     Require(m_control.put_lRaytraceColorPatternType(attributes.ColorPattern));
     Require(m_control.put_lRaytracePredefinedType(attributes.PredefinedType));
@@ -134,10 +139,15 @@ void RaytraceFlow::Take(const frmMaterialExtended& dialog)
     }
 }
 
-// The picture holds the material's own colour and shine; the panel's would be put on top of them.
+// The picture of a predefined material holds its colour and shine; the panel's would be put on top
+// of them. That of a pattern holds the pattern alone.
 void RaytraceFlow::ShowAsRendered(const std::string& texture)
 {
     m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary, texture);
+    if (m_editor.Attributes().RayTrace().MaterialType !=
+        static_cast<std::int32_t>(MaterialType::Predefined)) {
+        return;
+    }
     m_editor.Attributes().Show(Attribute::Color, TextOfWholeNumber(kWhite));
     for (const Attribute amount : {Attribute::Specular, Attribute::Transparency}) {
         m_editor.Attributes().Show(amount, "0");

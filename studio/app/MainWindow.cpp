@@ -70,6 +70,7 @@ void MainWindow::BuildStatusBar()
 {
     m_misc = new QLabel(this);
     m_misc->setObjectName(QStringLiteral("miscField"));
+    m_misc->setTextFormat(Qt::PlainText);  // it shows names that come from files
     m_position = new QLabel(this);
     m_position->setObjectName(QStringLiteral("positionField"));
     statusBar()->addWidget(m_misc, 1);

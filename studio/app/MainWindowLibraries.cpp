@@ -13,6 +13,7 @@
 #include "studio/render/ViewportWidget.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenuBar>
@@ -42,8 +43,12 @@ void MainWindow::ConnectLibraries()
     connect(m_desk, &LibraryDesk::Refused, this, [this](const QString& message) {
         Tell(message, CorvexMaterial::PromptIcon::Exclamation);
     });
-    connect(&m_host.Browsers(), &LibraryBrowsers::DeletePressed, this,
-            [this](LibraryKind kind) { PressLibraryButton(kind, "Delete"); });
+    connect(&m_host.Browsers(), &LibraryBrowsers::DeletePressed, this, [this](LibraryKind kind) {
+        // A browser in a dialog has a selection of its own; the button is about the panel's.
+        if (QApplication::activeModalWidget() == nullptr) {
+            PressLibraryButton(kind, "Delete");
+        }
+    });
     m_host.Materials().SetListener(
         [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Materials, change); });
     m_host.Textures().SetListener(

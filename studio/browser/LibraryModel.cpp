@@ -40,7 +40,7 @@ void LibraryModel::SetQuery(std::optional<LibraryQuery> query)
 
 void LibraryModel::Find()
 {
-    if (m_query) {
+    if (m_query && m_entries >= 0) {
         m_found = File()->Search(*m_query);
     }
 }

@@ -56,7 +56,7 @@ void PovRayProbe::ShowProgram()
     const QString systems = FindPovRay({});
     m_controls.program.setPlaceholderText(systems.isEmpty() ? tr("not found") : systems);
     m_controls.picture.clear();
-    m_controls.test.setEnabled(!found.isEmpty());
+    m_controls.test.setEnabled(!found.isEmpty() && !m_run.IsRunning());
     if (found.isEmpty()) {
         m_controls.status.setText(
             tr("No program named povray is installed where programs are looked for. Install "

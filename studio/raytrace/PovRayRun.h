@@ -21,6 +21,7 @@ public:
     /// Ends a run that is still going.
     ~PovRayRun() override;
 
+    [[nodiscard]] bool IsRunning() const { return m_process.state() != QProcess::NotRunning; }
     /// The picture has the size of the scene's frame; antialias 0 is off, 1 depth 2, more depth 4.
     /// `Finished` or `Failed` follows, from the event loop. Errors: FileFailed.
     void Start(const QString& program, const RaytraceScene& scene,

@@ -3,6 +3,7 @@
 #include "studio/raytrace/PovRayCatalogue.h"
 #include "studio/raytrace/PovRayImages.h"
 #include "studio/raytrace/PovRayMesh.h"
+#include "studio/raytrace/Quoting.h"
 #include "studio/raytrace/RaytraceAmounts.h"
 #include "studio/render/MaterialModel.h"
 
@@ -187,9 +188,9 @@ void SurfaceWriter::DeclarePigment()
 void SurfaceWriter::WriteBumps(const RaytraceImage& heights)
 {
     const int pixels = std::max(heights.size.width(), heights.size.height());
-    m_out << "  " << m_placement.Mapping() << "bump_map { " << heights.kind << " \"" << heights.path
-          << "\" gamma 1.0 interpolate 2 bump_size " << kBumpHeight * static_cast<float>(pixels)
-          << " }";
+    m_out << "  " << m_placement.Mapping() << "bump_map { " << heights.kind << ' '
+          << PovRayString(heights.path) << " gamma 1.0 interpolate 2 bump_size "
+          << kBumpHeight * static_cast<float>(pixels) << " }";
     WritePlacement(m_out, m_placement);
 }
 

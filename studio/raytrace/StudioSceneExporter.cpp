@@ -139,6 +139,9 @@ RaytraceScene FlatSampleOf(const RaytraceScene& scene)
     if (!scene.frame.items.empty() && scene.frame.items.front().material) {
         CorvexDB::udtMaterial material = *scene.frame.items.front().material;
         material.Textures = {};
+        // The shape puts its own colour and transparency on the sample.
+        material.Color = CorvexMaterial::kWhite;
+        material.Transparency = 0;
         square.material = std::make_shared<CorvexDB::udtMaterial>(std::move(material));
     }
     sample.frame.items.push_back(std::move(square));

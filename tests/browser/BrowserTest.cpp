@@ -126,6 +126,7 @@ TEST_F(Browser, SearchShowsWhatMatchesAndTellsPlacesInTheFile)
     search.setText("jade");
     file->Add(studio::EntryOfMaterial({"Jade 2", {}}, libraries.PathOf("")));
     browser->Clear();
+    EXPECT_EQ(View().model()->rowCount(), 0) << "nothing is shown of a library that is not";
     browser->ShowItems(file->Count());
     EXPECT_EQ(View().model()->rowCount(), 2) << "the search holds for what is shown next";
 }

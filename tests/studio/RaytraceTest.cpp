@@ -111,7 +111,6 @@ TEST_F(Raytracing, ASimulationIsTheOnlyFileThatStays)
     EXPECT_EQ(Files(), QStringList(QFileInfo(texture).fileName()));
     EXPECT_EQ(QFileInfo(texture).path(), QFileInfo(jobs.path()).canonicalFilePath());
     EXPECT_GT(Colours(QImage(texture)), 15U);
-    EXPECT_EQ(rig.Shape(0)->Material().Color, CorvexMaterial::kWhite);
 
     auto& library = rig.Host().Materials();
     const QString path = rig.PathOf("Kept.cvm");
@@ -120,6 +119,15 @@ TEST_F(Raytracing, ASimulationIsTheOnlyFileThatStays)
     library.AddMaterialToLibrary(rig.Shape(0)->Material());
     ASSERT_TRUE(QFile::remove(texture));
     EXPECT_GT(Colours(QImage(QString::fromStdString(library.MaterialAt(0).Textures.primary))), 15U);
+
+    // Without the pattern the picture stands for nothing.
+    const CorvexTest::DialogAnswer none([](QDialog& dialog) {
+        CorvexTest::Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "None");
+        CorvexTest::Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+    });
+    rig.Press("cmdMaterialExtended");
+    ASSERT_TRUE(none.Given());
+    EXPECT_EQ(rig.Shape(0)->Material().Textures.primary, "");
 }
 
 }  // namespace
