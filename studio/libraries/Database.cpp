@@ -36,6 +36,9 @@ constexpr std::array kSqliteCauses{
 
 std::string SqliteCauseOf(sqlite3* handle)
 {
+    if (sqlite3_extended_errcode(handle) == SQLITE_READONLY_DBMOVED) {
+        return "the file was moved, replaced or deleted meanwhile; choose it again";
+    }
     const int code = sqlite3_errcode(handle) & 0xFF;
     for (const SqliteCause& cause : kSqliteCauses) {
         if (cause.code == code) {

@@ -176,26 +176,24 @@ void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
 RaytraceImages::Place ImagesBeside(const QString& sceneFile)
 {
     const QFileInfo file(sceneFile);
-    const QString folder = file.completeBaseName() + QStringLiteral("_textures");
-    const QString whole = QDir(file.absolutePath()).filePath(folder);
-    // By its bare name where the raytracer takes that, so that both can be moved together.
-    const std::string name = folder.toStdString();
-    return {whole, IsPlainPath(name) ? name + '/' : std::string()};
+    const QString base = file.completeBaseName();
+    // By a bare name that the raytracer takes, so that both can be moved together.
+    const QString plain =
+        IsPlainPath(base.toStdString()) ? base : QStringLiteral("scene-%1").arg(qHash(base), 0, 16);
+    const QString folder = plain + QStringLiteral("_textures");
+    return {QDir(file.absolutePath()).filePath(folder), folder.toStdString() + '/'};
 }
 
-RaytraceImages::Place StudioSceneExporter::ConvertedImages()
+StudioSceneExporter::~StudioSceneExporter()
 {
-    if (!m_converted) {
-        m_converted.emplace(QDir::tempPath() + QStringLiteral("/corvex-textures-XXXXXX"));
+    RemoveConverted();
+}
+
+void StudioSceneExporter::RemoveConverted()
+{
+    if (!m_converted.isEmpty()) {
+        QDir(std::exchange(m_converted, {})).removeRecursively();
     }
-    // A folder per job: the files of an earlier one may still be read.
-    static constexpr auto kPattern = "/job%1";
-    int number = 1;
-    while (QFileInfo::exists(m_converted->path() + QString::fromLatin1(kPattern).arg(number))) {
-        ++number;
-    }
-    const QString folder = m_converted->path() + QString::fromLatin1(kPattern).arg(number);
-    return {folder, folder.toStdString() + '/'};
 }
 
 std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExport& request)
@@ -205,8 +203,14 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
         scene = FlatSampleOf(scene);
     }
     Proportion(scene.frame, request.aspectRatio);
-    WriteRaytraceScene(QString::fromStdString(request.path), scene, m_sources.textures,
-                       ConvertedImages());
+    // The job before this one has ended.
+    RemoveConverted();
+    const QString path = QString::fromStdString(request.path);
+    const RaytraceImages::Place images = ImagesBeside(path);
+    if (!QFileInfo::exists(images.folder)) {
+        m_converted = images.folder;
+    }
+    WriteRaytraceScene(path, scene, m_sources.textures, images);
     return request.path;
 }
 

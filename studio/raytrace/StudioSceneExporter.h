@@ -4,8 +4,6 @@
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
 
-#include <QTemporaryDir>
-
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,6 +24,9 @@ struct RaytraceSources {
 class StudioSceneExporter : public CorvexSG::SceneExporter {
 public:
     explicit StudioSceneExporter(RaytraceSources sources) : m_sources(std::move(sources)) {}
+    ~StudioSceneExporter() override;
+    StudioSceneExporter(const StudioSceneExporter&) = delete;
+    StudioSceneExporter& operator=(const StudioSceneExporter&) = delete;
 
     /// Errors: InvalidArgument for another scene graph's scene and another kind of file,
     /// FileFailed.
@@ -34,10 +35,10 @@ public:
     std::vector<std::string> TexturesInUse(CorvexSG::Scene& scene) override;
 
 private:
-    [[nodiscard]] RaytraceImages::Place ConvertedImages();
+    void RemoveConverted();
 
     RaytraceSources m_sources;
-    std::optional<QTemporaryDir> m_converted;  ///< images that a raytracer cannot read as they are
+    QString m_converted;  ///< folder of the images that the last job's raytracer could not read
 };
 
 /// The scene from its own view, or framed when no viewport has shown it.

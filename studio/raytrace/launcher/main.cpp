@@ -44,6 +44,15 @@ std::string RaytracerProgram()
     return configured != nullptr && *configured != '\0' ? configured : "povray";
 }
 
+/// Chosen as the raytracer, the launcher would start itself without end.
+void ExpectOther(const std::string& program)
+{
+    std::error_code ignored;
+    if (fs::equivalent(program, "/proc/self/exe", ignored)) {
+        throw std::runtime_error(program + " is this launcher; choose POV-Ray's own program");
+    }
+}
+
 std::string ContentOf(const fs::path& file)
 {
     std::ifstream stream(file, std::ios::binary);
@@ -91,6 +100,7 @@ void RemoveState(const std::vector<launcher::IniLine>& lines)
 
 int Run(const fs::path& ini)
 {
+    ExpectOther(RaytracerProgram());
     const std::string prefix = "corvex-" + std::to_string(getpid());
     const auto lines = launcher::ReadIni(ContentOf(ini));
     if (ini.has_parent_path()) {
