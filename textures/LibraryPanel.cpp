@@ -121,8 +121,9 @@ void LibraryPanel::BuildRowButtons(const LibraryPanelKind& kind, QBoxLayout& col
     m_less->setText(QStringLiteral("−"));
     m_more = LibraryButton(NameOf("cmd", kind, "More"), tr("Show a row more"), m_content);
     m_more->setText(QStringLiteral("+"));
+    QWidget* const companion = m_browser->Companion();
     auto* row = new QHBoxLayout;
-    if (QWidget* companion = m_browser->Companion(); companion != nullptr) {
+    if (companion != nullptr) {
         row->addWidget(companion, 1);
     } else {
         row->addStretch(1);
