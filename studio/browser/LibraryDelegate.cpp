@@ -53,7 +53,7 @@ void LibraryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const QRect area = NameArea(option);
     const QString name = index.data().toString();
     painter->drawText(area, Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(name, Qt::ElideMiddle, area.width()));
+                      painter->fontMetrics().elidedText(name, Qt::ElideRight, area.width()));
     painter->restore();
 }
 

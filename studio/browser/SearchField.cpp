@@ -34,6 +34,9 @@ void SearchField::Append(const QString& text)
 void SearchField::Read()
 {
     const QString typed = text().trimmed();
+    if (!accessibleDescription().isEmpty()) {
+        Q_EMIT Refused({});
+    }
     ShowError({});
     if (typed.isEmpty()) {
         if (m_hasQuery) {

@@ -20,7 +20,7 @@ public:
     void Append(const QString& text);
 
 Q_SIGNALS:
-    /// What was typed is no query; the text says why.
+    /// What was typed is no query; the text says why. Empty when it is one again.
     void Refused(const QString& error);
     /// Nothing: all entries.
     void QueryChanged(const std::optional<studio::LibraryQuery>& query);
