@@ -1,5 +1,6 @@
 #pragma once
 
+#include "benchmarks/Timing.h"
 #include "material/Material.h"
 #include "platform/QtPlatform.h"
 #include "studio/render/RenderService.h"
@@ -10,25 +11,7 @@
 
 #include <QEventLoop>
 
-#include <algorithm>
-#include <chrono>
-#include <vector>
-
 namespace CorvexBenchmark {
-
-using Clock = std::chrono::steady_clock;
-
-inline double SecondsSince(Clock::time_point start)
-{
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-inline double MedianOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// A control whose preview is the real one; everything else of its host is in memory.
 class PreviewedControl {
@@ -64,9 +47,10 @@ public:
     studio::HostViewportFactory viewports{service};
     studio::StudioSceneGraph graph;
     CorvexMaterial::Host host = HostWith(memory, viewports, plugins);
-    CorvexMaterial::Platform platform{
-        desktop.settings,       desktop.prompts,           desktop.choosers,    desktop.processes,
-        desktop.temporaryFiles, realDesktop.Get().library, desktop.imageFormats, desktop.libraryFiles};
+    CorvexMaterial::Platform platform{desktop.settings,       desktop.prompts,
+                                      desktop.choosers,       desktop.processes,
+                                      desktop.temporaryFiles, realDesktop.Get().library,
+                                      desktop.imageFormats,   desktop.libraryFiles};
     CorvexMaterial::Material control{host, platform, nullptr};
     studio::ViewportWidget* view = nullptr;
 

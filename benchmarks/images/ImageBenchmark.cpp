@@ -3,6 +3,7 @@
 // a busy machine too. Types that no library here reads are compared with the bmp of the same
 // pixels.
 
+#include "benchmarks/Timing.h"
 #include "benchmarks/images/SampleFiles.h"
 #include "studio/images/TextureFile.h"
 
@@ -20,23 +21,10 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using CorvexBenchmark::MedianOf;
+using CorvexBenchmark::SecondsOf;
 
 constexpr int kSide = 2048;
-
-double SecondsOf(const std::function<void()>& work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-double MedianOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// Neither flat, which compresses to nothing, nor noise, which no texture is.
 QImage Texture(QImage::Format format)

@@ -2,6 +2,7 @@
 // SQLite statements that do the same. Both are measured turn by turn in one run, so that their
 // ratio holds on a busy machine too.
 
+#include "benchmarks/Timing.h"
 #include "benchmarks/library/SampleLibrary.h"
 #include "studio/libraries/LibraryQuery.h"
 
@@ -19,23 +20,10 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using CorvexBenchmark::MedianOf;
+using CorvexBenchmark::SecondsOf;
 
 constexpr int kPage = 60;  ///< thumbnails that a large browser shows at once
-
-double SecondsOf(const std::function<void()>& work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-double MedianOf(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
 
 /// What is done between the turns is not measured.
 void Compare(
