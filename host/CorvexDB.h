@@ -73,6 +73,9 @@ public:
     virtual void CreateLibrary(const std::string& /*path*/) {}
     /// Opens an existing file. Errors: FileFailed.
     virtual LibraryContent Open(const std::string& path) = 0;
+    /// Nothing is shown any more, be it before another `Open` or because the file is missing. The
+    /// control asks for no entry until the next `Open`; neither should anything else of the host.
+    virtual void CloseLibrary() {}
     virtual udtMaterial MaterialAt(std::int32_t index) = 0;
     virtual void AddMaterialToLibrary(const udtMaterial& material) = 0;
     virtual void DeleteMaterialFromLibrary(std::int32_t index) = 0;
@@ -89,9 +92,10 @@ public:
 class TextureLibrary {
 public:
     virtual ~TextureLibrary() = default;
-    /// The same as that of the material library.
+    /// This one and `CloseLibrary` as those of the material library.
     virtual void CreateLibrary(const std::string& /*path*/) {}
     virtual LibraryContent Open(const std::string& path) = 0;
+    virtual void CloseLibrary() {}
     virtual TextureCollection& Textures() = 0;
     /// File of the texture at a browser index.
     virtual std::string SelectedLibraryTexture(std::int32_t index) = 0;

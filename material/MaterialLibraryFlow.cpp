@@ -32,6 +32,11 @@ void MaterialLibraryFlow::CreateFile(const std::string& path)
     Services().host.materialLibrary.CreateLibrary(path);
 }
 
+void MaterialLibraryFlow::CloseFile()
+{
+    Services().host.materialLibrary.CloseLibrary();
+}
+
 CorvexDB::LibraryContent MaterialLibraryFlow::OpenFile(const std::string& path)
 {
     return Services().host.materialLibrary.Open(path);

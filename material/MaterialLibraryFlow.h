@@ -19,6 +19,7 @@ public:
 
 private:
     void CreateFile(const std::string& path) override;
+    void CloseFile() override;
     CorvexDB::LibraryContent OpenFile(const std::string& path) override;
     bool AddCurrent() override;
     void DeleteAt(std::int32_t index) override;

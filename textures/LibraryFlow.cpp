@@ -78,6 +78,7 @@ LibraryFlow::Outcome LibraryFlow::Load(const std::string& name)
     Q_EMIT StatusText(LibraryText(m_texts.loading));
     panel.SetChangesEnabled(false);
     panel.Browser().Clear();
+    CloseFile();
     if (!files.Exists(path)) {
         Tell(PromptIcon::Information,
              std::string(m_texts.missingBefore).append(name).append(m_texts.missingAfter));

@@ -47,8 +47,8 @@ public:
     LibraryFlow(const LibraryTexts& texts, const LibraryServices& services);
 
     /// Shows the library. A name without a folder is one of the host's library folder. A missing
-    /// file is told to the user and keeps its name; then, and after an error, the panel is empty
-    /// and there is nothing to add to or delete from.
+    /// file is told to the user and keeps its name; then, and after an error, no library is open:
+    /// the panel is empty and there is nothing to add to or delete from.
     Outcome Load(const std::string& name);
 
 Q_SIGNALS:
@@ -62,6 +62,7 @@ protected:
     void Tell(PromptIcon icon, const std::string& text);
 
     virtual void CreateFile(const std::string& path) = 0;
+    virtual void CloseFile() = 0;
     virtual CorvexDB::LibraryContent OpenFile(const std::string& path) = 0;
     /// False when there is nothing to add; the library is as it was then.
     virtual bool AddCurrent() = 0;

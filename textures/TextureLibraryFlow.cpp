@@ -35,6 +35,11 @@ void TextureLibraryFlow::CreateFile(const std::string& path)
     Services().host.textureLibrary.CreateLibrary(path);
 }
 
+void TextureLibraryFlow::CloseFile()
+{
+    Services().host.textureLibrary.CloseLibrary();
+}
+
 CorvexDB::LibraryContent TextureLibraryFlow::OpenFile(const std::string& path)
 {
     return Services().host.textureLibrary.Open(path);

@@ -23,6 +23,7 @@ public:
     void CreateLibrary(const std::string& path) override;
     /// After a failure no library is open.
     CorvexDB::LibraryContent Open(const std::string& path) override;
+    void CloseLibrary() override { m_file.reset(); }
     /// What of the entry cannot be read has its default and goes to the event log.
     CorvexDB::udtMaterial MaterialAt(std::int32_t index) override;
     /// Named after what is seen of it; with a thumbnail where pictures can be drawn.
@@ -30,7 +31,7 @@ public:
     /// Into the library's trash.
     void DeleteMaterialFromLibrary(std::int32_t index) override;
 
-    /// Null while none is open; until the next `Open`.
+    /// Null while none is open; until the next `Open` or `CloseLibrary`.
     [[nodiscard]] LibraryFile* File() { return m_file ? &*m_file : nullptr; }
     /// Told after each change that came through the control; not those made on `File()`.
     void SetListener(LibraryListener listener) { m_listener = std::move(listener); }

@@ -12,6 +12,7 @@ public:
     void CreateLibrary(const std::string& path) override;
     /// After a failure no library is open.
     CorvexDB::LibraryContent Open(const std::string& path) override;
+    void CloseLibrary() override { m_file.reset(); }
     CorvexDB::TextureCollection& Textures() override { return *this; }
     /// With its full path.
     std::string SelectedLibraryTexture(std::int32_t index) override;
@@ -20,7 +21,7 @@ public:
     /// Into the library's trash.
     void DeleteTextureFromLibrary(std::int32_t index) override;
 
-    /// Null while none is open; until the next `Open`.
+    /// Null while none is open; until the next `Open` or `CloseLibrary`.
     [[nodiscard]] LibraryFile* File() { return m_file ? &*m_file : nullptr; }
     /// Told after each change that came through the control; not those made on `File()`.
     void SetListener(LibraryListener listener) { m_listener = std::move(listener); }

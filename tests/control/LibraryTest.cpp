@@ -132,9 +132,10 @@ TEST_P(EachLibrary, LoadsStepByStepAndIsLockedMeanwhile)
     EXPECT_FALSE(couldChange);
     EXPECT_TRUE(CanChange());
     const std::string open = std::string(kind.stem) + ".Open";
+    const std::string close = std::string(kind.stem) + ".CloseLibrary";
     EXPECT_EQ(rig.log.Order(), (std::vector<std::string>{
                                    "ApplicationState.LibraryFolder", "Event.DisplayMiscInformation",
-                                   "Editport.Clear", "LibraryFiles.Exists",
+                                   "Editport.Clear", close, "LibraryFiles.Exists",
                                    "LibraryFiles.MakeWritable", "LibraryFiles.NamesIn", open,
                                    "Editport.ShowItems", "Event.DisplayMiscInformation"}));
     EXPECT_EQ(Opened(), std::vector{kind.Path("Wood")});
@@ -158,6 +159,7 @@ TEST_P(EachLibrary, MissingFileIsToldOnceAndKeepsItsName)
                                 kind.upgrade + ". Please reselect your preferred " + kind.Lower() +
                                 " library.");
     EXPECT_EQ(rig.log.CountOf("Editport.Clear"), 1U);
+    EXPECT_EQ(rig.log.CountOf(std::string(kind.stem) + ".CloseLibrary"), 1U);
     EXPECT_EQ(rig.log.CountOf("Editport.ShowItems") + rig.log.CountOf("LibraryFiles.NamesIn"), 0U);
     ExpectStatusTexts({Loading()});
     EXPECT_FALSE(CanChange());

@@ -91,6 +91,11 @@ void RecordingMaterialLibrary::CreateLibrary(const std::string& path)
     }
 }
 
+void RecordingMaterialLibrary::CloseLibrary()
+{
+    m_log.Enter("MaterialLibrary.CloseLibrary");
+}
+
 CorvexDB::LibraryContent RecordingMaterialLibrary::Open(const std::string& path)
 {
     m_log.Enter("MaterialLibrary.Open", path);
@@ -125,6 +130,11 @@ void RecordingTextureLibrary::CreateLibrary(const std::string& path)
     if (creating) {
         creating(path);
     }
+}
+
+void RecordingTextureLibrary::CloseLibrary()
+{
+    m_log.Enter("TextureLibrary.CloseLibrary");
 }
 
 CorvexDB::LibraryContent RecordingTextureLibrary::Open(const std::string& path)

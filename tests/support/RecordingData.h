@@ -71,6 +71,7 @@ public:
     void DeleteMaterialFromLibrary(std::int32_t index) override;
 
     void CreateLibrary(const std::string& path) override;
+    void CloseLibrary() override;
 
     std::vector<CorvexDB::udtMaterial> materials;
     std::function<void()> opening;                     ///< called in the middle of Open
@@ -92,6 +93,7 @@ public:
     void DeleteTextureFromLibrary(std::int32_t index) override;
 
     void CreateLibrary(const std::string& path) override;
+    void CloseLibrary() override;
 
     std::vector<std::string> files;
     std::function<void()> opening;
