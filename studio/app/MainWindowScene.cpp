@@ -5,11 +5,13 @@
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/browser/LibraryDrag.h"
+#include "studio/libraries/NamedMaterials.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/ModelShapes.h"
 #include "studio/scene/Picking.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -47,7 +49,10 @@ void MainWindow::OpenModel(const QString& file)
 void MainWindow::ResetScene()
 {
     m_host.State().SetOpenModel({});
-    ShowShapes(DefaultShapes(), tr("Default Scene"));
+    const QDir libraries(QString::fromStdString(m_host.State().LibraryFolder()));
+    const auto gems =
+        NamedMaterialsOf(libraries.filePath(QStringLiteral("Gems.cvm")).toStdString());
+    ShowShapes(DefaultShapes(gems), tr("Default Scene"));
     m_viewport->SetHomeCamera(DefaultCamera());
 }
 

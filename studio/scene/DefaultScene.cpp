@@ -55,6 +55,7 @@ std::shared_ptr<const Mesh> Cube()
 }
 
 struct Look {
+    const char* material;  // of the shipped library; what follows is for want of it
     CorvexMaterial::ColourBytes colour;
     std::int32_t specular;      // percent
     std::int32_t transparency;  // percent
@@ -70,32 +71,41 @@ struct ShapeRow {
 };
 
 constexpr std::array kShapes{
-    ShapeRow{"Plate", Plate, {0.0F, 0.0F, 0.0F}, 0.0F, {{150, 143, 135}, 10, 0, 0}},
-    ShapeRow{"Vase", Vase, {-1.15F, 0.0F, -0.75F}, 0.0F, {{36, 146, 148}, 70, 0, 4}},
-    ShapeRow{"Knot", KnotRing, {1.05F, 1.08F, -0.95F}, 24.0F, {{222, 156, 76}, 85, 0, 4}},
-    ShapeRow{"Ball", Ball, {0.10F, 0.62F, 0.85F}, 0.0F, {{204, 38, 44}, 90, 0, 4}},
-    ShapeRow{"Cube", Cube, {1.75F, 0.52F, 0.75F}, 28.0F, {{70, 114, 190}, 45, 0, 4}},
-    ShapeRow{"Glass ball", GlassBall, {-1.25F, 0.40F, 1.35F}, 0.0F, {{96, 205, 196}, 100, 48, 6}},
+    ShapeRow{"Plate", Plate, {0.0F, 0.0F, 0.0F}, 0.0F, {"Black Marble", {150, 143, 135}, 10, 0, 0}},
+    ShapeRow{"Vase", Vase, {-1.15F, 0.0F, -0.75F}, 0.0F, {"Celadon", {36, 146, 148}, 70, 0, 4}},
+    ShapeRow{"Knot", KnotRing, {1.05F, 1.08F, -0.95F}, 24.0F, {"Gold", {222, 156, 76}, 85, 0, 4}},
+    ShapeRow{"Ball", Ball, {0.10F, 0.62F, 0.85F}, 0.0F, {"Ruby", {204, 38, 44}, 90, 0, 4}},
+    ShapeRow{"Cube", Cube, {1.75F, 0.52F, 0.75F}, 28.0F, {"Terrazzo", {70, 114, 190}, 45, 0, 4}},
+    ShapeRow{"Glass ball",
+             GlassBall,
+             {-1.25F, 0.40F, 1.35F},
+             0.0F,
+             {"Cobalt Glass", {96, 205, 196}, 100, 48, 6}},
 };
 
-CorvexDB::udtMaterial MaterialOf(const Look& look)
+AppliedMaterial MaterialOf(const Look& look, const MaterialNamed& library)
 {
+    if (library) {
+        if (auto found = library(look.material)) {
+            return WholeMaterial(*std::move(found), CorvexSG::CoordinateMode::FromWrap);
+        }
+    }
     CorvexDB::udtMaterial material;
     material.Color = MakeColour(look.colour);
     material.Specular = look.specular;
     material.Transparency = look.transparency;
     material.Emissive = look.emissive;
-    return material;
+    return WholeMaterial(std::move(material));
 }
 
 }  // namespace
 
-StudioScene::Shapes DefaultShapes()
+StudioScene::Shapes DefaultShapes(const MaterialNamed& library)
 {
     StudioScene::Shapes shapes;
     for (const ShapeRow& row : kShapes) {
-        auto shape = std::make_shared<StudioShape>(row.name, row.mesh(),
-                                                   WholeMaterial(MaterialOf(row.look)));
+        auto shape =
+            std::make_shared<StudioShape>(row.name, row.mesh(), MaterialOf(row.look, library));
         QMatrix4x4 worldFromMesh;
         worldFromMesh.translate(row.position[0], row.position[1], row.position[2]);
         worldFromMesh.rotate(row.yawDegrees, 0.0F, 1.0F, 0.0F);

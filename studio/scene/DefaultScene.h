@@ -3,10 +3,18 @@
 #include "studio/render/Camera.h"
 #include "studio/scene/StudioScene.h"
 
+#include <functional>
+#include <optional>
+#include <string>
+
 namespace studio {
 
-/// The shapes that the studio starts with.
-[[nodiscard]] StudioScene::Shapes DefaultShapes();
+/// The material of this name, if there is one.
+using MaterialNamed = std::function<std::optional<CorvexDB::udtMaterial>(const std::string& name)>;
+
+/// The shapes that the studio starts with, dressed from a library; in plain colours where it lacks
+/// a material.
+[[nodiscard]] StudioScene::Shapes DefaultShapes(const MaterialNamed& library = {});
 
 /// The view of them that it starts with.
 [[nodiscard]] Camera DefaultCamera();
