@@ -60,8 +60,10 @@ void CustomFieldsPanel::ShowNames(const std::vector<std::string>& names)
 {
     for (std::size_t i = 0; i < m_values.size(); ++i) {
         const bool isDefined = i < names.size() && !names[i].empty();
-        m_names[i]->setText(isDefined ? QString::fromStdString(names[i]) : tr("Custom"));
-        m_values[i]->setAccessibleName(m_names[i]->text());
+        const QString name = isDefined ? QString::fromStdString(names[i]) : tr("Custom");
+        // Beside a field that it belongs to, a label takes "&" for a mnemonic.
+        m_names[i]->setText(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        m_values[i]->setAccessibleName(name);
         m_names[i]->setVisible(isDefined);
         m_values[i]->setVisible(isDefined);
     }

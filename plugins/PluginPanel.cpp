@@ -24,6 +24,8 @@ constexpr int kListHeight = 24;
 constexpr int kButtonHeight = 24;
 constexpr int kGap = 4;
 constexpr int kLeastWidth = 180;
+// The first entry; stored as it stands.
+constexpr const char* kNoPlugin = "None";
 
 std::vector<std::string> TextsOf(const std::vector<float>& values)
 {
@@ -32,6 +34,15 @@ std::vector<std::string> TextsOf(const std::vector<float>& values)
         texts.push_back(TextOfSingle(value));
     }
     return texts;
+}
+
+void RefuseBeyondLimit(std::size_t count)
+{
+    if (count > kPluginParameterLimit) {
+        throw Error(Status::SubscriptOutOfRange,
+                    "it has " + std::to_string(count) + " parameters, of which " +
+                        std::to_string(kPluginParameterLimit) + " can be shown");
+    }
 }
 
 // Stored values may be older than the plug-in that they are shown with.
@@ -100,7 +111,7 @@ void PluginPanel::Clear()
 {
     const QSignalBlocker quiet(m_list);
     m_list->clear();
-    m_list->addItem(tr("None"));
+    m_list->addItem(QString::fromLatin1(kNoPlugin));
     Show(0, {}, {});
 }
 
@@ -133,7 +144,9 @@ void PluginPanel::Restore(const std::string& name, const std::vector<float>& val
 
 void PluginPanel::Display(const std::vector<float>& values)
 {
-    Show(m_shownPosition, Ask(m_shownPosition), values);
+    const auto parameters = Ask(m_shownPosition);
+    Show(m_shownPosition, parameters, values);
+    Naming(EntryAt(m_shownPosition), [&] { RefuseBeyondLimit(parameters.size()); });
 }
 
 void PluginPanel::ShowTexts(const std::vector<std::string>& texts)
@@ -154,7 +167,7 @@ PluginEntry PluginPanel::EntryAt(int position) const
 int PluginPanel::PositionOf(const std::string& name) const
 {
     for (int position = 1; position < m_list->count(); ++position) {
-        if (EntryAt(position).name == name && name != "None") {
+        if (EntryAt(position).name == name && name != kNoPlugin) {
             return position;
         }
     }
@@ -192,11 +205,6 @@ void PluginPanel::Show(int position, const std::vector<CorvexDB::PluginParameter
         m_shownPosition = position;
         ShowRows({parameters.begin(), parameters.begin() + static_cast<std::ptrdiff_t>(shown)},
                  values);
-        if (parameters.size() > kPluginParameterLimit) {
-            throw Error(Status::SubscriptOutOfRange,
-                        "it has " + std::to_string(parameters.size()) + " parameters, of which " +
-                            std::to_string(kPluginParameterLimit) + " can be shown");
-        }
     });
 }
 
@@ -223,13 +231,10 @@ void PluginPanel::ReadValues(std::vector<float>& values)
     const PluginEntry entry = EntryAt(m_shownPosition);
     const auto parameters = AskParameters(m_plugins, entry);
     Naming(entry, [&] {
-        for (std::size_t i = 0; i < parameters.size(); ++i) {
-            if (i >= kPluginParameterLimit) {
-                throw Error(Status::SubscriptOutOfRange,
-                            "it has " + std::to_string(parameters.size()) + " parameters");
-            }
+        for (std::size_t i = 0; i < std::min(parameters.size(), kPluginParameterLimit); ++i) {
             values[i] = m_rows[i]->Value(parameters[i].kind);
         }
+        RefuseBeyondLimit(parameters.size());
     });
 }
 

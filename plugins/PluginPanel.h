@@ -19,7 +19,8 @@ class PluginRow;
 class Trap;
 
 /// The plug-in list and one row per parameter of the chosen plug-in, ten at most. What a plug-in
-/// does wrong becomes an Error that names it, and the panel keeps what it showed.
+/// does wrong becomes an Error that names it, and the panel keeps what it showed. Of more than ten
+/// parameters ten are shown; who asks for the values is told.
 class PluginPanel : public QWidget {
     Q_OBJECT
 
@@ -37,7 +38,7 @@ public:
     void SelectName(const std::string& name);
     /// Asks the chosen plug-in for its parameters and shows element i in row i; a value beyond an
     /// editor's ends becomes the nearest that it can show. Errors: SubscriptOutOfRange for fewer
-    /// values than parameters, and for more than ten parameters, of which ten are shown then;
+    /// values than parameters, and, after showing ten, for more than ten parameters;
     /// InvalidArgument for numbers that are none; what the plug-in throws.
     void Display(const std::vector<float>& values);
     /// Chooses a plug-in and shows stored values in one step; a missing or unusable one becomes the
@@ -54,6 +55,7 @@ public:
     /// before it are filled. Errors: SubscriptOutOfRange at the eleventh parameter,
     /// ConversionFailed when a text is no number, what the plug-in throws.
     void ReadValues(std::vector<float>& values);
+    [[nodiscard]] std::size_t ParameterCount() const { return m_shownRows; }
     /// Of the rows shown, one element each. Nothing here asks the plug-in.
     [[nodiscard]] std::vector<float> Defaults() const;
     [[nodiscard]] std::vector<std::string> DefaultTexts() const;

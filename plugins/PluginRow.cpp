@@ -45,6 +45,7 @@ PluginRow::PluginRow(std::size_t number, QWidget& panel)
       m_tick(Element<QCheckBox>("chkParameter", number, panel)),
       m_swatch(Element<Swatch>("picParameter", number, panel))
 {
+    m_caption->setTextFormat(Qt::PlainText);
     m_slider->setOrientation(Qt::Horizontal);
     m_slider->setFocusPolicy(Qt::StrongFocus);
     m_slider->setSingleStep(1);
@@ -138,7 +139,8 @@ void PluginRow::ShowList(float value)
 void PluginRow::ShowTick(float value)
 {
     const QSignalBlocker quiet(m_tick);
-    m_tick->setText(m_caption->text());
+    // A name's "&" is no mnemonic.
+    m_tick->setText(m_caption->text().replace(QLatin1Char('&'), QLatin1String("&&")));
     m_tick->setChecked(ListPositionOf(value, 2) == 1);
     m_tick->show();
 }

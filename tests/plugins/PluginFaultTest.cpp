@@ -66,14 +66,15 @@ TEST(PluginFault, ARefusedPluginIsNamedAndTheFormerOneStays)
     }
 }
 
-TEST(PluginFault, ManyParametersShowTenAndFailAtTheEleventh)
+TEST(PluginFault, ManyParametersShowTenAndFailWhenTheirValuesAreAskedOrGiven)
 {
     PluginRig rig;
     for (const std::size_t count : {std::size_t{11}, std::size_t{1'000'000}}) {
         rig.second->answer = [count] { return std::vector(count, Slider(0, 9, 3)); };
         rig.panel->SelectName("");
         rig.Pick("Second");
-        EXPECT_THAT(rig.prompts.shown.back().text, HasSubstr(std::to_string(count)));
+        EXPECT_THROW(rig.panel->Display(std::vector(count, 4.0F)), Error);
+        EXPECT_NO_THROW(rig.panel->Restore("Second", {})) << "a material is shown whole";
         EXPECT_TRUE(rig.Find<QWidget>("sldParameter_9").isVisible());
         std::vector<float> values;
         try {
@@ -81,6 +82,7 @@ TEST(PluginFault, ManyParametersShowTenAndFailAtTheEleventh)
             ADD_FAILURE() << "eleven do not fit";
         } catch (const Error& error) {
             EXPECT_EQ(error.Code(), Status::SubscriptOutOfRange);
+            EXPECT_THAT(error.what(), HasSubstr(std::to_string(count)));
         }
         EXPECT_EQ(values, std::vector<float>(10, 3.0F));
     }
