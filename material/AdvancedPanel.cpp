@@ -23,8 +23,7 @@ AdvancedPanel::AdvancedPanel(QWidget* parent)
     connect(m_ui->chkApplyRelative, &QCheckBox::stateChanged, this, [this](int state) {
         m_ui->chkApplyRelative->setTristate(state == Qt::PartiallyChecked);
     });
-    connect(m_ui->chkAlphaIsTransparent, &QCheckBox::clicked, this,
-            &AdvancedPanel::AlphaIsTransparentClicked);
+    connect(m_ui->chkAlphaIsTransparent, &QCheckBox::clicked, this, &AdvancedPanel::Edited);
     connect(m_ui->cboAlphaTest, &QComboBox::currentIndexChanged, this,
             &AdvancedPanel::FollowAlphaTest);
     connect(m_ui->cboAlphaTest, &QComboBox::activated, this, &AdvancedPanel::Edited);

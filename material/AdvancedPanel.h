@@ -24,7 +24,6 @@ public:
 
 Q_SIGNALS:
     void Edited();
-    void AlphaIsTransparentClicked();
     void ResetPressed();
 
 private:

@@ -80,8 +80,7 @@ void PanelAttributes::BindAdvanced()
     At(Attribute::ApplyRelative) = {
         [this] { return TextOfWholeNumber(static_cast<std::int32_t>(ApplyRelative())); },
         [this](const std::string& text) {
-            ShowApplyRelative(FlagFromText(text).value_or(false) ? CorvexDB::ApplyMode::Relative
-                                                                 : CorvexDB::ApplyMode::Absolute);
+            ShowApplyRelative(static_cast<CorvexDB::ApplyMode>(ToWhole(text)));
         }};
 }
 

@@ -1,5 +1,7 @@
 #include "material/Attributes.h"
 
+#include "raytrace/RaytraceCatalogue.h"
+
 namespace CorvexMaterial {
 
 namespace {
@@ -64,7 +66,7 @@ constexpr std::array<AttributeRow, kAttributeCount> kRows{{
     {RaytracePredefinedType, "MaterialRaytracePredefinedType", "MaterialUserRaytracePredefinedType",
      ListPosition, "0", 5},
     {RaytracePredefinedMaterial, "MaterialRaytracePredefinedMaterial",
-     "MaterialUserRaytracePredefinedMaterial", ListPosition, "0", kAnyListSize},
+     "MaterialUserRaytracePredefinedMaterial", ListPosition, "0", kLongestPredefinedList},
     {RaytraceColorPattern0Red, "MaterialRaytraceColorPattern0Red",
      "MaterialUserRaytraceColorPattern0Red", Single, "1"},
     {RaytraceColorPattern0Green, "MaterialRaytraceColorPattern0Green",

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <string_view>
 
 namespace CorvexMaterial {
@@ -86,9 +85,6 @@ enum class AttributeKind : std::uint8_t {
     PackedColour,
     Group,  ///< several numbered keys, with the row's keys as their stems
 };
-
-/// The list's length depends on another attribute.
-inline constexpr std::int32_t kAnyListSize = std::numeric_limits<std::int32_t>::max();
 
 struct AttributeRow {
     Attribute attribute;

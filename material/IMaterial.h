@@ -25,8 +25,11 @@ using LongArray = std::vector<std::int32_t>;
 /// unless it says otherwise: a value that was accepted stays although its preview could not be
 /// drawn. Call it on the user-interface thread only.
 ///
-/// Writing a property shows the value in its editing control and refreshes the preview, which ends
-/// in one `MaterialChanged`.
+/// Writing an attribute shows the value in its editing control and refreshes the preview, which
+/// ends in one `MaterialChanged`; the panel flags, `Enabled` and the libraries refresh nothing.
+///
+/// Besides the errors that a member names, any member that asks the host or draws gives what the
+/// host threw: an `Error`'s own status, else Failed.
 class IMaterial {
 public:
     virtual ~IMaterial() = default;
@@ -34,11 +37,14 @@ public:
     /// Ten elements; those beyond the plug-in's parameters are 0. A plug-in with more than ten
     /// fills the ten and gives SubscriptOutOfRange; text that is no number ConversionFailed.
     virtual Status GetPluginParameterValues(SingleArray& saPluginParameterValues) = 0;
+    /// The picture of the button that raytraces the preview.
     virtual Status SetRaytraceButtonImage(const QIcon& Image) = 0;
     /// Every attribute to its factory value; libraries and panels stay.
     virtual Status DefaultMaterial() = 0;
-    /// Reads the saved state and the saved layout; texts that do not convert leave their attribute
-    /// at its factory value.
+    /// Reads the saved state and the saved layout, background colours included, refreshes once, and
+    /// loads the two libraries when the host keeps any. Texts that do not convert leave their
+    /// attribute at its factory value. A missing library is told in a message box; one that cannot
+    /// be opened gives its status, after all the rest was loaded.
     virtual Status LoadSavedStatus() = 0;
     /// Height in twips, 15 to a logical pixel. Expands all panels and shares the height between the
     /// two libraries.
@@ -56,9 +62,10 @@ public:
     /// Loads the preview meshes (once) and draws the first preview. A mesh that cannot be read
     /// stops the loading and gives FileFailed; the earlier ones stay.
     virtual Status InitializeMaterialPreviewScene() = 0;
-    /// Applies the material to one shape with one call of the shape's material operation; raises no
-    /// event. Group and camera may be null. Linear in nothing: the material is gathered once per
-    /// change and shared between calls.
+    /// Applies the material to one shape with one call of the shape's material operation,
+    /// `ApplyMaterialWrapped` if bWrap asks for new texture coordinates, else `ApplyMaterial`;
+    /// raises no event. Group and camera may be null. Cheap for many shapes: the material is
+    /// gathered once per change and shared between the calls.
     virtual Status ApplyShapeMaterial(CorvexSG::Scene& oScene, CorvexSG::Shape& csShape,
                                       const bool& bWrap, CorvexSG::Group* cgGroup,
                                       CorvexSG::Group* cgCamera,
@@ -67,13 +74,16 @@ public:
                                       const bool& bOptimizePoints,
                                       const CorvexSG::cdtCoordinateMode& cdtCoordinateMode,
                                       const SingleArray& saCoordinateModeData) = 0;
-    /// Fractions of the image, 0 to 1.
+    /// Fractions of the image, usually 0 to 1; a negative scale mirrors. Errors: InvalidArgument
+    /// for what is no finite number.
     virtual Status SetTextureCropping(const float& stTextureOriginU, const float& stTextureOriginV,
                                       const float& stTextureScaleU,
                                       const float& stTextureScaleV) = 0;
     /// The host's text for the current raytrace attributes, unchanged.
     virtual Status sCreateRayTraceCombinedAttributes(std::string& sCombinedAttributes) = 0;
-    /// A bare name is looked for in the host's library folder.
+    /// Opens and shows a library. A bare name is looked for in the host's library folder. A missing
+    /// file is told in a message box and is a success; the name stays, the panel is empty then, as
+    /// it is after an error of the host (FileFailed).
     virtual Status LoadTextureLibrary(const std::string& stTextureLibraryFilename) = 0;
     virtual Status LoadMaterialLibrary(const std::string& sMaterialLibraryFileName) = 0;
 
@@ -109,11 +119,14 @@ public:
     virtual Status get_TextureAlphaFileName(std::string& TextureAlphaFileName) = 0;
     virtual Status put_TextureAlphaFileName(const std::string& TextureAlphaFileName) = 0;
 
-    /// An unknown value is refused with InvalidArgument.
+    /// Errors: InvalidArgument for an unknown value.
     virtual Status get_FlatWrapType(CorvexDB::FlatWrapType& FlatWrapType) = 0;
     virtual Status put_FlatWrapType(const CorvexDB::FlatWrapType& FlatWrapType) = 0;
+    /// Images per unit of the shape's coordinates. Errors: InvalidArgument for what is no finite
+    /// number, for the origin and the scale too.
     virtual Status get_TextureTilesPerUnit(float& TextureTilesPerUnit) = 0;
     virtual Status put_TextureTilesPerUnit(const float& TextureTilesPerUnit) = 0;
+    /// Origin and scale are fractions of the image, from its left and top; not clamped.
     virtual Status get_TextureOriginU(float& TextureOriginU) = 0;
     virtual Status put_TextureOriginU(const float& TextureOriginU) = 0;
     virtual Status get_TextureOriginV(float& TextureOriginV) = 0;
@@ -122,7 +135,7 @@ public:
     virtual Status put_TextureScaleU(const float& TextureScaleU) = 0;
     virtual Status get_TextureScaleV(float& TextureScaleV) = 0;
     virtual Status put_TextureScaleV(const float& TextureScaleV) = 0;
-    /// An unknown value is refused with InvalidArgument.
+    /// Errors: InvalidArgument for an unknown value.
     virtual Status get_WrapType(CorvexDB::WrapType& WrapType) = 0;
     virtual Status put_WrapType(const CorvexDB::WrapType& WrapType) = 0;
 
@@ -133,42 +146,56 @@ public:
     /// Position in the alpha-test list, 0 to 7.
     virtual Status get_MaterialAlphaTest(std::int32_t& MaterialAlphaTest) = 0;
     virtual Status get_MaterialAlphaTestReference(std::int32_t& MaterialAlphaTestReference) = 0;
-    /// An unknown value is refused with InvalidArgument.
+    /// Errors: InvalidArgument for an unknown value.
     virtual Status get_ApplyRelative(CorvexDB::ApplyMode& ApplyRelative) = 0;
     virtual Status put_ApplyRelative(const CorvexDB::ApplyMode& ApplyRelative) = 0;
 
     /// The open texture library, as it was named.
     virtual Status get_stTextureLibraryFilename(std::string& stTextureLibraryFilename) = 0;
     virtual Status put_stTextureLibraryFilename(const std::string& stTextureLibraryFilename) = 0;
+    /// Of the open library; lives as long as the host's library object.
     virtual Status get_colTextures(CorvexDB::TextureCollection*& colTextures) = 0;
 
-    /// Positions in the lists of the raytrace catalogue.
+    /// Positions in the lists of the extended dialog: 0 custom or 1 predefined; 0 glass, 1 metal,
+    /// 2 stone, 3 wood or 4 miscellaneous; 0 none or 1 to 23 in the order shown there. Errors:
+    /// InvalidArgument beyond a list.
     virtual Status put_lRaytraceType(const std::int32_t& lRaytraceType) = 0;
     virtual Status put_lRaytracePredefinedType(const std::int32_t& lRaytracePredefinedType) = 0;
     virtual Status put_lRaytraceColorPatternType(const std::int32_t& lRaytraceColorPatternType) = 0;
 
-    /// The shape that carries the preview material; null before the preview scene is built.
+    /// The shape that carries the preview material; null before the preview scene is built. The
+    /// control owns it: another primitive makes it another shape.
     virtual Status get_csMaterialShape(CorvexSG::Shape*& csMaterialShape) = 0;
-    /// One value per parameter of the selected plug-in, in parameter order.
+    /// One value per parameter of the selected plug-in, in parameter order. Errors:
+    /// SubscriptOutOfRange for fewer values than parameters and, with ten shown, for more than ten
+    /// parameters; InvalidArgument for what is no finite number.
     virtual Status DisplayPluginParameters(const SingleArray& saParameters) = 0;
+    /// Nothing is selected in the library's browser any more.
     virtual Status pReleaseMaterialLibrarySelection() = 0;
     virtual Status pReleaseTextureLibrarySelection() = 0;
-    /// Shows a material in the panel; ends in one refresh.
+    /// Shows a material in the panel; ends in one refresh. The overlay's translucency is rounded to
+    /// a whole percentage. Errors: InvalidArgument for a list position that does not exist or a
+    /// number that is not finite, Overflow for a translucency beyond 32 bits.
     virtual Status CopyFieldToFormMaterial(const CorvexDB::udtMaterial& udtMaterial) = 0;
+    /// Backgrounds of the preview and the two browsers, as `lVBColor`; kept until the next call or
+    /// `LoadSavedStatus`, never saved.
     virtual Status SetBackColor(const std::int32_t& MaterialViewportColor,
                                 const std::int32_t& MaterialLibraryColor,
                                 const std::int32_t& TextureLibraryColor) = 0;
     /// Leaves the one entry "None", selected.
     virtual Status ClearPluginList() = 0;
+    /// Entry n of the list is element n of the host's plug-in table.
     virtual Status AddToPluginList(const std::string& Name) = 0;
     /// Rebuilds what depends on the graphics device; reads no mesh file again.
     virtual Status ResetDevices() = 0;
+    /// Colour and the four amounts to their factory values.
     virtual Status ResetMiscellaneous() = 0;
     /// The whole panel; enabling it gives every part its own earlier state back.
     virtual Status get_Enabled(bool& Enabled) = 0;
     virtual Status put_Enabled(const bool& Enabled) = 0;
     /// The scene graph outlives the control.
     virtual Status SetSceneDetails(CorvexSG::SceneGraph& CorvexSceneGraph) = 0;
+    /// The window handle; asking for it makes the control a native window.
     virtual Status get_hwnd(WId& hwnd) = 0;
     /// The textures' alpha handling changed in the host.
     virtual Status pAlphaIsTransparentUpdated() = 0;

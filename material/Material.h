@@ -13,10 +13,14 @@ namespace CorvexMaterial {
 
 class MaterialEditor;
 class TexturePage;
+enum class TextureLayer : std::uint8_t;
 
 /// The material editor: one widget that edits one material. Host and platform outlive it. It calls
 /// the host on the user-interface thread only, and writes its state to the settings store when it
 /// is destroyed.
+///
+/// The constructor asks the host for a viewport and two browsers and lets out what it throws then.
+/// A slot of `MaterialChanged` that writes an attribute is answered by another `MaterialChanged`.
 class CORVEX_EXPORT Material : public QWidget, public IMaterial {
     Q_OBJECT
 
@@ -131,6 +135,12 @@ Q_SIGNALS:
 
 private:
     TexturePage& Textures();
+    Status GetFile(const char* property, TextureLayer layer, std::string& file);
+    Status PutFile(const char* property, TextureLayer layer, const std::string& file);
+    Status GetPlacement(const char* property, float CorvexDB::TexturePlacement::*fraction,
+                        float& value);
+    Status PutPlacement(const char* property, float CorvexDB::TexturePlacement::*fraction,
+                        float value);
 
     std::unique_ptr<MaterialEditor> m_editor;
 };

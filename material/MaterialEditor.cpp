@@ -44,14 +44,17 @@ MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& contro
     UpdatePrimitivePicture();
 }
 
-MaterialEditor::~MaterialEditor() = default;
+MaterialEditor::~MaterialEditor()
+{
+    // The panels go while all that they report to still lives; what they say now is no edit.
+    ++m_batchDepth;
+    delete &m_form.Picture();
+}
 
 void MaterialEditor::ConnectAttributes()
 {
     AttributePanel& panel = m_form.Attributes();
     connect(&panel, &AttributePanel::Edited, this, &MaterialEditor::OnEdited);
-    connect(&panel.Advanced(), &AdvancedPanel::AlphaIsTransparentClicked, this,
-            &MaterialEditor::OnEdited);
     connect(&panel, &AttributePanel::RememberPressed, this, [this] {
         m_trap("cmdMaterialRemember", [this] { m_savedState.Remember(m_attributes); });
     });
@@ -133,7 +136,7 @@ void MaterialEditor::ConnectLibrary(LibraryFlow& flow, LibraryPanel& panel,
     };
     connect(&panel, &LibraryPanel::LessPressed, this, [addRows] { addRows(-1); });
     connect(&panel, &LibraryPanel::MorePressed, this, [addRows] { addRows(1); });
-    connect(&panel, &LibraryPanel::ExpandedByUser, this, resized);
+    connect(&panel, &LibraryPanel::ExpandedByUser, this, [addRows] { addRows(0); });
     connect(&flow, &LibraryFlow::StatusText, this, &MaterialEditor::StatusText);
     connect(&flow, &LibraryFlow::WarningRequested, this,
             [this](const QString& text, const QString& key) {
@@ -145,6 +148,7 @@ void MaterialEditor::OnEdited()
 {
     m_gatherer.Forget();
     if (m_batchDepth == 0) {
+        m_raytrace->FollowAttributes();
         m_trap("RefreshPreviewMaterial", [this] { RefreshPreviewMaterial(); });
     }
 }
@@ -188,8 +192,8 @@ void MaterialEditor::RenderMaterial()
         m_form.Textures().Browser().Redraw();
     }
     if (m_form.Materials().IsExpanded()) {
-        // The host's browser lays its thumbnails out in the first pass and draws them in the
-        // second.
+        // Twice on purpose: a browser may lay its thumbnails out in one pass and draw them in the
+        // next.
         m_form.Materials().Browser().Redraw();
         m_form.Materials().Browser().Redraw();
     }

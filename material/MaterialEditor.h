@@ -74,6 +74,7 @@ public:
     void ChangeSilently(Change&& change)
     {
         const Batch batch(m_batchDepth);
+        const FollowAtEnd follow(*this);
         m_gatherer.Forget();
         change();
     }

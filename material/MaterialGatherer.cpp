@@ -29,19 +29,29 @@ std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
     if (m_gathered) {
         return m_gathered;
     }
+    // The host may change the panel while it is asked; what was read before is not kept then.
+    const std::uint64_t before = m_changes;
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
     gathered->material = m_attributes.Record();
     if (!gathered->material.Plugin.empty()) {
         Require(m_control.GetPluginParameterValues(gathered->material.PluginParameters));
-        gathered->material.PluginParameters.resize(m_attributes.PluginParameterTexts().size());
+        gathered->material.PluginParameters.resize(m_attributes.PluginParameterCount());
     }
     gathered->applyMode = m_attributes.ApplyRelative();
     if (gathered->applyMode == CorvexDB::ApplyMode::FilesOnly) {
         LeaveFilesOnly(gathered->material);
     }
     Require(m_control.sCreateRayTraceCombinedAttributes(gathered->combinedRaytraceAttributes));
-    m_gathered = std::move(gathered);
-    return m_gathered;
+    if (before == m_changes) {
+        m_gathered = gathered;
+    }
+    return gathered;
+}
+
+void MaterialGatherer::Forget()
+{
+    m_gathered.reset();
+    ++m_changes;
 }
 
 }  // namespace CorvexMaterial

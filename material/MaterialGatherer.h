@@ -2,6 +2,7 @@
 
 #include "host/CorvexSG.h"
 
+#include <cstdint>
 #include <memory>
 
 namespace CorvexMaterial {
@@ -16,12 +17,13 @@ public:
     MaterialGatherer(IMaterial& control, PanelAttributes& attributes);
 
     std::shared_ptr<const CorvexSG::GatheredMaterial> Gather();
-    void Forget() { m_gathered.reset(); }
+    void Forget();
 
 private:
     IMaterial& m_control;
     PanelAttributes& m_attributes;
     std::shared_ptr<const CorvexSG::GatheredMaterial> m_gathered;
+    std::uint64_t m_changes = 0;
 };
 
 }  // namespace CorvexMaterial

@@ -5,6 +5,7 @@
 #include "material/AlphaTests.h"
 #include "material/AttributePanel.h"
 #include "material/SurfacePanel.h"
+#include "platform/ArgumentChecks.h"
 #include "platform/NumberText.h"
 #include "plugins/CustomFieldsPanel.h"
 #include "plugins/PluginPanel.h"
@@ -13,21 +14,37 @@
 #include "textures/TextureWrap.h"
 #include "ui_AdvancedPanel.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace CorvexMaterial {
 
 namespace {
 
-void CheckPosition(std::int32_t position, std::size_t size, const char* name)
-{
-    if (position < 0 || static_cast<std::size_t>(position) >= size) {
-        throw Error(Status::InvalidArgument,
-                    std::string(name) + " has no position " + std::to_string(position));
-    }
-}
-
 constexpr std::size_t kApplyModes = 3;
+
+bool IsFinite(const CorvexDB::cdtRayTraceMaterialAttributes& raytrace)
+{
+    const std::array amounts{raytrace.Brilliance,
+                             raytrace.Reflection,
+                             raytrace.IridescenceFactor,
+                             raytrace.IridescenceThickness,
+                             raytrace.IridescenceTurbulence,
+                             raytrace.Roughness,
+                             raytrace.NormalDepth,
+                             raytrace.NormalScale,
+                             raytrace.ColorPatternFrequency,
+                             raytrace.ColorPatternTurbulence,
+                             raytrace.NormalPatternFrequency,
+                             raytrace.NormalPatternTurbulence};
+    const auto isFinite = [](float value) { return std::isfinite(value); };
+    return std::ranges::all_of(amounts, isFinite) &&
+           std::ranges::all_of(raytrace.ColorPatternColor, [&](const auto& colour) {
+               return isFinite(colour.red) && isFinite(colour.green) && isFinite(colour.blue) &&
+                      isFinite(colour.alpha);
+           });
+}
 
 void CheckRecord(const CorvexDB::udtMaterial& record)
 {
@@ -44,6 +61,9 @@ void CheckRecord(const CorvexDB::udtMaterial& record)
         if (!std::isfinite(value)) {
             throw Error(Status::InvalidArgument, "a texture placement is not a finite number");
         }
+    }
+    if (!IsFinite(record.RayTrace)) {
+        throw Error(Status::InvalidArgument, "a raytrace attribute is not a finite number");
     }
 }
 
@@ -62,6 +82,11 @@ void PanelAttributes::Show(Attribute attribute, const std::string& canonicalText
 std::vector<std::string> PanelAttributes::PluginParameterTexts()
 {
     return m_panel.Plugins().ParameterTexts();
+}
+
+std::size_t PanelAttributes::PluginParameterCount() const
+{
+    return m_panel.Plugins().ParameterCount();
 }
 
 std::vector<std::string> PanelAttributes::PluginParameterDefaults()

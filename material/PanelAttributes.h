@@ -29,12 +29,13 @@ public:
     void ShowPluginParameters(const std::vector<std::string>& texts) override;
     CustomFieldValues CustomFieldTexts() override;
     void ShowCustomFields(const CustomFieldValues& texts) override;
+    [[nodiscard]] std::size_t PluginParameterCount() const;
 
     /// The material as the panel shows it, less the plug-in's values. An amount whose text is no
     /// whole number has its factory value.
     CorvexDB::udtMaterial Record();
-    /// Shows every field. Errors: InvalidArgument for a list position outside its list or a
-    /// placement that is no number, and nothing has changed then.
+    /// Shows every field. Errors: InvalidArgument for a list position outside its list, and for a
+    /// placement or a raytrace amount that is no number; nothing has changed then.
     void ShowRecord(const CorvexDB::udtMaterial& record);
 
     [[nodiscard]] CorvexDB::ApplyMode ApplyRelative() const;

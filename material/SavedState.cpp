@@ -23,32 +23,9 @@ constexpr std::string_view kBackgroundTexture = "ColorBackgroundTexture";
 // Keeps the height of any stored row count far from the limits of a widget.
 constexpr std::int32_t kMostRows = 10'000;
 
-struct ShownText {
-    Attribute attribute;
-    std::string text;
-};
-
 std::string KeyOfElement(std::string_view stem, std::size_t index)
 {
     return std::string(stem) + std::to_string(index);
-}
-
-std::string_view UserResetDefault(Attribute attribute)
-{
-    const auto* const row = std::find_if(
-        SavedStateOrders::kUserResetDefaults.begin(), SavedStateOrders::kUserResetDefaults.end(),
-        [attribute](const SavedStateOrders::DefaultRow& candidate) {
-            return candidate.attribute == attribute;
-        });
-    return row == SavedStateOrders::kUserResetDefaults.end() ? FactoryText(attribute) : row->text;
-}
-
-void ShowAll(std::vector<ShownText>& texts, AttributeTarget& target)
-{
-    for (const ShownText& shown : texts) {
-        target.Show(shown.attribute, shown.text);
-    }
-    texts.clear();
 }
 
 }  // namespace
@@ -56,6 +33,13 @@ void ShowAll(std::vector<ShownText>& texts, AttributeTarget& target)
 SavedState::SavedState(SettingsStore& store, std::function<std::string()> applicationName)
     : m_store(store), m_applicationName(std::move(applicationName))
 {
+}
+
+void SavedState::ShowAll(const std::vector<ShownText>& texts, AttributeTarget& target)
+{
+    for (const ShownText& shown : texts) {
+        target.Show(shown.attribute, shown.text);
+    }
 }
 
 void SavedState::Load(AttributeTarget& target)
@@ -82,26 +66,40 @@ void SavedState::ResetToUser(AttributeTarget& target)
 {
     // Everything is read before anything is shown, but for the plug-in, which alone tells what
     // parameters there are to read.
-    std::vector<ShownText> texts;
-    std::vector<std::string> pluginParameters;
-    CustomFieldValues customFields;
+    const std::string plugin = target.TextOf(Attribute::Plugin);
+    const std::vector<std::string> parameters = target.PluginParameterTexts();
+    UserDefaults defaults;
+    try {
+        defaults = ReadUserDefaults(target);
+    } catch (...) {
+        target.Show(Attribute::Plugin, plugin);
+        target.ShowPluginParameters(parameters);
+        throw;
+    }
+    ShowAll(defaults.texts, target);
+    target.ShowPluginParameters(defaults.pluginParameters);
+    target.ShowCustomFields(defaults.customFields);
+}
+
+SavedState::UserDefaults SavedState::ReadUserDefaults(AttributeTarget& target)
+{
+    UserDefaults read;
     for (const Attribute attribute : SavedStateOrders::kUserResetOrder) {
         if (attribute == Attribute::PluginParameters) {
-            pluginParameters = UserPluginParameters(target);
+            read.pluginParameters = UserPluginParameters(target);
         } else if (attribute == Attribute::CustomFields) {
-            customFields = ReadCustomFields();
+            read.customFields = ReadCustomFields();
         } else {
-            texts.push_back({attribute, ReadCanonical(attribute, RowOf(attribute).userKey,
-                                                      UserResetDefault(attribute))});
+            std::string text =
+                ReadCanonical(attribute, RowOf(attribute).userKey, FactoryText(attribute));
             if (attribute == Attribute::Plugin) {
-                target.Show(attribute, texts.back().text);
-                texts.pop_back();
+                target.Show(attribute, text);
+            } else {
+                read.texts.push_back({attribute, std::move(text)});
             }
         }
     }
-    ShowAll(texts, target);
-    target.ShowPluginParameters(pluginParameters);
-    target.ShowCustomFields(customFields);
+    return read;
 }
 
 void SavedState::ResetToFactory(AttributeTarget& target)

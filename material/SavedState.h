@@ -59,7 +59,8 @@ public:
     /// Writes the user's own defaults.
     void Remember(AttributeTarget& source);
     /// Shows the user's own defaults. The preview primitive, apply-relative, the raytrace type and
-    /// the colour pattern are written by `Remember` and yet keep their values here.
+    /// the colour pattern are written by `Remember` and yet keep their values here. After an error
+    /// of the store the panel shows what it showed.
     void ResetToUser(AttributeTarget& target);
     /// Shows the factory value of every attribute but the two libraries; the store is not asked.
     void ResetToFactory(AttributeTarget& target);
@@ -75,6 +76,19 @@ public:
     std::vector<std::string> UserPluginParameters(AttributeTarget& target);
 
 private:
+    struct ShownText {
+        Attribute attribute;
+        std::string text;
+    };
+    struct UserDefaults {
+        std::vector<ShownText> texts;
+        std::vector<std::string> pluginParameters;
+        CustomFieldValues customFields;
+    };
+
+    static void ShowAll(const std::vector<ShownText>& texts, AttributeTarget& target);
+    /// Shows the plug-in on its way.
+    UserDefaults ReadUserDefaults(AttributeTarget& target);
     std::optional<std::string> Read(std::string_view key);
     void Write(std::string_view key, const std::string& text);
     void Flush();

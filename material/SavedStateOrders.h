@@ -85,18 +85,6 @@ inline constexpr std::array kUserResetOrder{
     RaytraceNormalTurbulence};
 // clang-format on
 
-struct DefaultRow {
-    Attribute attribute;
-    std::string_view text;
-};
-
-/// Where the reset asks for another default than the loader does: it takes both as text, and no
-/// text means the first entry of the list.
-inline constexpr std::array kUserResetDefaults{
-    DefaultRow{AlphaTestReference, "0"},
-    DefaultRow{TextureAlphaChannelUse, ""},
-};
-
 constexpr bool EachOnce(auto order)
 {
     std::sort(order.begin(), order.end());

@@ -9,21 +9,23 @@ PreviewPanel::PreviewPanel(CorvexViewport::ViewportFactory& viewports, QWidget* 
 {
     m_ui->setupUi(this);
     m_viewport = viewports.CreateViewport(m_ui->fraViewport);
-    QWidget& widget = m_viewport->Widget();
-    widget.setObjectName("dfvMaterialViewport");
-    m_ui->fraViewport->layout()->addWidget(&widget);
+    m_viewportWidget = &m_viewport->Widget();
+    m_viewportWidget->setObjectName("dfvMaterialViewport");
+    m_ui->fraViewport->layout()->addWidget(m_viewportWidget);
     m_viewport->SetListener(this);
     connect(m_ui->cmdPreviewPrimitive, &QToolButton::clicked, this,
             &PreviewPanel::PrimitivePressed);
     connect(m_ui->cmdPreview, &QToolButton::clicked, this, &PreviewPanel::RaytracePressed);
-    connect(m_ui->cmdMaterialExtended, &QToolButton::clicked, this,
-            &PreviewPanel::ExtendedPressed);
+    connect(m_ui->cmdMaterialExtended, &QToolButton::clicked, this, &PreviewPanel::ExtendedPressed);
 }
 
 PreviewPanel::~PreviewPanel()
 {
     try {
-        m_viewport->SetListener(nullptr);
+        // A host that deleted the widget has ended its viewport.
+        if (m_viewportWidget != nullptr) {
+            m_viewport->SetListener(nullptr);
+        }
     } catch (...) {
         // The viewport's widget goes right after this one, and with it whoever could call back.
         return;

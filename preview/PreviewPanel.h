@@ -2,6 +2,7 @@
 
 #include "host/Host.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
@@ -39,6 +40,7 @@ Q_SIGNALS:
 private:
     std::unique_ptr<Ui::PreviewPanel> m_ui;
     CorvexViewport::Viewport* m_viewport = nullptr;
+    QPointer<QWidget> m_viewportWidget;
 };
 
 }  // namespace CorvexMaterial

@@ -1,5 +1,6 @@
 #include "preview/PreviewShapes.h"
 
+#include "host/Status.h"
 #include "preview/PreviewPrimitives.h"
 
 namespace CorvexMaterial {
@@ -9,16 +10,25 @@ namespace {
 // Asks the host for smooth shading; a preview mesh looks faceted without it.
 constexpr std::int32_t kSmoothOption = 2;
 
+std::shared_ptr<CorvexSG::Shape> NewShape(CorvexSG::SceneGraph& graph)
+{
+    auto shape = graph.CreateShape();
+    if (!shape) {
+        throw Error(Status::GraphicsFailed, "the scene graph makes no shape for the preview");
+    }
+    return shape;
+}
+
 }  // namespace
 
 void PreviewShapes::LoadPreviewPrimitives(CorvexSG::SceneGraph& graph,
                                           const std::string& libraryFolder)
 {
     m_requested = true;
-    m_shapes.back() = graph.CreateShape();
+    m_shapes.back() = NewShape(graph);
     const std::string folder = libraryFolder + "/" + std::string(kPreviewMeshFolder) + "/";
     for (std::size_t code = 0; code < kPreviewPrimitives.size(); ++code) {
-        auto shape = graph.CreateShape();
+        auto shape = NewShape(graph);
         shape->LoadMeshFile(folder + std::string(kPreviewPrimitives[code].meshFile));
         shape->SetShapeOption(kSmoothOption);
         m_shapes[code] = std::move(shape);

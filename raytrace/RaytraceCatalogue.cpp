@@ -29,6 +29,7 @@ constexpr std::array<std::string_view, 8> kMiscellaneous{
 constexpr std::int32_t kGranites = 10;
 constexpr std::int32_t kStones = 20;
 constexpr std::int32_t kStoneCount = kGranites + kStones + 1;
+static_assert(kStoneCount == kLongestPredefinedList && kMetal.size() < kStoneCount);
 
 std::string StoneName(std::int32_t index)
 {

@@ -78,6 +78,7 @@ inline constexpr std::array<std::string_view, 15> kNormalPatternNames{
     "Granite", "Hexagon", "Onion", "Quilted", "Spiral #1", "Spiral #2", "Waves"};
 static_assert(kNormalPatternNames.size() == static_cast<std::size_t>(NormalPattern::Waves) + 1);
 
+inline constexpr std::int32_t kLongestPredefinedList = 31;
 /// Number of predefined materials of a type; 0 for a type outside its list.
 [[nodiscard]] std::int32_t PredefinedMaterialCount(std::int32_t type);
 /// Empty for a position outside the list.

@@ -1,7 +1,7 @@
 #include "textures/TexturePage.h"
 
 #include "controls/WheelGuard.h"
-#include "host/Status.h"
+#include "platform/ArgumentChecks.h"
 #include "textures/ChannelIcons.h"
 #include "textures/TextureThumbnail.h"
 #include "textures/TextureWrap.h"
@@ -29,14 +29,6 @@ constexpr std::array kWrapSigns{ChannelSign::SphericalWrap, ChannelSign::FlatWra
                                 ChannelSign::CylindricalWrap};
 constexpr std::array kWrapTags{"", "Flat", ""};
 static_assert(kWrapSigns.size() == kWrapTitles.size() && kWrapTags.size() == kWrapTitles.size());
-
-void CheckPosition(std::int32_t position, std::size_t size, const char* name)
-{
-    if (position < 0 || static_cast<std::size_t>(position) >= size) {
-        throw Error(Status::InvalidArgument,
-                    std::string(name) + " has no position " + std::to_string(position));
-    }
-}
 
 }  // namespace
 

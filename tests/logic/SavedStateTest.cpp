@@ -137,11 +137,19 @@ TEST_F(SavedStateTest, PluginParametersAreRememberedAlone)
     EXPECT_THAT(state.UserPluginParameters(panel), ElementsAre("0.125", "3"));
 }
 
-TEST_F(SavedStateTest, AStoreThatFailsWhileLoadingLeavesThePanelAlone)
+TEST_F(SavedStateTest, AStoreThatFailsWhileItIsReadLeavesThePanelAsItWas)
 {
     store.failingAccess = 57;
     EXPECT_THROW(state.Load(panel), Error);
     EXPECT_THAT(panel.shown, IsEmpty());
+
+    panel.texts[Attribute::Plugin] = "Marble";
+    panel.parameters = {"0.25", "4"};
+    const auto before = panel.texts;
+    store.failingAccess = 57 + 30;
+    EXPECT_THROW(state.ResetToUser(panel), Error);
+    EXPECT_EQ(panel.texts, before);
+    EXPECT_THAT(panel.parameters, ElementsAre("0.25", "4"));
 }
 
 struct StoredText {

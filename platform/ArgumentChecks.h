@@ -1,0 +1,29 @@
+#pragma once
+
+#include "host/Status.h"
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace CorvexMaterial {
+
+/// Errors: InvalidArgument, naming the argument.
+inline void CheckFinite(float value, const char* name)
+{
+    if (!std::isfinite(value)) {
+        throw Error(Status::InvalidArgument, std::string(name) + " is not a finite number");
+    }
+}
+
+/// Errors: InvalidArgument, naming the argument, for a position outside a list of this size.
+inline void CheckPosition(std::int32_t position, std::size_t size, const char* name)
+{
+    if (position < 0 || static_cast<std::size_t>(position) >= size) {
+        throw Error(Status::InvalidArgument,
+                    std::string(name) + " has no position " + std::to_string(position));
+    }
+}
+
+}  // namespace CorvexMaterial
