@@ -73,9 +73,12 @@ public:
     virtual void CreateLibrary(const std::string& /*path*/) {}
     /// Opens an existing file. Errors: FileFailed.
     virtual LibraryContent Open(const std::string& path) = 0;
-    /// Nothing is shown any more, be it before another `Open` or because the file is missing. The
-    /// control asks for no entry until the next `Open`; neither should anything else of the host.
+    /// Nothing is shown any more, be it before another `Open` or because the file is missing. A
+    /// library without an open file has no entries; neither should anything else of the host use
+    /// it.
     virtual void CloseLibrary() {}
+    /// This and the changes below: FileFailed when the file cannot be read or written, Failed for
+    /// an index that is none; nothing has changed then.
     virtual udtMaterial MaterialAt(std::int32_t index) = 0;
     virtual void AddMaterialToLibrary(const udtMaterial& material) = 0;
     virtual void DeleteMaterialFromLibrary(std::int32_t index) = 0;
@@ -96,6 +99,7 @@ public:
     virtual void CreateLibrary(const std::string& /*path*/) {}
     virtual LibraryContent Open(const std::string& path) = 0;
     virtual void CloseLibrary() {}
+    /// Empty while no file is open.
     virtual TextureCollection& Textures() = 0;
     /// File of the texture at a browser index.
     virtual std::string SelectedLibraryTexture(std::int32_t index) = 0;
@@ -113,7 +117,7 @@ public:
 /// One row of the host's plug-in table.
 struct PluginRecord {
     std::shared_ptr<Plugin> plugin;
-    std::string name;
+    std::string name;  ///< for the host; the control knows a plug-in by its place in the list
 };
 
 class PluginTable {

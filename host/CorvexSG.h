@@ -59,7 +59,9 @@ public:
     virtual void ApplyMaterialWrapped(const MaterialApplication& application) = 0;
     /// Reads a `.x` mesh. Errors: FileFailed; the shape stays as it was.
     virtual void LoadMeshFile(const std::string& path) = 0;
+    /// 2: smooth shading. The control sets it on the preview meshes; other values are the host's.
     virtual void SetShapeOption(std::int32_t option) = 0;
+    /// In scene units, along x, y or z for mode 0, 1 or 2.
     virtual void Move(float distance, std::int32_t mode) = 0;
 };
 
@@ -73,6 +75,7 @@ public:
     virtual ~Scene() = default;
     /// Shows this shape alone; the scene shares it. Null leaves the scene empty.
     virtual void ShowShape(const std::shared_ptr<Shape>& shape) = 0;
+    /// Both may be null; they are handed back with each material operation.
     virtual Group* RootGroup() = 0;
     virtual Group* CameraGroup() = 0;
 };
@@ -81,6 +84,7 @@ public:
 class SceneGraph {
 public:
     virtual ~SceneGraph() = default;
+    /// An empty shape, never null.
     virtual std::shared_ptr<Shape> CreateShape() = 0;
 };
 
@@ -99,14 +103,15 @@ struct RaytraceExport {
     std::string path;  ///< ends in ".pov" or ".rib"
     Scene& scene;
     float aspectRatio;  ///< width / height
-    float constant;     ///< 0.1
+    float constant;     ///< always 0.1; kept for exporters that ask for it
     RaytraceView view = RaytraceView::Scene;
 };
 
 class SceneExporter {
 public:
     virtual ~SceneExporter() = default;
-    /// Writes the complete scene; returns the file that the renderer is to read.
+    /// Writes the complete scene; returns the file that the renderer is to read. Errors:
+    /// FileFailed.
     virtual std::string ExportRaytraceScene(const RaytraceExport& request) = 0;
     /// Files of every texture in use.
     virtual std::vector<std::string> TexturesInUse(Scene& scene) = 0;

@@ -53,12 +53,16 @@ struct udtMaterial {
     bool WrapOrientationU = false;  ///< flipped horizontally
     bool WrapOrientationV = false;  ///< flipped vertically
     bool DoubleSided = false;
-    std::int32_t AlphaTest = 0;           ///< position in the alpha-test list, 0 to 7
+    /// When a texel's alpha is drawn, against the reference: 0 never, 1 less, 2 equal, 3 less or
+    /// equal, 4 greater, 5 not equal, 6 greater or equal, 7 always.
+    std::int32_t AlphaTest = 0;
     std::int32_t AlphaTestReference = 0;  ///< 0 to 255
     CorvexDB::WrapType Wrap = CorvexDB::WrapType::Spherical;
     CorvexDB::FlatWrapType FlatWrap = CorvexDB::FlatWrapType::TileByUnit;
-    float TilesPerUnit = 1.0F;                ///< tiles per scene unit
-    std::int32_t TextureAlphaChannelUse = 0;  ///< position in its list, 0 to 4
+    float TilesPerUnit = 1.0F;  ///< tiles per scene unit
+    /// What a texture's alpha channel is: 0 alpha, 1 ignored, 2 bump map, 3 specular map,
+    /// 4 environment map.
+    std::int32_t TextureAlphaChannelUse = 0;
     bool AlphaIsTransparent = false;
     float OverlayTranslucency = 50.0F;  ///< percent
     TextureFiles Textures;

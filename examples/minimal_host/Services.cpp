@@ -15,25 +15,9 @@ using CorvexMaterial::Status;
 
 namespace {
 
-template <typename Entries>
-auto& EntryAt(Entries& entries, std::int32_t index)
+[[noreturn]] void RefuseLibrary(const std::string& path)
 {
-    if (index < 0 || index >= static_cast<std::int32_t>(entries.size())) {
-        throw Error(Status::InvalidArgument, "The library has no such entry.");
-    }
-    return entries[static_cast<std::size_t>(index)];
-}
-
-template <typename Entries>
-void Erase(Entries& entries, std::int32_t index)
-{
-    entries.erase(entries.begin() + (&EntryAt(entries, index) - entries.data()));
-}
-
-template <typename Entries>
-std::int32_t CountOf(const Entries& entries)
-{
-    return static_cast<std::int32_t>(entries.size());
+    throw Error(Status::FileFailed, "This host keeps no libraries: " + path + " is not opened.");
 }
 
 }  // namespace
@@ -55,61 +39,14 @@ void TerminalDiagnostics::DebugTrace(std::string_view text)
     std::clog << "trace: " << text << '\n';
 }
 
-CorvexDB::LibraryContent MemoryMaterialLibrary::Open(const std::string& path)
+CorvexDB::LibraryContent NoMaterialLibrary::Open(const std::string& path)
 {
-    m_open = &m_libraries[path];
-    return {CountOf(*m_open)};
+    RefuseLibrary(path);
 }
 
-CorvexDB::udtMaterial MemoryMaterialLibrary::MaterialAt(std::int32_t index)
+CorvexDB::LibraryContent NoTextureLibrary::Open(const std::string& path)
 {
-    return EntryAt(*m_open, index);
-}
-
-void MemoryMaterialLibrary::AddMaterialToLibrary(const CorvexDB::udtMaterial& material)
-{
-    m_open->push_back(material);
-}
-
-void MemoryMaterialLibrary::DeleteMaterialFromLibrary(std::int32_t index)
-{
-    Erase(*m_open, index);
-}
-
-CorvexDB::LibraryContent MemoryTextureLibrary::Open(const std::string& path)
-{
-    m_open = &m_libraries[path];
-    return {CountOf(*m_open)};
-}
-
-CorvexDB::TextureCollection& MemoryTextureLibrary::Textures()
-{
-    return *this;
-}
-
-std::string MemoryTextureLibrary::SelectedLibraryTexture(std::int32_t index)
-{
-    return EntryAt(*m_open, index);
-}
-
-void MemoryTextureLibrary::AddTextureToLibrary(const std::string& file)
-{
-    m_open->push_back(file);
-}
-
-void MemoryTextureLibrary::DeleteTextureFromLibrary(std::int32_t index)
-{
-    Erase(*m_open, index);
-}
-
-std::int32_t MemoryTextureLibrary::Count()
-{
-    return CountOf(*m_open);
-}
-
-std::string MemoryTextureLibrary::FileAt(std::int32_t index)
-{
-    return EntryAt(*m_open, index);
+    RefuseLibrary(path);
 }
 
 std::string NoRaytracer::CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes&)

@@ -5,8 +5,6 @@
 
 #include <host/Host.h>
 
-#include <map>
-
 /// No raytracer, no search folders, one fixed settings name.
 class HostState final : public CorvexDB::ApplicationState {
 public:
@@ -36,36 +34,28 @@ public:
     bool CanEnvironmentMap() override { return false; }
 };
 
-/// Libraries that last as long as the program: a name is a list in memory.
-class MemoryMaterialLibrary final : public CorvexDB::MaterialLibrary {
+/// This host keeps no libraries: it names no folder of theirs, and a file that is chosen all the
+/// same is refused.
+class NoMaterialLibrary final : public CorvexDB::MaterialLibrary {
 public:
     CorvexDB::LibraryContent Open(const std::string& path) override;
-    CorvexDB::udtMaterial MaterialAt(std::int32_t index) override;
-    void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override;
-    void DeleteMaterialFromLibrary(std::int32_t index) override;
-
-private:
-    using Entries = std::vector<CorvexDB::udtMaterial>;
-    std::map<std::string, Entries> m_libraries;
-    Entries* m_open = &m_libraries[{}];
+    CorvexDB::udtMaterial MaterialAt(std::int32_t) override { return {}; }
+    void AddMaterialToLibrary(const CorvexDB::udtMaterial&) override {}
+    void DeleteMaterialFromLibrary(std::int32_t) override {}
 };
 
-class MemoryTextureLibrary final : public CorvexDB::TextureLibrary,
-                                   private CorvexDB::TextureCollection {
+class NoTextureLibrary final : public CorvexDB::TextureLibrary,
+                               private CorvexDB::TextureCollection {
 public:
     CorvexDB::LibraryContent Open(const std::string& path) override;
-    CorvexDB::TextureCollection& Textures() override;
-    std::string SelectedLibraryTexture(std::int32_t index) override;
-    void AddTextureToLibrary(const std::string& file) override;
-    void DeleteTextureFromLibrary(std::int32_t index) override;
+    CorvexDB::TextureCollection& Textures() override { return *this; }
+    std::string SelectedLibraryTexture(std::int32_t) override { return {}; }
+    void AddTextureToLibrary(const std::string&) override {}
+    void DeleteTextureFromLibrary(std::int32_t) override {}
 
 private:
-    std::int32_t Count() override;
-    std::string FileAt(std::int32_t index) override;
-
-    using Entries = std::vector<std::string>;
-    std::map<std::string, Entries> m_libraries;
-    Entries* m_open = &m_libraries[{}];
+    std::int32_t Count() override { return 0; }
+    std::string FileAt(std::int32_t) override { return {}; }
 };
 
 class NoPlugins final : public CorvexDB::PluginTable {
@@ -106,8 +96,8 @@ private:
     HostState m_state;
     TerminalDiagnostics m_diagnostics;
     NoGraphics m_graphics;
-    MemoryMaterialLibrary m_materials;
-    MemoryTextureLibrary m_textures;
+    NoMaterialLibrary m_materials;
+    NoTextureLibrary m_textures;
     NoPlugins m_plugins;
     NoCustomFields m_fields;
     NoRaytracer m_raytracer;

@@ -49,12 +49,10 @@ int main(int argc, char** argv)
     // What the control calls outlives it, so the window that owns the control comes last.
     MinimalHost host;
     CorvexMaterial::QtPlatform platform;
+    const auto shape = std::make_shared<SwatchShape>();  // the host's own scene, always selected
     QMainWindow window;
     platform.SetDialogParent(&window);
     auto* const material = new Material(host.Interfaces(), platform.Get(), nullptr);
-
-    // The host's own scene: one shape, always selected.
-    const auto shape = std::make_shared<SwatchShape>();
     auto* const view = new SwatchViewport(nullptr);
     view->Scene().ShowShape(shape);
 
