@@ -2,6 +2,8 @@
 
 #include "studio/render/RenderService.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -16,17 +18,16 @@ namespace {
 
 std::unique_ptr<studio::RenderService> theService;
 
+/// The renderer of all tests, on its own thread; ends before the application does.
+class Session : public testing::Environment {
+public:
+    void SetUp() override { theService = std::make_unique<studio::RenderService>(); }
+    void TearDown() override { theService.reset(); }
+};
+
+const auto* const theSession = testing::AddGlobalTestEnvironment(new Session);
+
 }  // namespace
-
-Session::Session()
-{
-    theService = std::make_unique<studio::RenderService>();
-}
-
-Session::~Session()
-{
-    theService.reset();
-}
 
 std::shared_ptr<const Mesh> Square()
 {

@@ -19,15 +19,6 @@ studio::FrameItem Item(const std::shared_ptr<const studio::Mesh>& mesh, const Ma
 /// Glows evenly in its colour, so that a pixel's value can be told by hand.
 Material Glowing(CorvexMaterial::Colour colour, int transparency = 0);
 
-/// The renderer of all tests, on its own thread; lives as long as `main`.
-class Session {
-public:
-    Session();
-    ~Session();
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
-};
-
 /// 64 by 64 pixels over black, seen from +z, 4 units of the world across at z = 0.
 studio::Frame FrameOf(std::vector<studio::FrameItem> items);
 QImage Draw(const studio::Frame& frame);
