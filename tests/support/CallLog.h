@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace CorvexTest {
@@ -28,6 +29,13 @@ class CallLog {
 public:
     /// Each fake operation begins with this; it throws when the call is planned to fail.
     void Enter(std::string_view name, std::string detail = {});
+    /// For an operation that only answers.
+    template <typename Value>
+    Value Answer(std::string_view name, Value value, std::string detail = {})
+    {
+        Enter(name, std::move(detail));
+        return value;
+    }
     /// Something to see in its order that is no call, and so never fails.
     void Note(std::string_view name);
     /// Makes one call fail: the n-th from now, counted from 0.
@@ -57,6 +65,16 @@ private:
     std::optional<std::string> m_failingName;
     Fault m_fault = Fault::StandardException;
     std::optional<std::string> m_failedCall;
+};
+
+/// What each fake of an interface begins with.
+template <typename Interface>
+class Recording : public Interface {
+public:
+    explicit Recording(CallLog& log) : m_log(log) {}
+
+protected:
+    CallLog& m_log;
 };
 
 }  // namespace CorvexTest

@@ -9,18 +9,42 @@
 
 namespace CorvexTest {
 
-class RecordingApplicationState : public CorvexDB::ApplicationState {
+class RecordingApplicationState : public Recording<CorvexDB::ApplicationState> {
 public:
-    explicit RecordingApplicationState(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    std::string SettingsApplicationName() override;
-    std::string LibraryFolder() override;
-    bool RaytracerAvailable() override;
-    CorvexDB::Raytracer SelectedRaytracer() override;
-    std::string PovRayProgram() override;
-    std::int32_t AntialiasChoice() override;
-    std::string ScenePath() override;
-    std::vector<std::string> SearchFolders() override;
+    std::string SettingsApplicationName() override
+    {
+        return m_log.Answer("ApplicationState.SettingsApplicationName", applicationName);
+    }
+    std::string LibraryFolder() override
+    {
+        return m_log.Answer("ApplicationState.LibraryFolder", libraryFolder);
+    }
+    bool RaytracerAvailable() override
+    {
+        return m_log.Answer("ApplicationState.RaytracerAvailable", raytracerAvailable);
+    }
+    CorvexDB::Raytracer SelectedRaytracer() override
+    {
+        return m_log.Answer("ApplicationState.SelectedRaytracer", raytracer);
+    }
+    std::string PovRayProgram() override
+    {
+        return m_log.Answer("ApplicationState.PovRayProgram", povRayProgram);
+    }
+    std::int32_t AntialiasChoice() override
+    {
+        return m_log.Answer("ApplicationState.AntialiasChoice", antialias);
+    }
+    std::string ScenePath() override
+    {
+        return m_log.Answer<std::string>("ApplicationState.ScenePath", "/scenes/");
+    }
+    std::vector<std::string> SearchFolders() override
+    {
+        return m_log.Answer("ApplicationState.SearchFolders", std::vector<std::string>{"/media/"});
+    }
     void OpenWebSite(CorvexDB::WebSite site) override;
 
     std::string applicationName = "Corvex";
@@ -29,120 +53,111 @@ public:
     CorvexDB::Raytracer raytracer = CorvexDB::Raytracer::PovRay;
     std::string povRayProgram = "/programs/povray";
     std::int32_t antialias = 0;
-    std::string scenePath = "/scenes/";
-    std::vector<std::string> searchFolders{"/media/"};
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingDiagnostics : public CorvexDB::Diagnostics {
+class RecordingDiagnostics : public Recording<CorvexDB::Diagnostics> {
 public:
-    explicit RecordingDiagnostics(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    void RecordEvent(std::string_view text) override;
-    void DebugTrace(std::string_view text) override;
-
-private:
-    CallLog& m_log;
+    void RecordEvent(std::string_view text) override
+    {
+        m_log.Enter("Diagnostics.RecordEvent", std::string(text));
+    }
+    void DebugTrace(std::string_view text) override
+    {
+        m_log.Enter("Diagnostics.DebugTrace", std::string(text));
+    }
 };
 
-class RecordingGraphics : public CorvexDB::GraphicsCapabilities {
+class RecordingGraphics : public Recording<CorvexDB::GraphicsCapabilities> {
 public:
-    explicit RecordingGraphics(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    bool CanBumpmap() override;
-    bool CanSpecularMap() override;
-    bool CanEnvironmentMap() override;
+    bool CanBumpmap() override { return Can("GraphicsCapabilities.CanBumpmap"); }
+    bool CanSpecularMap() override { return Can("GraphicsCapabilities.CanSpecularMap"); }
+    bool CanEnvironmentMap() override { return Can("GraphicsCapabilities.CanEnvironmentMap"); }
 
     bool capable = true;
 
 private:
-    CallLog& m_log;
+    bool Can(const char* name) { return m_log.Answer(name, capable); }
 };
 
-class RecordingMaterialLibrary : public CorvexDB::MaterialLibrary {
+class RecordingMaterialLibrary : public Recording<CorvexDB::MaterialLibrary> {
 public:
-    explicit RecordingMaterialLibrary(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     CorvexDB::LibraryContent Open(const std::string& path) override;
     CorvexDB::udtMaterial MaterialAt(std::int32_t index) override;
     void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override;
     void DeleteMaterialFromLibrary(std::int32_t index) override;
-
     void CreateLibrary(const std::string& path) override;
-    void CloseLibrary() override;
+    void CloseLibrary() override { m_log.Enter("MaterialLibrary.CloseLibrary"); }
 
     std::vector<CorvexDB::udtMaterial> materials;
-    std::function<void()> opening;                     ///< called in the middle of Open
-    std::function<void(const std::string&)> creating;  ///< makes the file
-
-private:
-    CallLog& m_log;
+    std::function<void()> opening = [] {};  ///< called in the middle of Open
+    std::function<void(const std::string&)> creating = [](const auto&) {};  ///< makes the file
 };
 
-class RecordingTextureLibrary : public CorvexDB::TextureLibrary,
+class RecordingTextureLibrary : public Recording<CorvexDB::TextureLibrary>,
                                 private CorvexDB::TextureCollection {
 public:
-    explicit RecordingTextureLibrary(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     CorvexDB::LibraryContent Open(const std::string& path) override;
     CorvexDB::TextureCollection& Textures() override;
     std::string SelectedLibraryTexture(std::int32_t index) override;
     void AddTextureToLibrary(const std::string& file) override;
     void DeleteTextureFromLibrary(std::int32_t index) override;
-
     void CreateLibrary(const std::string& path) override;
-    void CloseLibrary() override;
+    void CloseLibrary() override { m_log.Enter("TextureLibrary.CloseLibrary"); }
 
     std::vector<std::string> files;
-    std::function<void()> opening;
-    std::function<void(const std::string&)> creating;
+    std::function<void()> opening = [] {};
+    std::function<void(const std::string&)> creating = [](const auto&) {};
 
 private:
     std::int32_t Count() override;
     std::string FileAt(std::int32_t index) override;
-
-    CallLog& m_log;
 };
 
-class RecordingPlugins : public CorvexDB::PluginTable {
+class RecordingPlugins : public Recording<CorvexDB::PluginTable> {
 public:
-    explicit RecordingPlugins(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    std::vector<CorvexDB::PluginRecord> Records() override;
+    std::vector<CorvexDB::PluginRecord> Records() override
+    {
+        return m_log.Answer("PluginTable.Records", records);
+    }
 
     std::vector<CorvexDB::PluginRecord> records;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingCustomFields : public CorvexDB::CustomFields {
+class RecordingCustomFields : public Recording<CorvexDB::CustomFields> {
 public:
-    explicit RecordingCustomFields(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    std::vector<std::string> GetCustomMaterialFieldNames() override;
+    std::vector<std::string> GetCustomMaterialFieldNames() override
+    {
+        return m_log.Answer("CustomFields.GetCustomMaterialFieldNames", names);
+    }
 
     std::vector<std::string> names;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingRaytrace : public CorvexDB::RaytraceServices {
+class RecordingRaytrace : public Recording<CorvexDB::RaytraceServices> {
 public:
-    explicit RecordingRaytrace(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::string
     CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes) override;
-    std::int32_t StartAndWait(const CorvexDB::CommandLine& commandLine) override;
-    void RaytraceAbandoned() override;
+    std::int32_t StartAndWait(const CorvexDB::CommandLine& commandLine) override
+    {
+        return m_log.Answer("RaytraceServices.StartAndWait", 0, commandLine.text);
+    }
+    void RaytraceAbandoned() override { m_log.Enter("RaytraceServices.RaytraceAbandoned"); }
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                     std::int32_t quality) override;
-
-private:
-    CallLog& m_log;
 };
 
 }  // namespace CorvexTest

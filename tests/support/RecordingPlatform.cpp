@@ -47,31 +47,17 @@ void RecordingStore::Write(const CorvexMaterial::SettingAddress& address, const 
     m_values[{address.application, address.section, address.key}] = value;
 }
 
-void RecordingStore::Flush(const std::string& flushed)
+void RecordingStore::Put(const std::string& key, const std::string& value,
+                         const std::string& section)
 {
-    m_log.Enter("Store.Flush", flushed);
+    m_values[{application, section, key}] = value;
 }
 
-void RecordingStore::Put(const std::string& key, const std::string& value)
+std::optional<std::string> RecordingStore::Get(const std::string& key,
+                                               const std::string& section) const
 {
-    m_values[{application, "Application", key}] = value;
-}
-
-std::optional<std::string> RecordingStore::Get(const std::string& key) const
-{
-    const auto found = m_values.find({application, "Application", key});
+    const auto found = m_values.find({application, section, key});
     return found == m_values.end() ? std::nullopt : std::optional(found->second);
-}
-
-std::optional<std::string> RecordingStore::GetTip(const std::string& key) const
-{
-    const auto found = m_values.find({application, "Tips", key});
-    return found == m_values.end() ? std::nullopt : std::optional(found->second);
-}
-
-void RecordingStore::PutTip(const std::string& key, const std::string& value)
-{
-    m_values[{application, "Tips", key}] = value;
 }
 
 void RecordingPrompts::Show(const CorvexMaterial::Message& message)
@@ -145,36 +131,6 @@ void RecordingTemporaryFiles::Remove(const std::string& path)
     if (passOn != nullptr) {
         passOn->Remove(path);
     }
-}
-
-std::string RecordingLibrary::Folder()
-{
-    m_log.Enter("ControlLibrary.Folder");
-    return "/control";
-}
-
-bool RecordingImageFormats::CanReadTiff()
-{
-    m_log.Enter("ImageFormats.CanReadTiff");
-    return available;
-}
-
-bool RecordingImageFormats::CanWriteJpeg()
-{
-    m_log.Enter("ImageFormats.CanWriteJpeg");
-    return available;
-}
-
-bool RecordingLibraryFiles::Exists(const std::string& path)
-{
-    m_log.Enter("LibraryFiles.Exists", path);
-    return paths.contains(path);
-}
-
-bool RecordingLibraryFiles::MakeWritable(const std::string& path)
-{
-    m_log.Enter("LibraryFiles.MakeWritable", path);
-    return writable;
 }
 
 std::vector<std::string> RecordingLibraryFiles::NamesIn(const std::string& folder,

@@ -11,19 +11,24 @@
 namespace CorvexTest {
 
 /// A settings store in memory. It logs "section/key", for writes with "=value".
-class RecordingStore : public CorvexMaterial::SettingsStore {
+class RecordingStore : public Recording<CorvexMaterial::SettingsStore> {
 public:
-    explicit RecordingStore(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::optional<std::string> Read(const CorvexMaterial::SettingAddress& address) override;
     void Write(const CorvexMaterial::SettingAddress& address, const std::string& value) override;
-    void Flush(const std::string& application) override;
+    void Flush(const std::string& flushed) override { m_log.Enter("Store.Flush", flushed); }
 
-    /// Without a log entry, for preparing and checking; section "Application".
-    void Put(const std::string& key, const std::string& value);
-    [[nodiscard]] std::optional<std::string> Get(const std::string& key) const;
-    [[nodiscard]] std::optional<std::string> GetTip(const std::string& key) const;
-    void PutTip(const std::string& key, const std::string& value);
+    /// Without a log entry, for preparing and checking.
+    void Put(const std::string& key, const std::string& value,
+             const std::string& section = "Application");
+    [[nodiscard]] std::optional<std::string> Get(const std::string& key,
+                                                 const std::string& section = "Application") const;
+    void PutTip(const std::string& key, const std::string& value) { Put(key, value, "Tips"); }
+    [[nodiscard]] std::optional<std::string> GetTip(const std::string& key) const
+    {
+        return Get(key, "Tips");
+    }
     [[nodiscard]] std::size_t Size() const { return m_values.size(); }
 
     std::string application = "Corvex";
@@ -31,29 +36,25 @@ public:
 private:
     using Address = std::tuple<std::string, std::string, std::string>;
 
-    CallLog& m_log;
     std::map<Address, std::string> m_values;
 };
 
 /// Message boxes that answer themselves.
-class RecordingPrompts : public CorvexMaterial::Prompts {
+class RecordingPrompts : public Recording<CorvexMaterial::Prompts> {
 public:
-    explicit RecordingPrompts(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     void Show(const CorvexMaterial::Message& message) override;
     bool AskYesNo(const CorvexMaterial::Message& question) override;
 
     std::vector<CorvexMaterial::Message> shown;
     std::deque<bool> answers;  ///< No when empty
-
-private:
-    CallLog& m_log;
 };
 
 /// Choosers whose answers are set before; cancelled when none is left.
-class RecordingChoosers : public CorvexMaterial::Choosers {
+class RecordingChoosers : public Recording<CorvexMaterial::Choosers> {
 public:
-    explicit RecordingChoosers(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::optional<CorvexMaterial::Colour>
     ChooseColour(std::optional<CorvexMaterial::Colour> initial) override;
@@ -61,14 +62,11 @@ public:
 
     std::deque<CorvexMaterial::Colour> colours;
     std::deque<std::string> files;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingProcesses : public CorvexMaterial::ProcessStarter {
+class RecordingProcesses : public Recording<CorvexMaterial::ProcessStarter> {
 public:
-    explicit RecordingProcesses(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::unique_ptr<CorvexMaterial::Process>
     Start(const CorvexMaterial::ProcessRequest& request) override;
@@ -77,14 +75,11 @@ public:
     std::vector<CorvexMaterial::ProcessRequest> requests;
     /// Really starts what is asked for.
     CorvexMaterial::ProcessStarter* passOn = nullptr;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingTemporaryFiles : public CorvexMaterial::TemporaryFiles {
+class RecordingTemporaryFiles : public Recording<CorvexMaterial::TemporaryFiles> {
 public:
-    explicit RecordingTemporaryFiles(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::string Folder() override;
     std::string Claim(const std::string& extension) override;
@@ -99,48 +94,47 @@ public:
     CorvexMaterial::TemporaryFiles* passOn = nullptr;
 
 private:
-    CallLog& m_log;
     int m_next = 1;
 };
 
-class RecordingLibrary : public CorvexMaterial::ControlLibrary {
+class RecordingLibrary : public Recording<CorvexMaterial::ControlLibrary> {
 public:
-    explicit RecordingLibrary(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    std::string Folder() override;
-
-private:
-    CallLog& m_log;
+    std::string Folder() override
+    {
+        return m_log.Answer<std::string>("ControlLibrary.Folder", "/control");
+    }
 };
 
-class RecordingImageFormats : public CorvexMaterial::ImageFormats {
+class RecordingImageFormats : public Recording<CorvexMaterial::ImageFormats> {
 public:
-    explicit RecordingImageFormats(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    bool CanReadTiff() override;
-    bool CanWriteJpeg() override;
+    bool CanReadTiff() override { return m_log.Answer("ImageFormats.CanReadTiff", available); }
+    bool CanWriteJpeg() override { return m_log.Answer("ImageFormats.CanWriteJpeg", available); }
 
     bool available = true;
-
-private:
-    CallLog& m_log;
 };
 
 /// Library files that are only names; by default the two of a fresh start are there.
-class RecordingLibraryFiles : public CorvexMaterial::LibraryFiles {
+class RecordingLibraryFiles : public Recording<CorvexMaterial::LibraryFiles> {
 public:
-    explicit RecordingLibraryFiles(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    bool Exists(const std::string& path) override;
-    bool MakeWritable(const std::string& path) override;
+    bool Exists(const std::string& path) override
+    {
+        return m_log.Answer("LibraryFiles.Exists", paths.contains(path), path);
+    }
+    bool MakeWritable(const std::string& path) override
+    {
+        return m_log.Answer("LibraryFiles.MakeWritable", writable, path);
+    }
     std::vector<std::string> NamesIn(const std::string& folder,
                                      const std::string& extension) override;
 
     std::set<std::string> paths{"/libraries/Gems.cvm", "/libraries/Gems.cvt"};
     bool writable = true;
-
-private:
-    CallLog& m_log;
 };
 
 /// A complete desktop in memory.

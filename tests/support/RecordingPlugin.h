@@ -8,21 +8,19 @@
 
 namespace CorvexTest {
 
-class RecordingPlugin : public CorvexDB::Plugin {
+class RecordingPlugin : public Recording<CorvexDB::Plugin> {
 public:
     RecordingPlugin(CallLog& log, std::vector<CorvexDB::PluginParameter> parameters)
-        : m_log(log), m_parameters(std::move(parameters))
+        : Recording(log), m_parameters(std::move(parameters))
     {
     }
 
     std::vector<CorvexDB::PluginParameter> GetParameters() override
     {
-        m_log.Enter("Plugin.GetParameters");
-        return m_parameters;
+        return m_log.Answer("Plugin.GetParameters", m_parameters);
     }
 
 private:
-    CallLog& m_log;
     std::vector<CorvexDB::PluginParameter> m_parameters;
 };
 

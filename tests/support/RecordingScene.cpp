@@ -22,7 +22,7 @@ std::string NameOf(const CorvexSG::Shape* shape)
 
 RecordingShape::RecordingShape(CallLog& log, std::string name,
                                const std::set<std::string>& missingMeshes)
-    : m_log(log), m_name(std::move(name)), m_missingMeshes(missingMeshes)
+    : Recording(log), m_name(std::move(name)), m_missingMeshes(missingMeshes)
 {
 }
 
@@ -79,18 +79,6 @@ void RecordingScene::ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape)
     m_shown = shape;
 }
 
-CorvexSG::Group* RecordingScene::RootGroup()
-{
-    m_log.Enter("Scene.RootGroup");
-    return &m_root;
-}
-
-CorvexSG::Group* RecordingScene::CameraGroup()
-{
-    m_log.Enter("Scene.CameraGroup");
-    return &m_camera;
-}
-
 RecordingShape* RecordingScene::Shown() const
 {
     return dynamic_cast<RecordingShape*>(m_shown.get());
@@ -113,12 +101,6 @@ std::string RecordingExporter::ExportRaytraceScene(const CorvexSG::RaytraceExpor
                         shape == nullptr ? CorvexDB::cdtRayTraceMaterialAttributes{}
                                          : shape->Material().RayTrace});
     return request.path;
-}
-
-std::vector<std::string> RecordingExporter::TexturesInUse(CorvexSG::Scene& /*scene*/)
-{
-    m_log.Enter("SceneExporter.TexturesInUse");
-    return textures;
 }
 
 }  // namespace CorvexTest

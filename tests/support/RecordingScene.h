@@ -24,7 +24,7 @@ struct AppliedMaterial {
     std::vector<float> coordinateModeData;
 };
 
-class RecordingShape : public CorvexSG::Shape {
+class RecordingShape : public Recording<CorvexSG::Shape> {
 public:
     RecordingShape(CallLog& log, std::string name, const std::set<std::string>& missingMeshes);
 
@@ -43,51 +43,49 @@ public:
 private:
     void Keep(const CorvexSG::MaterialApplication& application, bool wrapped);
 
-    CallLog& m_log;
     std::string m_name;
     const std::set<std::string>& m_missingMeshes;
     std::string m_meshFile;
     std::vector<AppliedMaterial> m_applied;
 };
 
-class RecordingScene : public CorvexSG::Scene {
+class RecordingScene : public Recording<CorvexSG::Scene> {
 public:
-    explicit RecordingScene(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     void ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape) override;
-    CorvexSG::Group* RootGroup() override;
-    CorvexSG::Group* CameraGroup() override;
+    CorvexSG::Group* RootGroup() override { return m_log.Answer("Scene.RootGroup", &m_root); }
+    CorvexSG::Group* CameraGroup() override { return m_log.Answer("Scene.CameraGroup", &m_camera); }
 
     /// Null until one is shown.
     [[nodiscard]] RecordingShape* Shown() const;
 
 private:
-    CallLog& m_log;
     std::shared_ptr<CorvexSG::Shape> m_shown;
     CorvexSG::Group m_root;
     CorvexSG::Group m_camera;
 };
 
-class RecordingSceneGraph : public CorvexSG::SceneGraph {
+class RecordingSceneGraph : public Recording<CorvexSG::SceneGraph> {
 public:
-    explicit RecordingSceneGraph(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::shared_ptr<CorvexSG::Shape> CreateShape() override;
 
     /// File names, without folder, whose loading fails.
     std::set<std::string> missingMeshes;
     std::vector<std::shared_ptr<RecordingShape>> shapes;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingExporter : public CorvexSG::SceneExporter {
+class RecordingExporter : public Recording<CorvexSG::SceneExporter> {
 public:
-    explicit RecordingExporter(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     std::string ExportRaytraceScene(const CorvexSG::RaytraceExport& request) override;
-    std::vector<std::string> TexturesInUse(CorvexSG::Scene& scene) override;
+    std::vector<std::string> TexturesInUse(CorvexSG::Scene& /*scene*/) override
+    {
+        return m_log.Answer("SceneExporter.TexturesInUse", textures);
+    }
 
     struct Request {
         float aspectRatio;
@@ -97,9 +95,6 @@ public:
     };
     std::vector<Request> requests;
     std::vector<std::string> textures;
-
-private:
-    CallLog& m_log;
 };
 
 }  // namespace CorvexTest

@@ -11,17 +11,25 @@
 
 namespace CorvexTest {
 
-class RecordingViewport : public QWidget, public CorvexViewport::Viewport {
+class RecordingViewport : public QWidget, public Recording<CorvexViewport::Viewport> {
 public:
-    RecordingViewport(CallLog& log, QWidget* parent) : QWidget(parent), m_log(log), m_scene(log) {}
+    RecordingViewport(CallLog& log, QWidget* parent) : QWidget(parent), Recording(log), m_scene(log)
+    {
+    }
 
     QWidget& Widget() override { return *this; }
     CorvexSG::Scene& Scene() override;
     void Prepare() override { m_log.Enter("Viewport.Prepare"); }
     void Draw() override { m_log.Enter("Viewport.Draw"); }
-    void SetBackColor(CorvexMaterial::Colour colour) override;
+    void SetBackColor(CorvexMaterial::Colour colour) override
+    {
+        m_log.Enter("Viewport.SetBackColor", std::to_string(colour));
+    }
     void SetListener(CorvexViewport::ViewportListener* newListener) override;
-    CorvexViewport::PixelSize Size() override;
+    CorvexViewport::PixelSize Size() override
+    {
+        return m_log.Answer("Viewport.Size", CorvexViewport::PixelSize{256, 256});
+    }
     void PrepareRaytracedPicture() override { m_log.Enter("Viewport.PrepareRaytracedPicture"); }
     void ShowBitmap(const std::string& path) override { m_log.Enter("Viewport.ShowBitmap", path); }
     void ResetDevice() override { m_log.Enter("Viewport.ResetDevice"); }
@@ -30,67 +38,74 @@ public:
     CorvexViewport::ViewportListener* listener = nullptr;
 
 private:
-    CallLog& m_log;
     RecordingScene m_scene;
 };
 
-class RecordingViewports : public CorvexViewport::ViewportFactory {
+class RecordingViewports : public Recording<CorvexViewport::ViewportFactory> {
 public:
-    explicit RecordingViewports(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     CorvexViewport::Viewport* CreateViewport(QWidget* parent) override;
 
     /// The last one made; null when its widget is gone.
     QPointer<QWidget> last;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingEditport : public QWidget, public CorvexEditport::Editport {
+class RecordingEditport : public QWidget, public Recording<CorvexEditport::Editport> {
 public:
     RecordingEditport(CallLog& log, QWidget* parent, std::string name);
 
     QWidget& Widget() override { return *this; }
-    void ShowItems(std::int32_t count) override;
+    void ShowItems(std::int32_t count) override { Enter("Editport.ShowItems", count); }
     void Clear() override { m_log.Enter("Editport.Clear", m_name); }
-    std::int32_t SelectedIndex() override;
+    std::int32_t SelectedIndex() override
+    {
+        return m_log.Answer("Editport.SelectedIndex", selected, m_name);
+    }
     void ReleaseSelection() override { m_log.Enter("Editport.ReleaseSelection", m_name); }
     void Redraw() override { m_log.Enter("Editport.Redraw", m_name); }
-    void SetBackColor(CorvexMaterial::Colour colour) override;
+    void SetBackColor(CorvexMaterial::Colour colour) override
+    {
+        Enter("Editport.SetBackColor", colour);
+    }
     void SetListener(CorvexEditport::EditportListener* newListener) override;
 
     void ScrollFromOutside() override { m_log.Enter("Editport.ScrollFromOutside", m_name); }
-    void ScrollTo(std::int32_t position) override;
-    QWidget* Companion() override;
+    void ScrollTo(std::int32_t position) override { Enter("Editport.ScrollTo", position); }
+    QWidget* Companion() override
+    {
+        return m_log.Answer<QWidget*>("Editport.Companion", nullptr, m_name);
+    }
 
     CorvexEditport::EditportListener* listener = nullptr;
     std::int32_t selected = -1;
 
 private:
-    CallLog& m_log;
+    void Enter(const char* name, std::int32_t number)
+    {
+        m_log.Enter(name, m_name + " " + std::to_string(number));
+    }
+
     std::string m_name;
 };
 
-class RecordingEditports : public CorvexEditport::EditportFactory {
+class RecordingEditports : public Recording<CorvexEditport::EditportFactory> {
 public:
-    explicit RecordingEditports(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
     CorvexEditport::Editport* CreateEditport(QWidget* parent,
                                              CorvexEditport::BrowserKind kind) override;
-
-private:
-    CallLog& m_log;
 };
 
-class RecordingNumbers : public CorvexCommon::NumericValidation {
+class RecordingNumbers : public Recording<CorvexCommon::NumericValidation> {
 public:
-    explicit RecordingNumbers(CallLog& log) : m_log(log) {}
+    using Recording::Recording;
 
-    std::string Accept(const std::string& text, const CorvexCommon::NumericRange& range) override;
-
-private:
-    CallLog& m_log;
+    std::string Accept(const std::string& text,
+                       const CorvexCommon::NumericRange& /*range*/) override
+    {
+        return m_log.Answer("NumericValidation.Accept", text, text);
+    }
 };
 
 }  // namespace CorvexTest
