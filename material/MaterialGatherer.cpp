@@ -24,6 +24,16 @@ MaterialGatherer::MaterialGatherer(IMaterial& control, PanelAttributes& attribut
 {
 }
 
+CorvexDB::udtMaterial MaterialGatherer::Whole()
+{
+    CorvexDB::udtMaterial material = m_attributes.Record();
+    if (!material.Plugin.empty()) {
+        Require(m_control.GetPluginParameterValues(material.PluginParameters));
+        material.PluginParameters.resize(m_attributes.PluginParameterCount());
+    }
+    return material;
+}
+
 std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
 {
     if (m_gathered) {
@@ -32,11 +42,7 @@ std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
     // The host may change the panel while it is asked; what was read before is not kept then.
     const std::uint64_t before = m_changes;
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
-    gathered->material = m_attributes.Record();
-    if (!gathered->material.Plugin.empty()) {
-        Require(m_control.GetPluginParameterValues(gathered->material.PluginParameters));
-        gathered->material.PluginParameters.resize(m_attributes.PluginParameterCount());
-    }
+    gathered->material = Whole();
     gathered->applyMode = m_attributes.ApplyRelative();
     if (gathered->applyMode == CorvexDB::ApplyMode::FilesOnly) {
         LeaveFilesOnly(gathered->material);

@@ -17,6 +17,8 @@ public:
     MaterialGatherer(IMaterial& control, PanelAttributes& attributes);
 
     std::shared_ptr<const CorvexSG::GatheredMaterial> Gather();
+    /// Everything that the panel shows, whatever of it shapes take at present.
+    CorvexDB::udtMaterial Whole();
     void Forget();
 
 private:

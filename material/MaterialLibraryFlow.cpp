@@ -44,7 +44,7 @@ CorvexDB::LibraryContent MaterialLibraryFlow::OpenFile(const std::string& path)
 
 bool MaterialLibraryFlow::AddCurrent()
 {
-    Services().host.materialLibrary.AddMaterialToLibrary(m_gatherer.Gather()->material);
+    Services().host.materialLibrary.AddMaterialToLibrary(m_gatherer.Whole());
     return true;
 }
 

@@ -67,7 +67,23 @@ std::string LibraryFlow::Location(const char* prefix, const char* suffix) const
     return std::string(prefix).append(m_texts.stem).append(suffix);
 }
 
+// Whoever called tells the error; the status line must not say for ever that it is loading.
 LibraryFlow::Outcome LibraryFlow::Load(const std::string& name)
+{
+    try {
+        return Show(std::string(name));
+    } catch (...) {
+        SayNotOpened(name);
+        throw;
+    }
+}
+
+void LibraryFlow::SayNotOpened(const std::string& name)
+{
+    Q_EMIT StatusText(tr("%1 was not opened.").arg(QString::fromStdString(name)));
+}
+
+LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
 {
     LibraryPanel& panel = m_services.panel;
     LibraryFiles& files = m_services.platform.libraryFiles;
@@ -82,6 +98,7 @@ LibraryFlow::Outcome LibraryFlow::Load(const std::string& name)
     if (!files.Exists(path)) {
         Tell(PromptIcon::Information,
              std::string(m_texts.missingBefore).append(name).append(m_texts.missingAfter));
+        SayNotOpened(name);
         return Outcome::Missing;
     }
     // A library that stays read-only can be browsed; the host refuses changes and says why.

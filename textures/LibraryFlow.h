@@ -71,6 +71,8 @@ protected:
 
 private:
     void Connect();
+    Outcome Show(const std::string& name);
+    void SayNotOpened(const std::string& name);
     /// Where an error arose: a control's name.
     [[nodiscard]] std::string Location(const char* prefix, const char* suffix = "") const;
     void Choose(const QString& entry);
