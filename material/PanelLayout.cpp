@@ -15,9 +15,9 @@ std::int64_t HalfToEven(std::int64_t count)
     return count % 2 == 0 || half % 2 == 0 ? half : half + 1;
 }
 
-int AtLeastOne(std::int64_t rows)
+int WithinBounds(std::int64_t rows)
 {
-    return static_cast<int>(std::max<std::int64_t>(rows, 1));
+    return static_cast<int>(std::clamp<std::int64_t>(rows, 1, kMostRows));
 }
 
 }  // namespace
@@ -28,9 +28,9 @@ LibraryRows ShareHeight(int availableTwips, int panelTwips, LibraryRows shown)
                          std::int64_t{shown.texture} * kTextureRowTwips +
                          std::int64_t{shown.material} * kMaterialRowTwips;
     LibraryRows shared;
-    shared.texture = AtLeastOne(HalfToEven(space / kMeanRowTwips));
+    shared.texture = WithinBounds(HalfToEven(space / kMeanRowTwips));
     space -= std::int64_t{shared.texture} * kTextureRowTwips;
-    shared.material = AtLeastOne(space / kMaterialRowTwips);
+    shared.material = WithinBounds(space / kMaterialRowTwips);
     return shared;
 }
 

@@ -1,6 +1,7 @@
 #include "material/SavedState.h"
 
 #include "material/AttributeText.h"
+#include "material/PanelLayout.h"
 #include "material/SavedStateOrders.h"
 
 #include <algorithm>
@@ -19,9 +20,6 @@ constexpr std::string_view kTextureLibraryPanel = "TextureLibraryPanel";
 constexpr std::string_view kMaterialPanel = "MaterialPanel";
 constexpr std::string_view kBackgroundMaterial = "ColorBackgroundMaterial";
 constexpr std::string_view kBackgroundTexture = "ColorBackgroundTexture";
-
-// Keeps the height of any stored row count far from the limits of a widget.
-constexpr std::int32_t kMostRows = 10'000;
 
 std::string KeyOfElement(std::string_view stem, std::size_t index)
 {
