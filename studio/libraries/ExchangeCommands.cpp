@@ -103,7 +103,13 @@ void ExportCommand(CommandContext& context)
     LibraryFile library = OpenIn(context.job);
     std::vector<NamedMaterial> materials;
     ForEachSelected(library, context, [&](std::int32_t index) {
-        materials.push_back({library.NameAt(index), ReadMaterial(library, index).material});
+        const std::string name = library.NameAt(index);
+        MaterialReading reading = ReadMaterial(library, index);
+        for (const std::string& problem : reading.problems) {
+            context.output.Problem(
+                QString::fromStdString(library.Path() + ": entry \"" + name + "\": " + problem));
+        }
+        materials.push_back({name, std::move(reading.material)});
     });
     const std::string out = context.job.out.toStdString();
     std::vector<std::string> notes;

@@ -2,6 +2,7 @@
 
 #include <QLocale>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -57,11 +58,18 @@ void FieldReader::Element(const QString& key, const QJsonValue& value, NumberRan
                           float& target)
 {
     const double number = value.toDouble(std::nan(""));
-    if (!(number >= range.least && number <= range.most)) {
+    if (number >= range.least && number <= range.most) {
+        target = static_cast<float>(number);
+        return;
+    }
+    // Too much of an amount is meant as much; what is no number, or beyond any, means nothing.
+    if (std::isnan(number) || range.most == kAnyFloat.most) {
         Complain(key, QStringLiteral("is out of its range"));
         return;
     }
-    target = static_cast<float>(number);
+    const double nearest = std::clamp(number, range.least, range.most);
+    Complain(key, QStringLiteral("is out of its range, %1 is taken").arg(nearest));
+    target = static_cast<float>(nearest);
 }
 
 FieldReader FieldReader::Inside(const QString& key)

@@ -39,7 +39,8 @@ JsonField(const char*, Member Record::*) -> JsonField<Record, Member>;
 [[nodiscard]] double ShortNumber(float value);
 
 /// Takes values out of an object. What is missing leaves its target as it is; what is of the wrong
-/// type or out of range does so too and is a problem.
+/// type or out of range does so too and is a problem. An amount outside its range becomes the
+/// nearest inside, which is a problem too.
 class FieldReader {
 public:
     /// The problems outlive the reader.

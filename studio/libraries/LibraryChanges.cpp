@@ -2,6 +2,8 @@
 #include "studio/libraries/LibraryError.h"
 #include "studio/libraries/LibraryFile.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 
 namespace studio {
@@ -14,7 +16,8 @@ constexpr const char* kInsertEntry =
 
 }  // namespace
 
-// Work may rely on the entries being counted as they are in the file.
+// Work may rely on the entries being counted as they are in the file. After a failure they are
+// counted as before: whoever shows them has not been told of any other.
 template <typename Work>
 void LibraryFile::Change(const Work& work)
 {
@@ -22,11 +25,19 @@ void LibraryFile::Change(const Work& work)
         ThrowLibraryError(Path(), "it cannot be changed: " + m_readOnlyReason);
     }
     Transaction change(m_database, Transaction::Purpose::Write);
-    if (m_database.Integer("PRAGMA data_version") != m_dataVersion) {
-        Load();
+    if (m_database.Integer("PRAGMA data_version") == m_dataVersion) {
+        work();
+        change.Commit();
+        return;
     }
+    auto asShown = qScopeGuard([this, ids = m_ids, version = m_dataVersion]() mutable {
+        m_ids = std::move(ids);
+        m_dataVersion = version;
+    });
+    Load();
     work();
     change.Commit();
+    asShown.dismiss();
 }
 
 EntryId LibraryFile::Add(const NewEntry& entry)

@@ -26,7 +26,7 @@ CorvexDB::udtMaterial SqliteMaterialLibrary::MaterialAt(std::int32_t index)
     MaterialReading reading = ReadMaterial(file, index);
     for (const std::string& problem : reading.problems) {
         m_services.log.RecordEvent("Library '" + file.Path() + "', entry '" + file.NameAt(index) +
-                                   "': " + problem + "; the default is used.");
+                                   "': " + problem + '.');
     }
     return std::move(reading.material);
 }

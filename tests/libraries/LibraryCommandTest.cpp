@@ -30,6 +30,13 @@ Outcome OutcomeOf(const QString& program, const QStringList& arguments)
             QString::fromUtf8(process.readAllStandardError())};
 }
 
+studio::NewEntry Broken(const char* name)
+{
+    auto entry = LibraryTest::EntryNamed(name);
+    entry.json = "{";
+    return entry;
+}
+
 class LibraryCommands : public testing::Test {
 protected:
     Outcome Library(const QStringList& arguments)
@@ -89,6 +96,11 @@ TEST_F(LibraryCommands, TellEveryProblemAndEndWithOne)
     EXPECT_TRUE(checked.errors.contains("/no/such/image.png"));
     EXPECT_TRUE(checked.errors.contains("\"odd\": \"wrap\""));
     EXPECT_EQ(checked.output, "{\"checked\":2,\"good\":false}\n");
+    m_temporary.Open().Add(std::vector{LibraryTest::EntryNamed("good"), Broken("broken")});
+    const Outcome written = Library({"export", m_library, "--out", PathOf("rest.mtl")});
+    EXPECT_EQ(written.exitCode, 1);
+    EXPECT_TRUE(written.errors.contains("\"broken\"") && written.errors.contains("\"odd\""));
+    EXPECT_TRUE(written.output.contains("Materials written: 3.")) << written.output.toStdString();
     const Outcome missing = Library({"list", PathOf("missing.cvm")});
     EXPECT_EQ(missing.exitCode, 1);
     EXPECT_TRUE(missing.errors.contains("missing.cvm"));

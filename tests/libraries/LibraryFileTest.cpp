@@ -26,7 +26,7 @@ TEST(LibraryFiles, KeepOrderNamesAndPicturesThroughTrashAndBack)
     const LibraryTest::TemporaryLibrary temporary;
     auto library = temporary.Open();
     std::vector entries{EntryNamed("Oak"), EntryNamed("oak"), EntryNamed(""),
-                              EntryNamed("\xC3\x84hre")};
+                        EntryNamed("\xC3\x84hre")};
     entries[2].png.assign(50000, 'x');
     const auto ids = library.Add(entries);
     const std::string picture("\x89PNG\0\xFF", 6);
@@ -83,6 +83,12 @@ TEST(LibraryFiles, SeeWhatAnotherProgramChanged)
     ours.Add(EntryNamed("third"));
     EXPECT_THAT(NamesIn(ours), ElementsAre("second", "third"));
     EXPECT_FALSE(ours.Refresh());
+    theirs.Add(EntryNamed("fourth"));
+    auto tooLarge = EntryNamed("fifth");
+    tooLarge.png.assign(17 << 20, 'x');
+    EXPECT_THAT(ErrorOf([&] { ours.Add(tooLarge); }), HasSubstr("larger than 16 MB"));
+    EXPECT_THAT(NamesIn(ours), ElementsAre("second", "third")) << "who shows these was not told";
+    EXPECT_TRUE(ours.Refresh());
 }
 
 TEST(LibraryFiles, AreMadeWholeAndOnlyWhereThereIsNone)

@@ -76,10 +76,21 @@ INSTANTIATE_TEST_SUITE_P(
                     WrongText{R"("placement":[1])", "placement"},
                     WrongText{R"("placement":{"scaleU":null})", "scaleU"},
                     WrongText{R"("textures":{"bump":5})", "bump"},
-                    WrongText{R"("raytrace":{"patternColours":[{"red":2}]})", "red"},
                     WrongText{R"("pluginParameters":["x"])", "pluginParameters"},
                     WrongText{R"("pluginParameters":[0,0,0,0,0,0,0,0,0,0,0])", "pluginParameters"},
                     WrongText{R"("customFields":[true])", "customFields"}));
+
+TEST(MaterialText, AmountsBeyondTheirRangeBecomeTheNearestInsideAndAreNamed)
+{
+    const auto reading = studio::MaterialOfJson(
+        R"({"raytrace":{"reflection":10.5,"roughness":-1,"patternColours":[{"red":-3}]}})", "/");
+    EXPECT_EQ(reading.material.RayTrace.Reflection, 10.0F);
+    EXPECT_EQ(reading.material.RayTrace.Roughness, 0.0F);
+    EXPECT_EQ(reading.material.RayTrace.ColorPatternColor[0].red, 0.0F);
+    EXPECT_THAT(reading.problems,
+                testing::ElementsAre(HasSubstr("10 is taken"), HasSubstr("\"roughness\""),
+                                     HasSubstr("\"red\"")));
+}
 
 TEST(MaterialText, ThatIsNoObjectIsRefusedWithTheCause)
 {
