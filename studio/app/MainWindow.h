@@ -18,6 +18,7 @@ class QMenu;
 
 namespace studio {
 
+class LibraryBrowser;
 class LibraryDesk;
 class MaterialExchange;
 class ModelOpener;
@@ -64,6 +65,7 @@ Q_SIGNALS:
     void SceneRefused(const QString& message);
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -90,6 +92,7 @@ private:
     void ConnectDrops();
     void PressLibraryButton(LibraryKind kind, const char* button);
     void EmptyTrash();
+    void ShowEntryMenu(LibraryBrowser& browser, QPoint globalPosition);
     void KeepLibraries();
     void ListPlugins();
     void ApplyColours();

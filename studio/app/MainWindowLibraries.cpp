@@ -5,6 +5,7 @@
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioSettings.h"
+#include "studio/browser/EntryMenu.h"
 #include "studio/browser/LibraryDesk.h"
 #include "studio/browser/LibraryMenu.h"
 #include "studio/browser/ViewportDrops.h"
@@ -14,6 +15,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenuBar>
@@ -24,14 +26,6 @@ namespace {
 const char* StemOf(LibraryKind kind)
 {
     return kind == LibraryKind::Materials ? "MaterialLibrary" : "TextureLibrary";
-}
-
-/// A library of the library folder is known by its name alone.
-std::string LibraryName(const LibraryFile& file, const std::string& libraryFolder)
-{
-    const QFileInfo info(QString::fromStdString(file.Path()));
-    const bool inFolder = info.absoluteDir() == QDir(QString::fromStdString(libraryFolder));
-    return inFolder ? info.fileName().toStdString() : file.Path();
 }
 
 }  // namespace
@@ -53,6 +47,8 @@ void MainWindow::ConnectLibraries()
         [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Materials, change); });
     m_host.Textures().SetListener(
         [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Textures, change); });
+    m_host.Browsers().SetChooser([this](const auto& choice) { m_link->ForAll(choice); });
+    connect(&m_host.Browsers(), &LibraryBrowsers::MenuWanted, this, &MainWindow::ShowEntryMenu);
     connect(m_fill, &PanelFill::AboutToReload, this, &MainWindow::KeepLibraries);
     ConnectDrops();
 }
@@ -61,6 +57,26 @@ void MainWindow::DisconnectLibraries()
 {
     m_host.Materials().SetListener({});
     m_host.Textures().SetListener({});
+    m_host.Browsers().SetChooser({});
+}
+
+void MainWindow::ShowEntryMenu(LibraryBrowser& browser, QPoint globalPosition)
+{
+    const bool inPanel = browser.window() == window();
+    auto* menu = new EntryMenu(browser, *m_desk,
+                               inPanel ? EntryMenu::Place::Panel : EntryMenu::Place::Dialog);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu, &EntryMenu::EmptyTrashWanted, this, &MainWindow::EmptyTrash);
+    connect(menu, &EntryMenu::Message, m_misc, &QLabel::setText);
+    menu->popup(globalPosition);
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && m_desk != nullptr) {
+        m_desk->LookForChanges();
+    }
+    return QMainWindow::event(event);
 }
 
 void MainWindow::ConnectDrops()
@@ -138,10 +154,12 @@ void MainWindow::ProvideFirstLibraries()
 // The control opens the libraries that the settings name whenever it reads its saved state.
 void MainWindow::KeepLibraries()
 {
-    const std::string folder = m_host.State().LibraryFolder();
     for (const LibraryKind kind : {LibraryKind::Materials, LibraryKind::Textures}) {
-        if (const LibraryFile* file = m_host.Browsers().Open(kind); file != nullptr) {
-            m_host.Settings().SetLibraryName(StemOf(kind), LibraryName(*file, folder));
+        const QString list = QStringLiteral("cbo%1").arg(QLatin1String(StemOf(kind)));
+        // The panel shows the name also of a library that is missing or cannot be read.
+        const auto* shown = m_material->findChild<QComboBox*>(list);
+        if (shown != nullptr && !shown->placeholderText().isEmpty()) {
+            m_host.Settings().SetLibraryName(StemOf(kind), shown->placeholderText().toStdString());
         }
     }
 }

@@ -27,11 +27,21 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-std::vector<NamedMaterial> MaterialsIn(LibraryFile& library)
+// An entry that is damaged keeps no other from being written; the report names it.
+std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
 {
     std::vector<NamedMaterial> materials;
     for (std::int32_t index = 0; index < library.Count(); ++index) {
-        materials.push_back({library.NameAt(index), ReadMaterial(library, index).material});
+        const std::string name = library.NameAt(index);
+        try {
+            MaterialReading reading = ReadMaterial(library, index);
+            for (const std::string& problem : reading.problems) {
+                report.Add({name, "entry of the library", Outcome::Approximated, problem});
+            }
+            materials.push_back({name, std::move(reading.material)});
+        } catch (const CorvexMaterial::Error& error) {
+            report.Add({name, "entry of the library", Outcome::Dropped, error.what()});
+        }
     }
     return materials;
 }
@@ -158,8 +168,13 @@ void MaterialExchange::Export(const QString& file)
         std::size_t count = 0;
         {
             const WaitCursor waiting;
-            const std::vector<NamedMaterial> materials = MaterialsIn(*library);
+            const std::vector<NamedMaterial> materials = MaterialsIn(*library, report);
             count = materials.size();
+            if (materials.empty()) {
+                throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                            library->Path() +
+                                                ": it has no material that can be written");
+            }
             ExportMaterials(file.toStdString(), materials, report);
         }
         Show(tr("Materials Exported"), report, count);

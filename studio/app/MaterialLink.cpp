@@ -44,6 +44,12 @@ void MaterialLink::WithoutApplying(const std::function<void()>& change)
     change();
 }
 
+void MaterialLink::ForAll(const std::function<void()>& choice)
+{
+    const QScopedValueRollback guard(m_forAll, true);
+    choice();
+}
+
 const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
 {
     CorvexSG::Shape* preview = nullptr;
@@ -66,7 +72,8 @@ bool MaterialLink::PanelMoved()
 
 void MaterialLink::ApplyEdit()
 {
-    if (!PanelMoved() || m_showing) {
+    const bool moved = PanelMoved();
+    if (m_showing || !(moved || m_forAll)) {
         return;
     }
     std::vector<ShapeChange> changes;

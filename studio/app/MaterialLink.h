@@ -31,6 +31,9 @@ public:
 
     /// Runs a change of the panel that is not meant for the shapes.
     void WithoutApplying(const std::function<void()>& change);
+    /// Runs a choice that is meant for the whole selection, even if the panel shows what is chosen
+    /// already: the last of several selected shapes may have it, and the others not.
+    void ForAll(const std::function<void()>& choice);
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
     /// Gives one shape a material that does not come from the panel, as one undo step.
@@ -56,6 +59,7 @@ private:
     Clock m_clock;
     CorvexDB::udtMaterial m_lastShown;
     bool m_showing = false;
+    bool m_forAll = false;
 };
 
 /// The clock of everyday use.

@@ -27,15 +27,22 @@ void OnceFailingSettings::Flush(const std::string& application)
 }
 
 StudioDesktop::StudioDesktop()
-    : m_settings(m_desktop.Get().settings), m_platform{m_settings,
-                                                       m_desktop.Get().prompts,
-                                                       m_desktop.Get().choosers,
-                                                       m_desktop.Get().processes,
-                                                       m_desktop.Get().temporaryFiles,
-                                                       m_desktop.Get().library,
-                                                       m_desktop.Get().imageFormats,
-                                                       m_desktop.Get().libraryFiles}
+    : m_settings(m_desktop.Get().settings),
+      m_prompts(m_desktop.Get().prompts), m_platform{m_settings,
+                                                     m_prompts,
+                                                     m_desktop.Get().choosers,
+                                                     m_desktop.Get().processes,
+                                                     m_desktop.Get().temporaryFiles,
+                                                     m_desktop.Get().library,
+                                                     m_desktop.Get().imageFormats,
+                                                     m_desktop.Get().libraryFiles}
 {
+}
+
+void StudioDesktop::SetWindow(QWidget* window)
+{
+    m_desktop.SetDialogParent(window);
+    m_prompts.Begin();
 }
 
 }  // namespace studio

@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "platform/QtPlatform.h"
+#include "studio/app/LatePrompts.h"
 
 #include <set>
 
@@ -30,12 +31,14 @@ public:
     StudioDesktop();
 
     [[nodiscard]] CorvexMaterial::Platform& Get() { return m_platform; }
-    /// Message boxes and choosers belong to this window.
-    void SetWindow(QWidget* window) { m_desktop.SetDialogParent(window); }
+    /// Message boxes and choosers belong to this window, which is about to be shown; what came up
+    /// until now is told then.
+    void SetWindow(QWidget* window);
 
 private:
     CorvexMaterial::QtPlatform m_desktop;
     OnceFailingSettings m_settings;
+    LatePrompts m_prompts;
     CorvexMaterial::Platform m_platform;
 };
 

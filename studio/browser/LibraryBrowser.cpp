@@ -63,6 +63,7 @@ void LibraryBrowser::Connect()
     connect(m_view, &LibraryView::Opened, this, &LibraryBrowser::Open);
     connect(m_view, &LibraryView::DragStarted, this, &LibraryBrowser::Drag);
     connect(m_view, &LibraryView::DeletePressed, this, &LibraryBrowser::DeletePressed);
+    connect(m_view, &LibraryView::MenuWanted, this, &LibraryBrowser::MenuWanted);
     connect(m_view, &LibraryView::SearchTyped, m_search, &SearchField::Append);
     connect(m_search, &SearchField::QueryChanged, this, &LibraryBrowser::Search);
     connect(m_search, &SearchField::Refused, this, &LibraryBrowser::Message);
@@ -111,10 +112,22 @@ void LibraryBrowser::ShowEntries(std::int32_t count)
     UpdateTexts();
 }
 
-void LibraryBrowser::Reread(std::int32_t count)
+void LibraryBrowser::Reread(std::int32_t count, std::optional<std::int32_t> marked)
 {
-    m_position = m_view->verticalScrollBar()->value();
+    const int position = m_view->verticalScrollBar()->value();
+    m_position = position;
     ShowItems(count);
+    if (marked) {
+        m_view->Mark(m_model->RowOf(*marked));
+        m_view->verticalScrollBar()->setValue(position);
+    }
+}
+
+void LibraryBrowser::ChooseSelected()
+{
+    if (const int row = SelectedRow(); row >= 0) {
+        Choose(row);
+    }
 }
 
 void LibraryBrowser::Search(const std::optional<LibraryQuery>& query)
@@ -237,14 +250,14 @@ void LibraryBrowser::TellScroll()
 void LibraryBrowser::Choose(int row)
 {
     if (m_listener != nullptr) {
-        m_listener->ItemSelected(m_model->FileIndex(row));
+        m_chooser([&] { m_listener->ItemSelected(m_model->FileIndex(row)); });
     }
 }
 
 void LibraryBrowser::Open(int row)
 {
     if (m_listener != nullptr) {
-        m_listener->ItemOpened(m_model->FileIndex(row));
+        m_chooser([&] { m_listener->ItemOpened(m_model->FileIndex(row)); });
     }
 }
 

@@ -24,12 +24,19 @@ public:
     ~LibraryBrowser() override;
 
     [[nodiscard]] LibraryKind Kind() const;
+    /// Null while no library is shown.
+    [[nodiscard]] LibraryFile* File() const { return m_model->File(); }
     /// Marks an entry and brings it into view; nobody is told.
     void Reveal(std::int32_t fileIndex);
     /// Lets the user type a name for the selected entry.
     void EditName();
-    /// Shows the open library anew, which has this many entries now.
-    void Reread(std::int32_t count);
+    /// Shows the open library anew, which has this many entries now, where it was.
+    void Reread(std::int32_t count, std::optional<std::int32_t> marked = {});
+    /// As if the user had clicked the selected entry.
+    void ChooseSelected();
+    /// Runs what a choice sets off.
+    using Chooser = std::function<void(const std::function<void()>&)>;
+    void SetChooser(Chooser chooser) { m_chooser = std::move(chooser); }
 
     QWidget& Widget() override { return *this; }
     QWidget* Companion() override;
@@ -46,6 +53,8 @@ public:
 Q_SIGNALS:
     void RenameWanted(std::int64_t id, const QString& name);
     void DeletePressed();
+    /// The context menu of the selected entry, or of the library when there is none.
+    void MenuWanted(QPoint globalPosition);
     /// For the status line.
     void Message(const QString& text);
 
@@ -70,6 +79,7 @@ private:
     LibraryView* m_view;
     QPointer<SearchField> m_search;
     CorvexEditport::EditportListener* m_listener = nullptr;
+    Chooser m_chooser = [](const std::function<void()>& choice) { choice(); };
     CorvexEditport::ScrollRange m_told;
     bool m_scrolledFromOutside = false;
     std::string m_path;  ///< of the library shown last

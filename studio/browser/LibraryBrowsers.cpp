@@ -23,6 +23,16 @@ CorvexEditport::Editport* LibraryBrowsers::CreateEditport(QWidget* parent,
             });
     connect(browser, &LibraryBrowser::DeletePressed, this,
             [this, shown] { Q_EMIT DeletePressed(shown); });
+    connect(browser, &LibraryBrowser::MenuWanted, this, [this, browser](QPoint globalPosition) {
+        Q_EMIT MenuWanted(*browser, globalPosition);
+    });
+    browser->SetChooser([this](const Choice& choice) {
+        if (m_chooser) {
+            m_chooser(choice);
+        } else {
+            choice();
+        }
+    });
     connect(browser, &LibraryBrowser::Message, this, &LibraryBrowsers::Message);
     std::erase(m_browsers, nullptr);
     m_browsers.emplace_back(browser);
@@ -43,6 +53,26 @@ std::vector<LibraryBrowser*> LibraryBrowsers::Of(LibraryKind kind) const
         }
     }
     return browsers;
+}
+
+void LibraryBrowsers::Refresh(LibraryKind kind)
+{
+    LibraryFile* file = Open(kind);
+    if (file == nullptr) {
+        return;
+    }
+    const std::vector<LibraryBrowser*> browsers = Of(kind);
+    std::vector<std::optional<EntryId>> marked;
+    for (LibraryBrowser* browser : browsers) {
+        const std::int32_t index = browser->SelectedIndex();
+        marked.push_back(index < 0 ? std::nullopt : std::optional(file->IdAt(index)));
+    }
+    if (!file->Refresh()) {
+        return;
+    }
+    for (std::size_t i = 0; i < browsers.size(); ++i) {
+        browsers[i]->Reread(file->Count(), marked[i] ? file->IndexOf(*marked[i]) : std::nullopt);
+    }
 }
 
 void LibraryBrowsers::ShowAgain(LibraryKind kind, EntryId revealed)

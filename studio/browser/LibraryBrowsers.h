@@ -22,6 +22,12 @@ public:
     /// Shows the open library anew, after a change of it; marks and reveals an entry of this id if
     /// there is one.
     void ShowAgain(LibraryKind kind, EntryId revealed);
+    /// Shows what another program changed in the open library, with the marked entries still
+    /// marked. Errors: FileFailed.
+    void Refresh(LibraryKind kind);
+    /// Runs what a choice in a browser sets off; nothing = it just runs.
+    using Choice = std::function<void()>;
+    void SetChooser(std::function<void(const Choice&)> chooser) { m_chooser = std::move(chooser); }
     /// Null while no library is open.
     [[nodiscard]] LibraryFile* Open(LibraryKind kind) const;
     [[nodiscard]] std::vector<LibraryBrowser*> Of(LibraryKind kind) const;
@@ -29,6 +35,7 @@ public:
 Q_SIGNALS:
     void RenameWanted(studio::LibraryKind kind, std::int64_t id, const QString& name);
     void DeletePressed(studio::LibraryKind kind);
+    void MenuWanted(studio::LibraryBrowser& browser, QPoint globalPosition);
     /// For the status line.
     void Message(const QString& text);
 
@@ -36,6 +43,7 @@ private:
     OpenLibrary m_materials;
     OpenLibrary m_textures;
     LibraryBrowser::FieldNames m_fieldNames;
+    std::function<void(const Choice&)> m_chooser;
     std::vector<QPointer<LibraryBrowser>> m_browsers;
 };
 

@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace studio {
 namespace {
 
@@ -34,6 +36,23 @@ QRect PictureArea(const QStyleOptionViewItem& option)
     return area;
 }
 
+/// Names of a kind begin alike ("brass-brushed", "brass-brushed-bump"), so that a long one keeps
+/// its last word if it can, and its end in any case.
+QString ShortName(const QString& name, const QFontMetrics& metrics, int width)
+{
+    constexpr qsizetype kMostKept = 40;
+    const auto separator =
+        std::max({name.lastIndexOf(u' '), name.lastIndexOf(u'-'), name.lastIndexOf(u'_')});
+    const QString lastWord = name.mid(separator + 1);
+    for (qsizetype kept = std::min(separator, kMostKept); kept > 1; --kept) {
+        const QString shorter = name.left(kept) + QChar(0x2026) + lastWord;
+        if (metrics.horizontalAdvance(shorter) <= width) {
+            return shorter;
+        }
+    }
+    return metrics.elidedText(name, Qt::ElideMiddle, width);
+}
+
 }  // namespace
 
 LibraryDelegate::LibraryDelegate(const LibraryModel& model, QObject* parent)
@@ -52,8 +71,10 @@ void LibraryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setPen(selected ? StrongTextOn(m_background) : QuietTextOn(m_background));
     const QRect area = NameArea(option);
     const QString name = index.data().toString();
+    const QFontMetrics metrics = painter->fontMetrics();
+    const bool fits = metrics.horizontalAdvance(name) <= area.width();
     painter->drawText(area, Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(name, Qt::ElideRight, area.width()));
+                      fits ? name : ShortName(name, metrics, area.width()));
     painter->restore();
 }
 

@@ -9,38 +9,56 @@
 namespace studio {
 namespace {
 
+// Entries that another program deleted for good cannot come back; the rest does.
+void BringBack(const LibraryEdit& change, LibraryFile& file)
+{
+    file.Restore(change.ids);
+    const bool isAny =
+        std::ranges::any_of(change.ids, [&](EntryId id) { return file.IndexOf(id).has_value(); });
+    if (!isAny) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    LibraryDesk::tr("%1 was deleted for good from %2")
+                                        .arg(change.ids.size() > 1
+                                                 ? LibraryDesk::tr("Everything that was added")
+                                                 : QString::fromStdString(change.name),
+                                             QString::fromStdString(file.Path()))
+                                        .toStdString());
+    }
+}
+
 void Apply(const LibraryEdit& change, LibraryFile& file)
 {
     switch (change.what) {
     case LibraryEdit::What::Add:
-        file.Restore(change.id);
-        if (!file.IndexOf(change.id)) {
-            throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                        change.name + " was deleted for good from " + file.Path());
-        }
+        BringBack(change, file);
         break;
     case LibraryEdit::What::Remove:
-        file.Remove(change.id);
+        file.Remove(change.ids);
         break;
     case LibraryEdit::What::Rename:
-        file.Rename(change.id, change.name);
+        file.Rename(change.ids.front(), change.name);
         break;
     }
 }
 
 QString Done(const LibraryEdit& change)
 {
-    const QString name = QString::fromStdString(change.name);
     const QString library = QFileInfo(QString::fromStdString(change.path)).fileName();
+    const bool several = change.ids.size() > 1;
     switch (change.what) {
     case LibraryEdit::What::Add:
-        return LibraryDesk::tr("%1 is in %2 again.").arg(name, library);
+        return (several ? LibraryDesk::tr("%1 entries are in %2 again.")
+                        : LibraryDesk::tr("%1 is in %2 again."))
+            .arg(change.Described(), library);
     case LibraryEdit::What::Remove:
-        return LibraryDesk::tr("%1 was taken out of %2.").arg(name, library);
+        return (several ? LibraryDesk::tr("%1 entries were taken out of %2.")
+                        : LibraryDesk::tr("%1 was taken out of %2."))
+            .arg(change.Described(), library);
     case LibraryEdit::What::Rename:
         break;
     }
-    return LibraryDesk::tr("%1 is now called %2.").arg(QString::fromStdString(change.before), name);
+    return LibraryDesk::tr("%1 is now called %2.")
+        .arg(QString::fromStdString(change.before), QString::fromStdString(change.name));
 }
 
 std::string NameOf(LibraryFile& file, EntryId id)
@@ -81,37 +99,21 @@ void LibraryDesk::Push(LibraryEdit change)
 
 void LibraryDesk::Record(LibraryKind kind, const LibraryChange& change)
 {
+    if (change.ids.empty()) {
+        return;
+    }
     Reporting([&] {
         LibraryFile* file = m_browsers.Open(kind);
-        const bool added = change.kind == LibraryChange::Kind::Added;
-        std::vector<LibraryEdit> edits;
-        for (const EntryId id : change.ids) {
-            edits.push_back({added ? LibraryEdit::What::Add : LibraryEdit::What::Remove,
-                             kind,
-                             change.path,
-                             id,
-                             file != nullptr ? NameOf(*file, id) : std::string(),
-                             {}});
-        }
-        PushAsOne(std::move(edits), added ? tr("Add to Library") : tr("Delete from Library"));
-        if (!change.ids.empty()) {
-            RevealSoon(kind, change.ids.back());
-        }
+        const bool isNamed = file != nullptr && change.ids.size() == 1;
+        Push({change.kind == LibraryChange::Kind::Added ? LibraryEdit::What::Add
+                                                        : LibraryEdit::What::Remove,
+              kind,
+              change.path,
+              change.ids,
+              isNamed ? NameOf(*file, change.ids.front()) : std::string(),
+              {}});
+        RevealSoon(kind, change.ids.back());
     });
-}
-
-void LibraryDesk::PushAsOne(std::vector<LibraryEdit> edits, const QString& text)
-{
-    const bool several = edits.size() > 1;
-    if (several) {
-        m_history.beginMacro(text);
-    }
-    for (LibraryEdit& edit : edits) {
-        Push(std::move(edit));
-    }
-    if (several) {
-        m_history.endMacro();
-    }
 }
 
 // The panel shows the library anew after its change, which undoes every marking.
@@ -138,7 +140,7 @@ bool LibraryDesk::Make(const LibraryEdit& change)
         LibraryFile* open = m_browsers.Open(change.kind);
         if (open != nullptr && open->Path() == change.path) {
             Apply(change, *open);
-            m_browsers.ShowAgain(change.kind, change.id);
+            m_browsers.ShowAgain(change.kind, change.ids.back());
         } else {
             LibraryFile other = LibraryFile::Open(change.path, change.kind);
             Apply(change, other);
@@ -155,12 +157,24 @@ void LibraryDesk::Rename(LibraryKind kind, EntryId id, const QString& name)
         if (!index) {
             return;
         }
-        LibraryEdit change{LibraryEdit::What::Rename, kind, file->Path(), id, name.toStdString(),
+        LibraryEdit change{LibraryEdit::What::Rename, kind, file->Path(), {id}, name.toStdString(),
                            file->NameAt(*index)};
         if (Make(change)) {
             Push(std::move(change));
         }
     });
+}
+
+void LibraryDesk::LookForChanges()
+{
+    for (const LibraryKind kind : {LibraryKind::Materials, LibraryKind::Textures}) {
+        try {
+            m_browsers.Refresh(kind);
+        } catch (const CorvexMaterial::Error& error) {
+            // No box: closing it would bring the window back, and that this about.
+            Q_EMIT Message(QString::fromUtf8(error.what()));
+        }
+    }
 }
 
 void LibraryDesk::RenameSelected(LibraryKind kind)
@@ -187,7 +201,7 @@ void LibraryDesk::Restore(LibraryKind kind, const TrashedEntry& entry)
     if (file == nullptr) {
         return;
     }
-    LibraryEdit change{LibraryEdit::What::Add, kind, file->Path(), entry.id, entry.name, {}};
+    LibraryEdit change{LibraryEdit::What::Add, kind, file->Path(), {entry.id}, entry.name, {}};
     if (Make(change)) {
         Push(std::move(change));
     }

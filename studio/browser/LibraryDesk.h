@@ -22,6 +22,8 @@ public:
     void Record(LibraryKind kind, const LibraryChange& change);
     void Rename(LibraryKind kind, EntryId id, const QString& name);
     void RenameSelected(LibraryKind kind);
+    /// Shows what other programs changed in the open libraries meanwhile.
+    void LookForChanges();
 
     /// Latest first; nothing while no library is open or it cannot be read.
     [[nodiscard]] std::vector<TrashedEntry> Trash(LibraryKind kind);
@@ -39,7 +41,6 @@ Q_SIGNALS:
 private:
     bool Make(const LibraryEdit& change);
     void Push(LibraryEdit change);
-    void PushAsOne(std::vector<LibraryEdit> edits, const QString& text);
     void RevealSoon(LibraryKind kind, EntryId id);
     bool Reporting(const std::function<void()>& work);
 

@@ -8,6 +8,21 @@ namespace {
 // A menu with more entries is of no use; what is older comes up when these are restored.
 constexpr std::size_t kMostShown = 20;
 
+void ListTrash(QMenu& menu, LibraryDesk& desk, LibraryKind kind)
+{
+    menu.clear();
+    std::vector<TrashedEntry> entries = desk.Trash(kind);
+    if (entries.empty()) {
+        menu.addAction(LibraryMenu::tr("Nothing was deleted"))->setEnabled(false);
+    }
+    entries.resize(std::min(entries.size(), kMostShown));
+    for (const TrashedEntry& entry : entries) {
+        const QString name = QString::fromStdString(entry.name);
+        menu.addAction(QString(name).replace(u'&', QStringLiteral("&&")), &desk,
+                       [&desk, kind, entry] { desk.Restore(kind, entry); });
+    }
+}
+
 }  // namespace
 
 LibraryMenu::LibraryMenu(LibraryDesk& desk, QWidget* parent)
@@ -24,31 +39,17 @@ LibraryMenu::LibraryMenu(LibraryDesk& desk, QWidget* parent)
     addAction(tr("Rename &Selected Texture"), this,
               [this] { m_desk.RenameSelected(LibraryKind::Textures); });
     addSeparator();
-    AddTrash(tr("Restore &Deleted Material"), LibraryKind::Materials);
-    AddTrash(tr("Restore Deleted Te&xture"), LibraryKind::Textures);
+    AddTrash(*this, tr("Restore &Deleted Material"), m_desk, LibraryKind::Materials);
+    AddTrash(*this, tr("Restore Deleted Te&xture"), m_desk, LibraryKind::Textures);
     addAction(tr("&Empty Trash..."), this, &LibraryMenu::EmptyTrashWanted)
         ->setObjectName(QStringLiteral("emptyTrash"));
 }
 
-void LibraryMenu::AddTrash(const QString& title, LibraryKind kind)
+void LibraryMenu::AddTrash(QMenu& menu, const QString& title, LibraryDesk& desk, LibraryKind kind)
 {
-    QMenu* menu = addMenu(title);
-    connect(menu, &QMenu::aboutToShow, this, [this, menu, kind] { ListTrash(*menu, kind); });
-}
-
-void LibraryMenu::ListTrash(QMenu& menu, LibraryKind kind)
-{
-    menu.clear();
-    std::vector<TrashedEntry> entries = m_desk.Trash(kind);
-    if (entries.empty()) {
-        menu.addAction(tr("Nothing was deleted"))->setEnabled(false);
-    }
-    entries.resize(std::min(entries.size(), kMostShown));
-    for (const TrashedEntry& entry : entries) {
-        const QString name = QString::fromStdString(entry.name);
-        menu.addAction(QString(name).replace(u'&', QStringLiteral("&&")), this,
-                       [this, kind, entry] { m_desk.Restore(kind, entry); });
-    }
+    QMenu* trash = menu.addMenu(title);
+    connect(trash, &QMenu::aboutToShow, &desk,
+            [trash, &desk, kind] { ListTrash(*trash, desk, kind); });
 }
 
 }  // namespace studio

@@ -16,15 +16,15 @@ public:
     /// The desk outlives the menu.
     LibraryMenu(LibraryDesk& desk, QWidget* parent);
 
+    /// A menu of what was deleted; choosing restores. The desk outlives the menu.
+    static void AddTrash(QMenu& menu, const QString& title, LibraryDesk& desk, LibraryKind kind);
+
 Q_SIGNALS:
     void ChooseLibrary(studio::LibraryKind kind);
     /// The user agreed to nothing yet.
     void EmptyTrashWanted();
 
 private:
-    void AddTrash(const QString& title, LibraryKind kind);
-    void ListTrash(QMenu& menu, LibraryKind kind);
-
     LibraryDesk& m_desk;
 };
 

@@ -1,6 +1,7 @@
 #include "studio/browser/LibraryStep.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 #include <utility>
 
@@ -9,14 +10,17 @@ namespace {
 
 QString StepTitle(const LibraryEdit& change)
 {
+    using What = LibraryEdit::What;
+    const bool several = change.ids.size() > 1;
     const char* title = QT_TRANSLATE_NOOP("LibraryStep", "Rename %1");
-    if (change.what == LibraryEdit::What::Add) {
-        title = QT_TRANSLATE_NOOP("LibraryStep", "Add %1 to the Library");
-    } else if (change.what == LibraryEdit::What::Remove) {
-        title = QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 from the Library");
+    if (change.what == What::Add) {
+        title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Add %1 Entries to the Library")
+                        : QT_TRANSLATE_NOOP("LibraryStep", "Add %1 to the Library");
+    } else if (change.what == What::Remove) {
+        title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 Entries from the Library")
+                        : QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 from the Library");
     }
-    return QCoreApplication::translate("LibraryStep", title)
-        .arg(QString::fromStdString(change.name));
+    return QCoreApplication::translate("LibraryStep", title).arg(change.Described());
 }
 
 }  // namespace
@@ -36,6 +40,12 @@ LibraryEdit LibraryEdit::Reversed() const
         break;
     }
     return reversed;
+}
+
+QString LibraryEdit::Described() const
+{
+    return ids.size() > 1 ? QLocale().toString(static_cast<qulonglong>(ids.size()))
+                          : QString::fromStdString(name);
 }
 
 LibraryStep::LibraryStep(LibraryEdit change, Make make)

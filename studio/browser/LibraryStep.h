@@ -7,21 +7,24 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace studio {
 
-/// A change of one entry of a library.
+/// A change of one entry of a library, or of several in the same way.
 struct LibraryEdit {
     enum class What { Add, Remove, Rename };
 
     What what = What::Add;
     LibraryKind kind = LibraryKind::Materials;
     std::string path;  ///< of the library
-    EntryId id = 0;
-    std::string name;    ///< as it is after the change
+    std::vector<EntryId> ids;
+    std::string name;    ///< of one entry, as it is after the change
     std::string before;  ///< of a rename
 
     [[nodiscard]] LibraryEdit Reversed() const;
+    /// The entry's name, or how many there are.
+    [[nodiscard]] QString Described() const;
 };
 
 /// A step of the undo history: a change of a library, already made when the step is pushed.

@@ -4,6 +4,7 @@
 #include "studio/browser/LibraryModel.h"
 #include "studio/browser/TextOnColour.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -103,6 +104,18 @@ void LibraryView::keyPressEvent(QKeyEvent* event)
     if (currentIndex().isValid() && currentIndex() != before) {
         Q_EMIT Chosen(currentIndex().row());
     }
+}
+
+void LibraryView::contextMenuEvent(QContextMenuEvent* event)
+{
+    // By mouse it is about what is under the pointer, by key about what is marked.
+    if (event->reason() == QContextMenuEvent::Mouse) {
+        Mark(indexAt(event->pos()).row());
+        Q_EMIT MenuWanted(event->globalPos());
+        return;
+    }
+    const QPoint place = visualRect(currentIndex()).center();
+    Q_EMIT MenuWanted(viewport()->mapToGlobal(place));
 }
 
 void LibraryView::keyboardSearch(const QString& search)

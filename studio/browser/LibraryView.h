@@ -29,6 +29,7 @@ Q_SIGNALS:
     /// A double click, or Enter.
     void Opened(int row);
     void DeletePressed();
+    void MenuWanted(QPoint globalPosition);
     /// Letters typed over the view.
     void SearchTyped(const QString& text);
     /// The entry is to be dragged away.
@@ -37,6 +38,7 @@ Q_SIGNALS:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

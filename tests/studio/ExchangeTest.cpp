@@ -57,6 +57,8 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
     rig.Find<QCheckBox>("showAll").click();
     EXPECT_EQ(rows.rowCount(), 5);
     rig.Find<QDialogButtonBox>("buttons").button(QDialogButtonBox::Close)->click();
+    EXPECT_EQ(rig.Window().History().count(), 1);
+    EXPECT_TRUE(rig.Window().History().undoText().contains("2"));
     rig.Window().History().undo();
     EXPECT_EQ(Library().Count(), 0);
     rig.Window().History().redo();
@@ -68,6 +70,24 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
     rig.Window().Exchange().Import(out);
     EXPECT_EQ(Library().Count(), 4);
     EXPECT_EQ(Library().NameAt(3), "Elm");
+}
+
+TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)
+{
+    OpenNewLibrary();
+    studio::NewEntry broken = studio::EntryOfMaterial({"Broken", {}}, "/");
+    broken.json = "{";
+    Library().Add(broken);
+    rig.Window().Exchange().Export(rig.PathOf("none.mtl"));
+    EXPECT_FALSE(QFile::exists(rig.PathOf("none.mtl")));
+    Library().Add(studio::EntryOfMaterial({"Good", {}}, "/"));
+    rig.Window().Exchange().Export(rig.PathOf("rest.mtl"));
+    QFile written(rig.PathOf("rest.mtl"));
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(written.readAll().contains("newmtl Good"));
+    auto& rows = *rig.Find<QTableView>("rows").model();
+    EXPECT_EQ(rows.index(0, 0).data().toString(), "Broken");
+    EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 1U);
 }
 
 TEST_F(Exchange, RefusesWithAMessageAndLeavesTheLibrary)

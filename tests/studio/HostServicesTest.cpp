@@ -1,4 +1,5 @@
 #include "studio/app/EventLog.h"
+#include "studio/app/LatePrompts.h"
 #include "studio/app/NumberField.h"
 #include "studio/app/StudioDesktop.h"
 #include "studio/raytrace/AttributeText.h"
@@ -95,6 +96,21 @@ TEST(FailingSettings, AreToldOnce)
     settings.Write({"Corvex", "Studio", "Key"}, "value");
     EXPECT_NO_THROW(settings.Flush("Corvex"));
     EXPECT_EQ(settings.Read({"Corvex", "Studio", "Key"}), "value");
+}
+
+TEST(LateMessages, WaitForTheWindowAndThenComeAtOnce)
+{
+    CorvexTest::CallLog log;
+    CorvexTest::RecordingPrompts shown(log);
+    studio::LatePrompts prompts(shown);
+    CorvexMaterial::Message message;
+    prompts.Show(message);
+    prompts.Begin();
+    EXPECT_TRUE(shown.shown.empty());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(shown.shown.size(), 1U);
+    prompts.Show(message);
+    EXPECT_EQ(shown.shown.size(), 2U);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "studio/browser/LibraryBrowsers.h"
 #include "studio/browser/LibraryDrag.h"
 #include "studio/browser/LibraryView.h"
+#include "studio/libraries/MaterialText.h"
 #include "studio/render/ViewportWidget.h"
 #include "tests/studio/StudioRig.h"
 
@@ -58,6 +59,17 @@ protected:
         View().scrollTo(View().model()->index(row, 0));
         const QPoint place = View().visualRect(View().model()->index(row, 0)).center();
         QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, place);
+    }
+    /// After these the control has read its saved state again.
+    void ChooseLayouts()
+    {
+        for (const char* title : {"Fill the Dock", "Saved Layout"}) {
+            for (QAction* action : rig.Window().findChildren<QAction*>()) {
+                if (action->text().remove('&') == title) {
+                    action->trigger();
+                }
+            }
+        }
     }
     /// Drops on the middle of the viewport; false when nothing is there to take it.
     bool DropInTheMiddle(const QMimeData& data)
@@ -129,6 +141,69 @@ TEST_F(Library, ChosenMaterialIsShownAndPutOnTheSelection)
     EXPECT_EQ(rig.Shape(1)->Material(), rig.Shape(0)->Material());
     History().undo();
     EXPECT_EQ(rig.Shape(1)->Material(), before) << "both shapes were one step";
+
+    // The panel shows the last of a mixed selection, which has the material already.
+    rig.Select({1});
+    ClickEntry(0);
+    rig.Select({0, 1});
+    ClickEntry(0);
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, 77);
+    EXPECT_EQ(rig.Shape(0)->Material(), rig.Shape(1)->Material());
+}
+
+TEST_F(Library, MissingOneLeavesNothingOpenBehindAnEmptyPanel)
+{
+    AddMaterial("11");
+    EXPECT_EQ(rig.Window().Panel().LoadMaterialLibrary("Lost.cvm"),
+              CorvexMaterial::Status::FileFailed);
+    EXPECT_EQ(rig.Host().Browsers().Open(LibraryKind::Materials), nullptr);
+    EXPECT_TRUE(Names().empty());
+    EXPECT_EQ(rig.Find<QLabel>("miscField").text(), "Lost.cvm was not opened.");
+    ChooseLayouts();
+    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").placeholderText(), "Lost.cvm");
+    EXPECT_EQ(rig.Host().Browsers().Open(LibraryKind::Materials), nullptr);
+}
+
+TEST_F(Library, ShowsWhatAnotherProgramChangedWhenTheWindowIsBack)
+{
+    AddMaterial("11");
+    AddMaterial("22");
+    ClickEntry(1);
+    const std::string marked = Names()[1];
+    auto theirs = LibraryFile::Open(Materials().Path(), LibraryKind::Materials);
+    theirs.Remove(theirs.IdAt(0));
+    theirs.Add(studio::EntryOfMaterial({"Theirs", {}}, "/"));
+    QEvent back(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&rig.Window(), &back);
+    EXPECT_EQ(Names(), (std::vector<std::string>{marked, "Theirs"}));
+    EXPECT_EQ(View().currentIndex().row(), 0) << "what was marked is marked";
+}
+
+TEST_F(Library, ContextMenuWorksOnTheEntryUnderThePointer)
+{
+    AddMaterial("11");
+    AddMaterial("22");
+    const auto names = Names();
+    const auto choose = [&](QPoint place, const char* action) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, View().mapToGlobal(place));
+        QCoreApplication::sendEvent(View().viewport(), &event);
+        auto& menu = rig.Find<QMenu>("entryMenu");
+        auto* found = menu.findChild<QAction*>(QLatin1String(action));
+        const bool enabled = found->isEnabled();
+        found->trigger();
+        delete &menu;
+        QCoreApplication::processEvents();
+        return enabled;
+    };
+    const auto at = [&](int row) {
+        return View().visualRect(View().model()->index(row, 0)).center();
+    };
+    EXPECT_TRUE(choose(at(0), "chooseEntry"));
+    EXPECT_EQ(rig.TextOf("txtAmbient"), "11");
+    EXPECT_TRUE(choose(at(1), "deleteEntry"));
+    EXPECT_EQ(Names(), std::vector{names[0]});
+    EXPECT_FALSE(choose(View().viewport()->rect().bottomRight(), "deleteEntry"));
+    EXPECT_EQ(Names(), std::vector{names[0]});
 }
 
 TEST_F(Library, RenamingIsAStepAndMovesNothing)
@@ -228,13 +303,7 @@ TEST_F(Library, OpenLibraryStaysWhenTheSavedLayoutReturns)
     const std::string other = rig.PathOf("data/Other.cvm").toStdString();
     LibraryFile::Create(other, LibraryKind::Materials);
     rig.Window().Panel().LoadMaterialLibrary("Other.cvm");
-    for (const char* title : {"Fill the Dock", "Saved Layout"}) {
-        for (QAction* action : rig.Window().findChildren<QAction*>()) {
-            if (action->text().remove('&') == title) {
-                action->trigger();
-            }
-        }
-    }
+    ChooseLayouts();
     EXPECT_EQ(Materials().Path(), other);
     EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Other.cvm");
 }
