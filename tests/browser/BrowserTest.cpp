@@ -67,12 +67,13 @@ protected:
     }
 
     int opened = 0;
+    int asked = 0;  ///< how often the library was needed
     SampleLibraries libraries;
     std::optional<LibraryFile> file;
     HeardListener heard;
     QWidget window;
     LibraryBrowser* browser = new LibraryBrowser(
-        [this] { return file ? &*file : nullptr; }, studio::LibraryKind::Materials,
+        [this] { return ++asked, file ? &*file : nullptr; }, studio::LibraryKind::Materials,
         [] { return std::vector<std::string>{"Supplier"}; }, &window);
 };
 
@@ -151,6 +152,24 @@ TEST_F(Browser, ScrollsFromOutsideAndStaysWhereItWas)
     browser->Clear();
     browser->ShowItems(100);
     EXPECT_EQ(View().verticalScrollBar()->value(), 0);
+}
+
+TEST_F(Browser, LooksAtNoMoreOfALargeLibraryThanOfASmallOne)
+{
+    std::vector<int> lookups;
+    for (const int count : {100, 10000}) {
+        asked = 0;
+        Open(NumberedNames(count));
+        browser->grab();
+        browser->ScrollTo(680);
+        browser->grab();
+        Search().setText("stone 77");
+        browser->grab();
+        Search().clear();
+        lookups.push_back(asked);
+    }
+    EXPECT_NEAR(lookups[1], lookups[0], 60);
+    EXPECT_GT(lookups[0], 20);
 }
 
 TEST_F(Browser, RowsFitThePanelsHeightsAndShareTheWidth)

@@ -123,10 +123,10 @@ TEST_F(TextureLibrary, AddTakesTheCurrentLayersFileAndNothingFromAnEmptyLayer)
 
 TEST_F(TextureLibrary, FileNamePropertyOpensTheLibrary)
 {
-    EXPECT_EQ(rig.Control().put_stTextureLibraryFilename("Wood.cvt"), Status::Success);
-    EXPECT_EQ(Opened(), std::vector{kind.Path("Wood")});
     std::string name;
+    EXPECT_EQ(rig.Control().put_stTextureLibraryFilename("Wood.cvt"), Status::Success);
     EXPECT_EQ(rig.Control().get_stTextureLibraryFilename(name), Status::Success);
+    EXPECT_EQ(Opened(), std::vector{kind.Path("Wood")});
     EXPECT_EQ(name, "Wood.cvt");
 }
 

@@ -10,45 +10,41 @@ namespace CorvexTest {
 
 /// What differs between the two libraries, as a user sees it.
 struct Kind {
-    const char* stem;
-    const char* extension;
     const char* noun;
+    const char* lower;
+    const char* extension;
     const char* upgrade;
     CorvexMaterial::Status (CorvexMaterial::IMaterial::*load)(const std::string&);
     CorvexMaterial::Status (CorvexMaterial::IMaterial::*release)();
-    const char* expanded;
 
     [[nodiscard]] std::string File(const std::string& name) const { return name + "." + extension; }
     [[nodiscard]] std::string Path(const std::string& name) const
     {
         return "/libraries/" + File(name);
     }
-    [[nodiscard]] std::string Control(const char* prefix, const char* suffix = "") const
+    /// Of controls, settings and calls: "MaterialLibrary" between two others.
+    [[nodiscard]] std::string Named(const char* before, const char* after = "") const
     {
-        return std::string(prefix) + stem + suffix;
-    }
-    [[nodiscard]] std::string Lower() const
-    {
-        std::string text = noun;
-        text[0] = static_cast<char>(text[0] + ('a' - 'A'));
-        return text;
+        return std::string(before) + noun + "Library" + after;
     }
 };
 
-inline constexpr Kind kMaterials{"MaterialLibrary",
-                                 "cvm",
-                                 "Material",
-                                 "upgrade",
-                                 &CorvexMaterial::IMaterial::LoadMaterialLibrary,
-                                 &CorvexMaterial::IMaterial::pReleaseMaterialLibrarySelection,
-                                 "Event.MaterialLibraryExpanded"};
-inline constexpr Kind kTextures{"TextureLibrary",
-                                "cvt",
-                                "Texture",
-                                "Upgrade",
-                                &CorvexMaterial::IMaterial::LoadTextureLibrary,
-                                &CorvexMaterial::IMaterial::pReleaseTextureLibrarySelection,
-                                "Event.TextureLibraryExpanded"};
+inline constexpr Kind kMaterials{
+    "Material",
+    "material",
+    "cvm",
+    "upgrade",
+    &CorvexMaterial::IMaterial::LoadMaterialLibrary,
+    &CorvexMaterial::IMaterial::pReleaseMaterialLibrarySelection,
+};
+inline constexpr Kind kTextures{
+    "Texture",
+    "texture",
+    "cvt",
+    "Upgrade",
+    &CorvexMaterial::IMaterial::LoadTextureLibrary,
+    &CorvexMaterial::IMaterial::pReleaseTextureLibrarySelection,
+};
 
 class LibraryFixture {
 protected:
@@ -77,34 +73,26 @@ protected:
     }
     QWidget& Button(const char* suffix)
     {
-        return rig.Find<QWidget>(kind.Control("cmd", suffix).c_str());
+        return rig.Find<QWidget>(kind.Named("cmd", suffix).c_str());
     }
-    QComboBox& List() { return rig.Find<QComboBox>(kind.Control("cbo").c_str()); }
-    QScrollBar& Bar() { return rig.Find<QScrollBar>(kind.Control("vsb").c_str()); }
+    QComboBox& List() { return rig.Find<QComboBox>(kind.Named("cbo").c_str()); }
+    QScrollBar& Bar() { return rig.Find<QScrollBar>(kind.Named("vsb").c_str()); }
     RecordingEditport& Browser()
     {
-        return dynamic_cast<RecordingEditport&>(rig.Find<QWidget>(kind.Control("dfe").c_str()));
+        return dynamic_cast<RecordingEditport&>(rig.Find<QWidget>(kind.Named("dfe").c_str()));
     }
     std::string SavedName()
     {
         rig.Terminate();
-        return rig.platform.settings.Get(kind.stem).value_or("none");
+        return rig.platform.settings.Get(kind.Named("")).value_or("none");
     }
-    void OnOpening(const std::function<void()>& act)
-    {
-        rig.host.materialLibrary.opening = act;
-        rig.host.textureLibrary.opening = act;
-    }
-    std::vector<std::string> Opened()
-    {
-        return rig.log.DetailsOf(std::string(kind.stem) + ".Open");
-    }
+    std::vector<std::string> Opened() { return rig.log.DetailsOf(kind.Named("", ".Open")); }
     bool CanChange()
     {
         EXPECT_EQ(Button("Add").isEnabled(), Button("Delete").isEnabled());
         return Button("Add").isEnabled();
     }
-    void ExpectStatusTexts(const std::vector<QString>& texts) { EXPECT_EQ(rig.statusTexts, texts); }
+    using Texts = std::vector<QString>;
     QString Loading() { return QStringLiteral("Loading %1 Library").arg(kind.noun); }
     QString NotOpened(const char* name)
     {

@@ -18,12 +18,13 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EachLibrary, testing::Values(&kMaterials, &kText
 TEST_P(EachLibrary, LoadsStepByStepAndIsLockedMeanwhile)
 {
     bool couldChange = true;
-    OnOpening([&] { couldChange = CanChange(); });
+    rig.host.materialLibrary.opening = [&] { couldChange = CanChange(); };
+    rig.host.textureLibrary.opening = rig.host.materialLibrary.opening;
     EXPECT_EQ(Load(kind.File("Wood")), Status::Success);
     EXPECT_FALSE(couldChange);
     EXPECT_TRUE(CanChange());
-    const std::string open = std::string(kind.stem) + ".Open";
-    const std::string close = std::string(kind.stem) + ".CloseLibrary";
+    const std::string open = kind.Named("", ".Open");
+    const std::string close = kind.Named("", ".CloseLibrary");
     EXPECT_EQ(rig.log.Order(), (std::vector<std::string>{
                                    "ApplicationState.LibraryFolder", "Event.DisplayMiscInformation",
                                    "Editport.Clear", close, "LibraryFiles.Exists",
@@ -32,7 +33,7 @@ TEST_P(EachLibrary, LoadsStepByStepAndIsLockedMeanwhile)
     EXPECT_EQ(Opened(), std::vector{kind.Path("Wood")});
     EXPECT_EQ(rig.log.DetailsOf("LibraryFiles.MakeWritable"), std::vector{kind.Path("Wood")});
     EXPECT_NE(rig.log.DetailsOf("Editport.ShowItems")[0].find(" 3"), std::string::npos);
-    ExpectStatusTexts({Loading(), Loaded()});
+    EXPECT_EQ(rig.statusTexts, (Texts{Loading(), Loaded()}));
     EXPECT_EQ(List().count(), 2);
     EXPECT_EQ(List().currentText().toStdString(), kind.File("Wood"));
     EXPECT_EQ(rig.Changes(), 0U);
@@ -47,12 +48,12 @@ TEST_P(EachLibrary, MissingFileIsToldOnceAndKeepsItsName)
     EXPECT_EQ(message.title, "Corvex");
     EXPECT_EQ(message.text, std::string(kind.noun) + " Library '" + kind.File("Lost") +
                                 "' not found. It was likely moved, or deleted due to a Corvex " +
-                                kind.upgrade + ". Please reselect your preferred " + kind.Lower() +
+                                kind.upgrade + ". Please reselect your preferred " + kind.lower +
                                 " library.");
     EXPECT_EQ(rig.log.CountOf("Editport.Clear"), 1U);
-    EXPECT_EQ(rig.log.CountOf(std::string(kind.stem) + ".CloseLibrary"), 1U);
+    EXPECT_EQ(rig.log.CountOf(kind.Named("", ".CloseLibrary")), 1U);
     EXPECT_EQ(rig.log.CountOf("Editport.ShowItems") + rig.log.CountOf("LibraryFiles.NamesIn"), 0U);
-    ExpectStatusTexts({Loading(), NotOpened("Lost")});
+    EXPECT_EQ(rig.statusTexts, (Texts{Loading(), NotOpened("Lost")}));
     EXPECT_FALSE(CanChange());
     EXPECT_EQ(List().count(), 2);
     EXPECT_EQ(List().currentIndex(), -1);
@@ -79,9 +80,9 @@ TEST_P(EachLibrary, AddAndDeleteChangeTheFileAndLoadItAgain)
     rig.Control().put_TextureFileName("/t/mine.png");
     Forget();
     Click(Button("Add"));
-    const std::string addName = std::string(kind.stem) + ".Add" + kind.noun + "ToLibrary";
-    const std::string deleteName = std::string(kind.stem) + ".Delete" + kind.noun + "FromLibrary";
-    const std::string open = std::string(kind.stem) + ".Open";
+    const std::string addName = kind.Named("", ".Add") + kind.noun + "ToLibrary";
+    const std::string deleteName = kind.Named("", ".Delete") + kind.noun + "FromLibrary";
+    const std::string open = kind.Named("", ".Open");
     EXPECT_EQ(rig.log.Order({addName, open}), (std::vector{addName, open}));
     EXPECT_NE(rig.log.DetailsOf("Editport.ShowItems").at(0).find(" 4"), std::string::npos);
 
@@ -90,7 +91,7 @@ TEST_P(EachLibrary, AddAndDeleteChangeTheFileAndLoadItAgain)
     Click(Button("Delete"));
     EXPECT_EQ(rig.log.DetailsOf(deleteName), std::vector<std::string>{"1"});
     EXPECT_EQ(rig.log.Order({deleteName, open}), (std::vector{deleteName, open}));
-    ExpectStatusTexts({Loading(), Loaded()});
+    EXPECT_EQ(rig.statusTexts, (Texts{Loading(), Loaded()}));
     EXPECT_TRUE(rig.platform.prompts.shown.empty()) << "deleting asks nothing";
 
     Browser().selected = -1;
@@ -124,13 +125,13 @@ TEST_P(EachLibrary, DialogIsAnnouncedAndItsFileLoaded)
         rig.platform.choosers.files = {row.typed};
         Click(Button("Functions"));
         ASSERT_EQ(rig.warnings.size(), 1U);
-        EXPECT_EQ(rig.warnings[0].key, kind.stem);
+        EXPECT_EQ(rig.warnings[0].key.toStdString(), kind.Named(""));
         EXPECT_EQ(rig.warnings[0].text.toStdString(),
-                  "You can create a new " + kind.Lower() +
+                  "You can create a new " + kind.lower +
                       " library by typing a new library name and clicking \"Open\".");
         EXPECT_EQ(rig.log.Order({"Event.evtReqWarn", "Choosers.ChooseFile"}),
                   (std::vector<std::string>{"Event.evtReqWarn", "Choosers.ChooseFile"}));
-        const auto created = rig.log.DetailsOf(std::string(kind.stem) + ".CreateLibrary");
+        const auto created = rig.log.DetailsOf(kind.Named("", ".CreateLibrary"));
         EXPECT_EQ(created,
                   row.created.empty() ? std::vector<std::string>{} : std::vector{row.created});
         EXPECT_EQ(Opened().size(), 1U) << row.typed;
@@ -155,12 +156,12 @@ TEST_P(EachLibrary, DialogIsAnnouncedAndItsFileLoaded)
 
 TEST_P(EachLibrary, FailedOpeningEmptiesThePanelUntilTheNextLoad)
 {
-    rig.log.FailEach(std::string(kind.stem) + ".Open", Fault::ClassifiedError);
+    rig.log.FailEach(kind.Named("", ".Open"), Fault::ClassifiedError);
     EXPECT_EQ(Load(kind.File("Wood")), Status::FileFailed);
     EXPECT_EQ(rig.platform.prompts.shown.at(0).title, CorvexMaterial::kErrorBoxTitle);
     EXPECT_FALSE(CanChange());
     EXPECT_EQ(rig.log.CountOf("Editport.ShowItems"), 0U);
-    ExpectStatusTexts({Loading(), NotOpened("Wood")});
+    EXPECT_EQ(rig.statusTexts, (Texts{Loading(), NotOpened("Wood")}));
     rig.log.Clear();
     EXPECT_EQ(Load(kind.File("Gems")), Status::Success);
     EXPECT_TRUE(CanChange());
@@ -180,7 +181,7 @@ TEST_P(EachLibrary, RowsBeyondSixteenBitsAreAnErrorThatChangesNothing)
     Forget();
     Click(more);
     EXPECT_EQ(rig.platform.prompts.shown.size(), 1U);
-    EXPECT_EQ(rig.log.CountOf(kind.expanded), 0U);
+    EXPECT_EQ(rig.log.CountOf(kind.Named("Event.", "Expanded")), 0U);
     EXPECT_EQ(Browser().height(), height);
 }
 
