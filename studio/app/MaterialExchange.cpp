@@ -32,8 +32,9 @@ std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
 {
     std::vector<NamedMaterial> materials;
     for (std::int32_t index = 0; index < library.Count(); ++index) {
-        const std::string name = library.NameAt(index);
+        std::string name = "?";
         try {
+            name = library.NameAt(index);
             MaterialReading reading = ReadMaterial(library, index);
             for (const std::string& problem : reading.problems) {
                 report.Add({name, "entry of the library", Outcome::Approximated, problem});

@@ -19,6 +19,17 @@ std::vector<std::int32_t> SelectedIn(LibraryFile& library, const LibraryJob& job
     return indexes;
 }
 
+void TellProblems(LibraryFile& library, std::int32_t index,
+                  const std::vector<std::string>& problems, CommandContext& context)
+{
+    for (const std::string& problem : problems) {
+        context.output.Problem(QStringLiteral("%1: entry \"%2\": %3")
+                                   .arg(QString::fromStdString(library.Path()),
+                                        QString::fromStdString(library.NameAt(index)),
+                                        QString::fromStdString(problem)));
+    }
+}
+
 QString CountText(const char* text, std::size_t count)
 {
     return QCoreApplication::translate("LibraryCommand", text, nullptr, static_cast<int>(count));

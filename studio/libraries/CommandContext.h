@@ -47,6 +47,10 @@ void ForEachSelected(LibraryFile& library, CommandContext& context, Work work)
     }
 }
 
+/// What is wrong with one entry.
+void TellProblems(LibraryFile& library, std::int32_t index,
+                  const std::vector<std::string>& problems, CommandContext& context);
+
 /// "3 entries added." and the like: the text counts.
 [[nodiscard]] QString CountText(const char* text, std::size_t count);
 

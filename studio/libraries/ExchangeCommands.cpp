@@ -103,13 +103,9 @@ void ExportCommand(CommandContext& context)
     LibraryFile library = OpenIn(context.job);
     std::vector<NamedMaterial> materials;
     ForEachSelected(library, context, [&](std::int32_t index) {
-        const std::string name = library.NameAt(index);
         MaterialReading reading = ReadMaterial(library, index);
-        for (const std::string& problem : reading.problems) {
-            context.output.Problem(
-                QString::fromStdString(library.Path() + ": entry \"" + name + "\": " + problem));
-        }
-        materials.push_back({name, std::move(reading.material)});
+        TellProblems(library, index, reading.problems, context);
+        materials.push_back({library.NameAt(index), std::move(reading.material)});
     });
     const std::string out = context.job.out.toStdString();
     std::vector<std::string> notes;

@@ -54,12 +54,7 @@ void ValidateCommand(CommandContext& context)
     std::size_t checked = 0;
     ForEachSelected(library, context, [&](std::int32_t index) {
         ++checked;
-        for (const std::string& problem : EntryProblems(library, index)) {
-            context.output.Problem(QStringLiteral("%1: entry \"%2\": %3")
-                                       .arg(QString::fromStdString(library.Path()),
-                                            QString::fromStdString(library.NameAt(index)),
-                                            QString::fromStdString(problem)));
-        }
+        TellProblems(library, index, EntryProblems(library, index), context);
     });
     const bool isGood = !context.output.HasProblems();
     context.output.Result({{"checked", static_cast<int>(checked)}, {"good", isGood}},
