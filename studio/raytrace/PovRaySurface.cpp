@@ -366,7 +366,7 @@ bool IsTestedAway(const FrameItem& item, RaytraceImages& images)
     const AlphaTest test = AlphaTestOf(material);
     if (test.comparison.empty() || IsSeenThrough(item, images)) {
         if (test.comparison.empty() ||
-            SurfaceImagesOf(item, material, images).set.ChangesOpacity()) {
+            SurfacePixelsOf(item, material, images).set.ChangesOpacity()) {
             return false;
         }
     }
@@ -382,7 +382,7 @@ bool IsTestedAway(const FrameItem& item, RaytraceImages& images)
 bool IsSeenThrough(const FrameItem& item, RaytraceImages& images)
 {
     const CorvexDB::udtMaterial& material = MaterialOf(item);
-    return IsTransparent(material) || SurfaceImagesOf(item, material, images).set.ChangesOpacity();
+    return IsTransparent(material) || SurfacePixelsOf(item, material, images).set.ChangesOpacity();
 }
 
 void DeclareSurface(TextStream& out, const std::string& name, const FrameItem& item,

@@ -17,9 +17,8 @@ struct TypeRow {
     std::string_view kind;
 };
 
-// The others are read differently by the two, or by one of them only.
+// POV-Ray reads the others differently, or not at all.
 constexpr std::array kPovRayTypes{TypeRow{"png", "png"}, TypeRow{"jpeg", "jpeg"}};
-constexpr std::array kRenderManTypes{TypeRow{"tiff", "tiff"}};
 
 struct SavedType {
     const char* format;
@@ -60,21 +59,19 @@ TexturePointer RaytraceImages::TextureOf(const std::string& file) const
 
 std::string_view RaytraceImages::OwnKind(const std::string& file) const
 {
-    if (!IsPlainPath(file) || !QDir::isAbsolutePath(QString::fromStdString(file))) {
+    if (m_reader != ImageReader::PovRay || !IsPlainPath(file) ||
+        !QDir::isAbsolutePath(QString::fromStdString(file))) {
         return {};
     }
     QImageReader reader(QString::fromStdString(file));
     reader.setDecideFormatFromContent(true);
     const QByteArray format = reader.format();
-    const auto find = [&format](const auto& rows) -> std::string_view {
-        for (const TypeRow& row : rows) {
-            if (format == row.format) {
-                return row.kind;
-            }
+    for (const TypeRow& row : kPovRayTypes) {
+        if (format == row.format) {
+            return row.kind;
         }
-        return {};
-    };
-    return m_reader == ImageReader::PovRay ? find(kPovRayTypes) : find(kRenderManTypes);
+    }
+    return {};
 }
 
 RaytraceImage RaytraceImages::ImageOf(const std::string& file)

@@ -13,7 +13,9 @@ struct RaytraceScene {
     std::vector<std::string> names;  ///< of the items, in their order; may be shorter
     std::vector<std::string> customFieldNames;
     bool shadows = false;  ///< the viewport's lights cast none
-    bool flat = false;     ///< a square with x and y from -1 to 1, seen and lit straight on
+    /// What a RenderMan renderer is to write, beside the scene; empty = the scene's name with .tif.
+    std::string picture;
+    bool flat = false;  ///< a square with x and y from -1 to 1, seen and lit straight on
 };
 
 }  // namespace studio

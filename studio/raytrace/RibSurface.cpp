@@ -1,5 +1,7 @@
 #include "studio/raytrace/RibSurface.h"
 
+#include "raytrace/SimulationTexture.h"
+#include "studio/raytrace/PovRayCatalogue.h"
 #include "studio/raytrace/Quoting.h"
 #include "studio/raytrace/RaytraceAmounts.h"
 #include "studio/render/MaterialModel.h"
@@ -24,95 +26,154 @@ constexpr std::array kStockLooks{
     StockLook{{0.40F, 0.50F, 0.65F}, 1.0F, false},   // miscellaneous
 };
 
+/// Of the lights, what the metals get, whose shaders have no diffuse part.
+constexpr float kMeanLight = 0.45F;
+/// From here on a mirror says more about a surface than its body.
+constexpr float kMostlyMirror = 0.5F;
+
 struct Look {
     LinearColour colour;
     SurfaceTerms terms;
     RaytraceAmounts amounts;
+    bool painted = false;   ///< by primary or overlay image
+    bool mirrors = false;   ///< an environment image
+    float mirrored = 0.0F;  ///< of what is around; the body counts the rest
 };
 
-/// The middle of a pattern's four colours, of which the standard shaders know nothing.
-LinearColour PatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+/// The middle of a pattern's colours: the standard shaders know no patterns.
+LinearColour MeanColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes, bool blocks)
 {
-    LinearColour sum;
-    const auto part = [](float encoded) {
-        return LinearFromEncoded(std::clamp(encoded, 0.0F, 1.0F)) / 4.0F;
+    const std::size_t count = blocks ? 2 : attributes.ColorPatternColor.size();
+    LinearColour mean;
+    const auto part = [count](float encoded) {
+        return LinearFromEncoded(std::clamp(encoded, 0.0F, 1.0F)) / static_cast<float>(count);
     };
-    for (const CorvexDB::PatternColour& colour : attributes.ColorPatternColor) {
-        sum.red += part(colour.red);
-        sum.green += part(colour.green);
-        sum.blue += part(colour.blue);
+    for (std::size_t i = 0; i < count; ++i) {
+        const CorvexDB::PatternColour& colour = attributes.ColorPatternColor[i];
+        mean.red += part(colour.red);
+        mean.green += part(colour.green);
+        mean.blue += part(colour.blue);
     }
-    return sum;
+    return mean;
 }
 
-Look LookOf(const CorvexDB::udtMaterial& material)
+/// A predefined material stands in for everything, a pattern for the images of the body, unless
+/// their picture was made before and is the primary image now.
+void ApplyRaytraceMaterial(const CorvexDB::udtMaterial& material, Look& look)
 {
     const auto& attributes = material.RayTrace;
-    Look look{{}, SurfaceTermsOf(material), AmountsOf(attributes)};
-    look.colour = look.terms.base;
-    const auto type = static_cast<std::size_t>(attributes.PredefinedType);
-    if (attributes.MaterialType == 1 && type < kStockLooks.size()) {
-        look.colour = kStockLooks[type].colour;
-        look.terms.opacity = kStockLooks[type].opacity;
-        look.amounts.metallic = kStockLooks[type].metallic;
+    if (CorvexMaterial::IsSimulationTexture(material.Textures.primary)) {
+        return;
+    }
+    if (attributes.MaterialType == 1 &&
+        FindPredefined(attributes.PredefinedType, attributes.PreDefinedMaterial) != nullptr) {
+        const StockLook& stock = kStockLooks[static_cast<std::size_t>(attributes.PredefinedType)];
+        look.colour = stock.colour;
+        look.terms.opacity = stock.opacity;
         look.terms.highlight = kShine;
-    } else if (attributes.ColorPattern != 0) {
-        const LinearColour pattern = PatternColour(attributes);
-        look.colour = {look.colour.red * pattern.red, look.colour.green * pattern.green,
-                       look.colour.blue * pattern.blue};
+        look.amounts = {};
+        look.amounts.metallic = stock.metallic;
+        look.amounts.reflection = stock.metallic ? kMostlyMirror : 0.0F;
+        look.painted = look.mirrors = false;
+    } else if (const PovRayPattern* pattern = FindColourPattern(attributes.ColorPattern)) {
+        const LinearColour mean = MeanColour(attributes, pattern->blocks);
+        look.colour = {look.colour.red * mean.red, look.colour.green * mean.green,
+                       look.colour.blue * mean.blue};
+        look.painted = false;
+    }
+}
+
+Look LookOf(const RibSurface& surface)
+{
+    const CorvexDB::udtMaterial& material = surface.material;
+    const LayerSet& layers = surface.layers.set;
+    Look look{{}, SurfaceTermsOf(material), AmountsOf(material.RayTrace)};
+    look.colour = look.terms.base;
+    look.painted = layers.Has(Layer::Primary) || layers.Has(Layer::Overlay);
+    look.mirrors = layers.Has(Layer::Environment);
+    ApplyRaytraceMaterial(material, look);
+    // One shader has either an image or a mirror.
+    if (look.painted && look.mirrors) {
+        look.mirrors = look.amounts.reflection >= kMostlyMirror;
+        look.painted = !look.mirrors;
+    }
+    look.mirrored = look.mirrors ? std::max(kReflectionAtFront, look.amounts.reflection)
+                                 : look.amounts.reflection;
+    // Without an image of its surroundings a mirror shows the lights alone.
+    look.terms.highlight += look.amounts.reflection * (kShine - look.terms.highlight);
+    if (surface.dull) {
+        look.terms.highlight = look.mirrored = 0.0F;
     }
     return look;
 }
 
-void WriteParameter(TextStream& out, const char* name, float value)
+const char* ShaderOf(const Look& look)
 {
-    out << " \"float " << name << "\" [" << value << ']';
-}
-
-/// `metal` has no diffuse part, so that a metallic surface without highlight stays dull.
-const char* ShaderOf(const Look& look, const SurfaceImages& images)
-{
-    if (images.set.Has(Layer::Environment)) {
+    if (look.mirrors) {
         return "shinymetal";
     }
-    if (images.set.Has(Layer::Primary)) {
+    if (look.painted) {
         return "paintedplastic";
     }
     if (look.terms.highlight <= 0.0F) {
         return "matte";
     }
-    return look.amounts.metallic ? "metal" : "plastic";
+    return look.amounts.metallic && look.mirrored >= kMostlyMirror ? "metal" : "plastic";
+}
+
+void WriteNumber(TextStream& out, const char* name, float value)
+{
+    out << " \"float " << name << "\" [" << value << ']';
+}
+
+void WriteColour(TextStream& out, const LinearColour& colour)
+{
+    out << '[' << colour.red << ' ' << colour.green << ' ' << colour.blue << ']';
+}
+
+void WriteShader(TextStream& out, const Look& look, std::string_view shader)
+{
+    const bool metal = shader == "metal" || shader == "shinymetal";
+    const float everywhere = kSkyIntensity / 2.0F + (metal ? kMeanLight : 0.0F);
+    const float body = 1.0F - look.mirrored;
+    out << "Surface \"" << shader << '"';
+    WriteNumber(out, "Ka", body * (look.terms.emission + look.terms.diffuse * everywhere));
+    if (!metal) {
+        WriteNumber(out, "Kd", body * look.terms.diffuse);
+    }
+    if (shader != "matte") {
+        WriteNumber(out, "Ks", look.terms.highlight / kKeyLight.intensity);
+        WriteNumber(out, "roughness", 1.0F / look.amounts.shininess);
+        if (!metal && look.amounts.metallic) {
+            out << " \"color specularcolor\" ";
+            WriteColour(out, look.colour);
+        }
+    }
+    if (shader == "shinymetal") {
+        WriteNumber(out, "Kr", look.mirrored);
+    }
 }
 
 }  // namespace
 
-void WriteRibSurface(TextStream& out, const FrameItem& item, const SurfaceImages& images)
+bool WriteRibSurface(TextStream& out, const RibSurface& surface, RibTextures& textures)
 {
-    static const CorvexDB::udtMaterial kDefault;
-    const Look look = LookOf(item.material ? *item.material : kDefault);
-    const std::string_view shader = ShaderOf(look, images);
-    out << "Color [" << look.colour.red << ' ' << look.colour.green << ' ' << look.colour.blue
-        << "]\nOpacity [" << look.terms.opacity << ' ' << look.terms.opacity << ' '
-        << look.terms.opacity << "]\nSurface \"" << shader << '"';
-    WriteParameter(out, "Ka", look.terms.emission + look.terms.diffuse * kSkyIntensity / 2.0F);
-    const bool metallic = shader == "metal" || shader == "shinymetal";
-    if (!metallic) {
-        WriteParameter(out, "Kd", look.terms.diffuse);
-    }
-    if (shader != "matte") {
-        WriteParameter(
-            out, "Ks",
-            std::max(look.terms.highlight / kKeyLight.intensity, metallic ? 0.5F : 0.0F));
-        WriteParameter(out, "roughness", 1.0F / look.amounts.shininess);
-    }
-    if (shader == "shinymetal") {
-        WriteParameter(out, "Kr", kReflectionAtFront);
-        out << " \"string texturename\" [" << RibString(images.Image(Layer::Environment).path)
-            << ']';
-    } else if (shader == "paintedplastic") {
-        out << " \"string texturename\" [" << RibString(images.Image(Layer::Primary).path) << ']';
+    const Look look = LookOf(surface);
+    out << "Color ";
+    WriteColour(out, look.colour);
+    out << "\nOpacity ";
+    WriteColour(out, {look.terms.opacity, look.terms.opacity, look.terms.opacity});
+    out << '\n';
+    WriteShader(out, look, ShaderOf(look));
+    if (look.mirrors || look.painted) {
+        const std::string image =
+            look.mirrors
+                ? textures.EnvironmentOf(surface.layers)
+                : textures.TileOf(surface.layers, OverlayOpacityOf(surface.material), surface.crop);
+        out << " \"string texturename\" [" << RibString(image) << ']';
     }
     out << '\n';
+    return look.painted;
 }
 
 }  // namespace studio

@@ -1,12 +1,20 @@
 #pragma once
 
-#include "studio/raytrace/SurfaceImages.h"
+#include "host/MaterialRecord.h"
+#include "studio/raytrace/RibTextures.h"
 #include "studio/raytrace/TextStream.h"
-#include "studio/render/Frame.h"
 
 namespace studio {
 
-/// Colour, opacity and one of the standard surface shaders for the item's material.
-void WriteRibSurface(TextStream& out, const FrameItem& item, const SurfaceImages& images);
+struct RibSurface {
+    const CorvexDB::udtMaterial& material;
+    const SurfaceImages& layers;
+    QVector4D crop;     ///< of `WrapTerms`
+    bool dull = false;  ///< a light straight ahead would shine everywhere on a flat sample
+};
+
+/// Colour, opacity and one of the standard surface shaders. Returns whether the shader puts a tile
+/// of `RibTextures` on the surface. Errors: FileFailed.
+bool WriteRibSurface(TextStream& out, const RibSurface& surface, RibTextures& textures);
 
 }  // namespace studio

@@ -45,12 +45,12 @@ void WritePovRay(TextStream& out, const RaytraceScene& scene, RaytraceImages& im
     WritePovRayScene(out, scene, images);
 }
 
-/// The renderer works in the folder of its scene, where the caller looks for the image.
+/// The renderer works in the folder of its scene; a picture without a type of its own is a TIFF.
 void WriteRib(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
               const QString& path)
 {
-    const QString name = QFileInfo(path).fileName();
-    WriteRibScene(out, scene, images, (name.chopped(3) + QStringLiteral("bmp")).toStdString());
+    const QString name = QFileInfo(path).completeBaseName() + QStringLiteral(".tif");
+    WriteRibScene(out, scene, images, scene.picture.empty() ? name.toStdString() : scene.picture);
 }
 
 struct TargetRow {
@@ -206,6 +206,8 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
     // The job before this one has ended.
     RemoveConverted();
     const QString path = QString::fromStdString(request.path);
+    // Where the job looks for it, whatever type it is.
+    scene.picture = (QFileInfo(path).completeBaseName() + QStringLiteral(".bmp")).toStdString();
     const RaytraceImages::Place images = ImagesBeside(path);
     if (!QFileInfo::exists(images.folder)) {
         m_converted = images.folder;

@@ -43,22 +43,31 @@ void AddAlpha(QImage& heights, const QImage& primary, int share)
 
 }  // namespace
 
-SurfaceImages SurfaceImagesOf(const FrameItem& item, const CorvexDB::udtMaterial& material,
-                              RaytraceImages& images)
+SurfaceImages SurfacePixelsOf(const FrameItem& item, const CorvexDB::udtMaterial& material,
+                              const RaytraceImages& images)
 {
     SurfaceImages found;
     for (std::size_t i = 0; i < kLayerCount; ++i) {
         const TexturePointer& drawn = GeneratedTexture(item, static_cast<Layer>(i));
-        const std::string& file = material.Textures.*kLayerRows[i].file;
-        found.textures[i] = drawn ? drawn : images.TextureOf(file);
-        if (found.textures[i] == nullptr) {
-            continue;
-        }
-        found.images[i] = drawn ? images.ImageOf(*drawn) : images.ImageOf(file);
-        found.set.present |= 1U << i;
+        found.textures[i] = drawn ? drawn : images.TextureOf(material.Textures.*kLayerRows[i].file);
+        found.set.present |= found.textures[i] ? 1U << i : 0U;
     }
     if (found.set.Has(Layer::Primary)) {
         found.set.primaryAlpha = PrimaryAlphaUse(material, *found.Pixels(Layer::Primary));
+    }
+    return found;
+}
+
+SurfaceImages SurfaceImagesOf(const FrameItem& item, const CorvexDB::udtMaterial& material,
+                              RaytraceImages& images)
+{
+    SurfaceImages found = SurfacePixelsOf(item, material, images);
+    for (std::size_t i = 0; i < kLayerCount; ++i) {
+        if (GeneratedTexture(item, static_cast<Layer>(i))) {
+            found.images[i] = images.ImageOf(*found.textures[i]);
+        } else if (found.textures[i]) {
+            found.images[i] = images.ImageOf(material.Textures.*kLayerRows[i].file);
+        }
     }
     return found;
 }

@@ -24,7 +24,11 @@ struct SurfaceImages {
     }
 };
 
-/// What a plug-in drew stands in for a file, as it does in the viewport. Errors: FileFailed.
+/// What a plug-in drew stands in for a file, as it does in the viewport. No files are made.
+[[nodiscard]] SurfaceImages SurfacePixelsOf(const FrameItem& item,
+                                            const CorvexDB::udtMaterial& material,
+                                            const RaytraceImages& images);
+/// The same with files. Errors: FileFailed.
 [[nodiscard]] SurfaceImages SurfaceImagesOf(const FrameItem& item,
                                             const CorvexDB::udtMaterial& material,
                                             RaytraceImages& images);

@@ -35,22 +35,34 @@ std::string FirstLines(const std::string& text)
 }
 
 /// Without comments, and without what is between the quotes of an image or a name.
-std::vector<std::string> StatementsOf(const std::string& text, const std::string& comment)
+std::vector<std::string> StatementsOf(const std::string& text)
 {
     std::vector<std::string> lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);) {
-        if (line.rfind(comment, 0) == 0) {
+        if (line.rfind("//", 0) == 0) {
             continue;
         }
         const std::size_t begin = line.find('"');
         const std::size_t end = line.rfind('"');
         const bool isNamed = line.find("image_map") != std::string::npos ||
-                             line.find("identifier") != std::string::npos ||
-                             line.find("texturename") != std::string::npos;
+                             line.find("bump_map") != std::string::npos;
         lines.push_back(isNamed ? line.substr(0, begin) + line.substr(end) : line);
     }
     return lines;
+}
+
+/// What a RIB asks for, with its numbers and lists but without its words.
+std::vector<std::string> RequestsOf(const std::string& rib)
+{
+    const RibFile file = ReadRib(rib);
+    EXPECT_EQ(file.faults, std::vector<std::string>()) << FirstLines(rib);
+    std::vector<std::string> requests;
+    for (const RibRequest& request : file.requests) {
+        requests.push_back(request.name + ' ' + std::to_string(request.arguments.size()) + ' ' +
+                           std::to_string(request.Numbers().size()));
+    }
+    return requests;
 }
 
 udtMaterial Named(RaytraceRig& rig, const char* name)
@@ -61,6 +73,7 @@ udtMaterial Named(RaytraceRig& rig, const char* name)
     udtMaterial material;
     material.Textures.primary =
         rig.Image(fileName.constData(), [](int x, int y) { return QColor(4 * x, 4 * y, 0); });
+    material.Textures.bump = material.Textures.primary;
     material.CustomFields[0] = name;
     material.CustomFields[5] = name;
     return material;
@@ -84,15 +97,15 @@ TEST(HostileNames, StayInTheirCommentOrString)
 {
     RaytraceRig rig;
     const studio::RaytraceScene plain = SceneNamed(rig, {"plain"});
-    const auto plainPovRay = StatementsOf(rig.PovRayText(plain), "//");
-    const auto plainRib = StatementsOf(rig.RibText(plain), "#");
+    const auto plainPovRay = StatementsOf(rig.PovRayText(plain));
+    const auto plainRib = RequestsOf(rig.RibText(plain));
     for (const char* name : kHostile) {
         const studio::RaytraceScene scene = SceneNamed(rig, {name});
-        const std::string text = rig.PovRayText(scene);
-        EXPECT_EQ(StatementsOf(text, "//"), plainPovRay) << FirstLines(text);
-        const std::string rib = rig.RibText(scene);
-        EXPECT_EQ(StatementsOf(rib, "#"), plainRib) << FirstLines(rib);
-        EXPECT_EQ(ReadRib(rib).error, "");
+        // The file of the scene itself is named so too, and with it the folder of its images.
+        const QString file = QString::fromUtf8(name).remove(u'/');
+        const std::string text = rig.SceneText(scene, file + ".pov");
+        EXPECT_EQ(StatementsOf(text), plainPovRay) << FirstLines(text);
+        EXPECT_EQ(RequestsOf(rig.SceneText(scene, file + ".rib")), plainRib) << name;
     }
 }
 
@@ -128,7 +141,7 @@ TEST(HostileNames, NumbersKeepTheirDotAndNeverBreakTheFile)
     QLocale::setDefault(QLocale(QLocale::German));
     const std::string text = rig.PovRayText(scene);
     QLocale::setDefault(own);
-    for (const std::string& line : StatementsOf(text, "//")) {
+    for (const std::string& line : StatementsOf(text)) {
         EXPECT_EQ(line.find("nan"), std::string::npos) << line;
         EXPECT_EQ(line.find("inf"), std::string::npos) << line;
     }

@@ -35,9 +35,9 @@ QImage RaytraceRig::Draw(const RaytraceScene& scene)
     return m_rendering.DrawNow(std::move(frame));
 }
 
-std::string RaytraceRig::SceneText(const RaytraceScene& scene, const char* name)
+std::string RaytraceRig::SceneText(const RaytraceScene& scene, const QString& name)
 {
-    const QString file = m_folder.filePath(QLatin1String(name));
+    const QString file = m_folder.filePath(name);
     studio::WriteRaytraceScene(
         file, scene, [this](const std::string& path) { return m_rendering.Textures().Await(path); },
         studio::ImagesBeside(file));

@@ -39,10 +39,10 @@ public:
     [[nodiscard]] Raytraced Raytrace(const studio::RaytraceScene& scene, bool antialias = true);
     [[nodiscard]] std::string PovRayText(const studio::RaytraceScene& scene);
     [[nodiscard]] std::string RibText(const studio::RaytraceScene& scene);
+    /// Of a file of this name in the rig's folder.
+    [[nodiscard]] std::string SceneText(const studio::RaytraceScene& scene, const QString& name);
 
 private:
-    [[nodiscard]] std::string SceneText(const studio::RaytraceScene& scene, const char* name);
-
     QTemporaryDir m_folder;
     studio::RenderService m_rendering;
 };

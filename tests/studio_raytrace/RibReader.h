@@ -1,26 +1,41 @@
 #pragma once
 
-#include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace StudioRaytraceTest {
 
+/// A number or a string counts as an array of one.
+struct RibArgument {
+    bool isArray = false;
+    std::vector<float> numbers;
+    std::vector<std::string> strings;
+};
+
 /// One request of a RIB with what follows it.
 struct RibRequest {
     std::string name;
-    std::vector<std::string> strings;
-    std::vector<std::vector<float>> arrays;
-    std::vector<float> numbers;
+    std::vector<RibArgument> arguments;
+
+    /// The string at this place; empty when there is none.
+    [[nodiscard]] std::string Text(std::size_t index = 0) const;
+    /// All numbers that are no parameter's.
+    [[nodiscard]] std::vector<float> Numbers() const;
+    /// What follows the parameter of this name, whatever its type; null when there is none.
+    [[nodiscard]] const RibArgument* Parameter(std::string_view parameter) const;
 };
 
 struct RibFile {
     std::vector<RibRequest> requests;
-    std::string error;  ///< what is wrong with the text; empty when nothing is
+    std::vector<std::string> faults;  ///< for a renderer that takes the plain interface only
+
+    [[nodiscard]] const RibRequest* Find(std::string_view name) const;
 };
 
-/// Reads what a renderer would: strings in double quotes with backslashes, arrays in brackets,
-/// numbers, comments, and blocks that begin and end in order.
+/// Reads what a renderer would and looks for what the least of them would not take: unknown
+/// requests, shaders and parameters, lists that do not agree, names that cannot be found, blocks
+/// left open.
 [[nodiscard]] RibFile ReadRib(const std::string& text);
 
 }  // namespace StudioRaytraceTest
