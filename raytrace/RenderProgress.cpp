@@ -1,6 +1,7 @@
 #include "raytrace/RenderProgress.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 
 namespace CorvexMaterial {
@@ -27,7 +28,47 @@ std::optional<int> PercentIn(std::string_view line)
     return closed ? std::optional(std::clamp(percent, 0, 100)) : std::nullopt;
 }
 
+bool IsLetter(char letter)
+{
+    return std::isalpha(static_cast<unsigned char>(letter)) != 0;
+}
+
+bool HasWord(std::string_view line, std::string_view word)
+{
+    for (std::size_t at = line.find(word); at != std::string_view::npos;
+         at = line.find(word, at + 1)) {
+        const std::size_t end = at + word.size();
+        if ((at == 0 || !IsLetter(line[at - 1])) && (end == line.size() || !IsLetter(line[end]))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool SaysError(std::string_view line)
+{
+    constexpr std::string_view kBegin = "error:";
+    const bool begins =
+        line.size() >= kBegin.size() &&
+        std::ranges::equal(kBegin, line.substr(0, kBegin.size()), [](char a, char b) {
+            return a == std::tolower(static_cast<unsigned char>(b));
+        });
+    return begins || HasWord(line, "ERROR") || HasWord(line, "SEVERE");
+}
+
 }  // namespace
+
+std::string_view ErrorLineIn(std::string_view messages)
+{
+    while (!messages.empty()) {
+        const std::string_view line = messages.substr(0, messages.find('\n'));
+        if (SaysError(line)) {
+            return line;
+        }
+        messages.remove_prefix(std::min(line.size() + 1, messages.size()));
+    }
+    return {};
+}
 
 void RenderProgress::Feed(std::string_view printed)
 {
@@ -45,6 +86,9 @@ void RenderProgress::TakeLine()
     if (const auto percent = PercentIn(m_line)) {
         m_percent = percent;
     } else if (!m_line.empty()) {
+        if (m_error.empty() && SaysError(m_line)) {
+            m_error = m_line;
+        }
         m_messages.append(m_line).push_back('\n');
         if (m_messages.size() > kMostMessages) {
             m_messages.erase(0, m_messages.find('\n', m_messages.size() - kMostMessages) + 1);
@@ -55,7 +99,8 @@ void RenderProgress::TakeLine()
 
 std::string RenderProgress::Messages() const
 {
-    return m_messages + m_line;
+    const bool dropped = m_messages.find(m_error) == std::string::npos;
+    return (dropped ? m_error + "\n...\n" : std::string()) + m_messages + m_line;
 }
 
 }  // namespace CorvexMaterial

@@ -14,7 +14,8 @@ public:
 
     /// Of the last line "Rendered N of M pixels (P%)", 0 to 100.
     [[nodiscard]] std::optional<int> Percent() const { return m_percent; }
-    /// The last lines that are no progress, to explain a failure; the unfinished line included.
+    /// The last lines that are no progress, to explain a failure; the unfinished line included. The
+    /// first line that says ERROR or SEVERE is always among them.
     [[nodiscard]] std::string Messages() const;
 
 private:
@@ -22,7 +23,12 @@ private:
 
     std::string m_line;
     std::string m_messages;
+    std::string m_error;
     std::optional<int> m_percent;
 };
+
+/// The first line in which a program says ERROR or SEVERE, or begins with "error:" in any letters;
+/// empty without one. Programs that go on after an error often end as if there had been none.
+[[nodiscard]] std::string_view ErrorLineIn(std::string_view messages);
 
 }  // namespace CorvexMaterial

@@ -6,6 +6,7 @@
 #include "raytrace/PreviewTarget.h"
 #include "raytrace/RaytraceMessages.h"
 #include "raytrace/RenderManJob.h"
+#include "raytrace/RenderProgress.h"
 #include "raytrace/TextureRules.h"
 #include "raytrace/WorkingFolder.h"
 
@@ -15,6 +16,13 @@ namespace {
 
 /// What every scene's exporter is given beside the aspect ratio.
 constexpr float kExportConstant = 0.1F;
+
+void RefuseErrors(const std::string& messages)
+{
+    if (const std::string_view line = ErrorLineIn(messages); !line.empty()) {
+        throw Error(Status::Failed, "it printed \"" + std::string(line) + '"');
+    }
+}
 
 }  // namespace
 
@@ -32,7 +40,7 @@ RaytraceOutcome modRaytrace::Render(const RaytraceJob& job,
         m_host.raytrace.RaytraceAbandoned();
         return RaytraceOutcome::Abandoned;
     }
-    const RaytraceOutcome outcome = Run(job, commandLine, files.Bitmap());
+    const RaytraceOutcome outcome = Run(raytracer, job, commandLine, files.Bitmap());
     if (outcome == RaytraceOutcome::Rendered) {
         read(files.Bitmap());
     }
@@ -79,7 +87,8 @@ bool modRaytrace::TexturesAreTaken(CorvexDB::Raytracer raytracer, const Raytrace
     return false;
 }
 
-RaytraceOutcome modRaytrace::Run(const RaytraceJob& job, const CorvexDB::CommandLine& commandLine,
+RaytraceOutcome modRaytrace::Run(CorvexDB::Raytracer raytracer, const RaytraceJob& job,
+                                 const CorvexDB::CommandLine& commandLine,
                                  const std::string& bitmap)
 {
     try {
@@ -91,6 +100,10 @@ RaytraceOutcome modRaytrace::Run(const RaytraceJob& job, const CorvexDB::Command
         }
         if (*exitCode != 0) {
             throw Error(Status::Failed, "exit code " + std::to_string(*exitCode));
+        }
+        // POV-Ray's exit code can be relied on.
+        if (raytracer == CorvexDB::Raytracer::RenderMan && job.target != nullptr) {
+            RefuseErrors(job.target->Messages());
         }
         if (!m_platform.temporaryFiles.HasContent(bitmap)) {
             throw Error(Status::FileFailed, "no image was written");

@@ -64,7 +64,7 @@ private:
                                                          const JobFiles& files);
     [[nodiscard]] std::string Export(const RaytraceJob& job, const JobFiles& files);
     [[nodiscard]] bool TexturesAreTaken(CorvexDB::Raytracer raytracer, const RaytraceJob& job);
-    [[nodiscard]] RaytraceOutcome Run(const RaytraceJob& job,
+    [[nodiscard]] RaytraceOutcome Run(CorvexDB::Raytracer raytracer, const RaytraceJob& job,
                                       const CorvexDB::CommandLine& commandLine,
                                       const std::string& bitmap);
     /// Nothing when the user cancelled.

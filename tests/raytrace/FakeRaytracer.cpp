@@ -28,21 +28,38 @@ FakeRaytracer::~FakeRaytracer()
     qputenv("temp", m_oldTemp);
 }
 
-void FakeRaytracer::Runs(const QString& commands)
+std::string FakeRaytracer::Script(const QString& opening, const QString& commands) const
 {
     const QString path = m_dir.filePath("a raytracer");
     QFile script(path);
     script.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    script.write(QStringLiteral("#!/bin/sh\n"
-                                "[ \"$1 $2 $#\" = '/exit /nr 3' ] || exit 9\n"
-                                "ini=$3\n"
-                                "out=$(sed -n 's/^Output_File_Name=//p' \"$ini\")\n"
-                                "picture='%1'\n%2\n")
-                     .arg(m_dir.filePath("picture.bmp"), commands)
+    script.write(QStringLiteral("#!/bin/sh\n%1\npicture='%2'\n%3\n")
+                     .arg(opening, m_dir.filePath("picture.bmp"), commands)
                      .toUtf8());
     script.close();
     script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    m_rig.host.applicationState.povRayProgram = path.toStdString();
+    return path.toStdString();
+}
+
+void FakeRaytracer::Runs(const QString& commands)
+{
+    m_rig.host.applicationState.povRayProgram =
+        Script(QStringLiteral("[ \"$1 $2 $#\" = '/exit /nr 3' ] || exit 9\n"
+                              "ini=$3\n"
+                              "out=$(sed -n 's/^Output_File_Name=//p' \"$ini\")"),
+               commands);
+}
+
+void FakeRaytracer::RunsAsRenderMan(const QString& commands)
+{
+    m_rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
+    m_rig.platform.settings.Put(
+        "RenderManLocation",
+        Script(QStringLiteral("[ \"$1 $2 $3 $#\" = '-res 256 256 4' ] || exit 9\n"
+                              "[ \"$PWD\" = \"${4%/*}\" ] || exit 8\n"
+                              "scene=$4\n"
+                              "out=${scene%.rib}.bmp"),
+               commands));
 }
 
 QStringList FakeRaytracer::Leftovers() const

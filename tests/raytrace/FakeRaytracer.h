@@ -20,11 +20,16 @@ public:
 
     /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one).
     void Runs(const QString& commands);
+    /// The same for a selected RenderMan renderer, with $scene in place of $ini; it checks that it
+    /// works in the temporary folder.
+    void RunsAsRenderMan(const QString& commands);
     [[nodiscard]] QString Folder() const { return m_folder; }
     /// What the jobs have left in the temporary folder.
     [[nodiscard]] QStringList Leftovers() const;
 
 private:
+    [[nodiscard]] std::string Script(const QString& opening, const QString& commands) const;
+
     QTemporaryDir m_dir;
     QString m_folder;
     QByteArray m_oldTemp;

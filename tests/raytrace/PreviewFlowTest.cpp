@@ -117,17 +117,6 @@ TEST_F(PreviewFlow, TexturesThatTheRaytracerDoesNotTakeAbandonTheJob)
     }
 }
 
-TEST_F(PreviewFlow, ARendererThatEndsWellWithoutAnImageHasFailed)
-{
-    UseRenderMan();
-    rig.platform.temporaryFiles.imagesAreMade = false;
-    rig.Press("cmdPreview");
-    ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
-    EXPECT_EQ(rig.platform.prompts.shown.front().text, kRaytracerFailed);
-    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 0U);
-    ExpectCleanEnd();
-}
-
 TEST_F(PreviewFlow, AFileThatCannotBeRemovedIsOnlyTraced)
 {
     rig.log.FailEach("TemporaryFiles.Remove", Fault::ClassifiedError);

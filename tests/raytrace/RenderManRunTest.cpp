@@ -1,0 +1,75 @@
+// Scripts in place of a RenderMan renderer, run as a user runs them.
+
+#include "raytrace/RaytraceMessages.h"
+#include "tests/raytrace/FakeRaytracer.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace {
+
+using namespace CorvexTest;
+using namespace CorvexMaterial;
+
+struct Script {
+    const char* name;
+    const char* commands;        ///< null: there is no such program
+    const char* told = nullptr;  ///< part of the details; null when the picture is shown
+    bool cancelled = false;
+};
+
+class RenderMan : public ::testing::TestWithParam<Script> {};
+
+TEST_P(RenderMan, IsJudgedByItsImageAndItsWords)
+{
+    const Script& run = GetParam();
+    const QString workingFolder = QDir::currentPath();
+    ControlRig rig;
+    rig.Start();
+    FakeRaytracer raytracer(rig);
+    raytracer.RunsAsRenderMan(QString::fromUtf8(run.commands));
+    if (run.commands == nullptr) {
+        rig.platform.settings.Put("RenderManLocation", "/nowhere/renderer");
+    }
+    std::optional<DialogAnswer> cancel;
+    if (run.cancelled) {
+        cancel.emplace(
+            [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdCancel")); });
+    }
+    rig.Press("cmdPreview");
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), run.told || run.cancelled ? 0U : 1U);
+    ASSERT_EQ(rig.platform.prompts.shown.size(), run.told ? 1U : 0U);
+    if (run.told) {
+        EXPECT_EQ(rig.platform.prompts.shown[0].text, kRaytracerFailed);
+        EXPECT_THAT(rig.platform.prompts.shown[0].details, ::testing::HasSubstr(run.told));
+    }
+    EXPECT_EQ(raytracer.Leftovers(), QStringList());
+    EXPECT_EQ(QDir::currentPath(), workingFolder);
+    EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Scripts, RenderMan,
+    ::testing::Values(
+        Script{"Renders", "[ -f \"$scene\" ] && cp \"$picture\" \"$out\""},
+        Script{"Warns", "cp \"$picture\" \"$out\"; echo 'R7 {WARNING} dull' >&2; echo 'ERRORS=0'"},
+        Script{"ErrsWithAnImage", "cp \"$picture\" \"$out\"; echo 'R12 {ERROR} no shader \"x\"'",
+               "it printed \"R12 {ERROR} no shader \"x\"\""},
+        Script{"ErrsAndGoesOnTalking",
+               "cp \"$picture\" \"$out\"; echo '3DL SEVERE: no memory' >&2; seq 9000",
+               "it printed \"3DL SEVERE: no memory\""},
+        Script{"ErrsInItsLastLine", "cp \"$picture\" \"$out\"; printf 'Error: no licence'",
+               "it printed \"Error: no licence\""},
+        Script{"MakesNoImage", "echo rendered", "no image"},
+        Script{"MakesAnEmptyImage", ": > \"$out\"", "no image"},
+        Script{"Fails", "cp \"$picture\" \"$out\"; echo 'bad scene' >&2; exit 3", "bad scene"},
+        Script{"Crashes", "cp \"$picture\" \"$out\"; kill -SEGV $$", "crashed"},
+        Script{"IsMissing", nullptr, "/nowhere/renderer"},
+        Script{"Hangs", ": > \"$out\"; sleep 60", nullptr, true}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+}  // namespace
