@@ -5,7 +5,7 @@
 #include "studio/app/MaterialAssignment.h"
 #include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
-#include "studio/raytrace/PovRayRun.h"
+#include "studio/raytrace/RaytraceRun.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/render/RenderService.h"
@@ -79,19 +79,19 @@ QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                     "POV-Ray was not found: there is no program named povray.");
     }
-    PovRayRun run;
+    RaytraceRun run;
     QEventLoop loop;
     QImage picture;
     QString failure;
-    QObject::connect(&run, &PovRayRun::Finished, &loop, [&](const QImage& made) {
+    QObject::connect(&run, &RaytraceRun::Finished, &loop, [&](const QImage& made) {
         picture = made;
         loop.quit();
     });
-    QObject::connect(&run, &PovRayRun::Failed, &loop, [&](const QString& message) {
+    QObject::connect(&run, &RaytraceRun::Failed, &loop, [&](const QString& message) {
         failure = message;
         loop.quit();
     });
-    run.Start(program, scene, LookupIn(rendering), 1);
+    run.Start({program}, scene, LookupIn(rendering), 1);
     loop.exec();
     if (picture.isNull()) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::Failed, failure.toStdString());

@@ -42,9 +42,13 @@ RaytraceScene MainWindow::SceneToRaytrace()
 
 void MainWindow::RenderScene()
 {
-    const QString program = m_host.State().PovRay();
-    if (program.isEmpty()) {
-        Tell(tr("POV-Ray was not found. Edit > Options > Raytracing says where it is looked for."),
+    const RaytracerProgram program = m_host.State().Raytracer();
+    if (program.path.isEmpty()) {
+        Tell(program.kind == CorvexDB::Raytracer::RenderMan
+                 ? tr("No RenderMan renderer is chosen. Edit > Options > Raytracing has a field "
+                      "for its program.")
+                 : tr("POV-Ray was not found. Edit > Options > Raytracing says where it is looked "
+                      "for."),
              CorvexMaterial::PromptIcon::Exclamation);
         return;
     }

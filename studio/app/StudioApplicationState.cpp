@@ -38,7 +38,9 @@ std::string StudioApplicationState::LibraryFolder()
 
 bool StudioApplicationState::RaytracerAvailable()
 {
-    return !PovRayProgram().empty();
+    return SelectedRaytracer() == CorvexDB::Raytracer::RenderMan
+               ? !m_settings.RenderManLocation().isEmpty()
+               : !PovRayProgram().empty();
 }
 
 CorvexDB::Raytracer StudioApplicationState::SelectedRaytracer()
@@ -50,6 +52,13 @@ CorvexDB::Raytracer StudioApplicationState::SelectedRaytracer()
 QString StudioApplicationState::PovRay() const
 {
     return FindPovRay(m_settings.Text(kPovRayProgramSetting));
+}
+
+RaytracerProgram StudioApplicationState::Raytracer() const
+{
+    return m_settings.Number(kRaytracerSetting, 0) == 1
+               ? RaytracerProgram{m_settings.RenderManLocation(), CorvexDB::Raytracer::RenderMan}
+               : RaytracerProgram{PovRay()};
 }
 
 std::string StudioApplicationState::PovRayProgram()

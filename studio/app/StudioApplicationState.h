@@ -3,6 +3,7 @@
 #include "host/CorvexDB.h"
 #include "studio/app/StudioProfile.h"
 #include "studio/app/StudioSettings.h"
+#include "studio/raytrace/RaytraceRun.h"
 
 namespace studio {
 
@@ -22,6 +23,9 @@ public:
     std::string PovRayProgram() override;
     /// The real POV-Ray behind the launcher; empty when there is none.
     [[nodiscard]] QString PovRay() const;
+    /// The selected raytracer, to be called without the control; its path is empty when it is not
+    /// there.
+    [[nodiscard]] RaytracerProgram Raytracer() const;
     std::int32_t AntialiasChoice() override;
     std::string ScenePath() override;
     std::vector<std::string> SearchFolders() override;

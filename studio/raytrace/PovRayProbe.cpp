@@ -35,13 +35,13 @@ PovRayProbe::PovRayProbe(const Controls& controls, QObject* parent)
 {
     connect(&m_controls.program, &QLineEdit::textChanged, this, &PovRayProbe::ShowProgram);
     connect(&m_controls.test, &QPushButton::clicked, this, &PovRayProbe::Test);
-    connect(&m_run, &PovRayRun::Finished, this, [this](const QImage& picture) {
+    connect(&m_run, &RaytraceRun::Finished, this, [this](const QImage& picture) {
         m_controls.picture.setPixmap(QPixmap::fromImage(picture));
         m_controls.status.setText(tr("POV-Ray works."));
         m_controls.test.setEnabled(true);
         Q_EMIT Tested();
     });
-    connect(&m_run, &PovRayRun::Failed, this, [this](const QString& message) {
+    connect(&m_run, &RaytraceRun::Failed, this, [this](const QString& message) {
         m_controls.status.setText(message);
         m_controls.test.setEnabled(true);
         Q_EMIT Tested();
@@ -78,7 +78,7 @@ void PovRayProbe::Test()
     m_controls.test.setEnabled(false);
     m_controls.status.setText(tr("Rendering a small picture."));
     try {
-        m_run.Start(FindPovRay(m_controls.program.text().trimmed()), SampleScene(), {}, 1);
+        m_run.Start({FindPovRay(m_controls.program.text().trimmed())}, SampleScene(), {}, 1);
     } catch (const CorvexMaterial::Error& error) {
         m_controls.status.setText(QString::fromStdString(error.what()));
         m_controls.test.setEnabled(true);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/raytrace/PovRayRun.h"
+#include "studio/raytrace/RaytraceRun.h"
 
 #include <QObject>
 
@@ -34,7 +34,7 @@ private:
     void Test();
 
     Controls m_controls;
-    PovRayRun m_run;
+    RaytraceRun m_run;
 };
 
 }  // namespace studio

@@ -1,8 +1,9 @@
-#include "studio/raytrace/PovRayRun.h"
+#include "studio/raytrace/RaytraceRun.h"
 
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
+#include <QImageReader>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -11,10 +12,9 @@
 namespace studio {
 namespace {
 
-constexpr qsizetype kKeptWords = 8000;
 constexpr int kPatienceMilliseconds = 3000;
 
-QStringList ArgumentsOf(const Frame& frame, int antialias)
+QStringList PovRayArguments(const Frame& frame, int antialias)
 {
     QStringList arguments{QStringLiteral("+Iscene.pov"),
                           QStringLiteral("+Oscene.png"),
@@ -31,28 +31,57 @@ QStringList ArgumentsOf(const Frame& frame, int antialias)
     return arguments;
 }
 
-}  // namespace
+QStringList RenderManArguments(const Frame& frame, int /*antialias*/)
+{
+    return {QStringLiteral("-res"), QString::number(frame.width), QString::number(frame.height),
+            QStringLiteral("scene.rib")};
+}
 
-QString FaultIn(const QString& messages)
+QString PovRayFault(const std::string& messages)
 {
     static const QRegularExpression kFault(
         QStringLiteral("(?:Parse Error|Fatal error|Cannot|cannot allocate)[^\\n\\r]*"));
-    QString fault;
-    for (auto match = kFault.globalMatch(messages); match.hasNext();) {
+    const QString text = QString::fromStdString(messages);
+    for (auto match = kFault.globalMatch(text); match.hasNext();) {
         const QString line = match.next().captured(0).simplified();
-        if (!line.contains(QStringLiteral("user configuration file")) && fault.isEmpty()) {
-            fault = line;
+        if (!line.contains(QStringLiteral("user configuration file"))) {
+            return line;
         }
     }
-    return fault;
+    return {};
 }
 
-PovRayRun::PovRayRun(QObject* parent) : QObject(parent)
+QString RenderManFault(const std::string& messages)
+{
+    const std::string_view line = CorvexMaterial::ErrorLineIn(messages);
+    return QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size())).simplified();
+}
+
+struct RaytracerRow {
+    QLatin1String scene;
+    QLatin1String picture;
+    QStringList (*arguments)(const Frame& frame, int antialias);
+    QString (*fault)(const std::string& messages);
+    bool faultsExitWell;  ///< with the exit code 0
+};
+
+const RaytracerRow& RowOf(CorvexDB::Raytracer kind)
+{
+    static const RaytracerRow kPovRay{QLatin1String("scene.pov"), QLatin1String("scene.png"),
+                                      PovRayArguments, PovRayFault, false};
+    static const RaytracerRow kRenderMan{QLatin1String("scene.rib"), QLatin1String("scene.tif"),
+                                         RenderManArguments, RenderManFault, true};
+    return kind == CorvexDB::Raytracer::RenderMan ? kRenderMan : kPovRay;
+}
+
+}  // namespace
+
+RaytraceRun::RaytraceRun(QObject* parent) : QObject(parent)
 {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
-    connect(&m_process, &QProcess::readyRead, this, &PovRayRun::ReadProgress);
-    connect(&m_process, &QProcess::finished, this, &PovRayRun::Conclude);
+    connect(&m_process, &QProcess::readyRead, this, &RaytraceRun::ReadProgress);
+    connect(&m_process, &QProcess::finished, this, &RaytraceRun::Conclude);
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
         if (error == QProcess::FailedToStart) {
             Give(tr("%1 cannot be started: %2").arg(m_process.program(), m_process.errorString()));
@@ -60,7 +89,7 @@ PovRayRun::PovRayRun(QObject* parent) : QObject(parent)
     });
 }
 
-PovRayRun::~PovRayRun()
+RaytraceRun::~RaytraceRun()
 {
     m_process.disconnect(this);
     if (m_process.state() != QProcess::NotRunning) {
@@ -72,54 +101,58 @@ PovRayRun::~PovRayRun()
     }
 }
 
-void PovRayRun::Start(const QString& program, const RaytraceScene& scene,
-                      const RaytraceImages::Lookup& textures, int antialias)
+void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& scene,
+                        const RaytraceImages::Lookup& textures, int antialias)
 {
+    m_kind = program.kind;
+    const RaytracerRow& row = RowOf(m_kind);
     m_folder.emplace(QDir::tempPath() + QStringLiteral("/corvex-render-XXXXXX"));
-    const QString file = m_folder->filePath(QStringLiteral("scene.pov"));
+    const QString file = m_folder->filePath(row.scene);
     WriteRaytraceScene(file, scene, textures, ImagesBeside(file));
-    m_words.clear();
+    m_progress = {};
     m_cancelled = false;
     m_process.setWorkingDirectory(m_folder->path());
-    m_process.start(program, ArgumentsOf(scene.frame, antialias));
+    m_process.start(program.path, row.arguments(scene.frame, antialias));
 }
 
-void PovRayRun::Cancel()
+void RaytraceRun::Cancel()
 {
     m_cancelled = true;
     m_process.terminate();
     QTimer::singleShot(kPatienceMilliseconds, &m_process, &QProcess::kill);
 }
 
-void PovRayRun::ReadProgress()
+void RaytraceRun::ReadProgress()
 {
-    m_words = (m_words + QString::fromUtf8(m_process.readAll())).right(kKeptWords);
-    static const QRegularExpression kShare(QStringLiteral("\\((\\d+)%\\)"));
-    const qsizetype last = m_words.lastIndexOf(kShare);
-    if (last >= 0) {
-        Q_EMIT Progress(kShare.match(m_words, last).captured(1).toInt());
+    m_progress.Feed(m_process.readAll().toStdString());
+    if (const auto percent = m_progress.Percent()) {
+        Q_EMIT Progress(*percent);
     }
 }
 
-void PovRayRun::Conclude()
+void RaytraceRun::Conclude()
 {
     ReadProgress();
-    const QImage picture(m_folder->filePath(QStringLiteral("scene.png")));
+    const RaytracerRow& row = RowOf(m_kind);
+    QImageReader reader(m_folder->filePath(row.picture));
+    reader.setDecideFormatFromContent(true);
+    const QImage picture = reader.read();
+    const QString fault = row.fault(m_progress.Messages());
     if (m_cancelled) {
         Give({});
-    } else if (m_process.exitStatus() == QProcess::NormalExit && m_process.exitCode() == 0 &&
-               !picture.isNull()) {
+    } else if (m_process.exitStatus() != QProcess::NormalExit) {
+        Give(tr("The raytracer crashed."));
+    } else if (m_process.exitCode() == 0 && !picture.isNull() &&
+               (fault.isEmpty() || !row.faultsExitWell)) {
         m_folder.reset();
         Q_EMIT Finished(picture.convertToFormat(QImage::Format_RGB32));
-    } else if (m_process.exitStatus() != QProcess::NormalExit) {
-        Give(tr("POV-Ray crashed."));
     } else {
-        const QString fault = FaultIn(m_words);
-        Give(fault.isEmpty() ? tr("POV-Ray made no picture.") : tr("POV-Ray: %1").arg(fault));
+        Give(fault.isEmpty() ? tr("The raytracer made no picture.")
+                             : tr("The raytracer says: %1").arg(fault));
     }
 }
 
-void PovRayRun::Give(const QString& message)
+void RaytraceRun::Give(const QString& message)
 {
     m_folder.reset();
     Q_EMIT Failed(message);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/CorvexDB.h"
+#include "raytrace/RenderProgress.h"
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
 
@@ -12,19 +14,26 @@
 
 namespace studio {
 
-/// One picture by the real POV-Ray, made beside the user's work. Its files are gone when this is.
-class PovRayRun : public QObject {
+/// A raytracer's program and how it is called.
+struct RaytracerProgram {
+    QString path;
+    CorvexDB::Raytracer kind = CorvexDB::Raytracer::PovRay;
+};
+
+/// One picture by a raytracer, made beside the user's work. Its files are gone when this is.
+class RaytraceRun : public QObject {
     Q_OBJECT
 
 public:
-    explicit PovRayRun(QObject* parent = nullptr);
+    explicit RaytraceRun(QObject* parent = nullptr);
     /// Ends a run that is still going.
-    ~PovRayRun() override;
+    ~RaytraceRun() override;
 
     [[nodiscard]] bool IsRunning() const { return m_process.state() != QProcess::NotRunning; }
-    /// The picture has the size of the scene's frame; antialias 0 is off, 1 depth 2, more depth 4.
+    /// The picture has the size of the scene's frame; antialias 0 is off, 1 depth 2, more depth 4
+    /// (RenderMan renderers have one way only).
     /// `Finished` or `Failed` follows, from the event loop. Errors: FileFailed.
-    void Start(const QString& program, const RaytraceScene& scene,
+    void Start(const RaytracerProgram& program, const RaytraceScene& scene,
                const RaytraceImages::Lookup& textures, int antialias);
     /// `Failed` follows with an empty message.
     void Cancel();
@@ -42,11 +51,9 @@ private:
 
     std::optional<QTemporaryDir> m_folder;
     QProcess m_process;
-    QString m_words;  ///< what POV-Ray has said, of late
+    CorvexDB::Raytracer m_kind = CorvexDB::Raytracer::PovRay;
+    CorvexMaterial::RenderProgress m_progress;  ///< what the program has said, of late
     bool m_cancelled = false;
 };
-
-/// The line in which POV-Ray says what is wrong; empty when there is none.
-[[nodiscard]] QString FaultIn(const QString& messages);
 
 }  // namespace studio

@@ -16,9 +16,9 @@
 namespace studio {
 
 RenderWindow::RenderWindow(QWidget* parent)
-    : QDialog(parent), m_run(new PovRayRun(this)), m_picture(new QLabel(this)),
-      m_status(new QLabel(tr("POV-Ray is starting."), this)), m_progress(new QProgressBar(this)),
-      m_save(new QPushButton(tr("&Save As PNG..."), this)),
+    : QDialog(parent), m_run(new RaytraceRun(this)), m_picture(new QLabel(this)),
+      m_status(new QLabel(tr("The raytracer is starting."), this)),
+      m_progress(new QProgressBar(this)), m_save(new QPushButton(tr("&Save As PNG..."), this)),
       m_cancel(new QPushButton(tr("Cancel"), this))
 {
     setWindowTitle(tr("Render"));
@@ -41,17 +41,17 @@ RenderWindow::RenderWindow(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(area, 1);
     layout->addLayout(buttons);
-    connect(m_run, &PovRayRun::Progress, this, [this](int percent) {
-        m_status->setText(tr("POV-Ray is rendering."));
+    connect(m_run, &RaytraceRun::Progress, this, [this](int percent) {
+        m_status->setText(tr("The raytracer is rendering."));
         m_progress->setValue(percent);
     });
-    connect(m_run, &PovRayRun::Finished, this, &RenderWindow::ShowPicture);
-    connect(m_run, &PovRayRun::Failed, this, &RenderWindow::ShowFailure);
+    connect(m_run, &RaytraceRun::Finished, this, &RenderWindow::ShowPicture);
+    connect(m_run, &RaytraceRun::Failed, this, &RenderWindow::ShowFailure);
     connect(m_save, &QPushButton::clicked, this, &RenderWindow::ChooseFile);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void RenderWindow::Start(const QString& program, const RaytraceScene& scene,
+void RenderWindow::Start(const RaytracerProgram& program, const RaytraceScene& scene,
                          const RaytraceImages::Lookup& textures, int antialias)
 {
     const QSize size(scene.frame.width, scene.frame.height);

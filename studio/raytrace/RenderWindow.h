@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/raytrace/PovRayRun.h"
+#include "studio/raytrace/RaytraceRun.h"
 
 #include <QDialog>
 
@@ -10,7 +10,7 @@ class QPushButton;
 
 namespace studio {
 
-/// Shows a picture while POV-Ray makes it, and keeps it for saving. Closing it cancels.
+/// Shows a picture while a raytracer makes it, and keeps it for saving. Closing it cancels.
 class RenderWindow : public QDialog {
     Q_OBJECT
 
@@ -18,7 +18,7 @@ public:
     explicit RenderWindow(QWidget* parent = nullptr);
 
     /// Errors: FileFailed.
-    void Start(const QString& program, const RaytraceScene& scene,
+    void Start(const RaytracerProgram& program, const RaytraceScene& scene,
                const RaytraceImages::Lookup& textures, int antialias);
     /// Errors: FileFailed.
     void SaveTo(const QString& file) const;
@@ -31,7 +31,7 @@ private:
     void ShowFailure(const QString& message);
     void ChooseFile();
 
-    PovRayRun* m_run;
+    RaytraceRun* m_run;
     QLabel* m_picture;
     QLabel* m_status;
     QProgressBar* m_progress;

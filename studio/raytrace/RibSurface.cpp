@@ -1,6 +1,7 @@
 #include "studio/raytrace/RibSurface.h"
 
 #include "raytrace/SimulationTexture.h"
+#include "raytrace/SketchLook.h"
 #include "studio/raytrace/PovRayCatalogue.h"
 #include "studio/raytrace/Quoting.h"
 #include "studio/raytrace/RaytraceAmounts.h"
@@ -11,20 +12,6 @@
 
 namespace studio {
 namespace {
-
-/// What stands in for a stock texture of POV-Ray: its kind's usual look.
-struct StockLook {
-    LinearColour colour;
-    float opacity;
-    bool metallic;
-};
-constexpr std::array kStockLooks{
-    StockLook{{0.80F, 0.90F, 0.88F}, 0.25F, false},  // glass
-    StockLook{{0.55F, 0.50F, 0.40F}, 1.0F, true},    // metal
-    StockLook{{0.40F, 0.38F, 0.36F}, 1.0F, false},   // stone
-    StockLook{{0.35F, 0.17F, 0.06F}, 1.0F, false},   // wood
-    StockLook{{0.40F, 0.50F, 0.65F}, 1.0F, false},   // miscellaneous
-};
 
 /// Of the lights, what the metals get, whose shaders have no diffuse part.
 constexpr float kMeanLight = 0.45F;
@@ -57,24 +44,33 @@ LinearColour MeanColour(const CorvexDB::cdtRayTraceMaterialAttributes& attribute
     return mean;
 }
 
-/// A predefined material stands in for everything, a pattern for the images of the body, unless
-/// their picture was made before and is the primary image now.
+/// It stands in for everything.
+void ApplyPredefined(const CorvexMaterial::SketchLook& stock, Look& look)
+{
+    const CorvexMaterial::SketchColour mean =
+        (stock.colours[0] + stock.colours[1] + stock.colours[2] + stock.colours[3]) * 0.25F;
+    look.colour = {mean.red, mean.green, mean.blue};
+    look.terms = SurfaceTermsOf({});
+    look.terms.opacity = 1.0F - stock.clearness;
+    look.terms.highlight = stock.highlight;
+    look.amounts = {};
+    look.amounts.shininess = stock.shininess;
+    look.amounts.reflection = stock.reflection;
+    look.amounts.metallic = stock.metallic;
+    look.painted = look.mirrors = false;
+}
+
 void ApplyRaytraceMaterial(const CorvexDB::udtMaterial& material, Look& look)
 {
     const auto& attributes = material.RayTrace;
     if (CorvexMaterial::IsSimulationTexture(material.Textures.primary)) {
-        return;
+        return;  // the image shows it already
     }
     if (attributes.MaterialType == 1 &&
         FindPredefined(attributes.PredefinedType, attributes.PreDefinedMaterial) != nullptr) {
-        const StockLook& stock = kStockLooks[static_cast<std::size_t>(attributes.PredefinedType)];
-        look.colour = stock.colour;
-        look.terms.opacity = stock.opacity;
-        look.terms.highlight = kShine;
-        look.amounts = {};
-        look.amounts.metallic = stock.metallic;
-        look.amounts.reflection = stock.metallic ? kMostlyMirror : 0.0F;
-        look.painted = look.mirrors = false;
+        ApplyPredefined(CorvexMaterial::PredefinedLook(attributes.PredefinedType,
+                                                       attributes.PreDefinedMaterial),
+                        look);
     } else if (const PovRayPattern* pattern = FindColourPattern(attributes.ColorPattern)) {
         const LinearColour mean = MeanColour(attributes, pattern->blocks);
         look.colour = {look.colour.red * mean.red, look.colour.green * mean.green,
