@@ -15,9 +15,9 @@ struct OptionRow {
 
 constexpr std::array<OptionRow, 8> kOptions{{
     {RaytraceOption::Brilliance, true, false},     // no shader has an exponent for its diffuse part
-    {RaytraceOption::Reflection, true, true},      // Kr of shinymetal, Ks of the others
+    {RaytraceOption::Reflection, true, true},      // Kr of shinymetal, else more Ks and less body
     {RaytraceOption::Roughness, true, true},       // roughness of plastic and the metals
-    {RaytraceOption::Metallic, true, true},        // metal instead of plastic
+    {RaytraceOption::Metallic, true, true},        // specularcolor, or metal
     {RaytraceOption::Iridescence, true, false},    // needs a shader of one's own
     {RaytraceOption::ColorPattern, true, false},   // paintedplastic takes images only
     {RaytraceOption::NormalPattern, true, false},  // there is no displacement shader to rely on

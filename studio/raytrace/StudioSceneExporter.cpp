@@ -184,6 +184,16 @@ RaytraceImages::Place ImagesBeside(const QString& sceneFile)
     return {QDir(file.absolutePath()).filePath(folder), folder.toStdString() + '/'};
 }
 
+StudioSceneExporter::StudioSceneExporter(RaytraceSources sources) : m_sources(std::move(sources))
+{
+    QObject::connect(
+        &m_jobScene, &QFileSystemWatcher::fileChanged, &m_jobScene, [this](const QString& scene) {
+            if (!QFileInfo::exists(scene) && m_converted == ImagesBeside(scene).folder) {
+                RemoveConverted();
+            }
+        });
+}
+
 StudioSceneExporter::~StudioSceneExporter()
 {
     RemoveConverted();
@@ -213,6 +223,7 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
         m_converted = images.folder;
     }
     WriteRaytraceScene(path, scene, m_sources.textures, images);
+    m_jobScene.addPath(path);
     return request.path;
 }
 

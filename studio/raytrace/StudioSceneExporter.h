@@ -4,6 +4,8 @@
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
 
+#include <QFileSystemWatcher>
+
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,7 +25,7 @@ struct RaytraceSources {
 /// Writes the scenes of the control's jobs, as their viewport saw them last.
 class StudioSceneExporter : public CorvexSG::SceneExporter {
 public:
-    explicit StudioSceneExporter(RaytraceSources sources) : m_sources(std::move(sources)) {}
+    explicit StudioSceneExporter(RaytraceSources sources);
     ~StudioSceneExporter() override;
     StudioSceneExporter(const StudioSceneExporter&) = delete;
     StudioSceneExporter& operator=(const StudioSceneExporter&) = delete;
@@ -39,6 +41,7 @@ private:
 
     RaytraceSources m_sources;
     QString m_converted;  ///< folder of the images that the last job's raytracer could not read
+    QFileSystemWatcher m_jobScene;  ///< its end is the end of the job
 };
 
 /// The scene from its own view, or framed when no viewport has shown it.

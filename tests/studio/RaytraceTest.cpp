@@ -7,8 +7,11 @@
 #include "tests/studio/StudioRig.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QDialog>
 #include <QDir>
+#include <QLabel>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -128,6 +131,54 @@ TEST_F(Raytracing, ASimulationIsTheOnlyFileThatStays)
     rig.Press("cmdMaterialExtended");
     ASSERT_TRUE(none.Given());
     EXPECT_EQ(rig.Shape(0)->Material().Textures.primary, "");
+}
+
+TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
+{
+    QImage green(8, 8, QImage::Format_RGB32);
+    green.fill(Qt::darkGreen);
+    green.save(rig.PathOf("green.tif"));
+    const QString renderer = rig.PathOf("a renderer");
+    QFile script(renderer);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\n"
+                 "printf '%s ' \"$@\" >> \"$0.log\"\n"
+                 "grep -q '^WorldEnd$' \"$4\" || exit 1\n"
+                 "image=$(sed -n 's/.*\"string texturename\" .\"\\(.*\\)\".*/\\1/p' \"$4\")\n"
+                 "[ -f \"$image\" ] || echo \"ERROR: there is no image $image\"\n"
+                 "out=$(sed -n 's/^Display \"\\(.*\\)\" \"file\".*/\\1/p' \"$4\")\n"
+                 "cp \"${0%/*}/green.tif\" \"$out\"\n");
+    script.close();
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    for (QAction* action : rig.Window().findChildren<QAction*>()) {
+        if (action->text() == "&Options...") {
+            action->trigger();
+        }
+    }
+    rig.Find<QComboBox>("raytracer").setCurrentIndex(1);
+    rig.Find<QLineEdit>("renderManProgram").setText(renderer);
+    rig.Find<QDialog>("OptionsDialog").accept();
+
+    udtMaterial painted;
+    painted.Textures.primary = rig.PathOf("green.tif").toStdString();
+    Show(painted);
+    rig.Press("cmdPreview");
+    ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().details;
+    const QImage shown = Preview().grab().toImage();
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(Qt::darkGreen));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QDir(jobs.path()).isEmpty(); }, 5000))
+        << "the images go with the scene";
+    QFile log(renderer + ".log");
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(QRegularExpression("^-res \\d+ \\d+ .*/~CVX\\d+\\.rib $")
+                    .match(QString::fromUtf8(log.readAll()))
+                    .hasMatch());
+
+    rig.Find<QAction>("renderScene").trigger();
+    const auto& status = rig.Find<QLabel>("renderStatus");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return status.text() == "8 by 8 pixels"; }, 5000))
+        << status.text().toStdString();
+    EXPECT_TRUE(log.readAll().endsWith(" scene.rib "));
 }
 
 }  // namespace
