@@ -144,11 +144,14 @@ public:
     virtual std::int32_t StartAndWait(const CommandLine& commandLine) = 0;
     /// The job ended before its renderer was started.
     virtual void RaytraceAbandoned() = 0;
-    /// Quality 1 to 100. The JPEG becomes a material's texture; a host that keeps it beside a scene
-    /// lets its name begin with "~CVX" and end with ".jpg", by which the control knows it again.
-    /// Errors: FileFailed.
+    /// Quality 1 to 100. Errors: FileFailed.
     virtual void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                             std::int32_t quality) = 0;
+    /// Hands a JPEG of the temporary folder over, right before it becomes a material's texture.
+    /// From here on it is the host's to move and, once no material refers to it, to remove. Returns
+    /// where it lies now; its name must still begin with "~CVX" and end with ".jpg", by which the
+    /// control knows it again. Errors: FileFailed, and the file has not moved.
+    virtual std::string KeepSimulation(const std::string& jpegPath) { return jpegPath; }
 };
 
 }  // namespace CorvexDB

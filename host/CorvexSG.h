@@ -113,6 +113,9 @@ public:
     /// Writes the complete scene; returns the file that the renderer is to read. Errors:
     /// FileFailed.
     virtual std::string ExportRaytraceScene(const RaytraceExport& request) = 0;
+    /// The renderer of the last scene has ended, or was never started: what was written beside the
+    /// scene file can go. The scene file itself is removed by the control.
+    virtual void RaytraceEnded() {}
     /// Files of every texture in use.
     virtual std::vector<std::string> TexturesInUse(Scene& scene) = 0;
 };

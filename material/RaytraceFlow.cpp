@@ -14,6 +14,7 @@
 #include "textures/TexturePage.h"
 
 #include <QAbstractButton>
+#include <QPointer>
 
 namespace CorvexMaterial {
 
@@ -106,13 +107,18 @@ void RaytraceFlow::EditAttributes()
 {
     m_editor.RequestWarning(RowOf(WarningId::MaterialExtended).text,
                             RowOf(WarningId::MaterialExtended).key);
-    frmMaterialExtended dialog({m_editor.Guard(), m_editor.HostParts(), m_platform, *this},
-                               m_editor.Attributes().Record(), &m_widget);
-    dialog.put_cdtRayTraceMaterialAttributes(m_editor.Attributes().RayTrace());
-    dialog.exec();
+    const QPointer<frmMaterialExtended> dialog =
+        new frmMaterialExtended({m_editor.Guard(), m_editor.HostParts(), m_platform, *this},
+                                m_editor.Attributes().Record(), &m_widget);
+    dialog->put_cdtRayTraceMaterialAttributes(m_editor.Attributes().RayTrace());
+    dialog->exec();
+    if (!dialog) {
+        return;  // the host has closed the control, and this object with it
+    }
+    const std::unique_ptr<frmMaterialExtended> closed(dialog);
     m_editor.ChangeAtOnce([&] {
-        if (dialog.OKClicked()) {
-            Take(dialog);
+        if (closed->OKClicked()) {
+            Take(*closed);
         }
     });
 }

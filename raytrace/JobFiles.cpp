@@ -45,11 +45,17 @@ void JobFiles::Remove(const std::string& path) const noexcept
 void RemoveQuietly(TemporaryFiles& files, CorvexDB::Diagnostics& diagnostics,
                    const std::string& path) noexcept
 {
+    CleanUpQuietly(diagnostics, "a temporary file is left: " + path, [&] { files.Remove(path); });
+}
+
+void CleanUpQuietly(CorvexDB::Diagnostics& diagnostics, const std::string& failure,
+                    const std::function<void()>& body) noexcept
+{
     try {
-        files.Remove(path);
+        body();
     } catch (...) {
         try {
-            diagnostics.DebugTrace("a temporary file is left: " + path);
+            diagnostics.DebugTrace(failure);
         } catch (...) {
             // Nothing is left to be done about a file that is merely in the way.
             return;

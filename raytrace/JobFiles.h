@@ -3,6 +3,7 @@
 #include "host/CorvexDB.h"
 #include "platform/Files.h"
 
+#include <functional>
 #include <string>
 
 namespace CorvexMaterial {
@@ -36,5 +37,7 @@ private:
 /// For a clean-up, where a failure is worth a line of trace and no more.
 void RemoveQuietly(TemporaryFiles& files, CorvexDB::Diagnostics& diagnostics,
                    const std::string& path) noexcept;
+void CleanUpQuietly(CorvexDB::Diagnostics& diagnostics, const std::string& failure,
+                    const std::function<void()>& body) noexcept;
 
 }  // namespace CorvexMaterial

@@ -61,6 +61,9 @@ frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
     Connect();
     FollowRaytracer();
     GuardWheel(*this);
+    QSizePolicy policy = m_ui->lblSameColors->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_ui->lblSameColors->setSizePolicy(policy);
 }
 
 frmMaterialExtended::~frmMaterialExtended() = default;
@@ -172,6 +175,7 @@ void frmMaterialExtended::ShowDefaults()
     for (Swatch* swatch : m_swatches) {
         swatch->SetColour(kWhite);
     }
+    ShowSameColours();
     SketchSoon();
 }
 
@@ -223,6 +227,7 @@ void frmMaterialExtended::ChooseColour(std::size_t swatch)
         present == 0 ? std::nullopt : std::optional(present));
     if (chosen) {
         m_swatches[swatch]->SetColour(*chosen);
+        ShowSameColours();
         SketchSoon();
     }
 }
@@ -275,6 +280,7 @@ void frmMaterialExtended::UpdateEnabled()
     for (std::size_t i = 0; i < m_swatches.size(); ++i) {
         m_swatches[i]->setEnabled(m_swatchUsed[i]);
     }
+    ShowSameColours();
     const bool bumpy =
         m_ui->cboNormalPattern->currentIndex() != static_cast<int>(NormalPattern::None);
     for (QWidget* widget : std::initializer_list<QWidget*>{
@@ -284,6 +290,16 @@ void frmMaterialExtended::UpdateEnabled()
              m_ui->sldNormalPatternTurbulence, m_ui->lblValueNormalPatternTurbulence}) {
         widget->setEnabled(bumpy);
     }
+}
+
+/// The default colours are all white, in which no pattern can be seen.
+void frmMaterialExtended::ShowSameColours()
+{
+    bool same = m_ui->cboColorPattern->currentIndex() != static_cast<int>(ColorPattern::None);
+    for (std::size_t i = 1; i < m_swatches.size(); ++i) {
+        same = same && (!m_swatchUsed[i] || m_swatches[i]->Value() == m_swatches[0]->Value());
+    }
+    m_ui->lblSameColors->setVisible(same);
 }
 
 void frmMaterialExtended::showEvent(QShowEvent* event)

@@ -85,6 +85,7 @@ private:
 
     void FollowRaytracer();
     void UpdateEnabled();
+    void ShowSameColours();
     void SketchSoon();
     void SketchQuickly();
     void SketchFinely();

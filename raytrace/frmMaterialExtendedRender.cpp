@@ -130,7 +130,7 @@ void frmMaterialExtended::SaveSimulation(const std::string& bitmap)
             throw Error(Status::NotAvailable, "there is no JPEG writer");
         }
         m_services.host.raytrace.SaveAsJpeg(bitmap, jpeg, kJpegQuality);
-        m_simulationTexture = jpeg;
+        m_simulationTexture = m_services.host.raytrace.KeepSimulation(jpeg);
     } catch (...) {
         RemoveQuietly(m_services.platform.temporaryFiles, m_services.host.diagnostics, jpeg);
         const ErrorReport report = Describe(std::current_exception(), "SaveAsJpeg");

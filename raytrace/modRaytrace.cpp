@@ -24,6 +24,22 @@ void RefuseErrors(const std::string& messages)
     }
 }
 
+/// Lets the host clean up after its export, whatever comes of the job.
+class ExportInUse {
+public:
+    explicit ExportInUse(Host& host) : m_host(host) {}
+    ~ExportInUse()
+    {
+        CleanUpQuietly(m_host.diagnostics, "the exporter has not cleaned up",
+                       [this] { m_host.exporter.RaytraceEnded(); });
+    }
+    ExportInUse(const ExportInUse&) = delete;
+    ExportInUse& operator=(const ExportInUse&) = delete;
+
+private:
+    Host& m_host;
+};
+
 }  // namespace
 
 RaytraceOutcome modRaytrace::Render(const RaytraceJob& job,
@@ -34,6 +50,7 @@ RaytraceOutcome modRaytrace::Render(const RaytraceJob& job,
     const bool renderMan = raytracer == CorvexDB::Raytracer::RenderMan;
     const JobFiles files(m_platform.temporaryFiles, m_host.diagnostics, renderMan ? "rib" : "pov",
                          job.afterJob);
+    const ExportInUse exportInUse(m_host);
     const CorvexDB::CommandLine commandLine =
         renderMan ? PrepareRenderMan(job, files) : PreparePovRay(job, files);
     if (!TexturesAreTaken(raytracer, job)) {

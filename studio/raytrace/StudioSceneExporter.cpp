@@ -184,22 +184,7 @@ RaytraceImages::Place ImagesBeside(const QString& sceneFile)
     return {QDir(file.absolutePath()).filePath(folder), folder.toStdString() + '/'};
 }
 
-StudioSceneExporter::StudioSceneExporter(RaytraceSources sources) : m_sources(std::move(sources))
-{
-    QObject::connect(
-        &m_jobScene, &QFileSystemWatcher::fileChanged, &m_jobScene, [this](const QString& scene) {
-            if (!QFileInfo::exists(scene) && m_converted == ImagesBeside(scene).folder) {
-                RemoveConverted();
-            }
-        });
-}
-
-StudioSceneExporter::~StudioSceneExporter()
-{
-    RemoveConverted();
-}
-
-void StudioSceneExporter::RemoveConverted()
+void StudioSceneExporter::RaytraceEnded()
 {
     if (!m_converted.isEmpty()) {
         QDir(std::exchange(m_converted, {})).removeRecursively();
@@ -213,8 +198,6 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
         scene = FlatSampleOf(scene);
     }
     Proportion(scene.frame, request.aspectRatio);
-    // The job before this one has ended.
-    RemoveConverted();
     const QString path = QString::fromStdString(request.path);
     // Where the job looks for it, whatever type it is.
     scene.picture = (QFileInfo(path).completeBaseName() + QStringLiteral(".bmp")).toStdString();

@@ -4,8 +4,6 @@
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
 
-#include <QFileSystemWatcher>
-
 #include <functional>
 #include <optional>
 #include <string>
@@ -25,23 +23,18 @@ struct RaytraceSources {
 /// Writes the scenes of the control's jobs, as their viewport saw them last.
 class StudioSceneExporter : public CorvexSG::SceneExporter {
 public:
-    explicit StudioSceneExporter(RaytraceSources sources);
-    ~StudioSceneExporter() override;
-    StudioSceneExporter(const StudioSceneExporter&) = delete;
-    StudioSceneExporter& operator=(const StudioSceneExporter&) = delete;
+    explicit StudioSceneExporter(RaytraceSources sources) : m_sources(std::move(sources)) {}
 
     /// Errors: InvalidArgument for another scene graph's scene and another kind of file,
     /// FileFailed.
     std::string ExportRaytraceScene(const CorvexSG::RaytraceExport& request) override;
     /// Each file once; none that a raytrace material replaces.
     std::vector<std::string> TexturesInUse(CorvexSG::Scene& scene) override;
+    void RaytraceEnded() override;
 
 private:
-    void RemoveConverted();
-
     RaytraceSources m_sources;
-    QString m_converted;  ///< folder of the images that the last job's raytracer could not read
-    QFileSystemWatcher m_jobScene;  ///< its end is the end of the job
+    QString m_converted;  ///< folder of the images that the raytracer at work could not read
 };
 
 /// The scene from its own view, or framed when no viewport has shown it.

@@ -132,18 +132,13 @@ TEST_F(ExtendedDialog, DefaultsThenCancelKeepTheRecordAndThenOkStoresThem)
     EXPECT_EQ(Record(), defaults);
 }
 
-TEST_F(ExtendedDialog, ShowsItsListsAndRanges)
+TEST_F(ExtendedDialog, StartsAtTheFirstOfATypeAndKeepsEachSliderInItsRange)
 {
     Open([](Form& form) {
-        EXPECT_EQ(form.List("cboMaterialType").count(), 2);
-        EXPECT_EQ(form.List("cboColorPattern").count(), 24);
-        EXPECT_EQ(form.List("cboNormalPattern").count(), 15);
-        const int counts[] = {13, 23, 31, 5, 8};
-        for (int type = 0; type < 5; ++type) {
-            form.List("cboPredefinedType").setCurrentIndex(type);
-            EXPECT_EQ(form.List("cboPreDefinedMaterial").count(), counts[type]);
-            EXPECT_EQ(form.List("cboPreDefinedMaterial").currentIndex(), 0);
-        }
+        form.List("cboPreDefinedMaterial").setCurrentIndex(2);
+        form.List("cboPredefinedType").setCurrentIndex(2);
+        EXPECT_EQ(form.List("cboPreDefinedMaterial").count(), 31);
+        EXPECT_EQ(form.List("cboPreDefinedMaterial").currentIndex(), 0);
         for (const char* name :
              {"sldBrilliance", "sldReflection", "sldRoughness", "sldIridescenceFactor",
               "sldIridescenceThickness", "sldIridescenceTurbulence", "sldNormalDepth",
@@ -182,7 +177,7 @@ TEST_F(ExtendedDialog, TheFormFollowsTheVisibleFrame)
 
 TEST_F(ExtendedDialog, AColourPatternOffersWhatItTakes)
 {
-    Open([](Form& form) {
+    Open([this](Form& form) {
         const auto states = [&form] {
             std::string text;
             for (const char* name :
@@ -197,10 +192,17 @@ TEST_F(ExtendedDialog, AColourPatternOffersWhatItTakes)
         };
         auto& list = form.List("cboColorPattern");
         EXPECT_EQ(states(), "111100");
+        const auto& sameColours = form.Find<QWidget>("lblSameColors");
+        EXPECT_FALSE(sameColours.isVisible());
         Choose(list, "Agate");
         EXPECT_EQ(states(), "111111");
+        EXPECT_TRUE(sameColours.isVisible()) << "four times white";
+        rig.platform.choosers.colours = {0x302010};
+        form.Press("picColorPattern_3");
+        EXPECT_FALSE(sameColours.isVisible());
         Choose(list, "Checker");
         EXPECT_EQ(states(), "110000");
+        EXPECT_TRUE(sameColours.isVisible()) << "of the two that it takes";
         Choose(list, "None");
         EXPECT_EQ(states(), "110000");
         Choose(list, "Wrinkles");
@@ -240,6 +242,13 @@ TEST_F(ExtendedDialog, ASwatchSeedsItsChooserExceptWithBlack)
               (std::vector<std::string>{"none", "255", "255"}));
     record.ColorPatternColor[2] = {16.0F / 255.0F, 32.0F / 255.0F, 48.0F / 255.0F, 0.0F};
     EXPECT_EQ(Record(), record);
+}
+
+TEST_F(ExtendedDialog, GoesWhenItsControlIsClosedUnderIt)
+{
+    const DialogAnswer answer([this](QDialog&) { rig.Terminate(); });
+    rig.Find<QAbstractButton>("cmdMaterialExtended").click();
+    EXPECT_TRUE(answer.Given());
 }
 
 TEST_F(ExtendedDialog, DisablesWhatARenderManShaderCannotSay)

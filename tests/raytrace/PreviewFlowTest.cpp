@@ -36,17 +36,18 @@ protected:
 TEST_F(PreviewFlow, RunsInItsOrder)
 {
     rig.Press("cmdPreview");
-    EXPECT_EQ(rig.log.Order({"Viewport.PrepareRaytracedPicture", "Viewport.Size",
-                             "ApplicationState.AntialiasChoice",
-                             "SceneExporter.ExportRaytraceScene", "TemporaryFiles.Claim",
-                             "TemporaryFiles.Write", "SceneExporter.TexturesInUse",
-                             "ProcessStarter.Start", "TemporaryFiles.HasContent",
-                             "Viewport.ShowBitmap", "Event.MaterialChanged"}),
+    EXPECT_EQ(rig.log.Order(
+                  {"Viewport.PrepareRaytracedPicture", "Viewport.Size",
+                   "ApplicationState.AntialiasChoice", "SceneExporter.ExportRaytraceScene",
+                   "TemporaryFiles.Claim", "TemporaryFiles.Write", "SceneExporter.TexturesInUse",
+                   "ProcessStarter.Start", "TemporaryFiles.HasContent", "Viewport.ShowBitmap",
+                   "SceneExporter.RaytraceEnded", "Event.MaterialChanged"}),
               (std::vector<std::string>{"Viewport.PrepareRaytracedPicture", "Viewport.Size",
                                         "ApplicationState.AntialiasChoice", "TemporaryFiles.Claim",
                                         "SceneExporter.ExportRaytraceScene", "TemporaryFiles.Write",
                                         "SceneExporter.TexturesInUse", "ProcessStarter.Start",
-                                        "TemporaryFiles.HasContent", "Viewport.ShowBitmap"}));
+                                        "TemporaryFiles.HasContent", "Viewport.ShowBitmap",
+                                        "SceneExporter.RaytraceEnded"}));
     EXPECT_EQ(rig.log.DetailsOf("Viewport.ShowBitmap"),
               std::vector<std::string>{"/temporary/~CVX1.bmp"});
     EXPECT_EQ(rig.log.DetailsOf("Diagnostics.DebugTrace"),

@@ -71,12 +71,13 @@ TEST_P(FailingRaytracer, IsOneBoxThatCanSayWhy)
 
 INSTANTIATE_TEST_SUITE_P(
     Raytracers, FailingRaytracer,
-    ::testing::Values(Failure{"Errors", "cp \"$picture\" \"$out\"; echo 'no <light>' >&2; exit 1",
-                              "no <light>"},
-                      Failure{"SaysWhyOnStandardOutput", "echo 'bad scene'; exit 3", "exit code 3"},
-                      Failure{"Crashes", "cp \"$picture\" \"$out\"; kill -SEGV $$", "crashed"},
-                      Failure{"WritesNothing", "exit 0", "no image"},
-                      Failure{"WritesAnEmptyImage", ": > \"$out\"", "no image"}),
+    ::testing::Values(
+        Failure{"Errors", "cp \"$picture\" \"$out\"; echo 'no <light>' >&2; exit 1", "no <light>"},
+        Failure{"SaysWhyOnStandardOutput", "echo 'bad scene'; exit 3", "exit code 3"},
+        Failure{"Crashes", "cp \"$picture\" \"$out\"; kill -SEGV $$", "crashed"},
+        Failure{"IsKilled", "touch \"${ini%.ini}.pov-state\"; kill -KILL $$", "crashed"},
+        Failure{"WritesNothing", "exit 0", "no image"},
+        Failure{"WritesAnEmptyImage", ": > \"$out\"", "no image"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(RunningRaytracer, ThatIsMissingIsTheSameBox)

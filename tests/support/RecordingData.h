@@ -158,6 +158,10 @@ public:
     void RaytraceAbandoned() override { m_log.Enter("RaytraceServices.RaytraceAbandoned"); }
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                     std::int32_t quality) override;
+    std::string KeepSimulation(const std::string& jpegPath) override
+    {
+        return m_log.Answer("RaytraceServices.KeepSimulation", jpegPath, jpegPath);
+    }
 };
 
 }  // namespace CorvexTest

@@ -86,6 +86,7 @@ public:
     {
         return m_log.Answer("SceneExporter.TexturesInUse", textures);
     }
+    void RaytraceEnded() override { m_log.Enter("SceneExporter.RaytraceEnded"); }
 
     struct Request {
         float aspectRatio;
