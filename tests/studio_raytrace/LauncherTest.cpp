@@ -100,6 +100,26 @@ TEST_F(Launcher, DrawsAJobInWhateverFolder)
     EXPECT_TRUE(process.readAllStandardError().contains("Rendered"));
 }
 
+TEST_F(Launcher, TwoAtOnceInOneFolderDoNotMeet)
+{
+    WriteJob("Ω", kScene);
+    Start();
+    QProcess other;
+    const QString second = folder.filePath(QString::fromUtf8("Ω/other"));
+    for (const char* suffix : {".ini", ".pov"}) {
+        QFile file(folder.filePath(base) + suffix);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        Write(QString::fromUtf8("Ω/other") + suffix,
+              file.readAll().replace("~CVX7", "other").replace("rgb x", "rgb z"));
+    }
+    other.start(LAUNCHER_PROGRAM, {"/exit", "/nr", second + ".ini"});
+    ASSERT_TRUE(other.waitForFinished(60000));
+    ASSERT_TRUE(process.waitForFinished(60000));
+    EXPECT_GT(Picture().pixelColor(32, 24).red(), 200);
+    EXPECT_GT(QImage(second + ".bmp").pixelColor(32, 24).blue(), 200);
+    EXPECT_EQ(Leftovers(), QStringList({"other.bmp", "other.ini", "other.pov"}));
+}
+
 TEST_F(Launcher, AFaultySceneIsAnErrorWithoutAPicture)
 {
     WriteJob({}, "nonsense {");
@@ -145,6 +165,14 @@ TEST_F(Launcher, ItsOwnEndEndsTheRaytracer)
     process.kill();
     process.waitForFinished();
     EXPECT_TRUE(QTest::qWaitFor([&] { return kill(raytracer, 0) != 0; }, 5000));
+
+    // What it could not remove any more, the next one does; others' names are none of its business.
+    EXPECT_EQ(Leftovers().size(), 2);
+    Write("corvex-1.ini", "of a process that runs");
+    Write("corvex-99999999", "of nobody");
+    Script("exit 0\n");
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(Leftovers(), QStringList({"corvex-1.ini", "corvex-99999999", "pid"}));
 }
 
 TEST_F(Launcher, PassesOnHowTheRaytracerEnded)

@@ -3,6 +3,7 @@
 
 #include "studio/raytrace/launcher/Aliases.h"
 #include "studio/raytrace/launcher/IniTranslation.h"
+#include "studio/raytrace/launcher/Leftovers.h"
 #include "studio/raytrace/launcher/RaytracerRun.h"
 
 #include <cstdio>
@@ -101,11 +102,12 @@ void RemoveState(const std::vector<launcher::IniLine>& lines)
 int Run(const fs::path& ini)
 {
     ExpectOther(RaytracerProgram());
-    const std::string prefix = "corvex-" + std::to_string(getpid());
+    const std::string prefix = launcher::OwnPrefix();
     const auto lines = launcher::ReadIni(ContentOf(ini));
     if (ini.has_parent_path()) {
         fs::current_path(ini.parent_path());
     }
+    launcher::RemoveLeftovers();
     launcher::Aliases aliases(prefix);
     const auto translated = launcher::Translated(
         lines, {[&](const std::string& path) { return aliases.ForReading(path); },
