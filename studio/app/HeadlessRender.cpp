@@ -5,6 +5,7 @@
 #include "studio/app/MaterialAssignment.h"
 #include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
+#include "studio/raytrace/PictureFile.h"
 #include "studio/raytrace/RaytraceRun.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/StudioSceneExporter.h"
@@ -13,7 +14,6 @@
 #include "studio/scene/ModelShapes.h"
 
 #include <QEventLoop>
-#include <QImageWriter>
 
 namespace studio {
 namespace {
@@ -112,10 +112,8 @@ QImage Draw(const RenderJob& job)
 std::optional<QString> DrawPicture(const RenderJob& job)
 {
     try {
-        QImageWriter writer(job.output);
-        return writer.write(Draw(job))
-                   ? std::nullopt
-                   : std::optional(QStringLiteral("%1: %2").arg(job.output, writer.errorString()));
+        SavePicture(Draw(job), job.output, PictureTypeOf(job.output));
+        return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());
     }

@@ -2,18 +2,35 @@
 
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
+#include "studio/raytrace/PovRayStage.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/RenderWindow.h"
 #include "studio/raytrace/StudioRaytraceServices.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/render/ViewportWidget.h"
 
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenu>
 
 namespace studio {
+namespace {
+
+/// For a person; empty when each shape mirrors what it should.
+QString EnvironmentNote(const RaytraceScene& scene)
+{
+    const int foreign = ShapesWithForeignEnvironment(scene);
+    return foreign == 0 ? QString()
+                        : QCoreApplication::translate(
+                              "MainWindow",
+                              "POV-Ray has one environment map for a scene; shapes that mirror"
+                              " another's: %n.",
+                              nullptr, foreign);
+}
+
+}  // namespace
 
 void MainWindow::BuildRaytraceMenu(QMenu* menu)
 {
@@ -56,9 +73,11 @@ void MainWindow::RenderScene()
     window->setObjectName(QStringLiteral("renderWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose);
     try {
-        window->Start(program, SceneToRaytrace(), m_host.RaytraceData().textures,
+        const RaytraceScene scene = SceneToRaytrace();
+        window->Start(program, scene, m_host.RaytraceData().textures,
                       m_host.State().AntialiasChoice());
         window->show();
+        m_misc->setText(EnvironmentNote(scene));
     } catch (const CorvexMaterial::Error& error) {
         delete window;
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
@@ -79,9 +98,12 @@ void MainWindow::ChooseExport(const QString& filter, const QString& suffix)
 void MainWindow::ExportScene(const QString& file)
 {
     try {
-        WriteRaytraceScene(file, SceneToRaytrace(), m_host.RaytraceData().textures,
-                           ImagesBeside(file));
-        m_misc->setText(tr("%1 was written.").arg(QFileInfo(file).fileName()));
+        const RaytraceScene scene = SceneToRaytrace();
+        WriteRaytraceScene(file, scene, m_host.RaytraceData().textures, ImagesBeside(file));
+        const QString written = tr("%1 was written.").arg(QFileInfo(file).fileName());
+        const QString note =
+            file.endsWith(QStringLiteral(".pov")) ? EnvironmentNote(scene) : QString();
+        m_misc->setText(note.isEmpty() ? written : written + u' ' + note);
     } catch (const CorvexMaterial::Error& error) {
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
     }

@@ -39,9 +39,25 @@ struct StudioHost::Parts {
     Parts(const StudioProfile& profile, CorvexMaterial::SettingsStore& store)
         : settings(store, profile.settingsApplication), state(profile, settings),
           log(profile.stateFolder), graphics([this] { return CanDraw(rendering); }),
-          customFields(settings), viewports(rendering)
+          customFields(settings), simulations(profile.dataFolder + QStringLiteral("/Simulations")),
+          viewports(rendering)
     {
         rendering.SetCompletion([this](Frame& frame) { pluginMaterials.Complete(frame); });
+        RemoveLostSimulations();
+    }
+    ~Parts() { RemoveLostSimulations(); }
+    Parts(const Parts&) = delete;
+    Parts& operator=(const Parts&) = delete;
+
+    /// At the beginning and at the end there is no control and no scene: what the settings name is
+    /// all that refers to a picture.
+    void RemoveLostSimulations() noexcept
+    {
+        try {
+            simulations.KeepOnly(settings.SavedPictures());
+        } catch (const std::exception& error) {
+            log.RecordEvent(std::string("Simulations: ") + error.what());
+        }
     }
 
     StudioSettings settings;
@@ -57,7 +73,8 @@ struct StudioHost::Parts {
     Thumbnailer thumbnails{rendering, &pluginTextures};
     SqliteMaterialLibrary materialLibrary{{thumbnails, customFields, log}};
     SqliteTextureLibrary textureLibrary;
-    StudioRaytraceServices raytrace;
+    SimulationPictures simulations;
+    StudioRaytraceServices raytrace{simulations};
     RaytraceSources raytraceSources{
         [this](const std::string& file) { return rendering.Textures().Await(file); },
         [this](Frame& frame) { pluginMaterials.Complete(frame); },

@@ -1,5 +1,7 @@
 #include "studio/app/StudioSettings.h"
 
+#include "material/Attributes.h"
+
 namespace studio {
 namespace {
 
@@ -72,6 +74,17 @@ QString StudioSettings::RenderManLocation() const
 void StudioSettings::SetRenderManLocation(const QString& program)
 {
     m_store.Write({m_application, kControlSection, kRenderManLocation}, program.toStdString());
+}
+
+std::set<std::string> StudioSettings::SavedPictures() const
+{
+    const auto& texture = CorvexMaterial::RowOf(CorvexMaterial::Attribute::Texture);
+    std::set<std::string> pictures;
+    for (const std::string_view key : {texture.currentKey, texture.userKey}) {
+        pictures.insert(
+            m_store.Read({m_application, kControlSection, std::string(key)}).value_or(""));
+    }
+    return pictures;
 }
 
 void StudioSettings::SetLibraryName(const char* key, const std::string& name)

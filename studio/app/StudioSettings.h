@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <set>
 #include <string>
 
 namespace studio {
@@ -35,9 +36,13 @@ public:
     [[nodiscard]] QString RenderManLocation() const;
     void SetRenderManLocation(const QString& program);
 
-    /// Whether the control has ever saved its layout.
+    /// The primary textures of the material that the control comes back with and of the user's
+    /// defaults.
+    [[nodiscard]] std::set<std::string> SavedPictures() const;
+
     /// The library that the control opens when it reads its saved state.
     void SetLibraryName(const char* key, const std::string& name);
+    /// Whether the control has ever saved its layout.
     [[nodiscard]] bool HasPanelLayout() const;
 
     /// Puts everything on disk. Errors: FileFailed, naming the file.

@@ -164,12 +164,15 @@ const Row* RowAt(std::span<const Row> rows, std::int32_t position)
 
 }  // namespace
 
-const PovRayMaterial* FindPredefined(std::int32_t type, std::int32_t material)
+const PovRayMaterial* StockMaterialOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
 {
+    if (attributes.MaterialType != 1) {
+        return nullptr;
+    }
     using Rows = std::span<const PovRayMaterial>;
     static constexpr std::array<Rows, 5> kTypes{kGlass, kMetal, kStone, kWood, kMiscellaneous};
-    const Rows* rows = RowAt<Rows>(kTypes, type);
-    return rows == nullptr ? nullptr : RowAt<PovRayMaterial>(*rows, material);
+    const Rows* rows = RowAt<Rows>(kTypes, attributes.PredefinedType);
+    return rows == nullptr ? nullptr : RowAt<PovRayMaterial>(*rows, attributes.PreDefinedMaterial);
 }
 
 const PovRayPattern* FindColourPattern(std::int32_t pattern)

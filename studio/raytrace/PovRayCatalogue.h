@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/RaytraceAttributes.h"
+
 #include <QVector3D>
 
 #include <cstdint>
@@ -25,8 +27,9 @@ struct PovRayPattern {
 };
 
 // By position in the lists of the raytrace catalogue; null for one that is not there, and for
-// "None".
-[[nodiscard]] const PovRayMaterial* FindPredefined(std::int32_t type, std::int32_t material);
+// "None", or for a material that is not predefined.
+[[nodiscard]] const PovRayMaterial*
+StockMaterialOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 [[nodiscard]] const PovRayPattern* FindColourPattern(std::int32_t pattern);
 [[nodiscard]] const PovRayPattern* FindNormalPattern(std::int32_t pattern);
 

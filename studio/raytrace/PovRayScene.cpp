@@ -2,10 +2,13 @@
 
 #include "studio/raytrace/AttributeText.h"
 #include "studio/raytrace/PovRayCatalogue.h"
+#include "studio/raytrace/PovRayIncludes.h"
 #include "studio/raytrace/PovRayMesh.h"
 #include "studio/raytrace/PovRayStage.h"
 #include "studio/raytrace/PovRaySurface.h"
 #include "studio/raytrace/Quoting.h"
+#include "studio/raytrace/SurfaceCoverage.h"
+#include "studio/raytrace/SurfaceImages.h"
 #include "studio/raytrace/TriangleList.h"
 
 #include <map>
@@ -19,24 +22,10 @@ constexpr int kMostSurfacesInARow = 40;
 /// Above this many triangles a mesh is taken for closed rather than looked at edge by edge.
 constexpr std::size_t kMostTrianglesToSearch = 200'000;
 
-const CorvexDB::udtMaterial& MaterialIn(const FrameItem& item)
-{
-    static const CorvexDB::udtMaterial kDefault;
-    return item.material ? *item.material : kDefault;
-}
-
-const PovRayMaterial* StockOf(const FrameItem& item)
-{
-    const auto& attributes = MaterialIn(item).RayTrace;
-    return attributes.MaterialType == 1
-               ? FindPredefined(attributes.PredefinedType, attributes.PreDefinedMaterial)
-               : nullptr;
-}
-
 bool HasOwnPlaces(const FrameItem& item)
 {
     return item.coordinates == CorvexSG::CoordinateMode::FromWrap &&
-           MaterialIn(item).Wrap == CorvexDB::WrapType::Flat;
+           MaterialOf(item).Wrap == CorvexDB::WrapType::Flat;
 }
 
 /// Writes the shapes. A mesh that several of them share is written once.
@@ -78,7 +67,7 @@ void ShapeWriter::WriteComments(std::size_t index)
 {
     const std::string name = index < m_scene.names.size() ? m_scene.names[index] : std::string();
     m_out << "\n// Shape " << index + 1 << ": " << CommentText(name) << '\n';
-    const CorvexDB::udtMaterial& material = MaterialIn(m_scene.frame.items[index]);
+    const CorvexDB::udtMaterial& material = MaterialOf(m_scene.frame.items[index]);
     m_out << "// Attributes: " << AttributeText(material.RayTrace) << '\n';
     for (std::size_t i = 0; i < material.CustomFields.size(); ++i) {
         const std::string field =
@@ -108,7 +97,7 @@ std::string ShapeWriter::MeshOf(const FrameItem& item, const std::string& number
 /// leave it so.
 bool ShapeWriter::HidesBackFaces(const FrameItem& item)
 {
-    if (MaterialIn(item).DoubleSided || StockOf(item) != nullptr) {
+    if (MaterialOf(item).DoubleSided || StockMaterialOf(MaterialOf(item).RayTrace) != nullptr) {
         return false;
     }
     if (IsSeenThrough(item, m_images)) {
@@ -135,21 +124,30 @@ void ShapeWriter::WriteObject(const FrameItem& item, const std::string& mesh,
     m_out << (m_scene.shadows ? " }\n" : " no_shadow }\n");
 }
 
-void WriteHeader(TextStream& out, const RaytraceScene& scene)
+void WriteIncludes(TextStream& out, const RaytraceScene& scene, const RaytraceImages& images)
+{
+    std::set<std::string> files;
+    for (const FrameItem& item : scene.frame.items) {
+        if (const PovRayMaterial* stock = StockMaterialOf(MaterialOf(item).RayTrace)) {
+            files.insert("colors.inc");
+            files.insert(std::string(stock->include));
+        }
+    }
+    if (files.empty()) {
+        return;
+    }
+    PovRayIncludes includes(images.Beside());
+    for (const std::string& file : files) {
+        out << "#include " << PovRayString(includes.Named(file)) << '\n';
+    }
+}
+
+void WriteHeader(TextStream& out, const RaytraceScene& scene, const RaytraceImages& images)
 {
     out << "// Written by Corvex Studio.\n#version 3.7;\n"
            "global_settings { assumed_gamma 1.0 max_trace_level "
         << kMostSurfacesInARow << " }\n";
-    std::set<std::string_view> includes;
-    for (const FrameItem& item : scene.frame.items) {
-        if (const PovRayMaterial* stock = StockOf(item)) {
-            includes.insert("colors.inc");
-            includes.insert(stock->include);
-        }
-    }
-    for (const std::string_view include : includes) {
-        out << "#include \"" << include << "\"\n";
-    }
+    WriteIncludes(out, scene, images);
     out << "#version 3.7;\n"
            "#declare Clear = texture { pigment { rgbt <0,0,0,1> } finish { ambient 0 diffuse 0 } "
            "}\n";
@@ -159,7 +157,7 @@ void WriteHeader(TextStream& out, const RaytraceScene& scene)
 
 void WritePovRayScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& images)
 {
-    WriteHeader(out, scene);
+    WriteHeader(out, scene, images);
     WriteCamera(out, scene);
     WriteLights(out, scene);
     WriteBackdrop(out, scene);

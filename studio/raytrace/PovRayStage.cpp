@@ -1,7 +1,9 @@
 #include "studio/raytrace/PovRayStage.h"
 
+#include "studio/raytrace/PovRayCatalogue.h"
 #include "studio/raytrace/PovRayMesh.h"
 #include "studio/raytrace/Quoting.h"
+#include "studio/raytrace/SurfaceImages.h"
 #include "studio/render/Backdrop.h"
 #include "studio/render/MaterialModel.h"
 
@@ -71,14 +73,23 @@ void WriteGradientColours(TextStream& out, const BackdropColours& colours, float
     out << " }";
 }
 
-const std::string* EnvironmentOf(const RaytraceScene& scene)
+/// Empty when its material mirrors none.
+const std::string& EnvironmentOf(const FrameItem& item)
 {
+    static const std::string kNone;
+    const CorvexDB::udtMaterial& material = MaterialOf(item);
+    return StockMaterialOf(material.RayTrace) == nullptr ? material.Textures.environment : kNone;
+}
+
+const std::string& EnvironmentOf(const RaytraceScene& scene)
+{
+    static const std::string kNone;
     for (const FrameItem& item : scene.frame.items) {
-        if (item.material && !item.material->Textures.environment.empty()) {
-            return &item.material->Textures.environment;
+        if (const std::string& file = EnvironmentOf(item); !file.empty()) {
+            return file;
         }
     }
-    return nullptr;
+    return kNone;
 }
 
 }  // namespace
@@ -143,8 +154,8 @@ void WriteBackdrop(TextStream& out, const RaytraceScene& scene)
 
 void WriteSurroundings(TextStream& out, const RaytraceScene& scene, RaytraceImages& images)
 {
-    if (const std::string* file = EnvironmentOf(scene)) {
-        const RaytraceImage image = images.ImageOf(*file);
+    if (const std::string& file = EnvironmentOf(scene); !file.empty()) {
+        const RaytraceImage image = images.ImageOf(file);
         out << "sky_sphere { pigment { image_map { " << image.kind << ' '
             << PovRayString(image.path)
             << " gamma srgb interpolate 2 } warp { spherical orientation z dist_exp 0 }"
@@ -153,6 +164,15 @@ void WriteSurroundings(TextStream& out, const RaytraceScene& scene, RaytraceImag
     }
     out << "sky_sphere { pigment { gradient y color_map { [0 rgb 0.02] [0.45 rgb 0.12]"
            " [0.55 rgb 0.35] [1 rgb 0.9] } scale 2 translate -y } }\n";
+}
+
+int ShapesWithForeignEnvironment(const RaytraceScene& scene)
+{
+    const std::string& shared = EnvironmentOf(scene);
+    return static_cast<int>(std::count_if(
+        scene.frame.items.begin(), scene.frame.items.end(), [&](const FrameItem& item) {
+            return !EnvironmentOf(item).empty() && EnvironmentOf(item) != shared;
+        }));
 }
 
 }  // namespace studio

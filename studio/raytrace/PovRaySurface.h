@@ -8,12 +8,6 @@
 
 namespace studio {
 
-/// Whether the alpha test leaves nothing of this item, wherever its images put it.
-[[nodiscard]] bool IsTestedAway(const FrameItem& item, RaytraceImages& images);
-
-/// Whether something behind the item's surface can be seen through it.
-[[nodiscard]] bool IsSeenThrough(const FrameItem& item, RaytraceImages& images);
-
 /// Declares `name` as the item's POV-Ray material: what the material model and the six layers make
 /// of it, or its stock texture. Errors: FileFailed, for an image that cannot be saved.
 void DeclareSurface(TextStream& out, const std::string& name, const FrameItem& item,

@@ -1,13 +1,10 @@
 #include "studio/raytrace/RaytraceImages.h"
 
-#include "host/Status.h"
+#include "studio/raytrace/PictureFile.h"
 #include "studio/raytrace/Quoting.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QImageReader>
-#include <QImageWriter>
-#include <QSaveFile>
 
 namespace studio {
 namespace {
@@ -30,19 +27,6 @@ constexpr SavedType SavedTypeOf(ImageReader reader)
 {
     return reader == ImageReader::PovRay ? SavedType{"png", ".png", "png"}
                                          : SavedType{"tiff", ".tif", "tiff"};
-}
-
-void Save(const QImage& image, const QString& file, const char* format)
-{
-    QSaveFile target(file);
-    QImageWriter writer(&target, format);
-    if (!target.open(QIODevice::WriteOnly) || !writer.write(image) || !target.commit()) {
-        throw CorvexMaterial::Error(
-            CorvexMaterial::Status::FileFailed,
-            QCoreApplication::translate("RaytraceImages", "%1 cannot be written.")
-                .arg(file)
-                .toStdString());
-    }
 }
 
 }  // namespace
@@ -98,7 +82,7 @@ RaytraceImage RaytraceImages::ImageOf(const Texture& drawn)
     const QString name =
         QStringLiteral("texture%1%2").arg(m_saved.size() + 1).arg(QLatin1String(type.suffix));
     QDir().mkpath(m_place.folder);
-    Save(drawn.image, m_place.folder + u'/' + name, type.format);
+    SavePicture(drawn.image, m_place.folder + u'/' + name, type.format);
     return m_saved
         .emplace(drawn.id, RaytraceImage{m_place.reference + name.toStdString(), type.kind,
                                          drawn.image.size()})

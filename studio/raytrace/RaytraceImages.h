@@ -41,6 +41,9 @@ public:
     [[nodiscard]] RaytraceImage ImageOf(const std::string& file);
     [[nodiscard]] RaytraceImage ImageOf(const Texture& drawn);
 
+    /// Where files of ours lie.
+    [[nodiscard]] const Place& Beside() const { return m_place; }
+
 private:
     [[nodiscard]] std::string_view OwnKind(const std::string& file) const;
 

@@ -1,15 +1,14 @@
 #include "studio/raytrace/RenderWindow.h"
 
 #include "host/Status.h"
+#include "studio/raytrace/PictureFile.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>
-#include <QImageWriter>
 #include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -83,24 +82,20 @@ void RenderWindow::ShowFailure(const QString& message)
 
 void RenderWindow::SaveTo(const QString& file) const
 {
-    QSaveFile target(file);
-    QImageWriter writer(&target, "png");
-    if (!target.open(QIODevice::WriteOnly) || !writer.write(m_result) || !target.commit()) {
-        throw CorvexMaterial::Error(
-            CorvexMaterial::Status::FileFailed,
-            tr("%1 cannot be written: %2").arg(file, target.errorString()).toStdString());
-    }
+    SavePicture(m_result, file, "png");
 }
 
 void RenderWindow::ChooseFile()
 {
-    const QString file = QFileDialog::getSaveFileName(
-        this, tr("Save Picture"), QStringLiteral("render.png"), tr("PNG pictures (*.png)"));
-    if (file.isEmpty()) {
+    QFileDialog dialog(this, tr("Save Picture"), {}, tr("PNG pictures (*.png)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("png"));
+    dialog.selectFile(QStringLiteral("render.png"));
+    if (dialog.exec() != QDialog::Accepted) {
         return;
     }
     try {
-        SaveTo(file);
+        SaveTo(dialog.selectedFiles().value(0));
     } catch (const CorvexMaterial::Error& error) {
         QMessageBox::warning(this, windowTitle(), QString::fromStdString(error.what()));
     }

@@ -1,11 +1,11 @@
 #include "studio/raytrace/RibScene.h"
 
 #include "studio/raytrace/AttributeText.h"
-#include "studio/raytrace/PovRaySurface.h"
 #include "studio/raytrace/Quoting.h"
 #include "studio/raytrace/RibMesh.h"
 #include "studio/raytrace/RibStage.h"
 #include "studio/raytrace/RibSurface.h"
+#include "studio/raytrace/SurfaceCoverage.h"
 #include "studio/raytrace/TriangleList.h"
 #include "studio/render/TextureWrap.h"
 

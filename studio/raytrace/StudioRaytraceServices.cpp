@@ -2,12 +2,11 @@
 
 #include "host/Status.h"
 #include "studio/raytrace/AttributeText.h"
+#include "studio/raytrace/PictureFile.h"
 
 #include <QEventLoop>
 #include <QImageReader>
-#include <QImageWriter>
 #include <QProcess>
-#include <QSaveFile>
 
 namespace studio {
 namespace {
@@ -77,20 +76,8 @@ void StudioRaytraceServices::SaveAsJpeg(const std::string& bitmapPath, const std
     if (quality < 1 || quality > 100) {
         throw Error(Status::InvalidArgument, "The quality of a JPEG file is 1 to 100.");
     }
-    const QImage image = ReadBitmap(QString::fromStdString(bitmapPath));
-    const QString target = QString::fromStdString(jpegPath);
-    QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly)) {
-        RefuseFile(target, file.errorString());
-    }
-    QImageWriter writer(&file, "jpeg");
-    writer.setQuality(quality);
-    if (!writer.write(image)) {
-        RefuseFile(target, writer.errorString());
-    }
-    if (!file.commit()) {
-        RefuseFile(target, file.errorString());
-    }
+    SavePicture(ReadBitmap(QString::fromStdString(bitmapPath)), QString::fromStdString(jpegPath),
+                "jpeg", quality);
 }
 
 }  // namespace studio

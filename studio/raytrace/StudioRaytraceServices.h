@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/CorvexDB.h"
+#include "studio/raytrace/SimulationPictures.h"
 
 #include <functional>
 
@@ -9,6 +10,9 @@ namespace studio {
 /// What the control asks of its host around a raytracer job.
 class StudioRaytraceServices : public CorvexDB::RaytraceServices {
 public:
+    /// The pictures outlive this object.
+    explicit StudioRaytraceServices(SimulationPictures& pictures) : m_pictures(pictures) {}
+
     /// Told when a job ended before its raytracer was started.
     void SetAbandoned(std::function<void()> told) { m_abandoned = std::move(told); }
 
@@ -20,8 +24,13 @@ public:
     void RaytraceAbandoned() override;
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
                     std::int32_t quality) override;
+    std::string KeepSimulation(const std::string& jpegPath) override
+    {
+        return m_pictures.Keep(jpegPath);
+    }
 
 private:
+    SimulationPictures& m_pictures;
     std::function<void()> m_abandoned;
 };
 

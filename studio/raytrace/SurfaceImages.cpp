@@ -43,6 +43,12 @@ void AddAlpha(QImage& heights, const QImage& primary, int share)
 
 }  // namespace
 
+const CorvexDB::udtMaterial& MaterialOf(const FrameItem& item)
+{
+    static const CorvexDB::udtMaterial kDefault;
+    return item.material ? *item.material : kDefault;
+}
+
 SurfaceImages SurfacePixelsOf(const FrameItem& item, const CorvexDB::udtMaterial& material,
                               const RaytraceImages& images)
 {

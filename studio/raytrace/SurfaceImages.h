@@ -24,6 +24,9 @@ struct SurfaceImages {
     }
 };
 
+/// The item's material, or the default one.
+[[nodiscard]] const CorvexDB::udtMaterial& MaterialOf(const FrameItem& item);
+
 /// What a plug-in drew stands in for a file, as it does in the viewport. No files are made.
 [[nodiscard]] SurfaceImages SurfacePixelsOf(const FrameItem& item,
                                             const CorvexDB::udtMaterial& material,

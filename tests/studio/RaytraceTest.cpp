@@ -3,6 +3,7 @@
 #include "dialogs/WarningCatalogue.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/libraries/SqliteMaterialLibrary.h"
+#include "studio/raytrace/SimulationPictures.h"
 #include "studio/render/ViewportWidget.h"
 #include "tests/studio/StudioRig.h"
 
@@ -29,7 +30,8 @@ protected:
     Raytracing()
     {
         qputenv("CORVEX_POVRAY_LAUNCHER", LAUNCHER_PROGRAM);
-        qputenv("temp", jobs.path().toLocal8Bit());
+        QDir().mkpath(temporary);
+        qputenv("temp", temporary.toUtf8());
         rig.Start();
         for (const char* key :
              {"POVRayConfiguration", "Simulation Texture", "RaytraceSimulation"}) {
@@ -47,19 +49,35 @@ protected:
     void Show(const udtMaterial& material)
     {
         rig.Shape(0)->SetApplied(studio::WholeMaterial(material));
+        rig.Select({});
         rig.Select({0});
         QSignalSpy shown(&Preview(), &studio::ViewportWidget::pictureShown);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !shown.empty(); }, 5000));
         QTest::qWait(100);
     }
 
+    void ChoosePattern(const char* name)
+    {
+        const CorvexTest::DialogAnswer answer([name](QDialog& dialog) {
+            CorvexTest::Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), name);
+            CorvexTest::Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+        });
+        rig.Press("cmdMaterialExtended");
+        EXPECT_TRUE(answer.Given());
+        EXPECT_TRUE(rig.prompts.shown.empty());
+    }
+
     studio::ViewportWidget& Preview()
     {
         return *rig.Window().Panel().findChild<studio::ViewportWidget*>();
     }
-    QStringList Files() { return QDir(jobs.path()).entryList(QDir::Files | QDir::Hidden); }
+    QStringList Files()
+    {
+        return QDir(temporary).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+    }
 
-    QTemporaryDir jobs;
+    QTemporaryDir folder;
+    QString temporary = folder.filePath(QString::fromUtf8("jobs of \"häßlich\", #石"));
     StudioRig rig;
 };
 
@@ -89,48 +107,59 @@ TEST_F(Raytracing, ThePreviewBecomesPovRaysPicture)
 {
     udtMaterial checked = RedAndBlue();
     checked.RayTrace.ColorPattern = 5;
-    Show(checked);
-    const QImage before = Preview().grab().toImage();
-    rig.Press("cmdPreview");
-    ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().text;
-    const QImage after = Preview().grab().toImage();
-    const QRgb middle = after.pixel(after.width() / 2, after.height() / 2);
-    EXPECT_NE(after, before);
-    EXPECT_GT(std::max(qRed(middle), qBlue(middle)), qGreen(middle) + 50);
-    EXPECT_EQ(Files(), QStringList());
+    udtMaterial textured;
+    const QString texture = folder.filePath(QString::fromUtf8("Bild #1, \"мрамор\" 石.tga.png"));
+    QImage purple(8, 8, QImage::Format_RGB32);
+    purple.fill(QColor(210, 30, 180));
+    ASSERT_TRUE(purple.save(texture));
+    textured.Textures.primary = texture.toStdString();
+    const QString workingFolder = QDir::currentPath();
+    for (const udtMaterial& material : {checked, textured}) {
+        Show(material);
+        const QImage before = Preview().grab().toImage();
+        rig.Press("cmdPreview");
+        ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().text;
+        const QImage after = Preview().grab().toImage();
+        const QRgb middle = after.pixel(after.width() / 2, after.height() / 2);
+        EXPECT_NE(after, before);
+        EXPECT_GT(std::max(qRed(middle), qBlue(middle)), qGreen(middle) + 50);
+        EXPECT_EQ(Files(), QStringList());
+        EXPECT_EQ(QDir::currentPath(), workingFolder);
+    }
 }
 
-TEST_F(Raytracing, ASimulationIsTheOnlyFileThatStays)
+TEST_F(Raytracing, ASimulationStaysForAsLongAsSomethingRefersToIt)
 {
     Show(RedAndBlue());
-    const CorvexTest::DialogAnswer answer([](QDialog& dialog) {
-        CorvexTest::Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
-        CorvexTest::Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
-    });
-    rig.Press("cmdMaterialExtended");
-    ASSERT_TRUE(answer.Given());
-    ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().text;
-    const QString texture = QString::fromStdString(rig.Shape(0)->Material().Textures.primary);
-    EXPECT_EQ(Files(), QStringList(QFileInfo(texture).fileName()));
-    EXPECT_EQ(QFileInfo(texture).path(), QFileInfo(jobs.path()).canonicalFilePath());
+    ChoosePattern("Agate");
+    const udtMaterial simulated = rig.Shape(0)->Material();
+    const QString texture = QString::fromStdString(simulated.Textures.primary);
+    EXPECT_EQ(Files(), QStringList());
     EXPECT_GT(Colours(QImage(texture)), 15U);
 
     auto& library = rig.Host().Materials();
-    const QString path = rig.PathOf("Kept.cvm");
-    library.CreateLibrary(path.toStdString());
-    library.Open(path.toStdString());
-    library.AddMaterialToLibrary(rig.Shape(0)->Material());
-    ASSERT_TRUE(QFile::remove(texture));
-    EXPECT_GT(Colours(QImage(QString::fromStdString(library.MaterialAt(0).Textures.primary))), 15U);
+    const std::string path = rig.PathOf("Kept.cvm").toStdString();
+    library.CreateLibrary(path);
+    library.Open(path);
+    library.AddMaterialToLibrary(simulated);
+    const QString copy = QString::fromStdString(library.MaterialAt(0).Textures.primary);
+    EXPECT_NE(copy, texture);
+    EXPECT_GT(Colours(QImage(copy)), 15U);
 
-    // Without the pattern the picture stands for nothing.
-    const CorvexTest::DialogAnswer none([](QDialog& dialog) {
-        CorvexTest::Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "None");
-        CorvexTest::Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
-    });
-    rig.Press("cmdMaterialExtended");
-    ASSERT_TRUE(none.Given());
-    EXPECT_EQ(rig.Shape(0)->Material().Textures.primary, "");
+    ChoosePattern("None");
+    EXPECT_EQ(rig.Shape(0)->Material().Textures.primary, "") << "it stands for nothing any more";
+    rig.Window().Panel().CopyFieldToFormMaterial(simulated);
+    rig.Stop();
+    rig.Start();
+    EXPECT_TRUE(QFile::exists(texture)) << "the panel comes back with it";
+    rig.Window().Panel().CopyFieldToFormMaterial({});
+    {
+        const studio::SimulationPictures otherProgram(QFileInfo(texture).path());
+        rig.Stop();
+        EXPECT_TRUE(QFile::exists(texture));
+    }
+    rig.Start();
+    EXPECT_FALSE(QFile::exists(texture));
 }
 
 TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)

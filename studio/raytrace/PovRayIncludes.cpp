@@ -1,0 +1,81 @@
+#include "studio/raytrace/PovRayIncludes.h"
+
+#include "host/Status.h"
+#include "studio/raytrace/RaytracerPrograms.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+namespace studio {
+namespace {
+
+/// As POV-Ray is installed everywhere: its program in `bin`, its files in `share` beside it.
+QString IncludeFolder()
+{
+    const QFileInfo program(FindPovRay(qEnvironmentVariable("CORVEX_POVRAY")));
+    const QDir share(QFileInfo(program.canonicalFilePath()).path() + QStringLiteral("/../share"));
+    for (const QString& version : share.entryList({QStringLiteral("povray-3*")}, QDir::Dirs)) {
+        const QString folder = share.filePath(version) + QStringLiteral("/include");
+        if (QFileInfo::exists(folder + QStringLiteral("/colors.inc"))) {
+            return QDir::cleanPath(folder);
+        }
+    }
+    return {};
+}
+
+QString ContentOf(const QString& path)
+{
+    QFile file(path);
+    // The files are in an older encoding; whatever it is, it comes out as it went in.
+    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
+}
+
+}  // namespace
+
+QString WithScreenColours(QString text)
+{
+    static const QRegularExpression kColour(QStringLiteral("\\brgb(f|t|ft)?\\b"));
+    return text.replace(kColour, QStringLiteral("srgb\\1"));
+}
+
+PovRayIncludes::PovRayIncludes(RaytraceImages::Place place)
+    : m_source(IncludeFolder()), m_place(std::move(place))
+{
+}
+
+std::string PovRayIncludes::Named(const std::string& file)
+{
+    const QString name = QString::fromStdString(file);
+    if (m_source.isEmpty() || !QFileInfo::exists(m_source + u'/' + name)) {
+        return file;
+    }
+    if (m_copied.insert(file).second) {
+        Copy(name);
+    }
+    return m_place.reference + file;
+}
+
+void PovRayIncludes::Copy(const QString& file)
+{
+    static const QRegularExpression kInclude(QStringLiteral("#include\\s+\"([^\"]+)\""));
+    QString text = WithScreenColours(ContentOf(m_source + u'/' + file));
+    for (const QRegularExpressionMatch& found : kInclude.globalMatch(QString(text))) {
+        const std::string own = Named(found.captured(1).toStdString());
+        text.replace(found.captured(0),
+                     QStringLiteral("#include \"%1\"").arg(QString::fromStdString(own)));
+    }
+    QDir().mkpath(m_place.folder);
+    QSaveFile copy(m_place.folder + u'/' + file);
+    const QByteArray bytes = text.toLatin1();
+    if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) != bytes.size() || !copy.commit()) {
+        throw CorvexMaterial::Error(
+            CorvexMaterial::Status::FileFailed,
+            QCoreApplication::translate("PovRayIncludes", "%1 cannot be written: %2")
+                .arg(copy.fileName(), copy.errorString())
+                .toStdString());
+    }
+}
+
+}  // namespace studio
