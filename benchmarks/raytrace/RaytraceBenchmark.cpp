@@ -1,8 +1,8 @@
-// How long a job takes beside the bare POV-Ray run of its scene, and how fast a large model is
-// written.
+// How long the panel's job takes beside the bare POV-Ray run of its scene, and how fast a large
+// model is written.
 
-#include "studio/raytrace/PovRayScene.h"
-#include "studio/raytrace/RibScene.h"
+#include "benchmarks/Timing.h"
+#include "benchmarks/raytrace/PanelJob.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/scene/ParametricMesh.h"
 
@@ -11,28 +11,12 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdio>
-#include <functional>
 
 namespace {
 
-using Seconds = std::chrono::duration<double>;
-
-double SecondsOf(const std::function<void()>& work)
-{
-    const auto begin = std::chrono::steady_clock::now();
-    work();
-    return Seconds(std::chrono::steady_clock::now() - begin).count();
-}
-
-double Median(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
+using namespace CorvexBenchmark;
 
 studio::RaytraceScene SceneOf(std::shared_ptr<const studio::Mesh> mesh)
 {
@@ -47,43 +31,37 @@ studio::RaytraceScene SceneOf(std::shared_ptr<const studio::Mesh> mesh)
     return scene;
 }
 
-bool Run(const QString& program, const QStringList& arguments, const QString& folder)
+bool RunPovRay(const QString& folder)
 {
     QProcess process;
     process.setWorkingDirectory(folder);
-    process.start(program, arguments);
+    process.start("povray",
+                  {"+Ipanel.pov", "+Opanel.bmp", "+FB", "+W320", "+H240", "+Q11", "-A", "-D"});
     return process.waitForFinished(60000) && process.exitCode() == 0;
 }
 
 void CompareJob()
 {
-    constexpr int kRuns = 9;
+    constexpr int kRuns = 15;
     const QTemporaryDir folder;
-    const studio::RaytraceScene scene = SceneOf(studio::SphereMesh(1.0F));
-    const QString base = folder.filePath("~CVX1");
-    QFile ini(base + ".ini");
-    if (!ini.open(QIODevice::WriteOnly)) {
-        return;
-    }
-    ini.write(("Input_File_Name=" + base + ".pov\nWidth=320\nHeight=240\nOutput_File_Type=S\n" +
-               "Quality=11\nAntialias=off\nDisplay=off\nOutput_File_Name=" + base + ".bmp\n")
-                  .toLocal8Bit());
-    ini.close();
+    qputenv("temp", QFile::encodeName(folder.path()));
+    qputenv("CORVEX_POVRAY_LAUNCHER", LAUNCHER_PROGRAM);
+    PanelJob panel({320, 240}, folder.filePath("panel.pov"));
     std::vector<double> jobs;
     std::vector<double> bare;
+    std::vector<double> ratios;
     for (int i = 0; i < kRuns; ++i) {
-        jobs.push_back(SecondsOf([&] {
-            studio::WriteRaytraceScene(base + ".pov", scene, {}, studio::ImagesBeside(base));
-            Run(LAUNCHER_PROGRAM, {"/exit", "/nr", base + ".ini"}, folder.path());
-        }));
-        bare.push_back(SecondsOf([&] {
-            Run("povray",
-                {"+I~CVX1.pov", "+O~CVX1.bmp", "+FB", "+W320", "+H240", "+Q11", "-A", "-D"},
-                folder.path());
-        }));
+        jobs.push_back(SecondsOf([&] { panel.Run(); }));
+        bool rendered = false;
+        bare.push_back(SecondsOf([&] { rendered = RunPovRay(folder.path()); }));
+        if (!rendered) {
+            std::printf("POV-Ray has not rendered the panel's scene\n");
+            return;
+        }
+        ratios.push_back(jobs.back() / bare.back());
     }
-    std::printf("job at 320x240      %6.3f s, bare POV-Ray %6.3f s, ratio %.3f\n", Median(jobs),
-                Median(bare), Median(jobs) / Median(bare));
+    std::printf("job at 320x240      %6.3f s, bare POV-Ray %6.3f s, ratio %.3f\n", MedianOf(jobs),
+                MedianOf(bare), MedianOf(ratios));
 }
 
 void MeasureExport()
@@ -103,7 +81,7 @@ void MeasureExport()
         }
         const double megabytes = static_cast<double>(QFile(file).size()) / 1.0e6;
         std::printf("%s of %.0f triangles: %.1f MB in %.3f s, %.0f MB/s\n", name, triangles,
-                    megabytes, Median(times), megabytes / Median(times));
+                    megabytes, MedianOf(times), megabytes / MedianOf(times));
     }
 }
 
@@ -112,6 +90,8 @@ void MeasureExport()
 int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir settings;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
     const QApplication application(argc, argv);
     CompareJob();
     MeasureExport();
