@@ -7,6 +7,7 @@
 
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QPainter>
 
 namespace studio {
 namespace {
@@ -25,8 +26,16 @@ QColor Shown(CorvexMaterial::Colour colour)
 
 void PaintSwatch(QPushButton* button, CorvexMaterial::Colour colour)
 {
-    QPixmap swatch(button->iconSize());
-    swatch.fill(Shown(colour));
+    // The right end stays empty: a gap to the text.
+    const qreal ratio = button->devicePixelRatioF();
+    QPixmap swatch(button->iconSize() * ratio);
+    swatch.setDevicePixelRatio(ratio);
+    swatch.fill(Qt::transparent);
+    QPainter painter(&swatch);
+    painter.setPen(button->palette().color(QPalette::PlaceholderText));
+    painter.setBrush(Shown(colour));
+    painter.drawRect(QRectF(QPointF(0.5, 0.5), QSizeF(button->iconSize()) - QSizeF(9, 1)));
+    painter.end();
     button->setIcon(swatch);
     button->setText(Shown(colour).name());
 }
@@ -55,6 +64,8 @@ OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
     connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
     connect(m_ui->removeFolder, &QPushButton::clicked, this,
             [this] { delete m_ui->folders->currentItem(); });
+    connect(m_ui->folders, &QListWidget::currentRowChanged, m_ui->removeFolder,
+            [this](int row) { m_ui->removeFolder->setEnabled(row >= 0); });
 }
 
 OptionsDialog::~OptionsDialog() = default;

@@ -1,46 +1,15 @@
 #include "studio/app/StudioStyle.h"
 
-#include <QPainterPath>
+#include "studio/app/FlatShapes.h"
+
+#include <QApplication>
+#include <QPainter>
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QStyleOption>
 
 namespace studio {
 namespace {
-
-void DrawTick(QPainter& painter, const QRectF& box, const QColor& colour)
-{
-    QPainterPath tick(QPointF(0.24, 0.54));
-    tick.lineTo(0.43, 0.72);
-    tick.lineTo(0.77, 0.30);
-    painter.translate(box.topLeft());
-    painter.scale(box.width(), box.height());
-    painter.setPen(QPen(colour, 0.14, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPath(tick);
-}
-
-void DrawBox(QPainter& painter, const QStyleOption& option)
-{
-    const bool marked = (option.state & (QStyle::State_On | QStyle::State_NoChange)) != 0;
-    const bool lively = (option.state & (QStyle::State_HasFocus | QStyle::State_MouseOver)) != 0;
-    const QPalette& colours = option.palette;
-    const QColor accent = colours.color(QPalette::Highlight);
-    const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(marked || lively ? accent : colours.color(QPalette::PlaceholderText));
-    painter.setBrush(marked ? accent : colours.color(QPalette::Base));
-    painter.drawRoundedRect(box, 2.5, 2.5);
-    const QColor mark = colours.color(QPalette::HighlightedText);
-    if ((option.state & QStyle::State_NoChange) != 0) {
-        const qreal inset = box.width() * 0.25;
-        painter.fillRect(
-            QRectF(box.left() + inset, box.center().y() - 1.0, box.width() - 2.0 * inset, 2.0),
-            mark);
-    } else if (marked) {
-        DrawTick(painter, box, mark);
-    }
-}
 
 QPixmap DockButton(QStyle::StandardPixmap icon, const QColor& colour)
 {
@@ -62,6 +31,36 @@ QPixmap DockButton(QStyle::StandardPixmap icon, const QColor& colour)
     return picture;
 }
 
+void DrawButton(QPainter& painter, const QStyleOption& option)
+{
+    const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option);
+    DrawFlatButton(painter, option,
+                   button != nullptr &&
+                       button->features.testFlag(QStyleOptionButton::DefaultButton));
+}
+
+void DrawField(QPainter& painter, const QStyleOption& option)
+{
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(&option);
+    // Inside a spin box or a list the field has no frame of its own.
+    if (frame == nullptr || frame->lineWidth > 0) {
+        DrawFlatField(painter, option);
+    }
+}
+
+struct ShapeRow {
+    QStyle::PrimitiveElement element;
+    void (*draw)(QPainter&, const QStyleOption&);
+};
+
+constexpr std::array kShapes{
+    ShapeRow{QStyle::PE_PanelButtonCommand, DrawButton},
+    ShapeRow{QStyle::PE_PanelLineEdit, DrawField},
+    ShapeRow{QStyle::PE_FrameFocusRect, DrawFocusRing},
+    ShapeRow{QStyle::PE_IndicatorCheckBox, DrawTickBox},
+    ShapeRow{QStyle::PE_IndicatorRadioButton, DrawRadio},
+};
+
 }  // namespace
 
 StudioStyle::StudioStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
@@ -69,13 +68,62 @@ StudioStyle::StudioStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("F
 void StudioStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const
 {
-    if (element != PE_IndicatorCheckBox) {
-        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    for (const ShapeRow& row : kShapes) {
+        if (row.element == element) {
+            painter->save();
+            row.draw(*painter, *option);
+            painter->restore();
+            return;
+        }
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+}
+
+void StudioStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const
+{
+    const auto* tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+    if (element != CE_TabBarTabShape || tab == nullptr) {
+        QProxyStyle::drawControl(element, option, painter, widget);
         return;
     }
     painter->save();
-    DrawBox(*painter, *option);
+    DrawFlatTab(*painter, *tab);
     painter->restore();
+}
+
+void StudioStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const
+{
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    painter->save();
+    if (control == CC_ComboBox && combo != nullptr && !combo->editable) {
+        DrawFlatCombo(*painter, *combo);
+    } else if (control == CC_Slider && slider != nullptr &&
+               slider->tickPosition == QSlider::NoTicks) {
+        DrawFlatSlider(*painter, *slider,
+                       subControlRect(CC_Slider, slider, SC_SliderGroove, widget),
+                       subControlRect(CC_Slider, slider, SC_SliderHandle, widget));
+    } else {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+    painter->restore();
+}
+
+int StudioStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                             const QWidget* widget) const
+{
+    const bool shifts = metric == PM_ButtonShiftHorizontal || metric == PM_ButtonShiftVertical;
+    return shifts ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+int StudioStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                           QStyleHintReturn* data) const
+{
+    return hint == SH_DialogButtonBox_ButtonsHaveIcons
+               ? 0
+               : QProxyStyle::styleHint(hint, option, widget, data);
 }
 
 QIcon StudioStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,

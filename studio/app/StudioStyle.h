@@ -4,8 +4,8 @@
 
 namespace studio {
 
-/// Fusion, with what a dark palette makes unreadable drawn anew: boxes to tick and the buttons of a
-/// dock's title.
+/// Fusion with a flat, quiet look of its own: buttons, fields, lists, tabs, sliders and boxes to
+/// tick are drawn from the palette, without gradients, and what has the keyboard wears a ring.
 class StudioStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -14,6 +14,14 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override;
 };

@@ -23,6 +23,7 @@ struct RoleRow {
 constexpr QRgb kAccent = 0xFF4C9BE8;
 constexpr QRgb kText = 0xFFD8DBE0;
 constexpr QRgb kFaintText = 0xFF747B85;
+constexpr QRgb kHintText = 0xFF959CA7;  // 4.5 to 1 on the surface and more on fields
 constexpr QRgb kSurface = 0xFF2B2E33;
 constexpr QRgb kField = 0xFF1F2226;
 
@@ -32,7 +33,7 @@ constexpr std::array kRoles{
     RoleRow{QPalette::Base, kField, 0xFF282B30},
     RoleRow{QPalette::AlternateBase, 0xFF25282C, 0xFF282B30},
     RoleRow{QPalette::Text, kText, kFaintText},
-    RoleRow{QPalette::PlaceholderText, kFaintText, kFaintText},
+    RoleRow{QPalette::PlaceholderText, kHintText, kFaintText},
     RoleRow{QPalette::Button, 0xFF383C43, 0xFF2F3237},
     RoleRow{QPalette::ButtonText, kText, kFaintText},
     RoleRow{QPalette::BrightText, 0xFFFFFFFF, kFaintText},
