@@ -66,8 +66,7 @@ void ApplyRaytraceMaterial(const CorvexDB::udtMaterial& material, Look& look)
     if (CorvexMaterial::IsSimulationTexture(material.Textures.primary)) {
         return;  // the image shows it already
     }
-    if (attributes.MaterialType == 1 &&
-        FindPredefined(attributes.PredefinedType, attributes.PreDefinedMaterial) != nullptr) {
+    if (StockMaterialOf(attributes) != nullptr) {
         ApplyPredefined(CorvexMaterial::PredefinedLook(attributes.PredefinedType,
                                                        attributes.PreDefinedMaterial),
                         look);

@@ -206,7 +206,6 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
         m_converted = images.folder;
     }
     WriteRaytraceScene(path, scene, m_sources.textures, images);
-    m_jobScene.addPath(path);
     return request.path;
 }
 
