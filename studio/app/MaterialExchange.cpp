@@ -127,7 +127,8 @@ void MaterialExchange::Import(const QString& file)
         std::vector<NamedMaterial> materials;
         {
             const WaitCursor waiting;
-            materials = ImportMaterials(file.toStdString(), report, m_importer);
+            materials = ImportMaterials(file.toStdString(), report,
+                                        {m_importer, FolderOf(library->Path())});
         }
         if (const auto entries = EntriesOf(materials, *library)) {
             const std::vector<EntryId> ids = library->Add(*entries);

@@ -1,236 +1,22 @@
-#include "studio/import/AssimpMaterial.h"
 #include "studio/import/ShapeNames.h"
-#include "studio/interchange/Amounts.h"
 #include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/GltfMaterials.h"
-#include "studio/interchange/TextureReference.h"
+#include "studio/interchange/GltfSurface.h"
 
-#include <assimp/GltfMaterial.h>
 #include <assimp/Importer.hpp>
 #include <assimp/material.h>
 #include <assimp/scene.h>
 
 #include <QCoreApplication>
-#include <QUrl>
 
+#include <map>
 #include <set>
 
 namespace studio {
 namespace {
 
-using CorvexDB::udtMaterial;
-
-constexpr const char* kGltfNoLayer =
-    QT_TRANSLATE_NOOP("Interchange", "there is no layer for it in a material");
-constexpr const char* kGltfNoAmount =
-    QT_TRANSLATE_NOOP("Interchange", "there is no such amount in a material");
-
-struct IgnoredImage {
-    aiTextureType type;
-    unsigned int index;
-    const char* term;
-    const char* note;
-};
-
-constexpr std::array kIgnoredImages{
-    IgnoredImage{aiTextureType_METALNESS, 0, "metallicRoughnessTexture", kGltfNoLayer},
-    IgnoredImage{
-        aiTextureType_NORMALS, 0, "normalTexture",
-        QT_TRANSLATE_NOOP("Interchange", "it holds directions; a bump map here holds heights")},
-    IgnoredImage{aiTextureType_LIGHTMAP, 0, "occlusionTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_SPECULAR, 0, "specularGlossinessTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_CLEARCOAT, 0, "clearcoatTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_CLEARCOAT, 1, "clearcoatRoughnessTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_CLEARCOAT, 2, "clearcoatNormalTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_SHEEN, 0, "sheenColorTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_TRANSMISSION, 0, "transmissionTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_TRANSMISSION, 1, "thicknessTexture", kGltfNoLayer},
-};
-
-struct IgnoredFactor {
-    const char* key;
-    const char* term;
-};
-
-constexpr std::array kIgnoredFactors{
-    IgnoredFactor{"$clr.sheen.factor", "sheenColorFactor"},
-    IgnoredFactor{"$mat.clearcoat.roughnessFactor", "clearcoatRoughnessFactor"},
-    IgnoredFactor{"$mat.volume.thicknessFactor", "thicknessFactor"},
-};
-
-class WornMaterial {
-public:
-    WornMaterial(const aiMaterial& source, const std::string& name, const std::string& folder,
-                 Report& report)
-        : m_source(source), m_folder(folder), m_notes(report, name),
-          m_material(MaterialFrom(source))
-    {
-    }
-
-    udtMaterial Take()
-    {
-        NoteSurface();
-        NoteAlpha();
-        NoteGlow();
-        m_material.Textures.primary.clear();
-        TakeBaseImage();
-        NoteIgnored();
-        return m_material;
-    }
-
-private:
-    [[nodiscard]] std::optional<float> Number(const char* key) const
-    {
-        float value = 0.0F;
-        return m_source.Get(key, 0, 0, value) == AI_SUCCESS ? std::optional(value) : std::nullopt;
-    }
-
-    [[nodiscard]] std::string File(aiTextureType type, unsigned int index = 0) const
-    {
-        aiString path;
-        const bool has = m_source.GetTexture(type, index, &path) == AI_SUCCESS;
-        return has ? std::string(path.data, path.length) : std::string();
-    }
-
-    void NoteSurface()
-    {
-        if (Number("$mat.glossinessFactor") && Number("$clr.specular")) {
-            m_notes.Mapped("diffuseFactor");
-            m_notes.Approximated("glossinessFactor", kAsShine);
-            m_notes.Dropped("specularFactor",
-                            QT_TRANSLATE_NOOP("Interchange", "highlights are white"));
-            return;
-        }
-        m_notes.Mapped("baseColorFactor");
-        m_notes.Approximated("roughnessFactor", kAsShine);
-        const float metallic = Number("$mat.metallicFactor").value_or(1.0F);
-        const bool clear = metallic == 0.0F || metallic == 1.0F;
-        m_notes.Add("metallicFactor", clear ? Outcome::Mapped : Outcome::Approximated,
-                    clear ? ""
-                          : QT_TRANSLATE_NOOP("Interchange", "a material is a metal or it is not"));
-        if (m_material.RayTrace.Reflection > 0.0F) {
-            m_notes.Approximated("clearcoatFactor",
-                                 QT_TRANSLATE_NOOP("Interchange", "as a reflection"));
-        }
-        if (m_material.DoubleSided) {
-            m_notes.Mapped("doubleSided");
-        }
-    }
-
-    void NoteAlpha()
-    {
-        const bool tested = m_material.AlphaTest != 0;
-        if (tested) {
-            m_notes.Mapped("alphaCutoff");
-        }
-        if (m_material.Transparency > 0) {
-            m_notes.Approximated(
-                "alphaMode",
-                QT_TRANSLATE_NOOP("Interchange", "as transparency, which leaves highlights"));
-        }
-        if (Number("$mat.transmission.factor").value_or(0.0F) > 0.0F) {
-            m_notes.Approximated("transmissionFactor",
-                                 QT_TRANSLATE_NOOP("Interchange", "as transparency"));
-        }
-    }
-
-    void NoteGlow()
-    {
-        aiColor4D glow;
-        const bool has = m_source.Get(AI_MATKEY_COLOR_EMISSIVE, glow) == AI_SUCCESS;
-        const Rgb colour{glow.r, glow.g, glow.b};
-        if (has && Strongest(colour) > 0.0F) {
-            const bool own = OtherHue(colour, LightOf(m_material.Color));
-            m_notes.Add(
-                "emissiveFactor", own ? Outcome::Approximated : Outcome::Mapped,
-                own ? QT_TRANSLATE_NOOP("Interchange", "a share of the material's one colour")
-                    : "");
-        }
-        if (const std::string file = File(aiTextureType_EMISSIVE); !file.empty()) {
-            const bool same = file == BaseFile();
-            m_notes.Add("emissiveTexture", same ? Outcome::Mapped : Outcome::Dropped,
-                        same ? "" : kGltfNoLayer);
-        }
-    }
-
-    [[nodiscard]] std::string BaseFile() const
-    {
-        const std::string file = File(aiTextureType_BASE_COLOR);
-        return file.empty() ? File(aiTextureType_DIFFUSE) : file;
-    }
-
-    void TakeBaseImage()
-    {
-        constexpr const char* kTerm = "baseColorTexture";
-        const std::string file = BaseFile();
-        if (file.empty()) {
-            return;
-        }
-        if (file.front() == '*') {
-            m_notes.Dropped(kTerm,
-                            QT_TRANSLATE_NOOP("Interchange", "the image is inside the file"));
-            return;
-        }
-        const FoundTexture found = FindImage(file);
-        m_material.Textures.primary = found.path;
-        const bool placed = TakePlacement();
-        if (!found.exists) {
-            m_notes.Approximated(kTerm,
-                                 QT_TRANSLATE_NOOP("Interchange", "the image file is missing"));
-        } else {
-            m_notes.Mapped(kTerm);
-        }
-        if (!placed) {
-            m_notes.Approximated("KHR_texture_transform",
-                                 QT_TRANSLATE_NOOP("Interchange", "images repeat alike both ways, "
-                                                                  "in whole tiles, unturned"));
-        }
-    }
-
-    /// Files name their images with or without escapes.
-    [[nodiscard]] FoundTexture FindImage(const std::string& file) const
-    {
-        const FoundTexture plain = FindReferenced(file, m_folder);
-        const QByteArray escaped = QByteArray::fromStdString(file);
-        const QString decoded = QUrl::fromPercentEncoding(escaped);
-        return plain.exists ? plain : FindReferenced(decoded.toStdString(), m_folder);
-    }
-
-    bool TakePlacement()
-    {
-        aiUVTransform transform;
-        for (const aiTextureType type : {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE}) {
-            if (m_source.Get(AI_MATKEY_UVTRANSFORM(type, 0), transform) == AI_SUCCESS) {
-                const ImageWindow window{transform.mTranslation.x, transform.mTranslation.y,
-                                         transform.mScaling.x, transform.mScaling.y};
-                return PlaceWindow(TopDown(window), m_material) && transform.mRotation == 0.0F;
-            }
-        }
-        return true;
-    }
-
-    void NoteIgnored()
-    {
-        for (const IgnoredImage& image : kIgnoredImages) {
-            if (!File(image.type, image.index).empty()) {
-                m_notes.Dropped(image.term, image.note);
-            }
-        }
-        for (const IgnoredFactor& factor : kIgnoredFactors) {
-            if (Number(factor.key).value_or(0.0F) != 0.0F) {
-                m_notes.Dropped(factor.term, kGltfNoAmount);
-            }
-        }
-    }
-
-    static constexpr const char* kAsShine =
-        QT_TRANSLATE_NOOP("Interchange", "a smooth surface shines: as specular");
-
-    const aiMaterial& m_source;
-    const std::string& m_folder;
-    MaterialNotes m_notes;
-    udtMaterial m_material;
-};
+/// All pictures of a file; more does not fit into the answer.
+constexpr qsizetype kMostPictureBytes = kMostDocumentBytes / 2;
 
 std::set<unsigned int> WornIn(const aiScene& scene)
 {
@@ -241,9 +27,59 @@ std::set<unsigned int> WornIn(const aiScene& scene)
     return worn;
 }
 
+std::string NameOf(const aiMaterial& source, std::size_t number)
+{
+    aiString raw;
+    const bool named = source.Get(AI_MATKEY_NAME, raw) == AI_SUCCESS;
+    return ReadableName(named ? std::string_view(raw.data, raw.length) : std::string_view(),
+                        "Material " + std::to_string(number));
+}
+
+/// The pictures inside a file, each once.
+class PicturesInside {
+public:
+    PicturesInside(const aiScene& scene, ImportedMaterials& imported)
+        : m_scene(scene), m_imported(imported)
+    {
+    }
+
+    /// Takes the material's, if it has one.
+    void Take(const aiMaterial& source, std::size_t material)
+    {
+        const std::string name = BaseImageOf(source);
+        if (name.empty() || name.front() != '*') {
+            return;
+        }
+        const auto [known, isNew] = m_indexes.try_emplace(name, m_imported.pictures.size());
+        if (isNew) {
+            m_imported.pictures.push_back({BytesOf(name), {}});
+        }
+        m_imported.pictures[known->second].wearers.push_back(material);
+    }
+
+private:
+    /// Nothing of what is no image file, or too large.
+    QByteArray BytesOf(const std::string& name)
+    {
+        const aiTexture* texture = m_scene.GetEmbeddedTexture(name.c_str());
+        const bool isFile = texture != nullptr && texture->mHeight == 0;
+        const qsizetype size = isFile ? qsizetype{texture->mWidth} : 0;
+        if (size == 0 || size > m_left) {
+            return {};
+        }
+        m_left -= size;
+        return {reinterpret_cast<const char*>(texture->pcData), size};
+    }
+
+    const aiScene& m_scene;
+    ImportedMaterials& m_imported;
+    std::map<std::string, std::size_t> m_indexes;
+    qsizetype m_left = kMostPictureBytes;
+};
+
 }  // namespace
 
-std::vector<NamedMaterial> ReadWornMaterials(const std::string& path, Report& report)
+ImportedMaterials ReadWornMaterials(const std::string& path)
 {
     Assimp::Importer importer;
     const aiScene* scene = importer.ReadFile(path, 0);
@@ -251,19 +87,20 @@ std::vector<NamedMaterial> ReadWornMaterials(const std::string& path, Report& re
         RefuseDocument(path, importer.GetErrorString());
     }
     const std::string folder = FolderOfDocument(path);
-    std::vector<NamedMaterial> materials;
+    ImportedMaterials imported;
+    PicturesInside pictures(*scene, imported);
     for (const unsigned int index : WornIn(*scene)) {
         if (index >= scene->mNumMaterials) {
             continue;
         }
         const aiMaterial& source = *scene->mMaterials[index];
-        aiString raw;
-        const bool named = source.Get(AI_MATKEY_NAME, raw) == AI_SUCCESS && raw.length > 0;
-        const std::string numbered = "Material " + std::to_string(materials.size() + 1);
-        const std::string name = named ? ReadableName({raw.data, raw.length}, numbered) : numbered;
-        materials.push_back({name, WornMaterial(source, name, folder, report).Take()});
+        const std::size_t number = imported.materials.size();
+        const std::string name = NameOf(source, number + 1);
+        imported.materials.push_back(
+            {name, MaterialOfGltf(source, folder, MaterialNotes(imported.report, name))});
+        pictures.Take(source, number);
     }
-    return materials;
+    return imported;
 }
 
 }  // namespace studio

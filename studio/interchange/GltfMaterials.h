@@ -1,6 +1,7 @@
 #pragma once
 
 #include "studio/interchange/ExportedProperties.h"
+#include "studio/interchange/MaterialPacking.h"
 
 #include <QByteArray>
 
@@ -14,8 +15,9 @@ namespace studio {
 [[nodiscard]] QByteArray GltfOf(std::span<const NamedMaterial> materials, const std::string& folder,
                                 Report& report);
 
-/// The materials of a model file that something wears, through the model importer. It may crash on
-/// a damaged file: only for a process made for it. Errors: FileFailed naming file and reason.
-[[nodiscard]] std::vector<NamedMaterial> ReadWornMaterials(const std::string& path, Report& report);
+/// The materials of a model file that something wears, and the pictures inside it, through the
+/// model importer. It may crash on a damaged file: only for a process made for it. Errors:
+/// FileFailed naming file and reason.
+[[nodiscard]] ImportedMaterials ReadWornMaterials(const std::string& path);
 
 }  // namespace studio

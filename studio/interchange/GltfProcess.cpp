@@ -4,6 +4,7 @@
 #include "studio/import/ImportJob.h"
 #include "studio/import/ImportProcess.h"
 #include "studio/interchange/DocumentFile.h"
+#include "studio/interchange/EmbeddedPictures.h"
 #include "studio/interchange/GltfMaterials.h"
 #include "studio/interchange/MaterialPacking.h"
 
@@ -27,25 +28,31 @@ ImportFailure WaitFor(ImportJob& job, std::chrono::milliseconds limit)
                                 job.Message(failure).toStdString());
 }
 
-}  // namespace
-
-std::vector<NamedMaterial> ImportGltfMaterials(const std::string& path, Report& report,
-                                               const ImportProgram& program)
+ImportedMaterials AnswerOf(const ImportJob& job)
 {
-    ImportJob job(QString::fromStdString(path), program, kImportMaterialsArgument);
-    const ImportFailure failure = WaitFor(job, program.timeLimit);
-    if (failure != ImportFailure::None) {
-        RefuseGltf(job, failure);
-    }
     try {
-        ImportedMaterials imported = UnpackMaterials(ReadDocument(job.OutputPath().toStdString()));
-        for (const ReportRow& row : imported.report.Rows()) {
-            report.Add(row);
-        }
-        return std::move(imported.materials);
+        return UnpackMaterials(ReadDocument(job.OutputPath().toStdString()));
     } catch (const CorvexMaterial::Error&) {
         RefuseGltf(job, ImportFailure::Damaged);
     }
+}
+
+}  // namespace
+
+std::vector<NamedMaterial> ImportGltfMaterials(const std::string& path, Report& report,
+                                               const ImportSetting& setting)
+{
+    ImportJob job(QString::fromStdString(path), setting.importer, kImportMaterialsArgument);
+    const ImportFailure failure = WaitFor(job, setting.importer.timeLimit);
+    if (failure != ImportFailure::None) {
+        RefuseGltf(job, failure);
+    }
+    ImportedMaterials imported = AnswerOf(job);
+    TakeOutPictures(imported, setting.pictureFolder);
+    for (const ReportRow& row : imported.report.Rows()) {
+        report.Add(row);
+    }
+    return std::move(imported.materials);
 }
 
 std::optional<int> RunMaterialImportIfAsked(int argc, char** argv)
@@ -54,11 +61,8 @@ std::optional<int> RunMaterialImportIfAsked(int argc, char** argv)
         return std::nullopt;
     }
     const std::vector<std::string> arguments(argv + 2, argv + argc);
-    return RunContained(arguments, [](const std::string& path) {
-        ImportedMaterials imported;
-        imported.materials = ReadWornMaterials(path, imported.report);
-        return PackMaterials(imported);
-    });
+    return RunContained(
+        arguments, [](const std::string& path) { return PackMaterials(ReadWornMaterials(path)); });
 }
 
 }  // namespace studio

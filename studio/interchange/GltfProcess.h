@@ -1,8 +1,6 @@
 #pragma once
 
-#include "studio/import/ModelImport.h"
-#include "studio/interchange/Report.h"
-#include "studio/libraries/MaterialText.h"
+#include "studio/interchange/Interchange.h"
 
 #include <optional>
 #include <vector>
@@ -15,7 +13,7 @@ inline constexpr const char* kImportMaterialsArgument = "--import-materials";
 /// The materials of a glTF file, read by a process of its own: a file that crashes the importer
 /// costs a message. Waits. Errors: FileFailed with a message that names file and cause.
 [[nodiscard]] std::vector<NamedMaterial>
-ImportGltfMaterials(const std::string& path, Report& report, const ImportProgram& program);
+ImportGltfMaterials(const std::string& path, Report& report, const ImportSetting& setting);
 
 /// The work of that process if the program was started for it, else nothing. To be called before
 /// there is an application object.

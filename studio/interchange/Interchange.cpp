@@ -1,10 +1,12 @@
 #include "studio/interchange/Interchange.h"
 
+#include "platform/QtTemporaryFiles.h"
 #include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/GltfMaterials.h"
 #include "studio/interchange/GltfProcess.h"
 #include "studio/interchange/MtlMaterials.h"
 #include "studio/interchange/MtlxMaterials.h"
+#include "studio/libraries/LastingPicture.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -21,17 +23,17 @@ using MaterialSpan = std::span<const NamedMaterial>;
 struct Format {
     const char* suffix;
     const char* name;
-    Materials (*read)(const std::string& path, Report& report, const ImportProgram& importer);
+    Materials (*read)(const std::string& path, Report& report, const ImportSetting& setting);
     /// Null for a format that is only read.
     QByteArray (*write)(MaterialSpan materials, const std::string& folder, Report& report);
 };
 
-Materials ReadMtl(const std::string& path, Report& report, const ImportProgram&)
+Materials ReadMtl(const std::string& path, Report& report, const ImportSetting&)
 {
     return MaterialsOfMtl(ReadDocument(path), FolderOfDocument(path), report);
 }
 
-Materials ReadMtlx(const std::string& path, Report& report, const ImportProgram&)
+Materials ReadMtlx(const std::string& path, Report& report, const ImportSetting&)
 {
     return MaterialsOfMtlx(ReadDocument(path), path, report);
 }
@@ -56,6 +58,21 @@ const Format* FormatOf(const std::string& path)
     return format == kFormats.end() ? nullptr : format;
 }
 
+/// Pictures of simulated raytrace materials, as far as they are in the temporary folder.
+Materials WithLastingPictures(MaterialSpan materials, const std::string& folder)
+{
+    const QString temporary = QString::fromStdString(CorvexMaterial::QtTemporaryFiles().Folder());
+    Materials lasting(materials.begin(), materials.end());
+    for (NamedMaterial& named : lasting) {
+        std::string& primary = named.material.Textures.primary;
+        const QFileInfo file(QString::fromStdString(primary));
+        if (file.isFile() && file.absolutePath() == temporary) {
+            primary = WithLastingPicture(primary, folder);
+        }
+    }
+    return lasting;
+}
+
 QString FilterOf(const Format& format)
 {
     return QStringLiteral("%1 (*.%2)").arg(Tr(format.name), QLatin1String(format.suffix));
@@ -64,7 +81,7 @@ QString FilterOf(const Format& format)
 }  // namespace
 
 std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
-                                           const ImportProgram& importer)
+                                           const ImportSetting& setting)
 {
     const Format* format = FormatOf(path);
     if (format == nullptr) {
@@ -72,7 +89,7 @@ std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& repo
                        Tr("only .mtl, .gltf, .glb and .mtlx files can be imported.").toStdString());
     }
     Report rows;
-    Materials materials = format->read(path, rows, importer);
+    Materials materials = format->read(path, rows, setting);
     if (materials.empty()) {
         RefuseDocument(path, Tr("it holds no materials.").toStdString());
     }
@@ -90,7 +107,8 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
         RefuseDocument(path, Tr("only .mtl, .gltf and .mtlx files can be exported.").toStdString());
     }
     Report rows;
-    WriteDocument(path, format->write(materials, FolderOfDocument(path), rows));
+    const std::string folder = FolderOfDocument(path);
+    WriteDocument(path, format->write(WithLastingPictures(materials, folder), folder, rows));
     for (const ReportRow& row : rows.Rows()) {
         report.Add(row);
     }

@@ -12,15 +12,22 @@
 
 namespace studio {
 
+struct ImportSetting {
+    ImportProgram importer;
+    /// Pictures inside a file go into `Textures/` in here; without it they are left out.
+    std::string pictureFolder;
+};
+
 /// The materials of a file of another program, by its extension: .mtl, .gltf, .glb or .mtlx, in any
 /// case. At least one. The report tells what became of each of their properties; it is added to.
 /// A .gltf or .glb file is read by a process of the program's own and waited for.
 /// Errors: FileFailed with a message that names file and cause.
 [[nodiscard]] std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
-                                                         const ImportProgram& importer = {});
+                                                         const ImportSetting& setting = {});
 
 /// Writes a file for other programs, by its extension: .mtl, .gltf or .mtlx. Textures are named
-/// relative to it. Errors: FileFailed with a message that names file and cause; an existing file is
+/// relative to it; one that does not last, in the temporary folder, is copied to `Textures/` beside
+/// it. Errors: FileFailed with a message that names file and cause; an existing file is
 /// then as it was.
 void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
                      Report& report);

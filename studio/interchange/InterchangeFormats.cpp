@@ -21,9 +21,10 @@ void AppendNotes(const Report& report, std::size_t materials, std::vector<std::s
 ForeignFormats InterchangeFormats()
 {
     ForeignFormats formats;
-    formats.read = [](const std::string& path, std::vector<std::string>& notes) {
+    formats.read = [](const std::string& path, const std::string& folder,
+                      std::vector<std::string>& notes) {
         Report report;
-        auto materials = ImportMaterials(path, report);
+        auto materials = ImportMaterials(path, report, {{}, folder});
         AppendNotes(report, materials.size(), notes);
         return materials;
     };

@@ -37,6 +37,31 @@ Report ReportIn(const QJsonArray& rows)
     return report;
 }
 
+QJsonArray PicturesIn(const ImportedMaterials& imported)
+{
+    QJsonArray pictures;
+    for (const EmbeddedPicture& picture : imported.pictures) {
+        QJsonArray wearers;
+        for (const std::size_t wearer : picture.wearers) {
+            wearers.append(static_cast<qint64>(wearer));
+        }
+        pictures.append(QJsonArray{QString::fromLatin1(picture.bytes.toBase64()), wearers});
+    }
+    return pictures;
+}
+
+EmbeddedPicture PictureIn(const QJsonArray& packed, std::size_t materials)
+{
+    EmbeddedPicture picture{QByteArray::fromBase64(packed.at(0).toString().toLatin1()), {}};
+    for (const QJsonValue& wearer : packed.at(1).toArray()) {
+        const qint64 index = wearer.toInteger(-1);
+        if (index >= 0 && static_cast<std::size_t>(index) < materials) {
+            picture.wearers.push_back(static_cast<std::size_t>(index));
+        }
+    }
+    return picture;
+}
+
 }  // namespace
 
 QByteArray PackMaterials(const ImportedMaterials& imported)
@@ -47,7 +72,9 @@ QByteArray PackMaterials(const ImportedMaterials& imported)
         materials.append(
             QJsonArray{QString::fromStdString(named.name), QString::fromStdString(json)});
     }
-    const QJsonObject answer{{"materials", materials}, {"report", RowsIn(imported.report)}};
+    const QJsonObject answer{{"materials", materials},
+                             {"report", RowsIn(imported.report)},
+                             {"pictures", PicturesIn(imported)}};
     return QJsonDocument(answer).toJson(QJsonDocument::Compact);
 }
 
@@ -57,12 +84,15 @@ ImportedMaterials UnpackMaterials(const QByteArray& bytes)
     if (!answer["materials"].isArray()) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "no materials came back");
     }
-    ImportedMaterials imported{{}, ReportIn(answer["report"].toArray())};
+    ImportedMaterials imported{{}, ReportIn(answer["report"].toArray()), {}};
     for (const QJsonValue& value : answer["materials"].toArray()) {
         const QJsonArray named = value.toArray();
         const std::string json = named.at(1).toString().toStdString();
         imported.materials.push_back(
             {named.at(0).toString().toStdString(), MaterialOfJson(json, kFolder).material});
+    }
+    for (const QJsonValue& picture : answer["pictures"].toArray()) {
+        imported.pictures.push_back(PictureIn(picture.toArray(), imported.materials.size()));
     }
     return imported;
 }

@@ -1,13 +1,10 @@
 #include "studio/import/ShapeNames.h"
-#include "studio/interchange/Amounts.h"
+#include "studio/interchange/MtlxImageGraph.h"
 #include "studio/interchange/MtlxMaterials.h"
-#include "studio/interchange/NumberText.h"
-#include "studio/interchange/TextureReference.h"
 #include "studio/interchange/UniqueNames.h"
 #include "studio/render/MaterialModel.h"
 
 #include <QCoreApplication>
-#include <QXmlStreamWriter>
 
 #include <algorithm>
 
@@ -59,14 +56,6 @@ constexpr FormatTable kMtlxTable{{
 }};
 static_assert(FollowsProperties(kMtlxTable));
 
-/// Height of a bump, white above black, as a part of the image's length.
-constexpr float kBumpHeight = 0.03F;
-
-QString Text(const std::string& text)
-{
-    return QString::fromStdString(text);
-}
-
 /// Letters, digits and underscores, as the format wants names.
 std::string IdentifierOf(const std::string& name)
 {
@@ -81,205 +70,6 @@ std::string IdentifierOf(const std::string& name)
     const bool startsWell = !identifier.empty() && (identifier[0] < '0' || identifier[0] > '9');
     return startsWell ? identifier : "_" + identifier;
 }
-
-/// Elements of a document.
-class MtlxWriter {
-public:
-    explicit MtlxWriter(QByteArray& bytes) : m_xml(&bytes)
-    {
-        m_xml.setAutoFormatting(true);
-        m_xml.setAutoFormattingIndent(2);
-        m_xml.writeStartDocument();
-        m_xml.writeStartElement("materialx");
-        m_xml.writeAttribute("version", "1.38");
-        m_xml.writeAttribute("colorspace", "lin_rec709");
-    }
-
-    void Finish() { m_xml.writeEndDocument(); }
-
-    void Open(const char* category, const std::string& name, const char* type)
-    {
-        m_xml.writeStartElement(QLatin1String(category));
-        m_xml.writeAttribute("name", Text(name));
-        if (*type != '\0') {
-            m_xml.writeAttribute("type", QLatin1String(type));
-        }
-    }
-    void Attribute(const char* name, const std::string& value)
-    {
-        m_xml.writeAttribute(QLatin1String(name), Text(value));
-    }
-    void Close() { m_xml.writeEndElement(); }
-
-    void Value(const char* input, const char* type, const std::string& value)
-    {
-        Put(input, type, "value", value);
-    }
-    void Number(const char* input, float value) { Value(input, "float", PlainNumber(value)); }
-    void Colour(const char* input, Rgb value) { Value(input, "color3", PlainNumbers(value, ", ")); }
-    void From(const char* input, const char* type, const std::string& node)
-    {
-        Put(input, type, "nodename", node);
-    }
-    void Output(const char* name, const char* type, const std::string& node)
-    {
-        Open("output", name, type);
-        Attribute("nodename", node);
-        Close();
-    }
-
-private:
-    void Put(const char* input, const char* type, const char* attribute, const std::string& value)
-    {
-        Open("input", input, type);
-        Attribute(attribute, value);
-        Close();
-    }
-
-    QXmlStreamWriter m_xml;
-};
-
-/// The node graph of a material's images; each output is named like the input it is for.
-class ImageGraph {
-public:
-    ImageGraph(MtlxWriter& out, const udtMaterial& material, const std::string& folder)
-        : m_out(out), m_material(material), m_folder(folder), m_window(BottomUp(WindowOf(material)))
-    {
-    }
-
-    /// False when there is nothing to write.
-    static bool IsNeeded(const udtMaterial& material)
-    {
-        const auto& files = material.Textures;
-        return !(files.primary.empty() && files.overlay.empty() && files.alpha.empty() &&
-                 files.bump.empty() && files.specular.empty());
-    }
-    static bool HasColour(const udtMaterial& material)
-    {
-        return !material.Textures.primary.empty() || !material.Textures.overlay.empty();
-    }
-    static bool ImageCovers(const udtMaterial& material)
-    {
-        return material.Textures.alpha.empty() && material.TextureAlphaChannelUse == 0 &&
-               !material.AlphaIsTransparent && HasAlphaChannel(material.Textures.primary);
-    }
-    static bool HasCoverage(const udtMaterial& material)
-    {
-        return !material.Textures.alpha.empty() || ImageCovers(material);
-    }
-
-    void Write(const std::string& name)
-    {
-        m_out.Open("nodegraph", name, "");
-        const std::string colour = HasColour(m_material) ? Colour() : std::string();
-        const std::string coverage = HasCoverage(m_material) ? Coverage() : std::string();
-        const std::string specular =
-            m_material.Textures.specular.empty() ? std::string() : Specular();
-        const std::string normal = m_material.Textures.bump.empty() ? std::string() : Bump();
-        Output("base_color", "color3", colour);
-        Output("opacity", "color3", coverage);
-        Output("specular", "float", specular);
-        Output("normal", "vector3", normal);
-        m_out.Close();
-    }
-
-private:
-    void Output(const char* name, const char* type, const std::string& node)
-    {
-        if (!node.empty()) {
-            m_out.Output((std::string(name) + "_out").c_str(), type, node);
-        }
-    }
-
-    void Image(const char* name, const char* type, const std::string& file, const char* space)
-    {
-        const bool whole = m_window.IsWhole();
-        m_out.Open(whole ? "image" : "tiledimage", name, type);
-        m_out.Open("input", "file", "filename");
-        m_out.Attribute("value", ReferenceTo(file, m_folder));
-        if (*space != '\0') {
-            m_out.Attribute("colorspace", space);
-        }
-        m_out.Close();
-        if (!whole) {
-            const auto pair = [](float u, float v) {
-                return PlainNumber(u) + ", " + PlainNumber(v);
-            };
-            m_out.Value("uvtiling", "vector2", pair(m_window.scaleU, m_window.scaleV));
-            m_out.Value("uvoffset", "vector2", pair(-m_window.offsetU, -m_window.offsetV));
-        }
-        m_out.Close();
-    }
-
-    std::string Colour()
-    {
-        const auto& files = m_material.Textures;
-        if (!files.primary.empty()) {
-            Image("primary", "color3", files.primary, "srgb_texture");
-        }
-        std::string picture = "primary";
-        if (!files.overlay.empty()) {
-            Image("overlay", "color3", files.overlay, "srgb_texture");
-            m_out.Open("mix", "layered", "color3");
-            if (files.primary.empty()) {
-                m_out.Colour("bg", kWhiteRgb);
-            } else {
-                m_out.From("bg", "color3", "primary");
-            }
-            m_out.From("fg", "color3", "overlay");
-            m_out.Number("mix", OverlayOpacityOf(m_material));
-            m_out.Close();
-            picture = "layered";
-        }
-        m_out.Open("multiply", "coloured", "color3");
-        m_out.From("in1", "color3", picture);
-        m_out.Colour("in2", LightOf(m_material.Color));
-        m_out.Close();
-        return "coloured";
-    }
-
-    std::string Coverage()
-    {
-        if (!ImageCovers(m_material)) {
-            Image("alpha", "color3", m_material.Textures.alpha, "");
-            return "alpha";
-        }
-        Image("primary_rgba", "color4", m_material.Textures.primary, "srgb_texture");
-        m_out.Open("extract", "primary_alpha", "float");
-        m_out.From("in", "color4", "primary_rgba");
-        m_out.Value("index", "integer", "3");
-        m_out.Close();
-        m_out.Open("convert", "coverage", "color3");
-        m_out.From("in", "float", "primary_alpha");
-        m_out.Close();
-        return "coverage";
-    }
-
-    std::string Specular()
-    {
-        Image("shine", "float", m_material.Textures.specular, "");
-        m_out.Open("multiply", "shining", "float");
-        m_out.From("in1", "float", "shine");
-        m_out.Number("in2", m_material.Specular > 0 ? FractionOf(m_material.Specular) : 1.0F);
-        m_out.Close();
-        return "shining";
-    }
-
-    std::string Bump()
-    {
-        Image("height", "float", m_material.Textures.bump, "");
-        m_out.Open("bump", "relief", "vector3");
-        m_out.From("height", "float", "height");
-        m_out.Number("scale", kBumpHeight);
-        m_out.Close();
-        return "relief";
-    }
-
-    MtlxWriter& m_out;
-    const udtMaterial& m_material;
-    const std::string& m_folder;
-    ImageWindow m_window;
-};
 
 /// The shader of a material; images come from the graph, whose name may be empty.
 class SurfaceWriting {
@@ -314,7 +104,7 @@ private:
 
     void WriteColour(const char* input)
     {
-        if (ImageGraph::HasColour(m_material)) {
+        if (MtlxImageGraph::HasColour(m_material)) {
             FromGraph(input, "color3", "base_color_out");
         } else {
             m_out.Colour(input, LightOf(m_material.Color));
@@ -344,7 +134,7 @@ private:
             m_out.Number("transmission", FractionOf(m_material.Transparency));
             m_out.Value("thin_walled", "boolean", "true");
         }
-        if (ImageGraph::HasCoverage(m_material)) {
+        if (MtlxImageGraph::HasCoverage(m_material)) {
             FromGraph("opacity", "color3", "opacity_out");
         }
     }
@@ -365,7 +155,7 @@ private:
 
 void NoteSpecialCases(const udtMaterial& material, ExportNotes& notes)
 {
-    if (ImageGraph::ImageCovers(material)) {
+    if (MtlxImageGraph::ImageCovers(material)) {
         notes.Say(Property::AlphaChannel, Outcome::Mapped, "");
     }
     if (material.Emissive > 0 && Strongest(LightOf(material.Color)) <= 0.0F) {
@@ -381,9 +171,9 @@ void WriteMaterial(MtlxWriter& out, const NamedMaterial& named, const std::strin
     const std::string name = names.Take(IdentifierOf(shown), "_");
     const std::string shader = names.Take("SR_" + name, "_");
     std::string graph;
-    if (ImageGraph::IsNeeded(named.material)) {
+    if (MtlxImageGraph::IsNeeded(named.material)) {
         graph = names.Take("NG_" + name, "_");
-        ImageGraph(out, named.material, folder).Write(graph);
+        MtlxImageGraph(out, named.material, folder).Write(graph);
     }
     SurfaceWriting(out, named.material, graph).Write(shader);
     out.Open("surfacematerial", name, "material");

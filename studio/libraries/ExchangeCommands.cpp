@@ -41,8 +41,10 @@ void NeedMaterials(const CommandContext& context)
 std::vector<NamedMaterial> MaterialsOf(CommandContext& context, const std::string& source)
 {
     std::vector<std::string> notes;
-    auto materials = IsOwnDocument(source) ? ReadMaterialDocument(source, notes)
-                                           : context.formats.read(source, notes);
+    const QString folder = QFileInfo(context.job.library).absolutePath();
+    auto materials = IsOwnDocument(source)
+                         ? ReadMaterialDocument(source, notes)
+                         : context.formats.read(source, folder.toStdString(), notes);
     PrintNotes(context, notes);
     return materials;
 }

@@ -22,6 +22,11 @@ QByteArray BytesOfPicture(const QString& path)
     return file.readAll();
 }
 
+QDir FolderOfPictures(const std::string& libraryFolder)
+{
+    return {QString::fromStdString(libraryFolder) + QStringLiteral("/Textures")};
+}
+
 bool HoldsOther(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
@@ -36,17 +41,23 @@ std::string WithLastingPicture(const std::string& primary, const std::string& li
         return primary;
     }
     const QFileInfo source(QString::fromStdString(primary));
-    const QDir folder(QString::fromStdString(libraryFolder) + QStringLiteral("/Textures"));
-    if (source.absolutePath() == folder.absolutePath()) {
+    if (source.absoluteDir() == FolderOfPictures(libraryFolder)) {
         return primary;
     }
-    const QByteArray bytes = BytesOfPicture(source.filePath());
-    QString target = folder.filePath(source.fileName());
+    return StorePicture(BytesOfPicture(source.filePath()), source.fileName(), libraryFolder);
+}
+
+std::string StorePicture(const QByteArray& bytes, const QString& name, const std::string& folder)
+{
+    const QDir pictures = FolderOfPictures(folder);
+    const QFileInfo wanted(name);
+    QString target = pictures.filePath(name);
     for (int i = 2; HoldsOther(target, bytes); ++i) {
-        target = folder.filePath(QStringLiteral("%1-%2.jpg").arg(source.baseName()).arg(i));
+        target = pictures.filePath(
+            QStringLiteral("%1-%2.%3").arg(wanted.completeBaseName()).arg(i).arg(wanted.suffix()));
     }
     QSaveFile copy(target);
-    if (!folder.mkpath(QStringLiteral(".")) || !copy.open(QIODevice::WriteOnly) ||
+    if (!pictures.mkpath(QStringLiteral(".")) || !copy.open(QIODevice::WriteOnly) ||
         copy.write(bytes) != bytes.size() || !copy.commit()) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                     "The picture '" + target.toStdString() +

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QByteArray>
+#include <QString>
+
 #include <string>
 
 namespace studio {
@@ -9,5 +12,11 @@ namespace studio {
 /// it is copied to `Textures/` beside the library. Any other path stays. Errors: FileFailed.
 [[nodiscard]] std::string WithLastingPicture(const std::string& primary,
                                              const std::string& libraryFolder);
+
+/// Puts a picture into `Textures/` in the folder and returns its path. A file that exists is never
+/// replaced: one of the same content serves again, beside any other a number is added to the name.
+/// Errors: FileFailed.
+[[nodiscard]] std::string StorePicture(const QByteArray& bytes, const QString& name,
+                                       const std::string& folder);
 
 }  // namespace studio

@@ -115,7 +115,7 @@ TEST_F(DamagedMaterials, GltfCostsNoMoreThanAMessage)
     QFile::setPermissions(crashing.path, QFile::ReadOwner | QFile::ExeOwner);
     studio::Report report;
     EXPECT_THROW(static_cast<void>(studio::ImportMaterials(CorvexTest::SampleFile("worn.gltf"),
-                                                           report, crashing)),
+                                                           report, {crashing, {}})),
                  Error);
     EXPECT_TRUE(report.Rows().empty());
 }

@@ -14,10 +14,11 @@ std::string SampleFile(const char* name)
     return std::string(INTERCHANGE_TEST_FILES "/") + name;
 }
 
-Imported Import(const std::string& path)
+Imported Import(const std::string& path, const std::string& pictureFolder)
 {
     Imported imported;
-    imported.materials = studio::ImportMaterials(path, imported.report, MaterialImporter());
+    imported.materials =
+        studio::ImportMaterials(path, imported.report, {MaterialImporter(), pictureFolder});
     return imported;
 }
 

@@ -17,7 +17,7 @@ struct Imported {
     std::vector<studio::NamedMaterial> materials;
     studio::Report report;
 };
-[[nodiscard]] Imported Import(const std::string& path);
+[[nodiscard]] Imported Import(const std::string& path, const std::string& pictureFolder = {});
 
 /// The row of the material and property; nothing when there is none.
 [[nodiscard]] std::optional<studio::ReportRow>

@@ -80,6 +80,27 @@ TEST(ForeignMtl, AdditionsOptionsAndNonsense)
     }
 }
 
+TEST(ForeignMtl, OfPublicTestModels)
+{
+    // Exported by others long ago, see files/assimp/README.md.
+    const Imported spider = Import(SampleFile("assimp/spider.mtl"));
+    ExpectAmounts(spider.materials, {{"Skin", 211, 202, 197, 24, 0, 0, 0},
+                                     {"Brusttex", 204, 204, 204, 25, 0, 0, 0},
+                                     {"HLeibTex", 176, 163, 157, 29, 0, 0, 0},
+                                     {"BeinTex", 204, 204, 204, 25, 0, 0, 0},
+                                     {"Augentex", 204, 204, 204, 25, 0, 0, 0}});
+    EXPECT_EQ(spider.materials[0].material.Textures.primary,
+              SampleFile("assimp/wal67ar_small.jpg"));
+    EXPECT_EQ(OutcomeFor(spider.report, "Skin", "map_Kd"), "approximated");
+    const Imported house = Import(SampleFile("assimp/box_spaces.mtl"));
+    ASSERT_EQ(house.materials.size(), 12U);
+    EXPECT_EQ(house.materials[0].name, "Material name with many, many spaces");
+    EXPECT_EQ(house.materials[8].name, "Terraind\u00e6k");
+    EXPECT_EQ(house.materials[10].material.Color, CorvexMaterial::MakeColour({128, 0, 0}));
+    EXPECT_EQ(house.materials[11].material.Transparency, 50);
+    EXPECT_EQ(OutcomeFor(house.report, "Door", "Ks"), "dropped");
+}
+
 TEST(ForeignMaterialX, ReferencesOfVersion137)
 {
     const Imported imported = Import(SampleFile("reference.mtlx"));
@@ -108,7 +129,10 @@ TEST(ForeignMaterialX, NodeGraphsOfVersion138)
     // Below the document's prefix, as is the other.
     EXPECT_EQ(wall.Textures.bump, SampleFile("images/scratches.png"));
     EXPECT_EQ(wall.Placement, (CorvexDB::TexturePlacement{0.0F, 0.75F, 0.5F, 0.25F}));
+    // Amounts that only an image tells.
     EXPECT_EQ(wall.RayTrace.Roughness, 5.0F);
+    EXPECT_FALSE(wall.RayTrace.Metallic);
+    EXPECT_EQ(OutcomeFor(imported.report, "Old wall", "metalness"), "approximated");
     EXPECT_EQ(imported.materials[1].material.RayTrace.Reflection, 4.0F);
     const auto contrast = CorvexTest::RowFor(imported.report, "Old wall", "base_color");
     ASSERT_TRUE(contrast);

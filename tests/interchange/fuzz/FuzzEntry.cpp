@@ -1,7 +1,7 @@
 #include "tests/interchange/fuzz/FuzzEntry.h"
 
 #include "host/Status.h"
-#include "studio/interchange/MaterialPacking.h"
+#include "studio/interchange/EmbeddedPictures.h"
 #include "studio/interchange/MtlMaterials.h"
 #include "studio/interchange/MtlxMaterials.h"
 
@@ -36,8 +36,9 @@ bool IsUsable(const NamedMaterial& named)
     return !named.name.empty() && amounts && placed && sliders;
 }
 
-template <typename Read>
-void FuzzWith(const Read& read)
+}  // namespace
+
+void FuzzWith(const FuzzReading& read)
 {
     try {
         studio::Report report;
@@ -50,8 +51,6 @@ void FuzzWith(const Read& read)
         return;
     }
 }
-
-}  // namespace
 
 void FuzzMtl(std::span<const std::byte> bytes)
 {
@@ -71,7 +70,8 @@ void FuzzMtlx(std::span<const std::byte> bytes)
 void FuzzAnswer(std::span<const std::byte> bytes)
 {
     try {
-        static_cast<void>(studio::UnpackMaterials(FuzzBytes(bytes)));
+        studio::ImportedMaterials imported = studio::UnpackMaterials(FuzzBytes(bytes));
+        studio::TakeOutPictures(imported, "");
     } catch (const CorvexMaterial::Error&) {
         return;
     }
