@@ -2,6 +2,7 @@ option(CORVEX_STUDIO "Build the reference host application" ON)
 option(CORVEX_TESTS "Build the tests" ON)
 option(CORVEX_BENCHMARKS "Build the benchmarks" OFF)
 option(CORVEX_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(CORVEX_FUZZ "Build the fuzzers of everything that reads a file (clang only)" OFF)
 option(CORVEX_TIDY "Run clang-tidy on every file that is compiled" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -19,6 +20,16 @@ if(CORVEX_CCACHE)
         CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1 ${CORVEX_CCACHE})
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # Else a precompiled header holds the times of its files, and the cache serves no other clone.
+    add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
+find_program(CORVEX_LLD ld.lld)
+if(CORVEX_LLD)
+    add_link_options(-fuse-ld=lld)
+endif()
+
 add_library(corvex_warnings INTERFACE)
 target_compile_options(corvex_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
@@ -29,6 +40,10 @@ if(CORVEX_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+    add_compile_definitions(CORVEX_SANITIZED)
+endif()
+if(CORVEX_FUZZ AND NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "CORVEX_FUZZ needs clang")
 endif()
 
 if(CORVEX_TIDY)

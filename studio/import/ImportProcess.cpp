@@ -29,7 +29,7 @@ constexpr ProcessLimit kLimits[] = {
     {RLIMIT_CORE, 0},
     {RLIMIT_CPU, 90},
     {RLIMIT_FSIZE, 2 * kGigabyte},
-#ifndef __SANITIZE_ADDRESS__  // its shadow memory alone is larger than any sensible limit
+#ifndef CORVEX_SANITIZED  // its shadow memory alone is larger than any sensible limit
     {RLIMIT_AS, 4 * kGigabyte},
 #endif
 };

@@ -14,7 +14,7 @@
 namespace StudioRaytraceTest {
 
 /// POV-Ray is not what a sanitizer build looks at: it gets less to draw there.
-#ifdef __SANITIZE_ADDRESS__
+#ifdef CORVEX_SANITIZED
 constexpr bool kSanitized = true;
 #else
 constexpr bool kSanitized = false;

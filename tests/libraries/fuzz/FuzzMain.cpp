@@ -1,17 +1,19 @@
 #include "tests/libraries/fuzz/FuzzLibrary.h"
 
+#include <QTemporaryDir>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const std::string path = std::filesystem::temp_directory_path() / "fuzzed-library";
+    static const QTemporaryDir folder;
+    const std::string path = folder.filePath("library").toStdString();
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     FuzzLibrary(path);
-    std::filesystem::remove(path + "-journal");
+    std::remove((path + "-journal").c_str());
     return 0;
 }
