@@ -3,6 +3,7 @@
 #include "studio/raytrace/PictureFile.h"
 #include "studio/raytrace/Quoting.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QImageReader>
 
@@ -27,6 +28,22 @@ constexpr SavedType SavedTypeOf(ImageReader reader)
 {
     return reader == ImageReader::PovRay ? SavedType{"png", ".png", "png"}
                                          : SavedType{"tiff", ".tif", "tiff"};
+}
+
+/// Names what a file holds, so that no other file, of the user or of an earlier scene that still
+/// needs it, is ever replaced by it.
+QByteArray DigestOf(const QImage& image)
+{
+    constexpr qsizetype kLetters = 16;
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const int number : {image.width(), image.height(), static_cast<int>(image.format())}) {
+        hash.addData(QByteArray::number(number).append(' '));
+    }
+    const qsizetype rowBytes = qsizetype{image.width()} * image.depth() / 8;
+    for (int y = 0; y < image.height(); ++y) {
+        hash.addData(QByteArrayView(image.constScanLine(y), rowBytes));
+    }
+    return hash.result().toHex().left(kLetters);
 }
 
 }  // namespace
@@ -60,6 +77,15 @@ std::string_view RaytraceImages::OwnKind(const std::string& file) const
 
 RaytraceImage RaytraceImages::ImageOf(const std::string& file)
 {
+    const auto [known, isNew] = m_byFile.try_emplace(file);
+    if (isNew) {
+        known->second = FoundOrSaved(file);
+    }
+    return known->second;
+}
+
+RaytraceImage RaytraceImages::FoundOrSaved(const std::string& file)
+{
     const TexturePointer texture = TextureOf(file);
     if (texture == nullptr) {
         return {};
@@ -79,8 +105,8 @@ RaytraceImage RaytraceImages::ImageOf(const Texture& drawn)
         return known->second;
     }
     const SavedType type = SavedTypeOf(m_reader);
-    const QString name =
-        QStringLiteral("texture%1%2").arg(m_saved.size() + 1).arg(QLatin1String(type.suffix));
+    const QString name = QStringLiteral("texture-") + QString::fromLatin1(DigestOf(drawn.image)) +
+                         QLatin1String(type.suffix);
     QDir().mkpath(m_place.folder);
     SavePicture(drawn.image, m_place.folder + u'/' + name, type.format);
     return m_saved

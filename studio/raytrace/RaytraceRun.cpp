@@ -1,5 +1,6 @@
 #include "studio/raytrace/RaytraceRun.h"
 
+#include "host/Status.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
@@ -8,6 +9,8 @@
 #include <QTimer>
 
 #include <csignal>
+
+#include <sys/prctl.h>
 
 namespace studio {
 namespace {
@@ -80,6 +83,7 @@ RaytraceRun::RaytraceRun(QObject* parent) : QObject(parent)
 {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     connect(&m_process, &QProcess::readyRead, this, &RaytraceRun::ReadProgress);
     connect(&m_process, &QProcess::finished, this, &RaytraceRun::Conclude);
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -107,6 +111,12 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
     m_kind = program.kind;
     const RaytracerRow& row = RowOf(m_kind);
     m_folder.emplace(QDir::tempPath() + QStringLiteral("/corvex-render-XXXXXX"));
+    if (!m_folder->isValid()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    tr("No folder for the picture can be made in %1: %2")
+                                        .arg(QDir::tempPath(), m_folder->errorString())
+                                        .toStdString());
+    }
     const QString file = m_folder->filePath(row.scene);
     WriteRaytraceScene(file, scene, textures, ImagesBeside(file));
     m_progress = {};

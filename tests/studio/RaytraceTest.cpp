@@ -128,6 +128,20 @@ TEST_F(Raytracing, ThePreviewBecomesPovRaysPicture)
     }
 }
 
+TEST_F(Raytracing, ARenderedSceneCanBeCancelled)
+{
+    rig.Window().RenderScene();
+    auto* window = rig.Window().findChild<QDialog*>("renderWindow");
+    ASSERT_NE(window, nullptr);
+    auto* cancel = window->findChild<QAbstractButton*>("cancelRender");
+    CorvexTest::Click(*cancel);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return window->findChild<QLabel*>("renderStatus")->text() == "Cancelled."; }, 10000));
+    QSignalSpy gone(window, &QObject::destroyed);
+    CorvexTest::Click(*cancel);
+    EXPECT_TRUE(gone.wait());
+}
+
 TEST_F(Raytracing, ASimulationStaysForAsLongAsSomethingRefersToIt)
 {
     Show(RedAndBlue());
