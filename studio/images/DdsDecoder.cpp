@@ -1,7 +1,7 @@
 #include "studio/images/DdsDecoder.h"
 
-#include "studio/images/ByteReader.h"
 #include "studio/images/DdsBlocks.h"
+#include "studio/images/LittleEndianReader.h"
 
 #include <algorithm>
 #include <array>
@@ -115,7 +115,7 @@ constexpr std::array kNumberedMaskRows{
     throw ImageError("This kind of DDS file is not supported.");
 }
 
-PixelFormat ReadPixelFormat(ByteReader& reader)
+PixelFormat ReadPixelFormat(LittleEndianReader& reader)
 {
     PixelFormat format;
     reader.Take(4);
@@ -128,7 +128,7 @@ PixelFormat ReadPixelFormat(ByteReader& reader)
     return format;
 }
 
-Header ReadHeader(ByteReader& reader)
+Header ReadHeader(LittleEndianReader& reader)
 {
     constexpr std::uint32_t kHeaderBytes = 124;
     if (reader.DoubleWord() != Letters("DDS ") || reader.DoubleWord() != kHeaderBytes) {
@@ -184,7 +184,7 @@ Layout LayoutOfMasks(const PixelFormat& format)
     return layout;
 }
 
-Layout ReadLayout(ByteReader& reader, const PixelFormat& format)
+Layout ReadLayout(LittleEndianReader& reader, const PixelFormat& format)
 {
     if ((format.flags & kHasFourLetters) == 0) {
         return LayoutOfMasks(format);
@@ -254,7 +254,7 @@ void FillFromMasks(RgbaImage& image, const Masks& masks, Bytes raw)
 
 RgbaImage DecodeDds(Bytes file)
 {
-    ByteReader reader(file);
+    LittleEndianReader reader(file);
     const Header header = ReadHeader(reader);
     const Layout layout = ReadLayout(reader, header.format);
     const ImageExtent extent = header.extent;
@@ -274,7 +274,7 @@ RgbaImage DecodeDds(Bytes file)
 std::optional<ImageExtent> DdsExtent(Bytes file)
 {
     try {
-        ByteReader reader(file);
+        LittleEndianReader reader(file);
         return ReadHeader(reader).extent;
     } catch (const ImageError&) {
         return std::nullopt;

@@ -1,6 +1,6 @@
 #include "studio/images/PcxDecoder.h"
 
-#include "studio/images/ByteReader.h"
+#include "studio/images/LittleEndianReader.h"
 
 #include <algorithm>
 #include <array>
@@ -65,7 +65,7 @@ void Check(const Header& header)
     }
 }
 
-Header ReadHeader(ByteReader& reader)
+Header ReadHeader(LittleEndianReader& reader)
 {
     Header header;
     const std::uint8_t signature = reader.Byte();
@@ -97,7 +97,7 @@ Header ReadHeader(ByteReader& reader)
 }
 
 /// Runs may go on from one plane or row to the next.
-std::vector<std::byte> Unpack(ByteReader& reader, std::size_t size)
+std::vector<std::byte> Unpack(LittleEndianReader& reader, std::size_t size)
 {
     constexpr std::size_t kLongestRun = 63;
     if (reader.Rest().size() / 2 * kLongestRun + kLongestRun < size) {
@@ -221,7 +221,7 @@ void FillFromPlanes(RgbaImage& image, const Header& header, Bytes raw)
 
 RgbaImage DecodePcx(Bytes file)
 {
-    ByteReader reader(file);
+    LittleEndianReader reader(file);
     const Header header = ReadHeader(reader);
     const std::size_t rawBytes = header.RowBytes() * header.extent.height;
     if (rawBytes > kMostImageBytes) {
@@ -244,7 +244,7 @@ RgbaImage DecodePcx(Bytes file)
 std::optional<ImageExtent> PcxExtent(Bytes file)
 {
     try {
-        ByteReader reader(file);
+        LittleEndianReader reader(file);
         return ReadHeader(reader).extent;
     } catch (const ImageError&) {
         return std::nullopt;

@@ -47,6 +47,7 @@ struct TextureCache::Parts {
 
     void LookLater(const std::string& path, ShelfEntry& entry);
     void Look(const std::string& path, std::unique_lock<std::mutex>& lock);
+    void ReadInto(ShelfEntry& entry, const std::string& path, std::unique_lock<std::mutex>& lock);
     [[nodiscard]] TexturePointer Read(const std::string& path, std::int64_t room) const;
 
     TextureCache& owner;
@@ -83,31 +84,42 @@ void TextureCache::Parts::Look(const std::string& path, std::unique_lock<std::mu
         return;
     }
     entry->looking = true;
+    bool changed = false;
     while (entry->looksDone != entry->looksAsked) {
         const std::uint64_t asked = entry->looksAsked;
-        const std::optional<FileState> known = entry->state;
-        const bool neverRead = entry->texture == nullptr;
-        const std::int64_t room = shelf.Room();
         lock.unlock();
         // Before the file is read: a change in the midst of it is then found by the next look.
         const std::optional<FileState> state = StateOfFile(path);
-        const TexturePointer fresh = neverRead || state != known ? Read(path, room) : nullptr;
         lock.lock();
-        if (fresh) {
-            entry->texture = fresh;
+        const bool isFresh = entry->texture == nullptr || state != entry->state;
+        if (isFresh) {
+            ReadInto(*entry, path, lock);
             entry->state = state;
-            entry->fetched = false;
+            changed = true;
         }
         entry->looksDone = asked;
-        if (fresh) {
+        if (isFresh) {
             lock.unlock();  // whoever hears of it may request it at once
             Q_EMIT owner.textureRead(QString::fromStdString(path));
             lock.lock();
         }
     }
     entry->looking = false;
-    shelf.DropUnused();
+    if (changed) {
+        shelf.DropUnused();
+    }
     looked.notify_all();
+}
+
+void TextureCache::Parts::ReadInto(ShelfEntry& entry, const std::string& path,
+                                   std::unique_lock<std::mutex>& lock)
+{
+    const std::int64_t room = shelf.Room(std::int64_t{4} * limits.side * limits.side);
+    lock.unlock();
+    TexturePointer texture = Read(path, room);
+    lock.lock();
+    shelf.Store(entry, std::move(texture));
+    entry.fetched = false;
 }
 
 TexturePointer TextureCache::Parts::Read(const std::string& path, std::int64_t room) const
@@ -176,6 +188,7 @@ TexturePointer TextureCache::Await(const std::string& path)
 void TextureCache::CheckFiles()
 {
     const std::lock_guard lock(m_parts->mutex);
+    m_parts->shelf.DropUnused();  // what somebody has let go of since
     for (auto& [path, entry] : m_parts->shelf.All()) {
         if (entry.texture) {
             entry.fetched = true;

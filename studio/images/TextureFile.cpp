@@ -39,22 +39,28 @@ void AskForSmallerImage(QImageReader& reader, const ImageBounds& bounds)
     }
 }
 
-QImage ReadWithToolkit(QFile& file, const ImageBounds& bounds)
+struct DecodedImage {
+    QImage image;
+    QSize size;  ///< of the one in the file
+};
+
+DecodedImage ReadWithToolkit(QFile& file, const ImageBounds& bounds)
 {
     QImageReader reader(&file);
     if (reader.format() == "tga") {
         // Ours refused it, and the toolkit's reader is no better at it: it guesses.
         throw ImageError(TextureFileText::tr("The TGA file is damaged.").toStdString());
     }
+    const QSize size = reader.size();
     AskForSmallerImage(reader, bounds);
-    QImage image = reader.read();
+    const QImage image = reader.read();
     if (image.isNull()) {
         throw ImageError(reader.errorString().toStdString());
     }
-    return image;
+    return {image, size.isValid() ? size : image.size()};
 }
 
-QImage ReadAnyType(const QString& path, const ImageBounds& bounds)
+DecodedImage ReadAnyType(const QString& path, const ImageBounds& bounds)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
@@ -64,7 +70,8 @@ QImage ReadAnyType(const QString& path, const ImageBounds& bounds)
     // First of all: the toolkit's own reader of Targa files, where it is installed, reads only
     // some.
     if (const OwnFormat* own = FindOwnFormat(BytesOf(head), LowerSuffix(path))) {
-        return ReadOwnImage(*own, file);
+        const QImage image = ReadOwnImage(*own, file);
+        return {image, image.size()};
     }
     return ReadWithToolkit(file, bounds);
 }
@@ -90,12 +97,13 @@ FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds)
         return {{}, false, TextureFileText::tr("There is no such file.").toStdString()};
     }
     try {
-        TexturePixels pixels = ToTexturePixels(ReadAnyType(QString::fromStdString(path), bounds));
+        const DecodedImage decoded = ReadAnyType(QString::fromStdString(path), bounds);
+        const TexturePixels pixels = ToTexturePixels(decoded.image);
         QImage image = ScaledDown(pixels.image, bounds);
         if (image.isNull()) {
             throw ImageError(TextureFileText::tr("There is not enough memory.").toStdString());
         }
-        return {std::move(image), pixels.hasAlpha, {}};
+        return {std::move(image), pixels.hasAlpha, {}, decoded.size};
     } catch (const std::exception& error) {
         return {{}, false, error.what()};
     }

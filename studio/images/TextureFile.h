@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QSize>
 
 #include <cstdint>
 #include <filesystem>
@@ -30,6 +31,7 @@ struct FileImage {
     QImage image;  ///< Format_RGBA8888, straight alpha; null when the file cannot be read
     bool hasAlpha = false;
     std::string error;  ///< for a person; empty on success
+    QSize size{};       ///< pixels, of the image in the file, before it was scaled down
 };
 
 /// Reads an image of any type that the process knows. Any thread; needs no application object.

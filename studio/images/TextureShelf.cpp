@@ -1,19 +1,12 @@
 #include "studio/images/TextureShelf.h"
 
-#include <algorithm>
-#include <vector>
+#include "studio/images/DropOldest.h"
+
+#include <utility>
 
 namespace studio {
 
 namespace {
-
-/// An unreadable file costs its entry only, but many of them cost something too.
-std::int64_t BytesOf(const ShelfEntry& entry)
-{
-    constexpr std::int64_t kEntryBytes = 1024;
-    const bool ownPixels = entry.texture && entry.texture->error.empty();
-    return kEntryBytes + (ownPixels ? entry.texture->image.sizeInBytes() : 0);
-}
 
 /// A texture that nobody fetched yet must stay, or a small shelf would read it again and again.
 bool IsHeld(const ShelfEntry& entry)
@@ -28,9 +21,18 @@ bool CanBeDropped(const ShelfEntry& entry)
 
 }  // namespace
 
+std::int64_t ShelfEntry::Bytes() const
+{
+    constexpr std::int64_t kEntryBytes = 1024;
+    const bool ownPixels = texture && texture->error.empty();
+    return kEntryBytes + (ownPixels ? texture->image.sizeInBytes() : 0);
+}
+
 ShelfEntry& TextureShelf::Use(const std::string& path)
 {
-    ShelfEntry& entry = m_entries[path];
+    const auto [found, isNew] = m_entries.try_emplace(path);
+    ShelfEntry& entry = found->second;
+    m_bytes += isNew ? entry.Bytes() : 0;
     entry.lastUse = ++m_uses;
     return entry;
 }
@@ -41,41 +43,30 @@ ShelfEntry* TextureShelf::Find(const std::string& path)
     return found == m_entries.end() ? nullptr : &found->second;
 }
 
-std::int64_t TextureShelf::Room() const
+void TextureShelf::Store(ShelfEntry& entry, TexturePointer texture)
 {
+    m_bytes -= entry.Bytes();
+    entry.texture = std::move(texture);
+    m_bytes += entry.Bytes();
+}
+
+std::int64_t TextureShelf::Room(std::int64_t wanted) const
+{
+    if (m_mostBytes - m_bytes >= wanted) {
+        return wanted;
+    }
     constexpr std::int64_t kSmallest = std::int64_t{64} * 64 * 4;
     std::int64_t room = m_mostBytes;
     for (const auto& [path, entry] : m_entries) {
-        room -= IsHeld(entry) ? BytesOf(entry) : 0;
+        room -= IsHeld(entry) ? entry.Bytes() : 0;
     }
     return std::max(room, kSmallest);
 }
 
 void TextureShelf::DropUnused()
 {
-    std::int64_t total = 0;
-    for (const auto& [path, entry] : m_entries) {
-        total += BytesOf(entry);
-    }
-    if (total <= m_mostBytes) {
-        return;
-    }
-    using Place = std::map<std::string, ShelfEntry>::iterator;
-    std::vector<Place> unused;
-    for (auto place = m_entries.begin(); place != m_entries.end(); ++place) {
-        if (CanBeDropped(place->second)) {
-            unused.push_back(place);
-        }
-    }
-    std::sort(unused.begin(), unused.end(), [](const Place& left, const Place& right) {
-        return left->second.lastUse < right->second.lastUse;
-    });
-    for (const Place& place : unused) {
-        if (total <= m_mostBytes) {
-            return;
-        }
-        total -= BytesOf(place->second);
-        m_entries.erase(place);
+    if (m_bytes > m_mostBytes) {
+        m_bytes = DropOldest(m_entries, m_mostBytes, CanBeDropped);
     }
 }
 

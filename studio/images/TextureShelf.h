@@ -20,6 +20,9 @@ struct ShelfEntry {
     int waiting = 0;       ///< threads that wait for a look
     bool fetched = false;  ///< whoever asked for the texture has had it, or the time to fetch it
     std::uint64_t lastUse = 0;
+
+    /// An unreadable file costs its entry only, but many of them cost something too.
+    [[nodiscard]] std::int64_t Bytes() const;
 };
 
 /// The textures by path, within their share of memory. Takes no locks and touches no files.
@@ -32,8 +35,11 @@ public:
     [[nodiscard]] ShelfEntry* Find(const std::string& path);
     [[nodiscard]] std::map<std::string, ShelfEntry>& All() { return m_entries; }
 
-    /// For one more texture, everything dropped that can be; never nothing.
-    [[nodiscard]] std::int64_t Room() const;
+    void Store(ShelfEntry& entry, TexturePointer texture);
+
+    /// For one more texture of at most so many bytes, everything dropped that can be; never
+    /// nothing.
+    [[nodiscard]] std::int64_t Room(std::int64_t wanted) const;
 
     /// Drops the textures that were not used for the longest time, until the rest fits or all of it
     /// is in use.
@@ -42,6 +48,7 @@ public:
 private:
     std::map<std::string, ShelfEntry> m_entries;
     std::int64_t m_mostBytes;
+    std::int64_t m_bytes = 0;  ///< of all entries
     std::uint64_t m_uses = 0;
 };
 

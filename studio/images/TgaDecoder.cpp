@@ -1,6 +1,6 @@
 #include "studio/images/TgaDecoder.h"
 
-#include "studio/images/ByteReader.h"
+#include "studio/images/LittleEndianReader.h"
 
 #include <algorithm>
 #include <array>
@@ -62,7 +62,7 @@ void Check(const Header& header, std::uint8_t mapType, std::uint8_t imageType,
     CheckExtent(header.extent);
 }
 
-Header ReadHeader(ByteReader& reader)
+Header ReadHeader(LittleEndianReader& reader)
 {
     Header header;
     header.noteLength = reader.Byte();
@@ -120,7 +120,7 @@ Pixel FromBgra(const std::byte* at)
     return {Value(at[2]), Value(at[1]), Value(at[0]), Value(at[3])};
 }
 
-std::vector<Pixel> ReadColourMap(ByteReader& reader, const Header& header)
+std::vector<Pixel> ReadColourMap(LittleEndianReader& reader, const Header& header)
 {
     const std::size_t entryBytes = (header.mapEntryBits + 7U) / 8;
     const Bytes entries = reader.Take(header.mapLength * entryBytes);
@@ -143,7 +143,7 @@ void AppendRepeated(std::vector<std::byte>& raw, Bytes pixel, std::size_t times)
 }
 
 /// Runs may go on from one row to the next.
-std::vector<std::byte> Unpack(ByteReader& reader, const Header& header)
+std::vector<std::byte> Unpack(LittleEndianReader& reader, const Header& header)
 {
     const std::size_t pixelBytes = header.BytesPerPixel();
     const std::size_t pixels = header.extent.Pixels();
@@ -242,7 +242,7 @@ void FillColour(RgbaImage& image, const Header& header, Bytes raw)
 
 RgbaImage DecodeTga(Bytes file)
 {
-    ByteReader reader(file);
+    LittleEndianReader reader(file);
     const Header header = ReadHeader(reader);
     reader.Take(header.noteLength);
     std::vector<Pixel> map;
@@ -276,7 +276,7 @@ RgbaImage DecodeTga(Bytes file)
 std::optional<ImageExtent> TgaExtent(Bytes file)
 {
     try {
-        ByteReader reader(file);
+        LittleEndianReader reader(file);
         return ReadHeader(reader).extent;
     } catch (const ImageError&) {
         return std::nullopt;

@@ -112,7 +112,7 @@ Thumbnailer::TexturePicture Thumbnailer::OfTexture(const std::string& file)
     Texture texture;
     texture.image = read.image;
     texture.error = read.error;
-    return {ThumbnailOf(texture, kThumbnailSide), read.image.size(),
+    return {ThumbnailOf(texture, kThumbnailSide), read.size,
             read.error.empty() ? std::string() : file + ": " + read.error};
 }
 

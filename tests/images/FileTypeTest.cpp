@@ -140,6 +140,7 @@ TEST(TextureFile, KeepsProportionsAndHiddenColoursWhenScaledDown)
 {
     const FileImage small = ReadTextureFile(PathOf("rgba32-ffmpeg.tga"), {15, 1 << 20});
     ASSERT_EQ(small.image.size(), QSize(15, 11));
+    EXPECT_EQ(small.size, ReadTextureFile(PathOf("rgba32-ffmpeg.tga"), kNoBounds).image.size());
     EXPECT_EQ(small.image.pixelColor(0, 0), QColor(255, 0, 0));
     EXPECT_EQ(small.image.pixelColor(14, 0), QColor(0, 255, 0, 128));
     EXPECT_TRUE(small.hasAlpha);
@@ -147,6 +148,7 @@ TEST(TextureFile, KeepsProportionsAndHiddenColoursWhenScaledDown)
     const FileImage tiny = ReadTextureFile(PathOf("plain.jpg"), {16384, 15 * 11 * 4});
     EXPECT_LE(tiny.image.sizeInBytes(), 15 * 11 * 4);
     EXPECT_GE(tiny.image.width(), 14);
+    EXPECT_EQ(tiny.size, ReadTextureFile(PathOf("plain.jpg"), kNoBounds).image.size());
 }
 
 TEST(TextureFile, SaysWhyThereIsNoImage)

@@ -10,9 +10,9 @@ namespace studio {
 
 /// Reads little-endian values off the front of a file; throws ImageError where the file ends too
 /// early.
-class ByteReader {
+class LittleEndianReader {
 public:
-    explicit ByteReader(std::span<const std::byte> bytes) : m_rest(bytes) {}
+    explicit LittleEndianReader(std::span<const std::byte> bytes) : m_rest(bytes) {}
 
     std::span<const std::byte> Take(std::size_t count)
     {
