@@ -29,13 +29,19 @@ private:
     struct Layers {
         TexturePointer color;
         TexturePointer bump;
+        std::uint64_t lastUse = 0;  ///< a round of the views
+
+        [[nodiscard]] std::int64_t Bytes() const;
     };
 
-    const Layers& LayersOf(const PluginTexture& texture);
-    void Put(FrameItem& item, const PluginTexture& texture);
+    Layers& LayersOf(const PluginTexture& texture);
+    /// The round is 0 for pictures that are drawn once.
+    void Put(FrameItem& item, const PluginTexture& texture, std::uint64_t round);
+    void DropOld();
 
     PluginTextures& m_textures;
     std::map<std::uint64_t, Layers> m_layers;  ///< by the key of the plug-in's texture
+    std::uint64_t m_round = PluginTextures::kKeptRounds;
 };
 
 }  // namespace studio

@@ -60,7 +60,7 @@ struct StudioHost::Parts {
     StudioRaytraceServices raytrace;
     RaytraceSources raytraceSources{
         [this](const std::string& file) { return rendering.Textures().Await(file); },
-        [this](Frame& frame) { pluginMaterials.Complete(frame); },
+        [this](Frame& frame) { pluginMaterials.CompleteNow(frame); },
         [this] { return customFields.GetCustomMaterialFieldNames(); }};
     StudioSceneExporter exporter{raytraceSources};
     HostViewportFactory viewports;

@@ -2,6 +2,7 @@
 
 #include "dialogs/ErrorTexts.h"
 #include "host/Status.h"
+#include "studio/images/DropOldest.h"
 #include "studio/plugins/CheckedPlugin.h"
 #include "studio/plugins/PluginFolder.h"
 
@@ -21,15 +22,16 @@ constexpr auto kRest = 150ms;
 constexpr auto kPatience = 12ms;
 constexpr double kPreviewSeconds = 0.02;
 constexpr int kLeastPreview = 64;
-constexpr qsizetype kMostBytes = 128 * 1024 * 1024;
-constexpr std::size_t kMostEntries = 512;
-
-qsizetype BytesOf(const PluginTexture& texture)
-{
-    return texture.color.sizeInBytes() + texture.bump.sizeInBytes();
-}
+// Those that failed have no pixels, but many of them cost something too.
+constexpr std::int64_t kEntryBytes = 4096;
+constexpr qsizetype kPixelBytes = 5;  ///< four of colour and one of height
 
 }  // namespace
+
+std::int64_t PluginTextures::Entry::Bytes() const
+{
+    return kEntryBytes + texture.color.sizeInBytes() + texture.bump.sizeInBytes();
+}
 
 bool PluginTextures::Id::operator<(const Id& other) const
 {
@@ -72,12 +74,20 @@ PluginTexture PluginTextures::Find(const std::string& plugin, const std::vector<
     }
     Lock lock(m_mutex);
     Entry& entry = m_entries[id];
-    entry.asked = ++m_asks;
+    entry.lastUse = ++m_asks;
+    entry.round = m_round;
     if (!entry.failed && entry.stage != Stage::Full) {
         Want({id, entry.stage == Stage::None ? Stage::Preview : Stage::Full}, lock);
     }
     const Entry& now = m_entries[id];
     return now.stage == Stage::None && !now.failed ? m_latest[id.plugin].texture : now.texture;
+}
+
+void PluginTextures::EndRound()
+{
+    const std::lock_guard lock(m_mutex);
+    Evict();
+    ++m_round;
 }
 
 bool PluginTextures::IsWanted(const Job& job) const
@@ -137,14 +147,32 @@ void PluginTextures::Work()
     }
 }
 
+bool PluginTextures::IsVisible(const Entry& entry) const
+{
+    return entry.round + kKeptRounds > m_round;
+}
+
+/// So that all that is visible fits: dropping some of it would make the views ask without end.
+int PluginTextures::FullSize() const
+{
+    const qsizetype visible =
+        std::count_if(m_entries.begin(), m_entries.end(),
+                      [this](const auto& item) { return IsVisible(item.second); });
+    int size = m_sizes.full;
+    while (size > kLeastPreview && visible * kPixelBytes * size * size > m_sizes.bytes) {
+        size /= 2;
+    }
+    return size;
+}
+
 int PluginTextures::SizeOf(const Job& job) const
 {
     if (job.stage == Stage::Full) {
-        return m_sizes.full;
+        return FullSize();
     }
     const auto latest = m_latest.find(job.id.plugin);
     const double cost = latest == m_latest.end() ? 0.0 : latest->second.secondsPerPixel;
-    int size = m_sizes.preview;
+    int size = std::min(m_sizes.preview, FullSize());
     while (size > kLeastPreview && cost * size * size > kPreviewSeconds) {
         size /= 2;
     }
@@ -173,6 +201,7 @@ void PluginTextures::Draw(Lock& lock)
     } else if (!texture.color.isNull()) {
         const std::chrono::duration<double> taken = Clock::now() - begin;
         m_latest[job.id.plugin].secondsPerPixel = taken.count() / size / size;
+        texture.key = ++m_keys;
         Keep(job, std::move(texture));
     }
     m_drawn.notify_all();
@@ -181,11 +210,9 @@ void PluginTextures::Draw(Lock& lock)
 void PluginTextures::Keep(const Job& job, PluginTexture texture)
 {
     Entry& entry = m_entries[job.id];
-    texture.key = ++m_keys;
     entry.texture = std::move(texture);
     entry.stage = job.stage;
     m_latest[job.id.plugin].texture = entry.texture;
-    Evict();
     QMetaObject::invokeMethod(this, &PluginTextures::Ready, Qt::QueuedConnection);
 }
 
@@ -198,19 +225,23 @@ void PluginTextures::Fail(const Job& job, const QString& message)
     }
 }
 
+/// What is visible stays, however much it is.
 void PluginTextures::Evict()
 {
-    qsizetype bytes = 0;
-    for (const auto& [id, entry] : m_entries) {
-        bytes += BytesOf(entry.texture);
+    const auto isHidden = [this](const Entry& entry) { return !IsVisible(entry); };
+    if (DropOldest(m_entries, m_sizes.bytes, isHidden) > m_sizes.bytes) {
+        ShrinkVisible();
     }
-    while (m_entries.size() > 1 && (bytes > kMostBytes || m_entries.size() > kMostEntries)) {
-        const auto oldest =
-            std::min_element(m_entries.begin(), m_entries.end(), [](const auto& a, const auto& b) {
-                return a.second.asked < b.second.asked;
-            });
-        bytes -= BytesOf(oldest->second.texture);
-        m_entries.erase(oldest);
+}
+
+/// The views ask for these again, and get them at the size that fits.
+void PluginTextures::ShrinkVisible()
+{
+    const int size = FullSize();
+    for (auto& [id, entry] : m_entries) {
+        if (entry.texture.color.width() > size) {
+            entry.stage = Stage::Preview;
+        }
     }
 }
 
@@ -221,17 +252,22 @@ PluginTexture PluginTextures::Produce(const std::string& plugin, const std::vect
         throw CorvexMaterial::Error(CorvexMaterial::Status::InvalidArgument,
                                     "There is no plug-in \"" + plugin + "\".");
     }
-    {
-        const std::lock_guard lock(m_mutex);
-        const Entry& entry = m_entries[id];
-        if (entry.stage == Stage::Full) {
-            return entry.texture;
-        }
+    Lock lock(m_mutex);
+    const auto known = m_entries.find(id);
+    if (known != m_entries.end() && known->second.texture.color.width() == m_sizes.full) {
+        known->second.lastUse = ++m_asks;
+        return known->second.texture;
     }
+    lock.unlock();
     PluginTexture texture = id.plugin->Draw(id.values, m_sizes.full, [] { return false; });
-    const std::lock_guard lock(m_mutex);
-    Keep({id, Stage::Full}, std::move(texture));
-    return m_entries[id].texture;
+    lock.lock();
+    texture.key = ++m_keys;
+    if (FullSize() == m_sizes.full) {
+        Keep({id, Stage::Full}, texture);
+        m_entries[id].lastUse = ++m_asks;
+        Evict();
+    }
+    return texture;
 }
 
 }  // namespace studio

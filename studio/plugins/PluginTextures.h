@@ -22,16 +22,21 @@ class PluginFolder;
 /// The textures of plug-in materials: each drawn once per change of values, in a thread of its own,
 /// small at first and large once the values have come to rest.
 ///
-/// Views call `Find` whenever they put a frame together and draw again on `Ready`. So what is
-/// visible is asked for again and again, and what nobody asks for any more is never finished.
+/// Views call `Find` for everything they show whenever they put a frame together, then `EndRound`,
+/// and draw again on `Ready`. So what is visible is asked for again and again, and what nobody asks
+/// for any more is never finished.
 class PluginTextures : public QObject {
     Q_OBJECT
 
 public:
     struct Sizes {
         int preview = 256;  ///< pixels of a side, while values change; less for a slow plug-in
-        int full = 1024;
+        int full = 1024;    ///< less where so many are visible that they would not fit
+        qsizetype bytes = 128 * 1024 * 1024;  ///< of pixels, kept in all
     };
+
+    /// Two views take turns, and each of them draws again for smooth edges.
+    static constexpr std::uint64_t kKeptRounds = 4;
 
     explicit PluginTextures(const PluginFolder& plugins, QObject* parent = nullptr);
     /// The folder outlives this object.
@@ -42,6 +47,10 @@ public:
     /// the latest of the same plug-in stands in for it. Empty for a plug-in that is unknown or
     /// failed. User-interface thread only.
     [[nodiscard]] PluginTexture Find(const std::string& plugin, const std::vector<float>& values);
+
+    /// A view has asked for all it shows. What the latest rounds did not ask for may be dropped
+    /// now.
+    void EndRound();
 
     /// Waits for the texture at full size, for pictures that are drawn once. Errors: Failed, naming
     /// the file; InvalidArgument for an unknown plug-in.
@@ -67,7 +76,10 @@ private:
         PluginTexture texture;
         Stage stage = Stage::None;
         bool failed = false;
-        std::uint64_t asked = 0;  ///< larger = asked for later
+        std::uint64_t lastUse = 0;
+        std::uint64_t round = 0;  ///< of the views, in which it was asked for last
+
+        [[nodiscard]] std::int64_t Bytes() const;
     };
     struct Latest {
         PluginTexture texture;
@@ -87,10 +99,13 @@ private:
     [[nodiscard]] bool TakeJob();
     void Work();
     void Draw(Lock& lock);
+    [[nodiscard]] bool IsVisible(const Entry& entry) const;
+    [[nodiscard]] int FullSize() const;
     [[nodiscard]] int SizeOf(const Job& job) const;
     void Keep(const Job& job, PluginTexture texture);
     void Fail(const Job& job, const QString& message);
     void Evict();
+    void ShrinkVisible();
 
     const PluginFolder& m_plugins;
     const Sizes m_sizes;
@@ -105,6 +120,7 @@ private:
     bool m_stopping = false;
     Clock::time_point m_restless;  ///< when a new set of values came last
     std::uint64_t m_asks = 0;
+    std::uint64_t m_round = kKeptRounds;
     std::uint64_t m_keys = 0;
     std::thread m_worker;
 };

@@ -145,5 +145,36 @@ TEST_F(Textures, ProducingWaitsForTheFullSizeAndSharesIt)
     EXPECT_THROW(static_cast<void>(textures.Produce("Unknown", {})), CorvexMaterial::Error);
 }
 
+TEST_F(Textures, MoreThanFitComeToRestSmallerAndAreProducedWhole)
+{
+    constexpr int kFitting = 8;
+    constexpr int kVisible = 20;
+    constexpr int kLarge = 256;
+    PluginTextures few(folder, {kPreview, kLarge, qsizetype{5} * kLarge * kLarge * kFitting});
+    const auto sees = [&](int count, int size) {
+        bool all = true;
+        for (int level = 0; level < count; ++level) {
+            const PluginTexture found = few.Find("Fake", {static_cast<float>(level)});
+            all = all && found.color.width() == size && Grey(found) == static_cast<float>(level);
+        }
+        few.EndRound();
+        return all;
+    };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sees(kFitting, kLarge); }, 10000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sees(kVisible, kLarge / 2); }, 10000));
+    const int drawings = fake.drawings;
+    for (int i = 0; i < 50; ++i) {
+        EXPECT_TRUE(sees(kVisible, kLarge / 2));
+        QTest::qWait(1);
+    }
+    EXPECT_EQ(fake.drawings, drawings);
+    for (const float level : {3.0F, 200.0F}) {
+        const PluginTexture whole = few.Produce("Fake", {level});
+        EXPECT_EQ(whole.color.width(), kLarge);
+        EXPECT_EQ(Grey(whole), level);
+    }
+    EXPECT_TRUE(sees(kVisible, kLarge / 2));
+}
+
 }  // namespace
 }  // namespace studio
