@@ -7,7 +7,6 @@ namespace studio {
 namespace {
 
 constexpr float kRadiansPerDegree = 0.017453292F;
-constexpr float kFramingMargin = 1.08F;
 
 float Sine(float degrees)
 {
@@ -83,18 +82,6 @@ float Camera::UnitsPerPixel(QSizeF size) const
 {
     return 2.0F * distance * HalfExtentOf(fovDegrees, size).y /
            static_cast<float>(std::max(1.0, size.height()));
-}
-
-Camera Camera::Framing(const Bounds& bounds) const
-{
-    if (bounds.Empty()) {
-        return *this;
-    }
-    Camera framed = *this;
-    framed.target = bounds.Centre();
-    const float radius = std::max(bounds.Radius(), 1e-4F);
-    framed.distance = kFramingMargin * radius / Sine(fovDegrees / 2.0F);
-    return framed;
 }
 
 }  // namespace studio

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "studio/render/Mesh.h"
-
 #include <QMatrix4x4>
 #include <QPointF>
 #include <QSizeF>
@@ -39,9 +37,6 @@ struct Camera {
     [[nodiscard]] Ray RayThrough(QPointF point, QSizeF size) const;
     /// World units that one pixel covers at the target, in a picture of this size.
     [[nodiscard]] float UnitsPerPixel(QSizeF size) const;
-    /// The same direction, moved so that the box fills the picture with a margin around it. An
-    /// empty box changes nothing.
-    [[nodiscard]] Camera Framing(const Bounds& bounds) const;
 
     bool operator==(const Camera&) const = default;
 };

@@ -1,6 +1,7 @@
 #include "studio/render/MeshBuffers.h"
 
-#include <algorithm>
+#include "studio/images/DropOldest.h"
+
 #include <new>
 
 namespace studio {
@@ -11,9 +12,10 @@ constexpr GLuint kNormal = 1;
 constexpr GLuint kTangent = 2;
 constexpr GLuint kUv = 3;
 
-std::size_t BytesOf(const Mesh& mesh)
+std::int64_t BytesOf(const Mesh& mesh)
 {
-    return mesh.vertices.size() * sizeof(Vertex) + mesh.indices.size() * sizeof(std::uint32_t);
+    return static_cast<std::int64_t>(mesh.vertices.size() * sizeof(Vertex) +
+                                     mesh.indices.size() * sizeof(std::uint32_t));
 }
 
 void DescribeAttribute(GLuint location, GLint components, std::size_t offset)
@@ -55,35 +57,19 @@ const MeshBuffers& MeshBufferCache::BuffersOf(const std::shared_ptr<const Mesh>&
 {
     auto found = m_entries.find(mesh->id);
     if (found == m_entries.end()) {
-        const std::size_t bytes = BytesOf(*mesh);
-        found = m_entries.emplace(mesh->id, Entry{mesh, MeshBuffers(*mesh), bytes, m_frame}).first;
-        m_bytes += bytes;
+        found =
+            m_entries.emplace(mesh->id, Entry{mesh, MeshBuffers(*mesh), BytesOf(*mesh), m_frame})
+                .first;
     }
-    found->second.lastFrame = m_frame;
+    found->second.lastUse = m_frame;
     return found->second.buffers;
 }
 
 void MeshBufferCache::EndFrame()
 {
-    std::erase_if(m_entries, [this](const auto& item) {
-        const bool dead = item.second.mesh.expired();
-        m_bytes -= dead ? item.second.bytes : 0;
-        return dead;
-    });
-    while (m_bytes > m_budgetBytes && !m_entries.empty()) {
-        DropOldest();
-    }
+    std::erase_if(m_entries, [](const auto& item) { return item.second.mesh.expired(); });
+    DropOldest(m_entries, m_budgetBytes, [](const Entry& /*entry*/) { return true; });
     ++m_frame;
-}
-
-void MeshBufferCache::DropOldest()
-{
-    const auto oldest =
-        std::min_element(m_entries.begin(), m_entries.end(), [](const auto& a, const auto& b) {
-            return a.second.lastFrame < b.second.lastFrame;
-        });
-    m_bytes -= oldest->second.bytes;
-    m_entries.erase(oldest);
 }
 
 }  // namespace studio

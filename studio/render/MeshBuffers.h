@@ -27,7 +27,7 @@ private:
 /// those that were not drawn for the longest time.
 class MeshBufferCache {
 public:
-    explicit MeshBufferCache(std::size_t budgetBytes) : m_budgetBytes(budgetBytes) {}
+    explicit MeshBufferCache(std::int64_t budgetBytes) : m_budgetBytes(budgetBytes) {}
 
     /// Valid until the next `EndFrame`. Errors: OutOfMemory.
     const MeshBuffers& BuffersOf(const std::shared_ptr<const Mesh>& mesh);
@@ -37,14 +37,13 @@ private:
     struct Entry {
         std::weak_ptr<const Mesh> mesh;
         MeshBuffers buffers;
-        std::size_t bytes;
-        std::uint64_t lastFrame;
+        std::int64_t bytes;
+        std::uint64_t lastUse;  ///< a frame
+
+        [[nodiscard]] std::int64_t Bytes() const { return bytes; }
     };
 
-    void DropOldest();
-
-    std::size_t m_budgetBytes;
-    std::size_t m_bytes = 0;
+    std::int64_t m_budgetBytes;
     std::uint64_t m_frame = 0;
     std::unordered_map<std::uint64_t, Entry> m_entries;
 };

@@ -32,6 +32,8 @@ struct Job {
 }  // namespace
 
 struct RenderService::Parts {
+    using RequestId = std::uint64_t;
+
     explicit Parts(std::unique_ptr<GlContextProvider> contexts) : provider(std::move(contexts)) {}
 
     void Run();
@@ -39,7 +41,7 @@ struct RenderService::Parts {
     RenderResult DrawSafely(const Job& job);
     QImage Draw(const Job& job);
     void Enqueue(Job job);
-    void Deliver(ViewId view, const RenderResult& result);
+    void Deliver(ViewId view, RequestId request, const RenderResult& result);
 
     std::unique_ptr<GlContextProvider> provider;
     TextureCache textures;
@@ -52,7 +54,8 @@ struct RenderService::Parts {
 
     // User-interface thread only.
     QObject receiver;
-    std::map<ViewId, Callback> callbacks;
+    std::map<ViewId, std::map<RequestId, Callback>> callbacks;
+    RequestId lastRequest = 0;
     std::function<void(Frame&)> complete;
     ViewId lastView = 0;
 
@@ -133,13 +136,21 @@ void RenderService::Parts::Enqueue(Job job)
     wake.notify_one();
 }
 
-void RenderService::Parts::Deliver(ViewId view, const RenderResult& result)
+void RenderService::Parts::Deliver(ViewId view, RequestId request, const RenderResult& result)
 {
     const auto found = callbacks.find(view);
-    if (found != callbacks.end() && found->second) {
-        const Callback callback = found->second;  // may remove its view
-        callback(result);
+    if (found == callbacks.end()) {
+        return;
     }
+    auto& asked = found->second;
+    const auto own = asked.find(request);
+    if (own == asked.end()) {
+        return;
+    }
+    const Callback callback = std::move(own->second);  // may remove its view
+    // Earlier requests were replaced and are never drawn.
+    asked.erase(asked.begin(), std::next(own));
+    callback(result);
 }
 
 RenderService::RenderService() : RenderService(MakeGlContextProvider()) {}
@@ -163,7 +174,7 @@ RenderService::~RenderService()
 RenderService::ViewId RenderService::AddView()
 {
     const ViewId view = ++m_parts->lastView;
-    m_parts->callbacks[view] = {};
+    m_parts->callbacks[view];
     return view;
 }
 
@@ -175,7 +186,7 @@ void RenderService::RemoveView(ViewId view)
 
 void RenderService::Cancel(ViewId view)
 {
-    m_parts->callbacks[view] = {};
+    m_parts->callbacks[view].clear();
     const std::lock_guard lock(m_parts->mutex);
     std::erase_if(m_parts->waiting, [&](const Job& job) { return job.view == view; });
 }
@@ -192,16 +203,18 @@ void RenderService::Request(ViewId view, Frame frame, Callback callback)
     if (found == parts->callbacks.end()) {
         return;
     }
-    found->second = std::move(callback);
+    const Parts::RequestId request = ++parts->lastRequest;
+    found->second[request] = std::move(callback);
     if (parts->complete) {
         parts->complete(frame);
     }
-    parts->Enqueue({view, std::move(frame), [parts, view](const RenderResult& result) {
-                        QMetaObject::invokeMethod(
-                            &parts->receiver,
-                            [parts, view, result] { parts->Deliver(view, result); },
-                            Qt::QueuedConnection);
-                    }});
+    parts->Enqueue(
+        {view, std::move(frame), [parts, view, request](const RenderResult& result) {
+             QMetaObject::invokeMethod(
+                 &parts->receiver,
+                 [parts, view, request, result] { parts->Deliver(view, request, result); },
+                 Qt::QueuedConnection);
+         }});
 }
 
 QImage RenderService::DrawNow(Frame frame)

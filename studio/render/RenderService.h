@@ -45,8 +45,9 @@ public:
     /// fills in textures that are not files.
     void SetCompletion(std::function<void(Frame&)> complete);
 
-    /// Draws later; a request of the same view that still waits is replaced and forgotten. The
-    /// callback runs on the user-interface thread from its event loop. User-interface thread only.
+    /// Draws later; a request of the same view that still waits is replaced and forgotten, one that
+    /// is being drawn is delivered to its own callback. The callback runs on the user-interface
+    /// thread from its event loop. User-interface thread only.
     void Request(ViewId view, Frame frame, Callback callback);
 
     /// Forgets what the view asked for; no callback of it runs until its next request.

@@ -20,8 +20,8 @@ using CorvexMaterial::Error;
 using CorvexMaterial::Status;
 
 constexpr int kLargestSide = 8192;
-constexpr std::size_t kMeshBudgetBytes = std::size_t{512} << 20U;
-constexpr std::size_t kTextureBudgetBytes = std::size_t{1} << 30U;
+constexpr std::int64_t kMeshBudgetBytes = std::int64_t{512} << 20U;
+constexpr std::int64_t kTextureBudgetBytes = std::int64_t{1} << 30U;
 constexpr std::size_t kKeptPictureSizes = 4;  ///< the preview, two views, a row of thumbnails
 
 /// The textures of one picture size. Only pictures that need them have the optional ones.

@@ -1,5 +1,7 @@
 #include "studio/render/TextureBuffers.h"
 
+#include "studio/images/DropOldest.h"
+
 #include <algorithm>
 #include <new>
 #include <string_view>
@@ -57,45 +59,28 @@ GLuint TextureBufferCache::TextureOf(const TexturePointer& texture, PixelUse use
     auto found = m_entries.find(key);
     if (found == m_entries.end()) {
         Entry entry;
-        entry.bytes = static_cast<std::size_t>(texture->image.sizeInBytes()) * 4 / 3;
+        entry.bytes = std::int64_t{texture->image.sizeInBytes()} * 4 / 3;
         glBindTexture(GL_TEXTURE_2D, entry.texture.Name());
         Upload(texture->image, use);
         ++m_uploads;
-        m_bytes += entry.bytes;
         found = m_entries.emplace(key, std::move(entry)).first;
     }
     found->second.held = texture;
     found->second.pixels = texture;
-    found->second.lastFrame = m_frame;
+    found->second.lastUse = m_frame;
     return found->second.texture.Name();
 }
 
 void TextureBufferCache::EndFrame()
 {
     for (auto& [key, entry] : m_entries) {
-        if (m_frame - entry.lastFrame > kHeldFrames) {
+        if (m_frame - entry.lastUse > kHeldFrames) {
             entry.held.reset();
         }
     }
-    std::erase_if(m_entries, [this](const auto& item) {
-        const bool dead = item.second.pixels.expired();
-        m_bytes -= dead ? item.second.bytes : 0;
-        return dead;
-    });
-    while (m_bytes > m_budgetBytes && !m_entries.empty()) {
-        DropOldest();
-    }
+    std::erase_if(m_entries, [](const auto& item) { return item.second.pixels.expired(); });
+    DropOldest(m_entries, m_budgetBytes, [](const Entry& /*entry*/) { return true; });
     ++m_frame;
-}
-
-void TextureBufferCache::DropOldest()
-{
-    const auto oldest =
-        std::min_element(m_entries.begin(), m_entries.end(), [](const auto& a, const auto& b) {
-            return a.second.lastFrame < b.second.lastFrame;
-        });
-    m_bytes -= oldest->second.bytes;
-    m_entries.erase(oldest);
 }
 
 }  // namespace studio

@@ -20,7 +20,7 @@ enum class PixelUse { Colour, Data };
 /// not drawn for the longest time.
 class TextureBufferCache {
 public:
-    explicit TextureBufferCache(std::size_t budgetBytes) : m_budgetBytes(budgetBytes) {}
+    explicit TextureBufferCache(std::int64_t budgetBytes) : m_budgetBytes(budgetBytes) {}
 
     /// Name of a mipmapped, repeating texture, valid until the next `EndFrame`. Binds it to the
     /// active unit when it is new. Errors: OutOfMemory.
@@ -33,17 +33,16 @@ public:
 private:
     struct Entry {
         GlTexture texture;
-        std::size_t bytes = 0;
+        std::int64_t bytes = 0;
         TexturePointer held;
         std::weak_ptr<const Texture> pixels;
-        std::uint64_t lastFrame = 0;
+        std::uint64_t lastUse = 0;  ///< a frame
+
+        [[nodiscard]] std::int64_t Bytes() const { return bytes; }
     };
     using Key = std::pair<std::uint64_t, PixelUse>;
 
-    void DropOldest();
-
-    std::size_t m_budgetBytes;
-    std::size_t m_bytes = 0;
+    std::int64_t m_budgetBytes;
     std::uint64_t m_frame = 0;
     std::uint64_t m_uploads = 0;
     std::map<Key, Entry> m_entries;

@@ -99,12 +99,6 @@ void ViewportWidget::SetBackground(CorvexMaterial::Colour colour)
     Draw();
 }
 
-void ViewportWidget::SetBackdrop(Backdrop backdrop)
-{
-    m_backdrop = backdrop;
-    Draw();
-}
-
 Frame ViewportWidget::CurrentFrame() const
 {
     Frame frame;
@@ -113,7 +107,6 @@ Frame ViewportWidget::CurrentFrame() const
     frame.height = size.height();
     frame.camera = m_camera;
     frame.background = m_background;
-    frame.backdrop = m_backdrop;
     frame.outlinePixels *= static_cast<float>(devicePixelRatioF());
     if (m_source != nullptr) {
         m_source->Fill(frame);
@@ -144,11 +137,17 @@ void ViewportWidget::RequestPicture(int samples)
     Frame frame = CurrentFrame();
     frame.samples = samples;
     m_wanted = false;
-    m_service.Request(m_view, std::move(frame),
-                      [this, samples](const RenderResult& result) { Receive(result, samples); });
+    const std::uint64_t request = ++m_requests;
+    m_service.Request(
+        m_view, std::move(frame), [this, samples, request](const RenderResult& result) {
+            Receive(result);
+            if (result.status == CorvexMaterial::Status::Success && request == m_requests) {
+                Settle(samples);
+            }
+        });
 }
 
-void ViewportWidget::Receive(const RenderResult& result, int samples)
+void ViewportWidget::Receive(const RenderResult& result)
 {
     if (result.status != CorvexMaterial::Status::Success) {
         const QString message = QString::fromStdString(result.error);
@@ -159,6 +158,10 @@ void ViewportWidget::Receive(const RenderResult& result, int samples)
     }
     m_picture.ShowDrawn(result.image);
     update();
+}
+
+void ViewportWidget::Settle(int samples)
+{
     if (samples == 1) {
         RefineWhenIdle();
     }
@@ -177,7 +180,6 @@ void ViewportWidget::MoveCamera(const studio::Camera& camera)
 {
     m_camera = camera;
     Draw();
-    Q_EMIT cameraMoved();
     Q_EMIT positionText(PositionText());
 }
 
@@ -190,7 +192,7 @@ void ViewportWidget::DragBy(QPointF delta)
 void ViewportWidget::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    m_picture.Paint(painter, rect(), BackdropColoursOf(m_background, m_backdrop));
+    m_picture.Paint(painter, rect(), BackdropColoursOf(m_background, Frame().backdrop));
 }
 
 void ViewportWidget::resizeEvent(QResizeEvent* event)
@@ -211,9 +213,11 @@ void ViewportWidget::showEvent(QShowEvent* event)
 
 void ViewportWidget::mousePressEvent(QMouseEvent* event)
 {
-    if (m_drag != Drag::None) {
+    if (m_drag != Drag::None && event->buttons().testFlag(m_button)) {
         return;  // a second button does not change what the first one began
     }
+    m_button = event->button();
+    m_drag = Drag::None;
     m_pressed = m_last = event->position();
     if (event->button() == Qt::MiddleButton) {
         m_drag = Drag::Pan;
@@ -240,6 +244,9 @@ void ViewportWidget::mouseMoveEvent(QMouseEvent* event)
 
 void ViewportWidget::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (event->button() != m_button) {
+        return;
+    }
     const Drag drag = std::exchange(m_drag, Drag::None);
     unsetCursor();
     if (drag == Drag::Undecided) {

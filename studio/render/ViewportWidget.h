@@ -39,7 +39,6 @@ public:
     void ResetView();
 
     void SetBackground(CorvexMaterial::Colour colour);
-    void SetBackdrop(Backdrop backdrop);
 
     /// The frame that the next `Draw` would ask for.
     [[nodiscard]] Frame CurrentFrame() const;
@@ -51,10 +50,9 @@ public:
 Q_SIGNALS:
     /// Pressed and released without a drag; widget coordinates (see Camera::RayThrough).
     void clicked(QPoint position, Qt::KeyboardModifiers modifiers);
-    void cameraMoved();
     /// The end of a drag, of a run of wheel steps, or a reset.
     void interactionFinished();
-    /// A drawn picture has become the one that is painted.
+    /// The picture that was asked for last has become the one that is painted.
     void pictureShown();
     void positionText(const QString& text);
     /// No picture could be drawn; the widget shows the text itself too.
@@ -74,7 +72,8 @@ private:
     enum class Drag { None, Undecided, Turn, Pan };
 
     void RequestPicture(int samples);
-    void Receive(const RenderResult& result, int samples);
+    void Receive(const RenderResult& result);
+    void Settle(int samples);
     void RefineWhenIdle();
     void MoveCamera(const studio::Camera& camera);
     void DragBy(QPointF delta);
@@ -85,13 +84,14 @@ private:
     studio::Camera m_camera;
     studio::Camera m_home;
     CorvexMaterial::Colour m_background = Frame().background;
-    Backdrop m_backdrop = Backdrop::Gradient;
     ViewportPicture m_picture;
     bool m_wanted = false;  ///< a picture is to be drawn once the widget can be seen
     QTimer m_drawSoon;
     QTimer m_refineSoon;  ///< a view that rests gets smooth edges
     QTimer m_wheelEnd;
+    std::uint64_t m_requests = 0;
     Drag m_drag = Drag::None;
+    Qt::MouseButton m_button = Qt::NoButton;  ///< that began the drag
     QPointF m_pressed;
     QPointF m_last;
 };

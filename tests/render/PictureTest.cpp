@@ -63,7 +63,7 @@ TEST(Picture, FramingFillsTheSmallerSide)
 {
     studio::Frame frame = FrameOf({Item(Ball(), Glowing(0xFFFFFF), Moved(30, 0, 5))});
     frame.width = 200;
-    frame.camera = studio::Camera().Framing(studio::WorldBounds(frame.items));
+    frame.camera = studio::Framed(studio::Camera(), frame.items);
     const QImage picture = Draw(frame);
     EXPECT_EQ(picture.pixel(100, 32), kWhite);
     EXPECT_EQ(picture.pixel(100, 0), kBlack);

@@ -78,7 +78,10 @@ TEST_F(RenderServiceTest, LatestRequestOfAViewWinsAndNoViewStarves)
     std::vector<QRgb> seen;
     std::vector<QRgb> seenByOther;
     for (int i = 1; i <= 50; ++i) {
-        service.Request(busy, Coloured(i), Record(seen));
+        service.Request(busy, Coloured(i), [&, i](const RenderResult& result) {
+            EXPECT_EQ(result.image.pixel(0, 0), qRgb(i, 0, 0)) << "another request's picture";
+            seen.push_back(result.image.pixel(0, 0));
+        });
         if (i == 25) {
             service.Request(other, Coloured(0x00FF00), Record(seenByOther));
         }
