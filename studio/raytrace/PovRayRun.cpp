@@ -1,5 +1,6 @@
 #include "studio/raytrace/PovRayRun.h"
 
+#include "host/Status.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
@@ -7,6 +8,8 @@
 #include <QTimer>
 
 #include <csignal>
+
+#include <sys/prctl.h>
 
 namespace studio {
 namespace {
@@ -51,6 +54,7 @@ PovRayRun::PovRayRun(QObject* parent) : QObject(parent)
 {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
+    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     connect(&m_process, &QProcess::readyRead, this, &PovRayRun::ReadProgress);
     connect(&m_process, &QProcess::finished, this, &PovRayRun::Conclude);
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -76,6 +80,12 @@ void PovRayRun::Start(const QString& program, const RaytraceScene& scene,
                       const RaytraceImages::Lookup& textures, int antialias)
 {
     m_folder.emplace(QDir::tempPath() + QStringLiteral("/corvex-render-XXXXXX"));
+    if (!m_folder->isValid()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    tr("No folder for the picture can be made in %1: %2")
+                                        .arg(QDir::tempPath(), m_folder->errorString())
+                                        .toStdString());
+    }
     const QString file = m_folder->filePath(QStringLiteral("scene.pov"));
     WriteRaytraceScene(file, scene, textures, ImagesBeside(file));
     m_words.clear();

@@ -50,8 +50,7 @@ public:
     void Write(std::size_t index)
     {
         const FrameItem& item = m_scene.frame.items[index];
-        if (item.mesh == nullptr || TrianglesWithArea(*item.mesh).empty() ||
-            IsTestedAway(item, m_images)) {
+        if (item.mesh == nullptr || !HasArea(*item.mesh) || IsTestedAway(item, m_images)) {
             return;
         }
         WriteComments(index);
@@ -66,11 +65,14 @@ private:
     [[nodiscard]] std::string MeshOf(const FrameItem& item, const std::string& number);
     void WriteObject(const FrameItem& item, const std::string& mesh, const std::string& surface);
     [[nodiscard]] bool HidesBackFaces(const FrameItem& item);
+    [[nodiscard]] bool HasArea(const Mesh& mesh);
+    [[nodiscard]] bool HasNoBorder(const Mesh& mesh);
 
     TextStream& m_out;
     const RaytraceScene& m_scene;
     RaytraceImages& m_images;
     std::map<std::uint64_t, std::string> m_meshes;  ///< names by the mesh's id
+    std::map<std::uint64_t, bool> m_hasArea;
     std::map<std::uint64_t, bool> m_closed;
 };
 
@@ -117,11 +119,25 @@ bool ShapeWriter::HidesBackFaces(const FrameItem& item)
     if (item.mesh->indices.size() / 3 > kMostTrianglesToSearch) {
         return false;
     }
-    const auto known = m_closed.find(item.mesh->id);
-    const bool closed = known != m_closed.end()
-                            ? known->second
-                            : m_closed.emplace(item.mesh->id, IsClosed(*item.mesh)).first->second;
-    return !closed;
+    return !HasNoBorder(*item.mesh);
+}
+
+bool ShapeWriter::HasArea(const Mesh& mesh)
+{
+    const auto [known, isNew] = m_hasArea.try_emplace(mesh.id);
+    if (isNew) {
+        known->second = !TrianglesWithArea(mesh).empty();
+    }
+    return known->second;
+}
+
+bool ShapeWriter::HasNoBorder(const Mesh& mesh)
+{
+    const auto [known, isNew] = m_closed.try_emplace(mesh.id);
+    if (isNew) {
+        known->second = IsClosed(mesh);
+    }
+    return known->second;
 }
 
 void ShapeWriter::WriteObject(const FrameItem& item, const std::string& mesh,
@@ -132,7 +148,7 @@ void ShapeWriter::WriteObject(const FrameItem& item, const std::string& mesh,
         m_out << " interior_texture { Clear }";
     }
     WriteMatrix(m_out, PovRayMatrix(item.worldFromMesh));
-    m_out << (m_scene.shadows ? " }\n" : " no_shadow }\n");
+    m_out << " no_shadow }\n";
 }
 
 void WriteHeader(TextStream& out, const RaytraceScene& scene)

@@ -4,6 +4,7 @@
 #include "studio/raytrace/Quoting.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDir>
 #include <QImageReader>
 #include <QImageWriter>
@@ -46,6 +47,22 @@ void Save(const QImage& image, const QString& file, const char* format)
     }
 }
 
+/// Names what a file holds, so that no other file, of the user or of an earlier scene that still
+/// needs it, is ever replaced by it.
+QByteArray DigestOf(const QImage& image)
+{
+    constexpr qsizetype kLetters = 16;
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const int number : {image.width(), image.height(), static_cast<int>(image.format())}) {
+        hash.addData(QByteArray::number(number).append(' '));
+    }
+    const qsizetype rowBytes = qsizetype{image.width()} * image.depth() / 8;
+    for (int y = 0; y < image.height(); ++y) {
+        hash.addData(QByteArrayView(image.constScanLine(y), rowBytes));
+    }
+    return hash.result().toHex().left(kLetters);
+}
+
 }  // namespace
 
 RaytraceImages::RaytraceImages(ImageReader reader, Lookup lookup, Place place)
@@ -79,6 +96,15 @@ std::string_view RaytraceImages::OwnKind(const std::string& file) const
 
 RaytraceImage RaytraceImages::ImageOf(const std::string& file)
 {
+    const auto [known, isNew] = m_byFile.try_emplace(file);
+    if (isNew) {
+        known->second = FoundOrSaved(file);
+    }
+    return known->second;
+}
+
+RaytraceImage RaytraceImages::FoundOrSaved(const std::string& file)
+{
     const TexturePointer texture = TextureOf(file);
     if (texture == nullptr) {
         return {};
@@ -98,8 +124,8 @@ RaytraceImage RaytraceImages::ImageOf(const Texture& drawn)
         return known->second;
     }
     const SavedType type = SavedTypeOf(m_reader);
-    const QString name =
-        QStringLiteral("texture%1%2").arg(m_saved.size() + 1).arg(QLatin1String(type.suffix));
+    const QString name = QStringLiteral("texture-") + QString::fromLatin1(DigestOf(drawn.image)) +
+                         QLatin1String(type.suffix);
     QDir().mkpath(m_place.folder);
     Save(drawn.image, m_place.folder + u'/' + name, type.format);
     return m_saved

@@ -24,7 +24,7 @@ enum class ImageReader { PovRay, RenderMan };
 
 /// Finds or makes an image file that the raytracer can read for each texture of a scene. The user's
 /// own file serves as it is when its type and path allow; anything else, drawn textures and the
-/// pattern for missing files included, is saved into a folder of ours.
+/// pattern for missing files included, is saved into a folder of ours, under a name by its content.
 class RaytraceImages {
 public:
     using Lookup = std::function<TexturePointer(const std::string&)>;
@@ -42,11 +42,13 @@ public:
     [[nodiscard]] RaytraceImage ImageOf(const Texture& drawn);
 
 private:
+    [[nodiscard]] RaytraceImage FoundOrSaved(const std::string& file);
     [[nodiscard]] std::string_view OwnKind(const std::string& file) const;
 
     ImageReader m_reader;
     Lookup m_lookup;
     Place m_place;
+    std::map<std::string, RaytraceImage> m_byFile;
     std::map<std::uint64_t, RaytraceImage> m_saved;  ///< by the texture's id
 };
 

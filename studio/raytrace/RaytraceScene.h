@@ -12,8 +12,7 @@ struct RaytraceScene {
     Frame frame;                     ///< its size counts for the proportions only
     std::vector<std::string> names;  ///< of the items, in their order; may be shorter
     std::vector<std::string> customFieldNames;
-    bool shadows = false;  ///< the viewport's lights cast none
-    bool flat = false;     ///< a square with x and y from -1 to 1, seen and lit straight on
+    bool flat = false;  ///< a square with x and y from -1 to 1, seen and lit straight on
 };
 
 }  // namespace studio

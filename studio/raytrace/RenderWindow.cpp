@@ -29,6 +29,7 @@ RenderWindow::RenderWindow(QWidget* parent)
     m_progress->setRange(0, 100);
     m_save->setObjectName(QStringLiteral("saveRendered"));
     m_save->setEnabled(false);
+    m_cancel->setObjectName(QStringLiteral("cancelRender"));
     auto* area = new QScrollArea(this);
     area->setWidget(m_picture);
     area->setWidgetResizable(true);
@@ -48,7 +49,7 @@ RenderWindow::RenderWindow(QWidget* parent)
     connect(m_run, &PovRayRun::Finished, this, &RenderWindow::ShowPicture);
     connect(m_run, &PovRayRun::Failed, this, &RenderWindow::ShowFailure);
     connect(m_save, &QPushButton::clicked, this, &RenderWindow::ChooseFile);
-    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_cancel, &QPushButton::clicked, this, &RenderWindow::CancelOrClose);
 }
 
 void RenderWindow::Start(const QString& program, const RaytraceScene& scene,
@@ -59,6 +60,17 @@ void RenderWindow::Start(const QString& program, const RaytraceScene& scene,
     const QSize room = screen()->availableSize() * 9 / 10;
     resize((size + QSize(40, 80)).boundedTo(room));
     m_run->Start(program, scene, textures, antialias);
+}
+
+void RenderWindow::CancelOrClose()
+{
+    if (m_run->IsRunning()) {
+        m_cancel->setEnabled(false);
+        m_status->setText(tr("POV-Ray is being stopped."));
+        m_run->Cancel();
+    } else {
+        reject();
+    }
 }
 
 void RenderWindow::ShowPicture(const QImage& picture)
@@ -75,10 +87,12 @@ void RenderWindow::ShowPicture(const QImage& picture)
 
 void RenderWindow::ShowFailure(const QString& message)
 {
+    const QString text = message.isEmpty() ? tr("Cancelled.") : message;
     m_progress->hide();
-    m_status->setText(message);
+    m_status->setText(text);
     m_cancel->setText(tr("Close"));
-    Q_EMIT Ended(message.isEmpty() ? tr("Cancelled.") : message);
+    m_cancel->setEnabled(true);
+    Q_EMIT Ended(text);
 }
 
 void RenderWindow::SaveTo(const QString& file) const

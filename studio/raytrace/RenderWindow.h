@@ -10,7 +10,8 @@ class QPushButton;
 
 namespace studio {
 
-/// Shows a picture while POV-Ray makes it, and keeps it for saving. Closing it cancels.
+/// Shows a picture while POV-Ray makes it, and keeps it for saving. Closing it ends a
+/// run that is still going.
 class RenderWindow : public QDialog {
     Q_OBJECT
 
@@ -27,6 +28,7 @@ Q_SIGNALS:
     void Ended(const QString& message);  ///< empty when there is a picture
 
 private:
+    void CancelOrClose();
     void ShowPicture(const QImage& picture);
     void ShowFailure(const QString& message);
     void ChooseFile();

@@ -15,7 +15,7 @@ public:
     /// See `AttributeText`.
     std::string
     CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes) override;
-    /// Windows are repainted meanwhile and nothing else is handled.
+    /// No input is handled meanwhile; windows are repainted, timers and queued signals go on.
     std::int32_t StartAndWait(const CorvexDB::CommandLine& commandLine) override;
     void RaytraceAbandoned() override;
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,

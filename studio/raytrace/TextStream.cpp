@@ -21,7 +21,6 @@ void TextStream::Finish()
 {
     if (m_used > 0) {
         m_sink({m_buffer.get(), m_used});
-        m_passed += m_used;
         m_used = 0;
     }
 }
@@ -39,7 +38,6 @@ TextStream& TextStream::operator<<(std::string_view text)
     if (text.size() > kPiece) {
         Finish();
         m_sink(text);
-        m_passed += text.size();
         return *this;
     }
     if (!text.empty()) {

@@ -29,7 +29,6 @@ public:
     TextStream& operator<<(const QVector3D& vector);
 
     void Finish();
-    [[nodiscard]] std::size_t Written() const { return m_passed + m_used; }
 
 private:
     [[nodiscard]] char* RoomFor(std::size_t letters);
@@ -39,7 +38,6 @@ private:
     Sink m_sink;
     std::unique_ptr<char[]> m_buffer;
     std::size_t m_used = 0;
-    std::size_t m_passed = 0;
 };
 
 }  // namespace studio

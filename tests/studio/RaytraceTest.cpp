@@ -9,6 +9,7 @@
 #include <QAbstractButton>
 #include <QDialog>
 #include <QDir>
+#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -95,6 +96,20 @@ TEST_F(Raytracing, ThePreviewBecomesPovRaysPicture)
     EXPECT_NE(after, before);
     EXPECT_GT(std::max(qRed(middle), qBlue(middle)), qGreen(middle) + 50);
     EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(Raytracing, ARenderedSceneCanBeCancelled)
+{
+    rig.Window().RenderScene();
+    auto* window = rig.Window().findChild<QDialog*>("renderWindow");
+    ASSERT_NE(window, nullptr);
+    auto* cancel = window->findChild<QAbstractButton*>("cancelRender");
+    CorvexTest::Click(*cancel);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return window->findChild<QLabel*>("renderStatus")->text() == "Cancelled."; }, 10000));
+    QSignalSpy gone(window, &QObject::destroyed);
+    CorvexTest::Click(*cancel);
+    EXPECT_TRUE(gone.wait());
 }
 
 TEST_F(Raytracing, ASimulationIsTheOnlyFileThatStays)

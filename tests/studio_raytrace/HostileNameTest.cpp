@@ -4,6 +4,7 @@
 #include "tests/studio_raytrace/RibReader.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLocale>
 
@@ -109,6 +110,23 @@ TEST(HostileNames, AreNothingToPovRay)
         }
     }
     EXPECT_FALSE(QFile::exists(rig.Folder() + "/evil.txt"));
+}
+
+TEST(SavedImages, OfAnEarlierSceneStay)
+{
+    RaytraceRig rig;
+    const auto saved = [&](const QColor& colour) {
+        const std::string file = rig.Image("changing.bmp", [&](int, int) { return colour; });
+        static_cast<void>(rig.PovRayText(
+            SceneWith(Sphere(), [&](udtMaterial& material) { material.Textures.primary = file; })));
+        return QDir(rig.Folder() + "/scene_textures").entryList(QDir::Files);
+    };
+    const QStringList first = saved(Qt::red);
+    ASSERT_EQ(first.size(), 1);
+    EXPECT_EQ(saved(Qt::red), first);
+    EXPECT_EQ(saved(Qt::blue).size(), 2);
+    const QImage kept(rig.Folder() + "/scene_textures/" + first.front());
+    EXPECT_EQ(kept.pixelColor(0, 0), QColor(Qt::red));
 }
 
 TEST(HostileNames, NumbersKeepTheirDotAndNeverBreakTheFile)

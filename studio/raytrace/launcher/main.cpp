@@ -74,6 +74,9 @@ public:
             close(file);
         }
         if (!written) {
+            if (file >= 0) {
+                std::remove(m_name.c_str());
+            }
             throw std::runtime_error(m_name + " cannot be written");
         }
     }
