@@ -25,6 +25,13 @@
 
 namespace studio {
 
+namespace {
+
+/// Each may hold two materials for every shape of a large scene.
+constexpr int kUndoSteps = 200;
+
+}  // namespace
+
 using CorvexMaterial::Material;
 using CorvexMaterial::PromptIcon;
 using CorvexMaterial::Status;
@@ -35,6 +42,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_warnings(platform.settings, *this), m_exchange(new MaterialExchange(host, importer, *this)),
       m_opener(new ModelOpener(*this, std::move(importer)))
 {
+    m_history.setUndoLimit(kUndoSteps);
     setWindowIcon(StudioIcon());
     setAcceptDrops(true);
     BuildStatusBar();

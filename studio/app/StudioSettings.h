@@ -35,9 +35,9 @@ public:
     [[nodiscard]] QString RenderManLocation() const;
     void SetRenderManLocation(const QString& program);
 
-    /// Whether the control has ever saved its layout.
     /// The library that the control opens when it reads its saved state.
     void SetLibraryName(const char* key, const std::string& name);
+    /// Whether the control has ever saved its layout.
     [[nodiscard]] bool HasPanelLayout() const;
 
     /// Puts everything on disk. Errors: FileFailed, naming the file.

@@ -39,10 +39,10 @@ public:
     StudioShape();
     StudioShape(std::string name, std::shared_ptr<const Mesh> mesh, AppliedMaterial applied);
 
-    /// Takes the material over, and leaves the way coordinates are made as it was. Cost does not
-    /// depend on the mesh, and the material is shared, not copied, unless it is applied
-    /// `FilesOnly`. Then the shape keeps its use of texture alpha and its overlay translucency.
-    /// Errors: NotAvailable for parts of a shape; the shape stays as it was.
+    /// Takes the material over, and leaves the way coordinates are made as it was. The mesh costs
+    /// something only where its points are to be merged, and the material is shared, not copied,
+    /// unless it is applied `FilesOnly`. Then the shape keeps its use of texture alpha and its
+    /// overlay translucency. Errors: NotAvailable for parts of a shape; the shape stays as it was.
     void ApplyMaterial(const CorvexSG::MaterialApplication& application) override;
     /// The same, and from now on the wrap makes the coordinates.
     void ApplyMaterialWrapped(const CorvexSG::MaterialApplication& application) override;

@@ -136,7 +136,6 @@ Cell CellAt(float u, float v, Periodic period, std::uint32_t seed)
             }
         }
     }
-    cell.centre = nearest;
     cell.border = (second - nearest) * 0.5F;
     return cell;
 }

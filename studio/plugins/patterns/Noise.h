@@ -27,11 +27,9 @@ struct Octaves {
 /// part of the texture, are left out.
 [[nodiscard]] float Fractal(float u, float v, const Octaves& octaves, float pixel);
 
-/// Of scattered points, one per cell: how far the nearest one and the border to its neighbour are,
-/// in cells.
+/// Of scattered points, one per cell, the nearest one.
 struct Cell {
-    float centre = 0.0F;
-    float border = 0.0F;
+    float border = 0.0F;  ///< how far the border to its neighbour is, in cells
     float random = 0.0F;  ///< 0 to 1, the cell's own
 };
 
