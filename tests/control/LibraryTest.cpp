@@ -127,7 +127,7 @@ TEST_P(EachLibrary, DialogIsAnnouncedAndItsFileLoaded)
         ASSERT_EQ(rig.warnings.size(), 1U);
         EXPECT_EQ(rig.warnings[0].key.toStdString(), kind.Named(""));
         EXPECT_EQ(rig.warnings[0].text.toStdString(),
-                  "You can create a new " + kind.lower +
+                  std::string("You can create a new ") + kind.lower +
                       " library by typing a new library name and clicking \"Open\".");
         EXPECT_EQ(rig.log.Order({"Event.evtReqWarn", "Choosers.ChooseFile"}),
                   (std::vector<std::string>{"Event.evtReqWarn", "Choosers.ChooseFile"}));

@@ -209,7 +209,7 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
     ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().details;
     const QImage shown = Preview().grab().toImage();
     EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(Qt::darkGreen));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QDir(jobs.path()).isEmpty(); }, 5000))
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Files().isEmpty(); }, 5000))
         << "the images go with the scene";
     QFile log(renderer + ".log");
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));

@@ -32,7 +32,9 @@ void RecordingApplicationState::OpenWebSite(CorvexDB::WebSite site)
 void RecordingMaterialLibrary::CreateLibrary(const std::string& path)
 {
     m_log.Enter("MaterialLibrary.CreateLibrary", path);
-    creating(path);
+    if (creating) {
+        creating(path);
+    }
 }
 
 CorvexDB::LibraryContent RecordingMaterialLibrary::Open(const std::string& path)
@@ -63,7 +65,9 @@ void RecordingMaterialLibrary::DeleteMaterialFromLibrary(std::int32_t index)
 void RecordingTextureLibrary::CreateLibrary(const std::string& path)
 {
     m_log.Enter("TextureLibrary.CreateLibrary", path);
-    creating(path);
+    if (creating) {
+        creating(path);
+    }
 }
 
 CorvexDB::LibraryContent RecordingTextureLibrary::Open(const std::string& path)
