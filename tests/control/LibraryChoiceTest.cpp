@@ -34,8 +34,10 @@ TEST_F(MaterialLibrary, AddedMaterialIsTheOneOfThePanel)
     EXPECT_EQ(rig.host.materialLibrary.materials.back().Specular, 70);
 
     // Shapes take the files alone now; a library keeps all of the material.
+    CorvexDB::udtMaterial shown;
+    shown.OverlayTranslucency = 35.0F;
+    rig.Control().CopyFieldToFormMaterial(shown);
     rig.Control().put_ApplyRelative(CorvexDB::ApplyMode::FilesOnly);
-    Type(rig.Field("txtTexture2Translucency"), "35");
     Click(Button("Add"));
     EXPECT_EQ(rig.host.materialLibrary.materials.back().OverlayTranslucency, 35.0F);
     EXPECT_NE(rig.Previewed().OverlayTranslucency, 35.0F);

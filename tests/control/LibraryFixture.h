@@ -54,12 +54,16 @@ protected:
         rig.host.materialLibrary.materials[1].Color = 255;
         rig.host.textureLibrary.files = {"/t/agate.png", "/t/onyx.png", "/t/jade.png"};
         rig.platform.libraryFiles.paths.insert(kind.Path("Wood"));
+        Start();
+    }
+
+    void Start()
+    {
         rig.Start();
         rig.Control().put_bTexturePanel(true);
         rig.Control().put_bMaterialLibraryPanel(true);
         Forget();
     }
-
     void Forget()
     {
         rig.log.Clear();

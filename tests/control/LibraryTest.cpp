@@ -173,7 +173,7 @@ TEST_P(EachLibrary, RowsBeyondSixteenBitsAreAnErrorThatChangesNothing)
     for (const char* rows : {"MaterialRows", "TextureRows"}) {
         rig.platform.settings.Put(rows, "32766");
     }
-    rig.Start();
+    Start();
     auto& more = Button("More");
     Click(more);
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
