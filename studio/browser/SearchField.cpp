@@ -21,7 +21,6 @@ SearchField::SearchField(QWidget* parent) : QLineEdit(parent)
     setAccessibleName(tr("Search in the library"));
     setClearButtonEnabled(true);
     setMinimumWidth(60);
-    setTextMargins(3, 0, 0, 0);
     ShowError({});
     connect(this, &QLineEdit::textChanged, this, &SearchField::Read);
 }
