@@ -139,7 +139,7 @@ TEST_F(Raytracing, ARenderedSceneCanBeCancelled)
         [&] { return window->findChild<QLabel*>("renderStatus")->text() == "Cancelled."; }, 10000));
     QSignalSpy gone(window, &QObject::destroyed);
     CorvexTest::Click(*cancel);
-    EXPECT_TRUE(gone.wait());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return gone.count() == 1; }));
 }
 
 TEST_F(Raytracing, ASimulationStaysForAsLongAsSomethingRefersToIt)
