@@ -17,6 +17,9 @@ constexpr int kMostStoredSide = 1024;
 
 QImage Decoded(const std::string& png)
 {
+    if (png.empty()) {
+        return {};  // the decoder would complain of it to the terminal
+    }
     QByteArray bytes = QByteArray::fromRawData(png.data(), static_cast<qsizetype>(png.size()));
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer, "png");
