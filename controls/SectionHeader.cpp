@@ -54,7 +54,7 @@ void SectionHeader::paintEvent(QPaintEvent* /*event*/)
     const QRect textArea = rect().adjusted(kArrowArea, 0, -6, 0);
     painter.drawText(textArea, Qt::AlignVCenter | Qt::AlignLeft,
                      fontMetrics().elidedText(text(), Qt::ElideRight, textArea.width()));
-    if (hasFocus()) {
+    if (hasFocus() && arrow.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);

@@ -28,7 +28,7 @@ void Swatch::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor edge = palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid);
+    const QColor edge = palette().color(hasFocus() ? QPalette::Highlight : QPalette::Midlight);
     painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
     painter.setBrush(isEnabled() ? m_color : palette().color(QPalette::Button));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);

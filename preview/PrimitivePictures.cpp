@@ -1,6 +1,7 @@
 #include "preview/PrimitivePictures.h"
 
-#include <QIconEngine>
+#include "controls/DrawnIcon.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -102,45 +103,15 @@ void DrawNothing(QPainter& painter)
 
 constexpr std::array kPictures{DrawCube, DrawCylinder, DrawSphere, DrawTorus, DrawCone};
 
-class PrimitiveEngine : public QIconEngine {
-public:
-    explicit PrimitiveEngine(int code) : m_code(code) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
-    {
-        const qreal side = std::min(rect.width(), rect.height());
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(Qt::NoPen);
-        painter->setOpacity(mode == QIcon::Disabled ? 0.4 : 1.0);
-        painter->translate(rect.x() + (rect.width() - side) / 2,
-                           rect.y() + (rect.height() - side) / 2);
-        painter->scale(side, side);
-        const bool known = m_code >= 0 && m_code < static_cast<int>(kPictures.size());
-        (known ? kPictures[static_cast<std::size_t>(m_code)] : DrawNothing)(*painter);
-        painter->restore();
-    }
-
-    [[nodiscard]] QIconEngine* clone() const override { return new PrimitiveEngine(m_code); }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
-
-private:
-    int m_code;
-};
-
 }  // namespace
 
 QIcon PrimitivePicture(int code)
 {
-    return QIcon(new PrimitiveEngine(code));
+    return DrawnIcon(1.0, [code](QPainter& painter, QIcon::Mode mode) {
+        painter.setOpacity(mode == QIcon::Disabled ? 0.4 : 1.0);
+        const bool known = code >= 0 && code < static_cast<int>(kPictures.size());
+        (known ? kPictures[static_cast<std::size_t>(code)] : DrawNothing)(painter);
+    });
 }
 
 }  // namespace CorvexMaterial

@@ -1,7 +1,8 @@
 #include "textures/ChannelIcons.h"
 
+#include "controls/DrawnIcon.h"
+
 #include <QGuiApplication>
-#include <QIconEngine>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
@@ -201,46 +202,16 @@ constexpr std::array kDrawings{
     DrawLibraryFile};
 static_assert(kDrawings.size() == static_cast<std::size_t>(ChannelSign::LibraryFile) + 1);
 
-class ChannelEngine : public QIconEngine {
-public:
-    explicit ChannelEngine(ChannelSign sign) : m_sign(sign) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
-    {
-        const qreal side = std::min(rect.width(), rect.height());
-        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
-        const QColor color = QGuiApplication::palette().color(group, QPalette::ButtonText);
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.x() + (rect.width() - side) / 2,
-                           rect.y() + (rect.height() - side) / 2);
-        painter->scale(side / kSide, side / kSide);
-        painter->setPen(QPen(color, kPenWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter->setBrush(Qt::NoBrush);
-        kDrawings[static_cast<std::size_t>(m_sign)](*painter);
-        painter->restore();
-    }
-
-    [[nodiscard]] QIconEngine* clone() const override { return new ChannelEngine(m_sign); }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
-
-private:
-    ChannelSign m_sign;
-};
-
 }  // namespace
 
 QIcon ChannelIcon(ChannelSign sign)
 {
-    return QIcon(new ChannelEngine(sign));
+    return DrawnIcon(kSide, [sign](QPainter& painter, QIcon::Mode mode) {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QColor color = QGuiApplication::palette().color(group, QPalette::ButtonText);
+        painter.setPen(QPen(color, kPenWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        kDrawings[static_cast<std::size_t>(sign)](painter);
+    });
 }
 
 }  // namespace CorvexMaterial

@@ -26,6 +26,7 @@ constexpr std::array kTabTitles{QT_TRANSLATE_NOOP("ChannelPanel", "Surface"),
 static_assert(kTabTitles.size() == kChannelTabCount);
 
 constexpr int kCustomFieldsTab = 8;
+constexpr int kPluginTab = 10;
 
 QString ToText(std::string_view text)
 {
@@ -129,6 +130,9 @@ void ChannelPanel::ShowPage(int tab)
         }
     }
     m_ui->fraOption->setVisible(shown != nullptr);
+    // The other pages have a heading of their own.
+    m_ui->lblPage->setText(tr(kTabTitles[static_cast<std::size_t>(tab - 1)]));
+    m_ui->lblPage->setVisible(tab == kCustomFieldsTab || tab == kPluginTab);
     if (shown != nullptr) {
         shown->setVisible(true);
     }

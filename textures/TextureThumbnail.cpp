@@ -80,10 +80,10 @@ void TextureThumbnail::paintEvent(QPaintEvent* /*event*/)
         PaintNothing(painter, shown.state);
     }
     const bool marked = hasFocus() || m_dropTarget;
-    const QPen solid(palette().color(marked ? QPalette::Highlight : QPalette::Mid),
-                     marked ? 2.0 : 1.0);
-    QPen pen = solid;
-    pen.setStyle(shown.state == ThumbnailState::Empty && !marked ? Qt::DashLine : Qt::SolidLine);
+    const bool inviting = shown.state == ThumbnailState::Empty && !marked;
+    const auto edge = inviting ? QPalette::PlaceholderText : QPalette::Midlight;
+    QPen pen(palette().color(marked ? QPalette::Highlight : edge), marked ? 2.0 : 1.0);
+    pen.setStyle(inviting ? Qt::DashLine : Qt::SolidLine);
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);

@@ -81,7 +81,7 @@ void DrawFlatButton(QPainter& painter, const QStyleOption& option, bool isDefaul
     const bool accented = isDefault || Has(option, QStyle::State_On);
     const QColor edge = accented && Has(option, QStyle::State_Enabled)
                             ? Accent(option)
-                            : option.palette.color(QPalette::Midlight);
+                            : option.palette.color(QPalette::Light);
     DrawPlate(painter, option.rect, ButtonFill(option), edge);
 }
 

@@ -8,6 +8,7 @@
 #include "studio/app/PanelFill.h"
 #include "studio/app/SettingNames.h"
 #include "studio/app/ShapeToolTip.h"
+#include "studio/app/StatusMessage.h"
 #include "studio/app/StatusText.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
@@ -76,13 +77,26 @@ MainWindow::~MainWindow()
 
 void MainWindow::BuildStatusBar()
 {
-    m_misc = new QLabel(this);
+    m_misc = new StatusMessage(this);
     m_misc->setObjectName(QStringLiteral("miscField"));
-    m_misc->setTextFormat(Qt::PlainText);  // it shows names that come from files
+    connect(&m_selection, &Selection::Changed, this, &MainWindow::TellSelection);
+    TellSelection();
     m_position = new QLabel(this);
     m_position->setObjectName(QStringLiteral("positionField"));
     statusBar()->addWidget(m_misc, 1);
     statusBar()->addPermanentWidget(m_position);
+}
+
+void MainWindow::TellSelection()
+{
+    const StudioScene::Shapes& shapes = m_selection.All();
+    if (shapes.empty()) {
+        m_misc->SetLasting(tr("Click a shape to select it"));
+    } else if (shapes.size() == 1) {
+        m_misc->SetLasting(tr("%1 selected").arg(QString::fromStdString(shapes.front()->Name())));
+    } else {
+        m_misc->SetLasting(tr("%1 shapes selected").arg(shapes.size()));
+    }
 }
 
 void MainWindow::BuildViewport()
@@ -100,7 +114,7 @@ void MainWindow::BuildViewport()
     connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
     connect(m_viewport, &ViewportWidget::failed, this, [this](const QString& message) {
         m_host.Log().RecordEvent("Viewport: " + message.toStdString());
-        m_misc->setText(message);
+        m_misc->Show(message);
     });
 }
 
@@ -120,7 +134,7 @@ void MainWindow::BuildDock()
 void MainWindow::ConnectPanel()
 {
     connect(m_material, &Material::DisplayPositionInformation, m_position, &QLabel::setText);
-    connect(m_material, &Material::DisplayMiscInformation, m_misc, &QLabel::setText);
+    connect(m_material, &Material::DisplayMiscInformation, m_misc, &StatusMessage::Show);
     connect(m_material, &Material::evtReqWarn, this,
             [this](const QString& application, const QString& warning, const QString& key) {
                 m_warnings.Present(application, warning, key);
@@ -138,7 +152,7 @@ void MainWindow::ConnectPanel()
     connect(m_opener, &ModelOpener::Opened, this, &MainWindow::ShowModel);
     connect(m_opener, &ModelOpener::Refused, this, &MainWindow::RefuseModel);
     connect(m_opener, &ModelOpener::Cancelled, this, [this](const QString& file) {
-        m_misc->setText(tr("%1 was not opened.").arg(QFileInfo(file).fileName()));
+        m_misc->Show(tr("%1 was not opened.").arg(QFileInfo(file).fileName()));
         Q_EMIT SceneRefused(m_misc->text());
     });
 }
@@ -152,7 +166,7 @@ void MainWindow::ConnectPlugins()
     connect(&m_host.PluginPictures(), &PluginTextures::Refused, this,
             [this](const QString& message) {
                 m_host.Log().RecordEvent(message.toStdString());
-                m_misc->setText(message);
+                m_misc->Show(message);
             });
 }
 
@@ -165,7 +179,7 @@ void MainWindow::ListPlugins()
     }
     for (const QString& message : m_host.Plugins().Messages()) {
         m_host.Log().RecordEvent(message.toStdString());
-        m_misc->setText(message);
+        m_misc->Show(message);
     }
 }
 
@@ -244,7 +258,7 @@ void MainWindow::Check(Status status, const QString& what)
     }
     const QString text = tr("%1: %2.").arg(what, TextOf(status));
     m_host.Log().RecordEvent(text.toStdString());
-    m_misc->setText(text);
+    m_misc->Show(text);
 }
 
 }  // namespace studio

@@ -24,6 +24,7 @@ class MaterialExchange;
 class ModelOpener;
 class PanelArea;
 class PanelFill;
+class StatusMessage;
 class StudioHost;
 class ViewportWidget;
 struct RaytraceScene;
@@ -82,6 +83,7 @@ private:
     void BuildLibraryMenu();
     void BuildHelpMenu();
     void BuildStatusBar();
+    void TellSelection();
     void ListRecentFiles(QMenu* menu);
     void ConnectPanel();
     void ConnectPlugins();
@@ -134,7 +136,7 @@ private:
     PanelFill* m_fill = nullptr;
     LibraryDesk* m_desk = nullptr;
     QLabel* m_position = nullptr;
-    QLabel* m_misc = nullptr;
+    StatusMessage* m_misc = nullptr;
 };
 
 }  // namespace studio

@@ -2,6 +2,7 @@
 
 #include "studio/app/EventLog.h"
 #include "studio/app/PanelFill.h"
+#include "studio/app/StatusMessage.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioSettings.h"
@@ -33,7 +34,7 @@ const char* StemOf(LibraryKind kind)
 void MainWindow::ConnectLibraries()
 {
     m_desk = new LibraryDesk(m_host.Browsers(), m_history, this);
-    connect(m_desk, &LibraryDesk::Message, m_misc, &QLabel::setText);
+    connect(m_desk, &LibraryDesk::Message, m_misc, &StatusMessage::Show);
     connect(m_desk, &LibraryDesk::Refused, this, [this](const QString& message) {
         Tell(message, CorvexMaterial::PromptIcon::Exclamation);
     });
@@ -67,7 +68,7 @@ void MainWindow::ShowEntryMenu(LibraryBrowser& browser, QPoint globalPosition)
                                inPanel ? EntryMenu::Place::Panel : EntryMenu::Place::Dialog);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     connect(menu, &EntryMenu::EmptyTrashWanted, this, &MainWindow::EmptyTrash);
-    connect(menu, &EntryMenu::Message, m_misc, &QLabel::setText);
+    connect(menu, &EntryMenu::Message, m_misc, &StatusMessage::Show);
     menu->popup(globalPosition);
 }
 
@@ -83,7 +84,7 @@ void MainWindow::ConnectDrops()
 {
     auto* drops =
         new ViewportDrops(*m_viewport, [this](QPoint position) { return ShapeAt(position); });
-    connect(drops, &ViewportDrops::Hint, m_misc, &QLabel::setText);
+    connect(drops, &ViewportDrops::Hint, m_misc, &StatusMessage::Show);
     connect(drops, &ViewportDrops::MaterialDropped, m_link,
             [this](const std::shared_ptr<StudioShape>& shape, const NamedMaterial& dropped) {
                 m_link->Put(shape, dropped.material);
@@ -120,7 +121,7 @@ void MainWindow::EmptyTrash()
     const std::size_t materials = m_desk->Trash(LibraryKind::Materials).size();
     const std::size_t textures = m_desk->Trash(LibraryKind::Textures).size();
     if (materials + textures == 0) {
-        m_misc->setText(tr("Nothing was deleted from the open libraries."));
+        m_misc->Show(tr("Nothing was deleted from the open libraries."));
         return;
     }
     const QString question = tr("Delete %1 materials and %2 textures in the trash of the open "

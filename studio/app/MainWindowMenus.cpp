@@ -3,6 +3,7 @@
 #include "studio/app/MaterialExchange.h"
 #include "studio/app/OptionsDialog.h"
 #include "studio/app/PanelFill.h"
+#include "studio/app/StatusMessage.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioIcon.h"
 #include "studio/app/StudioSettings.h"
@@ -14,6 +15,19 @@
 #include <QMessageBox>
 
 namespace studio {
+namespace {
+
+/// A step's name as a part of a menu entry: names of materials and files can be long.
+QString InMenu(QString step)
+{
+    constexpr qsizetype kLongest = 40;
+    if (step.size() > kLongest) {
+        step = step.left(kLongest - 1) + u'…';
+    }
+    return step.replace(u'&', QStringLiteral("&&"));
+}
+
+}  // namespace
 
 void MainWindow::BuildMenus()
 {
@@ -28,7 +42,7 @@ void MainWindow::BuildFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
     menu->addAction(tr("&Open Model..."), QKeySequence::Open, this, &MainWindow::ChooseModel);
-    QMenu* recent = menu->addMenu(tr("Open &Recent"));
+    QMenu* recent = menu->addMenu(tr("Open Re&cent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
     menu->addAction(tr("Reset &Scene"), this, &MainWindow::ResetScene);
     menu->addAction(tr("Find Missing &Textures..."), this, &MainWindow::FindTextures)
@@ -62,11 +76,16 @@ void MainWindow::ListRecentFiles(QMenu* menu)
 void MainWindow::BuildEditMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Edit"));
-    QAction* undo = m_history.createUndoAction(this, tr("&Undo"));
-    undo->setShortcuts(QKeySequence::Undo);
-    QAction* redo = m_history.createRedoAction(this, tr("&Redo"));
-    redo->setShortcuts(QKeySequence::Redo);
-    menu->addActions({undo, redo});
+    QAction* undo = menu->addAction(tr("&Undo"), QKeySequence::Undo, &m_history, &QUndoStack::undo);
+    QAction* redo = menu->addAction(tr("&Redo"), QKeySequence::Redo, &m_history, &QUndoStack::redo);
+    undo->setEnabled(false);
+    redo->setEnabled(false);
+    connect(&m_history, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(&m_history, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    connect(&m_history, &QUndoStack::undoTextChanged, undo,
+            [undo](const QString& step) { undo->setText(tr("&Undo %1").arg(InMenu(step))); });
+    connect(&m_history, &QUndoStack::redoTextChanged, redo,
+            [redo](const QString& step) { redo->setText(tr("&Redo %1").arg(InMenu(step))); });
     menu->addSeparator();
     menu->addAction(tr("Select &All"), QKeySequence::SelectAll, this, &MainWindow::SelectAll);
     menu->addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
@@ -130,7 +149,7 @@ void MainWindow::RestoreWarnings()
 {
     try {
         m_warnings.RestoreAll(QString::fromStdString(m_host.Settings().Application()));
-        m_misc->setText(tr("All messages are shown again."));
+        m_misc->Show(tr("All messages are shown again."));
     } catch (const CorvexMaterial::Error& error) {
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
     }

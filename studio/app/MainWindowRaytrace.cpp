@@ -1,5 +1,6 @@
 #include "studio/app/MainWindow.h"
 
+#include "studio/app/StatusMessage.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/raytrace/PovRayStage.h"
@@ -44,7 +45,7 @@ void MainWindow::BuildRaytraceMenu(QMenu* menu)
         ChooseExport(tr("RenderMan scenes (*.rib)"), QStringLiteral(".rib"));
     });
     m_host.Raytracing().SetAbandoned(
-        [this] { m_misc->setText(tr("The raytracer was not started.")); });
+        [this] { m_misc->Show(tr("The raytracer was not started.")); });
 }
 
 RaytraceScene MainWindow::SceneToRaytrace()
@@ -73,11 +74,12 @@ void MainWindow::RenderScene()
     window->setObjectName(QStringLiteral("renderWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose);
     try {
+        window->ShowMeanwhile(m_viewport->grab());
         const RaytraceScene scene = SceneToRaytrace();
         window->Start(program, scene, m_host.RaytraceData().textures,
                       m_host.State().AntialiasChoice());
         window->show();
-        m_misc->setText(EnvironmentNote(scene));
+        m_misc->Show(EnvironmentNote(scene));
     } catch (const CorvexMaterial::Error& error) {
         delete window;
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
@@ -103,7 +105,7 @@ void MainWindow::ExportScene(const QString& file)
         const QString written = tr("%1 was written.").arg(QFileInfo(file).fileName());
         const QString note =
             file.endsWith(QStringLiteral(".pov")) ? EnvironmentNote(scene) : QString();
-        m_misc->setText(note.isEmpty() ? written : written + u' ' + note);
+        m_misc->Show(note.isEmpty() ? written : written + u' ' + note);
     } catch (const CorvexMaterial::Error& error) {
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
     }

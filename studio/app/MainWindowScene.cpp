@@ -2,6 +2,7 @@
 
 #include "studio/app/EventLog.h"
 #include "studio/app/ModelOpener.h"
+#include "studio/app/StatusMessage.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/browser/LibraryDrag.h"
@@ -64,7 +65,7 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
     m_viewport->SetHomeCamera(m_scene.FramedBy(DefaultCamera()));
     m_host.Log().RecordEvent("Opened " + file.toStdString());
     const std::size_t count = m_scene.All().size();
-    m_misc->setText(count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count));
+    m_misc->Show(count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count));
     Q_EMIT SceneOpened();
 }
 

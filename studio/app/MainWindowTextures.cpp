@@ -2,6 +2,7 @@
 #include "studio/app/MainWindow.h"
 #include "studio/app/TexturePaths.h"
 
+#include "studio/app/StatusMessage.h"
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -68,8 +69,8 @@ void MainWindow::FindTexturesIn(const QString& folder)
 void MainWindow::ReplaceTextures(const std::vector<TextureReplacement>& chosen)
 {
     m_link->Make(TextureChanges(m_scene.All(), chosen));
-    m_misc->setText(chosen.size() == 1 ? tr("1 texture was replaced.")
-                                       : tr("%1 textures were replaced.").arg(chosen.size()));
+    m_misc->Show(chosen.size() == 1 ? tr("1 texture was replaced.")
+                                    : tr("%1 textures were replaced.").arg(chosen.size()));
 }
 
 }  // namespace studio

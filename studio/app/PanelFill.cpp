@@ -40,7 +40,14 @@ void PanelFill::Fill()
 
 void PanelFill::OfferHeight()
 {
-    Done(m_material.SetMaxStatus(m_area.viewport()->height() * kTwipsInPixel));
+    const int height = m_area.viewport()->height();
+    // The control shares out whole rows; what stands around them may then need a little more.
+    if (Done(m_material.SetMaxStatus(height * kTwipsInPixel))) {
+        const int excess = m_material.sizeHint().height() - height;
+        if (excess > 0 && excess < height) {
+            Done(m_material.SetMaxStatus((height - excess) * kTwipsInPixel));
+        }
+    }
 }
 
 void PanelFill::Restore()

@@ -1,35 +1,15 @@
 #include "studio/app/StudioStyle.h"
 
 #include "studio/app/FlatShapes.h"
+#include "studio/app/StyleSigns.h"
 
 #include <QApplication>
 #include <QPainter>
-#include <QPixmap>
 #include <QStyleFactory>
 #include <QStyleOption>
 
 namespace studio {
 namespace {
-
-QPixmap DockButton(QStyle::StandardPixmap icon, const QColor& colour)
-{
-    constexpr qreal kScale = 4.0;
-    constexpr int kSize = 16;
-    QPixmap picture(QSize(kSize, kSize) * kScale);
-    picture.setDevicePixelRatio(kScale);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    if (icon == QStyle::SP_TitleBarCloseButton) {
-        painter.drawLine(QPointF(4.5, 4.5), QPointF(11.5, 11.5));
-        painter.drawLine(QPointF(11.5, 4.5), QPointF(4.5, 11.5));
-    } else {
-        painter.drawRect(QRectF(3.5, 6.5, 6.0, 6.0));
-        painter.drawPolyline(QPolygonF({{6.5, 3.5}, {12.5, 3.5}, {12.5, 9.5}}));
-    }
-    return picture;
-}
 
 void DrawButton(QPainter& painter, const QStyleOption& option)
 {
@@ -45,6 +25,8 @@ void DrawField(QPainter& painter, const QStyleOption& option)
     // Inside a spin box or a list the field has no frame of its own.
     if (frame == nullptr || frame->lineWidth > 0) {
         DrawFlatField(painter, option);
+    } else {
+        painter.fillRect(option.rect, option.palette.color(QPalette::Base));
     }
 }
 
@@ -100,8 +82,10 @@ void StudioStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
     painter->save();
     if (control == CC_ComboBox && combo != nullptr && !combo->editable) {
         DrawFlatCombo(*painter, *combo);
-    } else if (control == CC_Slider && slider != nullptr &&
-               slider->tickPosition == QSlider::NoTicks) {
+    } else if (control == CC_Slider && slider != nullptr) {
+        QStyleOptionSlider ticks(*slider);
+        ticks.subControls = SC_SliderTickmarks;
+        QProxyStyle::drawComplexControl(CC_Slider, &ticks, painter, widget);
         DrawFlatSlider(*painter, *slider,
                        subControlRect(CC_Slider, slider, SC_SliderGroove, widget),
                        subControlRect(CC_Slider, slider, SC_SliderHandle, widget));
@@ -109,6 +93,17 @@ void StudioStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
         QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
     painter->restore();
+}
+
+QRect StudioStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                  const QWidget* widget) const
+{
+    constexpr int kTextGap = 3;
+    const QRect rect = QProxyStyle::subElementRect(element, option, widget);
+    const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+    const bool framed = frame == nullptr || frame->lineWidth > 0;
+    return element == SE_LineEditContents && framed ? rect.adjusted(kTextGap, 0, -kTextGap, 0)
+                                                    : rect;
 }
 
 int StudioStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
@@ -129,10 +124,8 @@ int StudioStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
 QIcon StudioStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
                                 const QWidget* widget) const
 {
-    if (icon != SP_TitleBarCloseButton && icon != SP_TitleBarNormalButton) {
-        return QProxyStyle::standardIcon(icon, option, widget);
-    }
-    return DockButton(icon, QApplication::palette().color(QPalette::WindowText));
+    const std::optional<QIcon> sign = StyleSign(icon, QApplication::palette());
+    return sign ? *sign : QProxyStyle::standardIcon(icon, option, widget);
 }
 
 }  // namespace studio

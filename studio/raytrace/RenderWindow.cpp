@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
@@ -72,6 +73,16 @@ void RenderWindow::CancelOrClose()
     }
 }
 
+void RenderWindow::ShowMeanwhile(const QPixmap& picture)
+{
+    constexpr int kDimmed = 150;  // of 255
+    QColor veil = palette().color(QPalette::Window);
+    veil.setAlpha(kDimmed);
+    QPixmap dim = picture;
+    QPainter(&dim).fillRect(dim.rect(), veil);
+    m_picture->setPixmap(dim);
+}
+
 void RenderWindow::ShowPicture(const QImage& picture)
 {
     m_result = picture;
@@ -87,6 +98,7 @@ void RenderWindow::ShowPicture(const QImage& picture)
 void RenderWindow::ShowFailure(const QString& message)
 {
     const QString text = message.isEmpty() ? tr("Cancelled.") : message;
+    m_picture->clear();
     m_progress->hide();
     m_status->setText(text);
     m_cancel->setText(tr("Close"));

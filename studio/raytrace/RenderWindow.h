@@ -18,6 +18,8 @@ class RenderWindow : public QDialog {
 public:
     explicit RenderWindow(QWidget* parent = nullptr);
 
+    /// Something to look at until there is a picture, shown dimmed.
+    void ShowMeanwhile(const QPixmap& picture);
     /// Errors: FileFailed.
     void Start(const RaytracerProgram& program, const RaytraceScene& scene,
                const RaytraceImages::Lookup& textures, int antialias);

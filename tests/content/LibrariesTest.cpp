@@ -1,6 +1,8 @@
 #include "studio/libraries/LibraryFile.h"
 #include "studio/libraries/MaterialText.h"
+#include "studio/libraries/NamedMaterials.h"
 #include "studio/libraries/TextureText.h"
+#include "studio/scene/DefaultScene.h"
 #include "textures/TextureLayers.h"
 
 #include <QFileInfo>
@@ -64,4 +66,17 @@ TEST(ShippedLibraries, TextureEntriesAreFiles)
         EXPECT_TRUE(IsFile(file)) << file;
         EXPECT_FALSE(library.ThumbnailAt(i).empty()) << file;
     }
+}
+
+TEST(ShippedLibraries, DressTheDefaultScene)
+{
+    const auto gems = studio::NamedMaterialsOf(kFolder + "/Gems.cvm");
+    ASSERT_TRUE(gems);
+    const auto shapes = studio::DefaultShapes([&](const std::string& name) {
+        auto found = gems(name);
+        EXPECT_TRUE(found) << name << " is not shipped";
+        return found;
+    });
+    EXPECT_FALSE(shapes.empty());
+    EXPECT_FALSE(studio::NamedMaterialsOf(kFolder + "/Missing.cvm"));
 }

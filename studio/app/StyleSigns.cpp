@@ -1,0 +1,116 @@
+#include "studio/app/StyleSigns.h"
+
+#include <QIcon>
+#include <QPainter>
+
+namespace studio {
+namespace {
+
+constexpr int kSide = 16;
+
+const QColor kWarning(0xE9, 0xB4, 0x4C);
+const QColor kCritical(0xE5, 0x6A, 0x5E);
+
+void Stroke(QPainter& painter, const QColor& colour, qreal width)
+{
+    painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+void DrawClose(QPainter& painter, const QPalette& palette)
+{
+    Stroke(painter, palette.color(QPalette::WindowText), 1.4);
+    painter.drawLine(QPointF(4.5, 4.5), QPointF(11.5, 11.5));
+    painter.drawLine(QPointF(11.5, 4.5), QPointF(4.5, 11.5));
+}
+
+void DrawFloat(QPainter& painter, const QPalette& palette)
+{
+    Stroke(painter, palette.color(QPalette::WindowText), 1.4);
+    painter.drawRect(QRectF(3.5, 6.5, 6.0, 6.0));
+    painter.drawPolyline(QPolygonF({{6.5, 3.5}, {12.5, 3.5}, {12.5, 9.5}}));
+}
+
+void DrawDisc(QPainter& painter, const QColor& colour, const QPalette& palette)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colour);
+    painter.drawEllipse(QRectF(1, 1, 14, 14));
+    painter.setBrush(Qt::NoBrush);
+    Stroke(painter, palette.color(QPalette::HighlightedText), 1.8);
+}
+
+void DrawInformation(QPainter& painter, const QPalette& palette)
+{
+    DrawDisc(painter, palette.color(QPalette::Highlight), palette);
+    painter.drawPoint(QPointF(8, 4.7));
+    painter.drawLine(QPointF(8, 7.6), QPointF(8, 11.6));
+}
+
+void DrawQuestion(QPainter& painter, const QPalette& palette)
+{
+    DrawDisc(painter, palette.color(QPalette::Highlight), palette);
+    painter.drawArc(QRectF(5.6, 3.9, 4.8, 4.8), -70 * 16, 250 * 16);
+    painter.drawLine(QPointF(8, 8.8), QPointF(8, 9.2));
+    painter.drawPoint(QPointF(8, 12));
+}
+
+void DrawWarning(QPainter& painter, const QPalette& palette)
+{
+    painter.setBrush(kWarning);
+    Stroke(painter, kWarning, 1.6);
+    painter.drawPolygon(QPolygonF({{8, 2.2}, {14.4, 13.4}, {1.6, 13.4}}));
+    Stroke(painter, palette.color(QPalette::HighlightedText), 1.6);
+    painter.drawLine(QPointF(8, 6.2), QPointF(8, 9.4));
+    painter.drawPoint(QPointF(8, 11.8));
+}
+
+void DrawCritical(QPainter& painter, const QPalette& palette)
+{
+    DrawDisc(painter, kCritical, palette);
+    painter.drawLine(QPointF(5.6, 5.6), QPointF(10.4, 10.4));
+    painter.drawLine(QPointF(10.4, 5.6), QPointF(5.6, 10.4));
+}
+
+struct SignRow {
+    QStyle::StandardPixmap icon;
+    void (*draw)(QPainter&, const QPalette&);
+};
+
+constexpr std::array kSigns{
+    SignRow{QStyle::SP_TitleBarCloseButton, DrawClose},
+    SignRow{QStyle::SP_TitleBarNormalButton, DrawFloat},
+    SignRow{QStyle::SP_MessageBoxInformation, DrawInformation},
+    SignRow{QStyle::SP_MessageBoxQuestion, DrawQuestion},
+    SignRow{QStyle::SP_MessageBoxWarning, DrawWarning},
+    SignRow{QStyle::SP_MessageBoxCritical, DrawCritical},
+};
+
+QIcon Drawn(const SignRow& sign, const QPalette& palette)
+{
+    QIcon icon;
+    for (const int size : {kSide, 2 * kSide, 4 * kSide, 8 * kSide}) {
+        QPixmap picture(size, size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(static_cast<qreal>(size) / kSide, static_cast<qreal>(size) / kSide);
+        sign.draw(painter, palette);
+        painter.end();
+        icon.addPixmap(picture);
+    }
+    return icon;
+}
+
+}  // namespace
+
+std::optional<QIcon> StyleSign(QStyle::StandardPixmap icon, const QPalette& palette)
+{
+    for (const SignRow& sign : kSigns) {
+        if (sign.icon == icon) {
+            return Drawn(sign, palette);
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace studio
