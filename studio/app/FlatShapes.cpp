@@ -10,14 +10,14 @@ namespace {
 constexpr qreal kRadius = 3.0;
 constexpr qreal kTrackHeight = 4.0;
 
-bool Has(const QStyleOption& option, QStyle::StateFlag flag)
+bool InState(const QStyleOption& option, QStyle::StateFlag flag)
 {
     return option.state.testFlag(flag);
 }
 
 bool Hovered(const QStyleOption& option)
 {
-    return Has(option, QStyle::State_Enabled) && Has(option, QStyle::State_MouseOver);
+    return InState(option, QStyle::State_Enabled) && InState(option, QStyle::State_MouseOver);
 }
 
 QColor Accent(const QStyleOption& option)
@@ -25,7 +25,7 @@ QColor Accent(const QStyleOption& option)
     return option.palette.color(QPalette::Highlight);
 }
 
-QColor Mixed(const QColor& colour, const QColor& with, float share)
+QColor Blended(const QColor& colour, const QColor& with, float share)
 {
     const auto mix = [share](float from, float to) { return from + (to - from) * share; };
     return QColor::fromRgbF(mix(colour.redF(), with.redF()), mix(colour.greenF(), with.greenF()),
@@ -35,11 +35,11 @@ QColor Mixed(const QColor& colour, const QColor& with, float share)
 QColor ButtonFill(const QStyleOption& option)
 {
     const QColor plain = option.palette.color(QPalette::Button);
-    if (Has(option, QStyle::State_Sunken)) {
+    if (InState(option, QStyle::State_Sunken)) {
         return option.palette.color(QPalette::Mid);
     }
-    if (Has(option, QStyle::State_On)) {
-        return Mixed(plain, Accent(option), Hovered(option) ? 0.45F : 0.35F);
+    if (InState(option, QStyle::State_On)) {
+        return Blended(plain, Accent(option), Hovered(option) ? 0.45F : 0.35F);
     }
     return Hovered(option) ? option.palette.color(QPalette::Light) : plain;
 }
@@ -67,7 +67,7 @@ void DrawTick(QPainter& painter, const QRectF& box, const QColor& colour)
 /// The plate of a box to tick or to choose, accented when it is marked.
 void SetMarkColours(QPainter& painter, const QStyleOption& option, bool marked)
 {
-    const bool lively = Has(option, QStyle::State_HasFocus) || Hovered(option);
+    const bool lively = InState(option, QStyle::State_HasFocus) || Hovered(option);
     const QColor accent = Accent(option);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(marked || lively ? accent : option.palette.color(QPalette::PlaceholderText));
@@ -78,8 +78,8 @@ void SetMarkColours(QPainter& painter, const QStyleOption& option, bool marked)
 
 void DrawFlatButton(QPainter& painter, const QStyleOption& option, bool isDefault)
 {
-    const bool accented = isDefault || Has(option, QStyle::State_On);
-    const QColor edge = accented && Has(option, QStyle::State_Enabled)
+    const bool accented = isDefault || InState(option, QStyle::State_On);
+    const QColor edge = accented && InState(option, QStyle::State_Enabled)
                             ? Accent(option)
                             : option.palette.color(QPalette::Light);
     DrawPlate(painter, option.rect, ButtonFill(option), edge);
@@ -87,7 +87,8 @@ void DrawFlatButton(QPainter& painter, const QStyleOption& option, bool isDefaul
 
 void DrawFlatField(QPainter& painter, const QStyleOption& option)
 {
-    const bool active = Has(option, QStyle::State_HasFocus) && Has(option, QStyle::State_Enabled);
+    const bool active =
+        InState(option, QStyle::State_HasFocus) && InState(option, QStyle::State_Enabled);
     const QColor edge =
         active ? Accent(option)
                : option.palette.color(Hovered(option) ? QPalette::Light : QPalette::Midlight);
@@ -98,8 +99,8 @@ void DrawFlatCombo(QPainter& painter, const QStyleOption& option)
 {
     QStyleOption plate(option);
     plate.state.setFlag(QStyle::State_On, false);
-    const bool focused =
-        Has(option, QStyle::State_HasFocus) && Has(option, QStyle::State_KeyboardFocusChange);
+    const bool focused = InState(option, QStyle::State_HasFocus) &&
+                         InState(option, QStyle::State_KeyboardFocusChange);
     DrawFlatButton(painter, plate, focused);
     const QPointF middle(option.direction == Qt::RightToLeft ? option.rect.left() + 11.0
                                                              : option.rect.right() - 10.0,
@@ -113,7 +114,7 @@ void DrawFlatCombo(QPainter& painter, const QStyleOption& option)
 
 void DrawFlatTab(QPainter& painter, const QStyleOptionTab& option)
 {
-    const bool chosen = Has(option, QStyle::State_Selected);
+    const bool chosen = InState(option, QStyle::State_Selected);
     if (!chosen && !Hovered(option)) {
         return;
     }
@@ -135,7 +136,7 @@ void DrawFlatTab(QPainter& painter, const QStyleOptionTab& option)
 
 void DrawFocusRing(QPainter& painter, const QStyleOption& option)
 {
-    if (!Has(option, QStyle::State_KeyboardFocusChange)) {
+    if (!InState(option, QStyle::State_KeyboardFocusChange)) {
         return;
     }
     DrawPlate(painter, option.rect, Qt::transparent, Accent(option));
@@ -143,8 +144,8 @@ void DrawFocusRing(QPainter& painter, const QStyleOption& option)
 
 void DrawTickBox(QPainter& painter, const QStyleOption& option)
 {
-    const bool partly = Has(option, QStyle::State_NoChange);
-    const bool marked = Has(option, QStyle::State_On) || partly;
+    const bool partly = InState(option, QStyle::State_NoChange);
+    const bool marked = InState(option, QStyle::State_On) || partly;
     SetMarkColours(painter, option, marked);
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawRoundedRect(box, 2.5, 2.5);
@@ -161,7 +162,7 @@ void DrawTickBox(QPainter& painter, const QStyleOption& option)
 
 void DrawRadio(QPainter& painter, const QStyleOption& option)
 {
-    const bool marked = Has(option, QStyle::State_On);
+    const bool marked = InState(option, QStyle::State_On);
     SetMarkColours(painter, option, marked);
     const QRectF box = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.drawEllipse(box);
@@ -191,7 +192,7 @@ void DrawFlatSlider(QPainter& painter, const QStyleOptionSlider& option, const Q
         filled = track;
         option.upsideDown ? filled.setTop(knob.y()) : filled.setBottom(knob.y());
     }
-    const bool enabled = Has(option, QStyle::State_Enabled);
+    const bool enabled = InState(option, QStyle::State_Enabled);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(option.palette.color(QPalette::Base));
@@ -199,11 +200,12 @@ void DrawFlatSlider(QPainter& painter, const QStyleOptionSlider& option, const Q
     painter.setBrush(Accent(option));
     painter.drawRoundedRect(filled, kTrackHeight / 2.0, kTrackHeight / 2.0);
 
-    const bool held =
-        Has(option, QStyle::State_Sunken) ||
-        (Has(option, QStyle::State_HasFocus) && Has(option, QStyle::State_KeyboardFocusChange));
+    const bool held = InState(option, QStyle::State_Sunken) ||
+                      (InState(option, QStyle::State_HasFocus) &&
+                       InState(option, QStyle::State_KeyboardFocusChange));
     const qreal radius = std::min(handle.width(), handle.height()) / 2.0 - 1.5;
-    QColor face = option.palette.color(enabled ? QPalette::ButtonText : QPalette::Light);
+    const QColor text = option.palette.color(QPalette::ButtonText);
+    const QColor face = enabled ? text : text.darker(150);
     painter.setPen(held ? QPen(Accent(option), 2.0) : QPen(option.palette.color(QPalette::Window)));
     painter.setBrush(Hovered(option) || held ? face : face.darker(112));
     painter.drawEllipse(knob, radius, radius);

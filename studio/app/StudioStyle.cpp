@@ -30,17 +30,17 @@ void DrawField(QPainter& painter, const QStyleOption& option)
     }
 }
 
-struct ShapeRow {
+struct PrimitiveRow {
     QStyle::PrimitiveElement element;
     void (*draw)(QPainter&, const QStyleOption&);
 };
 
-constexpr std::array kShapes{
-    ShapeRow{QStyle::PE_PanelButtonCommand, DrawButton},
-    ShapeRow{QStyle::PE_PanelLineEdit, DrawField},
-    ShapeRow{QStyle::PE_FrameFocusRect, DrawFocusRing},
-    ShapeRow{QStyle::PE_IndicatorCheckBox, DrawTickBox},
-    ShapeRow{QStyle::PE_IndicatorRadioButton, DrawRadio},
+constexpr std::array kPrimitives{
+    PrimitiveRow{QStyle::PE_PanelButtonCommand, DrawButton},
+    PrimitiveRow{QStyle::PE_PanelLineEdit, DrawField},
+    PrimitiveRow{QStyle::PE_FrameFocusRect, DrawFocusRing},
+    PrimitiveRow{QStyle::PE_IndicatorCheckBox, DrawTickBox},
+    PrimitiveRow{QStyle::PE_IndicatorRadioButton, DrawRadio},
 };
 
 }  // namespace
@@ -50,7 +50,7 @@ StudioStyle::StudioStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("F
 void StudioStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const
 {
-    for (const ShapeRow& row : kShapes) {
+    for (const PrimitiveRow& row : kPrimitives) {
         if (row.element == element) {
             painter->save();
             row.draw(*painter, *option);

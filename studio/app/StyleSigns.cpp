@@ -6,7 +6,7 @@
 namespace studio {
 namespace {
 
-constexpr int kSide = 16;
+constexpr int kSignSide = 16;
 
 const QColor kWarning(0xE9, 0xB4, 0x4C);
 const QColor kCritical(0xE5, 0x6A, 0x5E);
@@ -85,15 +85,15 @@ constexpr std::array kSigns{
     SignRow{QStyle::SP_MessageBoxCritical, DrawCritical},
 };
 
-QIcon Drawn(const SignRow& sign, const QPalette& palette)
+QIcon DrawnSign(const SignRow& sign, const QPalette& palette)
 {
     QIcon icon;
-    for (const int size : {kSide, 2 * kSide, 4 * kSide, 8 * kSide}) {
+    for (const int size : {kSignSide, 2 * kSignSide, 4 * kSignSide, 8 * kSignSide}) {
         QPixmap picture(size, size);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.scale(static_cast<qreal>(size) / kSide, static_cast<qreal>(size) / kSide);
+        painter.scale(static_cast<qreal>(size) / kSignSide, static_cast<qreal>(size) / kSignSide);
         sign.draw(painter, palette);
         painter.end();
         icon.addPixmap(picture);
@@ -107,7 +107,7 @@ std::optional<QIcon> StyleSign(QStyle::StandardPixmap icon, const QPalette& pale
 {
     for (const SignRow& sign : kSigns) {
         if (sign.icon == icon) {
-            return Drawn(sign, palette);
+            return DrawnSign(sign, palette);
         }
     }
     return std::nullopt;

@@ -17,6 +17,7 @@ constexpr CorvexMaterial::Colour kBronze = CorvexMaterial::MakeColour({140, 120,
 
 void ShowStart(TourStudio& studio)
 {
+    studio.AwaitTextures();
     studio.Guide().Picture(QStringLiteral("default-scene"));
     studio.OpenModel(studio.Model());
     studio.Guide().Picture(QStringLiteral("model-opened"));

@@ -1,7 +1,10 @@
 #include "studio/app/TourStudio.h"
 
 #include "studio/app/ShippedLibraries.h"
+#include "studio/images/TextureCache.h"
+#include "studio/render/RenderService.h"
 #include "studio/render/ViewportWidget.h"
+#include "textures/TextureLayers.h"
 
 #include <QFile>
 
@@ -81,6 +84,19 @@ void TourStudio::ClickShape(const char* name, Qt::KeyboardModifiers modifiers)
     TourGuide::ClickAt(viewport, PointOf(viewport, WorldBounds(shape.Item()).Centre()), modifiers);
     Expect(m_window.Selected().Latest().get() == &shape,
            QStringLiteral("A click on %1 does not select it.").arg(QLatin1String(name)));
+}
+
+void TourStudio::AwaitTextures()
+{
+    for (const auto& shape : m_window.Scene().All()) {
+        for (const CorvexMaterial::TextureLayerRow& layer : CorvexMaterial::kTextureLayers) {
+            const std::string& file = shape->Material().Textures.*layer.file;
+            if (!file.empty()) {
+                (void)m_host.Rendering().Textures().Await(file);
+            }
+        }
+    }
+    m_window.Viewport().Draw();
 }
 
 void TourStudio::OpenModel(const QString& file)

@@ -40,6 +40,8 @@ public:
     // Each throws TourFailure.
     [[nodiscard]] const StudioShape& ShapeNamed(const char* name) const;
     void ClickShape(const char* name, Qt::KeyboardModifiers modifiers = {});
+    /// Until the scene can be drawn with all its textures.
+    void AwaitTextures();
     void OpenModel(const QString& file);
 
 private:

@@ -9,7 +9,8 @@
 namespace studio {
 namespace {
 
-std::optional<CorvexDB::udtMaterial> MaterialIn(LibraryFile& library, const std::string& name)
+std::optional<CorvexDB::udtMaterial> MaterialOfLibrary(LibraryFile& library,
+                                                       const std::string& name)
 {
     try {
         const std::vector<EntryId> ids = library.IdsNamed(name);
@@ -32,7 +33,7 @@ NamedMaterialsOf(const std::string& libraryFile)
     } catch (const CorvexMaterial::Error&) {
         return {};
     }
-    return [library](const std::string& name) { return MaterialIn(*library, name); };
+    return [library](const std::string& name) { return MaterialOfLibrary(*library, name); };
 }
 
 }  // namespace studio
