@@ -11,6 +11,8 @@
 namespace studio {
 namespace {
 
+constexpr const char* kCopyPrefix = "srgb-";
+
 /// As POV-Ray is installed everywhere: its program in `bin`, its files in `share` beside it.
 QString IncludeFolder()
 {
@@ -54,7 +56,7 @@ std::string PovRayIncludes::Named(const std::string& file)
     if (m_copied.insert(file).second) {
         Copy(name);
     }
-    return m_place.reference + file;
+    return m_place.reference + kCopyPrefix + file;
 }
 
 void PovRayIncludes::Copy(const QString& file)
@@ -67,7 +69,7 @@ void PovRayIncludes::Copy(const QString& file)
                      QStringLiteral("#include \"%1\"").arg(QString::fromStdString(own)));
     }
     QDir().mkpath(m_place.folder);
-    QSaveFile copy(m_place.folder + u'/' + file);
+    QSaveFile copy(m_place.folder + u'/' + QLatin1String(kCopyPrefix) + file);
     const QByteArray bytes = text.toLatin1();
     if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) != bytes.size() || !copy.commit()) {
         throw CorvexMaterial::Error(
