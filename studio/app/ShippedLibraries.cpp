@@ -60,7 +60,8 @@ QStringList FilesOf(const QDir& folder)
         names << folder.relativeFilePath(files.next());
     }
     names.sort();
-    std::ranges::stable_partition(names, [](const QString& name) { return name.contains(u'/'); });
+    std::stable_partition(names.begin(), names.end(),
+                          [](const QString& name) { return name.contains(u'/'); });
     return names;
 }
 
