@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <array>
 
 namespace studio {
 namespace {
@@ -166,7 +167,7 @@ CommandLine ReadExport(const QStringList& arguments)
 
 CommandLine ReadLibrary(const QStringList& arguments)
 {
-    const auto job = ReadLibraryCommand(arguments);
+    const auto job = ReadLibraryCommand(arguments.mid(1));
     if (const auto* wrong = std::get_if<QString>(&job)) {
         return Refused(*wrong);
     }
@@ -174,6 +175,11 @@ CommandLine ReadLibrary(const QStringList& arguments)
     line.action = Action::Library;
     line.library = std::get<LibraryJob>(job);
     return line;
+}
+
+CommandLine Help()
+{
+    return Shown(QLatin1String(kHelp) + QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
 }
 
 CommandLine ReadWindow(const QStringList& arguments)
@@ -188,8 +194,7 @@ CommandLine ReadWindow(const QStringList& arguments)
         return Refused(parser.errorText());
     }
     if (parser.isSet(help)) {
-        return Shown(QLatin1String(kHelp) + QLatin1String(LibraryHelp()) +
-                     QLatin1String(kExitCodes));
+        return Help();
     }
     if (parser.isSet(version)) {
         return Shown(QStringLiteral("corvex-studio " CORVEX_VERSION "\n"));
@@ -205,22 +210,27 @@ CommandLine ReadWindow(const QStringList& arguments)
     return line;
 }
 
+struct CommandRow {
+    const char* name;
+    CommandLine (*read)(const QStringList& arguments);
+};
+constexpr std::array kCommands{CommandRow{"render", ReadRender}, CommandRow{"export", ReadExport},
+                               CommandRow{"library", ReadLibrary}};
+
 }  // namespace
 
 CommandLine ReadCommandLine(const QStringList& arguments)
 {
+    const auto command = std::ranges::find_if(kCommands, [&](const CommandRow& row) {
+        return arguments.value(0) == QLatin1String(row.name);
+    });
+    if (command != kCommands.end()) {
+        const bool asksForHelp = arguments.contains(QStringLiteral("--help")) ||
+                                 arguments.contains(QStringLiteral("-h"));
+        return asksForHelp ? Help() : command->read(arguments);
+    }
     // The parser takes the first argument for the program's name.
-    const QStringList named = QStringList(QLatin1String(kStudioName)) + arguments;
-    if (arguments.value(0) == QStringLiteral("render")) {
-        return ReadRender(arguments);
-    }
-    if (arguments.value(0) == QStringLiteral("export")) {
-        return ReadExport(arguments);
-    }
-    if (arguments.value(0) == QStringLiteral("library")) {
-        return ReadLibrary(arguments.mid(1));
-    }
-    return ReadWindow(named);
+    return ReadWindow(QStringList(QLatin1String(kStudioName)) + arguments);
 }
 
 }  // namespace studio

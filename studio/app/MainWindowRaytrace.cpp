@@ -89,6 +89,8 @@ void MainWindow::RenderScene()
 void MainWindow::ChooseExport(const QString& filter, const QString& suffix)
 {
     QFileDialog dialog(this, tr("Export Scene"), {}, filter);
+    // A desktop's own dialog would ask about the name before it has its extension.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix.mid(1));
     dialog.selectFile(QStringLiteral("scene") + suffix);

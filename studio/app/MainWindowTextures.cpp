@@ -1,38 +1,13 @@
 #include "studio/app/FindTexturesDialog.h"
 #include "studio/app/MainWindow.h"
-#include "studio/app/TexturePaths.h"
-
 #include "studio/app/StatusMessage.h"
-#include <QCoreApplication>
-#include <QElapsedTimer>
+#include "studio/app/TexturePaths.h"
+#include "studio/app/WaitDialog.h"
+
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QProgressDialog>
 
 namespace studio {
-namespace {
-
-/// Events run only once the dialog keeps them off the window; small folders are searched before.
-TextureSearch CancelledBy(QProgressDialog& progress)
-{
-    constexpr int kShowAfterMilliseconds = 400;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    TextureSearch search;
-    search.cancelled = [&progress, elapsed] {
-        if (elapsed.elapsed() > kShowAfterMilliseconds) {
-            if (!progress.isVisible() && !progress.wasCanceled()) {
-                progress.show();
-            }
-            QCoreApplication::processEvents();
-        }
-        return progress.wasCanceled();
-    };
-    return search;
-}
-
-}  // namespace
-
 void MainWindow::FindTextures()
 {
     if (MissingTexturePaths(m_scene.All()).empty()) {
@@ -50,12 +25,11 @@ void MainWindow::FindTextures()
 
 void MainWindow::FindTexturesIn(const QString& folder)
 {
-    QProgressDialog progress(tr("Searching %1...").arg(QFileInfo(folder).fileName()), tr("Cancel"),
-                             0, 0, this);
-    progress.setWindowTitle(QStringLiteral("Corvex"));
-    progress.setWindowModality(Qt::WindowModal);
-    const FoundTextures found = FindMissingTextures(MissingTexturePaths(m_scene.All()),
-                                                    folder.toStdString(), CancelledBy(progress));
+    WaitDialog progress(tr("Searching %1...").arg(QFileInfo(folder).fileName()), this);
+    TextureSearch search;
+    search.cancelled = [&progress] { return progress.Cancelled(); };
+    const FoundTextures found =
+        FindMissingTextures(MissingTexturePaths(m_scene.All()), folder.toStdString(), search);
     if (progress.wasCanceled()) {
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "studio/app/StudioHost.h"
+#include "studio/app/WaitDialog.h"
 #include "studio/interchange/Interchange.h"
 #include "studio/interchange/ReportDialog.h"
 #include "studio/libraries/LibraryReading.h"
@@ -13,7 +14,6 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QProgressDialog>
 
 namespace studio {
 namespace {
@@ -76,7 +76,9 @@ void MaterialExchange::Reporting(const Work& work)
 {
     try {
         work();
-    } catch (const CorvexMaterial::Error& error) {
+    } catch (const std::bad_alloc&) {
+        Q_EMIT Refused(tr("There is not enough memory for it. Nothing was changed."));
+    } catch (const std::exception& error) {
         Q_EMIT Refused(QString::fromUtf8(error.what()));
     }
 }
@@ -98,17 +100,19 @@ void MaterialExchange::ChooseExport()
     if (OpenLibrary() == nullptr) {
         return;
     }
-    QString filter;
-    QString file =
-        QFileDialog::getSaveFileName(&m_window, tr("Export Materials"), m_folder,
-                                     ExportFilters().join(QStringLiteral(";;")), &filter);
-    if (file.isEmpty()) {
-        return;
+    QFileDialog dialog(&m_window, tr("Export Materials"), m_folder);
+    // A desktop's own dialog would ask about the name before it has its extension.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(ExportFilters());
+    const auto follow = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(SuffixOfFilter(filter));
+    };
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow(dialog.selectedNameFilter());
+    if (dialog.exec() == QDialog::Accepted) {
+        Export(dialog.selectedFiles().value(0));
     }
-    if (QFileInfo(file).suffix().isEmpty()) {
-        file += SuffixOfFilter(filter);
-    }
-    Export(file);
 }
 
 void MaterialExchange::Import(const QString& file)
@@ -124,27 +128,38 @@ void MaterialExchange::Import(const QString& file)
     m_folder = QFileInfo(file).absolutePath();
     Reporting([&] {
         Report report;
-        std::vector<NamedMaterial> materials;
-        {
-            const WaitCursor waiting;
-            materials = ImportMaterials(file.toStdString(), report,
-                                        {m_importer, FolderOf(library->Path())});
-        }
-        if (const auto entries = EntriesOf(materials, *library)) {
+        const auto materials = Read(file, FolderOf(library->Path()), report);
+        const auto entries = materials ? EntriesOf(*materials, *library) : std::nullopt;
+        if (entries) {
             const std::vector<EntryId> ids = library->Add(*entries);
             Q_EMIT Imported({LibraryChange::Kind::Added, library->Path(), ids});
-            Show(tr("Materials Imported"), report, materials.size());
+            Show(tr("Materials Imported"), report, materials->size());
         }
     });
+}
+
+std::optional<std::vector<NamedMaterial>>
+MaterialExchange::Read(const QString& file, const std::string& pictureFolder, Report& report)
+{
+    WaitDialog progress(tr("Reading %1...").arg(QFileInfo(file).fileName()), &m_window);
+    ImportProgram importer = m_importer;
+    importer.cancelled = [&progress] { return progress.Cancelled(); };
+    const WaitCursor waiting;
+    try {
+        return ImportMaterials(file.toStdString(), report, {importer, pictureFolder});
+    } catch (const CorvexMaterial::Error&) {
+        if (progress.wasCanceled()) {
+            return std::nullopt;
+        }
+        throw;
+    }
 }
 
 std::optional<std::vector<NewEntry>>
 MaterialExchange::EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library)
 {
-    QProgressDialog progress(tr("Drawing the thumbnails..."), tr("Cancel"), 0,
-                             static_cast<int>(materials.size()), &m_window);
-    progress.setWindowTitle(QStringLiteral("Corvex"));
-    progress.setWindowModality(Qt::WindowModal);
+    WaitDialog progress(tr("Drawing the thumbnails..."), &m_window,
+                        static_cast<int>(materials.size()));
     const FieldNames fields = m_host.Get().customFields.GetCustomMaterialFieldNames();
     std::vector<NewEntry> entries;
     for (const NamedMaterial& named : materials) {

@@ -42,7 +42,9 @@ private:
     [[nodiscard]] LibraryFile* OpenLibrary();
     template <typename Work>
     void Reporting(const Work& work);
-    /// Nothing when the user has cancelled.
+    // Both nothing when the user has cancelled.
+    [[nodiscard]] std::optional<std::vector<NamedMaterial>>
+    Read(const QString& file, const std::string& pictureFolder, Report& report);
     [[nodiscard]] std::optional<std::vector<NewEntry>>
     EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
     void Show(const QString& title, const Report& report, std::size_t materials);

@@ -1,7 +1,8 @@
 #include "studio/app/ModelOpener.h"
 
+#include "studio/app/WaitDialog.h"
+
 #include <QFileInfo>
-#include <QProgressDialog>
 #include <QSignalBlocker>
 
 namespace studio {
@@ -31,12 +32,7 @@ void ModelOpener::Open(const QString& file)
 void ModelOpener::ShowProgress()
 {
     delete m_progress;
-    m_progress = new QProgressDialog(tr("Reading %1...").arg(QFileInfo(m_file).fileName()),
-                                     tr("Cancel"), 0, 0, &m_window);
-    m_progress->setWindowTitle(QStringLiteral("Corvex"));
-    m_progress->setWindowModality(Qt::WindowModal);
-    // Small models are read before anyone could read a dialog.
-    m_progress->setMinimumDuration(400);
+    m_progress = new WaitDialog(tr("Reading %1...").arg(QFileInfo(m_file).fileName()), &m_window);
     m_progress->setValue(0);
     connect(m_progress, &QProgressDialog::canceled, &m_import, &ModelImport::Cancel);
 }

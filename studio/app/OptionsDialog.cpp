@@ -77,7 +77,8 @@ void OptionsDialog::ShowSettings()
     m_ui->povRayProgram->setText(m_settings.Text(kPovRayProgramSetting));
     m_ui->renderManProgram->setText(m_settings.RenderManLocation());
     m_ui->folders->addItems(m_settings.List(kSearchFoldersSetting));
-    m_ui->customFields->setPlainText(m_settings.List(kCustomFieldsSetting).join(u'\n'));
+    m_ui->customFields->setPlainText(
+        m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts).join(u'\n'));
     m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
 }
 
@@ -133,9 +134,9 @@ void OptionsDialog::Store() const
     m_settings.SetText(kPovRayProgramSetting, m_ui->povRayProgram->text().trimmed());
     m_settings.SetRenderManLocation(m_ui->renderManProgram->text().trimmed());
     m_settings.SetList(kSearchFoldersSetting, folders);
-    m_settings.SetList(
-        kCustomFieldsSetting,
-        m_ui->customFields->toPlainText().split(u'\n', Qt::SkipEmptyParts).mid(0, 6));
+    // The n-th name is that of the n-th value in every material: an empty line keeps its place.
+    m_settings.SetList(kCustomFieldsSetting,
+                       m_ui->customFields->toPlainText().split(u'\n').mid(0, 6));
     m_settings.SetText(kSupportSiteSetting, m_ui->supportSite->text().trimmed());
     m_settings.Flush();
 }

@@ -41,9 +41,9 @@ void StudioSettings::SetNumber(const char* key, int value)
     SetText(key, QString::number(value));
 }
 
-QStringList StudioSettings::List(const char* key) const
+QStringList StudioSettings::List(const char* key, Qt::SplitBehavior entries) const
 {
-    return Text(key).split(kListSeparator, Qt::SkipEmptyParts);
+    return Text(key).split(kListSeparator, entries);
 }
 
 void StudioSettings::SetList(const char* key, const QStringList& values)

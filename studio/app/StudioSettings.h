@@ -24,7 +24,9 @@ public:
     /// Text that is no whole number counts as missing.
     [[nodiscard]] int Number(const char* key, int fallback) const;
     void SetNumber(const char* key, int value);
-    [[nodiscard]] QStringList List(const char* key) const;
+    /// Without its empty entries, unless their places matter.
+    [[nodiscard]] QStringList List(const char* key,
+                                   Qt::SplitBehavior entries = Qt::SkipEmptyParts) const;
     void SetList(const char* key, const QStringList& values);
 
     /// Background colours of the library browsers, which the control reads and never writes.

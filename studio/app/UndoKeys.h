@@ -7,7 +7,8 @@ class QWidget;
 namespace studio {
 
 /// Text fields of the panel have an undo of their own that knows only their letters. Inside the
-/// panel Undo and Redo belong to the window, whose history knows the material.
+/// panel Undo and Redo belong to the window, whose history knows the material. A search and a name
+/// being typed in a list keep theirs.
 class UndoKeys : public QObject {
     Q_OBJECT
 

@@ -268,8 +268,9 @@ void LibraryBrowser::Drag(int row)
         return;
     }
     try {
+        auto dragged = DraggedEntry(*file, m_model->FileIndex(row));
         auto* drag = new QDrag(m_view);
-        drag->setMimeData(DraggedEntry(*file, m_model->FileIndex(row)).release());
+        drag->setMimeData(dragged.release());
         QPixmap picture =
             m_model->Thumbnail(row, static_cast<int>(kDragPictureSide * devicePixelRatioF()));
         picture.setDevicePixelRatio(devicePixelRatioF());

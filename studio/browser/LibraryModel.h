@@ -27,9 +27,8 @@ public:
     /// This many entries of the open library; -1 = no library is open.
     void ShowEntries(std::int32_t count);
     [[nodiscard]] std::int32_t EntryCount() const { return m_entries; }
-    /// No query: all entries. Errors: those of the search; what is shown stays.
+    /// No query: all entries. A search that fails finds none; `Failed` tells why.
     void SetQuery(std::optional<LibraryQuery> query);
-    [[nodiscard]] bool IsFiltered() const { return m_query.has_value(); }
 
     [[nodiscard]] LibraryKind Kind() const { return m_kind; }
     [[nodiscard]] LibraryFile* File() const { return m_entries < 0 ? nullptr : m_library(); }
@@ -37,7 +36,7 @@ public:
     [[nodiscard]] std::int32_t FileIndex(int row) const;
     /// -1 when the search did not find the entry.
     [[nodiscard]] int RowOf(std::int32_t fileIndex) const;
-    /// Never null; drawn for a square of this many device pixels.
+    /// Drawn for a square of this many device pixels; null when the file cannot be read.
     [[nodiscard]] QPixmap Thumbnail(int row, int side) const;
     [[nodiscard]] QString ToolTip(int row, const std::vector<std::string>& fieldNames) const;
 

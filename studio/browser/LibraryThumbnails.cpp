@@ -1,5 +1,6 @@
 #include "studio/browser/LibraryThumbnails.h"
 
+#include "host/Status.h"
 #include "studio/libraries/LibraryFile.h"
 #include "studio/libraries/MaterialText.h"
 
@@ -33,9 +34,14 @@ QColor ColourOf(LibraryFile& file, std::int32_t index)
     if (file.Kind() != LibraryKind::Materials) {
         return Qt::gray;
     }
-    const auto reading = MaterialOfJson(file.JsonAt(index), {});
-    const auto bytes = CorvexMaterial::BytesOf(reading.material.Color);
-    return {bytes.red, bytes.green, bytes.blue};
+    const std::string json = file.JsonAt(index);
+    try {
+        const auto bytes = CorvexMaterial::BytesOf(MaterialOfJson(json, {}).material.Color);
+        return {bytes.red, bytes.green, bytes.blue};
+    } catch (const CorvexMaterial::Error&) {
+        // Choosing it tells what is damaged; here it would be told at every paint.
+        return Qt::gray;
+    }
 }
 
 // A ball of the material's colour, as good as it gets without a renderer.

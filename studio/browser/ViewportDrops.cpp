@@ -1,6 +1,7 @@
 #include "studio/browser/ViewportDrops.h"
 
 #include "studio/browser/LibraryDrag.h"
+#include "studio/libraries/MaterialName.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/StudioShape.h"
 
@@ -41,7 +42,9 @@ bool ViewportDrops::eventFilter(QObject* watched, QEvent* event)
 bool ViewportDrops::Enter(QDropEvent& event)
 {
     if (const auto material = DraggedMaterial(*event.mimeData())) {
-        m_dragged = QString::fromStdString(material->name);
+        const bool isNamed = !material->name.empty();
+        m_dragged =
+            QString::fromStdString(isNamed ? material->name : DescriptiveName(material->material));
     } else {
         m_dragged = QFileInfo(DraggedTexture(*event.mimeData())).fileName();
     }

@@ -9,6 +9,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -38,6 +39,8 @@ struct ImportOutcome {
 struct ImportProgram {
     QString path;  ///< empty: this very program
     std::chrono::milliseconds timeLimit = std::chrono::seconds(60);
+    /// Asked again and again while one waits for materials; true gives up. It may handle events.
+    std::function<bool()> cancelled = [] { return false; };
 };
 
 /// Waits. Never throws, whatever the file or the importing process does.

@@ -22,8 +22,9 @@ QByteArray ReadDocument(const std::string& path)
 {
     const QString name = QString::fromStdString(path);
     QFile file(name);
-    if (QFileInfo(name).isDir()) {
-        RefuseDocument(path, DocumentText("it is a folder."));
+    // A folder, or a pipe, which would keep its reader waiting.
+    if (const QFileInfo info(name); info.exists() && !info.isFile()) {
+        RefuseDocument(path, DocumentText("it is not a regular file."));
     }
     if (!file.open(QIODevice::ReadOnly)) {
         RefuseDocument(path, file.errorString().toStdString());

@@ -124,14 +124,4 @@ void ExportNotes::AddTo(Report& report) const
     }
 }
 
-const char* NameOf(Property property)
-{
-    return kProperties[static_cast<std::size_t>(property)].name;
-}
-
-bool Uses(const udtMaterial& material, Property property)
-{
-    return kProperties[static_cast<std::size_t>(property)].isUsed(material);
-}
-
 }  // namespace studio

@@ -76,10 +76,4 @@ private:
     std::array<std::optional<FormatRow>, kPropertyCount> m_said{};
 };
 
-/// The name of a property, for a person; docs/interchange.md uses it too.
-[[nodiscard]] const char* NameOf(Property property);
-/// Whether the property is more than its default, so that something would be lost without it.
-/// Colour and the amounts are always of use.
-[[nodiscard]] bool Uses(const CorvexDB::udtMaterial& material, Property property);
-
 }  // namespace studio

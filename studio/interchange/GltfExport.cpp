@@ -93,6 +93,8 @@ public:
         return entry->second;
     }
 
+    [[nodiscard]] bool HasAlpha(const std::string& file) { return m_alpha.In(file); }
+
     void AddTo(QJsonObject& document) const
     {
         if (!m_images.isEmpty()) {
@@ -106,6 +108,7 @@ private:
     std::map<std::string, int> m_indexes;
     QJsonArray m_images;
     QJsonArray m_textures;
+    AlphaChannels m_alpha;
 };
 
 /// The alpha test of the format: what is at least the cutoff is there. Nothing for other tests.
@@ -131,10 +134,11 @@ QJsonObject TextureInfo(const udtMaterial& material, GltfImages& images)
     return info;
 }
 
-void PutAlpha(const udtMaterial& material, QJsonObject& object, ExportNotes& notes)
+void PutAlpha(const udtMaterial& material, QJsonObject& object, GltfImages& images,
+              ExportNotes& notes)
 {
     const bool imageCovers = material.TextureAlphaChannelUse == 0 && !material.AlphaIsTransparent &&
-                             HasAlphaChannel(material.Textures.primary);
+                             images.HasAlpha(material.Textures.primary);
     if (const auto cutoff = CutoffOf(material)) {
         object["alphaMode"] = "MASK";
         object["alphaCutoff"] = double{*cutoff};
@@ -186,7 +190,7 @@ QJsonObject MaterialObject(const NamedMaterial& named, GltfImages& images, Expor
         {"pbrMetallicRoughness", SurfaceOf(material, images)},
     };
     PutGlow(material, object, images, notes);
-    PutAlpha(material, object, notes);
+    PutAlpha(material, object, images, notes);
     if (material.DoubleSided) {
         object["doubleSided"] = true;
     }

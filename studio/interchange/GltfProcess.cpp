@@ -8,18 +8,28 @@
 #include "studio/interchange/GltfMaterials.h"
 #include "studio/interchange/MaterialPacking.h"
 
+#include <QDeadlineTimer>
+
 #include <string_view>
 
 namespace studio {
 namespace {
 
-ImportFailure WaitFor(ImportJob& job, std::chrono::milliseconds limit)
+ImportFailure WaitFor(ImportJob& job, const ImportProgram& program)
 {
+    constexpr int kLookEveryMilliseconds = 30;
     const ImportFailure failure = job.Start();
-    const bool ended = failure != ImportFailure::None ||
-                       job.Process().waitForFinished(static_cast<int>(limit.count())) ||
-                       job.Process().state() == QProcess::NotRunning;
-    return job.Judge(ended ? failure : ImportFailure::TimedOut);
+    const QDeadlineTimer deadline(program.timeLimit);
+    while (job.Process().state() != QProcess::NotRunning &&
+           !job.Process().waitForFinished(kLookEveryMilliseconds)) {
+        if (program.cancelled()) {
+            return ImportFailure::Cancelled;
+        }
+        if (deadline.hasExpired()) {
+            return ImportFailure::TimedOut;
+        }
+    }
+    return job.Judge(failure);
 }
 
 [[noreturn]] void RefuseGltf(const ImportJob& job, ImportFailure failure)
@@ -43,7 +53,7 @@ std::vector<NamedMaterial> ImportGltfMaterials(const std::string& path, Report& 
                                                const ImportSetting& setting)
 {
     ImportJob job(QString::fromStdString(path), setting.importer, kImportMaterialsArgument);
-    const ImportFailure failure = WaitFor(job, setting.importer.timeLimit);
+    const ImportFailure failure = WaitFor(job, setting.importer);
     if (failure != ImportFailure::None) {
         RefuseGltf(job, failure);
     }

@@ -30,7 +30,7 @@ struct Format {
 
 Materials ReadMtl(const std::string& path, Report& report, const ImportSetting&)
 {
-    return MaterialsOfMtl(ReadDocument(path), FolderOfDocument(path), report);
+    return MaterialsOfMtl(ReadDocument(path), path, report);
 }
 
 Materials ReadMtlx(const std::string& path, Report& report, const ImportSetting&)

@@ -60,8 +60,9 @@ enum AlphaUse : std::int32_t { AlphaCovers = 0, AlphaBumps = 2, AlphaShines = 3 
 /// Writes the statements of one material.
 class MtlStatements {
 public:
-    MtlStatements(const NamedMaterial& named, const std::string& folder, ExportNotes& notes)
-        : m_material(named.material), m_folder(folder), m_notes(notes),
+    MtlStatements(const NamedMaterial& named, const std::string& folder, AlphaChannels& alpha,
+                  ExportNotes& notes)
+        : m_material(named.material), m_folder(folder), m_alpha(alpha), m_notes(notes),
           m_options(OptionsOf(WindowOf(named.material)))
     {
     }
@@ -169,10 +170,10 @@ private:
         Image(Property::EnvironmentMap, "refl", textures.environment, "-type sphere ");
     }
 
-    [[nodiscard]] bool AlphaIs(AlphaUse use) const
+    [[nodiscard]] bool AlphaIs(AlphaUse use)
     {
         return m_material.TextureAlphaChannelUse == use && !m_material.AlphaIsTransparent &&
-               HasAlphaChannel(m_material.Textures.primary);
+               m_alpha.In(m_material.Textures.primary);
     }
 
     void AlphaImage(const std::string& keyword)
@@ -206,6 +207,7 @@ private:
 
     const udtMaterial& m_material;
     const std::string& m_folder;
+    AlphaChannels& m_alpha;
     ExportNotes& m_notes;
     std::string m_options;
     std::string m_text;
@@ -223,10 +225,11 @@ QByteArray MtlOf(std::span<const NamedMaterial> materials, const std::string& fo
 {
     std::string text = "# Corvex Studio, " + std::to_string(materials.size()) + " materials\n";
     UniqueNames names;
+    AlphaChannels alpha;
     for (const NamedMaterial& named : materials) {
         ExportNotes notes(named, kMtlTable);
         const std::string name = names.Take(ReadableName(named.name, "Material"));
-        text += MtlStatements(named, folder, notes).Write(name);
+        text += MtlStatements(named, folder, alpha, notes).Write(name);
         notes.AddTo(report);
     }
     return QByteArray::fromStdString(text);

@@ -1,5 +1,9 @@
 #include "studio/interchange/MtlFile.h"
 
+#include "studio/interchange/DocumentFile.h"
+
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -229,8 +233,9 @@ const MtlMap* MtlMaterial::Map(std::string_view keyword) const
     return found == maps.end() || found->second.file.empty() ? nullptr : &found->second;
 }
 
-std::vector<MtlMaterial> ParseMtl(std::string_view text)
+std::vector<MtlMaterial> ParseMtl(std::string_view text, const std::string& path)
 {
+    constexpr std::size_t kMostMaterials = 100'000;
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
     if (text.starts_with(kByteOrderMark)) {
         text.remove_prefix(kByteOrderMark.size());
@@ -244,6 +249,11 @@ std::vector<MtlMaterial> ParseMtl(std::string_view text)
             continue;
         }
         if (Lower(keyword) == "newmtl") {
+            if (materials.size() == kMostMaterials) {
+                RefuseDocument(
+                    path, QCoreApplication::translate("Interchange", "it holds too many materials.")
+                              .toStdString());
+            }
             materials.emplace_back().name = rest;
         } else if (!materials.empty()) {
             TakeStatement(materials.back(), keyword, rest);

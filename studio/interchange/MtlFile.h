@@ -36,7 +36,8 @@ struct MtlMaterial {
 };
 
 /// Reads any text: what is not understood is passed over and listed. Lines may end and be
-/// continued as on any system; the last statement of a kind wins.
-[[nodiscard]] std::vector<MtlMaterial> ParseMtl(std::string_view text);
+/// continued as on any system; the last statement of a kind wins. Errors: FileFailed naming the
+/// path when there are more materials than any sensible file has.
+[[nodiscard]] std::vector<MtlMaterial> ParseMtl(std::string_view text, const std::string& path);
 
 }  // namespace studio

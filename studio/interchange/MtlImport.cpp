@@ -70,12 +70,13 @@ void NoteTheRest(const MtlMaterial& source, bool transparent, MaterialNotes& not
 
 }  // namespace
 
-std::vector<NamedMaterial> MaterialsOfMtl(const QByteArray& bytes, const std::string& folder,
+std::vector<NamedMaterial> MaterialsOfMtl(const QByteArray& bytes, const std::string& path,
                                           Report& report)
 {
+    const std::string folder = FolderOfDocument(path);
     const std::string text = TextOfDocument(bytes).toStdString();
     std::vector<NamedMaterial> materials;
-    for (const MtlMaterial& source : ParseMtl(text)) {
+    for (const MtlMaterial& source : ParseMtl(text, path)) {
         const std::string name =
             ReadableName(source.name, "Material " + std::to_string(materials.size() + 1));
         MaterialNotes notes(report, name);

@@ -7,12 +7,14 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 namespace studio {
 namespace {
 
-constexpr std::size_t kMostElements = 2'000'000;
+constexpr std::size_t kMostParts = 2'000'000;  ///< elements and attributes
 constexpr std::size_t kMostDepth = 64;
+constexpr qsizetype kMostAttributes = 100;  ///< of one element; they are searched one by one
 
 std::string MtlxText(const char* text)
 {
@@ -75,7 +77,9 @@ private:
 
     void Open(const QXmlStreamReader& xml)
     {
-        if (++m_count > kMostElements || m_open.size() >= kMostDepth) {
+        const qsizetype attributes = xml.attributes().size();
+        m_parts += 1 + static_cast<std::size_t>(attributes);
+        if (m_parts > kMostParts || attributes > kMostAttributes || m_open.size() >= kMostDepth) {
             RefuseDocument(m_path, MtlxText(QT_TRANSLATE_NOOP(
                                        "Interchange", "it is nested too deep or is too large.")));
         }
@@ -86,6 +90,7 @@ private:
     {
         MtlxElement element = std::move(m_open.back());
         m_open.pop_back();
+        element.SortChildren();
         MtlxElement& parent = m_open.empty() ? m_root : m_open.back();
         if (m_open.empty()) {
             parent = std::move(element);
@@ -97,7 +102,7 @@ private:
     const std::string& m_path;
     MtlxElement m_root;
     std::vector<MtlxElement> m_open;
-    std::size_t m_count = 0;
+    std::size_t m_parts = 0;
 };
 
 void PointToParents(MtlxElement& element)
@@ -135,10 +140,25 @@ std::string_view MtlxElement::InheritedAttribute(std::string_view name) const
 
 const MtlxElement* MtlxElement::Input(std::string_view name) const
 {
-    const auto found = std::ranges::find_if(children, [&](const MtlxElement& child) {
-        return child.IsInput() && child.Name() == name;
-    });
-    return found == children.end() ? nullptr : &*found;
+    const std::span inputs(children.data(), inputCount);
+    const auto found = std::ranges::lower_bound(inputs, name, {}, &MtlxElement::Name);
+    return found == inputs.end() || found->Name() != name ? nullptr : &*found;
+}
+
+const MtlxElement* MtlxElement::FirstOutput() const
+{
+    const bool isAny = inputCount < children.size() && children[inputCount].category == "output";
+    return isAny ? &children[inputCount] : nullptr;
+}
+
+void MtlxElement::SortChildren()
+{
+    const auto rest = std::ranges::stable_partition(children, &MtlxElement::IsInput).begin();
+    inputCount = static_cast<std::size_t>(rest - children.begin());
+    // Of two inputs of one name the first counts.
+    std::ranges::stable_sort(children.begin(), rest, {}, &MtlxElement::Name);
+    std::ranges::stable_partition(
+        rest, children.end(), [](const MtlxElement& child) { return child.category == "output"; });
 }
 
 bool MtlxElement::IsInput() const
@@ -158,7 +178,7 @@ const MtlxElement* MtlxDocument::Find(const MtlxElement& parent, std::string_vie
 {
     const auto [entry, isNew] = m_names.try_emplace(&parent);
     if (isNew) {
-        for (const MtlxElement& child : parent.children) {
+        for (const MtlxElement& child : std::span(parent.children).subspan(parent.inputCount)) {
             entry->second.try_emplace(child.Name(), &child);
         }
     }

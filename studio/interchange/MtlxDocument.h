@@ -14,7 +14,8 @@ namespace studio {
 struct MtlxElement {
     std::string category;  ///< "nodegraph", "image", "input"
     std::vector<std::pair<std::string, std::string>> attributes;
-    std::vector<MtlxElement> children;
+    std::vector<MtlxElement> children;  ///< inputs by name, then outputs, then the rest as written
+    std::size_t inputCount = 0;
     const MtlxElement* parent = nullptr;
 
     /// Empty when there is none.
@@ -25,6 +26,10 @@ struct MtlxElement {
     /// An input, parameter or bound input of this name; null when there is none.
     [[nodiscard]] const MtlxElement* Input(std::string_view name) const;
     [[nodiscard]] bool IsInput() const;
+    /// Null when there is none.
+    [[nodiscard]] const MtlxElement* FirstOutput() const;
+    /// To be called when the element is complete; makes the two above quick.
+    void SortChildren();
 
 private:
     [[nodiscard]] const std::string* FindAttribute(std::string_view name) const;
@@ -40,7 +45,7 @@ public:
     MtlxDocument& operator=(const MtlxDocument&) = delete;
 
     [[nodiscard]] const MtlxElement& Root() const { return m_root; }
-    /// The child of this name, by index; null when there is none.
+    /// The child of this name that is no input, by index; null when there is none.
     [[nodiscard]] const MtlxElement* Find(const MtlxElement& parent, std::string_view name);
 
 private:

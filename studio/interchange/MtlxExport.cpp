@@ -74,8 +74,9 @@ std::string IdentifierOf(const std::string& name)
 /// The shader of a material; images come from the graph, whose name may be empty.
 class SurfaceWriting {
 public:
-    SurfaceWriting(MtlxWriter& out, const udtMaterial& material, std::string graph)
-        : m_out(out), m_material(material), m_graph(std::move(graph))
+    SurfaceWriting(MtlxWriter& out, const udtMaterial& material, MtlxCoverage coverage,
+                   std::string graph)
+        : m_out(out), m_material(material), m_coverage(coverage), m_graph(std::move(graph))
     {
     }
 
@@ -134,7 +135,7 @@ private:
             m_out.Number("transmission", FractionOf(m_material.Transparency));
             m_out.Value("thin_walled", "boolean", "true");
         }
-        if (MtlxImageGraph::HasCoverage(m_material)) {
+        if (m_coverage != MtlxCoverage::None) {
             FromGraph("opacity", "color3", "opacity_out");
         }
     }
@@ -150,12 +151,13 @@ private:
 
     MtlxWriter& m_out;
     const udtMaterial& m_material;
+    MtlxCoverage m_coverage;
     std::string m_graph;
 };
 
-void NoteSpecialCases(const udtMaterial& material, ExportNotes& notes)
+void NoteSpecialCases(const udtMaterial& material, MtlxCoverage coverage, ExportNotes& notes)
 {
-    if (MtlxImageGraph::ImageCovers(material)) {
+    if (coverage == MtlxCoverage::PrimaryImage) {
         notes.Say(Property::AlphaChannel, Outcome::Mapped, "");
     }
     if (material.Emissive > 0 && Strongest(LightOf(material.Color)) <= 0.0F) {
@@ -164,18 +166,24 @@ void NoteSpecialCases(const udtMaterial& material, ExportNotes& notes)
     }
 }
 
-void WriteMaterial(MtlxWriter& out, const NamedMaterial& named, const std::string& folder,
-                   UniqueNames& names)
+struct MtlxTarget {
+    MtlxWriter out;
+    const std::string& folder;
+    UniqueNames names;
+};
+
+void WriteMaterial(MtlxTarget& target, const NamedMaterial& named, MtlxCoverage coverage)
 {
+    MtlxWriter& out = target.out;
     const std::string shown = ReadableName(named.name, "Material");
-    const std::string name = names.Take(IdentifierOf(shown), "_");
-    const std::string shader = names.Take("SR_" + name, "_");
+    const std::string name = target.names.Take(IdentifierOf(shown), "_");
+    const std::string shader = target.names.Take("SR_" + name, "_");
     std::string graph;
     if (MtlxImageGraph::IsNeeded(named.material)) {
-        graph = names.Take("NG_" + name, "_");
-        MtlxImageGraph(out, named.material, folder).Write(graph);
+        graph = target.names.Take("NG_" + name, "_");
+        MtlxImageGraph(out, named.material, coverage, target.folder).Write(graph);
     }
-    SurfaceWriting(out, named.material, graph).Write(shader);
+    SurfaceWriting(out, named.material, coverage, graph).Write(shader);
     out.Open("surfacematerial", name, "material");
     if (shown != name) {
         out.Attribute("uiname", shown);
@@ -195,15 +203,16 @@ QByteArray MtlxOf(std::span<const NamedMaterial> materials, const std::string& f
                   Report& report)
 {
     QByteArray bytes;
-    MtlxWriter out(bytes);
-    UniqueNames names;
+    MtlxTarget target{MtlxWriter(bytes), folder, {}};
+    AlphaChannels alpha;
     for (const NamedMaterial& named : materials) {
-        WriteMaterial(out, named, folder, names);
+        const MtlxCoverage coverage = CoverageOf(named.material, alpha);
+        WriteMaterial(target, named, coverage);
         ExportNotes notes(named, kMtlxTable);
-        NoteSpecialCases(named.material, notes);
+        NoteSpecialCases(named.material, coverage, notes);
         notes.AddTo(report);
     }
-    out.Finish();
+    target.out.Finish();
     return bytes;
 }
 

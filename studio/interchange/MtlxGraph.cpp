@@ -11,8 +11,9 @@
 namespace studio {
 namespace {
 
-constexpr int kMostSteps = 2000;
-constexpr int kMostConnections = 64;  ///< in a row
+constexpr int kMostSteps = 2000;            ///< for one input
+constexpr int kMostStepsInAll = 5'000'000;  ///< for all of a document
+constexpr int kMostConnections = 64;        ///< in a row
 
 template <std::size_t Count>
 bool IsOneOf(std::string_view word, const std::array<std::string_view, Count>& words)
@@ -132,8 +133,7 @@ MtlxGraph::Target MtlxGraph::OutputOf(const MtlxElement& graph, std::string_view
     if (named != nullptr && named->category == "output") {
         return {nullptr, named};
     }
-    const auto first = std::ranges::find(graph.children, "output", &MtlxElement::category);
-    return {nullptr, first == graph.children.end() ? nullptr : &*first};
+    return {nullptr, graph.FirstOutput()};
 }
 
 MtlxGraph::Target MtlxGraph::TargetOf(const MtlxElement& input)
@@ -165,7 +165,8 @@ MtlxGraph::Target MtlxGraph::TargetOf(const MtlxElement& input)
 
 MtlxSignal MtlxGraph::Arriving(const MtlxElement& input, int depth)
 {
-    if (++m_steps > kMostSteps || depth > kMostConnections) {
+    ++m_stepsInAll;
+    if (++m_steps > kMostSteps || m_stepsInAll > kMostStepsInAll || depth > kMostConnections) {
         MtlxSignal tooFar;
         tooFar.passedOver.emplace("...");
         return tooFar;

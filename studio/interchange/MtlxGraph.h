@@ -58,6 +58,7 @@ private:
 
     MtlxDocument& m_document;
     int m_steps = 0;
+    int m_stepsInAll = 0;
 };
 
 }  // namespace studio

@@ -8,9 +8,20 @@ namespace studio {
 
 using CorvexDB::udtMaterial;
 
-MtlxImageGraph::MtlxImageGraph(MtlxWriter& out, const udtMaterial& material,
+MtlxCoverage CoverageOf(const udtMaterial& material, AlphaChannels& alpha)
+{
+    if (!material.Textures.alpha.empty()) {
+        return MtlxCoverage::AlphaMap;
+    }
+    const bool imageCovers = material.TextureAlphaChannelUse == 0 && !material.AlphaIsTransparent &&
+                             alpha.In(material.Textures.primary);
+    return imageCovers ? MtlxCoverage::PrimaryImage : MtlxCoverage::None;
+}
+
+MtlxImageGraph::MtlxImageGraph(MtlxWriter& out, const udtMaterial& material, MtlxCoverage coverage,
                                const std::string& folder)
-    : m_out(out), m_material(material), m_folder(folder), m_window(BottomUp(WindowOf(material)))
+    : m_out(out), m_material(material), m_coverage(coverage), m_folder(folder),
+      m_window(BottomUp(WindowOf(material)))
 {
 }
 
@@ -26,22 +37,11 @@ bool MtlxImageGraph::HasColour(const udtMaterial& material)
     return !material.Textures.primary.empty() || !material.Textures.overlay.empty();
 }
 
-bool MtlxImageGraph::ImageCovers(const udtMaterial& material)
-{
-    return material.Textures.alpha.empty() && material.TextureAlphaChannelUse == 0 &&
-           !material.AlphaIsTransparent && HasAlphaChannel(material.Textures.primary);
-}
-
-bool MtlxImageGraph::HasCoverage(const udtMaterial& material)
-{
-    return !material.Textures.alpha.empty() || ImageCovers(material);
-}
-
 void MtlxImageGraph::Write(const std::string& name)
 {
     m_out.Open("nodegraph", name, "");
     const std::string colour = HasColour(m_material) ? Colour() : std::string();
-    const std::string coverage = HasCoverage(m_material) ? Coverage() : std::string();
+    const std::string coverage = m_coverage == MtlxCoverage::None ? std::string() : Coverage();
     const std::string specular = m_material.Textures.specular.empty() ? std::string() : Specular();
     const std::string normal = m_material.Textures.bump.empty() ? std::string() : Bump();
     Output("base_color", "color3", colour);
@@ -108,7 +108,7 @@ std::string MtlxImageGraph::Layered()
 
 std::string MtlxImageGraph::Coverage()
 {
-    if (!ImageCovers(m_material)) {
+    if (m_coverage == MtlxCoverage::AlphaMap) {
         Image("alpha", "color3", m_material.Textures.alpha, "");
         return "alpha";
     }

@@ -6,20 +6,23 @@
 
 namespace studio {
 
+class AlphaChannels;
+
+/// What covers a surface in parts.
+enum class MtlxCoverage { None, AlphaMap, PrimaryImage };
+[[nodiscard]] MtlxCoverage CoverageOf(const CorvexDB::udtMaterial& material, AlphaChannels& alpha);
+
 /// The node graph of a material's images; each output is named like the input it is for, with
 /// "_out".
 class MtlxImageGraph {
 public:
     /// Everything given outlives this. Images are named relative to the folder.
-    MtlxImageGraph(MtlxWriter& out, const CorvexDB::udtMaterial& material,
+    MtlxImageGraph(MtlxWriter& out, const CorvexDB::udtMaterial& material, MtlxCoverage coverage,
                    const std::string& folder);
 
     /// False when there is nothing to write.
     [[nodiscard]] static bool IsNeeded(const CorvexDB::udtMaterial& material);
     [[nodiscard]] static bool HasColour(const CorvexDB::udtMaterial& material);
-    /// Whether the primary image's alpha channel means coverage.
-    [[nodiscard]] static bool ImageCovers(const CorvexDB::udtMaterial& material);
-    [[nodiscard]] static bool HasCoverage(const CorvexDB::udtMaterial& material);
 
     void Write(const std::string& name);
 
@@ -35,6 +38,7 @@ private:
 
     MtlxWriter& m_out;
     const CorvexDB::udtMaterial& m_material;
+    MtlxCoverage m_coverage;
     const std::string& m_folder;
     ImageWindow m_window;
 };

@@ -1,9 +1,9 @@
 #include "studio/interchange/TextureReference.h"
 
+#include "studio/images/TextureFile.h"
+
 #include <QDir>
 #include <QFileInfo>
-#include <QImageReader>
-#include <QPixelFormat>
 #include <QUrl>
 
 namespace studio {
@@ -50,14 +50,17 @@ FoundTexture FindReferenced(const std::string& reference, const std::string& fol
     return {meant.toStdString(), false};
 }
 
-bool HasAlphaChannel(const std::string& texture)
+bool AlphaChannels::In(const std::string& texture)
 {
+    constexpr ImageBounds kAnySize{1 << 14, 1LL << 28};
     if (texture.empty()) {
         return false;
     }
-    const QImage::Format format = QImageReader(QString::fromStdString(texture)).imageFormat();
-    return format != QImage::Format_Invalid &&
-           QImage::toPixelFormat(format).alphaUsage() == QPixelFormat::UsesAlpha;
+    const auto [known, isNew] = m_known.try_emplace(texture, false);
+    if (isNew) {
+        known->second = ReadTextureFile(texture, kAnySize).hasAlpha;
+    }
+    return known->second;
 }
 
 }  // namespace studio

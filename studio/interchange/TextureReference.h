@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace studio {
@@ -17,7 +18,15 @@ struct FoundTexture {
 /// understood; a file that is not where the document says is looked for beside it.
 [[nodiscard]] FoundTexture FindReferenced(const std::string& reference, const std::string& folder);
 
-/// Whether the image in the file has an alpha channel, as far as its header tells.
-[[nodiscard]] bool HasAlphaChannel(const std::string& texture);
+/// Which images have an alpha channel that covers something, of all types that can be shown. Every
+/// file is read once.
+class AlphaChannels {
+public:
+    /// False for a file that cannot be read.
+    [[nodiscard]] bool In(const std::string& texture);
+
+private:
+    std::map<std::string, bool> m_known;
+};
 
 }  // namespace studio

@@ -70,7 +70,10 @@ void LibraryFile::SetThumbnails(std::span<const EntryPicture> pictures)
 {
     Change([&] {
         for (const EntryPicture& picture : pictures) {
-            m_database.Use("INSERT OR REPLACE INTO thumbnails (entry, png) VALUES (?1, ?2)")
+            // Another process may have removed the entry for good meanwhile.
+            m_database
+                .Use("INSERT OR REPLACE INTO thumbnails (entry, png) SELECT ?1, ?2 "
+                     "WHERE EXISTS (SELECT 1 FROM entries WHERE id = ?1)")
                 .Bind(1, picture.id)
                 .BindBlob(2, picture.png)
                 .Run();

@@ -3,6 +3,7 @@
 #include "studio/app/MaterialAssignment.h"
 #include "studio/libraries/LibraryCommandTable.h"
 #include "studio/libraries/LibraryQuery.h"
+#include "studio/libraries/LibrarySchema.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -73,6 +74,22 @@ std::optional<QString> WrongAssignment(const QStringList& assignments)
     return std::nullopt;
 }
 
+std::optional<QString> WrongAdd(const LibraryJob& job)
+{
+    if (LibraryKindOf(job.library.toStdString()) == LibraryKind::Materials) {
+        return job.operands.isEmpty()
+                   ? std::nullopt
+                   : std::optional(TrLibrary("library add takes images for a .cvt file only."));
+    }
+    if (job.operands.isEmpty()) {
+        return TrLibrary("library add needs the images for a .cvt file.");
+    }
+    return job.name.isEmpty() && job.assignments.isEmpty()
+               ? std::nullopt
+               : std::optional(
+                     TrLibrary("library add takes --name and --material for a .cvm file only."));
+}
+
 // What is wrong with a complete job.
 std::optional<QString> WrongUse(const LibraryJob& job)
 {
@@ -91,6 +108,11 @@ std::optional<QString> WrongUse(const LibraryJob& job)
     }
     if (use->needsOut && job.out.isEmpty()) {
         return TrLibrary("library %1 needs --out.").arg(job.command);
+    }
+    if (job.command == QStringLiteral("add")) {
+        if (const auto wrong = WrongAdd(job)) {
+            return wrong;
+        }
     }
     const QueryReading query = ReadLibraryQuery(job.query.toStdString());
     if (const auto* problem = std::get_if<std::string>(&query)) {

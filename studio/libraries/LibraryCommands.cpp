@@ -16,7 +16,9 @@ bool RunLibraryJob(const LibraryJob& job, const ForeignFormats& formats)
     });
     try {
         command->run(context);
-    } catch (const CorvexMaterial::Error& error) {
+    } catch (const std::bad_alloc&) {
+        output.Problem(QStringLiteral("There is not enough memory for it."));
+    } catch (const std::exception& error) {
         output.Problem(QString::fromUtf8(error.what()));
     }
     return !output.HasProblems();

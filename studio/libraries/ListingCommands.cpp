@@ -14,6 +14,14 @@ void RefuseName(CommandContext& context, const QString& name, const QString& pla
         QStringLiteral("%1: %2 has no entry \"%3\".").arg(context.job.library, place, name));
 }
 
+// A name may have been given twice, or in two cases.
+void KeepEachOnce(std::vector<EntryId>& ids)
+{
+    std::ranges::sort(ids);
+    const auto repeated = std::ranges::unique(ids);
+    ids.erase(repeated.begin(), repeated.end());
+}
+
 }  // namespace
 
 void CreateCommand(CommandContext& context)
@@ -45,6 +53,7 @@ void RemoveCommand(CommandContext& context)
         }
         ids.insert(ids.end(), named.begin(), named.end());
     }
+    KeepEachOnce(ids);
     library.Remove(ids);
     context.output.Result({{"removed", static_cast<int>(ids.size())}}, {});
 }
@@ -55,13 +64,18 @@ void RestoreCommand(CommandContext& context)
     const auto trash = library.Trash();
     std::vector<EntryId> ids;
     for (const QString& name : context.job.operands) {
-        const auto entry = std::ranges::find(trash, name.toStdString(), &TrashedEntry::name);
-        if (entry == trash.end()) {
-            RefuseName(context, name, QStringLiteral("the trash"));
-            continue;
+        const std::string folded = Folded(name.toStdString());
+        const std::size_t before = ids.size();
+        for (const TrashedEntry& entry : trash) {
+            if (Folded(entry.name) == folded) {
+                ids.push_back(entry.id);
+            }
         }
-        ids.push_back(entry->id);
+        if (ids.size() == before) {
+            RefuseName(context, name, QStringLiteral("the trash"));
+        }
     }
+    KeepEachOnce(ids);
     library.Restore(ids);
     context.output.Result({{"restored", static_cast<int>(ids.size())}}, {});
 }

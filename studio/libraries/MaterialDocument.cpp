@@ -1,6 +1,7 @@
 #include "studio/libraries/MaterialDocument.h"
 
 #include "host/Status.h"
+#include "studio/libraries/MaterialName.h"
 #include "studio/libraries/StoredPath.h"
 
 #include <QFile>
@@ -62,9 +63,10 @@ std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,
     }
     std::vector<NamedMaterial> materials;
     for (const QJsonValue& entry : list.toArray()) {
-        const std::string name = entry[kEntryName].toString().toStdString();
         MaterialReading reading =
             MaterialOfJson(CompactObject(entry[kEntryMaterial]).toStdString(), FolderOf(path));
+        const std::string given = entry[kEntryName].toString().simplified().toStdString();
+        const std::string name = given.empty() ? DescriptiveName(reading.material) : given;
         for (const std::string& problem : reading.problems) {
             problems.push_back('"' + name + "\": " + problem);
         }

@@ -118,21 +118,24 @@ bool IsRaytraced(const Raytrace& raytrace)
     return raytrace.MaterialType != 0 || raytrace.ColorPattern != 0 || raytrace.NormalPattern != 0;
 }
 
-void DescribeFiles(SearchValues& search, const CorvexDB::TextureFiles& files)
+// As they are stored: where a library lies is neither its content nor anybody's business.
+void DescribeFiles(SearchValues& search, const CorvexDB::TextureFiles& files,
+                   const std::string& folder)
 {
     std::int64_t layers = 0;
     std::int64_t bit = 1;
     for (const auto& row : kTextureFileFields) {
         if (const std::string& file = files.*row.member; !file.empty()) {
             layers |= bit;
-            search[TextProperty::Files] += Folded(file) + '\n';
+            search[TextProperty::Files] += Folded(StoredPath(file, folder)) + '\n';
         }
         bit <<= 1;
     }
     search[NumberProperty::Layers] = layers;
 }
 
-SearchValues SearchValuesOf(const Material& material, const FieldNames& names)
+SearchValues SearchValuesOf(const Material& material, const std::string& folder,
+                            const FieldNames& names)
 {
     SearchValues search;
     search[NumberProperty::Colour] = material.Color & 0xFFFFFF;
@@ -145,7 +148,7 @@ SearchValues SearchValuesOf(const Material& material, const FieldNames& names)
     search[NumberProperty::Raytraced] = IsRaytraced(material.RayTrace) ? 1 : 0;
     search[TextProperty::Plugin] = Folded(material.Plugin);
     search[TextProperty::Fields] = FieldLines(material, names);
-    DescribeFiles(search, material.Textures);
+    DescribeFiles(search, material.Textures, folder);
     return search;
 }
 
@@ -183,7 +186,7 @@ NewEntry EntryOfMaterial(const NamedMaterial& named, const std::string& folder,
     return {named.name,
             JsonOfMaterial(named.material, folder),
             {},
-            SearchValuesOf(named.material, fieldNames)};
+            SearchValuesOf(named.material, folder, fieldNames)};
 }
 
 }  // namespace studio

@@ -36,7 +36,7 @@ NewEntry EntryOfTexture(const std::string& file, const std::string& folder, Pixe
     NewEntry entry;
     entry.name = QFileInfo(QString::fromStdString(file)).completeBaseName().toStdString();
     entry.json = JsonOfTexture(file, folder);
-    entry.search[TextProperty::Files] = Folded(file) + '\n';
+    entry.search[TextProperty::Files] = Folded(StoredPath(file, folder)) + '\n';
     if (extent.width > 0 && extent.height > 0) {
         entry.search[NumberProperty::Width] = extent.width;
         entry.search[NumberProperty::Height] = extent.height;

@@ -37,8 +37,12 @@ public:
         }
     }
 
+    // Without pictures nothing is changed: a library that may only be read is fine then.
     void Finish()
     {
+        if (m_pictures.empty()) {
+            return;
+        }
         m_library.SetThumbnails(m_pictures);
         m_pictures.clear();
     }

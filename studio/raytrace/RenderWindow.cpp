@@ -26,6 +26,7 @@ RenderWindow::RenderWindow(QWidget* parent)
     m_picture->setAlignment(Qt::AlignCenter);
     m_status->setObjectName(QStringLiteral("renderStatus"));
     m_status->setWordWrap(true);
+    m_status->setTextFormat(Qt::PlainText);  // it shows what a program wrote
     m_progress->setRange(0, 100);
     m_save->setObjectName(QStringLiteral("saveRendered"));
     m_save->setEnabled(false);

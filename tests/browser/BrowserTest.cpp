@@ -223,8 +223,12 @@ TEST_F(Browser, VanishedLibraryIsToldOnceAndIsNoException)
     std::vector<QString> messages;
     QObject::connect(browser, &LibraryBrowser::Message,
                      [&](const QString& text) { messages.push_back(text); });
+    file->Add({"Damaged", "{", {}, {}});
+    browser->ShowItems(4);
+    browser->grab();
+    EXPECT_TRUE(messages.empty()) << "it has a sign instead of a picture";
     // Fewer entries than shown, as when another program has emptied the file.
-    file->Remove(file->IdAt(2));
+    file->Remove(file->IdAt(3));
     browser->grab();
     browser->grab();
     EXPECT_EQ(messages.size(), 1U);

@@ -110,14 +110,18 @@ TEST_F(DamagedMaterials, GltfCostsNoMoreThanAMessage)
             EXPECT_EQ(error.Code(), Status::FileFailed);
         }
     }
-    const studio::ImportProgram crashing{m_folder.filePath("crash"), std::chrono::seconds(20)};
-    Write("crash", "#!/bin/sh\nkill -SEGV $$\n");
-    QFile::setPermissions(crashing.path, QFile::ReadOwner | QFile::ExeOwner);
-    studio::Report report;
-    EXPECT_THROW(static_cast<void>(studio::ImportMaterials(CorvexTest::SampleFile("worn.gltf"),
-                                                           report, {crashing, {}})),
-                 Error);
-    EXPECT_TRUE(report.Rows().empty());
+    for (const char* script : {"#!/bin/sh\nkill -SEGV $$\n", "#!/bin/sh\nexec sleep 60\n"}) {
+        studio::ImportProgram program{m_folder.filePath("importer"), std::chrono::seconds(60)};
+        program.cancelled = [asked = 0]() mutable { return ++asked > 3; };
+        QFile::remove(program.path);
+        Write("importer", script);
+        QFile::setPermissions(program.path, QFile::ReadOwner | QFile::ExeOwner);
+        studio::Report report;
+        EXPECT_THROW(static_cast<void>(studio::ImportMaterials(CorvexTest::SampleFile("worn.gltf"),
+                                                               report, {program, {}})),
+                     Error);
+        EXPECT_TRUE(report.Rows().empty());
+    }
 }
 
 TEST_F(DamagedMaterials, AreRefusedWithTheirCause)
@@ -127,6 +131,7 @@ TEST_F(DamagedMaterials, AreRefusedWithTheirCause)
         EXPECT_NE(message.find(cause), std::string::npos) << message;
     };
     says("empty.mtl", "", "no materials");
+    says("many.mtl", QByteArray("newmtl a\n").repeated(100'001), "too many");
     says("model.fbx", "x", ".mtl, .gltf, .glb and .mtlx");
     says("cut.mtlx", "<?xml version=\"1.0\"?><materialx version=\"1.38\"><look", "damaged: line");
     says("other.mtlx", "<svg/>", "no MaterialX");

@@ -75,9 +75,9 @@ TEST_F(LibraryCommands, AddListExportImportRemoveRestore)
     EXPECT_EQ(studio::ReadMaterial(copy, 0).material.Transparency, 80);
     EXPECT_EQ(copy.ThumbnailAt(3).substr(1, 3), "PNG");
 
-    Expect({"remove", m_library, "gold"});
+    EXPECT_EQ(Library({"remove", m_library, "gold", "Gold", "--json"}).output, "{\"removed\":1}\n");
     EXPECT_EQ(Library({"trash", m_library}).output, "Gold\n");
-    Expect({"restore", m_library, "Gold"});
+    Expect({"restore", m_library, "GOLD"});
     Expect({"remove", m_library, "Gold"});
     Expect({"empty-trash", m_library});
     EXPECT_EQ(Library({"trash", m_library}).output, "");
@@ -114,7 +114,8 @@ TEST_F(LibraryCommands, ExplainWrongUseAndEndWithTwo)
     for (const char* line :
          {"", "paint a.cvm", "list", "list a.cvm b.cvm", "export a.cvm", "import a.cvm",
           "list a.cvm --shard 3/2", "list a.cvm --shard 0/1", "list a.cvm --find shine>3",
-          "list a.cvm --nonsense", "add a.cvm --material colour=mud"}) {
+          "list a.cvm --nonsense", "add a.cvm --material colour=mud", "add a.cvm b.png",
+          "add a.cvt", "add a.cvt b.png --name c"}) {
         const Outcome outcome = Library(QString(line).split(' ', Qt::SkipEmptyParts));
         EXPECT_EQ(outcome.exitCode, 2) << line;
         EXPECT_TRUE(outcome.errors.contains("--help")) << line;

@@ -14,7 +14,7 @@ class Searching : public testing::Test {
 protected:
     Searching() : m_library(m_temporary.Open())
     {
-        Add("Oak", [](auto& m) { m.Textures.primary = "/t/Oak Bark.PNG"; });
+        Add("Oak", [](auto& m) { m.Textures.primary = "/home/ann/Oak Bark.PNG"; });
         Add("Gold ring", [](auto& m) {
             m.Color = CorvexMaterial::MakeColour({250, 210, 10});
             m.Specular = 90;
@@ -51,7 +51,7 @@ private:
     {
         studio::NamedMaterial named{name, {}};
         change(named.material);
-        m_library.Add(studio::EntryOfMaterial(named, "/", {"", "Supplier"}));
+        m_library.Add(studio::EntryOfMaterial(named, "/home/ann", {"", "Supplier"}));
     }
 
     LibraryTest::TemporaryLibrary m_temporary;
@@ -93,6 +93,7 @@ TEST_F(Searching, FindsByNameAndProperty)
              Search{"color=blue", ""},
              Search{"plugin:bri", "3"},
              Search{"file:\"oak bark\"", "0"},
+             Search{"file:ann", ""},
              Search{"field:supplier=\"acme & sons\"", "3"},
              Search{"field:Supplier", "3"},
              Search{"field:2=\"Acme & Sons\"", "3"},
@@ -140,8 +141,8 @@ TEST(TextureSearch, FindsByFileAndSize)
 {
     const LibraryTest::TemporaryLibrary temporary(studio::LibraryKind::Textures);
     auto library = temporary.Open();
-    library.Add(studio::EntryOfTexture("/t/oak.png", "/t", {512, 256}));
-    library.Add(studio::EntryOfTexture("/t/pine.tif", "/t"));
+    library.Add(studio::EntryOfTexture("/png/oak.png", "/png", {512, 256}));
+    library.Add(studio::EntryOfTexture("/png/pine.tif", "/png", {512, 256}));
     const auto query = studio::ReadLibraryQuery("width>=512 height<512 file:png");
     EXPECT_THAT(library.Search(std::get<studio::LibraryQuery>(query)), testing::ElementsAre(0));
     EXPECT_EQ(library.NameAt(1), "pine");

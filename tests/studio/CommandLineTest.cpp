@@ -27,9 +27,11 @@ TEST(CommandLine, VersionAndHelpNeedNoDisplay)
 {
     qunsetenv("QT_QPA_PLATFORM");
     EXPECT_TRUE(Studio({"--version"}).output.startsWith("corvex-studio 1."));
-    const Outcome help = Studio({"--help"});
-    EXPECT_EQ(help.exitCode, 0);
-    EXPECT_TRUE(help.output.contains("Exit codes"));
+    for (const char* line : {"--help", "render --help", "library add -h"}) {
+        const Outcome help = Studio(QString(line).split(' '));
+        EXPECT_EQ(help.exitCode, 0) << line;
+        EXPECT_TRUE(help.output.contains("Exit codes")) << line;
+    }
     qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 

@@ -132,6 +132,13 @@ TEST_F(Editing, UndoKeyInsideAFieldBelongsToTheHistory)
     EXPECT_FALSE(History().canUndo());
     QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(rig.Shape(0)->Material().Ambient, 11);
+
+    auto& search = rig.Find<QLineEdit>("searchMaterials");
+    search.setFocus();
+    QTest::keyClicks(&search, "gold");
+    QTest::keyClick(&search, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_NE(search.text(), "gold");
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, 11) << "a search is no part of the material";
 }
 
 struct Pause {

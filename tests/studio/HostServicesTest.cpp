@@ -1,7 +1,10 @@
 #include "studio/app/EventLog.h"
 #include "studio/app/LatePrompts.h"
 #include "studio/app/NumberField.h"
+#include "studio/app/OptionsDialog.h"
 #include "studio/app/StudioDesktop.h"
+#include "studio/app/StudioSettings.h"
+#include "studio/app/StudioTables.h"
 #include "studio/raytrace/AttributeText.h"
 #include "tests/support/RecordingPlatform.h"
 
@@ -10,6 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -111,6 +115,19 @@ TEST(LateMessages, WaitForTheWindowAndThenComeAtOnce)
     EXPECT_EQ(shown.shown.size(), 1U);
     prompts.Show(message);
     EXPECT_EQ(shown.shown.size(), 2U);
+}
+
+TEST(CustomFieldNames, KeepTheirPlaces)
+{
+    CorvexTest::CallLog log;
+    CorvexTest::RecordingStore store(log);
+    studio::StudioSettings settings(store, "Corvex");
+    studio::OptionsDialog first(settings, nullptr);
+    first.findChild<QPlainTextEdit*>("customFields")->setPlainText("\nSupplier");
+    first.Store();
+    studio::OptionsDialog(settings, nullptr).Store();
+    EXPECT_EQ(studio::StudioCustomFields(settings).GetCustomMaterialFieldNames(),
+              (std::vector<std::string>{"", "Supplier"}));
 }
 
 }  // namespace

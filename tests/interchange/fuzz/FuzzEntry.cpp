@@ -55,7 +55,7 @@ void FuzzWith(const FuzzReading& read)
 void FuzzMtl(std::span<const std::byte> bytes)
 {
     FuzzWith([&](studio::Report& report) {
-        return studio::MaterialsOfMtl(FuzzBytes(bytes), "/nowhere", report);
+        return studio::MaterialsOfMtl(FuzzBytes(bytes), "/nowhere/file.mtl", report);
     });
 }
 

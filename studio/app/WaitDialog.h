@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QElapsedTimer>
+#include <QProgressDialog>
+
+namespace studio {
+
+/// Keeps the user off the window while something is read, and offers to cancel it. It comes up only
+/// when that takes long enough to be noticed.
+class WaitDialog : public QProgressDialog {
+    Q_OBJECT
+
+public:
+    /// The text may hold names from files. Without steps the bar just moves.
+    WaitDialog(const QString& text, QWidget* parent, int steps = 0);
+
+    /// For work that asks now and then whether to go on. Events are handled only once the dialog is
+    /// there to keep them off the window.
+    [[nodiscard]] bool Cancelled();
+
+private:
+    QElapsedTimer m_shownLater;
+};
+
+}  // namespace studio
