@@ -118,8 +118,8 @@ void MainWindow::PressLibraryButton(LibraryKind kind, const char* button)
 
 void MainWindow::EmptyTrash()
 {
-    const std::size_t materials = m_desk->Trash(LibraryKind::Materials).size();
-    const std::size_t textures = m_desk->Trash(LibraryKind::Textures).size();
+    const std::int64_t materials = m_desk->TrashCount(LibraryKind::Materials);
+    const std::int64_t textures = m_desk->TrashCount(LibraryKind::Textures);
     if (materials + textures == 0) {
         m_misc->Show(tr("Nothing was deleted from the open libraries."));
         return;

@@ -6,6 +6,7 @@
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/browser/LibraryDrag.h"
+#include "studio/browser/LibraryStep.h"
 #include "studio/libraries/NamedMaterials.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/DefaultScene.h"
@@ -77,11 +78,11 @@ void MainWindow::RefuseModel(const QString& file, const QString& message)
     Q_EMIT SceneRefused(message);
 }
 
-// The steps of the history and the selection belong to the shapes that go.
+// The selection and all steps but those of libraries belong to the shapes that go.
 void MainWindow::ShowShapes(StudioScene::Shapes shapes, const QString& title)
 {
     m_selection.Clear();
-    m_history.clear();
+    KeepOnlyLibrarySteps(m_history);
     m_scene.SetShapes(std::move(shapes));
     setWindowTitle(tr("%1 - Corvex Studio").arg(title));
     m_viewport->Draw();

@@ -30,13 +30,18 @@ QString TitleOf(const FieldSet& fields, const std::vector<ShapeChange>& changes)
     return Tr("Change %1 of %2").arg(NameOf(fields), where);
 }
 
+}  // namespace
+
+bool IsSame(const CorvexSG::GatheredMaterial& one, const CorvexSG::GatheredMaterial& other)
+{
+    return one.applyMode == other.applyMode && one.material == other.material;
+}
+
 bool ChangesNothing(const ShapeChange& change)
 {
     return change.before.coordinates == change.after.coordinates &&
-           change.before.gathered->material == change.after.gathered->material;
+           IsSame(*change.before.gathered, *change.after.gathered);
 }
-
-}  // namespace
 
 MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, std::chrono::milliseconds madeAt,
                                  Shown shown)

@@ -19,6 +19,11 @@ struct ShapeChange {
     AppliedMaterial after;
 };
 
+/// Materials that are applied in the same way.
+[[nodiscard]] bool IsSame(const CorvexSG::GatheredMaterial& one,
+                          const CorvexSG::GatheredMaterial& other);
+[[nodiscard]] bool ChangesNothing(const ShapeChange& change);
+
 using ShapeList = std::vector<std::shared_ptr<StudioShape>>;
 
 /// One step of the undo history: a change of the materials of some shapes, already made when the

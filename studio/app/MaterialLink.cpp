@@ -23,12 +23,6 @@ void PutBack(const std::vector<ShapeChange>& changes)
     }
 }
 
-bool LooksDifferent(const ShapeChange& change)
-{
-    return change.before.coordinates != change.after.coordinates ||
-           change.before.gathered->material != change.after.gathered->material;
-}
-
 }  // namespace
 
 MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
@@ -50,24 +44,28 @@ void MaterialLink::ForAll(const std::function<void()>& choice)
     choice();
 }
 
-const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
+std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialLink::Shown() const
 {
     CorvexSG::Shape* preview = nullptr;
     m_parts.material.get_csMaterialShape(preview);
     const auto* shape = dynamic_cast<const StudioShape*>(preview);
-    return shape != nullptr ? &shape->Material() : nullptr;
+    return shape != nullptr ? shape->Applied().gathered : nullptr;
+}
+
+const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
+{
+    const auto shown = Shown();
+    return shown != nullptr ? &shown->material : nullptr;
 }
 
 // Turning the preview or choosing another primitive ends in a `MaterialChanged` too. Applying then
 // would give every selected shape the material of the last one.
 bool MaterialLink::PanelMoved()
 {
-    const CorvexDB::udtMaterial* shown = ShownMaterial();
-    if (shown != nullptr && *shown == m_lastShown) {
-        return false;
-    }
-    m_lastShown = shown != nullptr ? *shown : CorvexDB::udtMaterial();
-    return true;
+    const auto shown = Shown();
+    const bool stays = shown != nullptr && m_lastShown != nullptr && IsSame(*shown, *m_lastShown);
+    m_lastShown = shown;
+    return !stays;
 }
 
 void MaterialLink::ApplyEdit()
@@ -91,7 +89,8 @@ void MaterialLink::ApplyEdit()
 
 Status MaterialLink::Apply(StudioShape& shape)
 {
-    const bool makesNewCoordinates = MakesNewCoordinates(shape.Material(), m_lastShown);
+    const bool makesNewCoordinates =
+        m_lastShown != nullptr && MakesNewCoordinates(shape.Material(), m_lastShown->material);
     return m_parts.material.ApplyShapeMaterial(m_parts.scene, shape, makesNewCoordinates,
                                                m_parts.scene.RootGroup(),
                                                m_parts.scene.CameraGroup(), {}, {}, false, {}, {});
@@ -118,7 +117,7 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
 
 void MaterialLink::Push(std::vector<ShapeChange> changes)
 {
-    if (std::ranges::none_of(changes, LooksDifferent)) {
+    if (std::ranges::all_of(changes, ChangesNothing)) {
         return;
     }
     m_parts.history.push(new MaterialCommand(

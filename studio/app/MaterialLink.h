@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 private:
     void ApplyEdit();
+    [[nodiscard]] std::shared_ptr<const CorvexSG::GatheredMaterial> Shown() const;
     [[nodiscard]] bool PanelMoved();
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape);
     void Push(std::vector<ShapeChange> changes);
@@ -57,7 +58,7 @@ private:
 
     LinkedParts m_parts;
     Clock m_clock;
-    CorvexDB::udtMaterial m_lastShown;
+    std::shared_ptr<const CorvexSG::GatheredMaterial> m_lastShown;  ///< null before the first
     bool m_showing = false;
     bool m_forAll = false;
 };

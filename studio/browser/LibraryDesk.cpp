@@ -61,16 +61,6 @@ QString Done(const LibraryEdit& change)
         .arg(QString::fromStdString(change.before), QString::fromStdString(change.name));
 }
 
-std::string NameOf(LibraryFile& file, EntryId id)
-{
-    if (const auto index = file.IndexOf(id)) {
-        return file.NameAt(*index);
-    }
-    const std::vector<TrashedEntry> trash = file.Trash();
-    const auto entry = std::ranges::find(trash, id, &TrashedEntry::id);
-    return entry != trash.end() ? entry->name : std::string();
-}
-
 }  // namespace
 
 LibraryDesk::LibraryDesk(LibraryBrowsers& browsers, QUndoStack& history, QObject* parent)
@@ -110,7 +100,7 @@ void LibraryDesk::Record(LibraryKind kind, const LibraryChange& change)
               kind,
               change.path,
               change.ids,
-              isNamed ? NameOf(*file, change.ids.front()) : std::string(),
+              isNamed ? file->NameOf(change.ids.front()) : std::string(),
               {}});
         RevealSoon(kind, change.ids.back());
     });
@@ -184,12 +174,23 @@ void LibraryDesk::RenameSelected(LibraryKind kind)
     }
 }
 
-std::vector<TrashedEntry> LibraryDesk::Trash(LibraryKind kind)
+std::int64_t LibraryDesk::TrashCount(LibraryKind kind)
+{
+    std::int64_t count = 0;
+    Reporting([&] {
+        if (LibraryFile* file = m_browsers.Open(kind); file != nullptr) {
+            count = file->TrashCount();
+        }
+    });
+    return count;
+}
+
+std::vector<TrashedEntry> LibraryDesk::Trash(LibraryKind kind, std::int32_t most)
 {
     std::vector<TrashedEntry> entries;
     Reporting([&] {
         if (LibraryFile* file = m_browsers.Open(kind); file != nullptr) {
-            entries = file->Trash();
+            entries = file->Trash(most);
         }
     });
     return entries;

@@ -26,7 +26,8 @@ public:
     void LookForChanges();
 
     /// Latest first; nothing while no library is open or it cannot be read.
-    [[nodiscard]] std::vector<TrashedEntry> Trash(LibraryKind kind);
+    [[nodiscard]] std::vector<TrashedEntry> Trash(LibraryKind kind, std::int32_t most);
+    [[nodiscard]] std::int64_t TrashCount(LibraryKind kind);
     /// As an undo step.
     void Restore(LibraryKind kind, const TrashedEntry& entry);
     /// For good: deletes from before can no longer be undone.

@@ -6,16 +6,15 @@ namespace studio {
 namespace {
 
 // A menu with more entries is of no use; what is older comes up when these are restored.
-constexpr std::size_t kMostShown = 20;
+constexpr std::int32_t kMostShown = 20;
 
 void ListTrash(QMenu& menu, LibraryDesk& desk, LibraryKind kind)
 {
     menu.clear();
-    std::vector<TrashedEntry> entries = desk.Trash(kind);
+    const std::vector<TrashedEntry> entries = desk.Trash(kind, kMostShown);
     if (entries.empty()) {
         menu.addAction(LibraryMenu::tr("Nothing was deleted"))->setEnabled(false);
     }
-    entries.resize(std::min(entries.size(), kMostShown));
     for (const TrashedEntry& entry : entries) {
         const QString name = QString::fromStdString(entry.name);
         menu.addAction(QString(name).replace(u'&', QStringLiteral("&&")), &desk,

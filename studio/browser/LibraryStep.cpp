@@ -20,7 +20,8 @@ QString StepTitle(const LibraryEdit& change)
         title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 Entries from the Library")
                         : QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 from the Library");
     }
-    return QCoreApplication::translate("LibraryStep", title).arg(change.Described());
+    return QCoreApplication::translate("LibraryStep", title)
+        .arg(change.Described().replace(u'&', QStringLiteral("&&")));
 }
 
 }  // namespace
@@ -66,6 +67,26 @@ void LibraryStep::redo()
     if (!m_made) {
         m_made = true;
         setObsolete(!m_make(m_change));
+    }
+}
+
+std::unique_ptr<LibraryStep> LibraryStep::AsPushed() const
+{
+    return std::make_unique<LibraryStep>(m_change, m_make);
+}
+
+void KeepOnlyLibrarySteps(QUndoStack& history)
+{
+    // A stack gives none of its steps away.
+    std::vector<std::unique_ptr<LibraryStep>> steps;
+    for (int i = 0; i < history.index(); ++i) {
+        if (const auto* step = dynamic_cast<const LibraryStep*>(history.command(i))) {
+            steps.push_back(step->AsPushed());
+        }
+    }
+    history.clear();
+    for (auto& step : steps) {
+        history.push(step.release());
     }
 }
 

@@ -3,9 +3,10 @@
 #include "studio/libraries/LibraryEntry.h"
 #include "studio/libraries/LibrarySchema.h"
 
-#include <QUndoCommand>
+#include <QUndoStack>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,11 +38,17 @@ public:
 
     void undo() override;
     void redo() override;
+    /// The same step, as it was when it was pushed.
+    [[nodiscard]] std::unique_ptr<LibraryStep> AsPushed() const;
 
 private:
     LibraryEdit m_change;
     Make m_make;
     bool m_made = true;
 };
+
+/// Takes every other step out of the history. Libraries outlive the scene that one works on; what
+/// was undone in them can no longer be redone.
+void KeepOnlyLibrarySteps(QUndoStack& history);
 
 }  // namespace studio

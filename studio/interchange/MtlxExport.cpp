@@ -1,6 +1,7 @@
 #include "studio/import/ShapeNames.h"
 #include "studio/interchange/MtlxImageGraph.h"
 #include "studio/interchange/MtlxMaterials.h"
+#include "studio/interchange/TextureReference.h"
 #include "studio/interchange/UniqueNames.h"
 #include "studio/render/MaterialModel.h"
 

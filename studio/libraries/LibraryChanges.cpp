@@ -21,9 +21,7 @@ constexpr const char* kInsertEntry =
 template <typename Work>
 void LibraryFile::Change(const Work& work)
 {
-    if (!m_readOnlyReason.empty()) {
-        ThrowLibraryError(Path(), "it cannot be changed: " + m_readOnlyReason);
-    }
+    RequireWritable();
     Transaction change(m_database, Transaction::Purpose::Write);
     if (m_database.Integer("PRAGMA data_version") == m_dataVersion) {
         work();
@@ -38,6 +36,13 @@ void LibraryFile::Change(const Work& work)
     work();
     change.Commit();
     asShown.dismiss();
+}
+
+void LibraryFile::RequireWritable() const
+{
+    if (!m_readOnlyReason.empty()) {
+        ThrowLibraryError(Path(), "it cannot be changed: " + m_readOnlyReason);
+    }
 }
 
 EntryId LibraryFile::Add(const NewEntry& entry)

@@ -125,8 +125,13 @@ std::optional<std::int32_t> LibraryFile::IndexOf(EntryId id) const
 
 std::string LibraryFile::NameAt(std::int32_t index)
 {
+    return NameOf(IdAt(index));
+}
+
+std::string LibraryFile::NameOf(EntryId id)
+{
     Statement name = m_database.Use("SELECT name FROM entries WHERE id = ?1");
-    name.Bind(1, IdAt(index));
+    name.Bind(1, id);
     return name.Step() ? ValidUtf8(name.Text(0)) : std::string();
 }
 
@@ -174,15 +179,21 @@ std::vector<std::int32_t> LibraryFile::Search(const LibraryQuery& query)
     return indexes;
 }
 
-std::vector<TrashedEntry> LibraryFile::Trash()
+std::vector<TrashedEntry> LibraryFile::Trash(std::int32_t most)
 {
     Statement trashed = m_database.Use(
-        "SELECT id, name FROM entries WHERE trashed > 0 ORDER BY trashed DESC, id DESC");
+        "SELECT id, name FROM entries WHERE trashed > 0 ORDER BY trashed DESC, id DESC LIMIT ?1");
+    trashed.Bind(1, most);
     std::vector<TrashedEntry> entries;
     while (trashed.Step()) {
         entries.push_back({trashed.Integer(0), ValidUtf8(trashed.Text(1))});
     }
     return entries;
+}
+
+std::int64_t LibraryFile::TrashCount()
+{
+    return m_database.Integer("SELECT count(*) FROM entries WHERE trashed > 0");
 }
 
 bool LibraryFile::Refresh()

@@ -22,6 +22,8 @@ struct LibraryQuery;
 /// time.
 class LibraryFile {
 public:
+    static constexpr std::int32_t kAllOfTrash = -1;
+
     /// A missing file is not made. Read-only where writing is not possible; a file that is refused
     /// is left as it was.
     [[nodiscard]] static LibraryFile Open(const std::string& path, LibraryKind kind);
@@ -32,6 +34,8 @@ public:
     [[nodiscard]] LibraryKind Kind() const { return m_kind; }
     /// Why nothing can be changed, for a person; empty when changes are possible.
     [[nodiscard]] const std::string& ReadOnlyReason() const { return m_readOnlyReason; }
+    /// Fails as every change would when there is such a reason.
+    void RequireWritable() const;
 
     [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(m_ids.size()); }
     [[nodiscard]] EntryId IdAt(std::int32_t index) const;
@@ -39,6 +43,8 @@ public:
     [[nodiscard]] std::optional<std::int32_t> IndexOf(EntryId id) const;
 
     [[nodiscard]] std::string NameAt(std::int32_t index);  ///< valid UTF-8
+    /// Also of one in the trash; empty when there is no such entry.
+    [[nodiscard]] std::string NameOf(EntryId id);
     [[nodiscard]] std::string JsonAt(std::int32_t index);
     /// PNG as stored, empty when there is none.
     [[nodiscard]] std::string ThumbnailAt(std::int32_t index);
@@ -60,8 +66,9 @@ public:
     /// Back to where they were.
     void Restore(std::span<const EntryId> ids);
     void Restore(EntryId id) { Restore(std::span(&id, 1)); }
-    /// Latest first.
-    [[nodiscard]] std::vector<TrashedEntry> Trash();
+    /// Latest first; the latest of them when there are more.
+    [[nodiscard]] std::vector<TrashedEntry> Trash(std::int32_t most = kAllOfTrash);
+    [[nodiscard]] std::int64_t TrashCount();
     /// Irrevocably, and gives the space back.
     void EmptyTrash();
 

@@ -34,6 +34,7 @@ CorvexDB::udtMaterial SqliteMaterialLibrary::MaterialAt(std::int32_t index)
 void SqliteMaterialLibrary::AddMaterialToLibrary(const CorvexDB::udtMaterial& material)
 {
     LibraryFile& file = OpenedFile();
+    file.RequireWritable();  // before a picture is copied
     NamedMaterial named{UnusedName(file, DescriptiveName(material)), material};
     named.material.Textures.primary =
         WithLastingPicture(material.Textures.primary, FolderOf(file.Path()));

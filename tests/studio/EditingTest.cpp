@@ -107,6 +107,16 @@ TEST_F(Editing, ChangingThePreviewLeavesDifferingShapesAlone)
     EXPECT_EQ(History().count(), 0);
 }
 
+TEST_F(Editing, WayOfApplyingReachesTheSelectionAsAStep)
+{
+    rig.Select({0, 1});
+    rig.Press("chkApplyRelative");
+    EXPECT_EQ(rig.Shape(1)->Applied().gathered->applyMode, CorvexDB::ApplyMode::Relative);
+    ASSERT_EQ(History().count(), 1);
+    History().undo();
+    EXPECT_EQ(rig.Shape(1)->Applied().gathered->applyMode, CorvexDB::ApplyMode::Absolute);
+}
+
 TEST_F(Editing, UndoSelectsAndShowsTheShapesItChanges)
 {
     rig.Select({0});

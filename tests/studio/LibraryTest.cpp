@@ -121,6 +121,11 @@ TEST_F(Library, AddAndDeleteAreStepsOfTheHistory)
     EXPECT_EQ(Names()[1], second) << "back to where it was";
     EXPECT_TRUE(rig.prompts.shown.empty());
 
+    rig.Select({0});
+    rig.Type("txtAmbient", "33");
+    const int steps = History().count();
+    rig.Window().ResetScene();
+    EXPECT_EQ(History().count(), steps - 1) << "those of shapes that are gone are gone";
     while (History().canUndo()) {
         History().undo();
     }
