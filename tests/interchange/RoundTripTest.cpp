@@ -4,11 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
+
 #include <cmath>
 #include <csignal>
 #include <random>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 // Out into a format and in again: equal as far as the format can say it.
 
@@ -302,6 +305,25 @@ TEST_P(RoundTrip, AFailedExportLeavesTheOldFile)
     const Imported kept = Import(File("kept"));
     ASSERT_EQ(kept.materials.size(), 1U);
     EXPECT_EQ(kept.materials[0].name, "Oak");
+}
+
+TEST_P(RoundTrip, KnowsTheAlphaChannelOfEveryTypeAndReadsNoPipe)
+{
+    const QString translucent = m_folder.filePath("glass.tga");
+    const QString pipe = m_folder.filePath("pipe.tga");
+    QFile file(translucent);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray::fromHex("000002000000000000000000010001002008"
+                                   "0000ff80"));
+    file.close();
+    ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
+    std::vector<NamedMaterial> out{{"Glass", {}}, {"Pipe", {}}};
+    out[0].material.Textures.primary = translucent.toStdString();
+    out[1].material.Textures.primary = pipe.toStdString();
+    studio::Report report;
+    studio::ExportMaterials(File("alpha"), out, report);
+    EXPECT_EQ(CorvexTest::OutcomeFor(report, "Glass", "Alpha channel use"), "mapped");
+    EXPECT_EQ(CorvexTest::OutcomeFor(report, "Pipe", "Alpha channel use"), "-");
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, RoundTrip,
