@@ -1,7 +1,7 @@
 #include "studio/app/ShippedLibraries.h"
+#include "tests/support/SampleFolder.h"
 
 #include <QDir>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -27,19 +27,8 @@ protected:
         Write("shipped/images.stamp", "");
     }
 
-    void Write(const char* name, const char* content) const
-    {
-        const QString path = PathOf(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    [[nodiscard]] QString PathOf(const char* name) const
-    {
-        return m_folder.filePath(QLatin1String(name));
-    }
+    void Write(const char* name, const char* content) const { m_folder.Write(name, content); }
+    [[nodiscard]] QString PathOf(const char* name) const { return m_folder.PathOf(name); }
 
     [[nodiscard]] QStringList Deliver() const
     {
@@ -63,7 +52,7 @@ protected:
     }
 
 private:
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
 };
 
 const Contents kAll{

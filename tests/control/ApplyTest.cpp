@@ -100,19 +100,6 @@ TEST_F(Apply, TickDecidesTheApplyModeAndFilesOnlyLeavesTheOtherTextureAttributes
     EXPECT_NE(rig.Tick("chkApplyRelative").checkState(), Qt::PartiallyChecked);
 }
 
-TEST_F(Apply, MayBeCalledForAShapeThatRefuses)
-{
-    for (const Fault fault : kFaults) {
-        rig.log.Clear();
-        rig.platform.prompts.shown.clear();
-        rig.log.FailEach("Shape.ApplyMaterial", fault);
-        EXPECT_NE(ApplyTo(shape, false), Status::Success);
-        EXPECT_EQ(rig.platform.prompts.shown.size(), 1U);
-    }
-    rig.log.Clear();
-    EXPECT_EQ(ApplyTo(shape, false), Status::Success);
-}
-
 TEST_F(Apply, ARecordWithAnImpossiblePositionIsRefusedWhole)
 {
     const auto spoil = {

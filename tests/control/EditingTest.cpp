@@ -149,15 +149,16 @@ TEST_F(Editing, AlphaTestReferenceIsOpenOnlyUnderATestAndKeepsItsText)
     EXPECT_EQ(rig.Previewed().AlphaTestReference, 9);
 }
 
-TEST_F(Editing, CancelledColourDialogChangesNothing)
+TEST_F(Editing, CancelledColourDialogAndTheSameEntryAgainChangeNothing)
 {
     rig.Control().put_lVBColor(16775408);
     rig.log.Clear();
     Choose(rig.List("cboColor"), "Custom");
     EXPECT_EQ(rig.List("cboColor").currentText(), "Alice Blue");
+    Choose(rig.List("cboColor"), "Alice Blue");
     rig.Press("cmdSelectColor");
     rig.Press("picVBColor");
-    EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"), std::vector<std::string>(3, "16775408"));
+    EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"), Texts(3, "16775408"));
     EXPECT_TRUE(RefreshSteps(rig).empty());
 }
 

@@ -14,11 +14,6 @@ namespace {
 using CorvexMaterial::Material;
 using CorvexMaterial::Status;
 
-Step Member(std::string name, std::function<Status(Material&, ControlRig&)> call)
-{
-    return {std::move(name), [call](ControlRig& rig) { return call(rig.Control(), rig); }};
-}
-
 template <typename Value>
 Step Put(std::string name, Status (CorvexMaterial::IMaterial::*put)(const Value&), Value value)
 {
@@ -173,62 +168,52 @@ void OfferPluginAndField(ControlRig& rig)
 
 std::vector<Step> Members()
 {
-    std::vector<Step> steps;
     using M = Material;
-    const auto add = [&](const char* name, Status (M::*call)()) {
-        steps.push_back(
-            Member(name, [call](M& control, ControlRig&) { return (control.*call)(); }));
-    };
-    add("InitializeMaterialPreviewScene", &M::InitializeMaterialPreviewScene);
-    add("LoadSavedStatus", &M::LoadSavedStatus);
-    add("SaveStatus", &M::SaveStatus);
-    add("RenderMaterial", &M::RenderMaterial);
-    add("DefaultMaterial", &M::DefaultMaterial);
-    add("ResetMiscellaneous", &M::ResetMiscellaneous);
-    add("ResetDevices", &M::ResetDevices);
-    add("pReleaseMaterialLibrarySelection", &M::pReleaseMaterialLibrarySelection);
-    add("pReleaseTextureLibrarySelection", &M::pReleaseTextureLibrarySelection);
-    add("pAlphaIsTransparentUpdated", &M::pAlphaIsTransparentUpdated);
-    steps.push_back(Member("SetBackColor",
-                           [](M& control, ControlRig&) { return control.SetBackColor(1, 2, 3); }));
-    steps.push_back(Member("CopyFieldToFormMaterial", [](M& control, ControlRig&) {
-        return control.CopyFieldToFormMaterial(KeptMaterial());
-    }));
-    steps.push_back(Member("SetTexturesAvoidStateChange", [](M& control, ControlRig&) {
-        return control.SetTexturesAvoidStateChange("/p", "/a", "/o", "/b", "/s", "/e");
-    }));
-    steps.push_back(Member("SetTextureCropping", [](M& control, ControlRig&) {
-        return control.SetTextureCropping(0.1F, 0.2F, 0.3F, 0.4F);
-    }));
-    steps.push_back(Member("sCreateRayTraceCombinedAttributes", [](M& control, ControlRig&) {
-        std::string text;
-        return control.sCreateRayTraceCombinedAttributes(text);
-    }));
-    steps.push_back(Member("colTextures", [](M& control, ControlRig&) {
-        CorvexDB::TextureCollection* textures = nullptr;
-        return control.get_colTextures(textures);
-    }));
-    steps.push_back(Member("ApplyShapeMaterial", [](M& control, ControlRig& rig) {
-        control.SetTexturesAvoidStateChange("", "", "", "", "", "");  // forgets what was gathered
-        RecordingShape shape(rig.log, "selected", rig.host.sceneGraph.missingMeshes);
-        return control.ApplyShapeMaterial(rig.host.Viewport()->TheScene(), shape, false, nullptr,
-                                          nullptr, {}, {}, false, {}, {});
-    }));
-    steps.push_back(Member("DisplayPluginParameters", [](M& control, ControlRig&) {
-        return control.DisplayPluginParameters({1.0F, 2.0F});
-    }));
-    steps.push_back(Member("GetPluginParameterValues", [](M& control, ControlRig&) {
-        std::vector<float> values;
-        return control.GetPluginParameterValues(values);
-    }));
-    steps.push_back(Member("LoadMaterialLibrary", [](M& control, ControlRig&) {
-        return control.LoadMaterialLibrary("Gems.cvm");
-    }));
-    steps.push_back(Member("LoadTextureLibrary", [](M& control, ControlRig&) {
-        return control.LoadTextureLibrary("Gems.cvt");
-    }));
-    steps.push_back(Member("SetMaxStatus",
-                           [](M& control, ControlRig&) { return control.SetMaxStatus(20000); }));
+    const std::pair<const char*, std::function<Status(M&)>> rows[] = {
+        {"InitializeMaterialPreviewScene", &M::InitializeMaterialPreviewScene},
+        {"LoadSavedStatus", &M::LoadSavedStatus},
+        {"SaveStatus", &M::SaveStatus},
+        {"RenderMaterial", &M::RenderMaterial},
+        {"DefaultMaterial", &M::DefaultMaterial},
+        {"ResetMiscellaneous", &M::ResetMiscellaneous},
+        {"ResetDevices", &M::ResetDevices},
+        {"pReleaseMaterialLibrarySelection", &M::pReleaseMaterialLibrarySelection},
+        {"pReleaseTextureLibrarySelection", &M::pReleaseTextureLibrarySelection},
+        {"pAlphaIsTransparentUpdated", &M::pAlphaIsTransparentUpdated},
+        {"SetBackColor", [](M& m) { return m.SetBackColor(1, 2, 3); }},
+        {"CopyFieldToFormMaterial", [](M& m) { return m.CopyFieldToFormMaterial(KeptMaterial()); }},
+        {"SetTexturesAvoidStateChange",
+         [](M& m) { return m.SetTexturesAvoidStateChange("/p", "/a", "/o", "/b", "/s", "/e"); }},
+        {"SetTextureCropping", [](M& m) { return m.SetTextureCropping(0.1F, 0.2F, 0.3F, 0.4F); }},
+        {"sCreateRayTraceCombinedAttributes",
+         [text = std::string()](M& m) mutable {
+             return m.sCreateRayTraceCombinedAttributes(text);
+         }},
+        {"colTextures", [textures = static_cast<CorvexDB::TextureCollection*>(nullptr)](
+                            M& m) mutable { return m.get_colTextures(textures); }},
+        {"DisplayPluginParameters",
+         [](M& m) {
+             return m.DisplayPluginParameters({1.0F, 2.0F});
+         }},
+        {"GetPluginParameterValues",
+         [values = std::vector<float>()](M& m) mutable {
+             return m.GetPluginParameterValues(values);
+         }},
+        {"LoadMaterialLibrary", [](M& m) { return m.LoadMaterialLibrary("Gems.cvm"); }},
+        {"LoadTextureLibrary", [](M& m) { return m.LoadTextureLibrary("Gems.cvt"); }},
+        {"SetMaxStatus", [](M& m) { return m.SetMaxStatus(20000); }}};
+    std::vector<Step> steps;
+    for (const auto& [name, call] : rows) {
+        steps.push_back({name, [call = call](ControlRig& rig) { return call(rig.Control()); }});
+    }
+    steps.push_back(
+        {"ApplyShapeMaterial", [](ControlRig& rig) {
+             // Forgets what was gathered.
+             rig.Control().SetTexturesAvoidStateChange("", "", "", "", "", "");
+             RecordingShape shape(rig.log, "selected", rig.host.sceneGraph.missingMeshes);
+             return rig.Control().ApplyShapeMaterial(rig.host.Viewport()->TheScene(), shape, false,
+                                                     nullptr, nullptr, {}, {}, false, {}, {});
+         }});
     return steps;
 }
 

@@ -1,12 +1,10 @@
 #include "tests/control/SampleMaterial.h"
+#include "tests/support/CommaLocale.h"
 #include "tests/support/ControlRig.h"
-
-#include <QLocale>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <locale>
 
 namespace {
 
@@ -37,7 +35,7 @@ TEST_F(SavedStateFlow, EverythingKeptComesBackAfterARestart)
     rig.Control().put_ApplyRelative(ApplyMode::Relative);
     rig.Restart();
     EXPECT_EQ(rig.Previewed(), KeptMaterial());
-    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewcylinder.x");
+    EXPECT_EQ(rig.ShownMesh(), "previewcylinder.x");
     EXPECT_FALSE(rig.Tick("chkApplyRelative").isChecked());
     EXPECT_TRUE(rig.Field("txtAlphaTestReference").isEnabled());
     EXPECT_EQ(rig.List("cboColor").currentText(), "Custom");
@@ -75,44 +73,6 @@ TEST_F(SavedStateFlow, TerminationWritesBetweenItsTwoLinesAndFlushesOnce)
     EXPECT_EQ(rig.log.CountOf("Diagnostics.RecordEvent"), 2U);
 }
 
-TEST_F(SavedStateFlow, AmountIsStoredAsTyped)
-{
-    Type(rig.Field("txtAmbient"), "40x");
-    rig.Terminate();
-    EXPECT_EQ(rig.platform.settings.Get("MaterialAmbient"), "40x");
-    rig.Start();
-    EXPECT_EQ(rig.Field("txtAmbient").text(), "60");
-}
-
-TEST_F(SavedStateFlow, UnusableStoredTextsLeaveTheirAttributeAlone)
-{
-    auto& store = rig.platform.settings;
-    rig.Control().CopyFieldToFormMaterial(KeptMaterial());
-    rig.Terminate();
-    const std::vector<std::pair<const char*, const char*>> garbage{
-        {"MaterialColor", "blue"},        {"MaterialEmissive", "\xFF\xFE"},
-        {"MaterialAlphaTest", "8"},       {"MaterialTextureAlphaChannelUse", "-1"},
-        {"MaterialWrapType", "99999999"}, {"MaterialWrapOriginU", "nan"},
-        {"MaterialDoubleSided", "maybe"}, {"MaterialPreviewPrimitive", ""},
-    };
-    for (const auto& [key, text] : garbage) {
-        store.Put(key, text);
-    }
-    rig.Start();
-    udtMaterial expected = KeptMaterial();
-    const udtMaterial factory;
-    expected.Color = factory.Color;
-    expected.Emissive = factory.Emissive;
-    expected.AlphaTest = factory.AlphaTest;
-    expected.TextureAlphaChannelUse = factory.TextureAlphaChannelUse;
-    expected.Wrap = factory.Wrap;
-    expected.Placement.originU = factory.Placement.originU;
-    expected.DoubleSided = factory.DoubleSided;
-    EXPECT_EQ(rig.Previewed(), expected);
-    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewsphere.x");
-    EXPECT_TRUE(rig.platform.prompts.shown.empty());
-}
-
 TEST_F(SavedStateFlow, LoadingRefreshesOnce)
 {
     rig.platform.settings.Put("MaterialAmbient", "5");
@@ -138,8 +98,11 @@ TEST_F(SavedStateFlow, UserDefaultsComeBackButFourAttributesStay)
     EXPECT_EQ(rig.log.CountOf("Store.Flush"), 1U);
     EXPECT_EQ(rig.log.CountOf("Store.Read"), 0U);
 
+    rig.log.Clear();
     rig.Press("cmdMaterialResetDefaults");
     EXPECT_EQ(rig.Previewed(), udtMaterial());
+    EXPECT_EQ(rig.Changes(), 1U);
+    EXPECT_EQ(rig.log.CountOf("Store.Read") + rig.log.CountOf("Store.Write"), 0U);
     rig.Press("chkApplyRelative");
     rig.Control().put_lPreviewPrimitive(4);
     rig.log.Clear();
@@ -149,25 +112,9 @@ TEST_F(SavedStateFlow, UserDefaultsComeBackButFourAttributesStay)
     expected.RayTrace.ColorPattern = 0;
     EXPECT_EQ(rig.Previewed(), expected);
     EXPECT_TRUE(rig.Tick("chkApplyRelative").isChecked());
-    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewcone.x");
+    EXPECT_EQ(rig.ShownMesh(), "previewcone.x");
     EXPECT_EQ(rig.Changes(), 1U);
     EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
-}
-
-TEST_F(SavedStateFlow, FactoryResetLeavesStoreLibrariesAndPanelsAlone)
-{
-    rig.platform.settings.Put("TextureLibrary", "Wood.cvt");
-    rig.Control().LoadSavedStatus();
-    rig.Control().put_bMaterialPanel(true);
-    rig.log.Clear();
-    rig.Press("cmdMaterialResetDefaults");
-    EXPECT_EQ(rig.Changes(), 1U);
-    EXPECT_EQ(rig.log.CountOf("Store.Read") + rig.log.CountOf("Store.Write"), 0U);
-    bool expanded = false;
-    rig.Control().get_bMaterialPanel(expanded);
-    EXPECT_TRUE(expanded);
-    rig.Terminate();
-    EXPECT_EQ(rig.platform.settings.Get("TextureLibrary"), "Wood.cvt");
 }
 
 TEST_F(SavedStateFlow, ApplicationNameIsAskedForEachAccess)
@@ -199,31 +146,6 @@ TEST_F(SavedStateFlow, AStoreThatCannotBeWrittenIsToldOnceAndTheWorkGoesOn)
     rig.Terminate();
     EXPECT_LT(IndexOf("Material instance terminated"), rig.log.Calls().size());
 }
-
-/// Decimal commas and grouping dots, for Qt and for the standard streams.
-class CommaLocale {
-public:
-    CommaLocale() : m_before(std::locale::global(std::locale(std::locale(), new Commas)))
-    {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    }
-    ~CommaLocale()
-    {
-        std::locale::global(m_before);
-        QLocale::setDefault(QLocale::c());
-    }
-    CommaLocale(const CommaLocale&) = delete;
-    CommaLocale& operator=(const CommaLocale&) = delete;
-
-private:
-    struct Commas : std::numpunct<char> {
-        char do_decimal_point() const override { return ','; }
-        char do_thousands_sep() const override { return '.'; }
-        std::string do_grouping() const override { return "\3"; }
-    };
-
-    std::locale m_before;
-};
 
 TEST_F(SavedStateFlow, StateMovesBetweenLocales)
 {

@@ -2,12 +2,12 @@
 #include "studio/images/OwnImage.h"
 #include "studio/images/TextureFile.h"
 #include "tests/images/fuzz/FuzzEntry.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <random>
 
@@ -54,11 +54,7 @@ class Damaged : public testing::Test {
 protected:
     void ExpectImageOrReason(const QByteArray& bytes, const QString& suffix)
     {
-        const QString path = m_folder.filePath("damaged." + suffix);
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
+        const QString path = m_folder.Write("damaged." + suffix, bytes);
         const studio::ImageBounds bounds{64, 64 * 64 * 4};
         const studio::FileImage read = studio::ReadTextureFile(path.toStdString(), bounds);
         EXPECT_EQ(read.image.isNull(), !read.error.empty());
@@ -66,7 +62,7 @@ protected:
     }
 
 private:
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
 };
 
 TEST_F(Damaged, FilesOfEveryTypeGiveAnImageOrAReason)

@@ -67,6 +67,11 @@ std::vector<std::uint32_t> Pixels(const RgbaImage& image)
 
 using Colours = std::vector<std::uint32_t>;
 
+Colours PixelsOf(std::string_view format, const std::string& hex)
+{
+    return Pixels(Decode(format, hex));
+}
+
 // Two by two, 24 bit: the file's pixels are red, green, blue, white.
 std::string FourColours(const std::string& descriptor)
 {
@@ -79,31 +84,27 @@ TEST(TgaDecoder, PutsTheFirstPixelInTheCornerThatTheFileNames)
     const std::uint32_t green = 0x00ff00ff;
     const std::uint32_t blue = 0x0000ffff;
     const std::uint32_t white = 0xffffffff;
-    EXPECT_EQ(Pixels(Decode("tga", FourColours("00"))), (Colours{blue, white, red, green}));
-    EXPECT_EQ(Pixels(Decode("tga", FourColours("10"))), (Colours{white, blue, green, red}));
-    EXPECT_EQ(Pixels(Decode("tga", FourColours("20"))), (Colours{red, green, blue, white}));
-    EXPECT_EQ(Pixels(Decode("tga", FourColours("30"))), (Colours{green, red, white, blue}));
+    EXPECT_EQ(PixelsOf("tga", FourColours("00")), (Colours{blue, white, red, green}));
+    EXPECT_EQ(PixelsOf("tga", FourColours("10")), (Colours{white, blue, green, red}));
+    EXPECT_EQ(PixelsOf("tga", FourColours("20")), (Colours{red, green, blue, white}));
+    EXPECT_EQ(PixelsOf("tga", FourColours("30")), (Colours{green, red, white, blue}));
 }
 
 TEST(TgaDecoder, ReadsAlphaAsDeclared)
 {
     const std::string bits = "0000000000 00000000 0200 0100 10";
-    EXPECT_EQ(Pixels(Decode("tga", "000002" + bits + "01 00fc 007c")),
-              (Colours{0xff0000ff, 0xff000000}));
-    EXPECT_EQ(Pixels(Decode("tga", "000002" + bits + "00 00fc 007c")),
-              (Colours{0xff0000ff, 0xff0000ff}));
+    EXPECT_EQ(PixelsOf("tga", "000002" + bits + "01 00fc 007c"), (Colours{0xff0000ff, 0xff000000}));
+    EXPECT_EQ(PixelsOf("tga", "000002" + bits + "00 00fc 007c"), (Colours{0xff0000ff, 0xff0000ff}));
     const std::string bytes = "000002 0000000000 00000000 0200 0100 20";
-    EXPECT_EQ(Pixels(Decode("tga", bytes + "00 0000ff00 00ff0000")),
-              (Colours{0xff0000ff, 0x00ff00ff}))
+    EXPECT_EQ(PixelsOf("tga", bytes + "00 0000ff00 00ff0000"), (Colours{0xff0000ff, 0x00ff00ff}))
         << "an undeclared fourth byte of zero everywhere is no alpha";
-    EXPECT_EQ(Pixels(Decode("tga", bytes + "08 0000ff00 00ff0000")),
-              (Colours{0xff000000, 0x00ff0000}));
+    EXPECT_EQ(PixelsOf("tga", bytes + "08 0000ff00 00ff0000"), (Colours{0xff000000, 0x00ff0000}));
 }
 
 TEST(TgaDecoder, CountsColourMapIndicesFromTheMapsStart)
 {
     const std::string header = "000101 0500 0200 18 00000000 0200 0100 08 00 0000ff 00ff00";
-    EXPECT_EQ(Pixels(Decode("tga", header + "06 05")), (Colours{0x00ff00ff, 0xff0000ff}));
+    EXPECT_EQ(PixelsOf("tga", header + "06 05"), (Colours{0x00ff00ff, 0xff0000ff}));
     EXPECT_THROW(Decode("tga", header + "04 05"), ImageError);
     EXPECT_THROW(Decode("tga", header + "07 05"), ImageError);
 }
@@ -111,7 +112,7 @@ TEST(TgaDecoder, CountsColourMapIndicesFromTheMapsStart)
 TEST(TgaDecoder, RunsCrossRowsButNotTheEnd)
 {
     const std::string header = "00000b 0000000000 00000000 0200 0200 08 20";
-    EXPECT_EQ(Pixels(Decode("tga", header + "82 40 00 ff")),
+    EXPECT_EQ(PixelsOf("tga", header + "82 40 00 ff"),
               (Colours{0x404040ff, 0x404040ff, 0x404040ff, 0xffffffff}));
     EXPECT_THROW(Decode("tga", header + "84 40"), ImageError);
 }
@@ -133,20 +134,20 @@ const std::string kNewHeader = "04000000 44583130" + Zeros(20);
 TEST(DdsDecoder, ChoosesBetweenFourColoursAndThreeWithClear)
 {
     // Red and blue, then indices 0 to 3 in the first row.
-    const RgbaImage four = Decode("dds", DdsHeader(4, 1, kDxt1) + "00f8 1f00 e4000000");
-    EXPECT_EQ(Pixels(four), (Colours{0xff0000ff, 0x0000ffff, 0xaa0055ff, 0x5500aaff}));
-    const RgbaImage three = Decode("dds", DdsHeader(4, 1, kDxt1) + "1f00 00f8 e4000000");
-    EXPECT_EQ(Pixels(three), (Colours{0x0000ffff, 0xff0000ff, 0x800080ff, 0x00000000}));
+    EXPECT_EQ(PixelsOf("dds", DdsHeader(4, 1, kDxt1) + "00f8 1f00 e4000000"),
+              (Colours{0xff0000ff, 0x0000ffff, 0xaa0055ff, 0x5500aaff}));
+    EXPECT_EQ(PixelsOf("dds", DdsHeader(4, 1, kDxt1) + "1f00 00f8 e4000000"),
+              (Colours{0x0000ffff, 0xff0000ff, 0x800080ff, 0x00000000}));
 }
 
 TEST(DdsDecoder, InterpolatesAlphaWithSevenOrFiveSteps)
 {
     // Alpha indices 0, 1, 2, 7 in the first row.
     const std::string white = "ffff ffff 00000000";
-    const RgbaImage seven = Decode("dds", DdsHeader(4, 1, kDxt5) + "ff00 880e00000000" + white);
-    EXPECT_EQ(Pixels(seven), (Colours{0xffffffff, 0xffffff00, 0xffffffda, 0xffffff24}));
-    const RgbaImage five = Decode("dds", DdsHeader(4, 1, kDxt5) + "00ff 880e00000000" + white);
-    EXPECT_EQ(Pixels(five), (Colours{0xffffff00, 0xffffffff, 0xffffff33, 0xffffffff}));
+    EXPECT_EQ(PixelsOf("dds", DdsHeader(4, 1, kDxt5) + "ff00 880e00000000" + white),
+              (Colours{0xffffffff, 0xffffff00, 0xffffffda, 0xffffff24}));
+    EXPECT_EQ(PixelsOf("dds", DdsHeader(4, 1, kDxt5) + "00ff 880e00000000" + white),
+              (Colours{0xffffff00, 0xffffffff, 0xffffff33, 0xffffffff}));
 }
 
 TEST(DdsDecoder, UndoesColoursMultipliedByAlpha)
@@ -163,10 +164,10 @@ TEST(DdsDecoder, ReadsTheNewHeader)
     const auto with = [](const std::string& number) {
         return DdsHeader(1, 1, kNewHeader) + number + "000000 03000000 00000000 01000000 00000000";
     };
-    EXPECT_EQ(Pixels(Decode("dds", with("47") + "00f8 1f00 00000000")), (Colours{0xff0000ff}));
-    EXPECT_EQ(Pixels(Decode("dds", with("57") + "0000ff80")), (Colours{0xff000080}));
-    EXPECT_EQ(Pixels(Decode("dds", with("1c") + "0000ff80")), (Colours{0x0000ff80}));
-    EXPECT_EQ(Pixels(Decode("dds", with("51") + "8181 000000000000")), (Colours{0x000000ff}));
+    EXPECT_EQ(PixelsOf("dds", with("47") + "00f8 1f00 00000000"), (Colours{0xff0000ff}));
+    EXPECT_EQ(PixelsOf("dds", with("57") + "0000ff80"), (Colours{0xff000080}));
+    EXPECT_EQ(PixelsOf("dds", with("1c") + "0000ff80"), (Colours{0x0000ff80}));
+    EXPECT_EQ(PixelsOf("dds", with("51") + "8181 000000000000"), (Colours{0x000000ff}));
     EXPECT_THROW(Decode("dds", with("62") + Zeros(16)), ImageError);
 }
 
@@ -177,23 +178,22 @@ TEST(DdsDecoder, FollowsTheMasks)
         return DdsHeader(1, 1, flags + "0000 00000000" + bits + "000000" + masks);
     };
     const std::string none = "00000000";
+    EXPECT_EQ(PixelsOf("dds", plain("4000", "10", "00f80000 e0070000 1f000000" + none) + "e007"),
+              (Colours{0x00ff00ff}));
     EXPECT_EQ(
-        Pixels(Decode("dds", plain("4000", "10", "00f80000 e0070000 1f000000" + none) + "e007")),
-        (Colours{0x00ff00ff}));
-    EXPECT_EQ(Pixels(Decode("dds", plain("4100", "20", "0000ff3f 00fc0f00 ff030000 000000c0") +
-                                       "ff0300c0")),
-              (Colours{0x0000ffff}));
-    EXPECT_EQ(Pixels(Decode("dds", plain("0200", "08", none + none + none + "ff000000") + "80")),
+        PixelsOf("dds", plain("4100", "20", "0000ff3f 00fc0f00 ff030000 000000c0") + "ff0300c0"),
+        (Colours{0x0000ffff}));
+    EXPECT_EQ(PixelsOf("dds", plain("0200", "08", none + none + none + "ff000000") + "80"),
               (Colours{0xffffff80}));
     // Luminance and alpha.
     const std::string luminance = "01000200 00000000 10000000 ff000000" + none + none + "00ff0000";
-    EXPECT_EQ(Pixels(Decode("dds", DdsHeader(1, 1, luminance) + "4080")), (Colours{0x40404080}));
+    EXPECT_EQ(PixelsOf("dds", DdsHeader(1, 1, luminance) + "4080"), (Colours{0x40404080}));
 }
 
 TEST(PcxDecoder, RefusesLinesShorterThanTheImage)
 {
     const std::string start = "0a05 01 08 0000 0000 0100 0000 00000000" + Zeros(48) + "00 03";
-    EXPECT_EQ(Pixels(Decode("pcx", start + "0200 0100" + Zeros(58) + "10 20 30 40 c250")),
+    EXPECT_EQ(PixelsOf("pcx", start + "0200 0100" + Zeros(58) + "10 20 30 40 c250"),
               (Colours{0x103050ff, 0x204050ff}));
     EXPECT_THROW(Decode("pcx", start + "0100 0100" + Zeros(58) + "10 20 30 40 c250"), ImageError);
 }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -33,16 +34,12 @@ const Picture kBlackAtTopLeft{{"#000000", "#ffffff", "#ffffff", "#ffffff", "#fff
 /// The opaque picture's colours taken for directions, brought to length 1; z always upwards.
 const Picture kNormals{{"#c935c9", "#35c9c9", "#3535c9", "#c9c9c9", "#3535c9"}, false};
 
-struct FileCase {
-    const char* file;
+/// Files that show the same.
+struct Group {
     const Picture& picture;
-    int tolerance = 0;
+    int tolerance;
+    std::vector<const char*> files;
 };
-
-void PrintTo(const FileCase& each, std::ostream* out)
-{
-    *out << each.file;
-}
 
 void ExpectPicture(QImage image, const Picture& picture, int tolerance)
 {
@@ -67,65 +64,60 @@ std::string PathOf(const char* file)
     return std::string(IMAGES_TEST_DATA "/") + file;
 }
 
-class FileType : public testing::TestWithParam<FileCase> {};
+const Group kGroups[] = {
+    {kOpaque,
+     0,
+     {"rgb24-pil.tga", "rgb24-rle-netpbm.tga", "rgb15-rle-ffmpeg.tga", "map24-pil.tga",
+      "map24-netpbm.tga", "map24-rle-netpbm.tga", "map32-ffmpeg.tga", "map8-im.pcx", "map8-pil.pcx",
+      "packed4-netpbm.pcx", "planes4-netpbm.pcx", "rgb24-netpbm.pcx", "rgb24-pil.pcx"}},
+    {kOpaque,
+     0,
+     {"bc1-nvidia.dds", "rgb24-im.dds", "rgb24.bmp", "map8.bmp", "map8-rle-im.bmp", "rgb.gif",
+      "rgb24.png", "map8.png", "rgb48-interlaced.png", "lzw.tif", "deflate.tif"}},
+    {kAlpha,
+     0,
+     {"rgba32-ffmpeg.tga", "rgba32-rle-netpbm.tga", "rgba32-rle-pil.tga", "rgba32-top-pil.tga",
+      "rgba32-im.pcx", "rgba32-pil.dds", "rgba32.png", "alpha-lzw.tif", "alpha16-deflate.tif"}},
+    {kGrey,
+     0,
+     {"grey8-ffmpeg.tga", "grey8-rle-netpbm.tga", "grey8-rle-top-pil.tga", "grey8-pil.pcx",
+      "packed2-netpbm.pcx", "planes2-netpbm.pcx", "bc4-nvidia.dds"}},
+    {kGreyAlpha, 0, {"greyalpha16-pil.tga"}},
+    {kBlackAtTopLeft, 0, {"bw1-pil.pcx"}},
+    {kOneBitAlpha, 0, {"bc1a-nvidia.dds", "clear.gif"}},
+    {kAlpha, 8, {"bc2-nvidia.dds"}},
+    {kAlpha, 1, {"bc3-nvidia.dds", "dxt5-im.dds"}},
+    {kNormals, 2, {"bc5-nvidia.dds"}},
+    {kOpaque, 4, {"plain.jpg", "progressive.jpg"}},
+    {kGrey, 4, {"grey.jpg"}}};
 
-TEST_P(FileType, HasItsColoursInItsCorners)
+TEST(TextureFile, HasItsColoursInItsCorners)
 {
-    const FileImage read = ReadTextureFile(PathOf(GetParam().file), kNoBounds);
-    ASSERT_EQ(read.error, "");
-    EXPECT_EQ(read.image.format(), QImage::Format_RGBA8888);
-    EXPECT_EQ(read.hasAlpha, GetParam().picture.hasAlpha);
-    ExpectPicture(read.image, GetParam().picture, GetParam().tolerance);
-}
-
-TEST_P(FileType, IsReadTheSameByEveryImageReaderOfTheProcess)
-{
-    QImageReader reader(QString::fromStdString(PathOf(GetParam().file)));
-    if (reader.size().isValid()) {
-        EXPECT_EQ(reader.size(), QSize(30, 22));
+    for (const auto& [picture, tolerance, files] : kGroups) {
+        for (const char* file : files) {
+            SCOPED_TRACE(file);
+            const FileImage read = ReadTextureFile(PathOf(file), kNoBounds);
+            ASSERT_EQ(read.error, "");
+            EXPECT_EQ(read.image.format(), QImage::Format_RGBA8888);
+            EXPECT_EQ(read.hasAlpha, picture.hasAlpha);
+            ExpectPicture(read.image, picture, tolerance);
+        }
     }
-    ExpectPicture(reader.read(), GetParam().picture, GetParam().tolerance);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Tga, FileType,
-    testing::Values(
-        FileCase{"rgb24-pil.tga", kOpaque}, FileCase{"rgb24-rle-netpbm.tga", kOpaque},
-        FileCase{"rgb15-rle-ffmpeg.tga", kOpaque}, FileCase{"rgba32-ffmpeg.tga", kAlpha},
-        FileCase{"rgba32-rle-netpbm.tga", kAlpha}, FileCase{"rgba32-rle-pil.tga", kAlpha},
-        FileCase{"rgba32-top-pil.tga", kAlpha}, FileCase{"map24-pil.tga", kOpaque},
-        FileCase{"map24-netpbm.tga", kOpaque}, FileCase{"map24-rle-netpbm.tga", kOpaque},
-        FileCase{"map32-ffmpeg.tga", kOpaque}, FileCase{"grey8-ffmpeg.tga", kGrey},
-        FileCase{"grey8-rle-netpbm.tga", kGrey}, FileCase{"grey8-rle-top-pil.tga", kGrey},
-        FileCase{"greyalpha16-pil.tga", kGreyAlpha}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Pcx, FileType,
-    testing::Values(FileCase{"bw1-pil.pcx", kBlackAtTopLeft}, FileCase{"grey8-pil.pcx", kGrey},
-                    FileCase{"map8-im.pcx", kOpaque}, FileCase{"map8-pil.pcx", kOpaque},
-                    FileCase{"packed2-netpbm.pcx", kGrey}, FileCase{"packed4-netpbm.pcx", kOpaque},
-                    FileCase{"planes2-netpbm.pcx", kGrey}, FileCase{"planes4-netpbm.pcx", kOpaque},
-                    FileCase{"rgb24-netpbm.pcx", kOpaque}, FileCase{"rgb24-pil.pcx", kOpaque},
-                    FileCase{"rgba32-im.pcx", kAlpha}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Dds, FileType,
-    testing::Values(FileCase{"bc1-nvidia.dds", kOpaque}, FileCase{"bc1a-nvidia.dds", kOneBitAlpha},
-                    FileCase{"bc2-nvidia.dds", kAlpha, 8}, FileCase{"bc3-nvidia.dds", kAlpha, 1},
-                    FileCase{"bc4-nvidia.dds", kGrey}, FileCase{"bc5-nvidia.dds", kNormals, 2},
-                    FileCase{"dxt5-im.dds", kAlpha, 1}, FileCase{"rgb24-im.dds", kOpaque},
-                    FileCase{"rgba32-pil.dds", kAlpha}));
-
-INSTANTIATE_TEST_SUITE_P(
-    Others, FileType,
-    testing::Values(FileCase{"rgb24.bmp", kOpaque}, FileCase{"map8.bmp", kOpaque},
-                    FileCase{"map8-rle-im.bmp", kOpaque}, FileCase{"plain.jpg", kOpaque, 4},
-                    FileCase{"progressive.jpg", kOpaque, 4}, FileCase{"grey.jpg", kGrey, 4},
-                    FileCase{"rgb.gif", kOpaque}, FileCase{"clear.gif", kOneBitAlpha},
-                    FileCase{"rgb24.png", kOpaque}, FileCase{"rgba32.png", kAlpha},
-                    FileCase{"map8.png", kOpaque}, FileCase{"rgb48-interlaced.png", kOpaque},
-                    FileCase{"lzw.tif", kOpaque}, FileCase{"deflate.tif", kOpaque},
-                    FileCase{"alpha-lzw.tif", kAlpha}, FileCase{"alpha16-deflate.tif", kAlpha}));
+TEST(TextureFile, IsReadTheSameByEveryImageReaderOfTheProcess)
+{
+    for (const auto& [picture, tolerance, files] : kGroups) {
+        for (const char* file : files) {
+            SCOPED_TRACE(file);
+            QImageReader reader(QString::fromStdString(PathOf(file)));
+            if (reader.size().isValid()) {
+                EXPECT_EQ(reader.size(), QSize(30, 22));
+            }
+            ExpectPicture(reader.read(), picture, tolerance);
+        }
+    }
+}
 
 // Not among the cases above: where the toolkit's own reader of Targa files is installed, the image
 // readers of the process ask it first, and it takes these for transparent.

@@ -1,12 +1,10 @@
 #include "studio/images/MissingTextures.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-
 #include <filesystem>
-#include <fstream>
 
 namespace {
 
@@ -19,16 +17,13 @@ class MissingTextures : public testing::Test {
 protected:
     std::string Make(const std::string& name)
     {
-        const std::filesystem::path path = Folder() + "/" + name;
-        std::filesystem::create_directories(path.parent_path());
-        std::ofstream(path) << "x";
-        return path.string();
+        return m_folder.Write(QString::fromStdString(name), "x").toStdString();
     }
 
-    [[nodiscard]] std::string Folder() const { return m_folder.path().toStdString(); }
+    [[nodiscard]] std::string Folder() const { return m_folder.Path().toStdString(); }
 
 private:
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
 };
 
 TEST_F(MissingTextures, AreFoundByNameInAnyCaseAndWithEitherSlash)

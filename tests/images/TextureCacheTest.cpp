@@ -1,11 +1,11 @@
 #include "studio/images/TextureCache.h"
 #include "studio/images/Thumbnail.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <QFile>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 #include <future>
 #include <set>
@@ -20,14 +20,10 @@ class Cache : public testing::Test {
 protected:
     std::string Save(const QString& name, const QColor& colour, QSize size = {64, 64})
     {
-        QImage image(size, QImage::Format_ARGB32);
-        image.fill(colour);
-        const QString path = m_folder.filePath(name);
-        EXPECT_TRUE(image.save(path));
-        return path.toStdString();
+        return m_folder.Save(name, colour, size).toStdString();
     }
-
-    std::string PathOf(const QString& name) { return m_folder.filePath(name).toStdString(); }
+    void Write(const QString& name, const QByteArray& bytes) { m_folder.Write(name, bytes); }
+    std::string PathOf(const QString& name) { return m_folder.PathOf(name).toStdString(); }
 
     /// Checks by themselves would come at any time.
     static TextureLimits Limits(std::int64_t bytes = 1 << 30)
@@ -36,7 +32,7 @@ protected:
     }
 
 private:
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
 };
 
 TEST_F(Cache, ReadsAFileOnceHoweverManyThreadsAsk)
@@ -119,10 +115,7 @@ TEST_F(Cache, ShowsTheSamePatternForAllUnreadableFilesUntilTheyChange)
     EXPECT_NE(missing->image.pixelColor(0, 0), missing->image.pixelColor(8, 0));
     EXPECT_TRUE(studio::ThumbnailOf(*missing, 32).isNull());
 
-    QFile broken(QString::fromStdString(path));
-    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
-    broken.write("no image");
-    broken.close();
+    Write("later.tga", "no image");
     const TexturePointer damaged = cache.Await(path);
     EXPECT_NE(damaged->error, missing->error);
     EXPECT_EQ(damaged->id, missing->id);

@@ -3,7 +3,6 @@
 #include "material/AttributeText.h"
 #include "material/LayerAttributes.h"
 #include "material/NamedColours.h"
-#include "preview/PreviewPrimitives.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -71,14 +70,6 @@ TEST(TextureLayers, EachHasAFileFieldAnAttributeAndAPlaceInEachOrder)
     for (const TextureLayerOrder& order : {kLayerMethodOrder, kLayerPropertyOrder}) {
         EXPECT_EQ(std::set(order.begin(), order.end()).size(), kTextureLayers.size());
     }
-}
-
-TEST(PreviewPrimitives, CodesBeyondTheTableHaveNoMesh)
-{
-    EXPECT_EQ(FindPreviewPrimitive(-1), nullptr);
-    EXPECT_EQ(FindPreviewPrimitive(5), nullptr);
-    ASSERT_NE(FindPreviewPrimitive(4), nullptr);
-    EXPECT_EQ(FindPreviewPrimitive(4)->meshFile, "previewcone.x");
 }
 
 TEST(Warnings, AreShownForAMissingChoiceAndForExactlyOne)

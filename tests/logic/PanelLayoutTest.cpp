@@ -14,29 +14,25 @@ void PrintTo(const LibraryRows& rows, std::ostream* stream)
 
 namespace {
 
-struct Sharing {
-    int available;
-    int panel;
-    LibraryRows shown;
-    LibraryRows expected;
-};
-
-class ShareHeightTest : public ::testing::TestWithParam<Sharing> {};
-
-TEST_P(ShareHeightTest, GivesTheRows)
+TEST(ShareHeight, GivesHalfToTexturesAndTheRestToMaterials)
 {
-    const Sharing& row = GetParam();
-    EXPECT_EQ(ShareHeight(row.available, row.panel, row.shown), row.expected);
+    struct Row {
+        int available;
+        int panel;
+        LibraryRows shown;
+        LibraryRows expected;
+    };
+    const Row rows[] = {{20000, 10000, {1, 1}, {6, 5}},
+                        // 5 rows: 2.5 goes down to 2; 7 rows: 3.5 up to 4.
+                        {5100, 0, {0, 0}, {2, 3}},
+                        {7100, 0, {0, 0}, {4, 3}},
+                        {0, 10000, {1, 1}, {1, 1}},
+                        {-5000, 0, {-2, 0}, {1, 1}},
+                        {990, 0, {0, 0}, {1, 1}}};
+    for (const Row& row : rows) {
+        EXPECT_EQ(ShareHeight(row.available, row.panel, row.shown), row.expected);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Heights, ShareHeightTest,
-                         ::testing::Values(Sharing{20000, 10000, {1, 1}, {6, 5}},
-                                           // 5 rows: 2.5 goes down to 2; 7 rows: 3.5 up to 4.
-                                           Sharing{5100, 0, {0, 0}, {2, 3}},
-                                           Sharing{7100, 0, {0, 0}, {4, 3}},
-                                           Sharing{0, 10000, {1, 1}, {1, 1}},
-                                           Sharing{-5000, 0, {-2, 0}, {1, 1}},
-                                           Sharing{990, 0, {0, 0}, {1, 1}}));
 
 TEST(ShareHeight, AskedAgainWithTheGrownPanelGivesTheSameRows)
 {

@@ -46,23 +46,6 @@ TEST_F(SavedLayoutTest, UnusableRowsAndFlagsAreReplaced)
     EXPECT_LT(state.LoadLayout().textureRows, kWidestWidget / 66);
 }
 
-TEST_F(SavedLayoutTest, SavingRaisesOnlyTheMaterialRowsAndNeverWritesBackgrounds)
-{
-    SavedLayout layout;
-    layout.textureRows = 0;
-    layout.materialRows = -3;
-    layout.textureLibraryPanel = true;
-    state.SaveLayout(layout);
-    EXPECT_THAT(store.writes, ElementsAre("MaterialPanel", "TextureLibraryPanel", "TextureRows",
-                                          "MaterialLibraryPanel", "MaterialRows"));
-    EXPECT_EQ(store.values["TextureRows"], "0");
-    EXPECT_EQ(store.values["MaterialRows"], "1");
-    EXPECT_TRUE(store.isFlushed);
-    const SavedLayout restarted = state.LoadLayout();
-    EXPECT_TRUE(restarted.textureLibraryPanel);
-    EXPECT_FALSE(restarted.materialPanel);
-}
-
 }  // namespace
 
 }  // namespace CorvexMaterial

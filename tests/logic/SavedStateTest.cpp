@@ -73,45 +73,6 @@ TEST_F(SavedStateTest, ResetToUserReadsItsKeysInOrderAndTheParametersOfTheStored
     EXPECT_EQ(panel.texts[Attribute::RayTraceBrilliance], "5");
 }
 
-TEST_F(SavedStateTest, TerminatedStateComesBackExceptWhatIsNeverReadBack)
-{
-    FillPanel();
-    state.SaveAtTerminate(panel);
-    TextPanel restarted;
-    state.Load(restarted);
-    for (const AttributeRow& row : AttributeRows()) {
-        const bool isReadBack = row.attribute <= Attribute::MaterialLibrary;
-        EXPECT_EQ(restarted.texts[row.attribute], isReadBack ? panel.texts[row.attribute] : "")
-            << row.currentKey;
-    }
-    EXPECT_THAT(restarted.parameters, IsEmpty());
-}
-
-TEST_F(SavedStateTest, RememberedDefaultsComeBackAndFourAttributesKeepTheirValues)
-{
-    FillPanel();
-    state.Remember(panel);
-    const auto remembered = panel.texts;
-    TextPanel other;
-    for (const AttributeRow& row : AttributeRows()) {
-        other.texts[row.attribute] = "kept";
-    }
-    state.ResetToUser(other);
-    for (const Attribute kept :
-         {Attribute::PreviewPrimitive, Attribute::ApplyRelative, Attribute::RayTraceType,
-          Attribute::RaytraceColorPattern, Attribute::TextureLibrary, Attribute::MaterialLibrary}) {
-        EXPECT_EQ(other.texts[kept], "kept") << RowOf(kept).userKey;
-        other.texts[kept] = remembered.at(kept);
-    }
-    for (const AttributeRow& row : AttributeRows()) {
-        if (row.kind != AttributeKind::Group) {
-            EXPECT_EQ(other.texts[row.attribute], remembered.at(row.attribute)) << row.userKey;
-        }
-    }
-    EXPECT_EQ(other.parameters, panel.parameters);
-    EXPECT_EQ(other.customFields, panel.customFields);
-}
-
 TEST_F(SavedStateTest, FactoryResetTouchesNeitherTheLibrariesNorTheStore)
 {
     FillPanel();
@@ -152,47 +113,35 @@ TEST_F(SavedStateTest, AStoreThatFailsWhileItIsReadLeavesThePanelAsItWas)
     EXPECT_THAT(panel.parameters, ElementsAre("0.25", "4"));
 }
 
-struct StoredText {
-    Attribute attribute;
-    std::string stored;
-    std::string shown;
-};
-
-class StoredTextTest : public SavedStateFixture,
-                       public ::testing::WithParamInterface<StoredText> {};
-
-TEST_P(StoredTextTest, IsConvertedOrFallsBackToTheFactoryValueAndTheOthersAreStillRead)
+TEST_F(SavedStateTest, StoredTextsAreConvertedOrFallBackToTheFactoryValueAlone)
 {
-    store.values[std::string(RowOf(GetParam().attribute).currentKey)] = GetParam().stored;
-    store.values["MaterialLibrary"] = "Mine.cvm";
-    state.Load(panel);
-    EXPECT_EQ(panel.texts[GetParam().attribute], GetParam().shown);
-    EXPECT_EQ(panel.texts[Attribute::MaterialLibrary], "Mine.cvm");
+    using enum Attribute;
+    struct Row {
+        Attribute attribute;
+        std::vector<std::pair<std::string, std::string>> storedAndShown;
+    };
+    const Row rows[] = {
+        {PreviewPrimitive, {{"7", "7"}}},
+        {Ambient, {{"2.5", "2"}, {" +3.5 ", "4"}, {"12,5", "60"}, {"", "60"}, {"3e9", "60"}}},
+        {Emissive, {{"nan", "20"}, {"\xFF\xFE", "20"}}},
+        {Color, {{"-1", "16777215"}, {"16777216", "0"}, {"red", "16777215"}}},
+        {AlphaTest, {{"7", "7"}, {"8", "0"}, {"-1", "0"}, {"7.5", "0"}}},
+        {TextureAlphaChannelUse, {{"5", "0"}}},
+        {RaytracePredefinedMaterial, {{"30", "30"}, {"-1", "0"}}},
+        {DoubleSided, {{"TRUE", "True"}, {"-1", "True"}, {"yes", "False"}, {"1", "True"}}},
+        {TilesPerUnit, {{"0.25", "0.25"}, {"1e39", "1"}}},
+        {RaytraceColorPattern2Blue, {{"0.500", "0.5"}}},
+        {Texture, {{" a,\"b\".png ", " a,\"b\".png "}}}};
+    for (const auto& [attribute, texts] : rows) {
+        for (const auto& [stored, shown] : texts) {
+            store.values = {{std::string(RowOf(attribute).currentKey), stored},
+                            {"MaterialLibrary", "Mine.cvm"}};
+            state.Load(panel);
+            EXPECT_EQ(panel.texts[attribute], shown) << stored;
+            EXPECT_EQ(panel.texts[MaterialLibrary], "Mine.cvm") << stored;
+        }
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, StoredTextTest,
-    ::testing::Values(
-        StoredText{Attribute::PreviewPrimitive, "7", "7"},
-        StoredText{Attribute::Ambient, "2.5", "2"}, StoredText{Attribute::Ambient, " +3.5 ", "4"},
-        StoredText{Attribute::Ambient, "12,5", "60"}, StoredText{Attribute::Ambient, "", "60"},
-        StoredText{Attribute::Ambient, "3e9", "60"}, StoredText{Attribute::Ambient, "nan", "60"},
-        StoredText{Attribute::Color, "-1", "16777215"},
-        StoredText{Attribute::Color, "16777216", "0"},
-        StoredText{Attribute::Color, "red", "16777215"}, StoredText{Attribute::AlphaTest, "7", "7"},
-        StoredText{Attribute::AlphaTest, "8", "0"}, StoredText{Attribute::AlphaTest, "-1", "0"},
-        StoredText{Attribute::AlphaTest, "7.5", "0"},
-        StoredText{Attribute::TextureAlphaChannelUse, "5", "0"},
-        StoredText{Attribute::RaytracePredefinedMaterial, "30", "30"},
-        StoredText{Attribute::RaytracePredefinedMaterial, "-1", "0"},
-        StoredText{Attribute::DoubleSided, "TRUE", "True"},
-        StoredText{Attribute::DoubleSided, "-1", "True"},
-        StoredText{Attribute::DoubleSided, "yes", "False"},
-        StoredText{Attribute::RayTraceMetallic, "1", "True"},
-        StoredText{Attribute::TilesPerUnit, "0.25", "0.25"},
-        StoredText{Attribute::TilesPerUnit, "1e39", "1"},
-        StoredText{Attribute::RaytraceColorPattern2Blue, "0.500", "0.5"},
-        StoredText{Attribute::Texture, " a,\"b\".png ", " a,\"b\".png "}));
 
 }  // namespace
 

@@ -1,16 +1,15 @@
 #include "platform/QtPlatform.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
-#include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -34,19 +33,6 @@ void WhenOpen(Action action)
     poll->start(5);
 }
 
-struct IconCase {
-    PromptIcon asked;
-    QMessageBox::Icon shown;
-};
-
-class MessageIconTest : public testing::TestWithParam<IconCase> {};
-
-void CreateEmpty(const QString& path)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-}
-
 bool Shows(const QFileDialog& dialog, const QString& name)
 {
     const auto* list = dialog.findChild<QListView*>("listView");
@@ -59,29 +45,27 @@ bool Shows(const QFileDialog& dialog, const QString& name)
 
 }  // namespace
 
-TEST_P(MessageIconTest, BoxShowsTheTextAsItIs)
+TEST(MessageTest, BoxShowsTheTextAsItIs)
 {
     QWidget window;
     QtPlatform platform(&window);
-    int boxes = 0;
-    WhenOpen<QMessageBox>([&](QMessageBox& box) {
-        ++boxes;
-        EXPECT_EQ(box.icon(), GetParam().shown);
-        EXPECT_EQ(box.windowTitle(), "Corvex");
-        EXPECT_EQ(box.text(), "<b>a & b</b>");
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.parentWidget(), &window);
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
-    platform.Get().prompts.Show({GetParam().asked, "Corvex", "<b>a & b</b>"});
-    EXPECT_EQ(boxes, 1);
+    for (const auto& [asked, shown] : {std::pair{PromptIcon::Information, QMessageBox::Information},
+                                       {PromptIcon::Exclamation, QMessageBox::Warning},
+                                       {PromptIcon::Critical, QMessageBox::Critical}}) {
+        int boxes = 0;
+        WhenOpen<QMessageBox>([&, icon = shown](QMessageBox& box) {
+            ++boxes;
+            EXPECT_EQ(box.icon(), icon);
+            EXPECT_EQ(box.windowTitle(), "Corvex");
+            EXPECT_EQ(box.text(), "<b>a & b</b>");
+            EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.parentWidget(), &window);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        platform.Get().prompts.Show({asked, "Corvex", "<b>a & b</b>"});
+        EXPECT_EQ(boxes, 1);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Icons, MessageIconTest,
-                         testing::Values(IconCase{PromptIcon::Information,
-                                                  QMessageBox::Information},
-                                         IconCase{PromptIcon::Exclamation, QMessageBox::Warning},
-                                         IconCase{PromptIcon::Critical, QMessageBox::Critical}));
 
 TEST(QuestionTest, OnlyYesIsYes)
 {
@@ -131,9 +115,9 @@ void AcceptWith(QFileDialog& dialog, const QString& file)
 
 TEST(FileChooserTest, ListsMatchingFilesInAnyCaseAndReturnsThePath)
 {
-    QTemporaryDir folder;
-    CreateEmpty(folder.filePath("LOUD.TIF"));
-    CreateEmpty(folder.filePath("quiet.bmp"));
+    const CorvexTest::SampleFolder folder;
+    folder.Write("LOUD.TIF", {});
+    folder.Write("quiet.bmp", {});
     QtPlatform platform;
     WhenOpen<QFileDialog>([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.nameFilters(), QStringList("Pictures (*.tif *.png)"));
@@ -143,18 +127,18 @@ TEST(FileChooserTest, ListsMatchingFilesInAnyCaseAndReturnsThePath)
         AcceptWith(dialog, "LOUD.TIF");
     });
     EXPECT_THAT(platform.Get().choosers.ChooseFile(
-                    {"Open", "Pictures", {"tif", "png"}, folder.path().toStdString(), false}),
-                Optional(folder.filePath("LOUD.TIF").toStdString()));
+                    {"Open", "Pictures", {"tif", "png"}, folder.Path().toStdString(), false}),
+                Optional(folder.PathOf("LOUD.TIF").toStdString()));
 }
 
 TEST(FileChooserTest, ANewNameGetsTheExtensionWhereNewNamesAreAllowed)
 {
-    QTemporaryDir folder;
+    const CorvexTest::SampleFolder folder;
     QtPlatform platform;
     WhenOpen<QFileDialog>([](QFileDialog& dialog) { AcceptWith(dialog, "fresh"); });
     EXPECT_THAT(platform.Get().choosers.ChooseFile(
-                    {"Open", "Libraries", {"cvm"}, folder.path().toStdString(), true}),
-                Optional(folder.filePath("fresh.cvm").toStdString()));
+                    {"Open", "Libraries", {"cvm"}, folder.Path().toStdString(), true}),
+                Optional(folder.PathOf("fresh.cvm").toStdString()));
     WhenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
     EXPECT_EQ(platform.Get().choosers.ChooseFile({"Open", "Any", {}, "/no/such folder", false}),
               std::nullopt);

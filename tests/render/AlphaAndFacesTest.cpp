@@ -14,43 +14,38 @@ bool Seen(const QImage& picture)
     return picture.pixel(32, 32) != kBlack;
 }
 
-struct AlphaCase {
-    int position;
-    bool below;  ///< is an alpha below the reference seen
-    bool equal;
-    bool above;
-};
-
-class AlphaTestPosition : public testing::TestWithParam<AlphaCase> {};
-
-TEST_P(AlphaTestPosition, ComparesAlphaWithReference)
+TEST(AlphaTest, ComparesAlphaWithReference)
 {
-    const AlphaCase& row = GetParam();
-    const auto seen = [&](int transparency, int reference) {
-        Material material = Glowing(CorvexMaterial::kWhite, transparency);
-        material.AlphaTest = row.position;
-        material.AlphaTestReference = reference;
-        return Seen(Draw({Item(Square(), material)}));
+    struct Row {
+        int position;
+        bool below;  ///< is an alpha below the reference seen
+        bool equal;
+        bool above;
     };
-    for (const auto& [transparency, alpha] : {std::pair{0, 255}, {40, 153}, {80, 51}}) {
-        EXPECT_EQ(seen(transparency, alpha), row.equal) << alpha;
-        EXPECT_EQ(seen(transparency, alpha - 1), row.above) << alpha;
-        if (alpha < 255) {
-            EXPECT_EQ(seen(transparency, alpha + 1), row.below) << alpha;
+    const Row rows[] = {{0, true, true, true},  {1, true, false, false}, {2, false, true, false},
+                        {3, true, true, false}, {4, false, false, true}, {5, true, false, true},
+                        {6, false, true, true}, {7, true, true, true},   {-1, true, true, true},
+                        {8, true, true, true}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.position);
+        const auto seen = [&](int transparency, int reference) {
+            Material material = Glowing(CorvexMaterial::kWhite, transparency);
+            material.AlphaTest = row.position;
+            material.AlphaTestReference = reference;
+            return Seen(Draw({Item(Square(), material)}));
+        };
+        for (const auto& [transparency, alpha] : {std::pair{0, 255}, {40, 153}, {80, 51}}) {
+            EXPECT_EQ(seen(transparency, alpha), row.equal) << alpha;
+            EXPECT_EQ(seen(transparency, alpha - 1), row.above) << alpha;
+            if (alpha < 255) {
+                EXPECT_EQ(seen(transparency, alpha + 1), row.below) << alpha;
+            }
         }
+        // References are cut to a byte: nothing is above the highest, nothing below the lowest.
+        EXPECT_EQ(seen(0, 1000), row.equal);
+        EXPECT_EQ(seen(40, -1000), row.above);
     }
-    // References are cut to a byte: nothing is above the highest, nothing below the lowest.
-    EXPECT_EQ(seen(0, 1000), row.equal);
-    EXPECT_EQ(seen(40, -1000), row.above);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    All, AlphaTestPosition,
-    testing::Values(AlphaCase{0, true, true, true}, AlphaCase{1, true, false, false},
-                    AlphaCase{2, false, true, false}, AlphaCase{3, true, true, false},
-                    AlphaCase{4, false, false, true}, AlphaCase{5, true, false, true},
-                    AlphaCase{6, false, true, true}, AlphaCase{7, true, true, true},
-                    AlphaCase{-1, true, true, true}, AlphaCase{8, true, true, true}));
 
 TEST(Faces, BackIsSeenOnlyWhenDoubleSided)
 {

@@ -137,6 +137,20 @@ int Difference(const QImage& a, const QImage& b)
     return largest;
 }
 
+void ExpectNear(QRgb seen, QRgb expected, int tolerance)
+{
+    EXPECT_NEAR(qRed(seen), qRed(expected), tolerance);
+    EXPECT_NEAR(qGreen(seen), qGreen(expected), tolerance);
+    EXPECT_NEAR(qBlue(seen), qBlue(expected), tolerance);
+}
+
+int Encoded(double light)
+{
+    const double encoded =
+        light <= 0.0031308 ? 12.92 * light : 1.055 * std::pow(light, 1.0 / 2.4) - 0.055;
+    return static_cast<int>(std::lround(255.0 * encoded));
+}
+
 Range BrightnessOf(const QImage& picture, QRgb background)
 {
     Range range;

@@ -29,6 +29,9 @@ QMatrix4x4 TurnedAboutY(float degrees);
 
 /// Largest difference of any channel of any pixel; 255 for pictures of different size.
 int Difference(const QImage& a, const QImage& b);
+void ExpectNear(QRgb seen, QRgb expected, int tolerance);
+/// The byte of light that is a mixture of black and white.
+int Encoded(double light);
 /// Brightness of the darkest and the brightest pixel that differs from the background.
 struct Range {
     int darkest = 255;

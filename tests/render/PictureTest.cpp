@@ -51,14 +51,6 @@ TEST(Picture, RayThroughAPixelMeetsWhatIsDrawnThere)
     }
 }
 
-TEST(Picture, UpIsUpAndRightIsRight)
-{
-    const QPointF middle =
-        MiddleOf(Draw({Item(Ball(), Glowing(0xFFFFFF), SmallAt({1.0F, 1.0F, 0.0F}))}));
-    EXPECT_NEAR(middle.x(), 48.0, 1.0);
-    EXPECT_NEAR(middle.y(), 16.0, 1.0);
-}
-
 TEST(Picture, FramingFillsTheSmallerSide)
 {
     studio::Frame frame = FrameOf({Item(Ball(), Glowing(0xFFFFFF), Moved(30, 0, 5))});

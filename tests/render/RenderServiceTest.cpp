@@ -142,15 +142,4 @@ TEST_F(RenderServiceTest, ResetDeviceRebuildsEverything)
     EXPECT_EQ(m_device.made, 2);
 }
 
-TEST_F(RenderServiceTest, BadFrameIsReportedWithoutLosingTheDevice)
-{
-    m_gate.set_value();
-    RenderService service(std::make_unique<TestProvider>(m_device));
-    studio::Frame frame = Coloured(7);
-    frame.width = 0;
-    EXPECT_THROW((void)service.DrawNow(frame), CorvexMaterial::Error);
-    EXPECT_EQ(service.DrawNow(Coloured(7)).pixel(0, 0), qRgb(7, 0, 0));
-    EXPECT_EQ(m_device.made, 1);
-}
-
 }  // namespace

@@ -13,17 +13,6 @@ constexpr CorvexMaterial::Colour kRed = 0x0000FF;
 constexpr CorvexMaterial::Colour kGreen = 0x00FF00;
 constexpr CorvexMaterial::Colour kBlue = 0xFF0000;
 
-// Encoded values of linear light.
-constexpr int kHalf = 188;
-constexpr int kQuarter = 137;
-
-void ExpectColour(QRgb pixel, QRgb expected)
-{
-    EXPECT_NEAR(qRed(pixel), qRed(expected), 1);
-    EXPECT_NEAR(qGreen(pixel), qGreen(expected), 1);
-    EXPECT_NEAR(qBlue(pixel), qBlue(expected), 1);
-}
-
 TEST(Transparency, CrossingSquaresBlendRightOnBothSides)
 {
     Material red = Glowing(kRed, 50);
@@ -33,9 +22,11 @@ TEST(Transparency, CrossingSquaresBlendRightOnBothSides)
                                          Item(Square(), green, TurnedAboutY(-50.0F)),
                                          Item(Square(), Glowing(kBlue), Moved(0, 0, -1.5F))};
     const QImage picture = Draw(items);
+    const int half = Encoded(0.5);
+    const int quarter = Encoded(0.25);
     // Turned to the right by 50 degrees, the red square's left half comes to the viewer.
-    ExpectColour(picture.pixel(25, 32), qRgb(kHalf, kQuarter, kQuarter));
-    ExpectColour(picture.pixel(38, 32), qRgb(kQuarter, kHalf, kQuarter));
+    ExpectNear(picture.pixel(25, 32), qRgb(half, quarter, quarter), 1);
+    ExpectNear(picture.pixel(38, 32), qRgb(quarter, half, quarter), 1);
     do {
         EXPECT_EQ(Difference(Draw(items), picture), 0);
         std::rotate(items.begin(), items.begin() + 1, items.end());
@@ -60,9 +51,7 @@ TEST(Transparency, ConcaveShapeShowsEverySurfaceInOrder)
         }
     }
     const QImage picture = Draw({Item(studio::MakeMesh(vertices, indices), Glowing(0xFFFFFF, 90))});
-    const double linear = 1.0 - std::pow(0.9, kSheets);
-    const double encoded = 1.055 * std::pow(linear, 1.0 / 2.4) - 0.055;
-    EXPECT_NEAR(qGreen(picture.pixel(32, 32)), 255.0 * encoded, 1.0);
+    EXPECT_NEAR(qGreen(picture.pixel(32, 32)), Encoded(1.0 - std::pow(0.9, kSheets)), 1);
 }
 
 TEST(Transparency, SolidThingsHideWhatIsBehindThem)
@@ -70,7 +59,7 @@ TEST(Transparency, SolidThingsHideWhatIsBehindThem)
     const QImage picture =
         Draw({Item(Square(), Glowing(kRed, 50), Moved(0, 0, 0.5F)), Item(Square(), Glowing(kGreen)),
               Item(Square(), Glowing(kBlue, 50), Moved(0, 0, -0.5F))});
-    ExpectColour(picture.pixel(32, 32), qRgb(kHalf, kHalf, 0));
+    ExpectNear(picture.pixel(32, 32), qRgb(Encoded(0.5), Encoded(0.5), 0), 1);
 }
 
 TEST(Transparency, FourSamplesGiveTheSameInside)

@@ -3,12 +3,12 @@
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/HostViewport.h"
 #include "tests/scene/BoxShape.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <QPointer>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QWheelEvent>
 
 namespace {
@@ -95,11 +95,8 @@ TEST_F(ViewportFixture, AnotherShapeKeepsTheUsersViewAndNudgesChangeNothing)
 
 TEST_F(ViewportFixture, BitmapIsShownUntilTheNextDrawing)
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath("traced.bmp");
-    QImage picture(160, 160, QImage::Format_RGB32);
-    picture.fill(Qt::red);
-    ASSERT_TRUE(picture.save(path));
+    const CorvexTest::SampleFolder folder;
+    const QString path = folder.Save("traced.bmp", Qt::red, {160, 160});
     view.Scene().ShowShape(BoxShape({}));
     EXPECT_FALSE(Red(Drawn().pixel(80, 80)));
     view.PrepareRaytracedPicture();

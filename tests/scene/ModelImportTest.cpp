@@ -1,5 +1,6 @@
 #include "studio/import/ModelImport.h"
 #include "studio/scene/ModelShapes.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -28,64 +28,47 @@ ImportProgram Importer()
 }
 
 // Files and importing programs of the test's own.
-class Folder {
+class Folder : public CorvexTest::SampleFolder {
 public:
-    QString Write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile file(m_folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName();
-    }
-
     ImportProgram Script(const QByteArray& lines, std::chrono::milliseconds limit = 20s) const
     {
         const QString path = Write(QStringLiteral("importer"), "#!/bin/sh\n" + lines + "\n");
         QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
         return {path, limit};
     }
-
-private:
-    QTemporaryDir m_folder;
 };
 
-struct FormatCase {
-    const char* file;
-    std::size_t shapes;
-    std::size_t triangles;
-    QVector3D low;
-    QVector3D high;
-};
-
-class Format : public testing::TestWithParam<FormatCase> {};
-
-TEST_P(Format, ArrivesWithItsShapesInPlace)
+TEST(ModelImport, EveryFormatArrivesWithItsShapesInPlace)
 {
-    const ImportOutcome outcome = ImportModelNow(Data(GetParam().file), Importer());
-    ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-    EXPECT_EQ(outcome.failure, ImportFailure::None);
-    studio::StudioScene scene;
-    scene.SetShapes(studio::ShapesOf(*outcome.model));
-    EXPECT_EQ(scene.All().size(), GetParam().shapes);
-    std::size_t triangles = 0;
-    for (const auto& shape : scene.All()) {
-        triangles += shape->SharedMesh()->indices.size() / 3;
-        EXPECT_FALSE(shape->Name().empty());
+    struct Row {
+        const char* file;
+        std::size_t shapes;
+        std::size_t triangles;
+        QVector3D low;
+        QVector3D high;
+    };
+    for (const Row& row : std::initializer_list<Row>{{"box.obj", 2, 12, {-1, -1, -1}, {1, 1, 1}},
+                                                     {"tetra.ply", 1, 4, {0, 0, 0}, {1, 1, 1}},
+                                                     {"tetra.stl", 1, 4, {0, 0, 0}, {1, 1, 1}},
+                                                     {"leaf.gltf", 1, 1, {10, 5, 0}, {12, 8, 0}},
+                                                     {"frames.x", 2, 2, {0, 0, 0}, {5, 1, 0}}}) {
+        SCOPED_TRACE(row.file);
+        const ImportOutcome outcome = ImportModelNow(Data(row.file), Importer());
+        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
+        EXPECT_EQ(outcome.failure, ImportFailure::None);
+        studio::StudioScene scene;
+        scene.SetShapes(studio::ShapesOf(*outcome.model));
+        EXPECT_EQ(scene.All().size(), row.shapes);
+        std::size_t triangles = 0;
+        for (const auto& shape : scene.All()) {
+            triangles += shape->SharedMesh()->indices.size() / 3;
+            EXPECT_FALSE(shape->Name().empty());
+        }
+        EXPECT_EQ(triangles, row.triangles);
+        EXPECT_LT((scene.Extent().minimum - row.low).length(), 1e-4F);
+        EXPECT_LT((scene.Extent().maximum - row.high).length(), 1e-4F);
     }
-    EXPECT_EQ(triangles, GetParam().triangles);
-    EXPECT_LT((scene.Extent().minimum - GetParam().low).length(), 1e-4F);
-    EXPECT_LT((scene.Extent().maximum - GetParam().high).length(), 1e-4F);
 }
-
-INSTANTIATE_TEST_SUITE_P(Files, Format,
-                         testing::Values(FormatCase{"box.obj", 2, 12, {-1, -1, -1}, {1, 1, 1}},
-                                         FormatCase{"tetra.ply", 1, 4, {0, 0, 0}, {1, 1, 1}},
-                                         FormatCase{"tetra.stl", 1, 4, {0, 0, 0}, {1, 1, 1}},
-                                         FormatCase{"leaf.gltf", 1, 1, {10, 5, 0}, {12, 8, 0}},
-                                         FormatCase{"frames.x", 2, 2, {0, 0, 0}, {5, 1, 0}}),
-                         [](const auto& row) {
-                             return QFileInfo(row.param.file).suffix().toStdString();
-                         });
 
 TEST(ModelImport, KeepsTheLookOfTheMaterials)
 {

@@ -3,11 +3,9 @@
 #include "studio/scene/Selection.h"
 #include "studio/scene/StudioScene.h"
 #include "tests/scene/BoxShape.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
-
-#include <QFile>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -147,22 +145,17 @@ TEST_F(ShapeFixture, MovingBackAndForthLeavesNoTrace)
 
 TEST_F(ShapeFixture, MeshFileThatCannotBeReadKeepsTheShape)
 {
-    QTemporaryDir folder;
-    const auto write = [&](const QString& name, const QByteArray& bytes) {
-        QFile file(folder.filePath(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName().toStdString();
-    };
+    const CorvexTest::SampleFolder folder;
     const auto shape = BoxShape({});
     shape->LoadMeshFile(SCENE_TEST_DATA "/frames.x");
     const auto mesh = shape->SharedMesh();
     EXPECT_EQ(mesh->indices.size(), 6U);           // both frames in one mesh,
     EXPECT_FLOAT_EQ(mesh->bounds.maximum.x(), 5);  // each where its frame puts it
-    for (const std::string& path :
-         {folder.filePath("missing.x").toStdString(), folder.path().toStdString(),
-          write("empty.x", ""), write("words.x", "xof 0303txt 0032\nMesh { twelve; }"),
-          write("other.x", "no mesh at all")}) {
+    for (const QString& file :
+         {folder.PathOf("missing.x"), folder.Path(), folder.Write("empty.x", ""),
+          folder.Write("words.x", "xof 0303txt 0032\nMesh { twelve; }"),
+          folder.Write("other.x", "no mesh at all")}) {
+        const std::string path = file.toStdString();
         std::string message;
         EXPECT_EQ(StatusOf([&] { shape->LoadMeshFile(path); }, &message), Status::FileFailed)
             << path;

@@ -35,27 +35,23 @@ TEST(CommandLine, VersionAndHelpNeedNoDisplay)
     qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-class WrongUsage : public testing::TestWithParam<const char*> {};
-
-TEST_P(WrongUsage, IsExplainedAndEndsWithTwo)
+TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
 {
-    const Outcome run = Studio(QString(GetParam()).split(' '));
-    EXPECT_EQ(run.exitCode, 2);
-    EXPECT_TRUE(run.errors.contains("--help"));
+    for (const char* line : {"--nonsense", "one.obj two.obj", "render --out refused.png",
+                             "render a.obj", "render a.obj --primitive cube --out refused.png",
+                             "render --primitive pyramid --out refused.png",
+                             "render --primitive cube --out refused.png --size 0x10",
+                             "render --primitive cube --out refused.png --size 9000x10",
+                             "render --primitive cube --out refused.png --material shine=3",
+                             "render --primitive cube --out refused.png --material ambient=much",
+                             "render --primitive cube --out refused.png --material alpha-test=8",
+                             "render --primitive cube --out refused.png --material colour=Mud"}) {
+        const Outcome run = Studio(QString(line).split(' '));
+        EXPECT_EQ(run.exitCode, 2) << line;
+        EXPECT_TRUE(run.errors.contains("--help")) << line;
+    }
     EXPECT_FALSE(QFile::exists("refused.png"));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, WrongUsage,
-    testing::Values("--nonsense", "one.obj two.obj", "render --out refused.png", "render a.obj",
-                    "render a.obj --primitive cube --out refused.png",
-                    "render --primitive pyramid --out refused.png",
-                    "render --primitive cube --out refused.png --size 0x10",
-                    "render --primitive cube --out refused.png --size 9000x10",
-                    "render --primitive cube --out refused.png --material shine=3",
-                    "render --primitive cube --out refused.png --material ambient=much",
-                    "render --primitive cube --out refused.png --material alpha-test=8",
-                    "render --primitive cube --out refused.png --material colour=Mud"));
 
 class Rendering : public testing::Test {
 protected:

@@ -27,14 +27,6 @@ protected:
         rig.Host().Materials().Open(path);
     }
 
-    QString Write(const char* name, const QByteArray& text)
-    {
-        QFile file(rig.PathOf(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        return file.fileName();
-    }
-
     studio::LibraryFile& Library() { return *rig.Host().Materials().File(); }
 
     StudioRig rig;
@@ -43,8 +35,9 @@ protected:
 TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
 {
     OpenNewLibrary();
-    const QString file = Write("two.mtl", "newmtl Oak\nKd 0.5 0.3 0.1\nNi 1.5\nd 0.5\nTf 1 0 0\n"
-                                          "newmtl Elm\nKd 1 1 1\n");
+    const QString file =
+        rig.files.Write("two.mtl", "newmtl Oak\nKd 0.5 0.3 0.1\nNi 1.5\nd 0.5\nTf 1 0 0\n"
+                                   "newmtl Elm\nKd 1 1 1\n");
     rig.Window().Exchange().Import(file);
     ASSERT_EQ(Library().Count(), 2);
     EXPECT_EQ(Library().NameAt(0), "Oak");
@@ -93,7 +86,7 @@ TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)
 TEST_F(Exchange, RefusesWithAMessageAndLeavesTheLibrary)
 {
     OpenNewLibrary();
-    rig.Window().Exchange().Import(Write("none.mtl", "nothing"));
+    rig.Window().Exchange().Import(rig.files.Write("none.mtl", "nothing"));
     rig.Window().Exchange().Export(rig.PathOf("no/folder/x.gltf"));
     EXPECT_EQ(Library().Count(), 0);
     EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 2U);

@@ -7,7 +7,6 @@
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QImage>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -28,12 +27,7 @@ protected:
 
     std::string MakePicture(const QString& name)
     {
-        const QString path = Folder() + "/" + name;
-        QDir().mkpath(QFileInfo(path).path());
-        QImage picture(4, 4, QImage::Format_RGB32);
-        picture.fill(Qt::red);
-        EXPECT_TRUE(picture.save(path));
-        return path.toStdString();
+        return rig.files.Save("pictures/" + name, Qt::red).toStdString();
     }
 
     [[nodiscard]] QString Folder() const { return rig.PathOf("pictures"); }
@@ -105,9 +99,7 @@ TEST_F(FindTextures, ApplyReplacesInAllShapesAsOneStep)
     EXPECT_EQ(rig.Shape(0)->Material().Textures, (TextureFiles{wood, {}, {}, bump, {}, {}}));
     EXPECT_EQ(rig.Shape(2)->Material().Textures, (TextureFiles{bump, {}, {}, {}, {}, wood}));
     EXPECT_EQ(rig.Shape(1)->Applied(), untouched);
-    std::string shown;
-    rig.Window().Panel().get_TextureFileName(shown);
-    EXPECT_EQ(shown, wood);
+    EXPECT_EQ(rig.Read(&CorvexMaterial::IMaterial::get_TextureFileName), wood);
     EXPECT_EQ(rig.Find<QLabel>("miscField").text(), "2 textures were replaced.");
 
     ASSERT_EQ(rig.Window().History().count(), 1);

@@ -6,13 +6,13 @@
 #include "studio/app/StudioSettings.h"
 #include "studio/app/StudioTables.h"
 #include "studio/raytrace/AttributeText.h"
+#include "tests/support/CommaLocale.h"
 #include "tests/support/RecordingPlatform.h"
 
 #include "host/Status.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
 
@@ -20,40 +20,37 @@
 
 namespace {
 
-struct Typed {
-    const char* text;
-    CorvexCommon::NumericRange range;
-    const char* accepted;
-};
-
-class NumberFields : public testing::TestWithParam<Typed> {};
-
-TEST_P(NumberFields, AcceptWithinRangeAndDecimals)
+TEST(NumberFields, AcceptWithinRangeAndDecimals)
 {
-    const QLocale own;
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    EXPECT_EQ(studio::NumberField().Accept(GetParam().text, GetParam().range), GetParam().accepted);
-    QLocale::setDefault(own);
+    struct Row {
+        const char* text;
+        CorvexCommon::NumericRange range;
+        const char* accepted;
+    };
+    const CorvexTest::CommaLocale commas;
+    for (const auto& [text, range, accepted] :
+         std::initializer_list<Row>{{"1.5", {0, 0, 10, 2}, "1.50"},
+                                    {"1,5", {0, 0, 10, 2}, "1.50"},
+                                    {" 7 ", {0, 0, 10, 0}, "7"},
+                                    {"11", {0, 0, 10, 1}, "10.0"},
+                                    {"-3", {0, -1, 10, 0}, "-1"},
+                                    {"", {4, 0, 10, 1}, "4.0"},
+                                    {"ten", {4, 0, 10, 0}, "4"},
+                                    {"nan", {4, 0, 10, 0}, "4"},
+                                    {"1e400", {4, 0, 10, 0}, "4"},
+                                    {"5", {0, 8, 2, 0}, "8"}}) {
+        EXPECT_EQ(studio::NumberField().Accept(text, range), accepted) << text;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Texts, NumberFields,
-    testing::Values(Typed{"1.5", {0, 0, 10, 2}, "1.50"}, Typed{"1,5", {0, 0, 10, 2}, "1.50"},
-                    Typed{" 7 ", {0, 0, 10, 0}, "7"}, Typed{"11", {0, 0, 10, 1}, "10.0"},
-                    Typed{"-3", {0, -1, 10, 0}, "-1"}, Typed{"", {4, 0, 10, 1}, "4.0"},
-                    Typed{"ten", {4, 0, 10, 0}, "4"}, Typed{"nan", {4, 0, 10, 0}, "4"},
-                    Typed{"1e400", {4, 0, 10, 0}, "4"}, Typed{"5", {0, 8, 2, 0}, "8"}));
 
 TEST(RaytraceText, HoldsEveryNumberExactlyWhateverTheLocale)
 {
-    const QLocale own;
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const CorvexTest::CommaLocale commas;
     CorvexDB::cdtRayTraceMaterialAttributes attributes;
     attributes.Brilliance = 0.1F;
     attributes.Metallic = true;
     attributes.ColorPatternColor[2] = {0.25F, 0.5F, 1.0F, 0.0F};
     const std::string text = studio::AttributeText(attributes);
-    QLocale::setDefault(own);
     EXPECT_EQ(text.rfind("Brilliance=0.1;Reflection=0;", 0), 0U);
     EXPECT_NE(text.find(";Metallic=1;"), std::string::npos);
     EXPECT_NE(text.find(";ColorPatternColor2=0.25,0.5,1,0;"), std::string::npos);

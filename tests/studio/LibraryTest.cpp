@@ -71,18 +71,10 @@ protected:
             }
         }
     }
-    /// Drops on the middle of the viewport; false when nothing is there to take it.
     bool DropInTheMiddle(const QMimeData& data)
     {
         QWidget& viewport = rig.Window().Viewport();
-        const QPoint place = viewport.rect().center();
-        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&viewport, &enter);
-        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, {});
-        drop.setAccepted(false);
-        QCoreApplication::sendEvent(&viewport, &drop);
-        QCoreApplication::processEvents();
-        return enter.isAccepted() && drop.isAccepted();
+        return CorvexTest::Drop(viewport, data, viewport.rect().center());
     }
 
     StudioRig rig;
@@ -302,16 +294,6 @@ TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
     History().undo();
     History().undo();
     EXPECT_NE((*hit)->Material().Ambient, 42);
-}
-
-TEST_F(Library, OpenLibraryStaysWhenTheSavedLayoutReturns)
-{
-    const std::string other = rig.PathOf("data/Other.cvm").toStdString();
-    LibraryFile::Create(other, LibraryKind::Materials);
-    rig.Window().Panel().LoadMaterialLibrary("Other.cvm");
-    ChooseLayouts();
-    EXPECT_EQ(Materials().Path(), other);
-    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Other.cvm");
 }
 
 }  // namespace

@@ -1,9 +1,5 @@
 #include "tests/studio/StudioRig.h"
 
-#include <QApplication>
-#include <QDropEvent>
-#include <QFile>
-#include <QMimeData>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -32,46 +28,32 @@ TEST(OpeningAModel, ReplacesSceneSelectionAndHistory)
     EXPECT_EQ(rig.Host().Get().applicationState.ScenePath(), "");
 }
 
-struct BadFile {
-    const char* name;
-    const char* bytes;  ///< null: there is no such file
-};
-
-class BadModel : public testing::TestWithParam<BadFile> {};
-
-TEST_P(BadModel, IsNamedAndEverythingStays)
+TEST(OpeningAModel, ABadOneIsNamedAndEverythingStays)
 {
     StudioRig rig;
     rig.Start();
-    const QString path = rig.PathOf(GetParam().name);
-    if (GetParam().bytes != nullptr) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(GetParam().bytes);
-    }
+    rig.files.Write("empty.ply", "");
+    rig.files.Write("garbage.gltf", "{\"asset\": 7, \"scenes\": [[[[");
+    rig.files.Write("words.xyz", "this is no model");
+    rig.files.Write("truncated.x", "xof 0303txt 0032\nMesh { 4; 0;0;0;,");
     rig.Select({0});
     rig.Choose("cboColor", "Bronze");
     const auto shapes = rig.Window().Scene().All();
     const QString title = rig.Window().windowTitle();
-
-    rig.Open(path);
-    ASSERT_EQ(rig.prompts.shown.size(), 1U);
-    EXPECT_NE(rig.prompts.shown.front().text.find(GetParam().name), std::string::npos);
-    EXPECT_EQ(rig.Window().Scene().All(), shapes);
-    EXPECT_EQ(rig.Window().windowTitle(), title);
-    EXPECT_EQ(rig.Window().Selected().Latest(), shapes.front());
-    ASSERT_EQ(rig.Window().History().count(), 1);
+    for (const char* name :
+         {"missing.obj", "empty.ply", "garbage.gltf", "words.xyz", "truncated.x"}) {
+        rig.prompts.shown.clear();
+        rig.Open(rig.PathOf(name));
+        ASSERT_EQ(rig.prompts.shown.size(), 1U) << name;
+        EXPECT_NE(rig.prompts.shown.front().text.find(name), std::string::npos);
+        EXPECT_EQ(rig.Window().Scene().All(), shapes);
+        EXPECT_EQ(rig.Window().windowTitle(), title);
+        EXPECT_EQ(rig.Window().Selected().Latest(), shapes.front());
+        ASSERT_EQ(rig.Window().History().count(), 1);
+    }
     rig.Open(kStillLife);
     EXPECT_EQ(rig.Window().Scene().All().size(), 5U);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Files, BadModel,
-    testing::Values(BadFile{"missing.obj", nullptr}, BadFile{"empty.ply", ""},
-                    BadFile{"garbage.gltf", "{\"asset\": 7, \"scenes\": [[[["},
-                    BadFile{"words.xyz", "this is no model"},
-                    BadFile{"truncated.x", "xof 0303txt 0032\nMesh { 4; 0;0;0;,"}),
-    [](const auto& row) { return QString(row.param.name).section('.', 0, 0).toStdString(); });
 
 TEST(OpeningAModel, TheLastOfTwoRequestsWins)
 {
@@ -87,14 +69,8 @@ TEST(OpeningAModel, ADroppedFileOpensAndIsRememberedAsRecent)
 {
     StudioRig rig;
     rig.Start();
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(kStillLife)});
-    QDragEnterEvent enter({20, 20}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&rig.Window(), &enter);
-    EXPECT_TRUE(enter.isAccepted());
     QSignalSpy opened(&rig.Window(), &studio::MainWindow::SceneOpened);
-    QDropEvent drop({20, 20}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&rig.Window(), &drop);
+    EXPECT_TRUE(CorvexTest::DropFile(rig.Window(), kStillLife, {20, 20}));
     ASSERT_TRUE(opened.wait(30000));
     rig.Stop();
     rig.Start();

@@ -1,5 +1,6 @@
 #include "tests/studio/StudioRig.h"
 
+#include <QAction>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTest>
@@ -8,7 +9,7 @@ namespace StudioTest {
 
 StudioRig::StudioRig()
 {
-    qputenv("XDG_CONFIG_HOME", m_folder.path().toLocal8Bit());
+    qputenv("XDG_CONFIG_HOME", files.Path().toLocal8Bit());
 }
 
 StudioRig::~StudioRig()
@@ -26,7 +27,7 @@ void StudioRig::Start()
         desktop.settings, prompts, desktop.choosers, desktop.processes, desktop.temporaryFiles,
         desktop.library, desktop.imageFormats, desktop.libraryFiles});
     m_host =
-        std::make_unique<studio::StudioHost>(studio::ProfileIn(m_folder.path()), desktop.settings);
+        std::make_unique<studio::StudioHost>(studio::ProfileIn(files.Path()), desktop.settings);
     m_window = std::make_unique<studio::MainWindow>(
         *m_host, *m_platform, studio::ImportProgram{QStringLiteral(STUDIO_PROGRAM)},
         [this] { return now; });
@@ -43,14 +44,14 @@ void StudioRig::Stop()
     m_desktop.reset();
 }
 
-QString StudioRig::SettingsFile() const
+void StudioRig::Trigger(const QString& action)
 {
-    return m_folder.filePath(QStringLiteral("Corvex/CorvexStudio.ini"));
-}
-
-QString StudioRig::PathOf(const char* name) const
-{
-    return m_folder.filePath(QLatin1String(name));
+    for (QAction* offered : m_window->findChildren<QAction*>()) {
+        if (offered->text().remove('&') == action) {
+            return offered->trigger();
+        }
+    }
+    throw std::logic_error("no menu offers " + action.toStdString());
 }
 
 std::shared_ptr<studio::StudioShape> StudioRig::Shape(std::size_t index)

@@ -3,12 +3,12 @@
 #include "studio/app/MainWindow.h"
 #include "studio/app/StudioDesktop.h"
 #include "studio/app/StudioHost.h"
-#include "tests/support/Driving.h"
+#include "tests/support/ControlRig.h"
 #include "tests/support/RecordingPlatform.h"
+#include "tests/support/SampleFolder.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QTemporaryDir>
 
 #include <chrono>
 #include <memory>
@@ -30,9 +30,8 @@ public:
     [[nodiscard]] studio::MainWindow& Window() { return *m_window; }
     [[nodiscard]] studio::StudioHost& Host() { return *m_host; }
     [[nodiscard]] CorvexMaterial::SettingsStore& Settings() { return m_desktop->Get().settings; }
-    [[nodiscard]] QString SettingsFile() const;
-    [[nodiscard]] QString PathOf(const char* name) const;
 
+    [[nodiscard]] QString PathOf(const QString& name) const { return files.PathOf(name); }
     [[nodiscard]] std::shared_ptr<studio::StudioShape> Shape(std::size_t index);
     void Select(std::vector<std::size_t> indices);
     /// Waits until the model is shown or refused.
@@ -41,11 +40,12 @@ public:
     template <typename Widget>
     Widget& Find(const char* name)
     {
-        auto* found = m_window->findChild<Widget*>(QLatin1String(name));
-        if (found == nullptr) {
-            throw std::logic_error(std::string("there is no ") + name);
-        }
-        return *found;
+        return CorvexTest::FindIn<Widget>(*m_window, QString::fromLatin1(name));
+    }
+    template <typename Value>
+    Value Read(CorvexMaterial::Status (CorvexMaterial::IMaterial::*get)(Value&))
+    {
+        return CorvexTest::ReadFrom(m_window->Panel(), get);
     }
     // Each turns to the tab that holds the control first, as a user does.
     void Type(const char* field, const QString& text);
@@ -53,6 +53,10 @@ public:
     void Press(const char* control);
     [[nodiscard]] QString TextOf(const char* field) { return Find<QLineEdit>(field).text(); }
 
+    /// Triggers what a menu offers.
+    void Trigger(const QString& action);
+
+    CorvexTest::SampleFolder files;  ///< settings in Corvex/, libraries in data/
     std::chrono::milliseconds now{0};
     CorvexTest::CallLog log;
     CorvexTest::RecordingPrompts prompts{log};
@@ -60,7 +64,6 @@ public:
 private:
     void Reveal(const QWidget& control);
 
-    QTemporaryDir m_folder;
     std::unique_ptr<studio::StudioDesktop> m_desktop;
     std::unique_ptr<CorvexMaterial::Platform> m_platform;
     std::unique_ptr<studio::StudioHost> m_host;

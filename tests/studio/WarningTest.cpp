@@ -43,56 +43,25 @@ protected:
     studio::WarningPresenter presenter{store, window};
 };
 
-struct Stored {
-    const char* name;
-    const char* choice;  ///< null: none
-    bool shown;
-};
-
-class StoredChoice : public Warnings, public testing::WithParamInterface<Stored> {};
-
-TEST_P(StoredChoice, DecidesWhetherTheWarningIsShown)
+TEST_F(Warnings, ClosingInAnyWayKeepsTheChoice)
 {
-    if (GetParam().choice != nullptr) {
-        store.PutTip("Bumpmapping", GetParam().choice);
+    const std::function<void(QDialog&)> ways[] = {
+        [](QDialog& dialog) {
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        },
+        [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
+        [](QDialog& dialog) { dialog.close(); }};
+    for (const auto& close : ways) {
+        store.PutTip("Bumpmapping", "1");
+        Ask();
+        ASSERT_EQ(Open().size(), 1);
+        Untick(*Open().front());
+        close(*Open().front());
+        EXPECT_EQ(store.GetTip("Bumpmapping"), "0");
+        Ask();
+        EXPECT_TRUE(Open().empty());
     }
-    Ask();
-    EXPECT_EQ(!Open().empty(), GetParam().shown);
 }
-
-INSTANTIATE_TEST_SUITE_P(Values, StoredChoice,
-                         testing::Values(Stored{"Missing", nullptr, true}, Stored{"One", "1", true},
-                                         Stored{"Zero", "0", false}, Stored{"Two", "2", false}),
-                         [](const auto& row) { return row.param.name; });
-
-struct Closing {
-    const char* name;
-    void (*close)(QDialog&);
-};
-
-class ClosedBy : public Warnings, public testing::WithParamInterface<Closing> {};
-
-TEST_P(ClosedBy, KeepsTheChoice)
-{
-    Ask();
-    ASSERT_EQ(Open().size(), 1);
-    Untick(*Open().front());
-    GetParam().close(*Open().front());
-    EXPECT_EQ(store.GetTip("Bumpmapping"), "0");
-    Ask();
-    EXPECT_TRUE(Open().empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Ways, ClosedBy,
-    testing::Values(
-        Closing{"Button",
-                [](QDialog& dialog) {
-                    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
-                }},
-        Closing{"Escape", [](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }},
-        Closing{"Frame", [](QDialog& dialog) { dialog.close(); }}),
-    [](const auto& row) { return row.param.name; });
 
 TEST_F(Warnings, ClosingTheWindowKeepsEveryChoice)
 {

@@ -9,6 +9,8 @@
 
 namespace CorvexTest {
 
+using Texts = std::vector<std::string>;
+
 /// What a failing host or platform call throws.
 enum class Fault { ClassifiedError, OutOfMemory, StandardException, UnknownObject };
 

@@ -47,6 +47,12 @@ const CorvexDB::udtMaterial& ControlRig::Previewed() const
     return shape->Material();
 }
 
+std::string ControlRig::ShownMesh() const
+{
+    const RecordingShape* shown = host.Viewport()->TheScene().Shown();
+    return shown == nullptr ? "nothing" : shown->MeshFile();
+}
+
 template <typename Widget>
 Widget& ControlRig::Reveal(const char* name)
 {

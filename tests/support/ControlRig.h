@@ -25,6 +25,18 @@ struct RequestedWarning {
     QString key;
 };
 
+/// What a property gives; reading one never fails.
+template <typename Value>
+Value ReadFrom(CorvexMaterial::IMaterial& control,
+               CorvexMaterial::Status (CorvexMaterial::IMaterial::*get)(Value&))
+{
+    Value value{};
+    if ((control.*get)(value) != CorvexMaterial::Status::Success) {
+        throw std::logic_error("a property cannot be read");
+    }
+    return value;
+}
+
 /// A control in a recording host and desktop. The control's own events enter the same log, named
 /// "Event.MaterialChanged" and so on, so that their place among the host's calls can be seen.
 class ControlRig {
@@ -45,19 +57,22 @@ public:
     void Restart();
 
     [[nodiscard]] CorvexMaterial::Material& Control() { return *m_control; }
+    template <typename Value>
+    Value Read(CorvexMaterial::Status (CorvexMaterial::IMaterial::*get)(Value&))
+    {
+        return ReadFrom(*m_control, get);
+    }
     /// `MaterialChanged` since the log was cleared.
     [[nodiscard]] std::size_t Changes() const { return log.CountOf("Event.MaterialChanged"); }
+    /// File name of the mesh that the preview shows.
+    [[nodiscard]] std::string ShownMesh() const;
     /// The material that the preview shape shows.
     [[nodiscard]] const CorvexDB::udtMaterial& Previewed() const;
 
     template <typename Widget>
     Widget& Find(const char* name)
     {
-        auto* found = m_control->findChild<Widget*>(QString::fromLatin1(name));
-        if (found == nullptr) {
-            throw std::logic_error(std::string("there is no ") + name);
-        }
-        return *found;
+        return FindIn<Widget>(*m_control, QString::fromLatin1(name));
     }
     /// Brought into view as a user would, by the tab that holds it. Hidden when none does.
     QLineEdit& Field(const char* name);

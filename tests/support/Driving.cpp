@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTest>
+#include <QUrl>
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace CorvexTest {
 namespace {
@@ -52,6 +54,24 @@ void Choose(QComboBox& list, const QString& entry)
     list.showPopup();
     list.view()->setCurrentIndex(list.model()->index(row, list.modelColumn()));
     QTest::keyClick(list.view(), Qt::Key_Enter);
+}
+
+bool Drop(QWidget& widget, const QMimeData& data, QPoint at)
+{
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&widget, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    drop.setAccepted(false);
+    QCoreApplication::sendEvent(&widget, &drop);
+    QCoreApplication::processEvents();
+    return enter.isAccepted() && drop.isAccepted();
+}
+
+bool DropFile(QWidget& widget, const QString& file, QPoint at)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    return Drop(widget, data, at);
 }
 
 DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer) : m_answer(std::move(answer))

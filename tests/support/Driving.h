@@ -1,17 +1,28 @@
 #pragma once
 
-#include <QPointer>
 #include <QString>
 #include <QTimer>
+#include <QWidget>
 
 #include <functional>
+#include <stdexcept>
 
 class QComboBox;
 class QDialog;
 class QLineEdit;
-class QWidget;
+class QMimeData;
 
 namespace CorvexTest {
+
+template <typename Widget>
+Widget& FindIn(const QWidget& parent, const QString& name)
+{
+    auto* found = parent.findChild<Widget*>(name);
+    if (found == nullptr) {
+        throw std::logic_error("there is no " + name.toStdString());
+    }
+    return *found;
+}
 
 // Events as a person causes them. Each throws std::logic_error when a person could not: the widget
 // is hidden or disabled.
@@ -21,6 +32,9 @@ void Click(QWidget& widget);
 void Type(QLineEdit& field, const QString& text);
 /// Opens the list and takes the entry of this exact text.
 void Choose(QComboBox& list, const QString& entry);
+/// False when the widget does not take it there.
+bool Drop(QWidget& widget, const QMimeData& data, QPoint at);
+bool DropFile(QWidget& widget, const QString& file, QPoint at);
 
 /// Answers the next modal dialog: call it before the click that opens the dialog.
 class DialogAnswer {

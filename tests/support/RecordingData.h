@@ -83,42 +83,110 @@ private:
     bool Can(const char* name) { return m_log.Answer(name, capable); }
 };
 
-class RecordingMaterialLibrary : public Recording<CorvexDB::MaterialLibrary> {
+/// What the libraries of both kinds have in common; their calls are named after the kind.
+template <typename Library, typename Item>
+class RecordingLibraryOf : public Recording<Library> {
 public:
-    using Recording::Recording;
+    RecordingLibraryOf(CallLog& log, const char* kind) : Recording<Library>(log), m_kind(kind) {}
 
-    CorvexDB::LibraryContent Open(const std::string& path) override;
-    CorvexDB::udtMaterial MaterialAt(std::int32_t index) override;
-    void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override;
-    void DeleteMaterialFromLibrary(std::int32_t index) override;
-    void CreateLibrary(const std::string& path) override;
-    void CloseLibrary() override { m_log.Enter("MaterialLibrary.CloseLibrary"); }
+    CorvexDB::LibraryContent Open(const std::string& path) override
+    {
+        Enter("Open", path);
+        if (opening) {
+            opening();
+        }
+        return {static_cast<std::int32_t>(items.size())};
+    }
+    void CreateLibrary(const std::string& path) override
+    {
+        Enter("CreateLibrary", path);
+        if (creating) {
+            creating(path);
+        }
+    }
+    void CloseLibrary() override { Enter("CloseLibrary"); }
 
-    std::vector<CorvexDB::udtMaterial> materials;
-    std::function<void()> opening = [] {};  ///< called in the middle of Open
-    std::function<void(const std::string&)> creating = [](const auto&) {};  ///< makes the file
-};
+    std::vector<Item> items;
+    std::function<void()> opening;                     ///< called in the middle of Open
+    std::function<void(const std::string&)> creating;  ///< makes the file
 
-class RecordingTextureLibrary : public Recording<CorvexDB::TextureLibrary>,
-                                private CorvexDB::TextureCollection {
-public:
-    using Recording::Recording;
-
-    CorvexDB::LibraryContent Open(const std::string& path) override;
-    CorvexDB::TextureCollection& Textures() override;
-    std::string SelectedLibraryTexture(std::int32_t index) override;
-    void AddTextureToLibrary(const std::string& file) override;
-    void DeleteTextureFromLibrary(std::int32_t index) override;
-    void CreateLibrary(const std::string& path) override;
-    void CloseLibrary() override { m_log.Enter("TextureLibrary.CloseLibrary"); }
-
-    std::vector<std::string> files;
-    std::function<void()> opening = [] {};
-    std::function<void(const std::string&)> creating = [](const auto&) {};
+protected:
+    void Enter(const std::string& operation, const std::string& detail = {})
+    {
+        this->m_log.Enter(m_kind + "." + operation, detail);
+    }
+    const Item& EnterAt(const std::string& operation, std::int32_t index)
+    {
+        Enter(operation, std::to_string(index));
+        return items.at(static_cast<std::size_t>(index));
+    }
+    void EnterAndErase(const std::string& operation, std::int32_t index)
+    {
+        items.erase(items.begin() + (&EnterAt(operation, index) - items.data()));
+    }
 
 private:
-    std::int32_t Count() override;
-    std::string FileAt(std::int32_t index) override;
+    std::string m_kind;
+};
+
+class RecordingMaterialLibrary
+    : public RecordingLibraryOf<CorvexDB::MaterialLibrary, CorvexDB::udtMaterial> {
+public:
+    explicit RecordingMaterialLibrary(CallLog& log) : RecordingLibraryOf(log, "MaterialLibrary") {}
+
+    CorvexDB::udtMaterial MaterialAt(std::int32_t index) override
+    {
+        return EnterAt("MaterialAt", index);
+    }
+    void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override
+    {
+        Enter("AddMaterialToLibrary");
+        items.push_back(material);
+    }
+    void DeleteMaterialFromLibrary(std::int32_t index) override
+    {
+        EnterAndErase("DeleteMaterialFromLibrary", index);
+    }
+
+    std::vector<CorvexDB::udtMaterial>& materials = items;
+};
+
+class RecordingTextureLibrary : public RecordingLibraryOf<CorvexDB::TextureLibrary, std::string>,
+                                private CorvexDB::TextureCollection {
+public:
+    explicit RecordingTextureLibrary(CallLog& log) : RecordingLibraryOf(log, "TextureLibrary") {}
+
+    CorvexDB::TextureCollection& Textures() override
+    {
+        Enter("Textures");
+        return *this;
+    }
+    std::string SelectedLibraryTexture(std::int32_t index) override
+    {
+        return EnterAt("SelectedLibraryTexture", index);
+    }
+    void AddTextureToLibrary(const std::string& file) override
+    {
+        Enter("AddTextureToLibrary", file);
+        items.push_back(file);
+    }
+    void DeleteTextureFromLibrary(std::int32_t index) override
+    {
+        EnterAndErase("DeleteTextureFromLibrary", index);
+    }
+
+    std::vector<std::string>& files = items;
+
+private:
+    std::int32_t Count() override
+    {
+        return m_log.Answer("TextureCollection.Count", static_cast<std::int32_t>(items.size()));
+    }
+    std::string FileAt(std::int32_t index) override
+    {
+        m_log.Enter("TextureCollection.FileAt", std::to_string(index));
+        return items.at(static_cast<std::size_t>(index));
+    }
 };
 
 class RecordingPlugins : public Recording<CorvexDB::PluginTable> {

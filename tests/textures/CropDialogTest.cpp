@@ -1,8 +1,8 @@
+#include "tests/support/SampleFolder.h"
 #include "tests/textures/PanelRig.h"
 #include "textures/CroppingPicture.h"
 #include "textures/frmOptionsTexture.h"
 
-#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
@@ -28,12 +28,11 @@ protected:
     }
 
     QLineEdit& Field(const char* name) { return *dialog.findChild<QLineEdit*>(name); }
+    std::string TextOf(const char* name) { return Field(name).text().toStdString(); }
     CropTexts Texts()
     {
-        return {Field("txtOriginLeft").text().toStdString(),
-                Field("txtOriginTop").text().toStdString(),
-                Field("txtScaleWidth").text().toStdString(),
-                Field("txtScaleHeight").text().toStdString()};
+        return {TextOf("txtOriginLeft"), TextOf("txtOriginTop"), TextOf("txtScaleWidth"),
+                TextOf("txtScaleHeight")};
     }
     CroppingPicture& Picture() { return *dialog.findChild<CroppingPicture*>(); }
     void Drag(Qt::KeyboardModifiers modifiers, QPoint from, QPoint to)
@@ -58,16 +57,14 @@ TEST_F(CropDialog, DragDrawsANewRectangle)
     EXPECT_EQ(Texts().originLeft, "0.25");
 }
 
-TEST_F(CropDialog, ShiftMovesAndResizesTheRectangle)
+TEST_F(CropDialog, ShiftAndArrowKeysMoveAndResizeTheRectangle)
 {
     Drag(Qt::ShiftModifier, {257, 257}, {257 + 64, 257});
     EXPECT_EQ(Texts(), (CropTexts{"0.375", "0.25", "0.5", "0.5"}));
     Drag(Qt::ShiftModifier, {449, 385}, {449 - 128, 385 + 64});
     EXPECT_EQ(Texts(), (CropTexts{"0.375", "0.25", "0.25", "0.625"}));
-}
 
-TEST_F(CropDialog, ArrowKeysMoveAndResize)
-{
+    dialog.ShowTexts({"0.25", "0.25", "0.5", "0.5"});
     Picture().setFocus();
     QTest::keyClick(&Picture(), Qt::Key_Right);
     EXPECT_GT(Texts().originLeft, "0.25");
@@ -111,11 +108,8 @@ TEST_F(CropDialog, KeepsOpenOverTextThatIsNoNumber)
 
 TEST_F(CropDialog, SaysWhenProportionsAreLost)
 {
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("tall.png");
-    QImage tall(1, 600, QImage::Format_RGB32);
-    tall.fill(Qt::red);
-    ASSERT_TRUE(tall.save(file));
+    const CorvexTest::SampleFolder folder;
+    const QString file = folder.Save("tall.png", Qt::red, {1, 600});
     EXPECT_FALSE(dialog.findChild<QLabel*>("lblTooTall")->isVisible());
     dialog.SetupForm(file.toStdString());
     EXPECT_TRUE(dialog.findChild<QLabel*>("lblTooTall")->isVisible());

@@ -1,58 +1,56 @@
 #include "platform/NumberText.h"
+#include "tests/support/CommaLocale.h"
 #include "textures/CropFit.h"
 #include "textures/CropGrip.h"
 #include "textures/TexturePlacement.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
-#include <locale>
 
 namespace {
 
 using namespace CorvexMaterial;
+using ::testing::FieldsAre;
 
-struct FormatCase {
-    float value;
-    const char* fraction;
-    const char* tiles;
-};
-
-class NumberFormat : public ::testing::TestWithParam<FormatCase> {};
-
-TEST_P(NumberFormat, RoundsTheWrittenNumberHalfAwayFromZero)
+TEST(NumberFormatting, RoundsTheWrittenNumberHalfAwayFromZero)
 {
-    EXPECT_EQ(TextOfFraction(GetParam().value), GetParam().fraction);
-    EXPECT_EQ(TextOfTiles(GetParam().value), GetParam().tiles);
+    struct Row {
+        float value;
+        const char* fraction;
+        const char* tiles;
+    };
+    constexpr float kNothing = std::numeric_limits<float>::quiet_NaN();
+    constexpr float kInfinity = std::numeric_limits<float>::infinity();
+    for (const Row& row : std::initializer_list<Row>{{0.0F, "0.0", "0.00"},
+                                                     {1.0F, "1.0", "1.00"},
+                                                     {0.125F, "0.125", "0.13"},
+                                                     {0.12345F, "0.1235", "0.12"},
+                                                     {0.00015F, "0.0002", "0.00"},
+                                                     {0.005F, "0.005", "0.01"},
+                                                     {-0.00004F, "0.0", "0.00"},
+                                                     {-0.00005F, "-0.0001", "0.00"},
+                                                     {-0.125F, "-0.125", "-0.13"},
+                                                     {0.99996F, "1.0", "1.00"},
+                                                     {9.99995F, "10.0", "10.00"},
+                                                     {999.995F, "999.995", "1000.00"},
+                                                     {1e-30F, "0.0", "0.00"},
+                                                     {-0.0F, "0.0", "0.00"},
+                                                     {kNothing, "0.0", "0.00"},
+                                                     {-kInfinity, "0.0", "0.00"}}) {
+        EXPECT_EQ(TextOfFraction(row.value), row.fraction);
+        EXPECT_EQ(TextOfTiles(row.value), row.tiles);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Values, NumberFormat,
-    ::testing::Values(FormatCase{0.0F, "0.0", "0.00"}, FormatCase{1.0F, "1.0", "1.00"},
-                      FormatCase{0.125F, "0.125", "0.13"}, FormatCase{0.12345F, "0.1235", "0.12"},
-                      FormatCase{0.00015F, "0.0002", "0.00"}, FormatCase{0.005F, "0.005", "0.01"},
-                      FormatCase{-0.00004F, "0.0", "0.00"},
-                      FormatCase{-0.00005F, "-0.0001", "0.00"},
-                      FormatCase{-0.125F, "-0.125", "-0.13"}, FormatCase{0.99996F, "1.0", "1.00"},
-                      FormatCase{9.99995F, "10.0", "10.00"},
-                      FormatCase{999.995F, "999.995", "1000.00"}, FormatCase{1e-30F, "0.0", "0.00"},
-                      FormatCase{-0.0F, "0.0", "0.00"},
-                      FormatCase{std::numeric_limits<float>::quiet_NaN(), "0.0", "0.00"},
-                      FormatCase{-std::numeric_limits<float>::infinity(), "0.0", "0.00"}));
 
 TEST(NumberFormatting, KeepsThePointUnderACommaLocale)
 {
-    struct Comma : std::numpunct<char> {
-        char do_decimal_point() const override { return ','; }
-    };
-    const std::locale before = std::locale::global(std::locale(std::locale(), new Comma));
-    const CropTexts texts = TextsOf(CorvexDB::TexturePlacement{0.25F, 0.5F, 0.125F, 0.0625F});
-    const auto placement = PlacementOf(texts);
-    std::locale::global(before);
-    EXPECT_EQ(texts, (CropTexts{"0.25", "0.5", "0.125", "0.0625"}));
-    ASSERT_TRUE(placement);
-    EXPECT_EQ(*placement, (CorvexDB::TexturePlacement{0.25F, 0.5F, 0.125F, 0.0625F}));
+    const CorvexTest::CommaLocale commas;
+    const CorvexDB::TexturePlacement placement{0.25F, 0.5F, 0.125F, 0.0625F};
+    EXPECT_EQ(TextsOf(placement), (CropTexts{"0.25", "0.5", "0.125", "0.0625"}));
+    EXPECT_EQ(PlacementOf(TextsOf(placement)), placement);
 }
 
 constexpr PictureSize kSquare{514, 514};
@@ -61,8 +59,7 @@ TEST(CropDrag, StartsAtThePixelBelowTheBorder)
 {
     EXPECT_EQ(StartDrag({257, 129}, kSquare), (CropTexts{"0.5", "0.25", "0.0", "0.0"}));
     // 3 / 512 is past half a percent, 2 / 512 is not; before the border is below it as well.
-    EXPECT_EQ(StartDrag({4, 3}, kSquare).originLeft, "0.0059");
-    EXPECT_EQ(StartDrag({4, 3}, kSquare).originTop, "0.0");
+    EXPECT_EQ(StartDrag({4, 3}, kSquare), (CropTexts{"0.0059", "0.0", "0.0", "0.0"}));
     EXPECT_EQ(StartDrag({-20, 0}, kSquare), (CropTexts{"0.0", "0.0", "0.0", "0.0"}));
     // Exactly half a percent is kept.
     EXPECT_EQ(StartDrag({2, 2}, {202, 202}).originLeft, "0.005");
@@ -112,35 +109,29 @@ TEST(CropClamp, ShortensOnlyWhatReachesPastTheEnd)
     EXPECT_FALSE(PlacementOf(noNumbers));
 }
 
-struct FitCase {
-    int imageWidth;
-    int imageHeight;
-    int width;
-    int height;
-    bool proportionsKept;
-    bool smooth;
-};
-
-class CropPictureFit : public ::testing::TestWithParam<FitCase> {};
-
-TEST_P(CropPictureFit, FillsTheAreaWithTheLongerSide)
+TEST(CropPictureFit, FillsTheAreaWithTheLongerSide)
 {
-    const FitCase& expected = GetParam();
-    const CropFit fit = FitIntoCropArea(expected.imageWidth, expected.imageHeight);
-    EXPECT_EQ(fit.width, expected.width);
-    EXPECT_EQ(fit.height, expected.height);
-    EXPECT_EQ(fit.proportionsKept, expected.proportionsKept);
-    EXPECT_EQ(fit.smooth, expected.smooth);
+    struct Row {
+        int imageWidth;
+        int imageHeight;
+        CropFit fit;
+    };
+    for (const auto& [width, height, expected] :
+         std::initializer_list<Row>{{512, 512, {514, 514, true, true}},
+                                    {510, 255, {514, 257, true, false}},
+                                    {1028, 257, {514, 129, true, true}},
+                                    {100, 1000, {51, 514, true, true}},
+                                    {514, 1, {514, 1, true, true}},
+                                    {1, 515, {514, 514, false, true}},
+                                    {1, 1, {514, 514, true, false}},
+                                    {0, 0, {514, 514, true, true}},
+                                    {-1, 80, {514, 514, true, true}}}) {
+        const CropFit fit = FitIntoCropArea(width, height);
+        EXPECT_THAT(fit, FieldsAre(expected.width, expected.height, expected.proportionsKept,
+                                   expected.smooth))
+            << width << " by " << height;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Images, CropPictureFit,
-    ::testing::Values(FitCase{512, 512, 514, 514, true, true},
-                      FitCase{510, 255, 514, 257, true, false},
-                      FitCase{1028, 257, 514, 129, true, true},
-                      FitCase{100, 1000, 51, 514, true, true}, FitCase{514, 1, 514, 1, true, true},
-                      FitCase{1, 515, 514, 514, false, true}, FitCase{1, 1, 514, 514, true, false},
-                      FitCase{0, 0, 514, 514, true, true}, FitCase{-1, 80, 514, 514, true, true}));
 
 TEST(CropGripping, FindsSidesThenTheInside)
 {

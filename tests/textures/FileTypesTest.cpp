@@ -25,31 +25,22 @@ TEST(TextureFileTypes, TakeAFilterApartForTheDesktop)
     EXPECT_TRUE(SplitDialogFilter("No Patterns ()|").extensions.empty());
 }
 
-struct PathCase {
-    const char* path;
-    bool all;
-    bool withoutTranslucency;
-};
-
-class TexturePath : public ::testing::TestWithParam<PathCase> {};
-
-TEST_P(TexturePath, IsJudgedByItsExtensionAlone)
+TEST(TextureFileTypes, JudgeAPathByItsExtensionAlone)
 {
-    EXPECT_EQ(IsListed(GetParam().path, TextureTypeList::All), GetParam().all);
-    EXPECT_EQ(IsListed(GetParam().path, TextureTypeList::WithoutTranslucency),
-              GetParam().withoutTranslucency);
+    const auto listed = [](const char* path) {
+        return std::pair(IsListed(path, TextureTypeList::All),
+                         IsListed(path, TextureTypeList::WithoutTranslucency));
+    };
+    for (const char* path : {"/t/stone.bmp", "/t/stone.JpG", "stone.TIF"}) {
+        EXPECT_EQ(listed(path), std::pair(true, true)) << path;
+    }
+    for (const char* path : {"/t/a.b/stone.png", "/t/stone.Tga"}) {
+        EXPECT_EQ(listed(path), std::pair(true, false)) << path;
+    }
+    for (const char* path : {"/t/stone.jpeg", "/t/stone.tiff", "/t/stone.bmp.exe",
+                             "/t/pictures.bmp/stone", "/t/stone.bmp ", "/t/bmp", "/t/stone.", ""}) {
+        EXPECT_EQ(listed(path), std::pair(false, false)) << path;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Paths, TexturePath,
-    ::testing::Values(PathCase{"/t/stone.bmp", true, true}, PathCase{"/t/stone.JpG", true, true},
-                      PathCase{"stone.TIF", true, true}, PathCase{"/t/a.b/stone.png", true, false},
-                      PathCase{"/t/stone.Tga", true, false},
-                      PathCase{"/t/stone.jpeg", false, false},
-                      PathCase{"/t/stone.tiff", false, false},
-                      PathCase{"/t/stone.bmp.exe", false, false},
-                      PathCase{"/t/pictures.bmp/stone", false, false},
-                      PathCase{"/t/stone.bmp ", false, false}, PathCase{"/t/bmp", false, false},
-                      PathCase{"/t/stone.", false, false}, PathCase{"", false, false}));
 
 }  // namespace

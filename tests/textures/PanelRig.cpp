@@ -1,10 +1,5 @@
 #include "tests/textures/PanelRig.h"
 
-#include <QCoreApplication>
-#include <QDropEvent>
-#include <QMimeData>
-#include <QUrl>
-
 namespace CorvexTest {
 
 using CorvexMaterial::ChannelPanel;
@@ -40,19 +35,6 @@ const CorvexMaterial::Message& PanelRig::LastMessage() const
         throw std::logic_error("no message was shown");
     }
     return platform.prompts.shown.back();
-}
-
-bool DropFile(QWidget& widget, const QString& file, QPoint at)
-{
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(file)});
-    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&widget, &enter);
-    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    drop.setAccepted(false);
-    QCoreApplication::sendEvent(&widget, &drop);
-    QCoreApplication::processEvents();
-    return enter.isAccepted() && drop.isAccepted();
 }
 
 }  // namespace CorvexTest

@@ -9,7 +9,6 @@
 #include "textures/TexturePage.h"
 
 #include <QString>
-#include <QTemporaryDir>
 
 #include <memory>
 #include <stdexcept>
@@ -40,11 +39,7 @@ public:
     template <typename Widget = QWidget>
     Widget& Find(const QString& name)
     {
-        auto* found = panel->findChild<Widget*>(name);
-        if (found == nullptr) {
-            throw std::logic_error("there is no " + name.toStdString());
-        }
-        return *found;
+        return FindIn<Widget>(*panel, name);
     }
     void Press(const QString& name) { Click(Find(name)); }
 
@@ -67,8 +62,5 @@ private:
 public:
     std::unique_ptr<CorvexMaterial::ChannelPanel> panel;
 };
-
-/// Drops a file at a place of a widget; false when the widget does not take it.
-bool DropFile(QWidget& widget, const QString& file, QPoint at);
 
 }  // namespace CorvexTest

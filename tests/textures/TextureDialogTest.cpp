@@ -15,6 +15,7 @@ using CorvexTest::DialogAnswer;
 using CorvexTest::Fault;
 using CorvexTest::PanelRig;
 using CorvexTest::RecordingEditport;
+using CorvexTest::Texts;
 
 RecordingEditport& BrowserOf(QDialog& dialog)
 {
@@ -42,16 +43,13 @@ protected:
 
 TEST_F(TextureDialog, OpenedTextureGoesToTheLayerOfTheTab)
 {
-    const std::array<TextureLayer, 10> layers{TextureLayer::Primary,     TextureLayer::Primary,
-                                              TextureLayer::Overlay,     TextureLayer::Alpha,
-                                              TextureLayer::Bump,        TextureLayer::Specular,
-                                              TextureLayer::Environment, TextureLayer::Environment,
-                                              TextureLayer::Environment, TextureLayer::Environment};
-    for (std::size_t i = 0; i < layers.size(); ++i) {
-        rig.Enter(static_cast<int>(i) + 1);
-        rig.Page().SetFile(layers[i], {});
+    for (const auto& [tab, layer] : {std::pair{1, TextureLayer::Primary},
+                                     {4, TextureLayer::Alpha},
+                                     {10, TextureLayer::Environment}}) {
+        rig.Enter(tab);
+        rig.Page().SetFile(layer, {});
         ASSERT_TRUE(Open([](QDialog& dialog) { BrowserOf(dialog).listener->ItemOpened(1); }));
-        EXPECT_EQ(rig.Page().File(layers[i]), "/t/onyx.png") << "tab " << i + 1;
+        EXPECT_EQ(rig.Page().File(layer), "/t/onyx.png") << "tab " << tab;
         EXPECT_EQ(rig.Edits(), 1U);
         rig.Enter(2);
     }
@@ -67,8 +65,8 @@ TEST_F(TextureDialog, TellsTheStoreWhetherItChose)
     }));
     EXPECT_EQ(rig.platform.settings.Get("TextureSelectionComplete"), "1");
     EXPECT_EQ(rig.log.Order({"Store.Write", "Store.Read", "Event.Edited", "Store.Flush"}),
-              (std::vector<std::string>{"Store.Write", "Store.Read", "Store.Write", "Store.Read",
-                                        "Event.Edited", "Store.Flush"}));
+              (Texts{"Store.Write", "Store.Read", "Store.Write", "Store.Read", "Event.Edited",
+                     "Store.Flush"}));
 
     rig.log.Clear();
     ASSERT_TRUE(Open([&](QDialog& dialog) {
