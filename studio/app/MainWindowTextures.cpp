@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 namespace studio {
+
 void MainWindow::FindTextures()
 {
     if (MissingTexturePaths(m_scene.All()).empty()) {

@@ -73,8 +73,8 @@ void AddLibraryActions(std::vector<Step>& steps)
         for (const char* button : {"Add", "Delete"}) {
             const std::string name = "cmd" + stem + button;
             add(name, [name, stem](ControlRig& rig) {
-                rig.host.materialLibrary.materials.resize(2);
-                rig.host.textureLibrary.files = {"/t/agate.png", "/t/onyx.png"};
+                rig.host.materialLibrary.items.resize(2);
+                rig.host.textureLibrary.items = {"/t/agate.png", "/t/onyx.png"};
                 BrowserOf(rig, stem).selected = 0;
                 rig.Press(name.c_str());
             });
@@ -91,8 +91,8 @@ void AddLibraryActions(std::vector<Step>& steps)
             Choose(list, list.itemText(0));
         });
         add("dfe" + stem, [stem](ControlRig& rig) {
-            rig.host.materialLibrary.materials.resize(2);
-            rig.host.textureLibrary.files = {"/t/agate.png"};
+            rig.host.materialLibrary.items.resize(2);
+            rig.host.textureLibrary.items = {"/t/agate.png"};
             BrowserOf(rig, stem).listener->ItemSelected(0);
             BrowserOf(rig, stem).listener->Scrolled({0, 100, 10, 10});
             rig.Find<QScrollBar>(("vsb" + stem).c_str()).setValue(7);

@@ -30,8 +30,8 @@ TEST_F(MaterialLibrary, AddedMaterialIsTheOneOfThePanel)
     Type(rig.Field("txtSpecular"), "70");
     rig.Control().put_TextureBumpmapFileName("/t/bump.png");
     Click(Button("Add"));
-    EXPECT_EQ(rig.host.materialLibrary.materials.back(), rig.Previewed());
-    EXPECT_EQ(rig.host.materialLibrary.materials.back().Specular, 70);
+    EXPECT_EQ(rig.host.materialLibrary.items.back(), rig.Previewed());
+    EXPECT_EQ(rig.host.materialLibrary.items.back().Specular, 70);
 
     // Shapes take the files alone now; a library keeps all of the material.
     CorvexDB::udtMaterial shown;
@@ -39,7 +39,7 @@ TEST_F(MaterialLibrary, AddedMaterialIsTheOneOfThePanel)
     rig.Control().CopyFieldToFormMaterial(shown);
     rig.Control().put_ApplyRelative(CorvexDB::ApplyMode::FilesOnly);
     Click(Button("Add"));
-    EXPECT_EQ(rig.host.materialLibrary.materials.back().OverlayTranslucency, 35.0F);
+    EXPECT_EQ(rig.host.materialLibrary.items.back().OverlayTranslucency, 35.0F);
     EXPECT_NE(rig.Previewed().OverlayTranslucency, 35.0F);
 }
 
@@ -114,7 +114,7 @@ TEST_F(TextureLibrary, AddTakesTheCurrentLayersFileAndNothingFromAnEmptyLayer)
     auto& tabs = rig.Find<QTabBar>("tabChannels");
     tabs.setCurrentIndex(4);
     Click(Button("Add"));
-    EXPECT_EQ(rig.host.textureLibrary.files.back(), "/t/bump.png");
+    EXPECT_EQ(rig.host.textureLibrary.items.back(), "/t/bump.png");
     tabs.setCurrentIndex(5);
     Forget();
     Click(Button("Add"));

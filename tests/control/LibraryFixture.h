@@ -50,9 +50,9 @@ class LibraryFixture {
 protected:
     explicit LibraryFixture(const Kind& shown) : kind(shown)
     {
-        rig.host.materialLibrary.materials.resize(3);
-        rig.host.materialLibrary.materials[1].Color = 255;
-        rig.host.textureLibrary.files = {"/t/agate.png", "/t/onyx.png", "/t/jade.png"};
+        rig.host.materialLibrary.items.resize(3);
+        rig.host.materialLibrary.items[1].Color = 255;
+        rig.host.textureLibrary.items = {"/t/agate.png", "/t/onyx.png", "/t/jade.png"};
         rig.platform.libraryFiles.paths.insert(kind.Path("Wood"));
         Start();
     }
