@@ -153,12 +153,13 @@ const MtlxElement* MtlxElement::FirstOutput() const
 
 void MtlxElement::SortChildren()
 {
-    const auto rest = std::ranges::stable_partition(children, &MtlxElement::IsInput).begin();
+    const auto rest = std::stable_partition(
+        children.begin(), children.end(), [](const MtlxElement& child) { return child.IsInput(); });
     inputCount = static_cast<std::size_t>(rest - children.begin());
     // Of two inputs of one name the first counts.
     std::ranges::stable_sort(children.begin(), rest, {}, &MtlxElement::Name);
-    std::ranges::stable_partition(
-        rest, children.end(), [](const MtlxElement& child) { return child.category == "output"; });
+    std::stable_partition(rest, children.end(),
+                          [](const MtlxElement& child) { return child.category == "output"; });
 }
 
 bool MtlxElement::IsInput() const

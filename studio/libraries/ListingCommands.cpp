@@ -18,8 +18,7 @@ void RefuseName(CommandContext& context, const QString& name, const QString& pla
 void KeepEachOnce(std::vector<EntryId>& ids)
 {
     std::ranges::sort(ids);
-    const auto repeated = std::ranges::unique(ids);
-    ids.erase(repeated.begin(), repeated.end());
+    ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
 }
 
 }  // namespace
