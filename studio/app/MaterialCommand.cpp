@@ -25,7 +25,6 @@ QString TitleOf(const FieldSet& fields, const std::vector<ShapeChange>& changes)
 {
     const QString where = changes.size() == 1
                               ? QString::fromStdString(changes.front().shape->Name())
-                                    .replace(u'&', QStringLiteral("&&"))
                               : Tr("%1 shapes").arg(static_cast<qulonglong>(changes.size()));
     return Tr("Change %1 of %2").arg(NameOf(fields), where);
 }

@@ -20,8 +20,7 @@ QString StepTitle(const LibraryEdit& change)
         title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 Entries from the Library")
                         : QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 from the Library");
     }
-    return QCoreApplication::translate("LibraryStep", title)
-        .arg(change.Described().replace(u'&', QStringLiteral("&&")));
+    return QCoreApplication::translate("LibraryStep", title).arg(change.Described());
 }
 
 }  // namespace
