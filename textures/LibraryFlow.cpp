@@ -27,8 +27,9 @@ QString WithExtension(const QString& name, std::string_view extension)
 std::string NameInFolder(const QString& file, const std::string& folder)
 {
     const QFileInfo chosen(file);
-    const bool inFolder = QDir::cleanPath(chosen.absolutePath()) ==
-                          QDir::cleanPath(QDir(QString::fromStdString(folder)).absolutePath());
+    const bool inFolder =
+        !folder.empty() && QDir::cleanPath(chosen.absolutePath()) ==
+                               QDir::cleanPath(QDir(QString::fromStdString(folder)).absolutePath());
     return (inFolder ? chosen.fileName() : file).toStdString();
 }
 
@@ -113,8 +114,8 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
 
 std::string LibraryFlow::PathOf(const std::string& name, const std::string& folder) const
 {
-    const bool absolute = QDir::isAbsolutePath(QString::fromStdString(name));
-    return absolute ? name : folder + '/' + name;
+    const bool asGiven = folder.empty() || QDir::isAbsolutePath(QString::fromStdString(name));
+    return asGiven ? name : folder + '/' + name;
 }
 
 void LibraryFlow::Choose(const QString& entry)

@@ -76,8 +76,10 @@ void MainWindow::ListRecentFiles(QMenu* menu)
 void MainWindow::BuildEditMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Edit"));
-    QAction* undo = menu->addAction(tr("&Undo"), QKeySequence::Undo, &m_history, &QUndoStack::undo);
-    QAction* redo = menu->addAction(tr("&Redo"), QKeySequence::Redo, &m_history, &QUndoStack::redo);
+    QAction* undo = menu->addAction(tr("&Undo"), &m_history, &QUndoStack::undo);
+    undo->setShortcuts(QKeySequence::Undo);
+    QAction* redo = menu->addAction(tr("&Redo"), &m_history, &QUndoStack::redo);
+    redo->setShortcuts(QKeySequence::Redo);
     undo->setEnabled(false);
     redo->setEnabled(false);
     connect(&m_history, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);

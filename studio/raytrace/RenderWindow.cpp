@@ -44,7 +44,9 @@ RenderWindow::RenderWindow(QWidget* parent)
     layout->addWidget(area, 1);
     layout->addLayout(buttons);
     connect(m_run, &RaytraceRun::Progress, this, [this](int percent) {
-        m_status->setText(tr("The raytracer is rendering."));
+        if (m_cancel->isEnabled()) {
+            m_status->setText(tr("The raytracer is rendering."));
+        }
         m_progress->setValue(percent);
     });
     connect(m_run, &RaytraceRun::Finished, this, &RenderWindow::ShowPicture);

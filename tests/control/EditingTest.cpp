@@ -149,16 +149,17 @@ TEST_F(Editing, AlphaTestReferenceIsOpenOnlyUnderATestAndKeepsItsText)
     EXPECT_EQ(rig.Previewed().AlphaTestReference, 9);
 }
 
-TEST_F(Editing, CancelledColourDialogAndTheSameEntryAgainChangeNothing)
+TEST_F(Editing, CancelledColourDialogAndTheSameUseOfAlphaAgainChangeNothing)
 {
     rig.Control().put_lVBColor(16775408);
     rig.log.Clear();
     Choose(rig.List("cboColor"), "Custom");
     EXPECT_EQ(rig.List("cboColor").currentText(), "Alice Blue");
-    Choose(rig.List("cboColor"), "Alice Blue");
     rig.Press("cmdSelectColor");
     rig.Press("picVBColor");
     EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"), Texts(3, "16775408"));
+    auto& use = rig.List("cboTextureAlphaChannelUse");
+    Choose(use, use.currentText());
     EXPECT_TRUE(RefreshSteps(rig).empty());
 }
 

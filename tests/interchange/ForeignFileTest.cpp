@@ -104,7 +104,7 @@ TEST(ForeignMtl, OfPublicTestModels)
 TEST(ForeignMaterialX, ReferencesOfVersion137)
 {
     const Imported imported = Import(SampleFile("reference.mtlx"));
-    ExpectAmounts(imported.materials, {{"Tiled_plate", 255, 255, 255, 60, 0, 0, 0},
+    ExpectAmounts(imported.materials, {{"Tiled_plate", 255, 255, 255, 60, 0, 40, 0},
                                        {"Glass", 255, 128, 64, 60, 0, 100, 90}});
     const auto& plate = imported.materials[0].material;
     EXPECT_EQ(plate.Textures.primary, SampleFile("steel plate.png"));
