@@ -6,7 +6,7 @@ packages=(
     libepoxy-dev libegl-dev libgl1-mesa-dri fonts-dejavu-core
     libassimp-dev libsqlite3-dev povray povray-includes
     xvfb xauth libgtest-dev libgmock-dev libbenchmark-dev
-    clang libclang-rt-dev lld
+    clang libclang-rt-dev lld parallel
 )
 
 as_root() {
