@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/Export.h"
 #include "platform/Files.h"
 
 #include <cstdint>
@@ -8,7 +9,7 @@ namespace CorvexMaterial {
 
 /// The number of a file is shared by all files of a job, whatever their extension, so a number is
 /// claimed only when no file of any extension has it.
-class QtTemporaryFiles final : public TemporaryFiles {
+class CORVEX_EXPORT QtTemporaryFiles final : public TemporaryFiles {
 public:
     std::string Folder() override;
     std::string Claim(const std::string& extension) override;
