@@ -28,13 +28,11 @@ ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMinimumSize(32, 32);
-    for (QTimer* timer : {&m_drawSoon, &m_refineSoon, &m_wheelEnd}) {
+    for (QTimer* timer : {&m_refineSoon, &m_wheelEnd}) {
         timer->setSingleShot(true);
     }
-    m_drawSoon.setInterval(0);
     m_refineSoon.setInterval(kRefineDelayMs);
     m_wheelEnd.setInterval(kWheelEndMs);
-    connect(&m_drawSoon, &QTimer::timeout, this, [this] { RequestPicture(1); });
     connect(&m_refineSoon, &QTimer::timeout, this, [this] { RequestPicture(4); });
     connect(&m_wheelEnd, &QTimer::timeout, this, &ViewportWidget::interactionFinished);
     connect(&service.Textures(), &TextureCache::textureReady, this, [this] {
@@ -59,15 +57,28 @@ void ViewportWidget::Draw()
 {
     m_wanted = true;
     m_refineSoon.stop();
-    if (isVisible()) {
-        m_drawSoon.start();
+    DrawSoon();
+}
+
+void ViewportWidget::DrawSoon()
+{
+    // Posted: a timer would come after the widgets are painted, and the drawing thread wait for that.
+    if (!std::exchange(m_drawPosted, true)) {
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_drawPosted = false;
+                if (m_wanted && isVisible()) {
+                    RequestPicture(1);
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 
 void ViewportWidget::ShowPicture(const QImage& picture)
 {
     m_wanted = false;
-    m_drawSoon.stop();
     m_refineSoon.stop();
     m_service.Cancel(m_view);
     m_picture.ShowImage(picture);
@@ -206,9 +217,7 @@ void ViewportWidget::resizeEvent(QResizeEvent* event)
 void ViewportWidget::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (m_wanted) {
-        m_drawSoon.start();
-    }
+    DrawSoon();
 }
 
 void ViewportWidget::mousePressEvent(QMouseEvent* event)

@@ -71,6 +71,7 @@ protected:
 private:
     enum class Drag { None, Undecided, Turn, Pan };
 
+    void DrawSoon();
     void RequestPicture(int samples);
     void Receive(const RenderResult& result);
     void Settle(int samples);
@@ -86,7 +87,7 @@ private:
     CorvexMaterial::Colour m_background = Frame().background;
     ViewportPicture m_picture;
     bool m_wanted = false;  ///< a picture is to be drawn once the widget can be seen
-    QTimer m_drawSoon;
+    bool m_drawPosted = false;
     QTimer m_refineSoon;  ///< a view that rests gets smooth edges
     QTimer m_wheelEnd;
     std::uint64_t m_requests = 0;
