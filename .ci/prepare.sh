@@ -1,19 +1,21 @@
 # Sourced by run, test and bench: installs what is missing, configures and builds a preset.
 
-packages=(
+studio_packages=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev libqt6opengl6-dev qt6-image-formats-plugins
     libepoxy-dev libegl-dev libgl1-mesa-dri fonts-dejavu-core
-    libassimp-dev libsqlite3-dev povray povray-includes
-    xvfb xauth libgtest-dev libgmock-dev libbenchmark-dev
-    clang libclang-rt-dev lld parallel
+    libassimp-dev libsqlite3-dev povray povray-includes lld
 )
+test_packages=(xvfb xauth libgtest-dev libgmock-dev clang libclang-rt-dev parallel)
+benchmark_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 
 as_root() {
     if [[ $(id -u) -eq 0 ]]; then "$@"; else sudo "$@"; fi
 }
 
-install_missing_packages() {
+# install_missing PACKAGE...
+install_missing() {
+    local packages=("$@")
     if ! command -v dpkg-query >/dev/null; then
         echo "Not a Debian system: please have these installed: ${packages[*]}" >&2
         return

@@ -12,7 +12,7 @@ struct LayerAttributeRow {
     Attribute attribute;
 };
 
-constexpr std::array<LayerAttributeRow, kTextureLayerCount> kRows{{
+constexpr std::array<LayerAttributeRow, kTextureLayerCount> kLayerRows{{
     {TextureLayer::Primary, Attribute::Texture},
     {TextureLayer::Overlay, Attribute::TextureOverlay},
     {TextureLayer::Alpha, Attribute::TextureAlpha},
@@ -21,31 +21,31 @@ constexpr std::array<LayerAttributeRow, kTextureLayerCount> kRows{{
     {TextureLayer::Environment, Attribute::TextureEnvironmentMap},
 }};
 
-constexpr bool RowsFollowEnum()
+constexpr bool LayerRowsFollowEnum()
 {
-    for (std::size_t i = 0; i < kRows.size(); ++i) {
-        if (kRows[i].layer != static_cast<TextureLayer>(i)) {
+    for (std::size_t i = 0; i < kLayerRows.size(); ++i) {
+        if (kLayerRows[i].layer != static_cast<TextureLayer>(i)) {
             return false;
         }
     }
     return true;
 }
-static_assert(RowsFollowEnum());
+static_assert(LayerRowsFollowEnum());
 
 }  // namespace
 
 Attribute AttributeOf(TextureLayer layer)
 {
-    return kRows[static_cast<std::size_t>(layer)].attribute;
+    return kLayerRows[static_cast<std::size_t>(layer)].attribute;
 }
 
 std::optional<TextureLayer> LayerOf(Attribute attribute)
 {
-    const auto* const row =
-        std::find_if(kRows.begin(), kRows.end(), [attribute](const LayerAttributeRow& candidate) {
-            return candidate.attribute == attribute;
-        });
-    return row == kRows.end() ? std::nullopt : std::optional(row->layer);
+    const auto* const row = std::find_if(kLayerRows.begin(), kLayerRows.end(),
+                                         [attribute](const LayerAttributeRow& candidate) {
+                                             return candidate.attribute == attribute;
+                                         });
+    return row == kLayerRows.end() ? std::nullopt : std::optional(row->layer);
 }
 
 }  // namespace CorvexMaterial

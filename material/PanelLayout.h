@@ -1,8 +1,9 @@
 #pragma once
 
+#include "controls/Twips.h"
+
 namespace CorvexMaterial {
 
-inline constexpr int kTwipsPerPixel = 15;
 inline constexpr int kTextureRowTwips = 990;
 inline constexpr int kMaterialRowTwips = 1020;
 static_assert(kTextureRowTwips % kTwipsPerPixel == 0 && kMaterialRowTwips % kTwipsPerPixel == 0);

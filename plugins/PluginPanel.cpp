@@ -1,5 +1,6 @@
 #include "plugins/PluginPanel.h"
 
+#include "controls/Twips.h"
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
 #include "platform/NumberText.h"
@@ -19,7 +20,6 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr int kTwipsToPixel = 15;
 constexpr int kListHeight = 24;
 constexpr int kButtonHeight = 24;
 constexpr int kGap = 4;
@@ -289,7 +289,7 @@ QSize PluginPanel::sizeHint() const
     if (m_shownRows == 0) {
         return {kLeastWidth, kListHeight};
     }
-    return {kLeastWidth, ParameterRowTop(m_shownRows) / kTwipsToPixel + kGap + kButtonHeight};
+    return {kLeastWidth, ParameterRowTop(m_shownRows) / kTwipsPerPixel + kGap + kButtonHeight};
 }
 
 QSize PluginPanel::minimumSizeHint() const
@@ -311,7 +311,7 @@ void PluginPanel::PlaceWidgets()
     }
     const int count = static_cast<int>(m_buttons.size());
     const int step = (width() + kGap) / count;
-    const int top = ParameterRowTop(m_shownRows) / kTwipsToPixel + kGap;
+    const int top = ParameterRowTop(m_shownRows) / kTwipsPerPixel + kGap;
     for (int i = 0; i < count; ++i) {
         m_buttons[static_cast<std::size_t>(i)]->setGeometry(i * step, top, step - kGap,
                                                             kButtonHeight);

@@ -1,6 +1,7 @@
 #include "plugins/PluginRow.h"
 
 #include "controls/Swatch.h"
+#include "controls/Twips.h"
 #include "host/Status.h"
 #include "platform/NumberText.h"
 #include "plugins/PluginParameters.h"
@@ -20,9 +21,8 @@ namespace {
 
 using CorvexDB::ParameterKind;
 
-constexpr int kTwipsToPixel = 15;
 constexpr int kCaptionShare = 38;  // percent of the width
-constexpr int kGap = 6;
+constexpr int kEditorGap = 6;
 constexpr int kPositionWidth = 38;
 
 template <typename Widget>
@@ -186,13 +186,13 @@ std::string PluginRow::Text() const
 
 void PluginRow::Place(int width)
 {
-    const int top = ParameterRowTop(m_row) / kTwipsToPixel;
-    const int height = kParameterEditorTwips / kTwipsToPixel;
-    const int captionTop = top + kParameterCaptionDropTwips / kTwipsToPixel;
+    const int top = ParameterRowTop(m_row) / kTwipsPerPixel;
+    const int height = kParameterEditorTwips / kTwipsPerPixel;
+    const int captionTop = top + kParameterCaptionDropTwips / kTwipsPerPixel;
     const int left = width * kCaptionShare / 100;
     const QRect editor(left, top, std::max(0, width - left), height);
-    m_caption->setGeometry(0, captionTop, std::max(0, left - kGap), height);
-    m_slider->setGeometry(editor.adjusted(0, 0, -kPositionWidth - kGap, 0));
+    m_caption->setGeometry(0, captionTop, std::max(0, left - kEditorGap), height);
+    m_slider->setGeometry(editor.adjusted(0, 0, -kPositionWidth - kEditorGap, 0));
     m_position->setGeometry(editor.right() + 1 - kPositionWidth, top, kPositionWidth, height);
     m_number->setGeometry(editor);
     m_list->setGeometry(editor);

@@ -17,7 +17,7 @@ struct Row {
 };
 
 // The specular and the environment map share a warning, so that one choice silences both.
-constexpr std::array kRows{
+constexpr std::array kWarningRows{
     Row{TextureLayer::Alpha, nullptr, WarningId::RaytraceTranslucency},
     Row{TextureLayer::Bump, &CorvexDB::GraphicsCapabilities::CanBumpmap, WarningId::Bumpmapping},
     Row{TextureLayer::Specular, &CorvexDB::GraphicsCapabilities::CanSpecularMap,
@@ -32,8 +32,9 @@ std::optional<ChannelWarning> WarningOfTab(int tab, CorvexDB::GraphicsCapabiliti
                                            CorvexDB::ApplicationState& applicationState)
 {
     const auto* const row = std::ranges::find_if(
-        kRows, [tab](const Row& candidate) { return RowOf(candidate.layer).tab == tab; });
-    if (row == kRows.end() || (row->isPossible != nullptr && (graphics.*row->isPossible)())) {
+        kWarningRows, [tab](const Row& candidate) { return RowOf(candidate.layer).tab == tab; });
+    if (row == kWarningRows.end() ||
+        (row->isPossible != nullptr && (graphics.*row->isPossible)())) {
         return std::nullopt;
     }
     const WarningRow& warning = RowOf(row->warning);

@@ -1,5 +1,7 @@
 #include "textures/CropFit.h"
 
+#include "controls/Twips.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -8,7 +10,6 @@ namespace CorvexMaterial {
 namespace {
 
 constexpr double kAreaTwips = 7710.0;
-constexpr double kTwipsPerPixel = 15.0;
 constexpr int kLargestSmallImage = 510;
 
 static_assert(kCropAreaPixels * kTwipsPerPixel == kAreaTwips);

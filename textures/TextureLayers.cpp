@@ -7,7 +7,7 @@ namespace CorvexMaterial {
 namespace {
 
 // Tabs and thumbnails count on with the layers; tab 1 comes before them.
-constexpr bool RowsFollowEnum()
+constexpr bool LayersFollowEnum()
 {
     for (std::size_t i = 0; i < kTextureLayers.size(); ++i) {
         const TextureLayerRow& row = kTextureLayers[i];
@@ -19,7 +19,7 @@ constexpr bool RowsFollowEnum()
     }
     return true;
 }
-static_assert(RowsFollowEnum());
+static_assert(LayersFollowEnum());
 
 }  // namespace
 

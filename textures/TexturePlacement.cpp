@@ -127,7 +127,7 @@ std::optional<CorvexDB::TexturePlacement> PlacementOf(const CropTexts& texts)
 
 CropTexts DefaultCrop()
 {
-    return TextsOf({});
+    return TextsOf(CorvexDB::TexturePlacement{});
 }
 
 CropTexts Clamped(CropTexts texts)

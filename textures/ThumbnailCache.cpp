@@ -9,7 +9,7 @@ namespace CorvexMaterial {
 namespace {
 
 /// Twice the size on the panel, so that it is sharp on a dense screen.
-constexpr int kSide = 208;
+constexpr int kCachedSide = 208;
 /// 64 pictures of that size are 11 MB.
 constexpr int kEntries = 64;
 
@@ -28,9 +28,9 @@ Thumbnail ThumbnailCache::Get(const QString& file)
     }
     const Entry* entry = m_entries.object(file);
     if (entry == nullptr || entry->modified != info.lastModified() || entry->bytes != info.size()) {
-        auto fresh =
-            std::make_unique<Entry>(Entry{info.lastModified(), info.size(),
-                                          QPixmap::fromImage(ReadTextureImage(file, kSide).image)});
+        auto fresh = std::make_unique<Entry>(
+            Entry{info.lastModified(), info.size(),
+                  QPixmap::fromImage(ReadTextureImage(file, kCachedSide).image)});
         entry = fresh.get();
         m_entries.insert(file, fresh.release());
     }

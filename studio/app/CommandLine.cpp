@@ -1,11 +1,11 @@
 #include "studio/app/CommandLine.h"
 
 #include "preview/PreviewPrimitives.h"
+#include "studio/Tr.h"
 #include "studio/app/MaterialAssignment.h"
 #include "studio/app/StudioProfile.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -44,11 +44,6 @@ Exit codes:
      did not do what it should, a library has a problem
   2  wrong usage
 )";
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
 
 CommandLine Refused(const QString& reason)
 {

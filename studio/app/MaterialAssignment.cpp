@@ -11,7 +11,7 @@
 namespace studio {
 namespace {
 
-using Material = CorvexDB::udtMaterial;
+using CorvexDB::udtMaterial;
 
 QString TextOf(std::string_view text)
 {
@@ -23,8 +23,8 @@ bool IsNamed(const QString& text, std::string_view name)
     return text.compare(TextOf(name), Qt::CaseInsensitive) == 0;
 }
 
-template <std::int32_t Material::*Field, int Minimum, int Maximum>
-bool SetWhole(Material& material, const QString& text)
+template <std::int32_t udtMaterial::*Field, int Minimum, int Maximum>
+bool SetWhole(udtMaterial& material, const QString& text)
 {
     bool isNumber = false;
     const int value = text.toInt(&isNumber);
@@ -35,8 +35,8 @@ bool SetWhole(Material& material, const QString& text)
     return true;
 }
 
-template <bool Material::*Field>
-bool SetFlag(Material& material, const QString& text)
+template <bool udtMaterial::*Field>
+bool SetFlag(udtMaterial& material, const QString& text)
 {
     if (!IsNamed(text, "yes") && !IsNamed(text, "no")) {
         return false;
@@ -45,7 +45,7 @@ bool SetFlag(Material& material, const QString& text)
     return true;
 }
 
-bool SetColour(Material& material, const QString& text)
+bool SetColour(udtMaterial& material, const QString& text)
 {
     const auto& names = CorvexMaterial::kNamedColours;
     const auto row =
@@ -62,13 +62,13 @@ bool SetColour(Material& material, const QString& text)
     return true;
 }
 
-bool SetAlphaTest(Material& material, const QString& text)
+bool SetAlphaTest(udtMaterial& material, const QString& text)
 {
     const auto& names = CorvexMaterial::kAlphaTestNames;
     const auto row =
         std::ranges::find_if(names, [&](std::string_view name) { return IsNamed(text, name); });
     if (row == names.end()) {
-        return SetWhole<&Material::AlphaTest, 0, 7>(material, text);
+        return SetWhole<&udtMaterial::AlphaTest, 0, 7>(material, text);
     }
     material.AlphaTest = static_cast<std::int32_t>(row - names.begin());
     return true;
@@ -76,7 +76,7 @@ bool SetAlphaTest(Material& material, const QString& text)
 
 struct AssignmentRow {
     const char* key;
-    bool (*set)(Material&, const QString&);
+    bool (*set)(udtMaterial&, const QString&);
 };
 
 constexpr int kLow = std::numeric_limits<std::int32_t>::min();
@@ -84,13 +84,13 @@ constexpr int kHigh = std::numeric_limits<std::int32_t>::max();
 
 constexpr std::array kRows{
     AssignmentRow{"colour", SetColour},
-    AssignmentRow{"ambient", SetWhole<&Material::Ambient, kLow, kHigh>},
-    AssignmentRow{"emissive", SetWhole<&Material::Emissive, kLow, kHigh>},
-    AssignmentRow{"specular", SetWhole<&Material::Specular, kLow, kHigh>},
-    AssignmentRow{"transparency", SetWhole<&Material::Transparency, kLow, kHigh>},
-    AssignmentRow{"double-sided", SetFlag<&Material::DoubleSided>},
+    AssignmentRow{"ambient", SetWhole<&udtMaterial::Ambient, kLow, kHigh>},
+    AssignmentRow{"emissive", SetWhole<&udtMaterial::Emissive, kLow, kHigh>},
+    AssignmentRow{"specular", SetWhole<&udtMaterial::Specular, kLow, kHigh>},
+    AssignmentRow{"transparency", SetWhole<&udtMaterial::Transparency, kLow, kHigh>},
+    AssignmentRow{"double-sided", SetFlag<&udtMaterial::DoubleSided>},
     AssignmentRow{"alpha-test", SetAlphaTest},
-    AssignmentRow{"alpha-test-reference", SetWhole<&Material::AlphaTestReference, kLow, kHigh>},
+    AssignmentRow{"alpha-test-reference", SetWhole<&udtMaterial::AlphaTestReference, kLow, kHigh>},
 };
 
 }  // namespace
@@ -104,7 +104,7 @@ QStringList MaterialKeys()
     return keys;
 }
 
-std::optional<QString> AssignMaterial(Material& material, const QString& assignment)
+std::optional<QString> AssignMaterial(udtMaterial& material, const QString& assignment)
 {
     const QString key = assignment.section(u'=', 0, 0).trimmed();
     const QString value = assignment.section(u'=', 1).trimmed();

@@ -1,16 +1,11 @@
 #include "studio/app/MaterialCommand.h"
 
-#include <QCoreApplication>
+#include "studio/Tr.h"
 
 #include <algorithm>
 
 namespace studio {
 namespace {
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("MaterialCommand", text);
-}
 
 FieldSet FieldsOf(const std::vector<ShapeChange>& changes)
 {

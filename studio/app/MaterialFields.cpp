@@ -7,56 +7,60 @@
 namespace studio {
 namespace {
 
-using Material = CorvexDB::udtMaterial;
+using CorvexDB::udtMaterial;
 
 template <auto Field>
-bool Same(const Material& one, const Material& other)
+bool Same(const udtMaterial& one, const udtMaterial& other)
 {
     return one.*Field == other.*Field;
 }
 
 struct FieldRow {
     const char* name;
-    bool (*same)(const Material&, const Material&);
+    bool (*same)(const udtMaterial&, const udtMaterial&);
 };
 
 constexpr const char* kContext = "MaterialFields";
 constexpr std::array kFields{
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "colour"), Same<&Material::Color>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "ambient"), Same<&Material::Ambient>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "emissive"), Same<&Material::Emissive>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "specular"), Same<&Material::Specular>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "transparency"), Same<&Material::Transparency>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "colour"), Same<&udtMaterial::Color>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "ambient"), Same<&udtMaterial::Ambient>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "emissive"), Same<&udtMaterial::Emissive>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "specular"), Same<&udtMaterial::Specular>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "transparency"), Same<&udtMaterial::Transparency>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "horizontal flip"),
-             Same<&Material::WrapOrientationU>},
+             Same<&udtMaterial::WrapOrientationU>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "vertical flip"),
-             Same<&Material::WrapOrientationV>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "double-sidedness"), Same<&Material::DoubleSided>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "alpha test"), Same<&Material::AlphaTest>},
+             Same<&udtMaterial::WrapOrientationV>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "double-sidedness"),
+             Same<&udtMaterial::DoubleSided>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "alpha test"), Same<&udtMaterial::AlphaTest>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "alpha test reference"),
-             Same<&Material::AlphaTestReference>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "wrap"), Same<&Material::Wrap>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "flat wrap"), Same<&Material::FlatWrap>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "tiling"), Same<&Material::TilesPerUnit>},
+             Same<&udtMaterial::AlphaTestReference>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "wrap"), Same<&udtMaterial::Wrap>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "flat wrap"), Same<&udtMaterial::FlatWrap>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "tiling"), Same<&udtMaterial::TilesPerUnit>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "alpha channel use"),
-             Same<&Material::TextureAlphaChannelUse>},
+             Same<&udtMaterial::TextureAlphaChannelUse>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "alpha handling"),
-             Same<&Material::AlphaIsTransparent>},
+             Same<&udtMaterial::AlphaIsTransparent>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "overlay translucency"),
-             Same<&Material::OverlayTranslucency>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "textures"), Same<&Material::Textures>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "texture placement"), Same<&Material::Placement>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "raytrace attributes"), Same<&Material::RayTrace>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "plug-in"), Same<&Material::Plugin>},
+             Same<&udtMaterial::OverlayTranslucency>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "textures"), Same<&udtMaterial::Textures>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "texture placement"),
+             Same<&udtMaterial::Placement>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "raytrace attributes"),
+             Same<&udtMaterial::RayTrace>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "plug-in"), Same<&udtMaterial::Plugin>},
     FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "plug-in parameters"),
-             Same<&Material::PluginParameters>},
-    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "custom fields"), Same<&Material::CustomFields>},
+             Same<&udtMaterial::PluginParameters>},
+    FieldRow{QT_TRANSLATE_NOOP("MaterialFields", "custom fields"),
+             Same<&udtMaterial::CustomFields>},
 };
 static_assert(kFields.size() == kMaterialFieldCount);
 
 }  // namespace
 
-FieldSet Differences(const Material& one, const Material& other)
+FieldSet Differences(const udtMaterial& one, const udtMaterial& other)
 {
     FieldSet fields;
     for (std::size_t i = 0; i < kFields.size(); ++i) {

@@ -1,5 +1,6 @@
 #include "studio/app/PanelFill.h"
 
+#include "controls/Twips.h"
 #include "material/Material.h"
 #include "studio/app/MaterialLink.h"
 
@@ -7,11 +8,6 @@
 #include <QScrollArea>
 
 namespace studio {
-namespace {
-
-constexpr int kTwipsInPixel = 15;
-
-}  // namespace
 
 PanelFill::PanelFill(CorvexMaterial::Material& material, MaterialLink& link, QScrollArea& area)
     : QObject(&area), m_material(material), m_link(link), m_area(area)
@@ -42,10 +38,10 @@ void PanelFill::OfferHeight()
 {
     const int height = m_area.viewport()->height();
     // The control shares out whole rows; what stands around them may then need a little more.
-    if (Done(m_material.SetMaxStatus(height * kTwipsInPixel))) {
+    if (Done(m_material.SetMaxStatus(height * CorvexMaterial::kTwipsPerPixel))) {
         const int excess = m_material.sizeHint().height() - height;
         if (excess > 0 && excess < height) {
-            Done(m_material.SetMaxStatus((height - excess) * kTwipsInPixel));
+            Done(m_material.SetMaxStatus((height - excess) * CorvexMaterial::kTwipsPerPixel));
         }
     }
 }

@@ -1,21 +1,16 @@
 #include "studio/app/ShapeToolTip.h"
 
 #include "material/NamedColours.h"
+#include "studio/Tr.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/StudioShape.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 #include <QHelpEvent>
 #include <QToolTip>
 
 namespace studio {
 namespace {
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("ShapeToolTip", text);
-}
 
 // Names and values are the user's own text; none of it may act as markup.
 QString Row(const QString& name, const QString& value)

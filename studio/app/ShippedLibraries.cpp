@@ -1,5 +1,7 @@
 #include "studio/app/ShippedLibraries.h"
 
+#include "studio/Tr.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
@@ -10,11 +12,6 @@
 
 namespace studio {
 namespace {
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("ShippedLibraries", text);
-}
 
 bool IsThere(const QString& path)
 {

@@ -32,7 +32,7 @@ struct PixelFormat {
     Masks masks;
 };
 
-struct Header {
+struct DdsHeader {
     ImageExtent extent;
     PixelFormat format;
 };
@@ -128,13 +128,13 @@ PixelFormat ReadPixelFormat(LittleEndianReader& reader)
     return format;
 }
 
-Header ReadHeader(LittleEndianReader& reader)
+DdsHeader ReadDdsHeader(LittleEndianReader& reader)
 {
     constexpr std::uint32_t kHeaderBytes = 124;
     if (reader.DoubleWord() != Letters("DDS ") || reader.DoubleWord() != kHeaderBytes) {
         throw ImageError("This is no DDS file.");
     }
-    Header header;
+    DdsHeader header;
     reader.Take(4);
     header.extent.height = reader.DoubleWord();
     header.extent.width = reader.DoubleWord();
@@ -255,7 +255,7 @@ void FillFromMasks(RgbaImage& image, const Masks& masks, Bytes raw)
 RgbaImage DecodeDds(Bytes file)
 {
     LittleEndianReader reader(file);
-    const Header header = ReadHeader(reader);
+    const DdsHeader header = ReadDdsHeader(reader);
     const Layout layout = ReadLayout(reader, header.format);
     const ImageExtent extent = header.extent;
     if (!layout.inBlocks) {
@@ -275,7 +275,7 @@ std::optional<ImageExtent> DdsExtent(Bytes file)
 {
     try {
         LittleEndianReader reader(file);
-        return ReadHeader(reader).extent;
+        return ReadDdsHeader(reader).extent;
     } catch (const ImageError&) {
         return std::nullopt;
     }

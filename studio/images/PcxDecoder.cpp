@@ -16,7 +16,7 @@ using Palette = std::vector<Colour>;
 constexpr std::size_t kHeaderBytes = 128;
 constexpr std::size_t kLongPaletteBytes = std::size_t{256} * 3;
 
-struct Header {
+struct PcxHeader {
     std::uint8_t version = 0;
     bool packed = false;
     unsigned bits = 0;  ///< of one pixel in one plane
@@ -50,7 +50,7 @@ constexpr std::array<Colour, 16> kDefaultColours{{
     {255, 255, 255},
 }};
 
-void Check(const Header& header)
+void Check(const PcxHeader& header)
 {
     const bool fewColours = (header.bits == 1 && header.planes >= 1 && header.planes <= 4) ||
                             ((header.bits == 2 || header.bits == 4) && header.planes == 1);
@@ -65,9 +65,9 @@ void Check(const Header& header)
     }
 }
 
-Header ReadHeader(LittleEndianReader& reader)
+PcxHeader ReadPcxHeader(LittleEndianReader& reader)
 {
-    Header header;
+    PcxHeader header;
     const std::uint8_t signature = reader.Byte();
     header.version = reader.Byte();
     const std::uint8_t encoding = reader.Byte();
@@ -138,7 +138,7 @@ Palette GreyRamp()
 }
 
 /// The long palette, marked by a 12, follows the image at the end of the file.
-Palette LongPalette(const Header& header, Bytes file)
+Palette LongPalette(const PcxHeader& header, Bytes file)
 {
     if (file.size() > kHeaderBytes + kLongPaletteBytes) {
         const Bytes tail = file.last(kLongPaletteBytes + 1);
@@ -152,7 +152,7 @@ Palette LongPalette(const Header& header, Bytes file)
     return GreyRamp();
 }
 
-Palette PaletteOf(const Header& header, Bytes file)
+Palette PaletteOf(const PcxHeader& header, Bytes file)
 {
     if (header.bits == 8) {
         return LongPalette(header, file);
@@ -174,7 +174,7 @@ std::uint8_t ByteAt(Bytes row, std::size_t at)
     return std::to_integer<std::uint8_t>(row[at]);
 }
 
-unsigned IndexAt(const Header& header, Bytes row, std::size_t x)
+unsigned IndexAt(const PcxHeader& header, Bytes row, std::size_t x)
 {
     const std::size_t bit = x * header.bits;
     const auto shift = static_cast<unsigned>(8 - header.bits - bit % 8);
@@ -187,7 +187,7 @@ unsigned IndexAt(const Header& header, Bytes row, std::size_t x)
     return index;
 }
 
-void FillFromPalette(RgbaImage& image, const Header& header, Bytes raw, const Palette& palette)
+void FillFromPalette(RgbaImage& image, const PcxHeader& header, Bytes raw, const Palette& palette)
 {
     std::uint8_t* target = image.pixels.data();
     for (std::size_t y = 0; y < header.extent.height; ++y) {
@@ -200,7 +200,7 @@ void FillFromPalette(RgbaImage& image, const Header& header, Bytes raw, const Pa
     }
 }
 
-void FillFromPlanes(RgbaImage& image, const Header& header, Bytes raw)
+void FillFromPlanes(RgbaImage& image, const PcxHeader& header, Bytes raw)
 {
     const std::size_t width = header.extent.width;
     std::fill(image.pixels.begin(), image.pixels.end(), std::uint8_t{255});
@@ -222,7 +222,7 @@ void FillFromPlanes(RgbaImage& image, const Header& header, Bytes raw)
 RgbaImage DecodePcx(Bytes file)
 {
     LittleEndianReader reader(file);
-    const Header header = ReadHeader(reader);
+    const PcxHeader header = ReadPcxHeader(reader);
     const std::size_t rawBytes = header.RowBytes() * header.extent.height;
     if (rawBytes > kMostImageBytes) {
         throw ImageError("The image is too large.");
@@ -245,7 +245,7 @@ std::optional<ImageExtent> PcxExtent(Bytes file)
 {
     try {
         LittleEndianReader reader(file);
-        return ReadHeader(reader).extent;
+        return ReadPcxHeader(reader).extent;
     } catch (const ImageError&) {
         return std::nullopt;
     }

@@ -14,7 +14,7 @@ using Pixel = std::array<std::uint8_t, 4>;
 
 enum class Kind : std::uint8_t { Mapped = 1, Colour = 2, Grey = 3 };
 
-struct Header {
+struct TgaHeader {
     std::uint8_t noteLength = 0;
     bool hasMap = false;
     Kind kind = Kind::Colour;
@@ -44,7 +44,7 @@ constexpr std::array kReadable{
 };
 constexpr std::array<std::uint8_t, 4> kMapEntryBits{15, 16, 24, 32};
 
-void Check(const Header& header, std::uint8_t mapType, std::uint8_t imageType,
+void Check(const TgaHeader& header, std::uint8_t mapType, std::uint8_t imageType,
            std::uint8_t descriptor)
 {
     const KindAndDepth found{header.kind, header.depth};
@@ -62,9 +62,9 @@ void Check(const Header& header, std::uint8_t mapType, std::uint8_t imageType,
     CheckExtent(header.extent);
 }
 
-Header ReadHeader(LittleEndianReader& reader)
+TgaHeader ReadTgaHeader(LittleEndianReader& reader)
 {
-    Header header;
+    TgaHeader header;
     header.noteLength = reader.Byte();
     const std::uint8_t mapType = reader.Byte();
     const std::uint8_t imageType = reader.Byte();
@@ -120,7 +120,7 @@ Pixel FromBgra(const std::byte* at)
     return {Value(at[2]), Value(at[1]), Value(at[0]), Value(at[3])};
 }
 
-std::vector<Pixel> ReadColourMap(LittleEndianReader& reader, const Header& header)
+std::vector<Pixel> ReadColourMap(LittleEndianReader& reader, const TgaHeader& header)
 {
     const std::size_t entryBytes = (header.mapEntryBits + 7U) / 8;
     const Bytes entries = reader.Take(header.mapLength * entryBytes);
@@ -143,7 +143,7 @@ void AppendRepeated(std::vector<std::byte>& raw, Bytes pixel, std::size_t times)
 }
 
 /// Runs may go on from one row to the next.
-std::vector<std::byte> Unpack(LittleEndianReader& reader, const Header& header)
+std::vector<std::byte> Unpack(LittleEndianReader& reader, const TgaHeader& header)
 {
     const std::size_t pixelBytes = header.BytesPerPixel();
     const std::size_t pixels = header.extent.Pixels();
@@ -172,7 +172,7 @@ std::vector<std::byte> Unpack(LittleEndianReader& reader, const Header& header)
 
 /// `toPixel` turns the bytes of one pixel in the file into ours.
 template <typename ToPixel>
-void FillRows(RgbaImage& image, const Header& header, Bytes raw, ToPixel toPixel)
+void FillRows(RgbaImage& image, const TgaHeader& header, Bytes raw, ToPixel toPixel)
 {
     const std::size_t width = header.extent.width;
     const std::size_t height = header.extent.height;
@@ -189,7 +189,7 @@ void FillRows(RgbaImage& image, const Header& header, Bytes raw, ToPixel toPixel
     }
 }
 
-void FillMapped(RgbaImage& image, const Header& header, Bytes raw, const std::vector<Pixel>& map)
+void FillMapped(RgbaImage& image, const TgaHeader& header, Bytes raw, const std::vector<Pixel>& map)
 {
     const bool wide = header.depth == 16;
     FillRows(image, header, raw, [&](const std::byte* at) {
@@ -201,7 +201,7 @@ void FillMapped(RgbaImage& image, const Header& header, Bytes raw, const std::ve
     });
 }
 
-void FillGrey(RgbaImage& image, const Header& header, Bytes raw)
+void FillGrey(RgbaImage& image, const TgaHeader& header, Bytes raw)
 {
     const bool withAlpha = header.depth == 16;
     FillRows(image, header, raw, [withAlpha](const std::byte* at) {
@@ -224,7 +224,7 @@ void MakeOpaqueIfUnused(RgbaImage& image)
     }
 }
 
-void FillColour(RgbaImage& image, const Header& header, Bytes raw)
+void FillColour(RgbaImage& image, const TgaHeader& header, Bytes raw)
 {
     if (header.depth == 32) {
         FillRows(image, header, raw, FromBgra);
@@ -243,7 +243,7 @@ void FillColour(RgbaImage& image, const Header& header, Bytes raw)
 RgbaImage DecodeTga(Bytes file)
 {
     LittleEndianReader reader(file);
-    const Header header = ReadHeader(reader);
+    const TgaHeader header = ReadTgaHeader(reader);
     reader.Take(header.noteLength);
     std::vector<Pixel> map;
     if (header.hasMap) {
@@ -277,7 +277,7 @@ std::optional<ImageExtent> TgaExtent(Bytes file)
 {
     try {
         LittleEndianReader reader(file);
-        return ReadHeader(reader).extent;
+        return ReadTgaHeader(reader).extent;
     } catch (const ImageError&) {
         return std::nullopt;
     }

@@ -1,6 +1,7 @@
 #include "studio/interchange/Interchange.h"
 
 #include "platform/QtTemporaryFiles.h"
+#include "studio/Tr.h"
 #include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/GltfMaterials.h"
 #include "studio/interchange/GltfProcess.h"
@@ -8,7 +9,6 @@
 #include "studio/interchange/MtlxMaterials.h"
 #include "studio/libraries/LastingPicture.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -44,11 +44,6 @@ constexpr std::array kFormats{
     Format{"glb", QT_TRANSLATE_NOOP("Interchange", "glTF binary"), ImportGltfMaterials, nullptr},
     Format{"mtlx", QT_TRANSLATE_NOOP("Interchange", "MaterialX"), ReadMtlx, MtlxOf},
 };
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("Interchange", text);
-}
 
 const Format* FormatOf(const std::string& path)
 {

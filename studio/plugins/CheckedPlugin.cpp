@@ -1,9 +1,8 @@
 #include "studio/plugins/CheckedPlugin.h"
 
 #include "dialogs/ErrorTexts.h"
+#include "studio/Tr.h"
 #include "studio/plugins/PluginCheck.h"
-
-#include <QCoreApplication>
 
 #include <cstring>
 
@@ -12,11 +11,6 @@ namespace {
 
 using CorvexMaterial::Error;
 using CorvexMaterial::Status;
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("CheckedPlugin", text);
-}
 
 QString CaughtText()
 {

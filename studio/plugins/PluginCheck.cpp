@@ -1,6 +1,6 @@
 #include "studio/plugins/PluginCheck.h"
 
-#include <QCoreApplication>
+#include "studio/Tr.h"
 
 namespace studio {
 namespace {
@@ -12,11 +12,6 @@ constexpr std::int32_t kMostDecimals = 6;
 // A slider's ends are rounded to 32 bits, and singles count exactly up to here.
 constexpr float kFarthest = 16'777'216.0F;
 constexpr float kPackedWhite = 8'388'607.0F;
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("PluginCheck", text);
-}
 
 struct ValueRange {
     float least = 0.0F;

@@ -2,6 +2,7 @@
 
 #include "dialogs/ErrorTexts.h"
 #include "host/Status.h"
+#include "studio/Tr.h"
 #include "studio/plugins/CheckedPlugin.h"
 
 #include <QCoreApplication>
@@ -21,11 +22,6 @@ using CorvexMaterial::Error;
 using CorvexMaterial::Status;
 
 constexpr qint64 kLongStartMs = 500;
-
-QString Tr(const char* text)
-{
-    return QCoreApplication::translate("PluginFolder", text);
-}
 
 [[noreturn]] void Refuse(const QString& file, const QString& reason)
 {

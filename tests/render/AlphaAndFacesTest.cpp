@@ -6,9 +6,6 @@ using namespace drawing;
 
 namespace {
 
-constexpr QRgb kBlack = 0xFF000000;
-constexpr QRgb kWhite = 0xFFFFFFFF;
-
 bool Seen(const QImage& picture)
 {
     return picture.pixel(32, 32) != kBlack;

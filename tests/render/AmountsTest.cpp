@@ -8,8 +8,6 @@ using namespace drawing;
 
 namespace {
 
-constexpr QRgb kBlack = 0xFF000000;
-
 QImage DrawBall(const Material& material)
 {
     return Draw({Item(Ball(), material)});

@@ -10,6 +10,12 @@ namespace drawing {
 
 using Material = CorvexDB::udtMaterial;
 
+constexpr QRgb kBlack = 0xFF000000;
+constexpr QRgb kWhite = 0xFFFFFFFF;
+constexpr QRgb kRed = 0xFFFF0000;
+constexpr QRgb kGreen = 0xFF00FF00;
+constexpr QRgb kBlue = 0xFF0000FF;
+
 /// A square of side 2 around the origin that faces +z.
 std::shared_ptr<const studio::Mesh> Square();
 std::shared_ptr<const studio::Mesh> Ball();
@@ -37,7 +43,7 @@ struct Range {
     int darkest = 255;
     int brightest = 0;
 };
-Range BrightnessOf(const QImage& picture, QRgb background = 0xFF000000);
+Range BrightnessOf(const QImage& picture, QRgb background = kBlack);
 int CountOf(const QImage& picture, QRgb colour);
 
 }  // namespace drawing

@@ -11,9 +11,6 @@ using namespace drawing;
 
 namespace {
 
-constexpr QRgb kBlack = 0xFF000000;
-constexpr QRgb kWhite = 0xFFFFFFFF;
-
 /// The middle of all pixels that are not black.
 QPointF MiddleOf(const QImage& picture)
 {

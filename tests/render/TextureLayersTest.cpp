@@ -10,7 +10,6 @@ using namespace drawing;
 
 namespace {
 
-constexpr QRgb kBlack = 0xFF000000;
 constexpr QColor kClearWhite(255, 255, 255, 0);
 
 QRgb MiddleOf(const Material& material)

@@ -14,11 +14,6 @@ using CorvexDB::WrapType;
 
 namespace {
 
-constexpr QRgb kRed = 0xFFFF0000;
-constexpr QRgb kGreen = 0xFF00FF00;
-constexpr QRgb kBlue = 0xFF0000FF;
-constexpr QRgb kWhite = 0xFFFFFFFF;
-
 Material FourColoured()
 {
     Material material = Glowing(CorvexMaterial::kWhite);

@@ -9,18 +9,18 @@ using namespace drawing;
 
 namespace {
 
-constexpr CorvexMaterial::Colour kRed = 0x0000FF;
-constexpr CorvexMaterial::Colour kGreen = 0x00FF00;
-constexpr CorvexMaterial::Colour kBlue = 0xFF0000;
+constexpr CorvexMaterial::Colour kRedGlow = 0x0000FF;
+constexpr CorvexMaterial::Colour kGreenGlow = 0x00FF00;
+constexpr CorvexMaterial::Colour kBlueGlow = 0xFF0000;
 
 TEST(Transparency, CrossingSquaresBlendRightOnBothSides)
 {
-    Material red = Glowing(kRed, 50);
-    Material green = Glowing(kGreen, 50);
+    Material red = Glowing(kRedGlow, 50);
+    Material green = Glowing(kGreenGlow, 50);
     red.DoubleSided = green.DoubleSided = true;
     std::vector<studio::FrameItem> items{Item(Square(), red, TurnedAboutY(50.0F)),
                                          Item(Square(), green, TurnedAboutY(-50.0F)),
-                                         Item(Square(), Glowing(kBlue), Moved(0, 0, -1.5F))};
+                                         Item(Square(), Glowing(kBlueGlow), Moved(0, 0, -1.5F))};
     const QImage picture = Draw(items);
     const int half = Encoded(0.5);
     const int quarter = Encoded(0.25);
@@ -30,7 +30,7 @@ TEST(Transparency, CrossingSquaresBlendRightOnBothSides)
     do {
         EXPECT_EQ(Difference(Draw(items), picture), 0);
         std::rotate(items.begin(), items.begin() + 1, items.end());
-    } while (items.front().material->Color != kRed);
+    } while (items.front().material->Color != kRedGlow);
 }
 
 TEST(Transparency, ConcaveShapeShowsEverySurfaceInOrder)
@@ -56,16 +56,16 @@ TEST(Transparency, ConcaveShapeShowsEverySurfaceInOrder)
 
 TEST(Transparency, SolidThingsHideWhatIsBehindThem)
 {
-    const QImage picture =
-        Draw({Item(Square(), Glowing(kRed, 50), Moved(0, 0, 0.5F)), Item(Square(), Glowing(kGreen)),
-              Item(Square(), Glowing(kBlue, 50), Moved(0, 0, -0.5F))});
+    const QImage picture = Draw({Item(Square(), Glowing(kRedGlow, 50), Moved(0, 0, 0.5F)),
+                                 Item(Square(), Glowing(kGreenGlow)),
+                                 Item(Square(), Glowing(kBlueGlow, 50), Moved(0, 0, -0.5F))});
     ExpectNear(picture.pixel(32, 32), qRgb(Encoded(0.5), Encoded(0.5), 0), 1);
 }
 
 TEST(Transparency, FourSamplesGiveTheSameInside)
 {
-    studio::Frame frame = FrameOf(
-        {Item(Square(), Glowing(kRed, 50), Moved(0, 0, 0.5F)), Item(Square(), Glowing(kBlue, 50))});
+    studio::Frame frame = FrameOf({Item(Square(), Glowing(kRedGlow, 50), Moved(0, 0, 0.5F)),
+                                   Item(Square(), Glowing(kBlueGlow, 50))});
     const QImage one = Draw(frame);
     frame.samples = 4;
     EXPECT_EQ(Draw(frame).pixel(32, 32), one.pixel(32, 32));

@@ -9,7 +9,6 @@
 namespace studio {
 namespace {
 
-using CorvexDB::ParameterKind;
 using CorvexDB::PluginParameter;
 
 const PluginFolder& Shipped()
@@ -30,7 +29,7 @@ std::vector<PluginParameter> ParametersOf(std::size_t plugin)
 
 TEST(ShippedPlugins, UseEveryKindOfParameter)
 {
-    std::set<ParameterKind> kinds;
+    std::set<CorvexDB::ParameterKind> kinds;
     for (std::size_t i = 0; i < Shipped().Names().size(); ++i) {
         for (const PluginParameter& parameter : ParametersOf(i)) {
             kinds.insert(parameter.kind);

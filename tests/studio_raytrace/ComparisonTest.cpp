@@ -15,7 +15,7 @@ namespace {
 using namespace StudioRaytraceTest;
 using CorvexDB::udtMaterial;
 
-constexpr int kCell = kSanitized ? 64 : 256;
+constexpr int kSide = kSanitized ? 64 : 256;
 constexpr double kLargestMean = 5.0;
 
 QColor Checks(int x, int y)
@@ -152,7 +152,7 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
 {
     SphereGrid grid;
     grid.columns = std::min(static_cast<int>(cases.size()), 4);
-    grid.cell = kCell;
+    grid.cell = kSide;
     grid.yawDegrees = 32.0F;
     grid.pitchDegrees = 24.0F;
     for (const Case& each : cases) {
@@ -173,7 +173,7 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
         const PictureDifference difference = DifferenceOf(
             drawn, raytraced, InnerMask(drawn, compared.empty.copy(grid.Cell(i)), kBand));
         std::printf("| %-18s | %.2f | %.3f |\n", each.name, difference.mean, difference.similarity);
-        EXPECT_GT(difference.pixels, kCell * kCell / 8) << each.name;
+        EXPECT_GT(difference.pixels, kSide * kSide / 8) << each.name;
         EXPECT_LT(difference.mean, kSanitized ? kLargestMean : each.mean) << each.name;
         EXPECT_GT(difference.similarity, kSanitized ? 0.0 : each.similarity) << each.name;
         pairs.pictures.insert(pairs.pictures.end(), {drawn, raytraced});
