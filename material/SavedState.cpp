@@ -3,6 +3,7 @@
 #include "material/AttributeText.h"
 #include "material/PanelLayout.h"
 #include "material/SavedStateOrders.h"
+#include "platform/SettingsNames.h"
 
 #include <algorithm>
 #include <utility>
@@ -11,15 +12,10 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr std::string_view kSection = "Application";
-
 constexpr std::string_view kTextureRows = "TextureRows";
 constexpr std::string_view kMaterialRows = "MaterialRows";
 constexpr std::string_view kMaterialLibraryPanel = "MaterialLibraryPanel";
 constexpr std::string_view kTextureLibraryPanel = "TextureLibraryPanel";
-constexpr std::string_view kMaterialPanel = "MaterialPanel";
-constexpr std::string_view kBackgroundMaterial = "ColorBackgroundMaterial";
-constexpr std::string_view kBackgroundTexture = "ColorBackgroundTexture";
 
 std::string KeyOfElement(std::string_view stem, std::size_t index)
 {
@@ -121,16 +117,16 @@ SavedLayout SavedState::LoadLayout()
     layout.materialRows = ReadRows(kMaterialRows);
     layout.materialLibraryPanel = ReadPanelFlag(kMaterialLibraryPanel);
     layout.textureLibraryPanel = ReadPanelFlag(kTextureLibraryPanel);
-    layout.materialPanel = ReadPanelFlag(kMaterialPanel);
-    layout.previewBackground = ReadColour(kBackgroundMaterial, layout.previewBackground);
-    layout.materialBackground = ReadColour(kBackgroundMaterial, layout.materialBackground);
-    layout.textureBackground = ReadColour(kBackgroundTexture, layout.textureBackground);
+    layout.materialPanel = ReadPanelFlag(kMaterialPanelKey);
+    layout.previewBackground = ReadColour(kBackgroundMaterialKey, layout.previewBackground);
+    layout.materialBackground = ReadColour(kBackgroundMaterialKey, layout.materialBackground);
+    layout.textureBackground = ReadColour(kBackgroundTextureKey, layout.textureBackground);
     return layout;
 }
 
 void SavedState::SaveLayout(const SavedLayout& layout)
 {
-    Write(kMaterialPanel, TextOfFlag(layout.materialPanel));
+    Write(kMaterialPanelKey, TextOfFlag(layout.materialPanel));
     Write(kTextureLibraryPanel, TextOfFlag(layout.textureLibraryPanel));
     Write(kTextureRows, TextOfWholeNumber(layout.textureRows));
     Write(kMaterialLibraryPanel, TextOfFlag(layout.materialLibraryPanel));
@@ -157,12 +153,12 @@ std::vector<std::string> SavedState::UserPluginParameters(AttributeTarget& targe
 
 std::optional<std::string> SavedState::Read(std::string_view key)
 {
-    return m_store.Read({m_applicationName(), std::string(kSection), std::string(key)});
+    return m_store.Read({m_applicationName(), kApplicationSection, std::string(key)});
 }
 
 void SavedState::Write(std::string_view key, const std::string& text)
 {
-    m_store.Write({m_applicationName(), std::string(kSection), std::string(key)}, text);
+    m_store.Write({m_applicationName(), kApplicationSection, std::string(key)}, text);
 }
 
 void SavedState::Flush()

@@ -4,6 +4,7 @@
 #include "dialogs/FileFilter.h"
 #include "dialogs/WarningCatalogue.h"
 #include "dialogs/modDialog.h"
+#include "platform/SettingsNames.h"
 #include "raytrace/RaytraceMessages.h"
 #include "raytrace/WorkingFolder.h"
 
@@ -14,8 +15,6 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr const char* kSection = "Application";
-constexpr const char* kRenderManLocation = "RenderManLocation";
 /// Where this system keeps its programs.
 constexpr const char* kProgramFolder = "/usr/bin";
 constexpr std::array<std::string_view, 1> kProgramExtensions{"exe"};
@@ -100,7 +99,8 @@ bool modRaytrace::LocateRenderMan()
 
 SettingAddress modRaytrace::RenderManLocation()
 {
-    return {m_host.applicationState.SettingsApplicationName(), kSection, kRenderManLocation};
+    return {m_host.applicationState.SettingsApplicationName(), kApplicationSection,
+            kRenderManLocationKey};
 }
 
 bool modRaytrace::Ask(std::string_view question)

@@ -3,6 +3,7 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/Trap.h"
 #include "platform/NumberText.h"
+#include "platform/SettingsNames.h"
 #include "textures/TextureFileDialog.h"
 #include "textures/TextureMessages.h"
 #include "textures/TexturePage.h"
@@ -16,8 +17,6 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr const char* kSection = "Application";
-constexpr const char* kBackgroundKey = "ColorBackgroundTexture";
 /// Of the pop-up alone; the library panel's browser has its own default.
 constexpr Colour kPopupBackground = 15663086;
 
@@ -133,15 +132,17 @@ std::string TextureCommands::AskTextureDialog()
     const auto application = [this] {
         return m_services.host.applicationState.SettingsApplicationName();
     };
-    settings.Write({application(), kSection, std::string(kSelectionCompleteKey)}, "0");
-    const auto background = settings.Read({application(), kSection, kBackgroundKey});
+    settings.Write({application(), kApplicationSection, std::string(kSelectionCompleteKey)}, "0");
+    const auto background =
+        settings.Read({application(), kApplicationSection, kBackgroundTextureKey});
 
     frmTextureDialog dialog(m_trap, m_services, Window());
     dialog.SetBackColor(background ? WholeNumberFromText(*background).value_or(kPopupBackground)
                                    : kPopupBackground);
     dialog.exec();
     // Read back for whoever watches the key; the answer itself is the dialog's.
-    static_cast<void>(settings.Read({application(), kSection, std::string(kSelectionCompleteKey)}));
+    static_cast<void>(
+        settings.Read({application(), kApplicationSection, std::string(kSelectionCompleteKey)}));
     return dialog.SelectedTexture();
 }
 

@@ -1,6 +1,7 @@
 #include "textures/frmTextureDialog.h"
 
 #include "dialogs/Trap.h"
+#include "platform/SettingsNames.h"
 #include "textures/TextureMessages.h"
 #include "ui_frmTextureDialog.h"
 
@@ -96,7 +97,7 @@ void frmTextureDialog::done(int result)
 void frmTextureDialog::RecordSelection()
 {
     m_services.platform.settings.Write({m_services.host.applicationState.SettingsApplicationName(),
-                                        "Application", std::string(kSelectionCompleteKey)},
+                                        kApplicationSection, std::string(kSelectionCompleteKey)},
                                        "1");
 }
 

@@ -1,5 +1,6 @@
 #include "studio/app/OptionsDialog.h"
 
+#include "platform/SettingsNames.h"
 #include "studio/app/SettingNames.h"
 #include "studio/app/StudioSettings.h"
 #include "studio/raytrace/PovRayProbe.h"
@@ -10,10 +11,12 @@
 #include <QPainter>
 
 namespace studio {
+
+using CorvexMaterial::kBackgroundMaterialKey;
+using CorvexMaterial::kBackgroundTextureKey;
+
 namespace {
 
-constexpr const char* kMaterialBackground = "ColorBackgroundMaterial";
-constexpr const char* kTextureBackground = "ColorBackgroundTexture";
 // The control's own are nearly white, which glares in a dark window.
 constexpr CorvexMaterial::Colour kGraphite = 0x2D2926;
 constexpr CorvexMaterial::Colour kSlate = 0x453D38;
@@ -46,8 +49,8 @@ StudioColours ReadColours(const StudioSettings& settings)
 {
     return {settings.Number(kPreviewBackgroundSetting, kSlate),
             settings.Number(kViewportBackgroundSetting, kSlate),
-            settings.LibraryBackground(kMaterialBackground, kGraphite),
-            settings.LibraryBackground(kTextureBackground, kGraphite)};
+            settings.LibraryBackground(kBackgroundMaterialKey, kGraphite),
+            settings.LibraryBackground(kBackgroundTextureKey, kGraphite)};
 }
 
 OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
@@ -127,8 +130,8 @@ void OptionsDialog::Store() const
     }
     m_settings.SetNumber(kPreviewBackgroundSetting, m_colours.preview);
     m_settings.SetNumber(kViewportBackgroundSetting, m_colours.viewport);
-    m_settings.SetLibraryBackground(kMaterialBackground, m_colours.materialLibrary);
-    m_settings.SetLibraryBackground(kTextureBackground, m_colours.textureLibrary);
+    m_settings.SetLibraryBackground(kBackgroundMaterialKey, m_colours.materialLibrary);
+    m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
     m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentIndex());
     m_settings.SetText(kPovRayProgramSetting, m_ui->povRayProgram->text().trimmed());

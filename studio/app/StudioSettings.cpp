@@ -1,13 +1,17 @@
 #include "studio/app/StudioSettings.h"
 
 #include "material/Attributes.h"
+#include "platform/SettingsNames.h"
 
 namespace studio {
+
+using CorvexMaterial::kApplicationSection;
+using CorvexMaterial::kMaterialPanelKey;
+using CorvexMaterial::kRenderManLocationKey;
+
 namespace {
 
 constexpr const char* kStudioSection = "Studio";
-constexpr const char* kControlSection = "Application";
-constexpr const char* kRenderManLocation = "RenderManLocation";
 // Paths may hold any printable character, so a list is separated by one that is not.
 constexpr QChar kListSeparator(0x1F);
 
@@ -54,7 +58,7 @@ void StudioSettings::SetList(const char* key, const QStringList& values)
 CorvexMaterial::Colour StudioSettings::LibraryBackground(const char* key,
                                                          CorvexMaterial::Colour fallback) const
 {
-    const auto stored = m_store.Read({m_application, kControlSection, key});
+    const auto stored = m_store.Read({m_application, kApplicationSection, key});
     bool isNumber = false;
     const int value = QString::fromStdString(stored.value_or("")).toInt(&isNumber);
     return isNumber ? value : fallback;
@@ -62,18 +66,19 @@ CorvexMaterial::Colour StudioSettings::LibraryBackground(const char* key,
 
 void StudioSettings::SetLibraryBackground(const char* key, CorvexMaterial::Colour colour)
 {
-    m_store.Write({m_application, kControlSection, key}, std::to_string(colour));
+    m_store.Write({m_application, kApplicationSection, key}, std::to_string(colour));
 }
 
 QString StudioSettings::RenderManLocation() const
 {
     return QString::fromStdString(
-        m_store.Read({m_application, kControlSection, kRenderManLocation}).value_or(""));
+        m_store.Read({m_application, kApplicationSection, kRenderManLocationKey}).value_or(""));
 }
 
 void StudioSettings::SetRenderManLocation(const QString& program)
 {
-    m_store.Write({m_application, kControlSection, kRenderManLocation}, program.toStdString());
+    m_store.Write({m_application, kApplicationSection, kRenderManLocationKey},
+                  program.toStdString());
 }
 
 std::set<std::string> StudioSettings::SavedPictures() const
@@ -82,19 +87,19 @@ std::set<std::string> StudioSettings::SavedPictures() const
     std::set<std::string> pictures;
     for (const std::string_view key : {texture.currentKey, texture.userKey}) {
         pictures.insert(
-            m_store.Read({m_application, kControlSection, std::string(key)}).value_or(""));
+            m_store.Read({m_application, kApplicationSection, std::string(key)}).value_or(""));
     }
     return pictures;
 }
 
 void StudioSettings::SetLibraryName(const char* key, const std::string& name)
 {
-    m_store.Write({m_application, kControlSection, key}, name);
+    m_store.Write({m_application, kApplicationSection, key}, name);
 }
 
 bool StudioSettings::HasPanelLayout() const
 {
-    return m_store.Read({m_application, kControlSection, "MaterialPanel"}).has_value();
+    return m_store.Read({m_application, kApplicationSection, kMaterialPanelKey}).has_value();
 }
 
 void StudioSettings::Flush()
