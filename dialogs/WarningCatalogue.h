@@ -8,7 +8,8 @@
 
 namespace CorvexMaterial {
 
-/// Warnings that a user may silence, each under its key.
+/// Warnings that a user may silence, each under its key. The host shows those up to TextureLibrary
+/// on the control's event, the library's own warning dialog the others.
 enum class WarningId : std::uint8_t {
     RaytraceTranslucency,
     Bumpmapping,
@@ -24,14 +25,10 @@ enum class WarningId : std::uint8_t {
 
 inline constexpr std::size_t kWarningCount = 10;
 
-/// Who shows it: the host on the control's event, or the library's own warning dialog.
-enum class WarningRoute : std::uint8_t { Event, ShowWarning };
-
 struct WarningRow {
     WarningId id;
     std::string_view key;
     std::string_view text;
-    WarningRoute route;
     /// Bumpmapping: a raytracer can be offered. RaytraceSimulation: the material is a predefined
     /// one. Empty for the others.
     std::string_view otherText = {};

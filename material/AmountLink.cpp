@@ -23,7 +23,6 @@ void LinkSlider(QSlider& slider, AmountField& field)
         slider.setValue(WholeNumberFromText(field.text().toStdString()).value_or(slider.value()));
     };
     follow();
-    slider.setAccessibleName(field.objectName().mid(3));
     QObject::connect(&field, &QLineEdit::textChanged, &slider, follow);
     QObject::connect(&slider, &QSlider::valueChanged, &field,
                      [&field](int value) { field.setText(QString::number(value)); });

@@ -20,9 +20,8 @@ struct LibraryRows {
 };
 
 /// Shares an offered height between the browsers: about half of the rows to the textures, every
-/// full row that is left to the materials, each at least one and
-/// at most `kMostRows`. `panelTwips` is the panel's height
-/// with the rows shown now, which are given back first.
+/// full row that is left to the materials, each at least one and at most `kMostRows`. `panelTwips`
+/// is the panel's height with the rows shown now, which are given back first.
 [[nodiscard]] LibraryRows ShareHeight(int availableTwips, int panelTwips, LibraryRows shown);
 
 }  // namespace CorvexMaterial

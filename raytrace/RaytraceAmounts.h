@@ -17,8 +17,6 @@ struct RaytraceAmount {
 };
 
 inline constexpr int kAmountMaximum = 10;
-inline constexpr int kAmountSmallChange = 1;
-inline constexpr int kAmountLargeChange = 5;
 
 using RaytraceRecord = CorvexDB::cdtRayTraceMaterialAttributes;
 

@@ -55,11 +55,6 @@ void TextureThumbnail::Refresh()
     update();
 }
 
-ThumbnailState TextureThumbnail::State()
-{
-    return Shown().state;
-}
-
 const Thumbnail& TextureThumbnail::Shown()
 {
     if (m_stale) {

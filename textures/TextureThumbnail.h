@@ -19,7 +19,6 @@ public:
     void SetFile(const std::string& file);
     /// Looks at the file again when the thumbnail is painted next.
     void Refresh();
-    [[nodiscard]] ThumbnailState State();
 
     [[nodiscard]] QSize sizeHint() const override;
 
