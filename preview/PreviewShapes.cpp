@@ -38,7 +38,7 @@ void PreviewShapes::LoadPreviewPrimitives(CorvexSG::SceneGraph& graph,
 const std::shared_ptr<CorvexSG::Shape>&
 PreviewShapes::GetPreviewPrimitiveShape(std::int32_t code) const
 {
-    const bool isMesh = code >= 0 && code + 1 < static_cast<std::int32_t>(m_shapes.size());
+    const bool isMesh = FindPreviewPrimitive(code) != nullptr;
     return isMesh ? m_shapes[static_cast<std::size_t>(code)] : m_shapes.back();
 }
 

@@ -92,7 +92,7 @@ TEST_F(Preview, AHostThatFailsWhileTheSceneIsBuiltLeavesAUsablePanel)
 
 TEST_F(Preview, OtherCodesShowTheEmptyShapeAndSurviveARestart)
 {
-    for (const std::int32_t code : {7, -3}) {
+    for (const std::int32_t code : {7, -3, INT32_MAX, INT32_MIN}) {
         rig.Start();
         rig.Control().put_lPreviewPrimitive(code);
         EXPECT_EQ(rig.ShownMesh(), "");
