@@ -132,11 +132,24 @@ void MaterialLink::ShowSelected()
         return;
     }
     WithoutApplying([&] {
-        const Status status = m_parts.material.CopyFieldToFormMaterial(latest->Material());
+        const Status status = Show(*latest->Applied().gathered);
         if (status != Status::Success) {
             Q_EMIT Failed(tr("The material of the shape cannot be shown"), status);
         }
     });
+}
+
+// The way of applying is no part of the record, but it is the shape's too: an edit of anything else
+// must leave it alone.
+Status MaterialLink::Show(const CorvexSG::GatheredMaterial& gathered)
+{
+    CorvexDB::ApplyMode shown{};
+    Status status = m_parts.material.get_ApplyRelative(shown);
+    if (status == Status::Success && shown != gathered.applyMode) {
+        status = m_parts.material.put_ApplyRelative(gathered.applyMode);
+    }
+    return status == Status::Success ? m_parts.material.CopyFieldToFormMaterial(gathered.material)
+                                     : status;
 }
 
 void MaterialLink::ShowAgain(const ShapeList& shapes)

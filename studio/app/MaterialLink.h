@@ -54,6 +54,7 @@ private:
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape);
     void Push(std::vector<ShapeChange> changes);
     void ShowSelected();
+    [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);
     void ShowAgain(const ShapeList& shapes);
 
     LinkedParts m_parts;

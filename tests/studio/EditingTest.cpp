@@ -105,14 +105,27 @@ TEST_F(Editing, ChangingThePreviewLeavesDifferingShapesAlone)
     EXPECT_EQ(History().count(), 0);
 }
 
-TEST_F(Editing, WayOfApplyingReachesTheSelectionAsAStep)
+TEST_F(Editing, WayOfApplyingReachesTheSelectionAsAStepAndStaysWithItsShapes)
 {
+    const auto modeOf = [this](std::size_t i) {
+        return rig.Shape(i)->Applied().gathered->applyMode;
+    };
+    const auto ticked = [this] { return rig.Find<QCheckBox>("chkApplyRelative").isChecked(); };
     rig.Select({0, 1});
     rig.Press("chkApplyRelative");
-    EXPECT_EQ(rig.Shape(1)->Applied().gathered->applyMode, CorvexDB::ApplyMode::Relative);
+    EXPECT_EQ(modeOf(1), CorvexDB::ApplyMode::Relative);
     ASSERT_EQ(History().count(), 1);
+    rig.Select({2});
+    EXPECT_FALSE(ticked());
+    rig.Type("txtAmbient", "33");
+    EXPECT_EQ(modeOf(2), CorvexDB::ApplyMode::Absolute);
     History().undo();
-    EXPECT_EQ(rig.Shape(1)->Applied().gathered->applyMode, CorvexDB::ApplyMode::Absolute);
+    rig.Select({1});
+    EXPECT_TRUE(ticked());
+    History().undo();
+    EXPECT_EQ(modeOf(1), CorvexDB::ApplyMode::Absolute);
+    EXPECT_FALSE(ticked());
+    EXPECT_EQ(History().index(), 0);
 }
 
 TEST_F(Editing, UndoSelectsAndShowsTheShapesItChanges)
