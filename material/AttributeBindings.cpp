@@ -3,7 +3,6 @@
 #include "controls/AmountField.h"
 #include "material/AdvancedPanel.h"
 #include "material/AttributePanel.h"
-#include "material/LayerAttributes.h"
 #include "material/PanelAttributes.h"
 #include "material/SurfacePanel.h"
 #include "platform/NumberText.h"
@@ -19,6 +18,12 @@ namespace {
 
 using CorvexDB::cdtRayTraceMaterialAttributes;
 using CorvexDB::PatternColour;
+
+/// In the order of the layers.
+constexpr std::array kLayerFiles{
+    Attribute::Texture,        Attribute::TextureOverlay,     Attribute::TextureAlpha,
+    Attribute::TextureBumpmap, Attribute::TextureSpecularMap, Attribute::TextureEnvironmentMap};
+static_assert(kLayerFiles.size() == kTextureLayerCount);
 
 std::int32_t ToWhole(const std::string& text)
 {
@@ -89,7 +94,7 @@ void PanelAttributes::BindTextures()
     TexturePage& page = m_panel.Channels().Textures();
     for (const TextureLayerRow& row : kTextureLayers) {
         const TextureLayer layer = row.layer;
-        At(AttributeOf(layer)) = {
+        At(kLayerFiles[static_cast<std::size_t>(layer)]) = {
             [&page, layer] { return page.File(layer); },
             [&page, layer](const std::string& text) { page.SetFile(layer, text); }};
     }

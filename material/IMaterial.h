@@ -41,10 +41,10 @@ public:
     virtual Status SetRaytraceButtonImage(const QIcon& Image) = 0;
     /// Every attribute to its factory value; libraries and panels stay.
     virtual Status DefaultMaterial() = 0;
-    /// Reads the saved state and the saved layout, background colours included, refreshes once, and
-    /// loads the two libraries when the host keeps any. Texts that do not convert leave their
-    /// attribute at its factory value. A missing library is told in a message box; one that cannot
-    /// be opened gives its status, after all the rest was loaded.
+    /// Reads the saved state, loads the two libraries when the host keeps any, brings the saved
+    /// layout and the background colours back, and refreshes once. Texts that do not convert leave
+    /// their attribute at its factory value. A missing library is told in a message box; one that
+    /// cannot be opened gives its status, after all the rest was loaded.
     virtual Status LoadSavedStatus() = 0;
     /// Height in twips, 15 to a logical pixel. Expands all panels and shares the height between the
     /// two libraries.
@@ -82,8 +82,8 @@ public:
     /// The host's text for the current raytrace attributes, unchanged.
     virtual Status sCreateRayTraceCombinedAttributes(std::string& sCombinedAttributes) = 0;
     /// Opens and shows a library. A bare name is looked for in the host's library folder. A missing
-    /// file is told in a message box and is a success; the name stays, the panel is empty then, as
-    /// it is after an error of the host (FileFailed).
+    /// file is told in a message box and gives FileFailed, and its name stays; the panel is empty
+    /// then, as it is after an error of the host.
     virtual Status LoadTextureLibrary(const std::string& stTextureLibraryFilename) = 0;
     virtual Status LoadMaterialLibrary(const std::string& sMaterialLibraryFileName) = 0;
 
@@ -174,8 +174,9 @@ public:
     virtual Status pReleaseMaterialLibrarySelection() = 0;
     virtual Status pReleaseTextureLibrarySelection() = 0;
     /// Shows a material in the panel; ends in one refresh. The overlay's translucency is rounded to
-    /// a whole percentage. Errors: InvalidArgument for a list position that does not exist or a
-    /// number that is not finite, Overflow for a translucency beyond 32 bits.
+    /// a whole percentage; raytrace positions that no list has are kept. Errors: InvalidArgument
+    /// for any other position that does not exist or a number that is not finite, Overflow for a
+    /// translucency beyond 32 bits.
     virtual Status CopyFieldToFormMaterial(const CorvexDB::udtMaterial& udtMaterial) = 0;
     /// Backgrounds of the preview and the two browsers, as `lVBColor`; kept until the next call or
     /// `LoadSavedStatus`, never saved.

@@ -25,9 +25,9 @@ Material::Material(Host& host, Platform& platform, QWidget* parent)
     : QWidget(parent), m_editor(std::make_unique<MaterialEditor>(host, platform, *this, *this))
 {
     connect(m_editor.get(), &MaterialEditor::Changed, this, &Material::MaterialChanged);
-    connect(m_editor.get(), &MaterialEditor::TextureLibraryExpanded, this,
+    connect(&m_editor->Layout(), &LayoutFlow::TextureLibraryExpanded, this,
             &Material::TextureLibraryExpanded);
-    connect(m_editor.get(), &MaterialEditor::MaterialLibraryExpanded, this,
+    connect(&m_editor->Layout(), &LayoutFlow::MaterialLibraryExpanded, this,
             &Material::MaterialLibraryExpanded);
     connect(m_editor.get(), &MaterialEditor::PositionText, this,
             &Material::DisplayPositionInformation);
@@ -58,12 +58,13 @@ Status Material::LoadSavedStatus()
 
 Status Material::SetMaxStatus(const std::int32_t& lAvailableSpace)
 {
-    return m_editor->Guard()("SetMaxStatus", [&] { m_editor->ShareHeight(lAvailableSpace); });
+    return m_editor->Guard()("SetMaxStatus",
+                             [&] { m_editor->Layout().ShareHeight(lAvailableSpace); });
 }
 
 Status Material::SaveStatus()
 {
-    return m_editor->Guard()("SaveStatus", [&] { m_editor->SaveLayout(); });
+    return m_editor->Guard()("SaveStatus", [&] { m_editor->Layout().Save(); });
 }
 
 Status Material::RenderMaterial()

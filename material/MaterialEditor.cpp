@@ -1,6 +1,5 @@
 #include "material/MaterialEditor.h"
 
-#include "controls/SectionHeader.h"
 #include "material/AdvancedPanel.h"
 #include "material/AttributePanel.h"
 #include "material/IMaterial.h"
@@ -16,7 +15,6 @@
 #include "textures/TexturePage.h"
 
 #include <QAbstractButton>
-#include <QScopedValueRollback>
 
 namespace CorvexMaterial {
 
@@ -28,6 +26,7 @@ MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& contro
       m_gatherer(control, m_attributes),
       m_savedState(platform.settings,
                    [&host] { return host.applicationState.SettingsApplicationName(); }),
+      m_layout(m_trap, m_form, m_savedState),
       m_materialLibrary(
           {m_trap, host, platform, m_form.Materials(), m_attributes.MaterialLibrary()}, control,
           m_gatherer),
@@ -121,35 +120,24 @@ void MaterialEditor::ConnectPreview()
 
 void MaterialEditor::ConnectLibraries()
 {
-    ConnectLibrary(m_materialLibrary, m_form.Materials(), &MaterialEditor::MaterialLibraryExpanded);
-    ConnectLibrary(m_textureLibrary, m_form.Textures(), &MaterialEditor::TextureLibraryExpanded);
-}
-
-void MaterialEditor::ConnectLibrary(LibraryFlow& flow, LibraryPanel& panel,
-                                    void (MaterialEditor::*resized)())
-{
-    const auto addRows = [this, &panel, resized](int difference) {
-        m_trap("library rows", [&] {
-            panel.AddRows(difference);
-            Q_EMIT(this->*resized)();
-        });
-    };
-    connect(&panel, &LibraryPanel::LessPressed, this, [addRows] { addRows(-1); });
-    connect(&panel, &LibraryPanel::MorePressed, this, [addRows] { addRows(1); });
-    connect(&panel, &LibraryPanel::ExpandedByUser, this, [addRows] { addRows(0); });
-    connect(&flow, &LibraryFlow::StatusText, this, &MaterialEditor::StatusText);
-    connect(&flow, &LibraryFlow::WarningRequested, this,
-            [this](const QString& text, const QString& key) {
-                RequestWarning(text.toStdString(), key.toStdString());
-            });
+    const std::initializer_list<LibraryFlow*> flows{&m_materialLibrary, &m_textureLibrary};
+    for (LibraryFlow* flow : flows) {
+        connect(flow, &LibraryFlow::StatusText, this, &MaterialEditor::StatusText);
+        connect(flow, &LibraryFlow::WarningRequested, this,
+                [this](const QString& text, const QString& key) {
+                    RequestWarning(text.toStdString(), key.toStdString());
+                });
+    }
 }
 
 void MaterialEditor::OnEdited()
 {
     m_gatherer.Forget();
     if (m_batchDepth == 0) {
-        m_raytrace->FollowAttributes();
-        m_trap("RefreshPreviewMaterial", [this] { RefreshPreviewMaterial(); });
+        m_trap("RefreshPreviewMaterial", [this] {
+            m_raytrace->FollowAttributes();
+            RefreshPreviewMaterial();
+        });
     }
 }
 
@@ -271,16 +259,16 @@ void MaterialEditor::UpdatePrimitivePicture()
 
 void MaterialEditor::LoadSavedStatus()
 {
-    // A layout that cannot be read must not keep the attributes from being applied.
-    Status layoutStatus = Status::Success;
-    ChangeAtOnce([&] {
+    ChangeSilently([this] {
         m_form.Attributes().Advanced().FillAlphaTests();
         m_savedState.Load(m_attributes);
-        layoutStatus = m_trap("saved layout", [this] { ApplySavedLayout(); });
     });
-    const Status libraryStatus = LoadSavedLibraries();
-    Require(layoutStatus);
-    Require(libraryStatus);
+    // A library or a layout that cannot be read must not keep the attributes from being applied.
+    const Status libraries = LoadSavedLibraries();
+    const Status layout = m_trap("saved layout", [this] { m_layout.Restore(); });
+    RefreshPreviewMaterial();
+    Require(layout);
+    Require(libraries);
 }
 
 // One that cannot be read must not keep the other from being shown; a missing one is no failure.
@@ -325,59 +313,6 @@ void MaterialEditor::ResetAdvanced()
             m_attributes.Show(attribute, std::string(FactoryText(attribute)));
         }
     });
-}
-
-void MaterialEditor::ApplySavedLayout()
-{
-    const SavedLayout layout = m_savedState.LoadLayout();
-    m_form.SetRows({layout.textureRows, layout.materialRows});
-    SetMaterialLibraryPanel(layout.materialLibraryPanel);
-    SetTexturePanel(layout.textureLibraryPanel);
-    m_form.MaterialHeader().setChecked(layout.materialPanel);
-    m_form.SetUserLayoutEnabled(true);
-    m_form.SetBackColors(layout.previewBackground, layout.materialBackground,
-                         layout.textureBackground);
-}
-
-void MaterialEditor::SaveLayout()
-{
-    m_savedState.SaveLayout(m_form.Layout());
-}
-
-void MaterialEditor::ShareHeight(std::int32_t availableTwips)
-{
-    {
-        const QScopedValueRollback<bool> inProgress(m_layoutInProgress, true);
-        m_form.MaterialHeader().setChecked(true);
-        SetTexturePanel(true);
-        SetMaterialLibraryPanel(true);
-        m_form.SetUserLayoutEnabled(false);
-        m_form.SetRows(
-            CorvexMaterial::ShareHeight(availableTwips, m_form.HeightTwips(), m_form.Rows()));
-    }
-    m_form.Picture().updateGeometry();
-}
-
-void MaterialEditor::SetTexturePanel(bool expanded)
-{
-    if (m_form.Textures().IsExpanded() == expanded) {
-        return;
-    }
-    m_form.Textures().SetExpanded(expanded);
-    if (!m_layoutInProgress) {
-        Q_EMIT TextureLibraryExpanded();
-    }
-}
-
-void MaterialEditor::SetMaterialLibraryPanel(bool expanded)
-{
-    if (m_form.Materials().IsExpanded() == expanded) {
-        return;
-    }
-    m_form.Materials().SetExpanded(expanded);
-    if (!m_layoutInProgress) {
-        Q_EMIT MaterialLibraryExpanded();
-    }
 }
 
 void MaterialEditor::Terminate()

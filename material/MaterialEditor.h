@@ -3,6 +3,7 @@
 #include "dialogs/ErrorHandler.h"
 #include "dialogs/Trap.h"
 #include "host/Host.h"
+#include "material/LayoutFlow.h"
 #include "material/MaterialGatherer.h"
 #include "material/MaterialLibraryFlow.h"
 #include "material/PanelAttributes.h"
@@ -23,8 +24,8 @@ namespace CorvexMaterial {
 class IMaterial;
 class RaytraceFlow;
 
-/// The control's doing: edits, flows of the saved state, layout and the one refresh that all of
-/// them end in. Its functions throw; the control's members and handlers call them through `Guard`.
+/// The control's doing: edits, flows of the saved state and the one refresh that all of them end
+/// in. Its functions throw; the control's members and handlers call them through `Guard`.
 class MaterialEditor : public QObject, private ChannelOwner {
     Q_OBJECT
 
@@ -37,6 +38,7 @@ public:
     PanelForm& Form() { return m_form; }
     PanelAttributes& Attributes() { return m_attributes; }
     PreviewScene& Preview() { return m_preview; }
+    LayoutFlow& Layout() { return m_layout; }
     LibraryFlow& MaterialLibrary() { return m_materialLibrary; }
     LibraryFlow& TextureLibrary() { return m_textureLibrary; }
     MaterialGatherer& Gatherer() { return m_gatherer; }
@@ -88,18 +90,12 @@ public:
     void ClearPlugins();
     /// Shows a row per custom field that the host names now.
     void FillCustomFields();
-    void SaveLayout();
-    void ShareHeight(std::int32_t availableTwips);
-    void SetTexturePanel(bool expanded);
-    void SetMaterialLibraryPanel(bool expanded);
 
     /// Writes the state and the two lines of the event log; for the control's destructor.
     void Terminate();
 
 Q_SIGNALS:
     void Changed();
-    void TextureLibraryExpanded();
-    void MaterialLibraryExpanded();
     void PositionText(const QString& text);
     void StatusText(const QString& text);
     void WarningRequested(const QString& application, const QString& text, const QString& key);
@@ -136,12 +132,10 @@ private:
     void ConnectPlugins();
     void ConnectPreview();
     void ConnectLibraries();
-    void ConnectLibrary(LibraryFlow& flow, LibraryPanel& panel, void (MaterialEditor::*resized)());
     [[nodiscard]] Status LoadSavedLibraries();
     void OnEdited();
     void FollowAttributes();
     void UpdatePrimitivePicture();
-    void ApplySavedLayout();
     void OpenPrimitiveDialog();
 
     Host& m_host;
@@ -155,11 +149,11 @@ private:
     PreviewScene m_preview;
     MaterialGatherer m_gatherer;
     SavedState m_savedState;
+    LayoutFlow m_layout;
     MaterialLibraryFlow m_materialLibrary;
     TextureLibraryFlow m_textureLibrary;
     std::unique_ptr<RaytraceFlow> m_raytrace;
     int m_batchDepth = 0;
-    bool m_layoutInProgress = false;
 };
 
 }  // namespace CorvexMaterial

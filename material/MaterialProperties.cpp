@@ -4,6 +4,8 @@
 #include "material/Material.h"
 #include "material/MaterialEditor.h"
 #include "material/SurfacePanel.h"
+#include "platform/ArgumentChecks.h"
+#include "raytrace/RaytraceCatalogue.h"
 #include "textures/ChannelPanel.h"
 #include "textures/LibraryPanel.h"
 #include "ui_AdvancedPanel.h"
@@ -33,7 +35,8 @@ Status Material::get_bTexturePanel(bool& bTexturePanel)
 
 Status Material::put_bTexturePanel(const bool& bTexturePanel)
 {
-    return m_editor->Guard()("bTexturePanel", [&] { m_editor->SetTexturePanel(bTexturePanel); });
+    return m_editor->Guard()("bTexturePanel",
+                             [&] { m_editor->Layout().SetTexturePanel(bTexturePanel); });
 }
 
 Status Material::get_bMaterialLibraryPanel(bool& bMaterialLibraryPanel)
@@ -45,8 +48,9 @@ Status Material::get_bMaterialLibraryPanel(bool& bMaterialLibraryPanel)
 
 Status Material::put_bMaterialLibraryPanel(const bool& bMaterialLibraryPanel)
 {
-    return m_editor->Guard()("bMaterialLibraryPanel",
-                             [&] { m_editor->SetMaterialLibraryPanel(bMaterialLibraryPanel); });
+    return m_editor->Guard()("bMaterialLibraryPanel", [&] {
+        m_editor->Layout().SetMaterialLibraryPanel(bMaterialLibraryPanel);
+    });
 }
 
 Status Material::get_lVBColor(std::int32_t& lVBColor)
@@ -133,6 +137,7 @@ Status Material::get_colTextures(CorvexDB::TextureCollection*& colTextures)
 Status Material::put_lRaytraceType(const std::int32_t& lRaytraceType)
 {
     return m_editor->Guard()("lRaytraceType", [&] {
+        CheckPosition(lRaytraceType, kMaterialTypeNames.size(), "lRaytraceType");
         m_editor->ChangeAtOnce(
             [&] { m_editor->Attributes().RayTrace().MaterialType = lRaytraceType; });
     });
@@ -141,6 +146,8 @@ Status Material::put_lRaytraceType(const std::int32_t& lRaytraceType)
 Status Material::put_lRaytracePredefinedType(const std::int32_t& lRaytracePredefinedType)
 {
     return m_editor->Guard()("lRaytracePredefinedType", [&] {
+        CheckPosition(lRaytracePredefinedType, kPredefinedTypeNames.size(),
+                      "lRaytracePredefinedType");
         m_editor->ChangeAtOnce(
             [&] { m_editor->Attributes().RayTrace().PredefinedType = lRaytracePredefinedType; });
     });
@@ -149,6 +156,8 @@ Status Material::put_lRaytracePredefinedType(const std::int32_t& lRaytracePredef
 Status Material::put_lRaytraceColorPatternType(const std::int32_t& lRaytraceColorPatternType)
 {
     return m_editor->Guard()("lRaytraceColorPatternType", [&] {
+        CheckPosition(lRaytraceColorPatternType, kColorPatternNames.size(),
+                      "lRaytraceColorPatternType");
         m_editor->ChangeAtOnce(
             [&] { m_editor->Attributes().RayTrace().ColorPattern = lRaytraceColorPatternType; });
     });

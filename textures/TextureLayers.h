@@ -42,11 +42,6 @@ inline constexpr TextureLayerOrder kLayerMethodOrder{
     TextureLayer::Primary, TextureLayer::Alpha,    TextureLayer::Overlay,
     TextureLayer::Bump,    TextureLayer::Specular, TextureLayer::Environment};
 
-/// Of the published file-name properties.
-inline constexpr TextureLayerOrder kLayerPropertyOrder{
-    TextureLayer::Primary,  TextureLayer::Overlay,     TextureLayer::Bump,
-    TextureLayer::Specular, TextureLayer::Environment, TextureLayer::Alpha};
-
 [[nodiscard]] constexpr const TextureLayerRow& RowOf(TextureLayer layer)
 {
     return kTextureLayers[static_cast<std::size_t>(layer)];

@@ -103,7 +103,11 @@ TEST_F(Layout, SavedLayoutComesBackAndIsWrittenInItsOrder)
         rig.platform.settings.Put(key, value);
     }
     rig.Create();
-    rig.Control().LoadSavedStatus();
+    for (int load = 0; load < 2; ++load) {
+        rig.Control().LoadSavedStatus();
+        EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 1U);
+        EXPECT_EQ(rig.log.CountOf("Event.MaterialLibraryExpanded"), 1U) << "for its rows";
+    }
     EXPECT_FALSE(rig.Tick("chkMaterialLibrary").isChecked());
     EXPECT_TRUE(rig.Tick("chkTextureLibrary").isChecked());
     EXPECT_TRUE(rig.Tick("chkMaterialPanel").isChecked());

@@ -98,7 +98,14 @@ TEST(Properties, AnUnknownEnumerationValueIsRefusedAndChangesNothing)
               Status::InvalidArgument);
     EXPECT_EQ(control.put_ApplyRelative(static_cast<CorvexDB::ApplyMode>(3)),
               Status::InvalidArgument);
+    for (const auto& [put, listSize] : {std::pair(&I::put_lRaytraceType, 2),
+                                        {&I::put_lRaytracePredefinedType, 5},
+                                        {&I::put_lRaytraceColorPatternType, 24}}) {
+        EXPECT_EQ((control.*put)(-1), Status::InvalidArgument);
+        EXPECT_EQ((control.*put)(listSize), Status::InvalidArgument);
+    }
     EXPECT_EQ(rig.Changes(), 0U);
+    EXPECT_EQ(control.put_lRaytraceColorPatternType(23), Status::Success);
 
     EXPECT_EQ(rig.Read(&I::get_WrapType), CorvexDB::WrapType::Spherical);
     EXPECT_EQ(rig.Read(&I::get_ApplyRelative), CorvexDB::ApplyMode::Absolute);

@@ -39,12 +39,12 @@ inline CorvexDB::udtMaterial KeptMaterial()
                          .Metallic = true,
                          .PredefinedType = 1,
                          .PreDefinedMaterial = 3,
-                         .ColorPatternFrequency = 1.0F,
-                         .ColorPatternTurbulence = 2.0F,
-                         .NormalPatternFrequency = 3.0F,
-                         .NormalPatternTurbulence = 4.0F};
-    material.RayTrace.ColorPatternColor[0] = {0.1F, 0.2F, 0.3F, 0.0F};
-    material.RayTrace.ColorPatternColor[3] = {0.5F, 0.25F, 0.7F, 0.0F};
+                         .ColorPatternFrequency = 9.0F,
+                         .ColorPatternTurbulence = 10.0F,
+                         .NormalPatternFrequency = 0.5F,
+                         .NormalPatternTurbulence = 5.0F};
+    material.RayTrace.ColorPatternColor = {
+        {{0.1F, 0.2F, 0.3F}, {0.4F, 0.45F, 0.55F}, {0.6F, 0.65F, 0.35F}, {0.5F, 0.25F, 0.7F}}};
     return material;
 }
 

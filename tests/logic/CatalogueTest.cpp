@@ -1,8 +1,8 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/WarningCatalogue.h"
 #include "material/AttributeText.h"
-#include "material/LayerAttributes.h"
 #include "material/NamedColours.h"
+#include "textures/TextureLayers.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -53,23 +53,6 @@ TEST(TextureLayers, TabsBesideTheLayersGoToTheFirstAndTheLast)
         EXPECT_EQ(LayerOfTab(static_cast<int>(tab)), layers[tab]) << tab;
     }
     EXPECT_EQ(LayerOfTab(-1), Primary);
-}
-
-TEST(TextureLayers, EachHasAFileFieldAnAttributeAndAPlaceInEachOrder)
-{
-    CorvexDB::TextureFiles files;
-    std::set<Attribute> attributes;
-    for (const TextureLayerRow& row : kTextureLayers) {
-        EXPECT_TRUE((files.*row.file).empty());
-        files.*row.file = "used";
-        attributes.insert(AttributeOf(row.layer));
-        EXPECT_EQ(LayerOf(AttributeOf(row.layer)), row.layer);
-    }
-    EXPECT_EQ(attributes.size(), kTextureLayers.size());
-    EXPECT_EQ(LayerOf(Attribute::TextureLibrary), std::nullopt);
-    for (const TextureLayerOrder& order : {kLayerMethodOrder, kLayerPropertyOrder}) {
-        EXPECT_EQ(std::set(order.begin(), order.end()).size(), kTextureLayers.size());
-    }
 }
 
 TEST(Warnings, AreShownForAMissingChoiceAndForExactlyOne)
