@@ -4,8 +4,10 @@
 #include "dialogs/Trap.h"
 #include "textures/LibraryPanel.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QPointer>
 
 namespace CorvexMaterial {
 
@@ -56,11 +58,28 @@ void LibraryFlow::Connect()
     connect(&panel, &LibraryPanel::ScrollBarMoved, this, [this](int position) {
         m_services.trap(Location("vsb"), [&] { m_services.panel.Browser().ScrollTo(position); });
     });
-    const auto take = [this](std::int32_t index) {
+    connect(&panel, &LibraryPanel::Selected, this, &LibraryFlow::TakeSelected);
+    connect(&panel, &LibraryPanel::Opened, this, &LibraryFlow::TakeOpened);
+}
+
+void LibraryFlow::TakeSelected(std::int32_t index)
+{
+    const QPointer<LibraryFlow> alive(this);  // the host hears of it and may close the control
+    m_services.trap(Location("dfe"), [&] { Take(index); });
+    if (alive) {
+        m_selected = index;
+        m_sinceSelected.start();
+    }
+}
+
+// The second click of a double click opens what the first has taken already: one choice, not two.
+void LibraryFlow::TakeOpened(std::int32_t index)
+{
+    const bool isTaken = m_selected == index && m_sinceSelected.isValid() &&
+                         !m_sinceSelected.hasExpired(QApplication::doubleClickInterval());
+    if (!isTaken) {
         m_services.trap(Location("dfe"), [&] { Take(index); });
-    };
-    connect(&panel, &LibraryPanel::Selected, this, take);
-    connect(&panel, &LibraryPanel::Opened, this, take);
+    }
 }
 
 std::string LibraryFlow::Location(const char* prefix, const char* suffix) const
@@ -91,6 +110,7 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
     const std::string folder = m_services.host.applicationState.LibraryFolder();
     const std::string path = PathOf(name, folder);
     m_services.name = name;
+    m_sinceSelected.invalidate();
     panel.ShowLibrary(name);
     Q_EMIT StatusText(LibraryText(m_texts.loading));
     panel.SetChangesEnabled(false);

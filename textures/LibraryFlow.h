@@ -4,6 +4,7 @@
 #include "host/Host.h"
 #include "platform/Platform.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 
 #include <cstdint>
@@ -79,10 +80,14 @@ private:
     void ChooseFile();
     void Add();
     void Delete();
+    void TakeSelected(std::int32_t index);
+    void TakeOpened(std::int32_t index);
     [[nodiscard]] std::string PathOf(const std::string& name, const std::string& folder) const;
 
     const LibraryTexts& m_texts;
     LibraryServices m_services;
+    std::int32_t m_selected = -1;
+    QElapsedTimer m_sinceSelected;
 };
 
 }  // namespace CorvexMaterial

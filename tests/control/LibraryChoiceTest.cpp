@@ -21,7 +21,10 @@ TEST_F(MaterialLibrary, ChosenMaterialFillsThePanelInOneRefresh)
     std::int32_t colour = 0;
     rig.Control().get_lVBColor(colour);
     EXPECT_EQ(colour, 255);
+    Browser().listener->ItemOpened(1);
+    EXPECT_EQ(rig.Changes(), 1U) << "a double click is one choice";
     Browser().listener->ItemOpened(0);
+    EXPECT_EQ(rig.Changes(), 2U);
     EXPECT_EQ(rig.Previewed(), CorvexDB::udtMaterial());
 }
 
