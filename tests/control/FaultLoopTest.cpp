@@ -1,6 +1,8 @@
 #include "tests/control/FaultSteps.h"
 
 #include <QApplication>
+#include <QComboBox>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -90,6 +92,9 @@ protected:
             rig.Control().LoadTextureLibrary("Gems.cvt");
         }
         rig.Control().put_bMaterialPanel(true);
+        if (rig.Find<QComboBox>("cboPlugin").currentText() != "Marble") {
+            OfferPluginAndField(rig);
+        }
         rig.log.Clear();
         rig.platform.prompts.shown.clear();
     }
@@ -129,6 +134,25 @@ protected:
 private:
     std::size_t m_faults = 0;
 };
+
+QString WithoutNumber(QString name)
+{
+    static const QRegularExpression kNumber("_\\d+$");
+    return name.remove(kNumber);
+}
+
+TEST_F(FaultLoop, KnowsEveryControl)
+{
+    std::set<QString> known;
+    for (const Step& step : UserActions()) {
+        known.insert(WithoutNumber(QString::fromStdString(step.name)));
+    }
+    static const QRegularExpression kControl("^(cmd|chk|opt|cbo|txt|sld|img|tab|dfe|dfv)[A-Z]");
+    for (const QWidget* widget : rig.Control().findChildren<QWidget*>(kControl)) {
+        EXPECT_EQ(known.count(WithoutNumber(widget->objectName())), 1U)
+            << widget->objectName().toStdString();
+    }
+}
 
 TEST_F(FaultLoop, EveryMemberReturnsAStatusAndLeavesAUsableControl)
 {

@@ -4,8 +4,10 @@
 #include "tests/support/RecordingPlugin.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QDialog>
 #include <QScrollBar>
+#include <QSlider>
 #include <QTabBar>
 
 namespace CorvexTest {
@@ -41,11 +43,46 @@ Step Typed(const char* name)
     });
 }
 
-/// Whatever dialog the press opens is left as it came.
-Step PressedAndClosed(const char* name)
+/// Whatever dialog the press opens is accepted as it came.
+Step PressedAndAccepted(const char* name)
 {
     return UserDoes(name, [name](ControlRig& rig) {
-        const DialogAnswer answer([](QDialog& dialog) { dialog.reject(); });
+        const DialogAnswer answer(
+            [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdOK")); });
+        rig.Press(name);
+    });
+}
+
+Step Slid(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) {
+        auto& slider = rig.Find<QSlider>(name);
+        slider.setValue(slider.value() == 7 ? 8 : 7);
+    });
+}
+
+/// The first or the last entry, whichever is not shown.
+Step Chosen(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) {
+        auto& list = rig.List(name);
+        Choose(list, list.itemText(list.currentIndex() == 0 ? list.count() - 1 : 0));
+    });
+}
+
+Step Coloured(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) {
+        rig.platform.choosers.colours = {0x010203};
+        rig.Press(name);
+    });
+}
+
+Step FileSelected(const char* name)
+{
+    return UserDoes(name, [name](ControlRig& rig) {
+        rig.Control().put_TextureFileName("");
+        rig.platform.choosers.files = {"/textures/a.png"};
         rig.Press(name);
     });
 }
@@ -102,16 +139,27 @@ void AddLibraryActions(std::vector<Step>& steps)
 
 void AddTextureActions(std::vector<Step>& steps)
 {
-    steps.push_back(UserDoes("cmdSelectTexture", [](ControlRig& rig) {
-        rig.platform.choosers.files = {"/textures/a.png"};
-        rig.Press("cmdSelectTexture");
+    for (const char* name : {"cmdSelectTexture", "imgTexture_1"}) {
+        steps.push_back(FileSelected(name));
+    }
+    steps.push_back(UserDoes("cmdTexturePopup", [](ControlRig& rig) {
+        rig.host.textureLibrary.files = {"/t/agate.png"};
+        const DialogAnswer answer([](QDialog& dialog) {
+            dynamic_cast<RecordingEditport&>(*dialog.findChild<QWidget*>("dfeTextureDialog"))
+                .listener->ItemOpened(0);
+            if (dialog.isVisible()) {
+                dialog.reject();
+            }
+        });
+        rig.Press("cmdTexturePopup");
     }));
-    for (const char* name : {"cmdTexturePopup", "cmdTexture", "optWrapType_1"}) {
-        steps.push_back(PressedAndClosed(name));
+    for (const char* name : {"cmdTexture", "cmdFlatWrapOptions"}) {
+        steps.push_back(PressedAndAccepted(name));
     }
     for (const char* name : {"optWrapType_2", "cmdDeleteTexture"}) {
         steps.push_back(Pressed(name));
     }
+    steps.push_back(Chosen("cboTextureAlphaChannelUse"));
     steps.push_back(UserDoes("tabChannels", [](ControlRig& rig) {
         auto& tabs = rig.Find<QTabBar>("tabChannels");
         for (int tab = 0; tab < tabs.count(); ++tab) {
@@ -124,9 +172,16 @@ void AddPluginActions(std::vector<Step>& steps)
 {
     steps.push_back(
         UserDoes("cboPlugin", [](ControlRig& rig) { Choose(rig.List("cboPlugin"), "Marble"); }));
-    for (const char* name : {"cmdRemember", "cmdReset", "cmdResetUser"}) {
+    for (const char* name : {"cmdRemember", "cmdReset", "cmdResetUser", "chkParameter_2"}) {
         steps.push_back(Pressed(name));
     }
+    steps.push_back(Slid("sldParameter_0"));
+    steps.push_back(UserDoes("txtParameter_1", [](ControlRig& rig) {
+        auto& box = rig.Find<QAbstractSpinBox>("txtParameter_1");
+        box.stepBy(box.text().toDouble() < 5.0 ? 1 : -1);
+    }));
+    steps.push_back(Chosen("cboParameter_3"));
+    steps.push_back(Coloured("picParameter_4"));
     steps.push_back(Typed("txtCustomMaterialFieldValue_0"));
 }
 
@@ -146,13 +201,13 @@ void AddRaytraceActions(std::vector<Step>& steps)
 
 void OfferPluginAndField(ControlRig& rig)
 {
-    CorvexDB::PluginParameter parameter;
-    parameter.name = "Veins";
-    parameter.maximum = 10.0F;
-    parameter.defaultValue = 3.0F;
-    rig.host.plugins.records = {
-        {nullptr, "None"},
-        {std::make_shared<RecordingPlugin>(rig.log, std::vector{parameter, parameter}), "Marble"}};
+    using enum CorvexDB::ParameterKind;
+    std::vector<CorvexDB::PluginParameter> parameters;
+    for (const auto kind : {Slider, Number, Tick, List, PackedColour}) {
+        parameters.push_back({"Veins", kind, 0.0F, 10.0F, 0, {"Few", "Many"}, 0.0F, 1.0F});
+    }
+    rig.host.plugins.records = {{nullptr, "None"},
+                                {std::make_shared<RecordingPlugin>(rig.log, parameters), "Marble"}};
     rig.host.customFields.names = {"Supplier"};
     rig.platform.settings.PutTip("POVRayConfiguration", "0");
     rig.platform.settings.PutTip("Simulation Texture", "0");
@@ -180,6 +235,8 @@ std::vector<Step> Members()
         {"pReleaseMaterialLibrarySelection", &M::pReleaseMaterialLibrarySelection},
         {"pReleaseTextureLibrarySelection", &M::pReleaseTextureLibrarySelection},
         {"pAlphaIsTransparentUpdated", &M::pAlphaIsTransparentUpdated},
+        {"ClearPluginList", &M::ClearPluginList},
+        {"AddToPluginList", [](M& m) { return m.AddToPluginList("Wood"); }},
         {"SetBackColor", [](M& m) { return m.SetBackColor(1, 2, 3); }},
         {"CopyFieldToFormMaterial", [](M& m) { return m.CopyFieldToFormMaterial(KeptMaterial()); }},
         {"SetTexturesAvoidStateChange",
@@ -193,7 +250,7 @@ std::vector<Step> Members()
                             M& m) mutable { return m.get_colTextures(textures); }},
         {"DisplayPluginParameters",
          [](M& m) {
-             return m.DisplayPluginParameters({1.0F, 2.0F});
+             return m.DisplayPluginParameters({1.0F, 2.0F, 1.0F, 1.0F, 1.0F});
          }},
         {"GetPluginParameterValues",
          [values = std::vector<float>()](M& m) mutable {
@@ -256,10 +313,10 @@ std::vector<Step> UserActions()
         steps.push_back(Pressed(name));
     }
     for (const char* name : {"cmdSelectColor", "picVBColor"}) {
-        steps.push_back(UserDoes(name, [name](ControlRig& rig) {
-            rig.platform.choosers.colours = {0x010203};
-            rig.Press(name);
-        }));
+        steps.push_back(Coloured(name));
+    }
+    for (const char* name : {"sldEmissive", "sldSpecular", "sldAmbient", "sldTransparency"}) {
+        steps.push_back(Slid(name));
     }
     steps.push_back(UserDoes("cboColor", [](ControlRig& rig) {
         rig.platform.choosers.colours = {16775408};  // one that the list names
@@ -276,7 +333,7 @@ std::vector<Step> UserActions()
             [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdPrimitive_1")); });
         rig.Press("cmdPreviewPrimitive");
     }));
-    steps.push_back(UserDoes("the viewport", [](ControlRig& rig) {
+    steps.push_back(UserDoes("dfvMaterialViewport", [](ControlRig& rig) {
         rig.host.Viewport()->listener->ViewChanged();
         rig.host.Viewport()->listener->PositionChanged("here");
     }));
