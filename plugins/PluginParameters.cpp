@@ -112,6 +112,7 @@ void CheckParameter(const PluginParameter& parameter)
 std::vector<float> DefaultValues(const std::vector<PluginParameter>& parameters)
 {
     std::vector<float> values;
+    values.reserve(parameters.size());
     for (const PluginParameter& parameter : parameters) {
         values.push_back(parameter.defaultValue);
     }

@@ -34,8 +34,8 @@ int PositionOf(const RaytraceAmount& amount, float stored)
     if (std::isnan(stored)) {
         return amount.defaultPosition;
     }
-    const float lowest = static_cast<float>(amount.minimum);
-    const float highest = static_cast<float>(kAmountMaximum);
+    const auto lowest = static_cast<float>(amount.minimum);
+    const auto highest = static_cast<float>(kAmountMaximum);
     return static_cast<int>(std::lround(std::clamp(stored, lowest, highest)));
 }
 
