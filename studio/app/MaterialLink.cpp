@@ -71,13 +71,27 @@ bool MaterialLink::PanelMoved()
 void MaterialLink::ApplyEdit()
 {
     const bool moved = PanelMoved();
-    if (m_showing || !(moved || m_forAll)) {
-        return;
+    if (!m_showing && (moved || m_forAll)) {
+        ApplyToSelection(Coordinates::Kept);
     }
+}
+
+void MaterialLink::WrapSelection()
+{
+    const auto isWrapped = [](const auto& shape) {
+        return shape->Applied().coordinates == CorvexSG::CoordinateMode::FromWrap;
+    };
+    if (!std::ranges::all_of(m_parts.selection.All(), isWrapped)) {
+        ApplyToSelection(Coordinates::Wrapped);
+    }
+}
+
+void MaterialLink::ApplyToSelection(Coordinates coordinates)
+{
     std::vector<ShapeChange> changes;
     for (const auto& shape : m_parts.selection.All()) {
         changes.push_back({shape, shape->Applied(), shape->Applied()});
-        if (const Status status = Apply(*shape); status != Status::Success) {
+        if (const Status status = Apply(*shape, coordinates); status != Status::Success) {
             PutBack(changes);
             Q_EMIT Failed(tr("The material was not applied"), status);
             return;
@@ -87,10 +101,11 @@ void MaterialLink::ApplyEdit()
     Push(std::move(changes));
 }
 
-Status MaterialLink::Apply(StudioShape& shape)
+Status MaterialLink::Apply(StudioShape& shape, Coordinates coordinates)
 {
     const bool makesNewCoordinates =
-        m_lastShown != nullptr && MakesNewCoordinates(shape.Material(), m_lastShown->material);
+        coordinates == Coordinates::Wrapped ||
+        (m_lastShown != nullptr && MakesNewCoordinates(shape.Material(), m_lastShown->material));
     return m_parts.material.ApplyShapeMaterial(m_parts.scene, shape, makesNewCoordinates,
                                                m_parts.scene.RootGroup(),
                                                m_parts.scene.CameraGroup(), {}, {}, false, {}, {});
@@ -112,7 +127,10 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
     const auto coordinates = MakesNewCoordinates(before.gathered->material, material)
                                  ? CorvexSG::CoordinateMode::FromWrap
                                  : before.coordinates;
-    Make({{shape, before, WholeMaterial(material, coordinates)}});
+    auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
+    gathered->material = material;
+    gathered->applyMode = before.gathered->applyMode;
+    Make({{shape, before, {std::move(gathered), coordinates}}});
 }
 
 void MaterialLink::Push(std::vector<ShapeChange> changes)

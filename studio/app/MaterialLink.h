@@ -34,6 +34,10 @@ public:
     /// Runs a choice that is meant for the whole selection, even if the panel shows what is chosen
     /// already: the last of several selected shapes may have it, and the others not.
     void ForAll(const std::function<void()>& choice);
+    /// Wraps the panel's material around every selected shape, as one undo step: the user has
+    /// chosen a wrap, be it the one that was chosen already. Shapes that wear the coordinates of
+    /// their mesh give them up.
+    void WrapSelection();
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
     /// Gives one shape a material that does not come from the panel, as one undo step.
@@ -48,10 +52,13 @@ Q_SIGNALS:
     void Failed(const QString& what, CorvexMaterial::Status status);
 
 private:
+    enum class Coordinates { Kept, Wrapped };
+
     void ApplyEdit();
+    void ApplyToSelection(Coordinates coordinates);
     [[nodiscard]] std::shared_ptr<const CorvexSG::GatheredMaterial> Shown() const;
     [[nodiscard]] bool PanelMoved();
-    [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape);
+    [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
     void Push(std::vector<ShapeChange> changes);
     void ShowSelected();
     [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);

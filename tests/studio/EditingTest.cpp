@@ -128,6 +128,25 @@ TEST_F(Editing, WayOfApplyingReachesTheSelectionAsAStepAndStaysWithItsShapes)
     EXPECT_EQ(History().index(), 0);
 }
 
+TEST_F(Editing, ChosenWrapReplacesTheCoordinatesOfTheMeshAlsoWhenItIsTheSame)
+{
+    using CorvexSG::CoordinateMode;
+    const AppliedMaterial own = studio::WholeMaterial({}, CoordinateMode::FromMesh);
+    for (const char* button : {"optWrapType_0", "optWrapType_2"}) {
+        History().clear();
+        rig.Shape(1)->SetApplied(own);
+        rig.Select({0});
+        rig.Select({1});
+        rig.Press(button);
+        EXPECT_EQ(rig.Shape(1)->Applied().coordinates, CoordinateMode::FromWrap) << button;
+        rig.Press(button);
+        ASSERT_EQ(History().count(), 1) << button;
+        History().undo();
+        EXPECT_EQ(rig.Shape(1)->Material(), own.gathered->material);
+        EXPECT_EQ(rig.Shape(1)->Applied().coordinates, CoordinateMode::FromMesh);
+    }
+}
+
 TEST_F(Editing, UndoSelectsAndShowsTheShapesItChanges)
 {
     rig.Select({0});
