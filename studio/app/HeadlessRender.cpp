@@ -2,6 +2,7 @@
 
 #include "platform/QtPlatform.h"
 #include "preview/PreviewPrimitives.h"
+#include "studio/TemporaryFolder.h"
 #include "studio/app/MaterialAssignment.h"
 #include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
@@ -14,13 +15,17 @@
 #include "studio/scene/ModelShapes.h"
 
 #include <QEventLoop>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace studio {
 namespace {
 
-StudioScene::Shapes ShapesOfModel(const QString& file)
+StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFolder)
 {
-    const ImportOutcome outcome = ImportModelNow(file);
+    ImportProgram importer;
+    importer.pictureFolder = pictureFolder.toStdString();
+    const ImportOutcome outcome = ImportModelNow(file, importer);
     if (!outcome.model) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                     outcome.message.toStdString());
@@ -57,11 +62,12 @@ RaytraceImages::Lookup LookupIn(RenderService& rendering)
     return [&rendering](const std::string& file) { return rendering.Textures().Await(file); };
 }
 
-/// The job's shapes in view, with what a raytracer has to know of them.
-RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene)
+/// The job's shapes in view, with what a raytracer has to know of them. Pictures inside a model go
+/// into the folder.
+RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& pictureFolder)
 {
     scene.SetShapes(job.model.isEmpty() ? PrimitiveShapes(job.primitive)
-                                        : ShapesOfModel(job.model));
+                                        : ShapesOfModel(job.model, pictureFolder));
     for (const auto& shape : scene.All()) {
         Assign(*shape, job.assignments);
     }
@@ -102,7 +108,8 @@ QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
 QImage Draw(const RenderJob& job)
 {
     StudioScene scene;
-    RaytraceScene all = SceneOf(job, scene);
+    const QTemporaryDir pictures(TemporaryFolderFor(QStringLiteral("pictures")));
+    RaytraceScene all = SceneOf(job, scene, pictures.path());
     RenderService rendering;
     return job.raytrace ? Raytraced(all, rendering) : rendering.DrawNow(std::move(all.frame));
 }
@@ -124,7 +131,8 @@ std::optional<QString> ExportPicture(const RenderJob& job)
     try {
         StudioScene scene;
         RenderService rendering;
-        WriteRaytraceScene(job.output, SceneOf(job, scene), LookupIn(rendering),
+        const QString folder = QFileInfo(job.output).absolutePath();
+        WriteRaytraceScene(job.output, SceneOf(job, scene, folder), LookupIn(rendering),
                            ImagesBeside(job.output));
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {

@@ -33,6 +33,12 @@ namespace {
 /// Each may hold two materials for every shape of a large scene.
 constexpr int kUndoSteps = 200;
 
+ImportProgram KeepingPictures(ImportProgram importer, std::string folder)
+{
+    importer.pictureFolder = std::move(folder);
+    return importer;
+}
+
 }  // namespace
 
 using CorvexMaterial::Material;
@@ -43,7 +49,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
                        MaterialLink::Clock clock)
     : m_host(host), m_platform(platform), m_recent(host.Settings()),
       m_warnings(platform.settings, *this), m_exchange(new MaterialExchange(host, importer, *this)),
-      m_opener(new ModelOpener(*this, std::move(importer)))
+      m_opener(new ModelOpener(*this,
+                               KeepingPictures(std::move(importer), host.State().LibraryFolder())))
 {
     m_history.setUndoLimit(kUndoSteps);
     setWindowIcon(StudioIcon());

@@ -102,7 +102,7 @@ private:
     void SaveState();
 
     void ChooseModel();
-    void ShowModel(const QString& file, const ImportedModel& model);
+    void ShowModel(const QString& file, const ImportedModel& model, const QString& remark);
     void RefuseModel(const QString& file, const QString& message);
     void ShowShapes(StudioScene::Shapes shapes, const QString& title);
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;

@@ -58,7 +58,7 @@ void MainWindow::ResetScene()
     m_viewport->SetHomeCamera(DefaultCamera());
 }
 
-void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
+void MainWindow::ShowModel(const QString& file, const ImportedModel& model, const QString& remark)
 {
     m_host.State().SetOpenModel(file);
     m_recent.Add(file);
@@ -67,6 +67,10 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
     m_host.Log().RecordEvent("Opened " + file.toStdString());
     const std::size_t count = m_scene.All().size();
     m_misc->Show(count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count));
+    if (!remark.isEmpty()) {
+        m_host.Log().RecordEvent(remark.toStdString());
+        m_misc->Show(remark);
+    }
     Q_EMIT SceneOpened();
 }
 

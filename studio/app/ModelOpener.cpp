@@ -46,7 +46,7 @@ void ModelOpener::Conclude(const ImportOutcome& outcome)
         m_progress = nullptr;
     }
     if (outcome.model) {
-        Q_EMIT Opened(m_file, *outcome.model);
+        Q_EMIT Opened(m_file, *outcome.model, outcome.message);
     } else if (outcome.failure == ImportFailure::Cancelled) {
         Q_EMIT Cancelled(m_file);
     } else {

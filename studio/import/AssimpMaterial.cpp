@@ -101,16 +101,26 @@ void TakeClassicLook(const Values& values, CorvexDB::udtMaterial& material)
     }
 }
 
-std::string TextureFrom(const aiMaterial& source)
+std::string TextureFrom(const aiMaterial& source, std::initializer_list<aiTextureType> types)
 {
     aiString path;
-    for (const aiTextureType type : {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE}) {
-        if (source.GetTexture(type, 0, &path) == AI_SUCCESS && path.length > 0 &&
-            path.data[0] != '*') {
+    for (const aiTextureType type : types) {
+        if (source.GetTexture(type, 0, &path) == AI_SUCCESS && path.length > 0) {
             return path.C_Str();
         }
     }
     return {};
+}
+
+// A physical material's other images are of other kinds: directions, roughness, metal.
+void TakeClassicImages(const aiMaterial& source, CorvexDB::udtMaterial& material)
+{
+    CorvexDB::TextureFiles& textures = material.Textures;
+    textures.bump = TextureFrom(source, {aiTextureType_HEIGHT});
+    textures.alpha = TextureFrom(source, {aiTextureType_OPACITY});
+    if (material.Specular > 0) {
+        textures.specular = TextureFrom(source, {aiTextureType_SPECULAR});
+    }
 }
 
 }  // namespace
@@ -119,14 +129,16 @@ CorvexDB::udtMaterial MaterialFrom(const aiMaterial& source)
 {
     const Values values(source);
     CorvexDB::udtMaterial material;
+    material.Textures.primary =
+        TextureFrom(source, {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE});
     if (values.Has(AI_MATKEY_BASE_COLOR)) {
         TakePhysicalLook(values, material);
     } else {
         TakeClassicLook(values, material);
+        TakeClassicImages(source, material);
     }
     TakeAlpha(values, material);
     material.DoubleSided = values.Get(AI_MATKEY_TWOSIDED, 0) != 0;
-    material.Textures.primary = TextureFrom(source);
     return material;
 }
 

@@ -6,8 +6,8 @@ struct aiMaterial;
 
 namespace studio {
 
-/// The look of a file's material in our own terms. The texture path is as the file has it, empty
-/// for an embedded one.
+/// The look of a file's material in our own terms. Texture paths are as the file has them, "*0"
+/// and so on for a picture inside the file.
 [[nodiscard]] CorvexDB::udtMaterial MaterialFrom(const aiMaterial& source);
 
 }  // namespace studio

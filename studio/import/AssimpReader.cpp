@@ -3,6 +3,7 @@
 #include "host/Status.h"
 #include "studio/import/AssimpMaterial.h"
 #include "studio/import/AssimpMesh.h"
+#include "studio/import/PicturesInside.h"
 #include "studio/import/ShapeNames.h"
 #include "studio/import/UnitVector.h"
 
@@ -84,10 +85,10 @@ constexpr unsigned int kSteps = aiProcess_Triangulate | aiProcess_JoinIdenticalV
 }
 
 // Relative to the model, or beside it when the path is another machine's. One that is not there is
-// kept, so that it shows as missing and can be looked for.
+// kept, so that it shows as missing and can be looked for; one inside the file has no path.
 std::string TexturePath(const std::string& modelPath, std::string texture)
 {
-    if (texture.empty()) {
+    if (texture.empty() || texture.starts_with('*')) {
         return {};
     }
     std::ranges::replace(texture, '\\', '/');
@@ -100,14 +101,35 @@ std::string TexturePath(const std::string& modelPath, std::string texture)
     return isMoved ? beside.string() : named.string();
 }
 
+// All of a model's together.
+constexpr qsizetype kMostModelPictureBytes = qsizetype{512} << 20;
+
+void AddMaterials(const aiScene& scene, const std::string& path, ImportedModel& model)
+{
+    PicturesInside pictures(scene, model.pictures, kMostModelPictureBytes);
+    for (unsigned int index = 0; index < scene.mNumMaterials; ++index) {
+        auto material = MaterialFrom(*scene.mMaterials[index]);
+        CorvexDB::TextureFiles& textures = material.Textures;
+        const std::string primary = textures.primary;
+        for (std::string* texture :
+             {&textures.primary, &textures.alpha, &textures.bump, &textures.specular}) {
+            *texture = TexturePath(path, *texture);
+        }
+        if (textures.alpha == textures.primary) {
+            textures.alpha.clear();  // the alpha of the primary image counts anyway
+        }
+        std::error_code error;
+        if (!primary.empty() && !std::filesystem::is_regular_file(textures.primary, error)) {
+            pictures.Take(primary, index);
+        }
+        model.materials.push_back(std::move(material));
+    }
+}
+
 ImportedModel ModelFrom(const aiScene& scene, const std::string& path)
 {
     ImportedModel model;
-    for (unsigned int index = 0; index < scene.mNumMaterials; ++index) {
-        auto material = MaterialFrom(*scene.mMaterials[index]);
-        material.Textures.primary = TexturePath(path, material.Textures.primary);
-        model.materials.push_back(std::move(material));
-    }
+    AddMaterials(scene, path, model);
     for (unsigned int index = 0; index < scene.mNumMeshes; ++index) {
         model.meshes.push_back(MeshFrom(*scene.mMeshes[index]));
     }

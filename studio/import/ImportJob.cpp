@@ -1,6 +1,7 @@
 #include "studio/import/ImportJob.h"
 
 #include "host/Status.h"
+#include "studio/TemporaryFolder.h"
 #include "studio/import/ModelFile.h"
 #include "studio/import/ShapeNames.h"
 
@@ -68,7 +69,8 @@ QString TextOf(ImportFailure failure)
 ImportJob::ImportJob(QString file, const ImportProgram& program, const char* argument)
     : m_file(std::move(file)),
       m_program(program.path.isEmpty() ? QCoreApplication::applicationFilePath() : program.path),
-      m_argument(QString::fromLatin1(argument))
+      m_argument(QString::fromLatin1(argument)), m_pictureFolder(program.pictureFolder),
+      m_folder(TemporaryFolderFor(QStringLiteral("import")))
 {
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
@@ -108,6 +110,7 @@ ImportOutcome ImportJob::Outcome(ImportFailure failure)
     try {
         if (outcome.failure == ImportFailure::None) {
             outcome.model = ReadOutput();
+            outcome.message = TakeOutPictures(*outcome.model);
         }
     } catch (const std::bad_alloc&) {
         outcome.failure = ImportFailure::OutOfMemory;
@@ -115,6 +118,7 @@ ImportOutcome ImportJob::Outcome(ImportFailure failure)
         outcome.failure = ImportFailure::Damaged;
     }
     if (outcome.failure != ImportFailure::None) {
+        outcome.model.reset();
         outcome.message = Message(outcome.failure);
     }
     return outcome;
@@ -172,6 +176,33 @@ ImportedModel ImportJob::ReadOutput() const
         shape.name = ReadableName(shape.name, QFileInfo(m_file).completeBaseName().toStdString());
     }
     return model;
+}
+
+// A model is better shown without its pictures than not at all.
+QString ImportJob::TakeOutPictures(ImportedModel& model) const
+{
+    const std::string base = QFileInfo(m_file).completeBaseName().toStdString();
+    std::size_t lost = 0;
+    for (std::size_t i = 0; i < model.pictures.size(); ++i) {
+        const std::string owner = i == 0 ? base : base + ' ' + std::to_string(i + 1);
+        try {
+            const std::string path = m_pictureFolder.empty()
+                                         ? std::string()
+                                         : KeepPicture(model.pictures[i], owner, m_pictureFolder);
+            lost += path.empty() ? 1 : 0;
+            for (const std::size_t wearer : model.pictures[i].wearers) {
+                std::string& texture = model.materials[wearer].Textures.primary;
+                texture = path.empty() ? texture : path;
+            }
+        } catch (const CorvexMaterial::Error& error) {
+            return QString::fromUtf8(error.what());
+        }
+    }
+    model.pictures.clear();
+    return lost == 0 ? QString()
+                     : QCoreApplication::translate("studio::ModelImport",
+                                                   "%1 pictures inside the model cannot be read.")
+                           .arg(lost);
 }
 
 QString ImportJob::Message(ImportFailure failure) const

@@ -36,10 +36,13 @@ private:
     void KeepComplaint();
     [[nodiscard]] ImportFailure FailureOfProcess() const;
     [[nodiscard]] ImportedModel ReadOutput() const;
+    /// Returns what the model goes without.
+    [[nodiscard]] QString TakeOutPictures(ImportedModel& model) const;
 
     QString m_file;
     QString m_program;
     QString m_argument;
+    std::string m_pictureFolder;
     QTemporaryDir m_folder;
     QProcess m_process;
     QByteArray m_complaint;  ///< the beginning of what it wrote to standard error

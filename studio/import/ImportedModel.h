@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/MaterialRecord.h"
+#include "studio/import/EmbeddedPicture.h"
 #include "studio/render/Mesh.h"
 
 #include <QMatrix4x4>
@@ -31,6 +32,8 @@ struct ImportedModel {
     std::vector<CorvexDB::udtMaterial> materials;
     std::vector<ImportedMesh> meshes;
     std::vector<ImportedShape> shapes;
+    /// Their wearers have no path for them yet, or one that is missing.
+    std::vector<EmbeddedPicture> pictures;
 };
 
 /// A coordinate beyond this is taken for damage: squares of world distances still fit a float.

@@ -13,13 +13,18 @@ namespace {
 using CorvexDB::udtMaterial;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 2;
+constexpr std::uint32_t kVersion = 3;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
 constexpr std::size_t kSmallestMaterial = 9 * sizeof(std::int32_t);
 constexpr std::size_t kSmallestMesh = 4 * sizeof(std::uint32_t);
+constexpr std::size_t kSmallestPicture = 2 * sizeof(std::uint32_t);
 constexpr std::size_t kSmallestShape = 2 * sizeof(std::uint32_t) + 16 * sizeof(float);
+
+// Those that a model's material can have.
+constexpr std::array kLayers{&CorvexDB::TextureFiles::primary, &CorvexDB::TextureFiles::alpha,
+                             &CorvexDB::TextureFiles::bump, &CorvexDB::TextureFiles::specular};
 
 void Require(bool holds, const char* reason)
 {
@@ -59,7 +64,9 @@ void Put(ByteWriter& writer, const udtMaterial& material)
     writer.Put(material.AlphaTestReference);
     writer.Put(static_cast<std::int32_t>(material.RayTrace.Metallic));
     writer.Put(static_cast<std::int32_t>(material.RayTrace.Reflection));
-    writer.PutText(material.Textures.primary);
+    for (const auto layer : kLayers) {
+        writer.PutText(material.Textures.*layer);
+    }
 }
 
 udtMaterial GetMaterial(ByteReader& reader)
@@ -74,7 +81,9 @@ udtMaterial GetMaterial(ByteReader& reader)
     material.AlphaTestReference = GetInRange(reader, 255);
     material.RayTrace.Metallic = GetInRange(reader, 1) == 1;
     material.RayTrace.Reflection = static_cast<float>(GetInRange(reader, 10));
-    material.Textures.primary = reader.GetText();
+    for (const auto layer : kLayers) {
+        material.Textures.*layer = reader.GetText();
+    }
     return material;
 }
 
@@ -129,6 +138,28 @@ ImportedShape GetShape(ByteReader& reader, std::size_t meshCount)
     return shape;
 }
 
+void Put(ByteWriter& writer, const EmbeddedPicture& picture)
+{
+    writer.PutText({picture.bytes.constData(), static_cast<std::size_t>(picture.bytes.size())});
+    writer.Put(static_cast<std::uint32_t>(picture.wearers.size()));
+    for (const std::size_t wearer : picture.wearers) {
+        writer.Put(static_cast<std::uint32_t>(wearer));
+    }
+}
+
+EmbeddedPicture GetPicture(ByteReader& reader, std::size_t materialCount)
+{
+    EmbeddedPicture picture;
+    const auto bytes = reader.GetAll<char>(reader.Get<std::uint32_t>());
+    picture.bytes = {bytes.data(), static_cast<qsizetype>(bytes.size())};
+    const auto wearers = reader.GetAll<std::uint32_t>(reader.GetCount(sizeof(std::uint32_t)));
+    picture.wearers.assign(wearers.begin(), wearers.end());
+    Require(
+        std::ranges::all_of(wearers, [&](std::uint32_t index) { return index < materialCount; }),
+        "a picture names a material that does not exist");
+    return picture;
+}
+
 }  // namespace
 
 QByteArray PackModel(const ImportedModel& model)
@@ -145,6 +176,7 @@ QByteArray PackModel(const ImportedModel& model)
     putList(model.materials);
     putList(model.meshes);
     putList(model.shapes);
+    putList(model.pictures);
     writer.Put(kEnd);
     return writer.Take();
 }
@@ -163,6 +195,9 @@ ImportedModel UnpackModel(std::span<const std::byte> bytes)
     }
     for (std::size_t left = reader.GetCount(kSmallestShape); left > 0; --left) {
         model.shapes.push_back(GetShape(reader, model.meshes.size()));
+    }
+    for (std::size_t left = reader.GetCount(kSmallestPicture); left > 0; --left) {
+        model.pictures.push_back(GetPicture(reader, model.materials.size()));
     }
     Require(reader.Get<std::uint32_t>() == kEnd && reader.AtEnd(), "the data is damaged");
     return model;

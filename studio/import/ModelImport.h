@@ -32,7 +32,8 @@ enum class ImportFailure {
 struct ImportOutcome {
     std::optional<ImportedModel> model;  ///< set exactly when there is no failure
     ImportFailure failure = ImportFailure::None;
-    QString message;  ///< names the file and the cause; empty on success
+    /// Names the file and the cause; on success what the model goes without, empty for nothing.
+    QString message;
 };
 
 /// The program that does the importing, given `--import-model <file> <output>`.
@@ -41,6 +42,8 @@ struct ImportProgram {
     std::chrono::milliseconds timeLimit = std::chrono::seconds(60);
     /// Asked again and again while one waits for materials; true gives up. It may handle events.
     std::function<bool()> cancelled = [] { return false; };
+    /// Where `Textures/` takes the pictures that are inside a model. Empty: it goes without them.
+    std::string pictureFolder = {};
 };
 
 /// Waits. Never throws, whatever the file or the importing process does.

@@ -1,39 +1,19 @@
 #include "studio/interchange/EmbeddedPictures.h"
 
 #include "studio/interchange/GltfSurface.h"
-#include "studio/libraries/LastingPicture.h"
 
-#include <QBuffer>
 #include <QCoreApplication>
-#include <QImageReader>
 
 namespace studio {
 namespace {
 
-/// "png" and the like, empty for what is no image. The file's own word for it does not count.
-QString SuffixOf(QByteArray bytes)
-{
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
-    return reader.canRead() ? QString::fromLatin1(reader.format()) : QString();
-}
-
-/// Fit for a file on any system.
-QString FileNameOf(const std::string& material, const QString& suffix)
-{
-    QString name;
-    for (const QChar letter : QString::fromStdString(material).left(60)) {
-        const bool plain = letter.isLetterOrNumber() || letter == u'-' || letter == u' ';
-        name += plain ? letter : u'_';
-    }
-    return name.trimmed() + u'.' + suffix;
-}
-
 void Take(const EmbeddedPicture& picture, ImportedMaterials& imported, const std::string& folder)
 {
-    const QString suffix = SuffixOf(picture.bytes);
-    if (suffix.isEmpty() || picture.wearers.empty() || folder.empty()) {
+    const bool isWanted = !picture.wearers.empty() && !folder.empty();
+    const std::string path =
+        isWanted ? KeepPicture(picture, imported.materials[picture.wearers.front()].name, folder)
+                 : std::string();
+    if (path.empty()) {
         for (const std::size_t wearer : picture.wearers) {
             MaterialNotes(imported.report, imported.materials[wearer].name)
                 .Dropped(kBaseImage,
@@ -44,8 +24,6 @@ void Take(const EmbeddedPicture& picture, ImportedMaterials& imported, const std
         }
         return;
     }
-    const std::string& owner = imported.materials[picture.wearers.front()].name;
-    const std::string path = StorePicture(picture.bytes, FileNameOf(owner, suffix), folder);
     for (const std::size_t wearer : picture.wearers) {
         NamedMaterial& named = imported.materials[wearer];
         named.material.Textures.primary = path;

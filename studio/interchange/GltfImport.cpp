@@ -1,3 +1,4 @@
+#include "studio/import/PicturesInside.h"
 #include "studio/import/ShapeNames.h"
 #include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/GltfMaterials.h"
@@ -9,7 +10,6 @@
 
 #include <QCoreApplication>
 
-#include <map>
 #include <set>
 
 namespace studio {
@@ -35,48 +35,6 @@ std::string NameOf(const aiMaterial& source, std::size_t number)
                         "Material " + std::to_string(number));
 }
 
-/// The pictures inside a file, each once.
-class PicturesInside {
-public:
-    PicturesInside(const aiScene& scene, ImportedMaterials& imported)
-        : m_scene(scene), m_imported(imported)
-    {
-    }
-
-    /// Takes the material's, if it has one.
-    void Take(const aiMaterial& source, std::size_t material)
-    {
-        const std::string name = BaseImageOf(source);
-        if (name.empty() || name.front() != '*') {
-            return;
-        }
-        const auto [known, isNew] = m_indexes.try_emplace(name, m_imported.pictures.size());
-        if (isNew) {
-            m_imported.pictures.push_back({BytesOf(name), {}});
-        }
-        m_imported.pictures[known->second].wearers.push_back(material);
-    }
-
-private:
-    /// Nothing of what is no image file, or too large.
-    QByteArray BytesOf(const std::string& name)
-    {
-        const aiTexture* texture = m_scene.GetEmbeddedTexture(name.c_str());
-        const bool isFile = texture != nullptr && texture->mHeight == 0;
-        const qsizetype size = isFile ? qsizetype{texture->mWidth} : 0;
-        if (size == 0 || size > m_left) {
-            return {};
-        }
-        m_left -= size;
-        return {reinterpret_cast<const char*>(texture->pcData), size};
-    }
-
-    const aiScene& m_scene;
-    ImportedMaterials& m_imported;
-    std::map<std::string, std::size_t> m_indexes;
-    qsizetype m_left = kMostPictureBytes;
-};
-
 }  // namespace
 
 ImportedMaterials ReadWornMaterials(const std::string& path)
@@ -88,7 +46,7 @@ ImportedMaterials ReadWornMaterials(const std::string& path)
     }
     const std::string folder = FolderOfDocument(path);
     ImportedMaterials imported;
-    PicturesInside pictures(*scene, imported);
+    PicturesInside pictures(*scene, imported.pictures, kMostPictureBytes);
     for (const unsigned int index : WornIn(*scene)) {
         if (index >= scene->mNumMaterials) {
             continue;
@@ -98,7 +56,9 @@ ImportedMaterials ReadWornMaterials(const std::string& path)
         const std::string name = NameOf(source, number + 1);
         imported.materials.push_back(
             {name, MaterialOfGltf(source, folder, MaterialNotes(imported.report, name))});
-        pictures.Take(source, number);
+        if (const std::string picture = BaseImageOf(source); picture.starts_with('*')) {
+            pictures.Take(picture, number);
+        }
     }
     return imported;
 }

@@ -73,7 +73,7 @@ public:
         NoteSurface();
         NoteAlpha();
         NoteGlow();
-        m_material.Textures.primary.clear();
+        m_material.Textures = {};
         TakeBaseImage();
         NoteIgnored();
         return m_material;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "studio/import/EmbeddedPicture.h"
 #include "studio/interchange/Report.h"
 #include "studio/libraries/MaterialText.h"
 
@@ -9,12 +10,6 @@
 #include <vector>
 
 namespace studio {
-
-/// An image that is inside the file, as it is there.
-struct EmbeddedPicture {
-    QByteArray bytes;
-    std::vector<std::size_t> wearers;  ///< indexes of the materials whose primary texture it is
-};
 
 struct ImportedMaterials {
     std::vector<NamedMaterial> materials;

@@ -1,6 +1,7 @@
 #include "studio/raytrace/RaytraceRun.h"
 
 #include "host/Status.h"
+#include "studio/TemporaryFolder.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
@@ -110,7 +111,7 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
 {
     m_kind = program.kind;
     const RaytracerRow& row = RowOf(m_kind);
-    m_folder.emplace(QDir::tempPath() + QStringLiteral("/corvex-render-XXXXXX"));
+    m_folder.emplace(TemporaryFolderFor(QStringLiteral("render")));
     if (!m_folder->isValid()) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                     tr("No folder for the picture can be made in %1: %2")

@@ -39,9 +39,13 @@ QByteArray PackedBox()
 
 TEST(ModelFile, BringsBackWhatWasPacked)
 {
-    const ImportedModel sent = studio::ReadModelFile(SCENE_TEST_DATA "/leaf.gltf");
+    ImportedModel sent = studio::ReadModelFile(SCENE_TEST_DATA "/leaf.gltf");
+    sent.pictures.push_back({"bytes", {0}});
     const ImportedModel got = Unpack(PackModel(sent));
     EXPECT_EQ(got.materials, sent.materials);
+    ASSERT_EQ(got.pictures.size(), 1U);
+    EXPECT_EQ(got.pictures[0].bytes, sent.pictures[0].bytes);
+    EXPECT_EQ(got.pictures[0].wearers, sent.pictures[0].wearers);
     ASSERT_EQ(got.shapes.size(), sent.shapes.size());
     EXPECT_EQ(got.shapes[0].name, sent.shapes[0].name);
     EXPECT_EQ(got.shapes[0].worldFromMesh, sent.shapes[0].worldFromMesh);

@@ -4,10 +4,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QSignalSpy>
+
+#include <unistd.h>
 
 namespace {
 
@@ -98,15 +102,64 @@ TEST(ModelImport, TexturesAreFoundBesideTheModelAndMissingOnesKeepTheirPath)
 {
     const Folder folder;
     const QString picture = folder.Write("bark.png", "a picture");
-    folder.Write("tree.mtl", "newmtl a\nmap_Kd C:\\old\\bark.png\n"
-                             "newmtl b\nmap_Kd away/gone.png\n");
+    folder.Write("tree.mtl", "newmtl a\nmap_Kd C:\\old\\bark.png\nmap_d bark.png\n"
+                             "newmtl b\nKs 1 1 1\nNs 50\nmap_Kd away/gone.png\nmap_d holes.png\n"
+                             "map_Ks shine.png\nmap_Bump relief.png\n");
     const QString model = folder.Write("tree.obj", "mtllib tree.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
                                                    "usemtl a\nf 1 2 3\nusemtl b\nf 3 2 1\n");
     const auto shapes = studio::ShapesOf(*ImportModelNow(model, Importer()).model);
     ASSERT_EQ(shapes.size(), 2U);
     EXPECT_EQ(shapes[0]->Material().Textures.primary, picture.toStdString());
-    EXPECT_EQ(shapes[1]->Material().Textures.primary,
-              QFileInfo(model).path().toStdString() + "/away/gone.png");
+    const std::string here = QFileInfo(model).path().toStdString();
+    const CorvexDB::TextureFiles& missing = shapes[1]->Material().Textures;
+    EXPECT_EQ(missing.primary, here + "/away/gone.png");
+    EXPECT_EQ(missing.alpha, here + "/holes.png");
+    EXPECT_EQ(missing.bump, here + "/relief.png");
+    EXPECT_EQ(missing.specular, here + "/shine.png");
+    EXPECT_EQ(shapes[0]->Material().Textures.alpha, "") << "the picture's own";
+}
+
+TEST(ModelImport, PicturesInsideAModelAreTakenOutAndMissedWithoutHarm)
+{
+    const Folder folder;
+    QFile sample(Data("leaf.gltf"));
+    ASSERT_TRUE(sample.open(QIODevice::ReadOnly));
+    QImage dot(1, 1, QImage::Format_RGB32);
+    dot.fill(Qt::red);
+    QByteArray png;
+    QBuffer buffer(&png);
+    ASSERT_TRUE(dot.save(&buffer, "PNG"));
+    const auto leafWith = [text = sample.readAll()](const QByteArray& picture) {
+        return QByteArray(text)
+            .replace("\"baseColorFactor\"",
+                     "\"baseColorTexture\":{\"index\":0},\"baseColorFactor\"")
+            .replace("\"accessors\"",
+                     "\"textures\":[{\"source\":0}],\"images\":[{\"uri\":\"data:image/png;base64," +
+                         picture.toBase64() + "\"}],\"accessors\"");
+    };
+    const QString red = folder.Write("red leaf.gltf", leafWith(png));
+    const QString damaged = folder.Write("damaged.gltf", leafWith("no picture"));
+    ImportProgram importer = Importer();
+    struct Row {
+        QString file;
+        QString pictureFolder;
+        QString picture;
+        bool remarks;
+    };
+    for (const auto& [file, pictureFolder, picture, remarks] : std::initializer_list<Row>{
+             {red, folder.PathOf("data"), folder.PathOf("data/Textures/red leaf.png"), false},
+             {red, folder.PathOf("data"), folder.PathOf("data/Textures/red leaf.png"), false},
+             {damaged, folder.PathOf("data"), {}, true},
+             {red, "/proc", {}, true}}) {
+        importer.pictureFolder = pictureFolder.toStdString();
+        const ImportOutcome outcome = ImportModelNow(file, importer);
+        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
+        EXPECT_EQ(!outcome.message.isEmpty(), remarks) << outcome.message.toStdString();
+        const std::string& texture =
+            studio::ShapesOf(*outcome.model)[0]->Material().Textures.primary;
+        EXPECT_EQ(texture, picture.toStdString());
+        EXPECT_EQ(QImage(picture).pixelColor(0, 0).isValid(), !picture.isEmpty());
+    }
 }
 
 struct BadFile {
@@ -171,6 +224,21 @@ TEST(ModelImport, WhateverTheImportingProcessDoesIsSurvived)
     }
     EXPECT_EQ(ImportModelNow(Data("box.obj"), {"/no/such/program", 5s}).failure,
               ImportFailure::NotStarted);
+}
+
+TEST(ModelImport, WhatKilledProcessesLeftIsRemoved)
+{
+    const Folder folder;
+    const QString own = QStringLiteral("corvex-import-%1-abcdef").arg(getpid());
+    const QString other = QStringLiteral("corvex-import-notes");
+    for (const QString& name : {QStringLiteral("corvex-import-999999999-abcdef"), own, other}) {
+        folder.Write(name + "/model", "");
+    }
+    qputenv("TMPDIR", folder.Path().toUtf8());
+    EXPECT_TRUE(ImportModelNow(Data("box.obj"), Importer()).model);
+    qunsetenv("TMPDIR");
+    EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+              QStringList({own, other}));
 }
 
 TEST(ModelImport, HangingImporterIsStoppedAtTheLimitAndByCancel)
