@@ -15,6 +15,7 @@
 #include "textures/TexturePage.h"
 
 #include <QAbstractButton>
+#include <QPointer>
 
 namespace CorvexMaterial {
 
@@ -213,10 +214,14 @@ void MaterialEditor::ResetDevices()
 
 void MaterialEditor::OpenPrimitiveDialog()
 {
-    frmPreviewPrimitiveDialog dialog(&m_widget);
-    dialog.exec();
-    if (dialog.SelectedPrimitive() >= 0) {
-        SetPreviewPrimitive(dialog.SelectedPrimitive());
+    const QPointer<frmPreviewPrimitiveDialog> dialog = new frmPreviewPrimitiveDialog(&m_widget);
+    dialog->exec();
+    if (!dialog) {
+        return;  // the host has closed the control, and this object with it
+    }
+    const std::unique_ptr<frmPreviewPrimitiveDialog> closed(dialog);
+    if (closed->SelectedPrimitive() >= 0) {
+        SetPreviewPrimitive(closed->SelectedPrimitive());
     }
     RenderMaterial();
 }
