@@ -1,6 +1,8 @@
 #include "tests/control/SampleMaterial.h"
 #include "tests/support/ControlRig.h"
 
+#include <QLabel>
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -124,6 +126,7 @@ TEST_F(Apply, ARecordWithAnImpossiblePositionIsRefusedWhole)
 
 TEST_F(Apply, SixPathsCanBeSetWithoutARefresh)
 {
+    rig.Tick("chkFlipU");  // shows the page of the primary layer
     EXPECT_EQ(rig.Control().SetTexturesAvoidStateChange("/p", "/a", "/o", "/b", "/s", "/e"),
               Status::Success);
     EXPECT_TRUE(
@@ -131,6 +134,7 @@ TEST_F(Apply, SixPathsCanBeSetWithoutARefresh)
     ApplyTo(shape, false);
     EXPECT_EQ(shape.Material().Textures,
               (CorvexDB::TextureFiles{"/p", "/o", "/a", "/b", "/s", "/e"}));
+    EXPECT_EQ(rig.Find<QLabel>("lblTextureFile").toolTip(), "/p");
 }
 
 }  // namespace

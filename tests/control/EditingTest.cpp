@@ -1,6 +1,6 @@
-#include "tests/support/ControlRig.h"
+#include "tests/control/FaultSteps.h"
 
-#include <QLocale>
+#include <QSlider>
 
 #include <gtest/gtest.h>
 
@@ -173,6 +173,7 @@ TEST_F(Editing, SectionResetsTouchTheirSectionOnlyAndRefreshOnce)
     rig.Press("chkAlphaIsTransparent");
     rig.Press("chkFlipU");
     Choose(rig.List("cboAlphaTest"), "Equal");
+    Choose(rig.List("cboTextureAlphaChannelUse"), "Ignore");
     rig.log.Clear();
 
     rig.Press("cmdMiscellaneousResetToDefaults");
@@ -181,6 +182,7 @@ TEST_F(Editing, SectionResetsTouchTheirSectionOnlyAndRefreshOnce)
     expected.AlphaIsTransparent = true;
     expected.WrapOrientationU = true;
     expected.AlphaTest = 2;
+    expected.TextureAlphaChannelUse = 1;
     EXPECT_EQ(rig.Previewed(), expected);
     EXPECT_EQ(RefreshSteps(rig).size(), 3U);
 
@@ -210,6 +212,30 @@ TEST_F(Editing, ResetMiscellaneousIsTheButtonAndDefaultMaterialTheWholeMaterial)
     EXPECT_EQ(rig.Previewed(), udtMaterial());
     EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewsphere.x");
     EXPECT_EQ(rig.Changes(), 1U);
+}
+
+TEST_F(Editing, PluginButtonsKeepAndBringBackItsValuesWithOneRefreshEach)
+{
+    OfferPluginAndField(rig);
+    rig.Find<QSlider>("sldParameter_0").setValue(7);
+    const std::vector<float> fresh(5, 1.0F);
+    std::vector<float> edited = fresh;
+    edited[0] = 7.0F;
+    EXPECT_EQ(rig.Previewed().PluginParameters, edited);
+    struct Row {
+        const char* button;
+        const std::vector<float>& values;
+        std::size_t writes;
+    };
+    const Row rows[] = {
+        {"cmdRemember", edited, 5}, {"cmdReset", fresh, 0}, {"cmdResetUser", edited, 0}};
+    for (const Row& row : rows) {
+        rig.log.Clear();
+        rig.Press(row.button);
+        EXPECT_EQ(rig.Previewed().PluginParameters, row.values) << row.button;
+        EXPECT_EQ(rig.log.CountOf("Store.Write"), row.writes) << row.button;
+        EXPECT_EQ(RefreshSteps(rig).size(), 3U) << row.button;
+    }
 }
 
 TEST_F(Editing, HostThatAnswersMaterialChangedByCallingBackIsNotTakenInCircles)

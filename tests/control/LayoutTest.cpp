@@ -79,6 +79,7 @@ TEST_F(Layout, OfferedHeightIsSharedInHalfToTexturesAndTheRestToMaterials)
 
 TEST_F(Layout, OfferedHeightOpensAllAndLocksUntilTheSavedLayoutReturns)
 {
+    rig.Control().put_bMaterialPanel(false);
     rig.Control().SetMaxStatus(20000);
     EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialPanel));
     EXPECT_TRUE(rig.Read(&IMaterial::get_bTexturePanel));

@@ -128,6 +128,10 @@ TEST_F(Preview, PickerShowsTheChosenPrimitiveAndOnlyRedrawsWithoutAChoice)
     EXPECT_EQ(rig.ShownMesh(), "previewtorus.x");
     EXPECT_EQ(rig.Changes(), 0U);
     EXPECT_EQ(rig.log.CountOf("Viewport.Draw"), 1U);
+
+    const DialogAnswer closing([this](QDialog&) { rig.Terminate(); });
+    rig.Find<QAbstractButton>("cmdPreviewPrimitive").click();
+    EXPECT_TRUE(closing.Given());
 }
 
 TEST_F(Preview, RenderMaterialNudgesTheShapeAndLeavesItWhereItWas)

@@ -77,6 +77,9 @@ public:
     {
         texts[attribute] = canonicalText;
         shown.emplace_back(attribute, canonicalText);
+        if (attribute == Attribute::Plugin) {
+            parameters = PluginParameterDefaults();
+        }
     }
 
     std::vector<std::string> PluginParameterTexts() override { return parameters; }

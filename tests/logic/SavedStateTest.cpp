@@ -65,10 +65,12 @@ TEST_F(SavedStateTest, RememberWritesEveryUserKeyInOrder)
 
 TEST_F(SavedStateTest, ResetToUserReadsItsKeysInOrderAndTheParametersOfTheStoredPlugin)
 {
-    store.values = {{"MaterialPlugin", "Marble"}, {"MaterialPluginParameter1", "x"}};
+    store.values = {{"MaterialPlugin", "Marble"},
+                    {"MaterialPluginParameter0", "0.750"},
+                    {"MaterialPluginParameter1", "x"}};
     state.ResetToUser(panel);
     EXPECT_EQ(store.reads, Words(kUserResetKeys));
-    EXPECT_THAT(panel.parameters, ElementsAre("0.5", "3"));
+    EXPECT_THAT(panel.parameters, ElementsAre("0.75", "3"));
     EXPECT_EQ(panel.texts[Attribute::TextureAlphaChannelUse], "0");
     EXPECT_EQ(panel.texts[Attribute::RayTraceBrilliance], "5");
 }

@@ -217,6 +217,7 @@ TEST_F(Channels, DeletingTheOverlayResetsItsTranslucency)
     EXPECT_EQ(rig.Page().File(TextureLayer::Bump), "");
     EXPECT_EQ(rig.Page().File(TextureLayer::Overlay), "/t/o.png");
     rig.Enter(3);
+    rig.Page().SetAlphaChannelUse(3);  // by program: no edit
     rig.Press("cmdDeleteTexture");
     EXPECT_EQ(rig.Page().OverlayTranslucencyText(), "50");
     EXPECT_EQ(rig.Page().File(TextureLayer::Overlay), "");
