@@ -40,8 +40,7 @@ void AdvancedPanel::FillAlphaTests()
     const int position = std::max(0, m_ui->cboAlphaTest->currentIndex());
     m_ui->cboAlphaTest->clear();
     for (const std::string_view name : kAlphaTestNames) {
-        m_ui->cboAlphaTest->addItem(
-            QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size())));
+        m_ui->cboAlphaTest->addItem(QString::fromUtf8(name));
     }
     m_ui->cboAlphaTest->setCurrentIndex(position);
     FollowAlphaTest();

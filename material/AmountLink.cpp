@@ -10,8 +10,7 @@ namespace CorvexMaterial {
 
 void StartAmount(AmountField& field, Attribute attribute)
 {
-    const std::string_view factory = FactoryText(attribute);
-    const QString text = QString::fromUtf8(factory.data(), static_cast<qsizetype>(factory.size()));
+    const QString text = QString::fromUtf8(FactoryText(attribute));
     field.SetFallback(text);
     field.setText(text);
 }

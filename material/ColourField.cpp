@@ -18,20 +18,15 @@ QIcon ColourIcon(Colour colour)
     return QIcon(pixmap);
 }
 
-QString ToText(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 }  // namespace
 
 ColourField::ColourField(const Widgets& widgets, QObject* parent)
     : QObject(parent), m_widgets(widgets)
 {
     for (const NamedColour& row : kNamedColours) {
-        m_widgets.list.addItem(ColourIcon(row.colour), ToText(row.name));
+        m_widgets.list.addItem(ColourIcon(row.colour), QString::fromUtf8(row.name));
     }
-    m_widgets.list.addItem(ToText(kCustomColourName));
+    m_widgets.list.addItem(QString::fromUtf8(kCustomColourName));
     Show(m_colour);
     connect(&m_widgets.list, &QComboBox::activated, this, &ColourField::EntryChosen);
     connect(&m_widgets.swatch, &QAbstractButton::clicked, this, &ColourField::DialogWanted);

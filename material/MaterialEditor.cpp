@@ -146,9 +146,8 @@ void MaterialEditor::RequestWarning(std::string_view text, std::string_view key)
 {
     m_trap("evtReqWarn", [&] {
         const std::string application = m_host.applicationState.SettingsApplicationName();
-        Q_EMIT WarningRequested(QString::fromStdString(application),
-                                QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
-                                QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size())));
+        Q_EMIT WarningRequested(QString::fromStdString(application), QString::fromUtf8(text),
+                                QString::fromUtf8(key));
     });
 }
 

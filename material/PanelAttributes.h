@@ -71,8 +71,8 @@ private:
     AttributePanel& m_panel;
     CorvexDB::cdtRayTraceMaterialAttributes m_rayTrace;
     std::int32_t m_previewPrimitive = 2;
-    std::string m_textureLibrary = "Gems.cvt";
-    std::string m_materialLibrary = "Gems.cvm";
+    std::string m_textureLibrary{FactoryText(Attribute::TextureLibrary)};
+    std::string m_materialLibrary{FactoryText(Attribute::MaterialLibrary)};
     std::array<Binding, kAttributeCount> m_bindings;
 };
 

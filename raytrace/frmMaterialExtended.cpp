@@ -21,16 +21,11 @@ namespace {
 constexpr int kQuickSide = 150;
 constexpr int kIdleMilliseconds = 200;
 
-QString CatalogueText(std::string_view name)
-{
-    return QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
-}
-
 template <typename Names>
 void FillList(QComboBox& list, const Names& names)
 {
     for (std::size_t i = 0; i < names.size(); ++i) {
-        list.insertItem(static_cast<int>(i), CatalogueText(names[i]));
+        list.insertItem(static_cast<int>(i), QString::fromUtf8(names[i]));
     }
 }
 
@@ -79,7 +74,7 @@ void frmMaterialExtended::FillLists()
 void frmMaterialExtended::ConnectAmounts()
 {
     for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
-        const QString name = CatalogueText(kRaytraceAmounts[i].slider);
+        const QString name = QString::fromUtf8(kRaytraceAmounts[i].slider);
         auto* slider = findChild<QSlider*>(name);
         auto* value = findChild<QLabel*>("lblValue" + name.mid(3));
         m_sliders[i] = {slider, value};

@@ -28,11 +28,6 @@ static_assert(kTabTitles.size() == kChannelTabCount);
 constexpr int kCustomFieldsTab = 8;
 constexpr int kPluginTab = 10;
 
-QString ToText(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 }  // namespace
 
 ChannelPanel::ChannelPanel(const Trap& trap, ChannelServices services, QWidget* parent)
@@ -146,7 +141,7 @@ void ChannelPanel::RaiseWarning(int tab)
     const auto warning =
         WarningOfTab(tab, m_services.host.graphics, m_services.host.applicationState);
     if (warning) {
-        Q_EMIT WarningRequested(ToText(warning->text), ToText(warning->key));
+        Q_EMIT WarningRequested(QString::fromUtf8(warning->text), QString::fromUtf8(warning->key));
     }
 }
 

@@ -13,15 +13,10 @@ namespace CorvexMaterial {
 
 namespace {
 
-QString LibraryText(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 /// With the extension, which the name keeps when it has it in whatever case.
 QString WithExtension(const QString& name, std::string_view extension)
 {
-    const QString suffix = u'.' + LibraryText(extension);
+    const QString suffix = u'.' + QString::fromUtf8(extension);
     return name.endsWith(suffix, Qt::CaseInsensitive) ? name : name + suffix;
 }
 
@@ -112,7 +107,7 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
     m_services.name = name;
     m_sinceSelected.invalidate();
     panel.ShowLibrary(name);
-    Q_EMIT StatusText(LibraryText(m_texts.loading));
+    Q_EMIT StatusText(QString::fromUtf8(m_texts.loading));
     panel.SetChangesEnabled(false);
     panel.Browser().Clear();
     CloseFile();
@@ -128,7 +123,7 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
     panel.ShowLibrary(name);
     panel.Browser().ShowItems(OpenFile(path).count);
     panel.SetChangesEnabled(true);
-    Q_EMIT StatusText(LibraryText(m_texts.loaded));
+    Q_EMIT StatusText(QString::fromUtf8(m_texts.loaded));
     return Outcome::Loaded;
 }
 
@@ -146,7 +141,7 @@ void LibraryFlow::Choose(const QString& entry)
 void LibraryFlow::ChooseFile()
 {
     const WarningRow& hint = RowOf(m_texts.newLibraryHint);
-    Q_EMIT WarningRequested(LibraryText(hint.text), LibraryText(hint.key));
+    Q_EMIT WarningRequested(QString::fromUtf8(hint.text), QString::fromUtf8(hint.key));
 
     const std::string folder = m_services.host.applicationState.LibraryFolder();
     const QFileInfo open(QString::fromStdString(PathOf(m_services.name, folder)));

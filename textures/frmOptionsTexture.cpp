@@ -27,8 +27,7 @@ frmOptionsTexture::frmOptionsTexture(QWidget* parent)
     m_fields = {m_ui->txtOriginLeft, m_ui->txtOriginTop, m_ui->txtScaleWidth, m_ui->txtScaleHeight};
     m_ui->lblMessage->hide();
     m_ui->lblTooTall->hide();
-    m_ui->lblTooTall->setText(
-        QString::fromUtf8(kTextureTooTall.data(), static_cast<qsizetype>(kTextureTooTall.size())));
+    m_ui->lblTooTall->setText(QString::fromUtf8(kTextureTooTall));
     ShowTexts(DefaultCrop());
     ConnectFields();
     ConnectPicture();

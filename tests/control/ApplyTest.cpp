@@ -2,6 +2,7 @@
 #include "tests/support/ControlRig.h"
 
 #include <QLabel>
+#include <QTabBar>
 
 #include <gtest/gtest.h>
 
@@ -127,6 +128,8 @@ TEST_F(Apply, ARecordWithAnImpossiblePositionIsRefusedWhole)
 TEST_F(Apply, SixPathsCanBeSetWithoutARefresh)
 {
     rig.Tick("chkFlipU");  // shows the page of the primary layer
+    const auto tabs = [&] { return rig.Find<QTabBar>("tabChannels").grab().toImage(); };
+    const QImage unused = tabs();
     EXPECT_EQ(rig.Control().SetTexturesAvoidStateChange("/p", "/a", "/o", "/b", "/s", "/e"),
               Status::Success);
     EXPECT_TRUE(
@@ -135,6 +138,7 @@ TEST_F(Apply, SixPathsCanBeSetWithoutARefresh)
     EXPECT_EQ(shape.Material().Textures,
               (CorvexDB::TextureFiles{"/p", "/o", "/a", "/b", "/s", "/e"}));
     EXPECT_EQ(rig.Find<QLabel>("lblTextureFile").toolTip(), "/p");
+    EXPECT_FALSE(tabs() == unused) << "used layers are marked";
 }
 
 }  // namespace
