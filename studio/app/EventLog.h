@@ -25,7 +25,7 @@ private:
 class EventLog : public CorvexDB::Diagnostics {
 public:
     /// Creates the folder when needed.
-    explicit EventLog(const QString& folder, qint64 limitBytes = 512 * 1024);
+    explicit EventLog(const QString& folder, qint64 limitBytes = qint64{512} * 1024);
 
     void RecordEvent(std::string_view text) override;
     void DebugTrace(std::string_view text) override;

@@ -5,6 +5,7 @@
 #include "studio/plugins/PluginCheck.h"
 
 #include <cstring>
+#include <utility>
 
 namespace studio {
 namespace {
@@ -50,8 +51,8 @@ QImage ImageOf(const std::vector<std::uint8_t>& bytes, int size, QImage::Format 
 
 }  // namespace
 
-CheckedPlugin::CheckedPlugin(const CorvexPlugin::MaterialPlugin& code, const QString& file)
-    : m_code(code), m_file(file)
+CheckedPlugin::CheckedPlugin(const CorvexPlugin::MaterialPlugin& code, QString file)
+    : m_code(code), m_file(std::move(file))
 {
     try {
         m_name = code.Name();

@@ -17,7 +17,7 @@ class CheckedPlugin : public CorvexDB::Plugin {
 public:
     /// Asks for name and parameters, once. The code outlives this object. Errors: InvalidArgument
     /// for a description that cannot be used, Failed for an exception.
-    CheckedPlugin(const CorvexPlugin::MaterialPlugin& code, const QString& file);
+    CheckedPlugin(const CorvexPlugin::MaterialPlugin& code, QString file);
 
     [[nodiscard]] const std::string& Name() const { return m_name; }
     [[nodiscard]] const QString& File() const { return m_file; }

@@ -32,7 +32,7 @@ public:
     struct Sizes {
         int preview = 256;  ///< pixels of a side, while values change; less for a slow plug-in
         int full = 1024;    ///< less where so many are visible that they would not fit
-        qsizetype bytes = 128 * 1024 * 1024;  ///< of pixels, kept in all
+        qsizetype bytes = qsizetype{128} * 1024 * 1024;  ///< of pixels, kept in all
     };
 
     /// Two views take turns, and each of them draws again for smooth edges.
