@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
+#include <utility>
 
 namespace {
 
@@ -14,6 +16,18 @@ using namespace CorvexTest;
 using CorvexDB::ApplyMode;
 using CorvexDB::udtMaterial;
 using CorvexMaterial::Status;
+
+/// Does something when it is asked next.
+class ActingPlugin : public CorvexDB::Plugin {
+public:
+    std::vector<CorvexDB::PluginParameter> GetParameters() override
+    {
+        std::exchange(act, [] {})();
+        return {};
+    }
+
+    std::function<void()> act = [] {};
+};
 
 class Apply : public ::testing::Test {
 protected:
@@ -80,6 +94,19 @@ TEST_F(Apply, GathersOncePerChangeHoweverManyShapesFollow)
     ApplyTo(shape, false);
     EXPECT_EQ(shape.Material().Color, 255);
     EXPECT_EQ(first->material.Color, CorvexMaterial::kWhite) << "a kept material must not change";
+}
+
+TEST_F(Apply, WhatAPluginChangesWhileItIsAskedIsNotLost)
+{
+    const auto plugin = std::make_shared<ActingPlugin>();
+    rig.host.plugins.records = {{nullptr, "None"}, {plugin, "Acting"}};
+    rig.Control().AddToPluginList("Acting");
+    Choose(rig.List("cboPlugin"), "Acting");
+    rig.Control().SetTexturesAvoidStateChange("/p", "", "", "", "", "");
+    plugin->act = [this] { rig.Control().put_lVBColor(255); };
+    ApplyTo(shape, false);
+    ApplyTo(shape, false);
+    EXPECT_EQ(shape.Material().Color, 255);
 }
 
 TEST_F(Apply, TickDecidesTheApplyModeAndFilesOnlyLeavesTheOtherTextureAttributes)
