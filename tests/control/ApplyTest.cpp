@@ -126,11 +126,13 @@ TEST_F(Apply, TickDecidesTheApplyModeAndFilesOnlyLeavesTheOtherTextureAttributes
     expected.OverlayTranslucency = 50.0F;
     EXPECT_EQ(shape.Material(), expected);
 
-    rig.Press("chkApplyRelative");
-    EXPECT_NE(rig.Tick("chkApplyRelative").checkState(), Qt::PartiallyChecked);
+    for (int press = 0; press < 3; ++press) {
+        rig.Press("chkApplyRelative");
+        EXPECT_NE(rig.Tick("chkApplyRelative").checkState(), Qt::PartiallyChecked);
+    }
 }
 
-TEST_F(Apply, ARecordWithAnImpossiblePositionIsRefusedWhole)
+TEST_F(Apply, ARecordWithAnImpossiblePositionOrNumberIsRefusedWhole)
 {
     const auto spoil = {
         +[](udtMaterial& material) { material.AlphaTest = 8; },
@@ -139,6 +141,10 @@ TEST_F(Apply, ARecordWithAnImpossiblePositionIsRefusedWhole)
         +[](udtMaterial& material) { material.Wrap = static_cast<CorvexDB::WrapType>(12); },
         +[](udtMaterial& material) { material.OverlayTranslucency = 1e20F; },
         +[](udtMaterial& material) { material.OverlayTranslucency = std::nanf(""); },
+        +[](udtMaterial& material) { material.TilesPerUnit = std::nanf(""); },
+        +[](udtMaterial& material) { material.Placement.scaleV = HUGE_VALF; },
+        +[](udtMaterial& material) { material.RayTrace.Roughness = std::nanf(""); },
+        +[](udtMaterial& material) { material.RayTrace.ColorPatternColor[3].blue = HUGE_VALF; },
     };
     for (const auto& change : spoil) {
         udtMaterial material = FullMaterial();

@@ -31,6 +31,12 @@ EditCase Amount(const char* field, std::int32_t udtMaterial::*member)
             [member](udtMaterial& material) { material.*member = 7; }};
 }
 
+EditCase Slid(const char* slider, std::int32_t udtMaterial::*member)
+{
+    return {slider, [slider](ControlRig& rig) { rig.Find<QSlider>(slider).setValue(7); },
+            [member](udtMaterial& material) { material.*member = 7; }};
+}
+
 EditCase Flag(const char* box, bool udtMaterial::*member)
 {
     return {box, [box](ControlRig& rig) { rig.Press(box); },
@@ -52,6 +58,10 @@ const EditCase kEdits[] = {
     Amount("txtSpecular", &udtMaterial::Specular),
     Amount("txtAmbient", &udtMaterial::Ambient),
     Amount("txtTransparency", &udtMaterial::Transparency),
+    Slid("sldEmissive", &udtMaterial::Emissive),
+    Slid("sldSpecular", &udtMaterial::Specular),
+    Slid("sldAmbient", &udtMaterial::Ambient),
+    Slid("sldTransparency", &udtMaterial::Transparency),
     {"txtTexture2Translucency",
      [](ControlRig& rig) { Type(rig.Field("txtTexture2Translucency"), "7"); },
      [](udtMaterial& material) { material.OverlayTranslucency = 7.0F; }},
@@ -94,7 +104,7 @@ TEST_P(Edit, AppliesDrawsAndTellsTheHostOnceInThisOrder)
     EXPECT_EQ(rig.Previewed(), expected);
     const auto steps = RefreshSteps(rig);
     ASSERT_EQ(steps.size(), 3U) << ::testing::PrintToString(steps);
-    EXPECT_EQ(steps[0].substr(0, 19), "Shape.ApplyMaterial");
+    EXPECT_EQ(steps[0], "Shape.ApplyMaterialWrapped");
     EXPECT_EQ(steps[1], "Viewport.Draw");
     EXPECT_EQ(steps[2], "Event.MaterialChanged");
     EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
@@ -110,11 +120,12 @@ protected:
     ControlRig rig;
 };
 
-TEST_F(Editing, EveryKeyOfATextIsAnEdit)
+TEST_F(Editing, EveryKeyOfATextIsAnEditThatTheSliderFollows)
 {
     Type(rig.Field("txtAmbient"), "125");
     EXPECT_EQ(rig.Changes(), 3U);
     EXPECT_EQ(rig.Previewed().Ambient, 125);
+    EXPECT_EQ(rig.Find<QSlider>("sldAmbient").value(), 100);
 }
 
 TEST_F(Editing, AmountThatIsNoNumberStaysAsTypedAndAppliesItsFactoryValue)
@@ -236,6 +247,11 @@ TEST_F(Editing, PluginButtonsKeepAndBringBackItsValuesWithOneRefreshEach)
         EXPECT_EQ(rig.log.CountOf("Store.Write"), row.writes) << row.button;
         EXPECT_EQ(RefreshSteps(rig).size(), 3U) << row.button;
     }
+    for (int clearing = 0; clearing < 2; ++clearing) {
+        EXPECT_EQ(rig.Control().ClearPluginList(), Status::Success);
+        EXPECT_EQ(rig.Changes(), 2U) << "a plug-in that was chosen leaves the material once";
+    }
+    EXPECT_EQ(rig.Previewed().Plugin, "");
 }
 
 TEST_F(Editing, HostThatAnswersMaterialChangedByCallingBackIsNotTakenInCircles)

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 
 namespace {
@@ -87,7 +88,7 @@ TEST_P(WritableProperty, ReadsBackReachesTheShapeAndSurvivesARestart)
 INSTANTIATE_TEST_SUITE_P(Control, WritableProperty, ::testing::ValuesIn(kProperties),
                          [](const auto& row) { return row.param.name; });
 
-TEST(Properties, AnUnknownEnumerationValueIsRefusedAndChangesNothing)
+TEST(Properties, AnUnknownEnumerationValueOrNoNumberIsRefusedAndChangesNothing)
 {
     ControlRig rig;
     rig.Start();
@@ -103,6 +104,17 @@ TEST(Properties, AnUnknownEnumerationValueIsRefusedAndChangesNothing)
                                         {&I::put_lRaytraceColorPatternType, 24}}) {
         EXPECT_EQ((control.*put)(-1), Status::InvalidArgument);
         EXPECT_EQ((control.*put)(listSize), Status::InvalidArgument);
+    }
+    for (const float value : {std::nanf(""), HUGE_VALF}) {
+        for (const auto put :
+             {&I::put_TextureTilesPerUnit, &I::put_TextureOriginU, &I::put_TextureOriginV,
+              &I::put_TextureScaleU, &I::put_TextureScaleV}) {
+            EXPECT_EQ((control.*put)(value), Status::InvalidArgument);
+        }
+        EXPECT_EQ(control.SetTextureCropping(value, 0, 1, 1), Status::InvalidArgument);
+        EXPECT_EQ(control.SetTextureCropping(0, value, 1, 1), Status::InvalidArgument);
+        EXPECT_EQ(control.SetTextureCropping(0, 0, value, 1), Status::InvalidArgument);
+        EXPECT_EQ(control.SetTextureCropping(0, 0, 1, value), Status::InvalidArgument);
     }
     EXPECT_EQ(rig.Changes(), 0U);
     EXPECT_EQ(control.put_lRaytraceColorPatternType(23), Status::Success);
