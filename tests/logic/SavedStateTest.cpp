@@ -45,16 +45,6 @@ TEST_F(SavedStateTest, LoadingAnEmptyStoreReadsEveryKeyInOrderAndShowsTheDefault
     EXPECT_THAT(store.writes, IsEmpty());
 }
 
-TEST_F(SavedStateTest, TerminateWritesEveryCurrentKeyInOrderAndFlushesOnce)
-{
-    FillPanel();
-    panel.texts[Attribute::Emissive] = "half";
-    state.SaveAtTerminate(panel);
-    EXPECT_EQ(store.writes, Words(kTerminateKeys));
-    EXPECT_TRUE(store.isFlushed);
-    EXPECT_EQ(store.values["MaterialEmissive"], "half");
-}
-
 TEST_F(SavedStateTest, RememberWritesEveryUserKeyInOrder)
 {
     FillPanel();
