@@ -82,7 +82,7 @@ Step FileSelected(const char* name)
 {
     return UserDoes(name, [name](ControlRig& rig) {
         rig.Control().put_TextureFileName("");
-        rig.platform.choosers.files = {"/textures/a.png"};
+        rig.platform.choosers.files = {"/textures/a.tif"};
         rig.Press(name);
     });
 }
@@ -161,6 +161,7 @@ void AddTextureActions(std::vector<Step>& steps)
     }
     steps.push_back(Chosen("cboTextureAlphaChannelUse"));
     steps.push_back(UserDoes("tabChannels", [](ControlRig& rig) {
+        rig.host.graphics.capable = false;
         auto& tabs = rig.Find<QTabBar>("tabChannels");
         for (int tab = 0; tab < tabs.count(); ++tab) {
             tabs.setCurrentIndex(tab);
@@ -170,8 +171,10 @@ void AddTextureActions(std::vector<Step>& steps)
 
 void AddPluginActions(std::vector<Step>& steps)
 {
-    steps.push_back(
-        UserDoes("cboPlugin", [](ControlRig& rig) { Choose(rig.List("cboPlugin"), "Marble"); }));
+    steps.push_back(UserDoes("cboPlugin", [](ControlRig& rig) {
+        Choose(rig.List("cboPlugin"), "None");
+        Choose(rig.List("cboPlugin"), "Marble");
+    }));
     for (const char* name : {"cmdRemember", "cmdReset", "cmdResetUser", "chkParameter_2"}) {
         steps.push_back(Pressed(name));
     }
@@ -204,13 +207,14 @@ void OfferPluginAndField(ControlRig& rig)
     using enum CorvexDB::ParameterKind;
     std::vector<CorvexDB::PluginParameter> parameters;
     for (const auto kind : {Slider, Number, Tick, List, PackedColour}) {
-        parameters.push_back({"Veins", kind, 0.0F, 10.0F, 0, {"Few", "Many"}, 0.0F, 1.0F});
+        parameters.push_back({"Veins", kind, 0.0F, 10.0F, 0, {"Few", "Many"}, 0.0F, 1.0F, 0, 1.0F});
     }
     rig.host.plugins.records = {{nullptr, "None"},
                                 {std::make_shared<RecordingPlugin>(rig.log, parameters), "Marble"}};
     rig.host.customFields.names = {"Supplier"};
     rig.platform.settings.PutTip("POVRayConfiguration", "0");
     rig.platform.settings.PutTip("Simulation Texture", "0");
+    rig.platform.settings.PutTip("MaterialTIF", "0");
     const auto create = [&rig](const std::string& path) {
         rig.platform.libraryFiles.paths.insert(path);
     };
@@ -228,7 +232,12 @@ std::vector<Step> Members()
         {"InitializeMaterialPreviewScene", &M::InitializeMaterialPreviewScene},
         {"LoadSavedStatus", &M::LoadSavedStatus},
         {"SaveStatus", &M::SaveStatus},
-        {"RenderMaterial", &M::RenderMaterial},
+        {"RenderMaterial",
+         [](M& m) {
+             m.put_bTexturePanel(true);
+             m.put_bMaterialLibraryPanel(true);
+             return m.RenderMaterial();
+         }},
         {"DefaultMaterial", &M::DefaultMaterial},
         {"ResetMiscellaneous", &M::ResetMiscellaneous},
         {"ResetDevices", &M::ResetDevices},
@@ -282,7 +291,10 @@ std::vector<Step> Properties()
     steps.push_back(Put("bTexturePanel", &I::put_bTexturePanel, true));
     steps.push_back(Put("bMaterialLibraryPanel", &I::put_bMaterialLibraryPanel, true));
     steps.push_back(Put("lVBColor", &I::put_lVBColor, 255));
-    steps.push_back(Put("lPreviewPrimitive", &I::put_lPreviewPrimitive, 3));
+    steps.push_back({"lPreviewPrimitive", [](ControlRig& rig) {
+                         const auto shown = rig.Read(&I::get_lPreviewPrimitive);
+                         return rig.Control().put_lPreviewPrimitive(shown == 3 ? 2 : 3);
+                     }});
     for (const auto put : {&I::put_TextureFileName, &I::put_TextureOverlayFileName,
                            &I::put_TextureBumpmapFileName, &I::put_TextureSpecularMapFileName,
                            &I::put_TextureEnvironmentMapFileName, &I::put_TextureAlphaFileName}) {
@@ -329,8 +341,11 @@ std::vector<Step> UserActions()
         steps.push_back(Typed(name));
     }
     steps.push_back(UserDoes("cmdPreviewPrimitive", [](ControlRig& rig) {
-        const DialogAnswer answer(
-            [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdPrimitive_1")); });
+        const bool isCone = rig.Read(&CorvexMaterial::IMaterial::get_lPreviewPrimitive) == 4;
+        const DialogAnswer answer([isCone](QDialog& dialog) {
+            Click(
+                *dialog.findChild<QAbstractButton*>(isCone ? "cmdPrimitive_1" : "cmdPrimitive_4"));
+        });
         rig.Press("cmdPreviewPrimitive");
     }));
     steps.push_back(UserDoes("dfvMaterialViewport", [](ControlRig& rig) {
