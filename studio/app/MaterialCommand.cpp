@@ -16,12 +16,24 @@ FieldSet FieldsOf(const std::vector<ShapeChange>& changes)
     return fields;
 }
 
+/// What the record does not hold is changed one at a time.
+QString NameOfChange(const FieldSet& fields, const std::vector<ShapeChange>& changes)
+{
+    const auto keepsCoordinates = [](const ShapeChange& change) {
+        return change.before.coordinates == change.after.coordinates;
+    };
+    if (fields.any()) {
+        return NameOf(fields);
+    }
+    return std::ranges::all_of(changes, keepsCoordinates) ? Tr("way of applying") : Tr("wrap");
+}
+
 QString TitleOf(const FieldSet& fields, const std::vector<ShapeChange>& changes)
 {
     const QString where = changes.size() == 1
                               ? QString::fromStdString(changes.front().shape->Name())
                               : Tr("%1 shapes").arg(static_cast<qulonglong>(changes.size()));
-    return Tr("Change %1 of %2").arg(NameOf(fields), where);
+    return Tr("Change %1 of %2").arg(NameOfChange(fields, changes), where);
 }
 
 }  // namespace

@@ -141,6 +141,7 @@ TEST_F(Editing, ChosenWrapReplacesTheCoordinatesOfTheMeshAlsoWhenItIsTheSame)
         EXPECT_EQ(rig.Shape(1)->Applied().coordinates, CoordinateMode::FromWrap) << button;
         rig.Press(button);
         ASSERT_EQ(History().count(), 1) << button;
+        EXPECT_TRUE(History().undoText().startsWith("Change wrap of "));
         History().undo();
         EXPECT_EQ(rig.Shape(1)->Material(), own.gathered->material);
         EXPECT_EQ(rig.Shape(1)->Applied().coordinates, CoordinateMode::FromMesh);
