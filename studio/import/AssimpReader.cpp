@@ -6,6 +6,7 @@
 #include "studio/import/PicturesInside.h"
 #include "studio/import/ShapeNames.h"
 #include "studio/import/UnitVector.h"
+#include "studio/import/VertexColours.h"
 
 #include <assimp/Importer.hpp>
 #include <assimp/postprocess.h>
@@ -130,6 +131,7 @@ ImportedModel ModelFrom(const aiScene& scene, const std::string& path)
 {
     ImportedModel model;
     AddMaterials(scene, path, model);
+    model.manyColours = TakeVertexColours(scene, model.materials);
     for (unsigned int index = 0; index < scene.mNumMeshes; ++index) {
         model.meshes.push_back(MeshFrom(*scene.mMeshes[index]));
     }

@@ -110,7 +110,7 @@ ImportOutcome ImportJob::Outcome(ImportFailure failure)
     try {
         if (outcome.failure == ImportFailure::None) {
             outcome.model = ReadOutput();
-            outcome.message = TakeOutPictures(*outcome.model);
+            outcome.message = Remark(*outcome.model);
         }
     } catch (const std::bad_alloc&) {
         outcome.failure = ImportFailure::OutOfMemory;
@@ -199,10 +199,22 @@ QString ImportJob::TakeOutPictures(ImportedModel& model) const
         }
     }
     model.pictures.clear();
-    return lost == 0 ? QString()
-                     : QCoreApplication::translate("studio::ModelImport",
-                                                   "%1 pictures inside the model cannot be read.")
-                           .arg(lost);
+    return lost == 0
+               ? QString()
+               : QCoreApplication::translate("studio::ModelImport",
+                                             "Pictures inside the model that cannot be read: %1.")
+                     .arg(lost);
+}
+
+QString ImportJob::Remark(ImportedModel& model) const
+{
+    QStringList remarks{TakeOutPictures(model)};
+    if (model.manyColours) {
+        remarks << QCoreApplication::translate(
+            "studio::ModelImport", "A surface has one colour: that of its vertices on average.");
+    }
+    remarks.removeAll(QString());
+    return remarks.join(u' ');
 }
 
 QString ImportJob::Message(ImportFailure failure) const

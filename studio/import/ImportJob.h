@@ -38,6 +38,8 @@ private:
     [[nodiscard]] ImportedModel ReadOutput() const;
     /// Returns what the model goes without.
     [[nodiscard]] QString TakeOutPictures(ImportedModel& model) const;
+    /// The same, whatever it is, after taking out the pictures.
+    [[nodiscard]] QString Remark(ImportedModel& model) const;
 
     QString m_file;
     QString m_program;

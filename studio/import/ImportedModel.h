@@ -34,6 +34,8 @@ struct ImportedModel {
     std::vector<ImportedShape> shapes;
     /// Their wearers have no path for them yet, or one that is missing.
     std::vector<EmbeddedPicture> pictures;
+    /// Vertices of one surface differ in colour; its material has their average.
+    bool manyColours = false;
 };
 
 /// A coordinate beyond this is taken for damage: squares of world distances still fit a float.

@@ -98,6 +98,31 @@ TEST(ModelImport, KeepsTheLookOfTheMaterials)
     EXPECT_EQ(leaf[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromWrap);
 }
 
+TEST(ModelImport, ColoursOfVerticesBecomeTheColourOfTheSurface)
+{
+    struct Row {
+        const char* last;  ///< the colour of the last of three vertices
+        CorvexMaterial::ColourBytes colour;
+        bool remarks;
+    };
+    const Folder folder;
+    for (const auto& [last, colour, remarks] : std::initializer_list<Row>{
+             {"200 100 0", {200, 100, 0}, false}, {"50 100 255", {150, 100, 85}, true}}) {
+        const QString file = folder.Write(
+            "scan.ply", QByteArray("ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\n"
+                                   "property float y\nproperty float z\nproperty uchar red\n"
+                                   "property uchar green\nproperty uchar blue\nelement face 1\n"
+                                   "property list uchar int vertex_indices\nend_header\n"
+                                   "0 0 0 200 100 0\n1 0 0 200 100 0\n0 1 0 ") +
+                            last + "\n3 0 1 2\n");
+        const ImportOutcome outcome = ImportModelNow(file, Importer());
+        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
+        EXPECT_EQ(studio::ShapesOf(*outcome.model)[0]->Material().Color,
+                  CorvexMaterial::MakeColour(colour));
+        EXPECT_EQ(!outcome.message.isEmpty(), remarks);
+    }
+}
+
 TEST(ModelImport, TexturesAreFoundBesideTheModelAndMissingOnesKeepTheirPath)
 {
     const Folder folder;
