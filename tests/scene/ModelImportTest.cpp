@@ -180,7 +180,7 @@ TEST(ModelImport, PicturesInsideAModelAreTakenOutAndMissedWithoutHarm)
         const ImportOutcome outcome = ImportModelNow(file, importer);
         ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
         EXPECT_EQ(!outcome.message.isEmpty(), remarks) << outcome.message.toStdString();
-        const std::string& texture =
+        const std::string texture =
             studio::ShapesOf(*outcome.model)[0]->Material().Textures.primary;
         EXPECT_EQ(texture, picture.toStdString());
         EXPECT_EQ(QImage(picture).pixelColor(0, 0).isValid(), !picture.isEmpty());
