@@ -84,12 +84,26 @@ void ChannelPanel::ConnectTextures()
     connect(m_textures, &TexturePage::FilesChanged, this, &ChannelPanel::MarkUsedTabs);
 }
 
+// The keyboard comes to it after the page above it, whenever that was made.
+void ChannelPanel::PutPopupLast()
+{
+    QWidget* last = m_ui->tabChannels;
+    for (QWidget* next = last->nextInFocusChain(); next != this && isAncestorOf(next);
+         next = next->nextInFocusChain()) {
+        last = next;
+    }
+    if (last != m_ui->cmdTexturePopup) {
+        setTabOrder(last, m_ui->cmdTexturePopup);
+    }
+}
+
 void ChannelPanel::SetPage(int tab, QWidget* page)
 {
     Q_ASSERT(m_pages.at(static_cast<std::size_t>(tab - 1)) == nullptr);
     page->setParent(m_ui->fraOption);
     m_ui->pages->addWidget(page);
     m_pages.at(static_cast<std::size_t>(tab - 1)) = page;
+    PutPopupLast();
     ShowPage(CurrentTab());
 }
 

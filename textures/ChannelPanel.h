@@ -64,6 +64,7 @@ private:
     void ConnectTabs();
     void ConnectTextures();
     void OnTabChanged();
+    void PutPopupLast();
     void ShowPage(int tab);
     void RaiseWarning(int tab);
     void MarkUsedTabs();

@@ -180,7 +180,11 @@ void CroppingPicture::paintEvent(QPaintEvent* /*event*/)
 void CroppingPicture::PaintImage(QPainter& painter) const
 {
     const QRect area = rect().adjusted(1, 1, -1, -1);
-    if (m_image.isNull() || m_image.hasAlphaChannel()) {
+    if (m_image.isNull()) {
+        painter.fillRect(area, palette().color(QPalette::Base));
+        return;
+    }
+    if (m_image.hasAlphaChannel()) {
         PaintCheckerboard(painter, area);
     }
     painter.setRenderHint(QPainter::SmoothPixmapTransform, m_fit.smooth);

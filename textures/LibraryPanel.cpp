@@ -132,7 +132,10 @@ void LibraryPanel::BuildRowButtons(const LibraryPanelKind& kind, QBoxLayout& col
     row->addWidget(m_more);
     // Above the browser, so that they stay under the pointer while rows come and go.
     column.insertLayout(column.count() - 1, row);
-    QWidget::setTabOrder(m_functions, m_less);
+    QWidget::setTabOrder(m_functions, companion != nullptr ? companion : m_less);
+    if (companion != nullptr) {
+        QWidget::setTabOrder(companion, m_less);
+    }
     QWidget::setTabOrder(m_less, m_more);
     QWidget::setTabOrder(m_more, m_browserWidget);
 }

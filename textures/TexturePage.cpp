@@ -61,6 +61,7 @@ void TexturePage::AddThumbnails()
         thumbnail->setAccessibleName(tr(kLayerTitles[static_cast<std::size_t>(row.layer)]));
         m_thumbnails[static_cast<std::size_t>(row.layer)] = thumbnail;
         m_ui->thumbnails->addWidget(thumbnail);
+        setTabOrder(this, thumbnail);
         connect(thumbnail, &QAbstractButton::clicked, this, &TexturePage::SelectPressed);
         connect(thumbnail, &TextureThumbnail::FileDropped, this, &TexturePage::FileDropped);
     }
@@ -141,6 +142,7 @@ void TexturePage::SetFile(TextureLayer layer, const std::string& file)
     Thumbnail(layer).SetFile(file);
     if (layer == m_shown) {
         ShowFileName();
+        UpdateEnabled();
     }
     Q_EMIT FilesChanged();
 }
@@ -283,8 +285,10 @@ void TexturePage::UpdateEnabled()
         Thumbnail(row.layer).setEnabled(m_layersEnabled && !locked);
     }
     const bool shownLocked = m_shown == TextureLayer::Primary && m_primaryLocked;
+    const bool nothingShown = m_shown && File(*m_shown).empty();
     m_ui->cmdSelectTexture->setEnabled(m_layersEnabled && !shownLocked);
-    m_ui->cmdDeleteTexture->setEnabled(m_layersEnabled && !shownLocked);
+    m_ui->cmdDeleteTexture->setEnabled(m_layersEnabled && !shownLocked && !nothingShown);
+    m_ui->cmdTexture->setEnabled(!nothingShown);
 }
 
 }  // namespace CorvexMaterial
