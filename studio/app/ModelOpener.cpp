@@ -41,6 +41,8 @@ void ModelOpener::Conclude(const ImportOutcome& outcome)
 {
     if (m_progress != nullptr) {
         m_progress->disconnect(&m_import);
+        // Its timer would show it over the box that tells of a refused file.
+        m_progress->reset();
         m_progress->hide();
         m_progress->deleteLater();
         m_progress = nullptr;
