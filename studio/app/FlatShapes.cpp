@@ -9,10 +9,18 @@ namespace {
 
 constexpr qreal kRadius = 3.0;
 constexpr qreal kTrackHeight = 4.0;
+constexpr qreal kRing = 2.0;
 
 bool InState(const QStyleOption& option, QStyle::StateFlag flag)
 {
     return option.state.testFlag(flag);
+}
+
+/// Reached by a key, not by a click.
+bool FocusedByKey(const QStyleOption& option)
+{
+    return InState(option, QStyle::State_HasFocus) &&
+           InState(option, QStyle::State_KeyboardFocusChange);
 }
 
 bool Hovered(const QStyleOption& option)
@@ -44,12 +52,24 @@ QColor ButtonFill(const QStyleOption& option)
     return Hovered(option) ? option.palette.color(QPalette::Light) : plain;
 }
 
-void DrawPlate(QPainter& painter, const QRect& rect, const QColor& fill, const QColor& edge)
+void DrawPlate(QPainter& painter, const QRect& rect, const QColor& fill, const QPen& edge)
 {
+    const qreal inset = edge.widthF() / 2.0;
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(edge);
     painter.setBrush(fill);
-    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    painter.drawRoundedRect(QRectF(rect).adjusted(inset, inset, -inset, -inset), kRadius, kRadius);
+}
+
+void DrawChevron(QPainter& painter, QPointF middle, qreal reach, const QColor& colour)
+{
+    const qreal height = std::abs(reach) / 2.0;
+    const qreal down = reach > 0 ? height : -height;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawPolyline(QPolygonF({middle + QPointF(-reach, -down), middle + QPointF(0, down),
+                                    middle + QPointF(reach, -down)}));
 }
 
 void DrawTick(QPainter& painter, const QRectF& box, const QColor& colour)
@@ -82,7 +102,8 @@ void DrawFlatButton(QPainter& painter, const QStyleOption& option, bool isDefaul
     const QColor edge = accented && InState(option, QStyle::State_Enabled)
                             ? Accent(option)
                             : option.palette.color(QPalette::Light);
-    DrawPlate(painter, option.rect, ButtonFill(option), edge);
+    DrawPlate(painter, option.rect, ButtonFill(option),
+              FocusedByKey(option) ? QPen(Accent(option), kRing) : QPen(edge));
 }
 
 void DrawFlatField(QPainter& painter, const QStyleOption& option)
@@ -92,24 +113,46 @@ void DrawFlatField(QPainter& painter, const QStyleOption& option)
     const QColor edge =
         active ? Accent(option)
                : option.palette.color(Hovered(option) ? QPalette::Light : QPalette::Midlight);
-    DrawPlate(painter, option.rect, option.palette.color(QPalette::Base), edge);
+    DrawPlate(painter, option.rect, option.palette.color(QPalette::Base), QPen(edge));
 }
 
 void DrawFlatCombo(QPainter& painter, const QStyleOption& option)
 {
     QStyleOption plate(option);
     plate.state.setFlag(QStyle::State_On, false);
-    const bool focused = InState(option, QStyle::State_HasFocus) &&
-                         InState(option, QStyle::State_KeyboardFocusChange);
-    DrawFlatButton(painter, plate, focused);
+    DrawFlatButton(painter, plate, false);
     const QPointF middle(option.direction == Qt::RightToLeft ? option.rect.left() + 11.0
                                                              : option.rect.right() - 10.0,
-                         option.rect.center().y() + 0.5);
-    painter.setPen(QPen(option.palette.color(QPalette::ButtonText), 1.4, Qt::SolidLine,
-                        Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(QPolygonF(
-        {middle + QPointF(-3.5, -1.5), middle + QPointF(0, 2), middle + QPointF(3.5, -1.5)}));
+                         option.rect.center().y() + 0.75);
+    DrawChevron(painter, middle, 3.5, option.palette.color(QPalette::ButtonText));
+}
+
+void DrawFlatSpin(QPainter& painter, const QStyleOptionSpinBox& option, const QRect& up,
+                  const QRect& down)
+{
+    DrawFlatField(painter, option);
+    struct Arrow {
+        QRect area;
+        QStyle::SubControl part;
+        QAbstractSpinBox::StepEnabledFlag step;
+        qreal reach;
+    };
+    const std::array arrows{
+        Arrow{up, QStyle::SC_SpinBoxUp, QAbstractSpinBox::StepUpEnabled, -2.5},
+        Arrow{down, QStyle::SC_SpinBoxDown, QAbstractSpinBox::StepDownEnabled, 2.5}};
+    for (const Arrow& arrow : arrows) {
+        const bool steps =
+            InState(option, QStyle::State_Enabled) && option.stepEnabled.testFlag(arrow.step);
+        const bool pointed = steps && option.activeSubControls == arrow.part;
+        if (pointed) {
+            const auto fill =
+                InState(option, QStyle::State_Sunken) ? QPalette::Mid : QPalette::Light;
+            painter.fillRect(arrow.area, option.palette.color(fill));
+        }
+        DrawChevron(painter, QRectF(arrow.area).center(), arrow.reach,
+                    option.palette.color(steps ? QPalette::Active : QPalette::Disabled,
+                                         QPalette::ButtonText));
+    }
 }
 
 void DrawFlatTab(QPainter& painter, const QStyleOptionTab& option)
@@ -139,7 +182,7 @@ void DrawFocusRing(QPainter& painter, const QStyleOption& option)
     if (!InState(option, QStyle::State_KeyboardFocusChange)) {
         return;
     }
-    DrawPlate(painter, option.rect, Qt::transparent, Accent(option));
+    DrawPlate(painter, option.rect, Qt::transparent, QPen(Accent(option), kRing));
 }
 
 void DrawTickBox(QPainter& painter, const QStyleOption& option)
@@ -200,9 +243,7 @@ void DrawFlatSlider(QPainter& painter, const QStyleOptionSlider& option, const Q
     painter.setBrush(Accent(option));
     painter.drawRoundedRect(filled, kTrackHeight / 2.0, kTrackHeight / 2.0);
 
-    const bool held = InState(option, QStyle::State_Sunken) ||
-                      (InState(option, QStyle::State_HasFocus) &&
-                       InState(option, QStyle::State_KeyboardFocusChange));
+    const bool held = InState(option, QStyle::State_Sunken) || FocusedByKey(option);
     const qreal radius = std::min(handle.width(), handle.height()) / 2.0 - 1.5;
     const QColor text = option.palette.color(QPalette::ButtonText);
     const QColor face = enabled ? text : text.darker(150);

@@ -4,6 +4,7 @@ class QPainter;
 class QStyleOption;
 class QStyleOptionComboBox;
 class QStyleOptionSlider;
+class QStyleOptionSpinBox;
 class QStyleOptionTab;
 class QRect;
 class QRectF;
@@ -16,6 +17,8 @@ namespace studio {
 void DrawFlatButton(QPainter& painter, const QStyleOption& option, bool isDefault);
 void DrawFlatField(QPainter& painter, const QStyleOption& option);
 void DrawFlatCombo(QPainter& painter, const QStyleOption& option);
+void DrawFlatSpin(QPainter& painter, const QStyleOptionSpinBox& option, const QRect& up,
+                  const QRect& down);
 void DrawFlatTab(QPainter& painter, const QStyleOptionTab& option);
 void DrawFocusRing(QPainter& painter, const QStyleOption& option);
 void DrawTickBox(QPainter& painter, const QStyleOption& option);

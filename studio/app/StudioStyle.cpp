@@ -79,6 +79,8 @@ void StudioStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
 {
     const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
     const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+    const auto* tool = qstyleoption_cast<const QStyleOptionToolButton*>(option);
     painter->save();
     if (control == CC_ComboBox && combo != nullptr && !combo->editable) {
         DrawFlatCombo(*painter, *combo);
@@ -89,6 +91,17 @@ void StudioStyle::drawComplexControl(ComplexControl control, const QStyleOptionC
         DrawFlatSlider(*painter, *slider,
                        subControlRect(CC_Slider, slider, SC_SliderGroove, widget),
                        subControlRect(CC_Slider, slider, SC_SliderHandle, widget));
+    } else if (control == CC_SpinBox && spin != nullptr) {
+        DrawFlatSpin(*painter, *spin, subControlRect(CC_SpinBox, spin, SC_SpinBoxUp, widget),
+                     subControlRect(CC_SpinBox, spin, SC_SpinBoxDown, widget));
+    } else if (control == CC_ToolButton && tool != nullptr) {
+        // Its own ring would lie inside the button, across the sign.
+        QStyleOptionToolButton plain(*tool);
+        plain.state.setFlag(State_HasFocus, false);
+        QProxyStyle::drawComplexControl(CC_ToolButton, &plain, painter, widget);
+        if (tool->state.testFlag(State_HasFocus)) {
+            DrawFocusRing(*painter, *tool);
+        }
     } else {
         QProxyStyle::drawComplexControl(control, option, painter, widget);
     }
@@ -104,6 +117,19 @@ QRect StudioStyle::subElementRect(SubElement element, const QStyleOption* option
     const bool framed = frame == nullptr || frame->lineWidth > 0;
     return element == SE_LineEditContents && framed ? rect.adjusted(kTextGap, 0, -kTextGap, 0)
                                                     : rect;
+}
+
+QRect StudioStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                  SubControl part, const QWidget* widget) const
+{
+    QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto* slider = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    const bool level = slider != nullptr && slider->orientation == Qt::Horizontal;
+    if (control == CC_Slider && level && part != SC_SliderTickmarks) {
+        // With ticks too its track lies level with the texts beside it.
+        rect.moveTop(option->rect.center().y() - rect.height() / 2);
+    }
+    return rect;
 }
 
 int StudioStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

@@ -71,6 +71,57 @@ void DrawCritical(QPainter& painter, const QPalette& palette)
     painter.drawLine(QPointF(10.4, 5.6), QPointF(5.6, 10.4));
 }
 
+void DrawArrow(QPainter& painter, const QPalette& palette, qreal degrees)
+{
+    Stroke(painter, palette.color(QPalette::ButtonText), 1.5);
+    painter.translate(8, 8);
+    painter.rotate(degrees);
+    painter.drawLine(QPointF(-4.5, 0), QPointF(4.5, 0));
+    painter.drawPolyline(QPolygonF({{-1, -3.8}, {-4.8, 0}, {-1, 3.8}}));
+}
+
+void DrawBack(QPainter& painter, const QPalette& palette)
+{
+    DrawArrow(painter, palette, 0);
+}
+
+void DrawForward(QPainter& painter, const QPalette& palette)
+{
+    DrawArrow(painter, palette, 180);
+}
+
+void DrawParent(QPainter& painter, const QPalette& palette)
+{
+    DrawArrow(painter, palette, 90);
+}
+
+void DrawNewFolder(QPainter& painter, const QPalette& palette)
+{
+    Stroke(painter, palette.color(QPalette::ButtonText), 1.3);
+    painter.drawPolyline(QPolygonF(
+        {{8, 12.5}, {1.8, 12.5}, {1.8, 3.5}, {6, 3.5}, {7.5, 5.2}, {14, 5.2}, {14, 7.2}}));
+    painter.drawLine(QPointF(12, 9.2), QPointF(12, 14.4));
+    painter.drawLine(QPointF(9.4, 11.8), QPointF(14.6, 11.8));
+}
+
+void DrawList(QPainter& painter, const QPalette& palette)
+{
+    Stroke(painter, palette.color(QPalette::ButtonText), 1.3);
+    for (const QPointF corner :
+         {QPointF(2.5, 2.5), QPointF(9.5, 2.5), QPointF(2.5, 9.5), QPointF(9.5, 9.5)}) {
+        painter.drawRect(QRectF(corner, QSizeF(4, 4)));
+    }
+}
+
+void DrawDetails(QPainter& painter, const QPalette& palette)
+{
+    Stroke(painter, palette.color(QPalette::ButtonText), 1.4);
+    for (const qreal y : {3.5, 8.0, 12.5}) {
+        painter.drawPoint(QPointF(2.5, y));
+        painter.drawLine(QPointF(5.5, y), QPointF(13.5, y));
+    }
+}
+
 struct SignRow {
     QStyle::StandardPixmap icon;
     void (*draw)(QPainter&, const QPalette&);
@@ -83,11 +134,16 @@ constexpr std::array kSigns{
     SignRow{QStyle::SP_MessageBoxQuestion, DrawQuestion},
     SignRow{QStyle::SP_MessageBoxWarning, DrawWarning},
     SignRow{QStyle::SP_MessageBoxCritical, DrawCritical},
+    SignRow{QStyle::SP_ArrowBack, DrawBack},
+    SignRow{QStyle::SP_ArrowForward, DrawForward},
+    SignRow{QStyle::SP_FileDialogToParent, DrawParent},
+    SignRow{QStyle::SP_FileDialogNewFolder, DrawNewFolder},
+    SignRow{QStyle::SP_FileDialogListView, DrawList},
+    SignRow{QStyle::SP_FileDialogDetailedView, DrawDetails},
 };
 
-QIcon DrawnSign(const SignRow& sign, const QPalette& palette)
+void AddSign(QIcon& icon, const SignRow& sign, const QPalette& palette, QIcon::Mode mode)
 {
-    QIcon icon;
     for (const int size : {kSignSide, 2 * kSignSide, 4 * kSignSide, 8 * kSignSide}) {
         QPixmap picture(size, size);
         picture.fill(Qt::transparent);
@@ -96,8 +152,17 @@ QIcon DrawnSign(const SignRow& sign, const QPalette& palette)
         painter.scale(static_cast<qreal>(size) / kSignSide, static_cast<qreal>(size) / kSignSide);
         sign.draw(painter, palette);
         painter.end();
-        icon.addPixmap(picture);
+        icon.addPixmap(picture, mode);
     }
+}
+
+QIcon DrawnSign(const SignRow& sign, QPalette palette)
+{
+    QIcon icon;
+    palette.setCurrentColorGroup(QPalette::Active);
+    AddSign(icon, sign, palette, QIcon::Normal);
+    palette.setCurrentColorGroup(QPalette::Disabled);
+    AddSign(icon, sign, palette, QIcon::Disabled);
     return icon;
 }
 

@@ -114,7 +114,6 @@ QWidget* LibraryDelegate::createEditor(QWidget* parent, const QStyleOptionViewIt
     editor->setFont(NameFont(option));
     editor->setMaxLength(kLongestName);
     editor->setAlignment(Qt::AlignHCenter);
-    editor->setFrame(false);
     return editor;
 }
 
@@ -126,7 +125,7 @@ void LibraryDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionVi
     const int available = editor->parentWidget()->width();
     const QPoint centre = area.center();
     area.setWidth(std::min(std::max(area.width(), kLeastEditorWidth), available));
-    area.setHeight(area.height() + 4);
+    area.setHeight(area.height() + 6);
     area.moveCenter(centre);
     area.moveLeft(std::clamp(area.left(), 0, std::max(available - area.width(), 0)));
     editor->setGeometry(area);

@@ -13,6 +13,9 @@ namespace studio {
 namespace {
 
 constexpr int kLeastColumnWidth = 58;
+// Where there is room, names have more of it than the pictures need.
+constexpr int kRoomyWidth = 400;
+constexpr int kRoomyColumnWidth = 86;
 
 }  // namespace
 
@@ -142,7 +145,8 @@ void LibraryView::resizeEvent(QResizeEvent* event)
 void LibraryView::ArrangeColumns()
 {
     const int width = std::max(viewport()->width() - 1, 1);
-    const int columns = std::max(width / kLeastColumnWidth, 1);
+    const int least = width < kRoomyWidth ? kLeastColumnWidth : kRoomyColumnWidth;
+    const int columns = std::max(width / least, 1);
     const QSize cell(width / columns, m_rowHeight);
     if (cell != gridSize()) {
         m_delegate.SetCell(cell);
