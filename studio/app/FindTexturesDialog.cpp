@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kMissing = 0;
 constexpr int kFound = 1;
+constexpr int kRowPadding = 8;
 
 void ShowPath(QTreeWidgetItem& row, int column, const std::string& path)
 {
@@ -32,10 +33,9 @@ FindTexturesDialog::FindTexturesDialog(const FoundTextures& found, const QString
     for (const TextureReplacement& replacement : found.replacements) {
         AddRow(replacement);
     }
+    m_ui->buttons->button(QDialogButtonBox::Ok)->setText(tr("&Replace"));
     OfferApply();
     connect(m_ui->textures, &QTreeWidget::itemChanged, this, &FindTexturesDialog::OfferApply);
-    connect(m_ui->buttons->button(QDialogButtonBox::Apply), &QPushButton::clicked, this,
-            &QDialog::accept);
 }
 
 FindTexturesDialog::~FindTexturesDialog() = default;
@@ -64,6 +64,8 @@ void FindTexturesDialog::AddRow(const TextureReplacement& replacement)
 {
     auto* row = new QTreeWidgetItem(m_ui->textures);
     ShowPath(*row, kMissing, replacement.missing);
+    row->setCheckState(kMissing, Qt::Unchecked);
+    row->setSizeHint(kMissing, {0, fontMetrics().height() + kRowPadding});
     if (replacement.found.empty()) {
         row->setText(kFound, tr("Not found"));
         row->setDisabled(true);
@@ -75,7 +77,7 @@ void FindTexturesDialog::AddRow(const TextureReplacement& replacement)
 
 void FindTexturesDialog::OfferApply()
 {
-    m_ui->buttons->button(QDialogButtonBox::Apply)->setEnabled(!Chosen().empty());
+    m_ui->buttons->button(QDialogButtonBox::Ok)->setEnabled(!Chosen().empty());
 }
 
 std::vector<TextureReplacement> FindTexturesDialog::Chosen() const

@@ -202,6 +202,7 @@ void MainWindow::StartPanel()
     const QString what = tr("The material panel did not start completely");
     if (firstStart) {
         ProvideFirstLibraries();
+        ProvideColours(m_host.Settings());
     }
     ListPlugins();
     Check(m_material->SetSceneDetails(m_host.SceneGraph()), what);
@@ -210,6 +211,7 @@ void MainWindow::StartPanel()
     ApplyColours();
     if (firstStart) {
         Check(m_material->put_bMaterialPanel(true), what);
+        Check(m_material->put_bMaterialLibraryPanel(true), what);
     }
 }
 

@@ -163,10 +163,12 @@ void MainWindow::ShowAbout()
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setWindowTitle(tr("About Corvex Studio"));
     box->setIconPixmap(StudioIcon().pixmap(64));
-    box->setText(tr("Corvex Studio %1").arg(QStringLiteral(CORVEX_VERSION)));
-    box->setInformativeText(
-        tr("A scene, a viewport and the material panel: a complete host for the "
-           "Corvex material editor."));
+    box->setTextFormat(Qt::RichText);
+    box->setText(tr("<p style='font-size:large'><b>Corvex Studio %1</b></p>"
+                    "<p>Materials for 3D models: edit, see them at once, render.<br>"
+                    "A complete host of the Corvex material panel.</p>"
+                    "<p>Qt %2 · MIT licence</p>")
+                     .arg(QStringLiteral(CORVEX_VERSION), QLatin1String(qVersion())));
     box->open();
 }
 

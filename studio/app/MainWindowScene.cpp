@@ -5,6 +5,7 @@
 #include "studio/app/StatusMessage.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
+#include "studio/app/TexturePaths.h"
 #include "studio/browser/LibraryDrag.h"
 #include "studio/browser/LibraryStep.h"
 #include "studio/libraries/NamedMaterials.h"
@@ -66,7 +67,13 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model, cons
     m_viewport->SetHomeCamera(m_scene.FramedBy(DefaultCamera()));
     m_host.Log().RecordEvent("Opened " + file.toStdString());
     const std::size_t count = m_scene.All().size();
-    m_misc->Show(count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count));
+    const QString shapes = count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count);
+    const std::size_t missing = MissingTexturePaths(m_scene.All()).size();
+    m_misc->Show(missing == 0 ? shapes
+                              : tr("%1. Textures that are missing: %2. File > Find Missing "
+                                   "Textures looks for them.")
+                                    .arg(shapes)
+                                    .arg(missing));
     if (!remark.isEmpty()) {
         m_host.Log().RecordEvent(remark.toStdString());
         m_misc->Show(remark);

@@ -53,6 +53,13 @@ StudioColours ReadColours(const StudioSettings& settings)
             settings.LibraryBackground(kBackgroundTextureKey, kGraphite)};
 }
 
+void ProvideColours(StudioSettings& settings)
+{
+    const StudioColours colours = ReadColours(settings);
+    settings.SetLibraryBackground(kBackgroundMaterialKey, colours.materialLibrary);
+    settings.SetLibraryBackground(kBackgroundTextureKey, colours.textureLibrary);
+}
+
 OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
     : QDialog(parent), m_settings(settings), m_ui(std::make_unique<Ui::OptionsDialog>()),
       m_colours(ReadColours(settings))

@@ -23,6 +23,8 @@ struct StudioColours {
 };
 
 [[nodiscard]] StudioColours ReadColours(const StudioSettings& settings);
+/// Stores the colours of the libraries, which the panel's dialogs look up for themselves.
+void ProvideColours(StudioSettings& settings);
 
 /// Edits the studio's own settings. Nothing is written unless the user accepts.
 class OptionsDialog : public QDialog {

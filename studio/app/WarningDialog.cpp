@@ -5,6 +5,16 @@
 #include <QStyle>
 
 namespace studio {
+namespace {
+
+// As the panel's own messages.
+constexpr int kLeastTextWidth = 340;
+constexpr int kMostTextWidth = 420;
+constexpr QMargins kEdge(16, 16, 16, 12);
+constexpr int kColumnGap = 12;
+constexpr int kRowGap = 14;
+
+}  // namespace
 
 WarningDialog::WarningDialog(const QString& warning, QWidget* parent)
     : QDialog(parent), m_continue(new QCheckBox(tr("Continue to receive this message"), this))
@@ -19,16 +29,20 @@ WarningDialog::WarningDialog(const QString& warning, QWidget* parent)
     auto* text = new QLabel(warning, this);
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
-    text->setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+    text->setMinimumWidth(kLeastTextWidth);
+    text->setMaximumWidth(kMostTextWidth);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
     auto* layout = new QGridLayout(this);
+    layout->setContentsMargins(kEdge);
+    layout->setHorizontalSpacing(kColumnGap);
+    layout->setVerticalSpacing(kRowGap);
     layout->setColumnStretch(1, 1);
     layout->addWidget(icon, 0, 0, Qt::AlignTop);
-    layout->addWidget(text, 0, 1);
-    layout->addWidget(m_continue, 1, 1);
-    layout->addWidget(buttons, 2, 0, 1, 2);
+    layout->addWidget(text, 0, 1, 1, 2);
+    layout->addWidget(m_continue, 1, 0, 1, 2);
+    layout->addWidget(buttons, 1, 2);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 

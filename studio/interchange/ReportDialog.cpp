@@ -18,7 +18,8 @@ ReportDialog::ReportDialog(const QString& title, const QString& summary, const R
     setWindowTitle(title);
     m_ui->summary->setText(summary);
     m_ui->rows->setModel(m_model);
-    m_ui->rows->verticalHeader()->setDefaultSectionSize(m_ui->rows->fontMetrics().height() + 6);
+    m_ui->rows->verticalHeader()->setDefaultSectionSize(m_ui->rows->fontMetrics().height() + 8);
+    m_ui->rows->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     const bool allKept = m_model->rowCount() == 0;
     connect(m_ui->showAll, &QCheckBox::toggled, m_model, &ReportModel::ShowMapped);
     m_ui->showAll->setChecked(allKept);

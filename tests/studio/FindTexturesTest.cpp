@@ -94,7 +94,7 @@ TEST_F(FindTextures, ApplyReplacesInAllShapesAsOneStep)
     Search();
     EXPECT_EQ(Row(0).toolTip(1).toStdString(), wood);
     EXPECT_TRUE(Row(2).isDisabled()) << "nothing was found for it";
-    CorvexTest::Click(Button(QDialogButtonBox::Apply));
+    CorvexTest::Click(Button(QDialogButtonBox::Ok));
 
     EXPECT_EQ(rig.Shape(0)->Material().Textures, (TextureFiles{wood, {}, {}, bump, {}, {}}));
     EXPECT_EQ(rig.Shape(2)->Material().Textures, (TextureFiles{bump, {}, {}, {}, {}, wood}));
@@ -116,7 +116,7 @@ TEST_F(FindTextures, OnlyTickedRowsAreReplaced)
     Give(0, {"/gone/a.png", "/gone/b.png", {}, {}, {}, {}});
     Search();
     Row(0).setCheckState(0, Qt::Unchecked);
-    CorvexTest::Click(Button(QDialogButtonBox::Apply));
+    CorvexTest::Click(Button(QDialogButtonBox::Ok));
     EXPECT_THAT(Missing(), ElementsAre("/gone/a.png"));
 }
 
@@ -124,16 +124,16 @@ TEST_F(FindTextures, NothingTickedOrFoundCannotBeApplied)
 {
     Give(0, {"/gone/a.png", {}, {}, {}, {}, {}});
     Search();
-    EXPECT_FALSE(Button(QDialogButtonBox::Apply).isEnabled());
+    EXPECT_FALSE(Button(QDialogButtonBox::Ok).isEnabled());
     EXPECT_TRUE(rig.Find<QLabel>("summary").text().startsWith("No missing texture was found"));
     Button(QDialogButtonBox::Cancel).click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
     MakePicture("a.png");
     Search();
-    EXPECT_TRUE(Button(QDialogButtonBox::Apply).isEnabled());
+    EXPECT_TRUE(Button(QDialogButtonBox::Ok).isEnabled());
     Row(0).setCheckState(0, Qt::Unchecked);
-    EXPECT_FALSE(Button(QDialogButtonBox::Apply).isEnabled());
+    EXPECT_FALSE(Button(QDialogButtonBox::Ok).isEnabled());
     Row(0).setCheckState(0, Qt::Checked);
     Button(QDialogButtonBox::Cancel).click();
     EXPECT_THAT(Missing(), ElementsAre("/gone/a.png"));

@@ -50,6 +50,7 @@ TEST(Restart, FirstStartOpensThePanelAndALaterOneKeepsTheUsersChoice)
     StudioRig rig;
     rig.Start();
     EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialPanel));
+    EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialLibraryPanel));
     rig.Window().Panel().put_bMaterialPanel(false);
     rig.Stop();
     rig.Start();
@@ -74,7 +75,7 @@ TEST(PanelLayoutCommands, SavedLayoutKeepsWhatIsBeingEdited)
     rig.Trigger("Saved Layout");
     EXPECT_TRUE(rig.Find<QWidget>("cmdMaterialLibraryMore").isEnabled());
 
-    EXPECT_FALSE(rig.Read(&IMaterial::get_bMaterialLibraryPanel));
+    EXPECT_FALSE(rig.Read(&IMaterial::get_bTexturePanel));
     EXPECT_EQ(rig.Read(&IMaterial::get_lPreviewPrimitive), 4);
     EXPECT_EQ(rig.Find<QComboBox>("cboColor").currentText(), "Bronze");
     EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Other.cvm");
