@@ -142,7 +142,6 @@ void TexturePage::SetFile(TextureLayer layer, const std::string& file)
     Thumbnail(layer).SetFile(file);
     if (layer == m_shown) {
         ShowFileName();
-        UpdateEnabled();
     }
     Q_EMIT FilesChanged();
 }
@@ -285,10 +284,8 @@ void TexturePage::UpdateEnabled()
         Thumbnail(row.layer).setEnabled(m_layersEnabled && !locked);
     }
     const bool shownLocked = m_shown == TextureLayer::Primary && m_primaryLocked;
-    const bool nothingShown = m_shown && File(*m_shown).empty();
     m_ui->cmdSelectTexture->setEnabled(m_layersEnabled && !shownLocked);
-    m_ui->cmdDeleteTexture->setEnabled(m_layersEnabled && !shownLocked && !nothingShown);
-    m_ui->cmdTexture->setEnabled(!nothingShown);
+    m_ui->cmdDeleteTexture->setEnabled(m_layersEnabled && !shownLocked);
 }
 
 }  // namespace CorvexMaterial

@@ -16,20 +16,18 @@ using CorvexMaterial::Status;
 
 using EnabledStates = std::map<QString, bool>;
 
-/// A library that could not be opened allows no changes until another one is; a layer without a
-/// texture has nothing to crop or delete.
-bool FollowsWhatIsShown(const QWidget& widget)
+/// A library that could not be opened allows no changes until another one is.
+bool ChangesOpenLibrary(const QWidget& widget)
 {
     const QString name = widget.objectName();
-    return name.endsWith("LibraryAdd") || name.endsWith("LibraryDelete") || name == "cmdTexture" ||
-           name == "cmdDeleteTexture";
+    return name.endsWith("LibraryAdd") || name.endsWith("LibraryDelete");
 }
 
 EnabledStates StatesOf(ControlRig& rig)
 {
     EnabledStates states;
     for (const QWidget* widget : rig.Control().findChildren<QWidget*>()) {
-        if (!widget->objectName().isEmpty() && !FollowsWhatIsShown(*widget)) {
+        if (!widget->objectName().isEmpty() && !ChangesOpenLibrary(*widget)) {
             states[widget->objectName()] = widget->isEnabled();
         }
     }
@@ -97,7 +95,6 @@ protected:
         if (rig.Find<QComboBox>("cboPlugin").currentText() != "Marble") {
             OfferPluginAndField(rig);
         }
-        rig.Control().put_TextureFileName("/textures/a.png");  // to be cropped or deleted
         rig.log.Clear();
         rig.platform.prompts.shown.clear();
     }

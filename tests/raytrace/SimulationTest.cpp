@@ -90,8 +90,8 @@ TEST_F(Simulation, OfAPatternBecomesThePrimaryTextureAndLocksItAlone)
     EXPECT_EQ(rig.platform.prompts.shown[0].text,
               "The primary texture is disabled because a raytracing material is active.");
     tabs.setCurrentIndex(2);
-    for (const char* name :
-         {"cmdSelectTexture", "imgTexture_1", "tabChannels", "txtAmbient", "txtSpecular"}) {
+    for (const char* name : {"cmdSelectTexture", "cmdDeleteTexture", "imgTexture_1", "tabChannels",
+                             "txtAmbient", "txtSpecular"}) {
         EXPECT_TRUE(Enabled(name)) << name;
     }
     CorvexDB::udtMaterial other;

@@ -121,8 +121,6 @@ TEST(CropCommand, StoresOnlyWhatWasAccepted)
     PanelRig rig;
     const TexturePlacement before{0.25F, 0.0F, 0.5F, 1.0F};
     rig.Page().SetPlacement(before);
-    EXPECT_FALSE(rig.Find("cmdTexture").isEnabled());
-    rig.Page().SetFile(TextureLayer::Primary, "/t/stone.png");
     const auto open = [&](const char* width, const char* button) {
         const DialogAnswer answer([&](QDialog& dialog) {
             EXPECT_EQ(dialog.findChild<QLineEdit*>("txtOriginLeft")->text(), "0.25");
