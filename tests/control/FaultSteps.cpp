@@ -10,6 +10,8 @@
 #include <QSlider>
 #include <QTabBar>
 
+#include <utility>
+
 namespace CorvexTest {
 namespace {
 
@@ -191,9 +193,18 @@ void AddPluginActions(std::vector<Step>& steps)
 void AddRaytraceActions(std::vector<Step>& steps)
 {
     steps.push_back(Pressed("cmdPreview"));
+    // Without a raytracer it offers the way to one.
+    steps.push_back(UserDoes("cmdPreview", [](ControlRig& rig) {
+        std::string& program = rig.host.applicationState.povRayProgram;
+        const std::string installed = std::exchange(program, {});
+        rig.platform.prompts.answers = {true};
+        rig.Press("cmdPreview");
+        program = installed;
+    }));
     steps.push_back(UserDoes("cmdMaterialExtended", [](ControlRig& rig) {
         const DialogAnswer answer([](QDialog& dialog) {
-            Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+            auto& patterns = *dialog.findChild<QComboBox*>("cboColorPattern");
+            Choose(patterns, patterns.itemText(patterns.currentIndex() == 1 ? 2 : 1));
             Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
         });
         rig.Press("cmdMaterialExtended");
