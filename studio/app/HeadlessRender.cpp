@@ -21,7 +21,8 @@
 namespace studio {
 namespace {
 
-StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFolder)
+StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFolder,
+                                  const Remark& remark)
 {
     ImportProgram importer;
     importer.pictureFolder = pictureFolder.toStdString();
@@ -29,6 +30,9 @@ StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFol
     if (!outcome.model) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                     outcome.message.toStdString());
+    }
+    if (!outcome.message.isEmpty()) {
+        remark(outcome.message);
     }
     return ShapesOf(*outcome.model);
 }
@@ -64,10 +68,11 @@ RaytraceImages::Lookup LookupIn(RenderService& rendering)
 
 /// The job's shapes in view, with what a raytracer has to know of them. Pictures inside a model go
 /// into the folder.
-RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& pictureFolder)
+RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& pictureFolder,
+                      const Remark& remark)
 {
     scene.SetShapes(job.model.isEmpty() ? PrimitiveShapes(job.primitive)
-                                        : ShapesOfModel(job.model, pictureFolder));
+                                        : ShapesOfModel(job.model, pictureFolder, remark));
     for (const auto& shape : scene.All()) {
         Assign(*shape, job.assignments);
     }
@@ -105,34 +110,34 @@ QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
     return picture;
 }
 
-QImage Draw(const RenderJob& job)
+QImage Draw(const RenderJob& job, const Remark& remark)
 {
     StudioScene scene;
     const QTemporaryDir pictures(TemporaryFolderFor(QStringLiteral("pictures")));
-    RaytraceScene all = SceneOf(job, scene, pictures.path());
+    RaytraceScene all = SceneOf(job, scene, pictures.path(), remark);
     RenderService rendering;
     return job.raytrace ? Raytraced(all, rendering) : rendering.DrawNow(std::move(all.frame));
 }
 
 }  // namespace
 
-std::optional<QString> DrawPicture(const RenderJob& job)
+std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark)
 {
     try {
-        SavePicture(Draw(job), job.output, PictureTypeOf(job.output));
+        SavePicture(Draw(job, remark), job.output, PictureTypeOf(job.output));
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());
     }
 }
 
-std::optional<QString> ExportPicture(const RenderJob& job)
+std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark)
 {
     try {
         StudioScene scene;
         RenderService rendering;
         const QString folder = QFileInfo(job.output).absolutePath();
-        WriteRaytraceScene(job.output, SceneOf(job, scene, folder), LookupIn(rendering),
+        WriteRaytraceScene(job.output, SceneOf(job, scene, folder, remark), LookupIn(rendering),
                            ImagesBeside(job.output));
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {

@@ -21,12 +21,17 @@ void Print(std::FILE* stream, const QString& text)
     std::fputs(text.toLocal8Bit().constData(), stream);
 }
 
+void Tell(const QString& text)
+{
+    Print(stderr, QStringLiteral("corvex-studio: %1\n").arg(text));
+}
+
 ExitCode Conclude(const std::optional<QString>& failure)
 {
     if (!failure) {
         return ExitCode::Done;
     }
-    Print(stderr, QStringLiteral("corvex-studio: %1\n").arg(*failure));
+    Tell(*failure);
     return ExitCode::Failed;
 }
 
@@ -76,11 +81,12 @@ ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
     ApplyTheme(application);
     switch (line.action) {
     case Action::Render:
-        return Conclude(DrawPicture(line.render));
+        return Conclude(DrawPicture(line.render, Tell));
     case Action::Export:
-        return Conclude(ExportPicture(line.render));
+        return Conclude(ExportPicture(line.render, Tell));
     case Action::Library:
-        return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done : ExitCode::Failed;
+        return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done
+                                                                 : ExitCode::Failed;
     case Action::RecordTour:
         return Conclude(RecordTour({line.tourFolder, line.tourChapter, line.model}));
     default:

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace studio {
 
@@ -182,15 +183,16 @@ ImportedModel ImportJob::ReadOutput() const
 QString ImportJob::TakeOutPictures(ImportedModel& model) const
 {
     const std::string base = QFileInfo(m_file).completeBaseName().toStdString();
+    const std::vector<EmbeddedPicture> pictures = std::exchange(model.pictures, {});
     std::size_t lost = 0;
-    for (std::size_t i = 0; i < model.pictures.size(); ++i) {
+    for (std::size_t i = 0; i < pictures.size(); ++i) {
         const std::string owner = i == 0 ? base : base + ' ' + std::to_string(i + 1);
         try {
             const std::string path = m_pictureFolder.empty()
                                          ? std::string()
-                                         : KeepPicture(model.pictures[i], owner, m_pictureFolder);
+                                         : KeepPicture(pictures[i], owner, m_pictureFolder);
             lost += path.empty() ? 1 : 0;
-            for (const std::size_t wearer : model.pictures[i].wearers) {
+            for (const std::size_t wearer : pictures[i].wearers) {
                 std::string& texture = model.materials[wearer].Textures.primary;
                 texture = path.empty() ? texture : path;
             }
@@ -198,7 +200,6 @@ QString ImportJob::TakeOutPictures(ImportedModel& model) const
             return QString::fromUtf8(error.what());
         }
     }
-    model.pictures.clear();
     return lost == 0
                ? QString()
                : QCoreApplication::translate("studio::ModelImport",

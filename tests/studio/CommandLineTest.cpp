@@ -61,10 +61,12 @@ protected:
         const Outcome run =
             Studio(QStringList{"render", "--size", "160x120", "--out", file} + what);
         EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+        errors = run.errors;
         return QImage(file);
     }
 
     QTemporaryDir folder;
+    QString errors;  ///< what the last picture came with
 };
 
 TEST_F(Rendering, MaterialAssignmentsReachThePicture)
@@ -82,10 +84,21 @@ TEST_F(Rendering, MaterialAssignmentsReachThePicture)
         << "every fragment fails the test: only the backdrop is left";
 }
 
-TEST_F(Rendering, AModelIsSeen)
+TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
 {
     const QImage picture = Draw({MODEL_FOLDER "/still-life.obj"});
     EXPECT_NE(picture.pixelColor(80, 75), picture.pixelColor(5, 75));
+    EXPECT_FALSE(errors.contains("corvex-studio:")) << errors.toStdString();
+
+    QFile file(folder.filePath("coloured.ply"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
+               "property float z\nproperty uchar red\nproperty uchar green\nproperty uchar blue\n"
+               "element face 1\nproperty list uchar int vertex_indices\nend_header\n"
+               "0 0 0 255 0 0\n1 0 0 0 255 0\n0 1 0 0 0 255\n3 0 1 2\n");
+    file.close();
+    Draw({file.fileName()});
+    EXPECT_TRUE(errors.contains("corvex-studio: A surface has one colour")) << errors.toStdString();
 }
 
 TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
