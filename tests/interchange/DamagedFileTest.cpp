@@ -1,10 +1,9 @@
 #include "host/Status.h"
 #include "tests/interchange/Exchange.h"
-#include "tests/interchange/fuzz/FuzzEntry.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QFile>
 
 #include <random>
@@ -15,51 +14,34 @@ using CorvexMaterial::Error;
 using CorvexMaterial::Status;
 using CorvexTest::Import;
 
-QByteArray ContentOf(const QString& path)
+/// Cut, with other bytes, and with a piece of it where it does not belong.
+QByteArray Damaged(QByteArray bytes, std::mt19937& dice)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The same on every system, which the distributions of the library are not.
-class Dice {
-public:
-    qsizetype Below(qsizetype limit)
-    {
-        return static_cast<qsizetype>(m_engine() % static_cast<std::uint32_t>(limit));
-    }
-
-    /// Cut, with other bytes, and with a piece of it where it does not belong.
-    QByteArray Damaged(QByteArray bytes)
-    {
-        for (qsizetype changes = 1 + Below(6); changes > 0 && !bytes.isEmpty(); --changes) {
-            const qsizetype at = Below(bytes.size());
-            switch (Below(4)) {
-            case 0:
-                bytes.truncate(at);
-                break;
-            case 1:
-                bytes.insert(Below(bytes.size()), bytes.mid(at, Below(200)));
-                break;
-            default:
-                bytes[at] = static_cast<char>(Below(256));
-            }
+    // The same on every system, which the distributions of the library are not.
+    const auto below = [&](qsizetype limit) {
+        return static_cast<qsizetype>(dice() % static_cast<std::uint32_t>(limit));
+    };
+    for (qsizetype changes = 1 + below(6); changes > 0 && !bytes.isEmpty(); --changes) {
+        const qsizetype at = below(bytes.size());
+        switch (below(4)) {
+        case 0:
+            bytes.truncate(at);
+            break;
+        case 1:
+            bytes.insert(below(bytes.size()), bytes.mid(at, below(200)));
+            break;
+        default:
+            bytes[at] = static_cast<char>(below(256));
         }
-        return bytes;
     }
-
-private:
-    std::mt19937 m_engine{20261124};
-};
+    return bytes;
+}
 
 class DamagedMaterials : public testing::Test {
 protected:
-    std::string Write(const char* name, const QByteArray& bytes)
+    std::string Write(const char* name, const QByteArray& bytes) const
     {
-        QFile file(m_folder.filePath(QLatin1String(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return file.fileName().toStdString();
+        return m_folder.Write(name, bytes).toStdString();
     }
 
     /// The message, which names the file.
@@ -77,33 +59,16 @@ protected:
         return {};
     }
 
-    QTemporaryDir m_folder;
-    Dice m_dice;
+    CorvexTest::SampleFolder m_folder;
 };
-
-TEST_F(DamagedMaterials, GiveUsableMaterialsOrNone)
-{
-    constexpr int kRuns = 400;
-    for (const QFileInfo& sample : QDir(INTERCHANGE_TEST_FILES).entryInfoList(QDir::Files)) {
-        for (const FuzzTarget& target : kFuzzTargets) {
-            if (sample.suffix().toStdString() != target.name) {
-                continue;
-            }
-            const QByteArray good = ContentOf(sample.filePath());
-            for (int run = 0; run < kRuns; ++run) {
-                const QByteArray bytes = m_dice.Damaged(good);
-                target.entry(std::as_bytes(
-                    std::span(bytes.constData(), static_cast<std::size_t>(bytes.size()))));
-            }
-        }
-    }
-}
 
 TEST_F(DamagedMaterials, GltfCostsNoMoreThanAMessage)
 {
-    const QByteArray good = ContentOf(QString::fromStdString(CorvexTest::SampleFile("worn.gltf")));
+    const QByteArray good =
+        CorvexTest::ContentOf(QString::fromStdString(CorvexTest::SampleFile("worn.gltf")));
+    std::mt19937 dice(20261124);
     for (int run = 0; run < 12; ++run) {
-        const std::string path = Write("damaged.gltf", m_dice.Damaged(good));
+        const std::string path = Write("damaged.gltf", Damaged(good, dice));
         try {
             EXPECT_FALSE(Import(path).materials.empty());
         } catch (const Error& error) {
@@ -111,7 +76,7 @@ TEST_F(DamagedMaterials, GltfCostsNoMoreThanAMessage)
         }
     }
     for (const char* script : {"#!/bin/sh\nkill -SEGV $$\n", "#!/bin/sh\nexec sleep 60\n"}) {
-        studio::ImportProgram program{m_folder.filePath("importer"), std::chrono::seconds(60)};
+        studio::ImportProgram program{m_folder.PathOf("importer"), std::chrono::seconds(60)};
         program.cancelled = [asked = 0]() mutable { return ++asked > 3; };
         QFile::remove(program.path);
         Write("importer", script);
@@ -141,7 +106,7 @@ TEST_F(DamagedMaterials, AreRefusedWithTheirCause)
          "document type");
     says("deep.mtlx", QByteArray("<materialx>").repeated(1000), "nested too deep");
     says("text.gltf", "no model", "text.gltf");
-    EXPECT_THROW(static_cast<void>(Import(m_folder.filePath("missing.mtl").toStdString())), Error);
+    EXPECT_THROW(static_cast<void>(Import(m_folder.PathOf("missing.mtl").toStdString())), Error);
 }
 
 TEST_F(DamagedMaterials, BranchedGraphsEndInTime)

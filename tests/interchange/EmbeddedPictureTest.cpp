@@ -1,4 +1,5 @@
 #include "tests/interchange/Exchange.h"
+#include "tests/support/SampleFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -20,8 +21,7 @@ using CorvexTest::SampleFile;
 
 QByteArray ContentOf(const std::string& path)
 {
-    QFile file(QString::fromStdString(path));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return CorvexTest::ContentOf(QString::fromStdString(path));
 }
 
 QByteArray Number(qsizetype number)

@@ -22,6 +22,8 @@ SettingAddress At(const std::string& key, const std::string& section = "Applicat
     return {kApplication, section, key};
 }
 
+using CorvexTest::ContentOf;
+
 class SettingsStoreTest : public testing::Test {
 protected:
     SettingsStoreTest() { qputenv("XDG_CONFIG_HOME", m_home.Path().toLocal8Bit()); }
@@ -30,12 +32,6 @@ protected:
     [[nodiscard]] QString File() const { return Folder() + "/Some Host.ini"; }
 
     void PutFile(const QByteArray& content) const { m_home.Write("Corvex/Some Host.ini", content); }
-
-    static QByteArray ContentOf(const QString& path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
     static std::optional<std::string> ReadAfresh(const SettingAddress& address)
     {

@@ -33,4 +33,10 @@ QString SampleFolder::Save(const QString& name, const QColor& colour, QSize size
     return Save(name, image);
 }
 
+QByteArray ContentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 }  // namespace CorvexTest

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QColor>
 #include <QSize>
 #include <QTemporaryDir>
@@ -22,5 +23,8 @@ public:
 private:
     QTemporaryDir m_folder;
 };
+
+/// Nothing of a file that cannot be read.
+QByteArray ContentOf(const QString& path);
 
 }  // namespace CorvexTest
