@@ -1,6 +1,7 @@
 #include "studio/libraries/Database.h"
 
 #include "studio/libraries/LibraryError.h"
+#include "studio/libraries/LibraryVfs.h"
 
 #include <sqlite3.h>
 
@@ -23,7 +24,18 @@ struct SqliteCause {
     const char* text;
 };
 
+// The special before the general.
+constexpr std::array kJournalCauses{
+    SqliteCause{kJournalIsNoFile, "is not a plain file of its own; move it away and try again"},
+    SqliteCause{kJournalIsForeign,
+                "is none that the studio wrote and may name other files to be deleted; neither was "
+                "touched. Without it the library can be opened"},
+};
+
 constexpr std::array kSqliteCauses{
+    SqliteCause{SQLITE_READONLY_DBMOVED,
+                "the file was moved, replaced or deleted meanwhile; choose it again"},
+    SqliteCause{SQLITE_CANTOPEN_SYMLINK, "it is a symbolic link; choose the file that it leads to"},
     SqliteCause{SQLITE_CORRUPT, "the file is damaged"},
     SqliteCause{SQLITE_NOTADB, "the file is damaged or not a library"},
     SqliteCause{SQLITE_FULL, "the disk is full; the library is as it was"},
@@ -34,14 +46,22 @@ constexpr std::array kSqliteCauses{
     SqliteCause{SQLITE_TOOBIG, "an entry is larger than 16 MB"},
 };
 
+std::string PathOf(sqlite3* handle)
+{
+    const char* path = sqlite3_db_filename(handle, "main");
+    return path == nullptr ? "" : path;
+}
+
 std::string SqliteCauseOf(sqlite3* handle)
 {
-    if (sqlite3_extended_errcode(handle) == SQLITE_READONLY_DBMOVED) {
-        return "the file was moved, replaced or deleted meanwhile; choose it again";
-    }
-    const int code = sqlite3_errcode(handle) & 0xFF;
-    for (const SqliteCause& cause : kSqliteCauses) {
+    const int code = sqlite3_extended_errcode(handle);
+    for (const SqliteCause& cause : kJournalCauses) {
         if (cause.code == code) {
+            return "the journal beside it, '" + PathOf(handle) + "-journal', " + cause.text;
+        }
+    }
+    for (const SqliteCause& cause : kSqliteCauses) {
+        if (cause.code == code || cause.code == (code & 0xFF)) {
             return cause.text;
         }
     }
@@ -50,8 +70,7 @@ std::string SqliteCauseOf(sqlite3* handle)
 
 [[noreturn]] void FailWith(sqlite3* handle)
 {
-    const char* path = sqlite3_db_filename(handle, "main");
-    ThrowLibraryError(path == nullptr ? "" : path, SqliteCauseOf(handle));
+    ThrowLibraryError(PathOf(handle), SqliteCauseOf(handle));
 }
 
 void ExpectOk(sqlite3_stmt* statement, int code)
@@ -82,7 +101,7 @@ sqlite3* OpenedConnection(const std::string& path, Database::Mode mode)
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
                       (mode == Database::Mode::New ? SQLITE_OPEN_CREATE : 0);
     sqlite3* handle = nullptr;
-    if (sqlite3_open_v2(path.c_str(), &handle, flags, nullptr) != SQLITE_OK) {
+    if (sqlite3_open_v2(path.c_str(), &handle, flags, LibraryVfs()) != SQLITE_OK) {
         const std::string cause = SqliteCauseOf(handle);
         CloseConnection(handle);
         ThrowLibraryError(path, cause);
@@ -194,6 +213,7 @@ Database::Database(const std::string& path, Mode mode)
 {
     Disarm(m_handle.get());
     Run("PRAGMA cell_size_check = ON");
+    Run("PRAGMA temp_store = MEMORY");
     // A committed change outlives a power cut too, its folder entry included.
     Run("PRAGMA synchronous = EXTRA");
 }

@@ -125,6 +125,8 @@ void LibraryFile::EmptyTrash()
         m_database.Run("DELETE FROM entries WHERE trashed > 0");
     });
     try {
+        // The copy may be too large for the memory.
+        m_database.Run("PRAGMA temp_store = FILE");
         m_database.Run("VACUUM");
     } catch (const CorvexMaterial::Error&) {
         // The trash is empty all the same; without room for a copy the file stays as long as it is.

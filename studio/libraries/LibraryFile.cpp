@@ -77,8 +77,12 @@ LibraryFile LibraryFile::Open(const std::string& path, LibraryKind kind)
     const std::string absolute = AbsolutePath(path);
     CheckLibraryHeader(absolute, kind);
     try {
-        return {Database(absolute, Database::Mode::Existing), kind};
+        LibraryFile library(Database(absolute, Database::Mode::Existing), kind);
+        // Again: a journal beside it has been rolled back by now.
+        CheckLibraryHeader(absolute, kind);
+        return library;
     } catch (const CorvexMaterial::Error&) {
+        CheckLibraryHeader(absolute, kind);
         RefuseTruncated(absolute);
         throw;
     }

@@ -103,9 +103,11 @@ std::string HeaderCause(const QByteArray& header, LibraryKind kind)
     if (version > kLibraryVersion) {
         return VersionCause(version);
     }
-    // Reading a file with a write-ahead log would already write.
     const bool hasLog = header.at(18) != 1 || header.at(19) != 1;
-    return version == 0 || hasLog ? "its header is damaged" : "";
+    if (hasLog) {
+        return "its header asks for a write-ahead log, which a library never has";
+    }
+    return version == 0 ? "its header is damaged" : "";
 }
 
 }  // namespace

@@ -7,8 +7,13 @@
 
 #include <QDir>
 #include <QFile>
+#include <QtEndian>
+
+#include <numeric>
 
 #include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -103,6 +108,125 @@ TEST_P(RefusedLibrary, IsNamedWithTheCauseAndLeftAsItWas)
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, RefusedLibrary, testing::ValuesIn(kDamages),
+                         [](const auto& row) { return row.param.name; });
+
+QByteArray Word(qsizetype value)
+{
+    QByteArray bytes(4, 0);
+    qToBigEndian(static_cast<quint32>(value), bytes.data());
+    return bytes;
+}
+
+const QByteArray kJournalMagic = QByteArray::fromHex("d9d505f920a163d7");
+
+// As a crash leaves it: so many pages to be put back, each as it is given.
+QByteArray JournalOf(const TemporaryLibrary& temporary, const QList<QByteArray>& pages)
+{
+    const QByteArray library = temporary.Bytes();
+    QByteArray journal = kJournalMagic + Word(pages.size()) + Word(0) +
+                         Word(library.size() / 4096) + Word(512) + Word(4096);
+    journal.resize(512);
+    for (qsizetype i = 0; i < pages.size(); ++i) {
+        qsizetype sum = 0;
+        for (qsizetype at = 4096 - 200; at > 0; at -= 200) {
+            sum += static_cast<unsigned char>(pages[i][at]);
+        }
+        journal += Word(i + 1) + pages[i] + Word(sum);
+    }
+    return journal;
+}
+
+// With the name of a second journal at its end, whose file SQLite would delete.
+QByteArray JournalNaming(const TemporaryLibrary& temporary, const QByteArray& victim)
+{
+    const auto sum = std::accumulate(victim.begin(), victim.end(), 0);
+    return JournalOf(temporary, {}) + Word(0x40000000 / 4096 + 1) + victim + Word(victim.size()) +
+           Word(sum) + kJournalMagic;
+}
+
+struct Planted {
+    const char* name;
+    void (*apply)(const TemporaryLibrary&, const QString& journal, const QString& victim);
+    const char* cause;
+    bool isRolledBack = false;
+};
+
+void PlantBytes(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+}
+
+const std::array kPlanted{
+    Planted{"NamesAVictim",
+            [](const auto& t, const auto& journal, const auto& victim) {
+                PlantBytes(journal, JournalNaming(t, victim.toUtf8()));
+            },
+            "may name other files"},
+    Planted{"NamesAJournal",
+            [](const auto& t, const auto& journal, const auto& victim) {
+                ASSERT_TRUE(QFile::copy(victim, t.PathOf("other-journal").c_str()));
+                PlantBytes(journal, JournalNaming(t, t.PathOf("other-journal").c_str()));
+            },
+            "may name other files"},
+    Planted{"IsAText",
+            [](const auto&, const auto& journal, const auto&) {
+                PlantBytes(journal, "Dear diary, today");
+            },
+            "none that the studio wrote"},
+    Planted{"IsAPipe",
+            [](const auto&, const auto& journal, const auto&) {
+                ASSERT_EQ(::mkfifo(journal.toUtf8().constData(), 0600), 0);
+            },
+            "not a plain file"},
+    Planted{
+        "IsAFolder",
+        [](const auto&, const auto& journal, const auto&) { ASSERT_TRUE(QDir().mkpath(journal)); },
+        "not a plain file"},
+    Planted{"IsALink",
+            [](const auto&, const auto& journal, const auto& victim) {
+                ASSERT_TRUE(QFile::link(victim, journal));
+            },
+            "not a plain file"},
+    Planted{"IsAnotherNameOfAFile",
+            [](const auto&, const auto& journal, const auto& victim) {
+                ASSERT_EQ(::link(victim.toUtf8().constData(), journal.toUtf8().constData()), 0);
+            },
+            "not a plain file"},
+    Planted{"SwitchesTheLogOn",
+            [](const auto& t, const auto& journal, const auto&) {
+                const QByteArray page = t.Bytes().first(4096).replace(18, 2, "\x02\x02");
+                PlantBytes(journal, JournalOf(t, {page}));
+            },
+            "write-ahead log", true},
+    Planted{"ChangesTheKind",
+            [](const auto& t, const auto& journal, const auto&) {
+                const QByteArray page = t.Bytes().first(4096).replace(68, 4, "CvxT");
+                PlantBytes(journal, JournalOf(t, {page}));
+            },
+            "texture library", true},
+};
+
+class PlantedJournal : public testing::TestWithParam<Planted> {};
+
+TEST_P(PlantedJournal, TouchesNothingButTheLibrary)
+{
+    const TemporaryLibrary temporary;
+    Fill(temporary, 3);
+    const QByteArray before = temporary.Bytes();
+    const QString journal = QString::fromStdString(temporary.Path() + "-journal");
+    const QString victim = QString::fromStdString(temporary.PathOf("victim"));
+    PlantBytes(victim, "precious");
+    ASSERT_NO_FATAL_FAILURE(GetParam().apply(temporary, journal, victim));
+    const auto open = [&] { static_cast<void>(temporary.Open()); };
+    EXPECT_THAT(ErrorOf(open), AllOf(HasSubstr(temporary.Path()), HasSubstr(GetParam().cause)));
+    EXPECT_THAT(ErrorOf(open), HasSubstr(GetParam().cause)) << "again";
+    EXPECT_EQ(QFileInfo(victim).size(), 8);
+    EXPECT_EQ(temporary.Bytes() == before, !GetParam().isRolledBack);
+    EXPECT_EQ(QFileInfo::exists(journal), !GetParam().isRolledBack);
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, PlantedJournal, testing::ValuesIn(kPlanted),
                          [](const auto& row) { return row.param.name; });
 
 TEST(RefusedPaths, AreNamed)
