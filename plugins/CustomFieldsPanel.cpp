@@ -1,21 +1,32 @@
 #include "plugins/CustomFieldsPanel.h"
 
+#include "controls/ElidedLabel.h"
+
 #include <QGridLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QTextDocument>
 
 #include <algorithm>
+#include <limits>
 
 namespace CorvexMaterial {
 
 namespace {
 
+// Shares of the width, whatever the names: a long one must not squeeze the values.
+constexpr int kNameShare = 2;
+constexpr int kValueShare = 3;
+
 /// Drops a typed "|". No validator, because text that is pasted comes in as it is.
 class FieldText : public QLineEdit {
 public:
-    using QLineEdit::QLineEdit;
+    explicit FieldText(QWidget* parent) : QLineEdit(parent)
+    {
+        // Left alone it cuts what a material brings along.
+        setMaxLength(std::numeric_limits<int>::max());
+    }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override
@@ -35,23 +46,22 @@ QString Numbered(const char* array, std::size_t row)
 
 }  // namespace
 
-CustomFieldsPanel::CustomFieldsPanel(QWidget* parent) : QWidget(parent)
+CustomFieldsPanel::CustomFieldsPanel(QWidget* parent)
+    : QWidget(parent), m_grid(new QGridLayout(this))
 {
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(4);
-    grid->setColumnStretch(1, 1);
+    m_grid->setContentsMargins(0, 0, 0, 0);
+    m_grid->setHorizontalSpacing(8);
+    m_grid->setVerticalSpacing(4);
+    m_grid->setColumnStretch(0, kNameShare);
+    m_grid->setColumnStretch(1, kValueShare);
     for (std::size_t i = 0; i < m_values.size(); ++i) {
-        m_names[i] = new QLabel(tr("Custom"), this);
+        m_names[i] = new ElidedLabel(Qt::ElideRight, this);
         m_names[i]->setObjectName(Numbered("lblCustomMaterialFieldName", i));
-        m_names[i]->setTextFormat(Qt::PlainText);
         m_values[i] = new FieldText(this);
         m_values[i]->setObjectName(Numbered("txtCustomMaterialFieldValue", i));
-        m_names[i]->setBuddy(m_values[i]);
         connect(m_values[i], &QLineEdit::textChanged, this, &CustomFieldsPanel::Edited);
-        grid->addWidget(m_names[i], static_cast<int>(i), 0);
-        grid->addWidget(m_values[i], static_cast<int>(i), 1);
+        m_grid->addWidget(m_names[i], static_cast<int>(i), 0);
+        m_grid->addWidget(m_values[i], static_cast<int>(i), 1);
     }
     ShowNames({});
 }
@@ -61,14 +71,17 @@ void CustomFieldsPanel::ShowNames(const std::vector<std::string>& names)
     for (std::size_t i = 0; i < m_values.size(); ++i) {
         const bool isDefined = i < names.size() && !names[i].empty();
         const QString name = isDefined ? QString::fromStdString(names[i]) : tr("Custom");
-        // Beside a field that it belongs to, a label takes "&" for a mnemonic.
-        m_names[i]->setText(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        m_names[i]->setText(name);
+        // Whatever a name looks like, it is no markup.
+        m_names[i]->setToolTip(isDefined ? Qt::convertFromPlainText(name, Qt::WhiteSpaceNormal)
+                                         : QString());
         m_values[i]->setAccessibleName(name);
         m_names[i]->setVisible(isDefined);
         m_values[i]->setVisible(isDefined);
     }
-    if (std::none_of(m_values.begin(), m_values.end(),
-                     [](const QLineEdit* value) { return !value->isHidden(); })) {
+    const bool none = std::ranges::all_of(m_values, &QWidget::isHidden);
+    m_grid->addWidget(m_names[0], 0, 0, 1, none ? 2 : 1);
+    if (none) {
         m_names[0]->setText(tr("No custom material fields defined."));
         m_names[0]->show();
     }

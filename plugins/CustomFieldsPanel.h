@@ -8,10 +8,12 @@
 #include <string>
 #include <vector>
 
-class QLabel;
+class QGridLayout;
 class QLineEdit;
 
 namespace CorvexMaterial {
+
+class ElidedLabel;
 
 /// One text per custom field that the host defines.
 class CustomFieldsPanel : public QWidget {
@@ -34,7 +36,8 @@ Q_SIGNALS:
     void Edited();
 
 private:
-    std::array<QLabel*, CorvexDB::kCustomFieldCount> m_names{};
+    QGridLayout* m_grid;
+    std::array<ElidedLabel*, CorvexDB::kCustomFieldCount> m_names{};
     std::array<QLineEdit*, CorvexDB::kCustomFieldCount> m_values{};
 };
 

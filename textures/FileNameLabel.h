@@ -1,28 +1,18 @@
 #pragma once
 
-#include <QLabel>
+#include "controls/ElidedLabel.h"
 
 namespace CorvexMaterial {
 
 /// A path's file name, shortened in its middle to the width there is; the whole path as tool tip.
-class FileNameLabel : public QLabel {
+class FileNameLabel : public ElidedLabel {
     Q_OBJECT
 
 public:
-    explicit FileNameLabel(QWidget* parent);
+    explicit FileNameLabel(QWidget* parent) : ElidedLabel(Qt::ElideMiddle, parent) {}
 
     /// An empty path shows the text for it instead.
     void SetFile(const QString& path, const QString& textForNone);
-
-    [[nodiscard]] QSize minimumSizeHint() const override;
-
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
-private:
-    void Shorten();
-
-    QString m_full;
 };
 
 }  // namespace CorvexMaterial

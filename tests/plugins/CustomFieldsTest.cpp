@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QTextDocument>
 
 #include <gtest/gtest.h>
 
@@ -44,7 +45,24 @@ TEST_F(CustomFields, ShowsTheDefinedSlotsAndIgnoresNamesBeyondSix)
         EXPECT_EQ(Value(row).isVisible(), isDefined) << row;
         EXPECT_EQ(Name(row).isVisible(), isDefined) << row;
     }
-    EXPECT_EQ(Name(2).text(), "R&&D") << "no mnemonic";
+    EXPECT_EQ(Name(2).text(), "R&D") << "no mnemonic";
+}
+
+TEST_F(CustomFields, ALongNameOrValueTakesNoRoomAndLosesNothing)
+{
+    const std::string name = "<b>Supplier</b> " + std::string(400, 'n');
+    const std::string value(40'000, 'v');
+    panel.resize(240, 200);
+    panel.ShowNames({"Price", name});
+    panel.ShowTexts({"", value});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(panel.width(), 240);
+    EXPECT_GE(Value(0).width(), 120);
+    EXPECT_GE(Value(1).width(), 120);
+    QTextDocument tip;
+    tip.setHtml(Name(1).toolTip());
+    EXPECT_EQ(tip.toPlainText().toStdString(), name);
+    EXPECT_EQ(panel.Texts()[1], value);
 }
 
 TEST_F(CustomFields, WithoutNamesOneLineSaysSo)
