@@ -191,8 +191,9 @@ void LibraryPanel::ShowLibrary(const std::string& name)
 {
     const QString text = QString::fromStdString(name);
     const auto exactly = Qt::MatchExactly | Qt::MatchCaseSensitive;
+    // A list whose placeholder becomes empty takes its first entry.
+    m_libraries->setPlaceholderText(text.isEmpty() ? QStringLiteral(" ") : text);
     m_libraries->setCurrentIndex(text.isEmpty() ? -1 : m_libraries->findText(text, exactly));
-    m_libraries->setPlaceholderText(text);
     m_libraries->setToolTip(text);
 }
 

@@ -1,5 +1,6 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/FileFilter.h"
+#include "tests/support/SampleFolder.h"
 #include "tests/textures/PanelRig.h"
 #include "textures/TextureMessages.h"
 
@@ -188,21 +189,29 @@ TEST_F(Channels, TiffWarnsBeforeItsReaderIsLookedFor)
 
 TEST_F(Channels, DroppedFilesAreCheckedLikeChosenOnes)
 {
+    const CorvexTest::SampleFolder folder;
+    const QString stone = folder.Write("stone.png", {});
+    const QString sky = folder.Write("sky.bmp", {});
+    folder.Write("folder.png/inside.png", {});
     QWidget& thumbnail = rig.Find("imgTexture_0");
-    EXPECT_TRUE(DropFile(thumbnail, "/t/stone.png", {20, 20}));
-    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/stone.png");
+    EXPECT_TRUE(DropFile(thumbnail, stone, {20, 20}));
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), stone.toStdString());
     EXPECT_EQ(rig.Edits(), 1U);
-    EXPECT_TRUE(DropFile(thumbnail, "/t/stone.txt", {20, 20}));
+    EXPECT_TRUE(DropFile(thumbnail, folder.Write("stone.txt", {}), {20, 20}));
     EXPECT_EQ(rig.LastMessage().text, kWrongFileType);
-    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/stone.png");
 
     auto& tabs = rig.Find<QTabBar>("tabChannels");
-    EXPECT_TRUE(DropFile(tabs, "/t/sky.bmp", tabs.tabRect(6).center()));
+    EXPECT_TRUE(DropFile(tabs, sky, tabs.tabRect(6).center()));
     EXPECT_EQ(rig.panel->CurrentTab(), 7);
-    EXPECT_EQ(rig.Page().File(TextureLayer::Environment), "/t/sky.bmp");
+    EXPECT_EQ(rig.Page().File(TextureLayer::Environment), sky.toStdString());
     EXPECT_EQ(rig.Edits(), 2U);
-    EXPECT_FALSE(DropFile(tabs, "/t/sky.bmp", tabs.tabRect(0).center()));
-    EXPECT_FALSE(DropFile(tabs, "/t/sky.bmp", tabs.tabRect(8).center()));
+    EXPECT_FALSE(DropFile(tabs, sky, tabs.tabRect(0).center()));
+    EXPECT_FALSE(DropFile(tabs, sky, tabs.tabRect(8).center()));
+    for (const char* none : {"folder.png", "gone.png"}) {
+        EXPECT_FALSE(DropFile(thumbnail, folder.PathOf(none), {20, 20})) << none;
+        EXPECT_FALSE(DropFile(tabs, folder.PathOf(none), tabs.tabRect(6).center())) << none;
+    }
+    EXPECT_EQ(rig.Page().File(TextureLayer::Primary), stone.toStdString());
     EXPECT_EQ(rig.Edits(), 2U);
 }
 
