@@ -48,7 +48,7 @@ QtChoosers::QtChoosers(const DialogParent& parent) : m_parent(parent) {}
 std::optional<Colour> QtChoosers::ChooseColour(std::optional<Colour> initial)
 {
     // On the heap and watched: the parent may be destroyed, and its dialog with it, meanwhile.
-    const QPointer<QColorDialog> dialog = new QColorDialog(m_parent.widget);
+    const QPointer<QColorDialog> dialog = new QColorDialog(m_parent.Current());
     if (initial) {
         const ColourBytes bytes = BytesOf(*initial);
         dialog->setCurrentColor(QColor(bytes.red, bytes.green, bytes.blue));
@@ -64,7 +64,7 @@ std::optional<Colour> QtChoosers::ChooseColour(std::optional<Colour> initial)
 
 std::optional<std::string> QtChoosers::ChooseFile(const FileRequest& request)
 {
-    const QPointer<QFileDialog> dialog = new QFileDialog(m_parent.widget);
+    const QPointer<QFileDialog> dialog = new QFileDialog(m_parent.Current());
     SetUp(*dialog, request);
     std::optional<std::string> chosen;
     if (dialog->exec() == QDialog::Accepted && dialog) {

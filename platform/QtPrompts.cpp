@@ -24,7 +24,7 @@ QMessageBox::Icon IconOf(PromptIcon icon)
 int Run(const DialogParent& parent, const Message& message, QMessageBox::StandardButtons buttons)
 {
     // On the heap and watched: the parent may be destroyed, and its box with it, while it is open.
-    const QPointer<QMessageBox> box = new QMessageBox(parent.widget);
+    const QPointer<QMessageBox> box = new QMessageBox(parent.Current());
     box->setIcon(IconOf(message.icon));
     box->setWindowTitle(QString::fromStdString(message.title));
     // A file name in the text is not markup.

@@ -67,6 +67,28 @@ TEST(MessageTest, BoxShowsTheTextAsItIs)
     }
 }
 
+TEST(MessageTest, WhatADialogBringsUpBelongsToIt)
+{
+    QWidget window;
+    QtPlatform platform(&window);
+    QDialog dialog(&window);
+    dialog.setModal(true);
+    dialog.show();
+    int opened = 0;
+    const auto look = [&](QDialog& shown) {
+        ++opened;
+        EXPECT_EQ(shown.parentWidget(), &dialog) << shown.metaObject()->className();
+        shown.reject();
+    };
+    WhenOpen<QMessageBox>(look);
+    platform.Get().prompts.Show({PromptIcon::Critical, "Corvex", "Over the dialog"});
+    WhenOpen<QColorDialog>(look);
+    platform.Get().choosers.ChooseColour(kWhite);
+    WhenOpen<QFileDialog>(look);
+    platform.Get().choosers.ChooseFile({"Open", "Any", {}, {}, false});
+    EXPECT_EQ(opened, 3);
+}
+
 TEST(QuestionTest, OnlyYesIsYes)
 {
     QtPlatform platform;
