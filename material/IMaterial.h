@@ -157,8 +157,8 @@ public:
     virtual Status get_colTextures(CorvexDB::TextureCollection*& colTextures) = 0;
 
     /// Positions in the lists of the extended dialog: 0 custom or 1 predefined; 0 glass, 1 metal,
-    /// 2 stone, 3 wood or 4 miscellaneous; 0 none or 1 to 23 in the order shown there. Errors:
-    /// InvalidArgument beyond a list.
+    /// 2 stone, 3 wood or 4 miscellaneous; 0 none or 1 to 23 in the order shown there. Any other
+    /// type is kept and counts as custom. Errors: InvalidArgument beyond the other two lists.
     virtual Status put_lRaytraceType(const std::int32_t& lRaytraceType) = 0;
     virtual Status put_lRaytracePredefinedType(const std::int32_t& lRaytracePredefinedType) = 0;
     virtual Status put_lRaytraceColorPatternType(const std::int32_t& lRaytraceColorPatternType) = 0;
@@ -191,7 +191,8 @@ public:
     virtual Status ResetDevices() = 0;
     /// Colour and the four amounts to their factory values.
     virtual Status ResetMiscellaneous() = 0;
-    /// The whole panel; enabling it gives every part its own earlier state back.
+    /// The whole panel; enabling it gives every part its own earlier state back. It is the panel's
+    /// own state, whatever that of the window around it.
     virtual Status get_Enabled(bool& Enabled) = 0;
     virtual Status put_Enabled(const bool& Enabled) = 0;
     /// The scene graph outlives the control.

@@ -137,7 +137,6 @@ Status Material::get_colTextures(CorvexDB::TextureCollection*& colTextures)
 Status Material::put_lRaytraceType(const std::int32_t& lRaytraceType)
 {
     return m_editor->Guard()("lRaytraceType", [&] {
-        CheckPosition(lRaytraceType, kMaterialTypeNames.size(), "lRaytraceType");
         m_editor->ChangeAtOnce(
             [&] { m_editor->Attributes().RayTrace().MaterialType = lRaytraceType; });
     });
@@ -171,7 +170,9 @@ Status Material::get_csMaterialShape(CorvexSG::Shape*& csMaterialShape)
 
 Status Material::get_Enabled(bool& Enabled)
 {
-    return m_editor->Guard()("Enabled", [&] { Enabled = m_editor->Form().Picture().isEnabled(); });
+    // The panel's own state: a window that is disabled for a while shuts it without changing it.
+    return m_editor->Guard()(
+        "Enabled", [&] { Enabled = m_editor->Form().Picture().isEnabledTo(parentWidget()); });
 }
 
 Status Material::put_Enabled(const bool& Enabled)

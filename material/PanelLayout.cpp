@@ -24,9 +24,10 @@ int WithinBounds(std::int64_t rows)
 
 LibraryRows ShareHeight(int availableTwips, int panelTwips, LibraryRows shown)
 {
+    // Rows below zero show nothing: there is nothing of them to give back.
     std::int64_t space = std::int64_t{availableTwips} - panelTwips +
-                         std::int64_t{shown.texture} * kTextureRowTwips +
-                         std::int64_t{shown.material} * kMaterialRowTwips;
+                         std::int64_t{std::max(shown.texture, 0)} * kTextureRowTwips +
+                         std::int64_t{std::max(shown.material, 0)} * kMaterialRowTwips;
     LibraryRows shared;
     shared.texture = WithinBounds(HalfToEven(space / kMeanRowTwips));
     space -= std::int64_t{shared.texture} * kTextureRowTwips;

@@ -70,6 +70,8 @@ TEST_P(EachLibrary, IsKnownByThePathOrTheNameAsGiven)
     EXPECT_EQ(Opened(), std::vector{path});
     EXPECT_EQ(List().currentIndex(), -1);
     EXPECT_EQ(List().placeholderText().toStdString(), path);
+    EXPECT_EQ(Load(""), Status::FileFailed);
+    EXPECT_EQ(List().currentIndex(), -1) << "no name chooses no library";
     Choose(List(), QString::fromStdString(kind.File("Wood")));
     EXPECT_EQ(Opened().back(), kind.Path("Wood"));
     EXPECT_EQ(SavedName(), kind.File("Wood"));

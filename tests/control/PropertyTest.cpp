@@ -99,9 +99,8 @@ TEST(Properties, AnUnknownEnumerationValueOrNoNumberIsRefusedAndChangesNothing)
               Status::InvalidArgument);
     EXPECT_EQ(control.put_ApplyRelative(static_cast<CorvexDB::ApplyMode>(3)),
               Status::InvalidArgument);
-    for (const auto& [put, listSize] : {std::pair(&I::put_lRaytraceType, 2),
-                                        {&I::put_lRaytracePredefinedType, 5},
-                                        {&I::put_lRaytraceColorPatternType, 24}}) {
+    for (const auto& [put, listSize] :
+         {std::pair(&I::put_lRaytracePredefinedType, 5), {&I::put_lRaytraceColorPatternType, 24}}) {
         EXPECT_EQ((control.*put)(-1), Status::InvalidArgument);
         EXPECT_EQ((control.*put)(listSize), Status::InvalidArgument);
     }
@@ -137,6 +136,33 @@ TEST(Properties, ReadOnlyOnesFollowTheirControls)
     EXPECT_TRUE(rig.Read(&I::get_MaterialDoubleSided));
     EXPECT_EQ(rig.Read(&I::get_MaterialAlphaTest), 6);
     EXPECT_EQ(rig.Read(&I::get_MaterialAlphaTestReference), 129);
+}
+
+TEST(Properties, EveryRaytraceTypeIsStoredAndOneAloneShutsTheAmounts)
+{
+    ControlRig rig;
+    rig.Start();
+    for (const std::int32_t type : {1, 2, 1, -1, 0}) {
+        EXPECT_EQ(rig.Control().put_lRaytraceType(type), Status::Success);
+        EXPECT_EQ(rig.Previewed().RayTrace.MaterialType, type);
+        EXPECT_EQ(rig.Find<QWidget>("txtAmbient").isEnabled(), type != 1) << type;
+    }
+}
+
+TEST(Properties, EnabledIsThePanelsOwnStateInsideADisabledWindow)
+{
+    ControlRig rig;
+    rig.Start();
+    QWidget window;
+    rig.Control().setParent(&window);
+    for (const bool enabled : {true, false}) {
+        EXPECT_EQ(rig.Control().put_Enabled(enabled), Status::Success);
+        for (const bool windowEnabled : {false, true}) {
+            window.setEnabled(windowEnabled);
+            EXPECT_EQ(rig.Read(&I::get_Enabled), enabled) << windowEnabled;
+        }
+    }
+    rig.Control().setParent(nullptr);
 }
 
 TEST(Properties, ColourOutsideTheListShowsAsCustomAndDropsTheTopByte)

@@ -28,6 +28,7 @@ TEST(ShareHeight, GivesHalfToTexturesAndTheRestToMaterials)
                         {7100, 0, {0, 0}, {4, 3}},
                         {0, 10000, {1, 1}, {1, 1}},
                         {-5000, 0, {-2, 0}, {1, 1}},
+                        {20000, 12010, {-4, -9}, {4, 3}},
                         {990, 0, {0, 0}, {1, 1}}};
     for (const Row& row : rows) {
         EXPECT_EQ(ShareHeight(row.available, row.panel, row.shown), row.expected);
