@@ -1,17 +1,24 @@
 #include "platform/QtSettingsStore.h"
 
 #include "host/Status.h"
+#include "platform/FileWriting.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <algorithm>
+#include <atomic>
 
 namespace CorvexMaterial {
 
 namespace {
+
+constexpr int kLockMilliseconds = 5000;
 
 [[noreturn]] void Fail(const char* reason, const QString& path)
 {
@@ -40,15 +47,13 @@ bool IsDamaged(QSettings& file)
 }
 
 /// Returns the path of the copy.
-QString KeepCopy(const QString& path)
+QString KeepCopy(const QString& path, const QByteArray& content)
 {
     for (int number = 1; number < 1000; ++number) {
         const QString copy = QStringLiteral("%1.damaged%2").arg(path).arg(number);
-        if (QFile::copy(path, copy)) {
-            return copy;
-        }
         if (!QFile::exists(copy)) {
-            break;
+            WriteFile(copy.toStdString(), content);
+            return copy;
         }
     }
     Fail(
@@ -56,6 +61,70 @@ QString KeepCopy(const QString& path)
             "SettingsStore",
             "The settings file %1 is damaged and no copy of it can be kept; it was left as it is."),
         path);
+}
+
+/// Where the toolkit makes a file first: what it cannot write to a full disk it does not notice. A
+/// folder beside the file, so that nothing else has to have room.
+class Workshop {
+public:
+    explicit Workshop(const QString& path) : m_folder(path + QStringLiteral(".new"))
+    {
+        m_folder.removeRecursively();
+        MakeFolder(m_folder.path().toStdString());
+    }
+    ~Workshop() { m_folder.removeRecursively(); }
+    Workshop(const Workshop&) = delete;
+    Workshop& operator=(const Workshop&) = delete;
+
+    /// Never the same, for the toolkit remembers what it read under a name.
+    [[nodiscard]] QString NewPath() const
+    {
+        static std::atomic<int> count = 0;
+        return m_folder.filePath(QString::number(++count));
+    }
+
+private:
+    QDir m_folder;
+};
+
+QByteArray ContentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool HoldsAll(const QSettings& settings, const QSettings& wanted)
+{
+    const QStringList keys = wanted.allKeys();
+    return settings.allKeys() == keys && std::ranges::all_of(keys, [&](const QString& key) {
+               return settings.value(key) == wanted.value(key);
+           });
+}
+
+/// The file's content once these settings are in it.
+QByteArray ContentWith(QSettings& draft, const std::map<QString, QString>& settings,
+                       const Workshop& workshop)
+{
+    for (const auto& [key, value] : settings) {
+        draft.setValue(key, value);
+    }
+    draft.sync();
+    const QString written = workshop.NewPath();
+    const bool isWhole = draft.status() != QSettings::AccessError &&
+                         QFile::rename(draft.fileName(), written) &&
+                         HoldsAll(QSettings(written, QSettings::IniFormat), draft);
+    return isWhole ? ContentOf(written) : QByteArray();
+}
+
+/// The toolkit takes a file of the same size and time for the one that it knows.
+void PutInPlace(const QString& path, const QByteArray& content)
+{
+    const QDateTime before = QFileInfo(path).lastModified();
+    WriteFile(path.toStdString(), content);
+    QFile file(path);
+    if (QFileInfo(path).lastModified() == before && file.open(QIODevice::ReadWrite)) {
+        file.setFileTime(before.addMSecs(1), QFileDevice::FileModificationTime);
+    }
 }
 
 void CheckReplaceable(const QString& path)
@@ -134,20 +203,24 @@ void QtSettingsStore::PutOnDisk(Application& application)
         return;
     }
     CheckReplaceable(application.path);
-    // An own object per try: the status of one keeps its first error for ever.
-    QSettings file(application.path, QSettings::IniFormat);
-    const bool damaged = application.damaged || IsDamaged(file);
-    const QString copy = damaged ? KeepCopy(application.path) : QString();
+    // The toolkit's own. Without room for it there is none for the file either, which then says so.
+    QLockFile lock(application.path + QStringLiteral(".lock"));
+    static_cast<void>(lock.tryLock(kLockMilliseconds));
+    const Workshop workshop(application.path);
+    const QByteArray before = ContentOf(application.path);
+    const QString path = workshop.NewPath();
+    WriteFile(path.toStdString(), before, Lifetime::Temporary);
+    QSettings draft(path, QSettings::IniFormat);
+    const bool damaged = application.damaged || IsDamaged(draft);
+    const QString copy = damaged ? KeepCopy(application.path, before) : QString();
     application.damaged = false;
-    for (const auto& [key, value] : application.unwritten) {
-        file.setValue(key, value);
-    }
-    file.sync();
-    application.onDisk = nullptr;
-    if (file.status() == QSettings::AccessError) {
+    const QByteArray content = ContentWith(draft, application.unwritten, workshop);
+    if (content.isEmpty()) {
         Fail(QT_TRANSLATE_NOOP("SettingsStore", "The settings file %1 cannot be written."),
              application.path);
     }
+    PutInPlace(application.path, content);
+    application.onDisk = nullptr;
     application.unwritten.clear();
     if (!copy.isEmpty()) {
         Fail(QT_TRANSLATE_NOOP("SettingsStore", "The settings file was damaged. What could be read "

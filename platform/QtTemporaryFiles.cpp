@@ -1,11 +1,11 @@
 #include "platform/QtTemporaryFiles.h"
 
 #include "host/Status.h"
+#include "platform/FileWriting.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cerrno>
 #include <cstring>
@@ -78,17 +78,7 @@ std::string QtTemporaryFiles::Claim(const std::string& extension)
 
 void QtTemporaryFiles::Write(const std::string& path, const std::string& text)
 {
-    // Replaced as a whole, so that a link planted under the name in a shared folder is not followed.
-    QSaveFile file(QString::fromStdString(path));
-    file.setDirectWriteFallback(false);
-    const QByteArray bytes = QByteArray::fromStdString(text);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        throw Error(Status::FileFailed,
-                    QCoreApplication::translate("TemporaryFiles",
-                                                "The temporary file %1 cannot be written: %2")
-                        .arg(QString::fromStdString(path), file.errorString())
-                        .toStdString());
-    }
+    WriteFile(path, text, Lifetime::Temporary);
 }
 
 bool QtTemporaryFiles::HasContent(const std::string& path)

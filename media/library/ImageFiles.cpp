@@ -1,5 +1,8 @@
 #include "media/library/ImageFiles.h"
 
+#include "platform/FileWriting.h"
+
+#include <QBuffer>
 #include <QImage>
 
 #include <stdexcept>
@@ -23,9 +26,12 @@ QRgb Pixel(Paint paint, float alpha)
 void Save(const QImage& image, const QString& file)
 {
     const bool lossy = file.endsWith(QStringLiteral(".jpg"));
-    if (!image.save(file, nullptr, lossy ? kJpegQuality : -1)) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!image.save(&buffer, lossy ? "jpg" : "png", lossy ? kJpegQuality : -1)) {
         throw std::runtime_error("cannot write " + file.toStdString());
     }
+    CorvexMaterial::WriteFile(file.toStdString(), bytes);
 }
 
 std::vector<Texel> Painted(const TextureRow& row)

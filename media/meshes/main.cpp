@@ -3,9 +3,11 @@
 #include "PreviewShapes.h"
 #include "XFileWriter.h"
 
+#include "platform/FileWriting.h"
+
 #include <filesystem>
-#include <fstream>
 #include <iostream>
+#include <sstream>
 
 int main(int argc, char** argv)
 {
@@ -13,15 +15,16 @@ int main(int argc, char** argv)
         std::cerr << "usage: preview_mesh_writer <folder>\n";
         return 2;
     }
-    std::filesystem::create_directories(argv[1]);
-    for (const media::PreviewShape& shape : media::kPreviewShapes) {
-        const std::filesystem::path path = std::filesystem::path(argv[1]) / shape.fileName;
-        std::ofstream file(path);
-        media::WriteXFile(file, shape.make());
-        if (!file.flush()) {
-            std::cerr << "cannot write " << path << '\n';
-            return 1;
+    try {
+        CorvexMaterial::MakeFolder(argv[1]);
+        for (const media::PreviewShape& shape : media::kPreviewShapes) {
+            std::ostringstream text;
+            media::WriteXFile(text, shape.make());
+            CorvexMaterial::WriteFile(std::filesystem::path(argv[1]) / shape.fileName, text.str());
         }
+        return 0;
+    } catch (const std::exception& error) {
+        std::cerr << "preview_mesh_writer: " << error.what() << '\n';
+        return 1;
     }
-    return 0;
 }

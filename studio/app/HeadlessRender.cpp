@@ -124,7 +124,7 @@ QImage Draw(const RenderJob& job, const Remark& remark)
 std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark)
 {
     try {
-        SavePicture(Draw(job, remark), job.output, PictureTypeOf(job.output));
+        SavePicture(Draw(job, remark), job.output, {PictureTypeOf(job.output)});
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());

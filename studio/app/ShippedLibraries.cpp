@@ -1,17 +1,20 @@
 #include "studio/app/ShippedLibraries.h"
 
+#include "host/Status.h"
+#include "platform/FileWriting.h"
 #include "studio/Tr.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
-#include <QTemporaryFile>
+#include <QLockFile>
 
 #include <algorithm>
-#include <optional>
 
 namespace studio {
 namespace {
+
+constexpr int kLockMilliseconds = 10'000;
 
 bool IsThere(const QString& path)
 {
@@ -19,30 +22,42 @@ bool IsThere(const QString& path)
     return info.exists() || info.isSymLink();
 }
 
-/// Why a file could not be copied, if so. The copy gets its name when it is complete, and only if
-/// nobody else took that name meanwhile.
-std::optional<QString> CopyMissing(const QString& from, const QString& to)
+QByteArray BytesOf(const QString& path)
 {
-    QFile source(from);
-    QTemporaryFile copy(to + QStringLiteral(".XXXXXX.part"));
-    if (!source.open(QIODevice::ReadOnly)) {
-        return source.errorString();
+    QFile file(path);
+    const bool isRead = file.open(QIODevice::ReadOnly);
+    const QByteArray bytes = file.readAll();
+    if (!isRead || file.error() != QFileDevice::NoError) {
+        throw CorvexMaterial::Error(
+            CorvexMaterial::Status::FileFailed,
+            Tr("%1 cannot be read: %2").arg(path, file.errorString()).toStdString());
     }
-    if (!QDir().mkpath(QFileInfo(to).path()) || !copy.open()) {
-        return copy.errorString();
+    return bytes;
+}
+
+/// Whether a copy holds a part of the original and nothing else, as a power cut leaves it: the rest
+/// is missing or zero. Nothing in it is the user's own then.
+bool IsCutShort(const QString& copy, const QString& original)
+{
+    QFile file(copy);
+    char first = 0;
+    if (!QFileInfo(copy).isFile() || file.size() > QFileInfo(original).size() ||
+        !file.open(QIODevice::ReadOnly)) {
+        return false;
     }
-    const QByteArray bytes = source.readAll();
-    if (bytes.size() != source.size() || copy.write(bytes) != bytes.size() || !copy.flush()) {
-        return copy.errorString();
+    const bool isWhole = file.size() == QFileInfo(original).size();
+    if (isWhole && file.peek(&first, 1) == 1 && first != 0) {
+        return false;  // at every start: not all is read
     }
-    constexpr auto kReadableByAll = QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                    QFileDevice::ReadGroup | QFileDevice::ReadOther;
-    copy.setPermissions(kReadableByAll);
-    if (!copy.rename(to)) {
-        return IsThere(to) ? std::nullopt : std::optional(copy.errorString());
-    }
-    copy.setAutoRemove(false);
-    return std::nullopt;
+    const QByteArray bytes = file.readAll();
+    return std::ranges::equal(bytes, BytesOf(original).left(bytes.size()),
+                              [](char had, char shipped) { return had == shipped || had == 0; });
+}
+
+void Copy(const QString& from, const QString& to)
+{
+    CorvexMaterial::MakeFolder(QFileInfo(to).path().toStdString());
+    CorvexMaterial::WriteFile(to.toStdString(), BytesOf(from));
 }
 
 /// Relative to the folder: first the images in the folders within, then the libraries.
@@ -83,13 +98,19 @@ QStringList DeliverLibraries(const QString& shipped, const QString& libraries)
         return problems;
     }
     const QDir from(shipped);
+    QDir().mkpath(libraries);
+    // One studio at a time: what another has delivered it may have open.
+    QLockFile lock(libraries + QStringLiteral("/.delivery"));
+    static_cast<void>(lock.tryLock(kLockMilliseconds));
     for (const QString& name : FilesOf(from)) {
+        const QString original = from.filePath(name);
         const QString target = libraries + u'/' + name;
-        if (IsThere(target)) {
-            continue;
-        }
-        if (const auto reason = CopyMissing(from.filePath(name), target)) {
-            problems << Tr("%1 could not be copied: %2").arg(target, *reason);
+        try {
+            if (!IsThere(target) || IsCutShort(target, original)) {
+                Copy(original, target);
+            }
+        } catch (const CorvexMaterial::Error& error) {
+            problems << QString::fromUtf8(error.what());
         }
     }
     return problems;

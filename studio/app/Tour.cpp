@@ -222,7 +222,7 @@ std::optional<QString> RecordTour(const TourRequest& request)
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     try {
         RunAsAsked(request);
-    } catch (const TourFailure& failure) {
+    } catch (const std::runtime_error& failure) {
         return QString::fromStdString(failure.what());
     }
     return std::nullopt;

@@ -1,5 +1,6 @@
 #include "studio/app/TourGuide.h"
 
+#include "studio/raytrace/PictureFile.h"
 #include "studio/render/ViewportWidget.h"
 
 #include <QAbstractItemView>
@@ -163,7 +164,7 @@ void TourGuide::PictureOf(QWidget& window, const QString& name)
                              .arg(m_folder)
                              .arg(m_number++, 2, 10, QLatin1Char('0'))
                              .arg(name);
-    Expect(window.grab().save(path), QStringLiteral("%1 cannot be written.").arg(path));
+    SavePicture(window.grab().toImage(), path, {"png"});
 }
 
 }  // namespace studio

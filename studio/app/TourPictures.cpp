@@ -1,6 +1,6 @@
 #include "studio/app/TourPictures.h"
 
-#include "studio/app/TourGuide.h"
+#include "studio/raytrace/PictureFile.h"
 
 #include <QImage>
 #include <QLinearGradient>
@@ -132,7 +132,7 @@ QImage Fade()
 QString Saved(const QImage& image, const QString& folder, const char* name)
 {
     const QString path = folder + QLatin1Char('/') + QLatin1String(name);
-    Expect(image.save(path), QStringLiteral("%1 cannot be written.").arg(path));
+    SavePicture(image, path, {PictureTypeOf(path)});
     return path;
 }
 

@@ -14,7 +14,7 @@ struct TourPictures {
     QString fade;          ///< opacity
 };
 
-/// Paints them into a folder. Errors: throws TourFailure for a folder that cannot be written.
+/// Paints them into a folder. Errors: FileFailed.
 [[nodiscard]] TourPictures PaintTourPictures(const QString& folder);
 
 }  // namespace studio

@@ -1,5 +1,6 @@
 #include "studio/app/TourStudio.h"
 
+#include "platform/FileWriting.h"
 #include "studio/app/ShippedLibraries.h"
 #include "studio/images/TextureCache.h"
 #include "studio/render/RenderService.h"
@@ -62,8 +63,10 @@ TourStudio::TourStudio(const QString& pictures, int firstNumber)
 QString TourStudio::Model() const
 {
     for (const char* name : {"still-life.obj", "still-life.mtl"}) {
-        QFile::copy(QStringLiteral(":/studio/%1").arg(QLatin1String(name)),
-                    m_folder.filePath(QLatin1String(name)));
+        QFile source(QStringLiteral(":/studio/%1").arg(QLatin1String(name)));
+        Expect(source.open(QIODevice::ReadOnly), source.errorString());
+        CorvexMaterial::WriteFile(m_folder.filePath(QLatin1String(name)).toStdString(),
+                                  source.readAll(), CorvexMaterial::Lifetime::Temporary);
     }
     return m_folder.filePath(QStringLiteral("still-life.obj"));
 }

@@ -1,11 +1,11 @@
 #include "studio/import/ImportProcess.h"
 
 #include "host/Status.h"
+#include "platform/FileWriting.h"
 #include "studio/import/AssimpReader.h"
 #include "studio/import/ModelFile.h"
 
 #include <csignal>
-#include <fstream>
 #include <iostream>
 #include <vector>
 
@@ -53,11 +53,12 @@ int EndWith(ImportExit code, const char* reason)
 int Import(const ContainedWork& work, const std::string& path, const std::string& outputPath)
 {
     const QByteArray packed = work(path);
-    std::ofstream output(outputPath, std::ios::binary | std::ios::trunc);
-    output.write(packed.constData(), packed.size());
-    output.close();
-    return output ? static_cast<int>(ImportExit::Done)
-                  : EndWith(ImportExit::NoOutput, "the result cannot be written");
+    try {
+        CorvexMaterial::WriteFile(outputPath, packed, CorvexMaterial::Lifetime::Temporary);
+        return static_cast<int>(ImportExit::Done);
+    } catch (const CorvexMaterial::Error& error) {
+        return EndWith(ImportExit::NoOutput, error.what());
+    }
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringDecoder>
 
 namespace studio {
@@ -37,14 +36,6 @@ QByteArray ReadDocument(const std::string& path)
         RefuseDocument(path, file.errorString().toStdString());
     }
     return bytes;
-}
-
-void WriteDocument(const std::string& path, const QByteArray& bytes)
-{
-    QSaveFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        RefuseDocument(path, file.errorString().toStdString());
-    }
 }
 
 std::string FolderOfDocument(const std::string& path)

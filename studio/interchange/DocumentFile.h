@@ -11,9 +11,6 @@ inline constexpr qint64 kMostDocumentBytes = 64LL << 20;
 
 /// Errors: FileFailed naming the file, also for one that is larger than kMostDocumentBytes.
 [[nodiscard]] QByteArray ReadDocument(const std::string& path);
-/// The old file stays until the new one is complete on the disk. Errors: FileFailed, file as it
-/// was.
-void WriteDocument(const std::string& path, const QByteArray& bytes);
 
 /// The document's folder, absolute.
 [[nodiscard]] std::string FolderOfDocument(const std::string& path);

@@ -1,5 +1,6 @@
 #include "studio/interchange/Interchange.h"
 
+#include "platform/FileWriting.h"
 #include "platform/QtTemporaryFiles.h"
 #include "studio/Tr.h"
 #include "studio/interchange/DocumentFile.h"
@@ -103,7 +104,8 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
     }
     Report rows;
     const std::string folder = FolderOfDocument(path);
-    WriteDocument(path, format->write(WithLastingPictures(materials, folder), folder, rows));
+    CorvexMaterial::WriteFile(path,
+                              format->write(WithLastingPictures(materials, folder), folder, rows));
     for (const ReportRow& row : rows.Rows()) {
         report.Add(row);
     }

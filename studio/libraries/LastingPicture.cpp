@@ -1,12 +1,12 @@
 #include "studio/libraries/LastingPicture.h"
 
 #include "host/Status.h"
+#include "platform/FileWriting.h"
 #include "raytrace/SimulationTexture.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace studio {
 namespace {
@@ -56,12 +56,9 @@ std::string StorePicture(const QByteArray& bytes, const QString& name, const std
         target = pictures.filePath(
             QStringLiteral("%1-%2.%3").arg(wanted.completeBaseName()).arg(i).arg(wanted.suffix()));
     }
-    QSaveFile copy(target);
-    if (!pictures.mkpath(QStringLiteral(".")) || !copy.open(QIODevice::WriteOnly) ||
-        copy.write(bytes) != bytes.size() || !copy.commit()) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    "The picture '" + target.toStdString() +
-                                        "' cannot be written: " + copy.errorString().toStdString());
+    if (!QFileInfo::exists(target)) {
+        CorvexMaterial::MakeFolder(pictures.path().toStdString());
+        CorvexMaterial::WriteFile(target.toStdString(), bytes);
     }
     return target.toStdString();
 }

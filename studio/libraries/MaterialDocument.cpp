@@ -1,6 +1,7 @@
 #include "studio/libraries/MaterialDocument.h"
 
 #include "host/Status.h"
+#include "platform/FileWriting.h"
 #include "studio/libraries/MaterialName.h"
 #include "studio/libraries/StoredPath.h"
 
@@ -8,7 +9,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 namespace studio {
 namespace {
@@ -39,11 +39,7 @@ void WriteMaterialDocument(const std::string& path, std::span<const NamedMateria
             {kEntryName, QString::fromStdString(named.name)},
             {kEntryMaterial, QJsonDocument::fromJson(QByteArray::fromStdString(json)).object()}});
     }
-    QSaveFile file(QString::fromStdString(path));
-    const QByteArray text = QJsonDocument(QJsonObject{{kMaterials, array}}).toJson();
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
-        RefuseDocumentFile(path, file.errorString());
-    }
+    CorvexMaterial::WriteFile(path, QJsonDocument(QJsonObject{{kMaterials, array}}).toJson());
 }
 
 std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,

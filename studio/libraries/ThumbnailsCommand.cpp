@@ -1,11 +1,9 @@
+#include "platform/FileWriting.h"
 #include "studio/libraries/CommandContext.h"
 #include "studio/libraries/HeadlessThumbnails.h"
 #include "studio/libraries/LibraryCommandTable.h"
 #include "studio/libraries/LibraryReading.h"
 #include "studio/libraries/Thumbnailer.h"
-
-#include <QDir>
-#include <QSaveFile>
 
 namespace studio {
 namespace {
@@ -21,14 +19,15 @@ public:
         : m_library(library), m_folder(folder)
     {
         if (!folder.isEmpty()) {
-            QDir().mkpath(folder);
+            CorvexMaterial::MakeFolder(folder.toStdString());
         }
     }
 
     void Put(std::int32_t index, std::string png)
     {
         if (!m_folder.isEmpty()) {
-            Write(m_folder + QStringLiteral("/%1.png").arg(index, 6, 10, QLatin1Char('0')), png);
+            const QString file = QStringLiteral("/%1.png").arg(index, 6, 10, QLatin1Char('0'));
+            CorvexMaterial::WriteFile((m_folder + file).toStdString(), png);
             return;
         }
         m_pictures.push_back({m_library.IdAt(index), std::move(png)});
@@ -48,18 +47,6 @@ public:
     }
 
 private:
-    static void Write(const QString& path, const std::string& png)
-    {
-        QSaveFile file(path);
-        const auto size = static_cast<qint64>(png.size());
-        if (!file.open(QIODevice::WriteOnly) || file.write(png.data(), size) != size ||
-            !file.commit()) {
-            throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                        path.toStdString() + ": " +
-                                            file.errorString().toStdString());
-        }
-    }
-
     LibraryFile& m_library;
     QString m_folder;
     std::vector<EntryPicture> m_pictures;

@@ -2,10 +2,10 @@
 
 #include "host/Status.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QImageWriter>
-#include <QSaveFile>
 
 namespace studio {
 
@@ -14,27 +14,20 @@ QByteArray PictureTypeOf(const QString& file)
     return QFileInfo(file).suffix().toLower().toLatin1();
 }
 
-void SavePicture(const QImage& picture, const QString& file, const QByteArray& type, int quality)
+void SavePicture(const QImage& picture, const QString& file, const PictureForm& form)
 {
-    const auto refuse = [&file](const QString& reason) {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QImageWriter writer(&buffer, form.type);
+    writer.setQuality(form.quality);
+    if (!writer.write(picture)) {
         throw CorvexMaterial::Error(
             CorvexMaterial::Status::FileFailed,
             QCoreApplication::translate("PictureFile", "%1 cannot be written: %2")
-                .arg(file, reason)
+                .arg(file, writer.errorString())
                 .toStdString());
-    };
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly)) {
-        refuse(target.errorString());
     }
-    QImageWriter writer(&target, type);
-    writer.setQuality(quality);
-    if (!writer.write(picture)) {
-        refuse(writer.errorString());
-    }
-    if (!target.commit()) {
-        refuse(target.errorString());
-    }
+    CorvexMaterial::WriteFile(file.toStdString(), bytes, form.lifetime);
 }
 
 }  // namespace studio

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileWriting.h"
+
 #include <QImage>
 #include <QString>
 
@@ -8,9 +10,13 @@ namespace studio {
 /// The type that a file's name ends in, as the toolkit names it.
 [[nodiscard]] QByteArray PictureTypeOf(const QString& file);
 
-/// Writes the picture, whole or not at all. Quality 0 to 100, or -1 for the type's own. Errors:
-/// FileFailed, naming the file.
-void SavePicture(const QImage& picture, const QString& file, const QByteArray& type,
-                 int quality = -1);
+struct PictureForm {
+    QByteArray type;   ///< as the toolkit names it
+    int quality = -1;  ///< 0 to 100, or the type's own
+    CorvexMaterial::Lifetime lifetime = CorvexMaterial::Lifetime::Lasting;
+};
+
+/// Writes the picture, whole or not at all. Errors: FileFailed, naming the file.
+void SavePicture(const QImage& picture, const QString& file, const PictureForm& form);
 
 }  // namespace studio

@@ -1,12 +1,9 @@
 #include "studio/raytrace/PovRayIncludes.h"
 
-#include "host/Status.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QRegularExpression>
-#include <QSaveFile>
 
 namespace studio {
 namespace {
@@ -68,16 +65,10 @@ void PovRayIncludes::Copy(const QString& file)
         text.replace(found.captured(0),
                      QStringLiteral("#include \"%1\"").arg(QString::fromStdString(own)));
     }
-    QDir().mkpath(m_place.folder);
-    QSaveFile copy(m_place.folder + u'/' + QLatin1String(kCopyPrefix) + file);
-    const QByteArray bytes = text.toLatin1();
-    if (!copy.open(QIODevice::WriteOnly) || copy.write(bytes) != bytes.size() || !copy.commit()) {
-        throw CorvexMaterial::Error(
-            CorvexMaterial::Status::FileFailed,
-            QCoreApplication::translate("PovRayIncludes", "%1 cannot be written: %2")
-                .arg(copy.fileName(), copy.errorString())
-                .toStdString());
-    }
+    const std::string folder = m_place.folder.toStdString();
+    CorvexMaterial::MakeFolder(folder);
+    CorvexMaterial::WriteFile(folder + '/' + kCopyPrefix + file.toStdString(), text.toLatin1(),
+                              m_place.lifetime);
 }
 
 }  // namespace studio

@@ -107,8 +107,8 @@ RaytraceImage RaytraceImages::ImageOf(const Texture& drawn)
     const SavedType type = SavedTypeOf(m_reader);
     const QString name = QStringLiteral("texture-") + QString::fromLatin1(DigestOf(drawn.image)) +
                          QLatin1String(type.suffix);
-    QDir().mkpath(m_place.folder);
-    SavePicture(drawn.image, m_place.folder + u'/' + name, type.format);
+    CorvexMaterial::MakeFolder(m_place.folder.toStdString());
+    SavePicture(drawn.image, m_place.folder + u'/' + name, {type.format, -1, m_place.lifetime});
     return m_saved
         .emplace(drawn.id, RaytraceImage{m_place.reference + name.toStdString(), type.kind,
                                          drawn.image.size()})

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileWriting.h"
 #include "studio/images/TextureCache.h"
 
 #include <QSize>
@@ -31,6 +32,7 @@ public:
     struct Place {
         QString folder;         ///< created when the first file goes there
         std::string reference;  ///< how the scene file names that folder, with its separator
+        CorvexMaterial::Lifetime lifetime = CorvexMaterial::Lifetime::Lasting;
     };
 
     RaytraceImages(ImageReader reader, Lookup lookup, Place place);

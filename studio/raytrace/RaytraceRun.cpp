@@ -119,7 +119,8 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
                                         .toStdString());
     }
     const QString file = m_folder->filePath(row.scene);
-    WriteRaytraceScene(file, scene, textures, ImagesBeside(file));
+    WriteRaytraceScene(file, scene, textures,
+                       ImagesBeside(file, CorvexMaterial::Lifetime::Temporary));
     m_progress = {};
     m_cancelled = false;
     m_process.setWorkingDirectory(m_folder->path());

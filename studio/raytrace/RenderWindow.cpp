@@ -111,7 +111,7 @@ void RenderWindow::ShowFailure(const QString& message)
 
 void RenderWindow::SaveTo(const QString& file) const
 {
-    SavePicture(m_result, file, "png");
+    SavePicture(m_result, file, {"png"});
 }
 
 void RenderWindow::ChooseFile()

@@ -77,7 +77,7 @@ void StudioRaytraceServices::SaveAsJpeg(const std::string& bitmapPath, const std
         throw Error(Status::InvalidArgument, "The quality of a JPEG file is 1 to 100.");
     }
     SavePicture(ReadBitmap(QString::fromStdString(bitmapPath)), QString::fromStdString(jpegPath),
-                "jpeg", quality);
+                {"jpeg", quality, CorvexMaterial::Lifetime::Temporary});
 }
 
 }  // namespace studio

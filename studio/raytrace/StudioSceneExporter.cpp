@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -152,28 +151,14 @@ void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
                         const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place)
 {
     const TargetRow& target = TargetOf(path);
-    QSaveFile file(path);
-    const auto refuse = [&] {
-        throw Error(Status::FileFailed,
-                    path.toStdString() + ": " + file.errorString().toStdString());
-    };
-    if (!file.open(QIODevice::WriteOnly)) {
-        refuse();
-    }
-    TextStream out([&](std::string_view text) {
-        if (file.write(text.data(), static_cast<qint64>(text.size())) !=
-            static_cast<qint64>(text.size())) {
-            refuse();
-        }
-    });
+    CorvexMaterial::FileWriter file(path.toStdString(), place.lifetime);
+    TextStream out([&](std::string_view text) { file.Write(text); });
     RaytraceImages images(target.reader, textures, place);
     target.write(out, scene, images, path);
-    if (!file.commit()) {
-        refuse();
-    }
+    file.Finish();
 }
 
-RaytraceImages::Place ImagesBeside(const QString& sceneFile)
+RaytraceImages::Place ImagesBeside(const QString& sceneFile, CorvexMaterial::Lifetime lifetime)
 {
     const QFileInfo file(sceneFile);
     const QString base = file.completeBaseName();
@@ -181,7 +166,7 @@ RaytraceImages::Place ImagesBeside(const QString& sceneFile)
     const QString plain =
         IsPlainPath(base.toStdString()) ? base : QStringLiteral("scene-%1").arg(qHash(base), 0, 16);
     const QString folder = plain + QStringLiteral("_textures");
-    return {QDir(file.absolutePath()).filePath(folder), folder.toStdString() + '/'};
+    return {QDir(file.absolutePath()).filePath(folder), folder.toStdString() + '/', lifetime};
 }
 
 void StudioSceneExporter::RaytraceEnded()
@@ -201,7 +186,7 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
     const QString path = QString::fromStdString(request.path);
     // Where the job looks for it, whatever type it is.
     scene.picture = (QFileInfo(path).completeBaseName() + QStringLiteral(".bmp")).toStdString();
-    const RaytraceImages::Place images = ImagesBeside(path);
+    const RaytraceImages::Place images = ImagesBeside(path, CorvexMaterial::Lifetime::Temporary);
     if (!QFileInfo::exists(images.folder)) {
         m_converted = images.folder;
     }

@@ -44,11 +44,14 @@ private:
 [[nodiscard]] RaytraceScene FlatSampleOf(const RaytraceScene& scene);
 
 /// Writes the scene for the raytracer that the path's ending names, `.pov` or `.rib`, whole or not
-/// at all. Errors: InvalidArgument for another ending, FileFailed.
+/// at all, to last as long as the images in their place. Errors: InvalidArgument for another
+/// ending, FileFailed.
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
                         const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place);
 
 /// Images that have to be saved for a scene file go into a folder beside it.
-[[nodiscard]] RaytraceImages::Place ImagesBeside(const QString& sceneFile);
+[[nodiscard]] RaytraceImages::Place
+ImagesBeside(const QString& sceneFile,
+             CorvexMaterial::Lifetime lifetime = CorvexMaterial::Lifetime::Lasting);
 
 }  // namespace studio

@@ -7,10 +7,8 @@
 #include <QFile>
 
 #include <cmath>
-#include <csignal>
 #include <random>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 // Out into a format and in again: equal as far as the format can say it.
@@ -259,52 +257,6 @@ TEST_P(RoundTrip, NeverHidesALoss)
             EXPECT_GT(exported.Count(studio::Outcome::Dropped), 0U) << out[index].name;
         }
     }
-}
-
-/// As on a full disk: no file may grow beyond the size.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t most)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{most, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        m_signal = std::signal(SIGXFSZ, SIG_IGN);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        (void)std::signal(SIGXFSZ, m_signal);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_signal)(int) = nullptr;
-};
-
-TEST_P(RoundTrip, AFailedExportLeavesTheOldFile)
-{
-    const std::vector<NamedMaterial> oak{{"Oak", {}}};
-    const std::vector<NamedMaterial> many(500, {"Elm", {}});
-    studio::Report report;
-    studio::ExportMaterials(File("kept"), oak, report);
-    const std::size_t rows = report.Rows().size();
-    {
-        const FullDisk disk(20'000);
-        try {
-            studio::ExportMaterials(File("kept"), many, report);
-            FAIL() << "written to a full disk";
-        } catch (const CorvexMaterial::Error& error) {
-            EXPECT_EQ(error.Code(), CorvexMaterial::Status::FileFailed);
-            EXPECT_NE(std::string(error.what()).find(File("kept")), std::string::npos);
-        }
-    }
-    EXPECT_EQ(report.Rows().size(), rows);
-    const Imported kept = Import(File("kept"));
-    ASSERT_EQ(kept.materials.size(), 1U);
-    EXPECT_EQ(kept.materials[0].name, "Oak");
 }
 
 TEST_P(RoundTrip, KnowsTheAlphaChannelOfEveryTypeAndReadsNoPipe)

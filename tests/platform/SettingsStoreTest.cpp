@@ -1,13 +1,10 @@
 #include "platform/QtPlatform.h"
 #include "tests/platform/ErrorMatch.h"
+#include "tests/support/FullDisk.h"
 #include "tests/support/SampleFolder.h"
 
 #include <QDir>
 #include <QFile>
-
-#include <csignal>
-
-#include <sys/resource.h>
 
 using namespace CorvexMaterial;
 using testing::HasSubstr;
@@ -40,29 +37,6 @@ protected:
     }
 
     CorvexTest::SampleFolder m_home;
-};
-
-/// While it lives, this process can make no file longer than nothing: a full disk.
-class FullDisk {
-public:
-    FullDisk()
-    {
-        m_signal = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_limit);
-        const rlimit nothing{0, m_limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &nothing);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_limit);
-        std::signal(SIGXFSZ, m_signal);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit m_limit{};
-    void (*m_signal)(int) = nullptr;
 };
 
 }  // namespace
@@ -198,7 +172,7 @@ TEST_F(SettingsStoreTest, FullDiskLeavesTheOldFileWhole)
     const QByteArray before = ContentOf(File());
     store.Write(At("Key"), "new");
     {
-        const FullDisk full;
+        const CorvexTest::FullDisk full;
         EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
                     Optional(HasSubstr("Some Host.ini")));
     }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <span>
+#include <string>
+
+namespace CorvexMaterial {
+
+/// What a file is for. One that lasts is on the disk, and has its name there, before it counts as
+/// written; a link in its place stays, and the file it leads to is written. A temporary one is not
+/// waited for, is for this user alone, and replaces a link.
+enum class Lifetime { Lasting, Temporary };
+
+/// A file written piece by piece. It has no name until it is complete, then takes the place of the
+/// file that had its name, with that one's permissions. Until then, and after any error, the old
+/// file is as it was and nothing else is left. What is no file (a terminal, a pipe, a device) is
+/// written to as it is. Errors: FileFailed, naming the path and the system's reason.
+class FileWriter {
+public:
+    explicit FileWriter(std::string path, Lifetime lifetime = Lifetime::Lasting);
+    ~FileWriter();
+    FileWriter(const FileWriter&) = delete;
+    FileWriter& operator=(const FileWriter&) = delete;
+
+    void Write(std::span<const char> bytes);
+    /// Without it nothing was written.
+    void Finish();
+
+private:
+    void OpenStraight();
+    void OpenBeside(unsigned mode);
+    void NameBeside();
+    void Close();
+    void SyncFolder() const;
+    [[noreturn]] void Fail(int reason) const;
+
+    std::string m_path;    ///< as the caller names it
+    std::string m_target;  ///< where its links lead
+    std::string m_beside;  ///< its name until it takes the target's; empty while it has none
+    Lifetime m_lifetime;
+    bool m_straight = false;
+    int m_file = -1;
+};
+
+/// The whole file at once.
+void WriteFile(const std::string& path, std::span<const char> bytes,
+               Lifetime lifetime = Lifetime::Lasting);
+
+/// With the folders above it; one that is there is fine. Errors: FileFailed, as above.
+void MakeFolder(const std::string& path);
+
+}  // namespace CorvexMaterial
