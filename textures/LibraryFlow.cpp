@@ -47,6 +47,10 @@ void LibraryFlow::Connect()
             [this] { m_services.trap(Location("cmd", "Delete"), [this] { Delete(); }); });
     connect(&panel, &LibraryPanel::FunctionsPressed, this,
             [this] { m_services.trap(Location("cmd", "Functions"), [this] { ChooseFile(); }); });
+    connect(&panel, &LibraryPanel::ListWanted, this, [this] {
+        m_services.trap(Location("cbo"),
+                        [this] { List(m_services.host.applicationState.LibraryFolder()); });
+    });
     connect(&panel, &LibraryPanel::LibraryChosen, this, [this](const QString& entry) {
         m_services.trap(Location("cbo"), [&] { Choose(entry); });
     });
@@ -119,12 +123,19 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
     }
     // A library that stays read-only can be browsed; the host refuses changes and says why.
     files.MakeWritable(path);
-    panel.ListLibraries(files.NamesIn(folder, std::string(m_texts.extension)));
-    panel.ShowLibrary(name);
+    List(folder);
     panel.Browser().ShowItems(OpenFile(path).count);
     panel.SetChangesEnabled(true);
     Q_EMIT StatusText(QString::fromUtf8(m_texts.loaded));
     return Outcome::Loaded;
+}
+
+// Files come and go in the folder while the panel is there.
+void LibraryFlow::List(const std::string& folder)
+{
+    m_services.panel.ListLibraries(
+        m_services.platform.libraryFiles.NamesIn(folder, std::string(m_texts.extension)));
+    m_services.panel.ShowLibrary(m_services.name);
 }
 
 std::string LibraryFlow::PathOf(const std::string& name, const std::string& folder) const

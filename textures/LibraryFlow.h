@@ -73,6 +73,7 @@ protected:
 private:
     void Connect();
     Outcome Show(const std::string& name);
+    void List(const std::string& folder);
     void SayNotOpened(const std::string& name);
     /// Where an error arose: a control's name.
     [[nodiscard]] std::string Location(const char* prefix, const char* suffix = "") const;

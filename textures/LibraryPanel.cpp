@@ -7,6 +7,7 @@
 
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QToolButton>
@@ -149,6 +150,7 @@ void LibraryPanel::Connect()
     connect(m_add, &QToolButton::clicked, this, &LibraryPanel::AddPressed);
     connect(m_delete, &QToolButton::clicked, this, &LibraryPanel::DeletePressed);
     connect(m_functions, &QToolButton::clicked, this, &LibraryPanel::FunctionsPressed);
+    m_libraries->installEventFilter(this);
     connect(m_libraries, &QComboBox::textActivated, this, &LibraryPanel::LibraryChosen);
     connect(m_scrollBar, &QScrollBar::valueChanged, this, &LibraryPanel::ScrollBarMoved);
 }
@@ -177,6 +179,18 @@ void LibraryPanel::AddRows(int difference)
         throw Error(Status::Overflow, "no library browser has " + std::to_string(rows) + " rows");
     }
     SetRows(rows);
+}
+
+// The keyboard reaches the list with the focus, the mouse with a press. The focus that comes back
+// from the open list is on its way to choose one of its entries.
+bool LibraryPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool focused = event->type() == QEvent::FocusIn &&
+                         static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason;
+    if (focused || event->type() == QEvent::MouseButtonPress) {
+        Q_EMIT ListWanted();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void LibraryPanel::ListLibraries(const std::vector<std::string>& names)

@@ -69,11 +69,16 @@ Q_SIGNALS:
     void FunctionsPressed();
     /// The user pulled the scroll bar to this position.
     void ScrollBarMoved(int position);
+    /// The user is about to look at the list of libraries.
+    void ListWanted();
     /// The user took this entry of the list.
     void LibraryChosen(const QString& entry);
     /// In the browser, by index in file order.
     void Selected(std::int32_t index);
     void Opened(std::int32_t index);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildLibraryRow(const LibraryPanelKind& kind, QBoxLayout& column);

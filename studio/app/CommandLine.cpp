@@ -7,6 +7,7 @@
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -15,7 +16,8 @@ namespace studio {
 namespace {
 
 constexpr const char* kHelp = R"(Usage:
-  corvex-studio [MODEL]                 open the studio, with a model if one is named
+  corvex-studio [FILE]                  open the studio, with a model or a library if one is
+                                        named
   corvex-studio render [MODEL] --out FILE.png [options]
                                         draw a picture without a window
   corvex-studio export FILE.pov|FILE.rib [MODEL] [options]
@@ -205,6 +207,14 @@ CommandLine ReadWindow(const QStringList& arguments)
     return line;
 }
 
+/// File managers name files by their addresses.
+QString WithoutAddress(const QString& argument)
+{
+    const QUrl address(argument);
+    const bool here = address.host().isEmpty() || address.host() == QStringLiteral("localhost");
+    return address.isLocalFile() && here ? address.path(QUrl::FullyDecoded) : argument;
+}
+
 struct CommandRow {
     const char* name;
     CommandLine (*read)(const QStringList& arguments);
@@ -214,8 +224,10 @@ constexpr std::array kCommands{CommandRow{"render", ReadRender}, CommandRow{"exp
 
 }  // namespace
 
-CommandLine ReadCommandLine(const QStringList& arguments)
+CommandLine ReadCommandLine(const QStringList& given)
 {
+    QStringList arguments = given;
+    std::ranges::transform(arguments, arguments.begin(), WithoutAddress);
     const auto command = std::ranges::find_if(kCommands, [&](const CommandRow& row) {
         return arguments.value(0) == QLatin1String(row.name);
     });

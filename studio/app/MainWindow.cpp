@@ -30,6 +30,9 @@ namespace studio {
 
 namespace {
 
+/// What a desktop puts around a window, of which nothing is known before the window is shown.
+constexpr QSize kFrame(8, 48);
+
 /// Each may hold two materials for every shape of a large scene.
 constexpr int kUndoSteps = 200;
 
@@ -138,6 +141,9 @@ void MainWindow::BuildDock()
     m_dock->setWidget(m_area);
     addDockWidget(Qt::RightDockWidgetArea, m_dock);
     new UndoKeys(*m_area, m_area);
+    // A floating panel is a window of its own, but what is dropped on it is for this one.
+    m_dock->setAcceptDrops(true);
+    m_dock->installEventFilter(this);
 }
 
 void MainWindow::ConnectPanel()
@@ -227,13 +233,23 @@ void MainWindow::ApplyColours()
 
 void MainWindow::RestoreGeometry()
 {
-    resize(QSize(1280, 800).boundedTo(screen()->availableSize()));
+    const QSize room = screen()->availableSize() - kFrame;
+    resize(QSize(1280, 800).boundedTo(room));
     const StudioSettings& settings = m_host.Settings();
     const auto bytes = [&settings](const char* key) {
         return QByteArray::fromBase64(settings.Text(key).toLatin1());
     };
     restoreGeometry(bytes(kGeometrySetting));
     restoreState(bytes(kDocksSetting));
+}
+
+// A floating panel is there before the window, and would stay under it.
+void MainWindow::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (m_dock->isFloating()) {
+        QMetaObject::invokeMethod(m_dock, &QWidget::raise, Qt::QueuedConnection);
+    }
 }
 
 void MainWindow::SaveState()

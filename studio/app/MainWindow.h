@@ -40,6 +40,8 @@ public:
                MaterialLink::Clock clock = SteadyNow);
     ~MainWindow() override;
 
+    /// A library is shown in the panel; everything else is a model.
+    void OpenFile(const QString& file);
     /// Reads the model in the background; `SceneOpened` or `SceneRefused` follows. What is shown
     /// stays until it is read, and for good when it cannot be.
     void OpenModel(const QString& file);
@@ -67,9 +69,11 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildViewport();
@@ -101,12 +105,14 @@ private:
     void RestoreGeometry();
     void SaveState();
 
-    void ChooseModel();
+    void ChooseFile();
+    void OpenLibrary(const QString& file, LibraryKind kind);
     void ShowModel(const QString& file, const ImportedModel& model, const QString& remark);
     void RefuseModel(const QString& file, const QString& message);
     void ShowShapes(StudioScene::Shapes shapes, const QString& title);
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
     [[nodiscard]] RaytraceScene SceneToRaytrace();
+    void KeepExportFolder(const QString& folder);
     void ChooseExport(const QString& filter, const QString& suffix);
     void FindTextures();
     void ReplaceTextures(const std::vector<TextureReplacement>& chosen);

@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QMenuBar>
 
@@ -104,6 +105,24 @@ void MainWindow::BuildLibraryMenu()
     connect(menu, &LibraryMenu::ChooseLibrary, this,
             [this](LibraryKind kind) { PressLibraryButton(kind, "Functions"); });
     connect(menu, &LibraryMenu::EmptyTrashWanted, this, &MainWindow::EmptyTrash);
+}
+
+// One of the library folder goes by its name alone, as in the panel's list.
+void MainWindow::OpenLibrary(const QString& file, LibraryKind kind)
+{
+    const QFileInfo info(file);
+    const QDir folder(QString::fromStdString(m_host.State().LibraryFolder()));
+    const bool inFolder = QDir(info.absolutePath()) == folder;
+    const std::string name = (inFolder ? info.fileName() : info.absoluteFilePath()).toStdString();
+    m_dock->show();
+    const QString what = tr("%1 cannot be shown").arg(info.fileName());
+    if (kind == LibraryKind::Materials) {
+        Check(m_material->put_bMaterialLibraryPanel(true), what);
+        Check(m_material->LoadMaterialLibrary(name), what);
+    } else {
+        Check(m_material->put_bTexturePanel(true), what);
+        Check(m_material->LoadTextureLibrary(name), what);
+    }
 }
 
 // The panel's own button: what it does belongs to the control.

@@ -41,7 +41,7 @@ void MainWindow::BuildMenus()
 void MainWindow::BuildFileMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
-    menu->addAction(tr("&Open Model..."), QKeySequence::Open, this, &MainWindow::ChooseModel);
+    menu->addAction(tr("&Open..."), QKeySequence::Open, this, &MainWindow::ChooseFile);
     QMenu* recent = menu->addMenu(tr("Open Re&cent"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
     menu->addAction(tr("Reset &Scene"), this, &MainWindow::ResetScene);

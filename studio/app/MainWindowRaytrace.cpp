@@ -1,8 +1,10 @@
 #include "studio/app/MainWindow.h"
 
+#include "studio/app/SettingNames.h"
 #include "studio/app/StatusMessage.h"
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
+#include "studio/app/StudioSettings.h"
 #include "studio/raytrace/PovRayStage.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/RenderWindow.h"
@@ -11,6 +13,7 @@
 #include "studio/render/ViewportWidget.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
@@ -73,6 +76,8 @@ void MainWindow::RenderScene()
     auto* window = new RenderWindow(this);
     window->setObjectName(QStringLiteral("renderWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose);
+    window->SetFolder(m_host.Settings().Text(kExportFolderSetting));
+    connect(window, &RenderWindow::FolderChosen, this, &MainWindow::KeepExportFolder);
     try {
         window->ShowMeanwhile(m_viewport->grab());
         const RaytraceScene scene = SceneToRaytrace();
@@ -88,15 +93,22 @@ void MainWindow::RenderScene()
 
 void MainWindow::ChooseExport(const QString& filter, const QString& suffix)
 {
-    QFileDialog dialog(this, tr("Export Scene"), {}, filter);
+    QFileDialog dialog(this, tr("Export Scene"), m_host.Settings().Text(kExportFolderSetting),
+                       filter);
     // A desktop's own dialog would ask about the name before it has its extension.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix.mid(1));
     dialog.selectFile(QStringLiteral("scene") + suffix);
     if (dialog.exec() == QDialog::Accepted) {
+        KeepExportFolder(dialog.directory().absolutePath());
         ExportScene(dialog.selectedFiles().value(0));
     }
+}
+
+void MainWindow::KeepExportFolder(const QString& folder)
+{
+    m_host.Settings().SetText(kExportFolderSetting, folder);
 }
 
 void MainWindow::ExportScene(const QString& file)

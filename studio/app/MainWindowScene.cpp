@@ -31,17 +31,27 @@ QString DroppedFile(const QMimeData* data)
 
 }  // namespace
 
-void MainWindow::ChooseModel()
+void MainWindow::ChooseFile()
 {
     const QStringList recent = m_recent.Files();
     const QString folder = recent.isEmpty() ? QString() : QFileInfo(recent.front()).absolutePath();
     const QString file =
-        QFileDialog::getOpenFileName(this, tr("Open Model"), folder,
+        QFileDialog::getOpenFileName(this, tr("Open"), folder,
                                      tr("3D models (*.obj *.gltf *.glb *.ply *.stl *.x *.3ds *.fbx "
-                                        "*.dae *.off);;All files (*)"));
+                                        "*.dae *.off);;Libraries (*.cvm *.cvt);;All files (*)"));
     if (!file.isEmpty()) {
-        OpenModel(file);
+        OpenFile(file);
     }
+}
+
+void MainWindow::OpenFile(const QString& file)
+{
+    for (const LibraryKind kind : {LibraryKind::Materials, LibraryKind::Textures}) {
+        if (QFileInfo(file).suffix().toLower() == QLatin1String(LibrarySuffix(kind))) {
+            return OpenLibrary(file, kind);
+        }
+    }
+    OpenModel(file);
 }
 
 void MainWindow::OpenModel(const QString& file)
@@ -134,7 +144,19 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 void MainWindow::dropEvent(QDropEvent* event)
 {
     event->acceptProposedAction();
-    OpenModel(DroppedFile(event->mimeData()));
+    OpenFile(DroppedFile(event->mimeData()));
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::DragEnter) {
+        dragEnterEvent(static_cast<QDragEnterEvent*>(event));
+    } else if (event->type() == QEvent::Drop) {
+        dropEvent(static_cast<QDropEvent*>(event));
+    } else {
+        return QMainWindow::eventFilter(watched, event);
+    }
+    return true;
 }
 
 }  // namespace studio

@@ -48,7 +48,7 @@ ExitCode RunWindow(const CommandLine& line)
     desktop.SetWindow(&window);
     window.show();
     if (!line.model.isEmpty()) {
-        window.OpenModel(line.model);
+        window.OpenFile(line.model);
     }
     return QApplication::exec() == 0 ? ExitCode::Done : ExitCode::Failed;
 }

@@ -93,6 +93,11 @@ void LibraryView::mouseDoubleClickEvent(QMouseEvent* event)
 
 void LibraryView::keyPressEvent(QKeyEvent* event)
 {
+    // A window gives its keys also to a widget that is hidden or scrolled away by now.
+    if (!hasFocus() || viewport()->visibleRegion().isEmpty()) {
+        event->ignore();
+        return;
+    }
     const QModelIndex before = currentIndex();
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (enter && before.isValid() && state() != EditingState) {

@@ -3,6 +3,7 @@
 #include "host/Status.h"
 #include "studio/raytrace/PictureFile.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -116,13 +117,15 @@ void RenderWindow::SaveTo(const QString& file) const
 
 void RenderWindow::ChooseFile()
 {
-    QFileDialog dialog(this, tr("Save Picture"), {}, tr("PNG pictures (*.png)"));
+    QFileDialog dialog(this, tr("Save Picture"), m_folder, tr("PNG pictures (*.png)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("png"));
     dialog.selectFile(QStringLiteral("render.png"));
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
+    m_folder = dialog.directory().absolutePath();
+    Q_EMIT FolderChosen(m_folder);
     try {
         SaveTo(dialog.selectedFiles().value(0));
     } catch (const CorvexMaterial::Error& error) {

@@ -10,8 +10,8 @@ class QPushButton;
 
 namespace studio {
 
-/// Shows a picture while a raytracer makes it, and keeps it for saving. Closing it ends a run that is
-/// still going.
+/// Shows a picture while a raytracer makes it, and keeps it for saving. Closing it ends a run that
+/// is still going.
 class RenderWindow : public QDialog {
     Q_OBJECT
 
@@ -23,11 +23,14 @@ public:
     /// Errors: FileFailed.
     void Start(const RaytracerProgram& program, const RaytraceScene& scene,
                const RaytraceImages::Lookup& textures, int antialias);
+    /// Where saving begins; `FolderChosen` tells of another.
+    void SetFolder(const QString& folder) { m_folder = folder; }
     /// Errors: FileFailed.
     void SaveTo(const QString& file) const;
 
 Q_SIGNALS:
     void Ended(const QString& message);  ///< empty when there is a picture
+    void FolderChosen(const QString& folder);
 
 private:
     void CancelOrClose();
@@ -42,6 +45,7 @@ private:
     QPushButton* m_save;
     QPushButton* m_cancel;
     QImage m_result;
+    QString m_folder;
 };
 
 }  // namespace studio

@@ -26,6 +26,8 @@ ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
     : QWidget(parent), m_service(service), m_view(service.AddView())
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
+    // Keys pressed after a click here must not go to what had the focus before.
+    setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setMinimumSize(32, 32);
     for (QTimer* timer : {&m_refineSoon, &m_wheelEnd}) {
@@ -62,7 +64,8 @@ void ViewportWidget::Draw()
 
 void ViewportWidget::DrawSoon()
 {
-    // Posted: a timer would come after the widgets are painted, and the drawing thread wait for that.
+    // Posted: a timer would come after the widgets are painted, and the drawing thread wait for
+    // that.
     if (!std::exchange(m_drawPosted, true)) {
         QMetaObject::invokeMethod(
             this,

@@ -1,8 +1,10 @@
 #include "studio/browser/LibraryBrowser.h"
+#include "studio/browser/LibraryDrag.h"
 #include "studio/browser/LibraryView.h"
 #include "studio/browser/SearchField.h"
 #include "tests/browser/SampleLibrary.h"
 
+#include <QDrag>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -46,6 +48,8 @@ protected:
         browser->SetListener(&heard);
         browser->ScrollFromOutside();
         window.show();
+        window.activateWindow();
+        View().setFocus();
     }
 
     void Open(const std::vector<std::string>& names)
@@ -111,6 +115,12 @@ TEST_F(Browser, SearchShowsWhatMatchesAndTellsPlacesInTheFile)
     Click(1);
     EXPECT_EQ(heard.selected, (std::vector<std::int32_t>{2}));
     EXPECT_EQ(browser->SelectedIndex(), 2);
+    Q_EMIT View().DragStarted(1);
+    const auto* drag = View().findChild<QDrag*>();
+    EXPECT_EQ(studio::DraggedMaterial(*drag->mimeData())->name, "Dark Ruby");
+    browser->Reveal(1);
+    EXPECT_EQ(browser->SelectedIndex(), -1) << "what the search hides is not marked";
+    browser->Reveal(2);
     QTest::keyClick(&search, Qt::Key_Escape);
     EXPECT_EQ(View().model()->rowCount(), 4);
     EXPECT_EQ(browser->SelectedIndex(), 2) << "the choice outlives the search";
@@ -130,6 +140,20 @@ TEST_F(Browser, SearchShowsWhatMatchesAndTellsPlacesInTheFile)
     EXPECT_EQ(View().model()->rowCount(), 0) << "nothing is shown of a library that is not";
     browser->ShowItems(file->Count());
     EXPECT_EQ(View().model()->rowCount(), 2) << "the search holds for what is shown next";
+}
+
+TEST_F(Browser, AnotherLibraryHasPicturesOfItsOwn)
+{
+    const auto shown = [this](CorvexMaterial::Colour colour) {
+        Open({});
+        studio::NamedMaterial gem{"Gem", {}};
+        gem.material.Color = colour;
+        file->Add(studio::EntryOfMaterial(gem, "/"));
+        browser->ShowItems(1);
+        return browser->grab().toImage();
+    };
+    const QImage red = shown(0x0000FF);
+    EXPECT_NE(shown(0xFF0000), red);
 }
 
 TEST_F(Browser, ScrollsFromOutsideAndStaysWhereItWas)

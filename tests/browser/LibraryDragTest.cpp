@@ -1,4 +1,5 @@
 #include "studio/browser/LibraryDrag.h"
+#include "studio/browser/LibraryToolTip.h"
 #include "tests/browser/SampleLibrary.h"
 
 #include <QMimeData>
@@ -42,6 +43,19 @@ TEST(LibraryDrag, OnlyImageFilesAreTextures)
         EXPECT_EQ(!studio::DraggedTexture(data).isEmpty(), row.isTexture) << row.url;
         EXPECT_FALSE(studio::DraggedMaterial(data).has_value());
     }
+}
+
+TEST(LibraryToolTip, SaysOfATextureThatItIsMissingOnlyWhenItIs)
+{
+    const SampleLibraries libraries;
+    const std::string path = libraries.PathOf("Tips.cvt");
+    studio::LibraryFile::Create(path, studio::LibraryKind::Textures);
+    auto file = studio::LibraryFile::Open(path, studio::LibraryKind::Textures);
+    for (const std::string& texture : {path, path + ".png"}) {
+        file.Add(studio::EntryOfTexture(texture, studio::FolderOf(path)));
+    }
+    EXPECT_FALSE(studio::LibraryToolTipText(file, 0, {}).contains("(missing)"));
+    EXPECT_TRUE(studio::LibraryToolTipText(file, 1, {}).contains("(missing)"));
 }
 
 TEST(LibraryDrag, GarbageInTheFormatIsNoMaterial)

@@ -86,7 +86,7 @@ TEST_F(Rendering, MaterialAssignmentsReachThePicture)
 
 TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
 {
-    const QImage picture = Draw({MODEL_FOLDER "/still-life.obj"});
+    const QImage picture = Draw({"file://" MODEL_FOLDER "/still-life%2Eobj"});
     EXPECT_NE(picture.pixelColor(80, 75), picture.pixelColor(5, 75));
     EXPECT_FALSE(errors.contains("corvex-studio:")) << errors.toStdString();
 

@@ -2,6 +2,7 @@
 #include "studio/app/LatePrompts.h"
 #include "studio/app/NumberField.h"
 #include "studio/app/OptionsDialog.h"
+#include "studio/app/RecentFiles.h"
 #include "studio/app/StudioDesktop.h"
 #include "studio/app/StudioSettings.h"
 #include "studio/app/StudioTables.h"
@@ -112,6 +113,18 @@ TEST(LateMessages, WaitForTheWindowAndThenComeAtOnce)
     EXPECT_EQ(shown.shown.size(), 1U);
     prompts.Show(message);
     EXPECT_EQ(shown.shown.size(), 2U);
+}
+
+TEST(RecentFiles, AreEachThereOnceWhateverTheirNames)
+{
+    CorvexTest::CallLog log;
+    CorvexTest::RecordingStore store(log);
+    studio::StudioSettings settings(store, "Corvex");
+    studio::RecentFiles recent(settings);
+    for (const char* file : {"/a, b;c.obj", "/d.obj", "/a, b;c.obj"}) {
+        recent.Add(QString::fromUtf8(file));
+    }
+    EXPECT_EQ(recent.Files(), QStringList({"/a, b;c.obj", "/d.obj"}));
 }
 
 TEST(CustomFieldNames, KeepTheirPlaces)

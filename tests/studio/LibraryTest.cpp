@@ -2,9 +2,11 @@
 #include "studio/browser/LibraryDrag.h"
 #include "studio/browser/LibraryView.h"
 #include "studio/libraries/MaterialText.h"
+#include "studio/libraries/SqliteTextureLibrary.h"
 #include "studio/render/ViewportWidget.h"
 #include "tests/studio/StudioRig.h"
 
+#include <QDockWidget>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
@@ -25,6 +27,7 @@ protected:
     Library()
     {
         rig.Start();
+        rig.Window().resize(1000, 1200);  // all of the panel is in sight
         rig.Window().Panel().put_bMaterialLibraryPanel(true);
         rig.Window().Panel().put_bTexturePanel(true);
         QCoreApplication::processEvents();
@@ -216,10 +219,70 @@ TEST_F(Library, RenamingIsAStepAndMovesNothing)
     QTest::keyClick(editor, Qt::Key_Return);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Names().front() == "Onyx"; }, 2000));
     EXPECT_EQ(Names(), (std::vector<std::string>{"Onyx", names[1]}));
+    auto& search = rig.Find<QLineEdit>("searchMaterials");
+    search.setText("onyx");
+    EXPECT_EQ(Names(), std::vector<std::string>{"Onyx"});
+    search.clear();
     History().undo();
     EXPECT_EQ(Names(), names);
     History().redo();
     EXPECT_EQ(Names()[0], "Onyx");
+}
+
+TEST_F(Library, KeysAreTheBrowsersOnlyWhileItIsSeenAndHasTheFocus)
+{
+    AddMaterial("11");
+    const auto press = [this] {
+        QTest::keyClick(rig.Window().windowHandle(), Qt::Key_G);
+        QTest::keyClick(rig.Window().windowHandle(), Qt::Key_Delete);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Names().size(), 1U);
+        EXPECT_EQ(rig.TextOf("searchMaterials"), "");
+    };
+    for (QWidget* viewport : rig.Window().findChildren<studio::ViewportWidget*>()) {
+        ClickEntry(0);
+        QTest::mouseClick(viewport, Qt::LeftButton, {}, viewport->rect().center());
+        press();
+    }
+    ClickEntry(0);
+    rig.Window().Dock().hide();
+    press();
+}
+
+TEST_F(Library, DroppedOnTheWindowIsOpened)
+{
+    struct Row {
+        const char* file;
+        LibraryKind kind;
+        QString shown;
+    };
+    rig.Window().Dock().hide();
+    for (const auto& [file, kind, shown] :
+         std::initializer_list<Row>{{"data/Other.cvm", LibraryKind::Materials, "Other.cvm"},
+                                    {"Far.CVM", LibraryKind::Materials, rig.PathOf("Far.CVM")},
+                                    {"Far.cvt", LibraryKind::Textures, rig.PathOf("Far.cvt")}}) {
+        LibraryFile::Create(rig.PathOf(file).toStdString(), kind);
+        QWidget* const targets[] = {&rig.Window(), &rig.Window().Dock()};
+        EXPECT_TRUE(CorvexTest::DropFile(*targets[kind == LibraryKind::Textures], rig.PathOf(file),
+                                         {20, 20}));
+        EXPECT_EQ(rig.Host().Browsers().Open(kind)->Path(), rig.PathOf(file).toStdString());
+        const bool materials = kind == LibraryKind::Materials;
+        const auto& list =
+            rig.Find<QComboBox>(materials ? "cboMaterialLibrary" : "cboTextureLibrary");
+        EXPECT_EQ(list.placeholderText(), shown);
+        EXPECT_TRUE(list.isVisible());
+    }
+    EXPECT_TRUE(rig.prompts.shown.empty());
+}
+
+TEST_F(Library, CopiedIntoTheFolderIsInTheListWhenItIsOpened)
+{
+    LibraryFile::Create(rig.PathOf("data/Copied.cvm").toStdString(), LibraryKind::Materials);
+    auto& list = rig.Find<QComboBox>("cboMaterialLibrary");
+    CorvexTest::Click(list);
+    EXPECT_GE(list.findText("Copied.cvm"), 0);
+    EXPECT_EQ(list.currentText(), "Gems.cvm");
+    list.hidePopup();
 }
 
 TEST_F(Library, StepsOfALibraryThatIsNoLongerOpenStillWork)
@@ -244,6 +307,9 @@ TEST_F(Library, StepsOfALibraryThatIsNoLongerOpenStillWork)
 
 TEST_F(Library, TrashGivesBackUntilItIsEmptied)
 {
+    auto& textures = rig.Host().Textures();
+    textures.AddTextureToLibrary(rig.files.Save("oak.png", Qt::red).toStdString());
+    textures.DeleteTextureFromLibrary(0);
     AddMaterial("11");
     ClickEntry(0);
     rig.Press("cmdMaterialLibraryDelete");
@@ -267,6 +333,7 @@ TEST_F(Library, TrashGivesBackUntilItIsEmptied)
     EXPECT_EQ(Materials().Trash().size(), 1U) << "No was the answer";
     rig.Find<QAction>("emptyTrash").trigger();
     EXPECT_TRUE(Materials().Trash().empty());
+    EXPECT_TRUE(rig.Host().Browsers().Open(LibraryKind::Textures)->Trash().empty());
     History().redo();
     EXPECT_TRUE(Names().empty());
     EXPECT_EQ(rig.prompts.shown.size(), 1U) << "what is gone for good is told";

@@ -4,6 +4,8 @@
 
 #include <QCheckBox>
 #include <QDockWidget>
+#include <QFileDialog>
+#include <QScreen>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -55,6 +57,53 @@ TEST(Restart, FirstStartOpensThePanelAndALaterOneKeepsTheUsersChoice)
     rig.Stop();
     rig.Start();
     EXPECT_FALSE(rig.Read(&IMaterial::get_bMaterialPanel));
+}
+
+TEST(Restart, TheFirstWindowFitsTheScreenAndAFloatingPanelComesBackAboveIt)
+{
+    StudioRig rig;
+    rig.Start();
+    constexpr int kTitleBar = 30;
+    EXPECT_LE(rig.Window().height() + kTitleBar, rig.Window().screen()->availableSize().height());
+    rig.Window().Dock().setFloating(true);
+    rig.Stop();
+    rig.Start();
+    struct : QObject {
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override
+        {
+            raised = raised || event->type() == QEvent::ZOrderChange;
+            return false;
+        }
+        bool raised = false;
+    } watch;
+    rig.Window().Dock().installEventFilter(&watch);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(rig.Window().Dock().isFloating() && watch.raised);
+}
+
+TEST(Restart, ExportBeginsWhereTheLastOneEnded)
+{
+    StudioRig rig;
+    rig.Start();
+    const QString folder = rig.PathOf("out");
+    QDir().mkpath(folder);
+    const auto choose = [&](const char* menu, const auto& answer) {
+        const CorvexTest::DialogAnswer given(
+            [&](QDialog& dialog) { answer(dynamic_cast<QFileDialog&>(dialog)); });
+        rig.Trigger(menu);
+        EXPECT_TRUE(given.Given());
+    };
+    choose("POV-Ray Scene...", [&](QFileDialog& dialog) {
+        dialog.setDirectory(folder);
+        static_cast<QDialog&>(dialog).accept();
+    });
+    EXPECT_TRUE(QFile::exists(folder + "/scene.pov"));
+    rig.Stop();
+    rig.Start();
+    choose("RIB...", [&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().path(), folder);
+        dialog.reject();
+    });
 }
 
 TEST(PanelLayoutCommands, SavedLayoutKeepsWhatIsBeingEdited)
