@@ -16,9 +16,19 @@
 #include <QAbstractButton>
 #include <QPointer>
 
+#include <array>
+
 namespace CorvexMaterial {
 
 namespace {
+
+/// What shows the picture of a predefined material as it is.
+std::array<std::pair<Attribute, std::string>, 3> AsRendered()
+{
+    return {{{Attribute::Color, TextOfWholeNumber(kWhite)},
+             {Attribute::Specular, "0"},
+             {Attribute::Transparency, "0"}}};
+}
 
 class ButtonOff {
 public:
@@ -131,11 +141,12 @@ void RaytraceFlow::Take(const frmMaterialExtended& dialog)
     m_editor.Attributes().RayTrace() = attributes;
     const std::string& texture = dialog.SimulationTexture();
     TexturePage& textures = m_editor.Form().Attributes().Channels().Textures();
+    const std::string shown = textures.File(TextureLayer::Primary);
+    if ((changed || !texture.empty()) && IsSimulationTexture(shown)) {
+        PutBack(shown);  // it stands for other attributes than these
+    }
     if (!texture.empty()) {
         ShowAsRendered(texture);
-    } else if (changed && IsSimulationTexture(textures.File(TextureLayer::Primary))) {
-        // It stands for other attributes than these.
-        textures.SetFile(TextureLayer::Primary, {});
     }
     Require(m_control.put_lRaytraceColorPatternType(attributes.ColorPattern));
     Require(m_control.put_lRaytracePredefinedType(attributes.PredefinedType));
@@ -149,14 +160,33 @@ void RaytraceFlow::Take(const frmMaterialExtended& dialog)
 // of them. That of a pattern holds the pattern alone.
 void RaytraceFlow::ShowAsRendered(const std::string& texture)
 {
-    m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary, texture);
-    if (m_editor.Attributes().RayTrace().MaterialType !=
-        static_cast<std::int32_t>(MaterialType::Predefined)) {
+    PanelAttributes& attributes = m_editor.Attributes();
+    TexturePage& textures = m_editor.Form().Attributes().Channels().Textures();
+    Replaced& replaced = m_replaced[texture];
+    replaced = {textures.File(TextureLayer::Primary), {}};
+    textures.SetFile(TextureLayer::Primary, texture);
+    if (attributes.RayTrace().MaterialType != static_cast<std::int32_t>(MaterialType::Predefined)) {
         return;
     }
-    m_editor.Attributes().Show(Attribute::Color, TextOfWholeNumber(kWhite));
-    for (const Attribute amount : {Attribute::Specular, Attribute::Transparency}) {
-        m_editor.Attributes().Show(amount, "0");
+    for (const auto& [attribute, text] : AsRendered()) {
+        replaced.values.emplace_back(attribute, attributes.TextOf(attribute));
+        attributes.Show(attribute, text);
+    }
+}
+
+// A value that was changed since is the user's own.
+void RaytraceFlow::PutBack(const std::string& texture)
+{
+    const auto known = m_replaced.find(texture);
+    const Replaced replaced = known != m_replaced.end() ? known->second : Replaced{};
+    m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary,
+                                                               replaced.texture);
+    const auto rendered = AsRendered();
+    for (std::size_t i = 0; i < replaced.values.size(); ++i) {
+        const auto& [attribute, text] = replaced.values[i];
+        if (m_editor.Attributes().TextOf(attribute) == rendered[i].second) {
+            m_editor.Attributes().Show(attribute, text);
+        }
     }
 }
 

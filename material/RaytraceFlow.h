@@ -1,8 +1,14 @@
 #pragma once
 
+#include "material/Attributes.h"
 #include "raytrace/RaytracedPreview.h"
 #include "raytrace/RenderWait.h"
 #include "raytrace/modRaytrace.h"
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace CorvexMaterial {
 
@@ -27,12 +33,18 @@ public:
     void FollowAttributes();
 
 private:
+    struct Replaced {
+        std::string texture;
+        std::vector<std::pair<Attribute, std::string>> values;
+    };
+
     CorvexViewport::PixelSize Prepare() override;
     void WithAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
                         const std::function<void(CorvexSG::Scene&)>& use) override;
 
     void Take(const frmMaterialExtended& dialog);
     void ShowAsRendered(const std::string& texture);
+    void PutBack(const std::string& texture);
     void Notice(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 
     MaterialEditor& m_editor;
@@ -41,6 +53,8 @@ private:
     QWidget& m_widget;
     modRaytrace m_raytrace;
     RenderWait m_wait;
+    /// What each simulation of this session took the place of, by its picture.
+    std::map<std::string, Replaced> m_replaced;
 };
 
 }  // namespace CorvexMaterial

@@ -122,6 +122,39 @@ TEST_F(Simulation, OfAPredefinedMaterialLocksTheListedControls)
     }
 }
 
+TEST_F(Simulation, GivesBackWhatItTookThePlaceOf)
+{
+    CorvexDB::udtMaterial own;
+    own.Color = MakeColour({140, 120, 36});
+    own.Specular = 35;
+    own.Transparency = 20;
+    own.Textures.primary = "/t/oak.png";
+    rig.Control().CopyFieldToFormMaterial(own);
+    ChoosePredefined();
+    const CorvexDB::udtMaterial glass = rig.Previewed();
+    EXPECT_EQ(glass.Color, kWhite);
+    Answer([](QDialog& dialog) {
+        Choose(*dialog.findChild<QComboBox*>("cboPredefinedType"), "Metal");
+    });
+    EXPECT_NE(rig.Previewed().Textures.primary, glass.Textures.primary);
+
+    rig.Control().CopyFieldToFormMaterial({});  // another shape, and back
+    rig.Control().CopyFieldToFormMaterial(glass);
+    const auto custom = [](QDialog& dialog) {
+        Choose(*dialog.findChild<QComboBox*>("cboMaterialType"), "Custom");
+    };
+    Answer(custom);
+    EXPECT_EQ(rig.Previewed().Color, own.Color);
+    EXPECT_EQ(rig.Previewed().Textures, own.Textures);
+    EXPECT_EQ(rig.Previewed().Specular, 35);
+    EXPECT_EQ(rig.Previewed().Transparency, 20);
+
+    ChoosePredefined();
+    Choose(rig.List("cboColor"), "Black");
+    Answer(custom);
+    EXPECT_EQ(rig.Previewed().Color, 0) << "chosen meanwhile";
+}
+
 TEST_F(Simulation, IsMadeForNoPlainMaterial)
 {
     Answer([](QDialog& dialog) { dialog.findChild<QAbstractButton*>("chkMetallic")->click(); });
