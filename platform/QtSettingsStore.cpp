@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
+#include "platform/RegularFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -20,10 +21,11 @@ namespace {
 
 constexpr int kLockMilliseconds = 5000;
 
-[[noreturn]] void Fail(const char* reason, const QString& path)
+[[noreturn]] void Fail(const char* reason, const QString& path, const QString& cause = {})
 {
-    const QString text = QCoreApplication::translate("SettingsStore", reason);
-    throw Error(Status::FileFailed, text.arg(QDir::toNativeSeparators(path)).toStdString());
+    QString text = QCoreApplication::translate("SettingsStore", reason);
+    text.replace(QStringLiteral("%1"), QDir::toNativeSeparators(path));
+    throw Error(Status::FileFailed, text.replace(QStringLiteral("%2"), cause).toStdString());
 }
 
 QString KeyOf(const SettingAddress& address)
@@ -127,8 +129,20 @@ void PutInPlace(const QString& path, const QByteArray& content)
     }
 }
 
+/// Why it is not read, though it is there; the toolkit would open whatever has this name.
+std::string Obstacle(const QString& path)
+{
+    constexpr std::int64_t kMostSettingsBytes = 64 << 20;
+    const RegularFile file(path.toStdString(), kMostSettingsBytes);
+    return file.IsMissing() ? std::string() : file.Obstacle();
+}
+
 void CheckReplaceable(const QString& path)
 {
+    if (const std::string obstacle = Obstacle(path); !obstacle.empty()) {
+        Fail(QT_TRANSLATE_NOOP("SettingsStore", "The settings file %1 cannot be read: %2."), path,
+             QString::fromStdString(obstacle));
+    }
     const QFileInfo file(path);
     if (file.exists() && !(file.isFile() && file.isReadable() && file.isWritable())) {
         Fail(QT_TRANSLATE_NOOP("SettingsStore", "The settings file %1 cannot be read and written."),
@@ -169,7 +183,7 @@ std::optional<std::string> QtSettingsStore::Read(const SettingAddress& address)
         unwritten != application.unwritten.end()) {
         return unwritten->second.toStdString();
     }
-    const QVariant value = application.onDisk->value(key);
+    const QVariant value = application.onDisk ? application.onDisk->value(key) : QVariant();
     return value.isValid() ? std::optional(TextOf(value).toStdString()) : std::nullopt;
 }
 
@@ -191,8 +205,10 @@ QtSettingsStore::Application& QtSettingsStore::Opened(const std::string& applica
         const QByteArray name =
             QUrl::toPercentEncoding(QString::fromStdString(application), " ()+,;=@!&'$[]");
         opened.path = m_folder + '/' + QString::fromLatin1(name) + ".ini";
-        opened.onDisk = std::make_unique<QSettings>(opened.path, QSettings::IniFormat);
-        opened.damaged = IsDamaged(*opened.onDisk);
+        if (Obstacle(opened.path).empty()) {
+            opened.onDisk = std::make_unique<QSettings>(opened.path, QSettings::IniFormat);
+            opened.damaged = IsDamaged(*opened.onDisk);
+        }
     }
     return opened;
 }

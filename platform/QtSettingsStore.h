@@ -34,7 +34,7 @@ public:
 private:
     struct Application {
         QString path;
-        std::unique_ptr<QSettings> onDisk;
+        std::unique_ptr<QSettings> onDisk;  ///< null while the file is not read or not readable
         /// Only the object that parsed a file knows: the result of parsing is shared.
         bool damaged = false;
         std::map<QString, QString> unwritten;

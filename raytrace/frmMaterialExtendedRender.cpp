@@ -6,30 +6,17 @@
 #include "dialogs/Trap.h"
 #include "dialogs/WarningCatalogue.h"
 #include "dialogs/modDialog.h"
+#include "platform/QtRegularFile.h"
 #include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/RaytraceMessages.h"
 #include "raytrace/RaytracedPreview.h"
 #include "ui_frmMaterialExtended.h"
-
-#include <QImageReader>
 
 namespace CorvexMaterial {
 
 namespace {
 
 constexpr std::int32_t kJpegQuality = 80;
-
-QImage ReadPicture(const std::string& path)
-{
-    QImageReader reader(QString::fromStdString(path));
-    // The name says "bmp" whatever the renderer has written.
-    reader.setDecideFormatFromContent(true);
-    const QImage picture = reader.read();
-    if (picture.isNull()) {
-        throw Error(Status::FileFailed, path + ": " + reader.errorString().toStdString());
-    }
-    return picture;
-}
 
 }  // namespace
 
@@ -68,7 +55,9 @@ void frmMaterialExtended::RaytracePicture()
         m_services.preview.WithAttributes(m_material.RayTrace, [&](CorvexSG::Scene& scene) {
             m_raytrace.Render(
                 {scene, CorvexSG::RaytraceView::Scene, {side, side}, antialias, &m_wait},
-                [this](const std::string& bitmap) { ShowRaytraced(ReadPicture(bitmap)); });
+                [this](const std::string& bitmap) {
+                    ShowRaytraced(ReadPicture(QString::fromStdString(bitmap)));
+                });
         });
     });
 }

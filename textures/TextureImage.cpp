@@ -1,6 +1,8 @@
 #include "textures/TextureImage.h"
 
-#include <QFileInfo>
+#include "platform/QtRegularFile.h"
+
+#include <QFile>
 #include <QImageReader>
 
 namespace CorvexMaterial {
@@ -20,11 +22,11 @@ QSize FitInto(const QSize& size, int side)
 
 TextureImage ReadTextureImage(const QString& file, int side)
 {
-    // Opening a pipe or a device could wait for ever.
-    if (!QFileInfo(file).isFile()) {
+    QFile opened(file);
+    if (!OpenRegular(opened, kMostPictureFileBytes).empty()) {
         return {};
     }
-    QImageReader reader(file);
+    QImageReader reader(&opened);
     TextureImage result;
     result.size = reader.size();
     if (!result.size.isEmpty()) {

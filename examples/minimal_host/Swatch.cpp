@@ -2,7 +2,7 @@
 
 #include <host/Status.h>
 
-#include <QFile>
+#include <QFileInfo>
 #include <QPainter>
 
 using CorvexMaterial::Error;
@@ -59,7 +59,8 @@ void SwatchShape::ApplyMaterialWrapped(const CorvexSG::MaterialApplication& appl
 void SwatchShape::LoadMeshFile(const std::string& path)
 {
     // Every shape is drawn as a ball here, but a missing mesh is still worth reporting.
-    if (!QFile(QString::fromStdString(path)).open(QIODevice::ReadOnly)) {
+    const QFileInfo mesh(QString::fromStdString(path));
+    if (!mesh.isFile() || !mesh.isReadable()) {
         throw Error(Status::FileFailed, "The mesh " + path + " cannot be read.");
     }
 }

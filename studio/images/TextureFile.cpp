@@ -1,5 +1,6 @@
 #include "studio/images/TextureFile.h"
 
+#include "platform/QtRegularFile.h"
 #include "studio/images/ImageScaling.h"
 #include "studio/images/OwnFormats.h"
 #include "studio/images/OwnImage.h"
@@ -63,8 +64,10 @@ DecodedImage ReadWithToolkit(QFile& file, const ImageBounds& bounds)
 DecodedImage ReadAnyType(const QString& path, const ImageBounds& bounds)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw ImageError(file.errorString().toStdString());
+    const std::string obstacle =
+        CorvexMaterial::OpenRegular(file, CorvexMaterial::kMostPictureFileBytes);
+    if (!obstacle.empty()) {
+        throw ImageError(obstacle);
     }
     const QByteArray head = file.peek(kFormatHeadBytes);
     // First of all: the toolkit's own reader of Targa files, where it is installed, reads only
@@ -93,9 +96,6 @@ std::optional<FileState> StateOfFile(const std::string& path)
 
 FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds)
 {
-    if (!StateOfFile(path)) {
-        return {{}, false, TextureFileText::tr("There is no such file.").toStdString()};
-    }
     try {
         const DecodedImage decoded = ReadAnyType(QString::fromStdString(path), bounds);
         const TexturePixels pixels = ToTexturePixels(decoded.image);

@@ -3,6 +3,7 @@
 #include "host/Status.h"
 #include "studio/import/AssimpMaterial.h"
 #include "studio/import/AssimpMesh.h"
+#include "studio/import/GuardedFiles.h"
 #include "studio/import/PicturesInside.h"
 #include "studio/import/ShapeNames.h"
 #include "studio/import/UnitVector.h"
@@ -173,9 +174,14 @@ void Append(const Mesh& mesh, const QMatrix4x4& worldFromMesh, std::vector<Verte
 
 ImportedModel ReadModelFile(const std::string& path)
 {
+    std::string refused;
     Assimp::Importer importer;
+    importer.SetIOHandler(new GuardedFiles(refused));
     Configure(importer);
     const aiScene* scene = importer.ReadFile(path, kSteps);
+    if (scene == nullptr && !refused.empty()) {
+        throw Error(Status::FileFailed, refused);
+    }
     if (scene == nullptr) {
         Refuse(path, importer.GetErrorString());
     }
@@ -183,6 +189,7 @@ ImportedModel ReadModelFile(const std::string& path)
         Refuse(path, "the file holds no scene");
     }
     ImportedModel model = ModelFrom(*scene, path);
+    model.refusedFile = refused;
     const auto hasSurface = [](const ImportedMesh& mesh) { return !mesh.mesh->indices.empty(); };
     if (model.shapes.empty() || std::ranges::none_of(model.meshes, hasSurface)) {
         Refuse(path, "the file holds no surface");

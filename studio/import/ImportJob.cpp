@@ -1,6 +1,7 @@
 #include "studio/import/ImportJob.h"
 
 #include "host/Status.h"
+#include "platform/QtRegularFile.h"
 #include "studio/TemporaryFolder.h"
 #include "studio/import/ModelFile.h"
 #include "studio/import/ShapeNames.h"
@@ -88,7 +89,7 @@ ImportJob::~ImportJob()
 
 ImportFailure ImportJob::Start()
 {
-    if (!QFileInfo(m_file).isFile()) {
+    if (!QFileInfo::exists(m_file)) {
         return ImportFailure::NotFound;
     }
     if (!m_folder.isValid()) {
@@ -144,6 +145,8 @@ ImportFailure ImportJob::FailureOfProcess() const
         return ImportFailure::None;
     case ImportExit::Refused:
         return ImportFailure::Refused;
+    case ImportExit::TookTooLong:
+        return ImportFailure::TimedOut;
     case ImportExit::OutOfMemory:
         return ImportFailure::OutOfMemory;
     case ImportExit::NoOutput:
@@ -161,8 +164,10 @@ QString ImportJob::OutputPath() const
 ImportedModel ImportJob::ReadOutput() const
 {
     QFile output(OutputPath());
-    if (!output.open(QIODevice::ReadOnly)) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "there is no result");
+    constexpr std::int64_t kMostAnswerBytes = std::int64_t{2} << 30;
+    if (const auto obstacle = CorvexMaterial::OpenRegular(output, kMostAnswerBytes);
+        !obstacle.empty()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, obstacle);
     }
     const uchar* bytes = output.map(0, output.size());
     if (bytes == nullptr) {
@@ -214,6 +219,7 @@ QString ImportJob::Remark(ImportedModel& model) const
         remarks << QCoreApplication::translate(
             "studio::ModelImport", "A surface has one colour: that of its vertices on average.");
     }
+    remarks << QString::fromStdString(model.refusedFile);
     remarks.removeAll(QString());
     return remarks.join(u' ');
 }
@@ -221,7 +227,9 @@ QString ImportJob::Remark(ImportedModel& model) const
 QString ImportJob::Message(ImportFailure failure) const
 {
     QString cause = TextOf(failure);
-    if (failure == ImportFailure::Refused) {
+    const bool isExplained =
+        failure == ImportFailure::Refused || failure == ImportFailure::TimedOut;
+    if (isExplained && !m_complaint.isEmpty()) {
         QByteArray reason = m_complaint;
         const QByteArray prefix = QFile::encodeName(QFileInfo(m_file).absoluteFilePath()) + ": ";
         if (reason.startsWith(prefix)) {

@@ -3,6 +3,7 @@
 #include "host/Status.h"
 #include "platform/FileWriting.h"
 #include "studio/import/AssimpReader.h"
+#include "studio/import/ImportAllowance.h"
 #include "studio/import/ModelFile.h"
 
 #include <csignal>
@@ -23,11 +24,8 @@ struct ProcessLimit {
 
 constexpr rlim_t kGigabyte = rlim_t{1} << 30;
 
-// The starting process gives up earlier than the processor time does; that one is for an importer
-// which has outlived it.
 constexpr ProcessLimit kLimits[] = {
     {RLIMIT_CORE, 0},
-    {RLIMIT_CPU, 90},
     {RLIMIT_FSIZE, 2 * kGigabyte},
 #ifndef CORVEX_SANITIZED  // its shadow memory alone is larger than any sensible limit
     {RLIMIT_AS, 4 * kGigabyte},
@@ -40,6 +38,7 @@ void LimitThisProcess()
         const rlimit limit{most, most};
         setrlimit(resource, &limit);
     }
+    LimitTime();
     prctl(PR_SET_DUMPABLE, 0);
     prctl(PR_SET_PDEATHSIG, SIGKILL);
 }

@@ -18,7 +18,8 @@ enum class ImportExit : int {
     Refused = 20,
     OutOfMemory = 21,
     NoOutput = 22,
-    Misused = 23
+    Misused = 23,
+    TookTooLong = 24
 };
 
 /// Reads a file and packs what it holds. Errors: any.

@@ -36,6 +36,8 @@ struct ImportedModel {
     std::vector<EmbeddedPicture> pictures;
     /// Vertices of one surface differ in colour; its material has their average.
     bool manyColours = false;
+    /// A further file that it names and that is there but was not read, with the reason.
+    std::string refusedFile;
 };
 
 /// A coordinate beyond this is taken for damage: squares of world distances still fit a float.

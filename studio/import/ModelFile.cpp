@@ -13,7 +13,7 @@ namespace {
 using CorvexDB::udtMaterial;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 4;
+constexpr std::uint32_t kVersion = 5;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
@@ -178,6 +178,7 @@ QByteArray PackModel(const ImportedModel& model)
     putList(model.shapes);
     putList(model.pictures);
     writer.Put(static_cast<std::uint32_t>(model.manyColours));
+    writer.PutText(model.refusedFile);
     writer.Put(kEnd);
     return writer.Take();
 }
@@ -201,6 +202,7 @@ ImportedModel UnpackModel(std::span<const std::byte> bytes)
         model.pictures.push_back(GetPicture(reader, model.materials.size()));
     }
     model.manyColours = reader.Get<std::uint32_t>() != 0;
+    model.refusedFile = reader.GetText();
     Require(reader.Get<std::uint32_t>() == kEnd && reader.AtEnd(), "the data is damaged");
     return model;
 }

@@ -39,7 +39,8 @@ struct ImportOutcome {
 /// The program that does the importing, given `--import-model <file> <output>`.
 struct ImportProgram {
     QString path;  ///< empty: this very program
-    std::chrono::milliseconds timeLimit = std::chrono::seconds(60);
+    /// It stops itself earlier, by the size of what it reads; this is for one that does not.
+    std::chrono::milliseconds timeLimit = std::chrono::minutes(10);
     /// Asked again and again while one waits for materials; true gives up. It may handle events.
     std::function<bool()> cancelled = [] { return false; };
     /// Where `Textures/` takes the pictures that are inside a model. Empty: it goes without them.

@@ -1,3 +1,5 @@
+#include "host/Status.h"
+#include "studio/import/GuardedFiles.h"
 #include "studio/import/PicturesInside.h"
 #include "studio/import/ShapeNames.h"
 #include "studio/interchange/DocumentFile.h"
@@ -39,8 +41,13 @@ std::string NameOf(const aiMaterial& source, std::size_t number)
 
 ImportedMaterials ReadWornMaterials(const std::string& path)
 {
+    std::string refused;
     Assimp::Importer importer;
+    importer.SetIOHandler(new GuardedFiles(refused));
     const aiScene* scene = importer.ReadFile(path, 0);
+    if (scene == nullptr && !refused.empty()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, refused);
+    }
     if (scene == nullptr) {
         RefuseDocument(path, importer.GetErrorString());
     }

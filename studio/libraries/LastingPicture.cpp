@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
+#include "platform/QtRegularFile.h"
 #include "raytrace/SimulationTexture.h"
 
 #include <QDir>
@@ -11,16 +12,9 @@
 namespace studio {
 namespace {
 
-QByteArray BytesOfPicture(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    "The picture '" + path.toStdString() +
-                                        "' cannot be read: " + file.errorString().toStdString());
-    }
-    return file.readAll();
-}
+using CorvexMaterial::kMostPictureFileBytes;
+using CorvexMaterial::OpenRegular;
+using CorvexMaterial::ReadRegular;
 
 QDir FolderOfPictures(const std::string& libraryFolder)
 {
@@ -30,7 +24,8 @@ QDir FolderOfPictures(const std::string& libraryFolder)
 bool HoldsOther(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);
-    return file.exists() && (!file.open(QIODevice::ReadOnly) || file.readAll() != bytes);
+    return file.exists() && (!OpenRegular(file, kMostPictureFileBytes).empty() ||
+                             file.size() != bytes.size() || file.readAll() != bytes);
 }
 
 }  // namespace
@@ -44,7 +39,8 @@ std::string WithLastingPicture(const std::string& primary, const std::string& li
     if (source.absoluteDir() == FolderOfPictures(libraryFolder)) {
         return primary;
     }
-    return StorePicture(BytesOfPicture(source.filePath()), source.fileName(), libraryFolder);
+    return StorePicture(ReadRegular(source.filePath(), kMostPictureFileBytes), source.fileName(),
+                        libraryFolder);
 }
 
 std::string StorePicture(const QByteArray& bytes, const QString& name, const std::string& folder)

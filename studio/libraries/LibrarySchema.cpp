@@ -1,5 +1,6 @@
 #include "studio/libraries/LibrarySchema.h"
 
+#include "platform/QtRegularFile.h"
 #include "studio/libraries/Database.h"
 #include "studio/libraries/LibraryError.h"
 
@@ -47,20 +48,15 @@ constexpr std::array kObjects{
 };
 
 constexpr qint64 kHeaderBytes = 100;
+// A thousand times a library of 10,000 materials.
+constexpr std::int64_t kMostLibraryBytes = std::int64_t{100} << 30;
 
 QByteArray HeaderOf(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        ThrowLibraryError(path.toStdString(), "there is no such file");
-    }
-    if (!info.isFile()) {
-        ThrowLibraryError(path.toStdString(), "it is not a regular file");
-    }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        ThrowLibraryError(path.toStdString(),
-                          "it cannot be read: " + file.errorString().toStdString());
+    const std::string obstacle = CorvexMaterial::OpenRegular(file, kMostLibraryBytes);
+    if (!obstacle.empty()) {
+        ThrowLibraryError(path.toStdString(), obstacle);
     }
     return file.read(kHeaderBytes);
 }

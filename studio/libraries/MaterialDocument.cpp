@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
+#include "platform/QtRegularFile.h"
 #include "studio/libraries/MaterialName.h"
 #include "studio/libraries/StoredPath.h"
 
@@ -45,12 +46,10 @@ void WriteMaterialDocument(const std::string& path, std::span<const NamedMateria
 std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,
                                                 std::vector<std::string>& problems)
 {
-    QFile file(QString::fromStdString(path));
-    if (!file.open(QIODevice::ReadOnly)) {
-        RefuseDocumentFile(path, file.errorString());
-    }
+    constexpr std::int64_t kMostBytes = std::int64_t{1} << 30;  // with no pictures in it
     QJsonParseError error{};
-    const auto document = QJsonDocument::fromJson(file.readAll(), &error);
+    const auto document = QJsonDocument::fromJson(
+        CorvexMaterial::ReadRegular(QString::fromStdString(path), kMostBytes), &error);
     const QJsonValue list = document.object().value(kMaterials);
     if (!list.isArray()) {
         RefuseDocumentFile(path, error.error == QJsonParseError::NoError

@@ -2,6 +2,7 @@
 
 #include "dialogs/ErrorTexts.h"
 #include "host/Status.h"
+#include "platform/RegularFile.h"
 #include "studio/Tr.h"
 #include "studio/plugins/CheckedPlugin.h"
 
@@ -28,6 +29,16 @@ constexpr qint64 kLongStartMs = 500;
     throw Error(
         Status::FileFailed,
         Tr("The file “%1” is no plug-in for this program: %2.").arg(file, reason).toStdString());
+}
+
+// The loader would open whatever has this name.
+void CheckFile(const QString& path, const QString& file)
+{
+    constexpr std::int64_t kMostPluginBytes = std::int64_t{256} << 20;
+    const CorvexMaterial::RegularFile opened(path.toStdString(), kMostPluginBytes);
+    if (!opened.Obstacle().empty()) {
+        Refuse(file, QString::fromStdString(opened.Obstacle()));
+    }
 }
 
 // Reads what the library says about itself, before any of its code runs.
@@ -87,6 +98,7 @@ void PluginFolder::Load(const QString& path)
     QElapsedTimer clock;
     clock.start();
     try {
+        CheckFile(path, file);
         QPluginLoader loader(path);
         Keep(CodeOf(loader, file), file);
     } catch (const Error& error) {

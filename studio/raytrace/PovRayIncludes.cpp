@@ -1,5 +1,6 @@
 #include "studio/raytrace/PovRayIncludes.h"
 
+#include "platform/QtRegularFile.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 
 #include <QDir>
@@ -26,9 +27,9 @@ QString IncludeFolder()
 
 QString ContentOf(const QString& path)
 {
-    QFile file(path);
+    constexpr std::int64_t kMostIncludeBytes = 16 << 20;
     // The files are in an older encoding; whatever it is, it comes out as it went in.
-    return file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
+    return QString::fromLatin1(CorvexMaterial::ReadRegular(path, kMostIncludeBytes));
 }
 
 }  // namespace

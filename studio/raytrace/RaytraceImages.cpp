@@ -1,10 +1,12 @@
 #include "studio/raytrace/RaytraceImages.h"
 
+#include "platform/QtRegularFile.h"
 #include "studio/raytrace/PictureFile.h"
 #include "studio/raytrace/Quoting.h"
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QImageReader>
 
 namespace studio {
@@ -64,7 +66,11 @@ std::string_view RaytraceImages::OwnKind(const std::string& file) const
         !QDir::isAbsolutePath(QString::fromStdString(file))) {
         return {};
     }
-    QImageReader reader(QString::fromStdString(file));
+    QFile opened(QString::fromStdString(file));
+    if (!CorvexMaterial::OpenRegular(opened, CorvexMaterial::kMostPictureFileBytes).empty()) {
+        return {};
+    }
+    QImageReader reader(&opened);
     reader.setDecideFormatFromContent(true);
     const QByteArray format = reader.format();
     for (const TypeRow& row : kPovRayTypes) {

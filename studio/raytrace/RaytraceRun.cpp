@@ -1,11 +1,11 @@
 #include "studio/raytrace/RaytraceRun.h"
 
 #include "host/Status.h"
+#include "platform/QtRegularFile.h"
 #include "studio/TemporaryFolder.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
-#include <QImageReader>
 #include <QRegularExpression>
 #include <QTimer>
 
@@ -53,6 +53,16 @@ QString PovRayFault(const std::string& messages)
         }
     }
     return {};
+}
+
+/// Null when the raytracer left none.
+QImage PictureIn(const QString& path)
+{
+    try {
+        return CorvexMaterial::ReadPicture(path);
+    } catch (const CorvexMaterial::Error&) {
+        return {};
+    }
 }
 
 QString RenderManFault(const std::string& messages)
@@ -146,9 +156,7 @@ void RaytraceRun::Conclude()
 {
     ReadProgress();
     const RaytracerRow& row = RowOf(m_kind);
-    QImageReader reader(m_folder->filePath(row.picture));
-    reader.setDecideFormatFromContent(true);
-    const QImage picture = reader.read();
+    const QImage picture = PictureIn(m_folder->filePath(row.picture));
     const QString fault = row.fault(m_progress.Messages());
     if (m_cancelled) {
         Give({});

@@ -1,11 +1,11 @@
 #include "studio/raytrace/StudioRaytraceServices.h"
 
 #include "host/Status.h"
+#include "platform/QtRegularFile.h"
 #include "studio/raytrace/AttributeText.h"
 #include "studio/raytrace/PictureFile.h"
 
 #include <QEventLoop>
-#include <QImageReader>
 #include <QProcess>
 
 namespace studio {
@@ -17,17 +17,6 @@ using CorvexMaterial::Status;
 [[noreturn]] void RefuseFile(const QString& file, const QString& reason)
 {
     throw Error(Status::FileFailed, file.toStdString() + ": " + reason.toStdString());
-}
-
-QImage ReadBitmap(const QString& file)
-{
-    QImageReader reader(file);
-    reader.setDecideFormatFromContent(true);
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        RefuseFile(file, reader.errorString());
-    }
-    return image;
 }
 
 }  // namespace
@@ -76,7 +65,8 @@ void StudioRaytraceServices::SaveAsJpeg(const std::string& bitmapPath, const std
     if (quality < 1 || quality > 100) {
         throw Error(Status::InvalidArgument, "The quality of a JPEG file is 1 to 100.");
     }
-    SavePicture(ReadBitmap(QString::fromStdString(bitmapPath)), QString::fromStdString(jpegPath),
+    SavePicture(CorvexMaterial::ReadPicture(QString::fromStdString(bitmapPath)),
+                QString::fromStdString(jpegPath),
                 {"jpeg", quality, CorvexMaterial::Lifetime::Temporary});
 }
 

@@ -1,10 +1,9 @@
 #include "studio/scene/HostViewport.h"
 
 #include "host/Status.h"
+#include "platform/QtRegularFile.h"
 #include "studio/render/RenderService.h"
 #include "studio/render/ViewportWidget.h"
-
-#include <QImageReader>
 
 namespace studio {
 
@@ -102,14 +101,7 @@ void HostViewport::PrepareRaytracedPicture()
 
 void HostViewport::ShowBitmap(const std::string& path)
 {
-    QImageReader reader(QString::fromStdString(path));
-    reader.setDecideFormatFromContent(true);
-    const QImage picture = reader.read();
-    if (picture.isNull()) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    path + ": " + reader.errorString().toStdString());
-    }
-    m_widget->ShowPicture(picture);
+    m_widget->ShowPicture(CorvexMaterial::ReadPicture(QString::fromStdString(path)));
 }
 
 void HostViewport::ResetDevice()

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <sys/stat.h>
+
 using namespace CorvexMaterial;
 using testing::HasSubstr;
 using testing::Optional;
@@ -40,6 +42,20 @@ protected:
 };
 
 }  // namespace
+
+TEST_F(SettingsStoreTest, PipeIsNeitherReadNorReplaced)
+{
+    PutFile({});
+    ASSERT_TRUE(QFile::remove(File()) &&
+                ::mkfifo(QFile::encodeName(File()).constData(), 0600) == 0);
+    QtPlatform platform;
+    SettingsStore& settings = platform.Get().settings;
+    EXPECT_EQ(settings.Read(At("Key")), std::nullopt);
+    settings.Write(At("Key"), "kept");
+    EXPECT_THAT(FileFailure([&] { settings.Flush(kApplication); }),
+                Optional(HasSubstr("Some Host.ini cannot be read: it is a pipe")));
+    EXPECT_THAT(settings.Read(At("Key")), Optional(std::string("kept")));
+}
 
 TEST_F(SettingsStoreTest, EveryTextComesBackUnchangedFromDisk)
 {

@@ -11,6 +11,7 @@
 #include <QImage>
 #include <QSignalSpy>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -217,7 +218,35 @@ TEST(ModelImport, BadFilesBecomeMessagesThatNameThem)
     }
     EXPECT_EQ(ImportModelNow(Data("damaged.x"), Importer()).failure, ImportFailure::Crashed);
     EXPECT_EQ(ImportModelNow("/no/such.obj", Importer()).failure, ImportFailure::NotFound);
-    EXPECT_EQ(ImportModelNow(QDir::tempPath(), Importer()).failure, ImportFailure::NotFound);
+    EXPECT_TRUE(ImportModelNow(QDir::tempPath(), Importer()).message.contains("it is a folder"));
+}
+
+TEST(ModelImport, FilesThatAModelNamesAreReadOnlyIfTheyAreFiles)
+{
+    const Folder folder;
+    ASSERT_EQ(::mkfifo(QFile::encodeName(folder.PathOf("pipe.mtl")).constData(), 0600), 0);
+    ASSERT_TRUE(QFile::link("/dev/zero", folder.PathOf("zero.mtl")));
+    for (const char* cause : {"pipe.mtl: it is a pipe", "zero.mtl: it is a device"}) {
+        const QString model =
+            folder.Write("tree.obj", QByteArray("mtllib ") + QByteArray(cause, 8) +
+                                         "\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+        const ImportOutcome outcome = ImportModelNow(model, Importer());
+        EXPECT_TRUE(outcome.model && outcome.message.contains(cause))
+            << outcome.message.toStdString();
+    }
+}
+
+// One face of 400 million corners, which the importer looks for until the end of its days.
+TEST(ModelImport, TimeIsMeasuredByTheSizeOfTheFile)
+{
+    const Folder folder;
+    const QString file = folder.Write(
+        "face.ply", "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
+                    "property float z\nelement face 1\nproperty list uint int vertex_indices\n"
+                    "end_header\n0 0 0\n1 0 0\n0 1 0\n400000000 0 1 2\n");
+    const ImportOutcome outcome = ImportModelNow(file, {QStringLiteral(IMPORTING_PROCESS), 300s});
+    EXPECT_EQ(outcome.failure, ImportFailure::TimedOut);
+    EXPECT_TRUE(outcome.message.contains("after 3 seconds")) << outcome.message.toStdString();
 }
 
 struct BadImporter {
@@ -236,6 +265,7 @@ TEST(ModelImport, WhateverTheImportingProcessDoesIsSurvived)
         {": > \"$3\"", ImportFailure::Damaged},
         {"head -c 100000 /dev/urandom > \"$3\"", ImportFailure::Damaged},
         {"mkdir \"$3\"", ImportFailure::Damaged},
+        {"mkfifo \"$3\"", ImportFailure::Damaged},
         {"exit 21", ImportFailure::OutOfMemory},
         {"head -c 3000000 /dev/zero | tr '\\0' x >&2; exit 20", ImportFailure::Refused},
     };

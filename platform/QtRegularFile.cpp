@@ -1,0 +1,64 @@
+#include "platform/QtRegularFile.h"
+
+#include "host/Status.h"
+#include "platform/RegularFile.h"
+
+#include <QFile>
+#include <QImageReader>
+
+namespace CorvexMaterial {
+
+namespace {
+
+[[noreturn]] void RefuseFile(const QString& path, const std::string& cause)
+{
+    throw Error(Status::FileFailed, path.toStdString() + ": " + cause + '.');
+}
+
+}  // namespace
+
+std::string OpenRegular(QFile& file, std::int64_t mostBytes)
+{
+    RegularFile regular(file.fileName().toStdString(), mostBytes);
+    if (!regular.Obstacle().empty()) {
+        return regular.Obstacle();
+    }
+    return file.open(regular.Release(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)
+               ? std::string()
+               : file.errorString().toStdString();
+}
+
+QByteArray ReadRegular(const QString& path, std::int64_t mostBytes)
+{
+    QFile file(path);
+    if (const std::string obstacle = OpenRegular(file, mostBytes); !obstacle.empty()) {
+        RefuseFile(path, obstacle);
+    }
+    // The system's own files have no size, and some no end.
+    const QByteArray bytes = file.read(mostBytes + 1);
+    if (bytes.size() > mostBytes) {
+        RefuseFile(path, TooLongText(mostBytes));
+    }
+    if (file.error() != QFileDevice::NoError) {
+        RefuseFile(path, file.errorString().toStdString());
+    }
+    return bytes;
+}
+
+QImage ReadPicture(const QString& path)
+{
+    QFile file(path);
+    if (const std::string obstacle = OpenRegular(file, kMostPictureFileBytes); !obstacle.empty()) {
+        RefuseFile(path, obstacle);
+    }
+    QImageReader reader(&file);
+    reader.setDecideFormatFromContent(true);
+    QImage picture = reader.read();
+    if (picture.isNull()) {
+        throw Error(Status::FileFailed,
+                    path.toStdString() + ": " + reader.errorString().toStdString());
+    }
+    return picture;
+}
+
+}  // namespace CorvexMaterial
