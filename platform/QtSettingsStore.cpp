@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
+#include "platform/QtRegularFile.h"
 #include "platform/RegularFile.h"
 
 #include <QCoreApplication>
@@ -20,6 +21,7 @@ namespace CorvexMaterial {
 namespace {
 
 constexpr int kLockMilliseconds = 5000;
+constexpr std::int64_t kMostSettingsBytes = 64 << 20;
 
 [[noreturn]] void Fail(const char* reason, const QString& path, const QString& cause = {})
 {
@@ -91,8 +93,7 @@ private:
 
 QByteArray ContentOf(const QString& path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return QFile::exists(path) ? ReadRegular(path, kMostSettingsBytes) : QByteArray();
 }
 
 bool HoldsAll(const QSettings& settings, const QSettings& wanted)
@@ -132,7 +133,6 @@ void PutInPlace(const QString& path, const QByteArray& content)
 /// Why it is not read, though it is there; the toolkit would open whatever has this name.
 std::string Obstacle(const QString& path)
 {
-    constexpr std::int64_t kMostSettingsBytes = 64 << 20;
     const RegularFile file(path.toStdString(), kMostSettingsBytes);
     return file.IsMissing() ? std::string() : file.Obstacle();
 }

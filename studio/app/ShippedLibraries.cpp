@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
+#include "platform/QtRegularFile.h"
 #include "studio/Tr.h"
 
 #include <QCoreApplication>
@@ -22,18 +23,7 @@ bool IsThere(const QString& path)
     return info.exists() || info.isSymLink();
 }
 
-QByteArray BytesOf(const QString& path)
-{
-    QFile file(path);
-    const bool isRead = file.open(QIODevice::ReadOnly);
-    const QByteArray bytes = file.readAll();
-    if (!isRead || file.error() != QFileDevice::NoError) {
-        throw CorvexMaterial::Error(
-            CorvexMaterial::Status::FileFailed,
-            Tr("%1 cannot be read: %2").arg(path, file.errorString()).toStdString());
-    }
-    return bytes;
-}
+constexpr std::int64_t kMostBytes = std::int64_t{1} << 30;
 
 /// Whether a copy holds a part of the original and nothing else, as a power cut leaves it: the rest
 /// is missing or zero. Nothing in it is the user's own then.
@@ -41,8 +31,7 @@ bool IsCutShort(const QString& copy, const QString& original)
 {
     QFile file(copy);
     char first = 0;
-    if (!QFileInfo(copy).isFile() || file.size() > QFileInfo(original).size() ||
-        !file.open(QIODevice::ReadOnly)) {
+    if (!CorvexMaterial::OpenRegular(file, QFileInfo(original).size()).empty()) {
         return false;
     }
     const bool isWhole = file.size() == QFileInfo(original).size();
@@ -50,14 +39,15 @@ bool IsCutShort(const QString& copy, const QString& original)
         return false;  // at every start: not all is read
     }
     const QByteArray bytes = file.readAll();
-    return std::ranges::equal(bytes, BytesOf(original).left(bytes.size()),
+    const QByteArray whole = CorvexMaterial::ReadRegular(original, kMostBytes);
+    return std::ranges::equal(bytes, whole.left(bytes.size()),
                               [](char had, char shipped) { return had == shipped || had == 0; });
 }
 
 void Copy(const QString& from, const QString& to)
 {
     CorvexMaterial::MakeFolder(QFileInfo(to).path().toStdString());
-    CorvexMaterial::WriteFile(to.toStdString(), BytesOf(from));
+    CorvexMaterial::WriteFile(to.toStdString(), CorvexMaterial::ReadRegular(from, kMostBytes));
 }
 
 /// Relative to the folder: first the images in the folders within, then the libraries.
