@@ -78,18 +78,19 @@ SurfaceImages SurfaceImagesOf(const FrameItem& item, const CorvexDB::udtMaterial
     return found;
 }
 
-TexturePointer HeightsOf(const SurfaceImages& images)
+SurfaceHeights HeightsOf(const SurfaceImages& images)
 {
     const TexturePointer& bump = images.Pixels(Layer::Bump);
     const bool alpha = images.set.primaryAlpha == PrimaryAlpha::Height;
     if (bump == nullptr && !alpha) {
-        return nullptr;
+        return {};
     }
     const TexturePointer& primary = images.Pixels(Layer::Primary);
     auto heights = std::make_shared<Texture>();
     heights->id = kHeightIds | (bump ? bump->id << 24U : 0) | (alpha ? primary->id : 0);
-    heights->image =
-        QImage(bump ? bump->image.size() : primary->image.size(), QImage::Format_Grayscale8);
+    const QSize size = bump ? bump->image.size() : primary->image.size();
+    const int side = std::max(size.width(), size.height());
+    heights->image = QImage(side, side, QImage::Format_Grayscale8);
     heights->image.fill(0);
     const int share = bump && alpha ? 2 : 1;
     if (bump) {
@@ -98,7 +99,7 @@ TexturePointer HeightsOf(const SurfaceImages& images)
     if (alpha) {
         AddAlpha(heights->image, primary->image, share);
     }
-    return heights;
+    return {std::move(heights), static_cast<float>(share)};
 }
 
 }  // namespace studio

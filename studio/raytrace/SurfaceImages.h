@@ -36,8 +36,13 @@ struct SurfaceImages {
                                             const CorvexDB::udtMaterial& material,
                                             RaytraceImages& images);
 
-/// The heights of a surface as shades of grey, white the highest: the bump map and, where the
-/// primary texture's alpha channel is used so, that as well, half each. Null without either.
-[[nodiscard]] TexturePointer HeightsOf(const SurfaceImages& images);
+struct SurfaceHeights {
+    TexturePointer shades;  ///< of grey; square, for POV-Ray measures slopes in pixels
+    float white = 1.0F;     ///< how high white is, in heights of a white bump
+};
+
+/// The bump map and, where the primary texture's alpha channel is used so, that on top of it. No
+/// shades without either.
+[[nodiscard]] SurfaceHeights HeightsOf(const SurfaceImages& images);
 
 }  // namespace studio
