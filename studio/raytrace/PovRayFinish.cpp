@@ -1,16 +1,7 @@
 #include "studio/raytrace/PovRayFinish.h"
 
-#include <algorithm>
-
 namespace studio {
 namespace {
-
-float MirrorAmount(const SurfaceDraft& surface)
-{
-    const float reflection = surface.amounts.reflection;
-    return surface.images.set.Has(Layer::Environment) ? std::max(kReflectionAtFront, reflection)
-                                                      : reflection;
-}
 
 void WriteBody(TextStream& out, const SurfaceDraft& surface, FinishParts parts, float share)
 {
@@ -22,13 +13,20 @@ void WriteBody(TextStream& out, const SurfaceDraft& surface, FinishParts parts, 
         << " diffuse " << share * diffuse << " brilliance " << surface.amounts.brilliance;
 }
 
-void WriteMirror(TextStream& out, const SurfaceDraft& surface, float mirrored)
+void WriteColour(TextStream& out, const LinearColour& colour, float factor)
 {
-    out << " reflection { " << mirrored;
-    if (surface.images.set.Has(Layer::Environment)) {
-        out << ", 1 falloff " << kReflectionFalloff;
+    out << "rgb <" << factor * colour.red << ',' << factor * colour.green << ','
+        << factor * colour.blue << '>';
+}
+
+void WriteMirror(TextStream& out, const Mirror& mirror, MirrorSide side)
+{
+    out << " conserve_energy reflection { ";
+    WriteColour(out, mirror.tint, mirror.front);
+    if (side == MirrorSide::Outside) {
+        out << ", rgb " << mirror.edge << " falloff " << mirror.falloff;
     }
-    out << (surface.amounts.metallic ? " metallic }" : " }");
+    out << " }";
 }
 
 }  // namespace
@@ -36,15 +34,19 @@ void WriteMirror(TextStream& out, const SurfaceDraft& surface, float mirrored)
 void WriteFinish(TextStream& out, const SurfaceDraft& surface, FinishParts parts)
 {
     const RaytraceAmounts& amounts = surface.amounts;
-    const float mirrored = parts.mirrors ? MirrorAmount(surface) : 0.0F;
+    const Mirror& mirror = surface.mirror;
+    const float mirrored = parts.mirror == MirrorSide::None ? 0.0F : mirror.front;
     out << "finish { ";
     WriteBody(out, surface, parts, 1.0F - mirrored);
     if (parts.shines && surface.terms.highlight > 0.0F) {
         out << " specular " << surface.terms.highlight / kKeyLight.intensity << " roughness "
-            << 1.0F / amounts.shininess << (amounts.metallic ? " metallic" : "");
+            << 1.0F / amounts.shininess;
+        if (mirror.highlightTint > 0.0F) {
+            out << " metallic " << mirror.highlightTint;
+        }
     }
     if (mirrored > 0.0F) {
-        WriteMirror(out, surface, mirrored);
+        WriteMirror(out, mirror, parts.mirror);
     }
     if (amounts.iridescence > 0.0F) {
         out << " irid { " << amounts.iridescence << " thickness " << amounts.filmThickness

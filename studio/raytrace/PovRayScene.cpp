@@ -45,14 +45,18 @@ public:
         WriteComments(index);
         const std::string number = std::to_string(index + 1);
         const std::string mesh = MeshOf(item, number);
-        DeclareSurface(m_out, "Surface_" + number, item, m_images);
-        WriteObject(item, mesh, "Surface_" + number);
+        const bool hides = HidesBackFaces(item);
+        const std::string inside =
+            DeclareSurface(m_out, "Surface_" + number, item,
+                           hides ? ShapeInside::Hidden : ShapeInside::Met, m_images);
+        WriteObject(item, mesh, "Surface_" + number, hides ? "Clear" : inside);
     }
 
 private:
     void WriteComments(std::size_t index);
     [[nodiscard]] std::string MeshOf(const FrameItem& item, const std::string& number);
-    void WriteObject(const FrameItem& item, const std::string& mesh, const std::string& surface);
+    void WriteObject(const FrameItem& item, const std::string& mesh, const std::string& surface,
+                     const std::string& inside);
     [[nodiscard]] bool HidesBackFaces(const FrameItem& item);
     [[nodiscard]] bool HasArea(const Mesh& mesh);
     [[nodiscard]] bool HasNoBorder(const Mesh& mesh);
@@ -130,11 +134,11 @@ bool ShapeWriter::HasNoBorder(const Mesh& mesh)
 }
 
 void ShapeWriter::WriteObject(const FrameItem& item, const std::string& mesh,
-                              const std::string& surface)
+                              const std::string& surface, const std::string& inside)
 {
     m_out << "object { " << mesh << " material { " << surface << " }";
-    if (HidesBackFaces(item)) {
-        m_out << " interior_texture { Clear }";
+    if (!inside.empty()) {
+        m_out << " interior_texture { " << inside << " }";
     }
     WriteMatrix(m_out, PovRayMatrix(item.worldFromMesh));
     m_out << " no_shadow }\n";

@@ -1,5 +1,6 @@
 #include "studio/raytrace/PovRayStage.h"
 
+#include "studio/raytrace/MirrorModel.h"
 #include "studio/raytrace/PovRayCatalogue.h"
 #include "studio/raytrace/PovRayMesh.h"
 #include "studio/raytrace/Quoting.h"
@@ -100,10 +101,14 @@ void WriteCamera(TextStream& out, const RaytraceScene& scene)
         out << "camera { orthographic location -5*z direction z right 2*x up 2*y }\n";
         return;
     }
+    // Lengths along its own axes, which `look_at` then turns: given in the world they are never
+    // perpendicular to the last digit, which POV-Ray says in every run.
     const CameraAxes axes = AxesOf(scene.frame);
-    out << "camera {\n  location <" << PovRayPoint(scene.frame.camera.Eye()) << ">\n  direction <"
-        << PovRayPoint(axes.forward) << ">\n  right <" << PovRayPoint(2.0F * axes.right)
-        << ">\n  up <" << PovRayPoint(2.0F * axes.up) << ">\n}\n";
+    const Camera& camera = scene.frame.camera;
+    out << "camera {\n  location <" << PovRayPoint(camera.Eye()) << ">\n  sky <"
+        << PovRayPoint(camera.Up()) << ">\n  right " << 2.0F * axes.right.length() << "*x\n  up "
+        << 2.0F * axes.up.length() << "*y\n  direction z\n  look_at <" << PovRayPoint(camera.target)
+        << ">\n}\n";
 }
 
 void WriteLights(TextStream& out, const RaytraceScene& scene)
@@ -162,8 +167,11 @@ void WriteSurroundings(TextStream& out, const RaytraceScene& scene, RaytraceImag
                " matrix <0,0,1, 0,1,0, 1,0,0, 0,0,0> } }\n";
         return;
     }
-    out << "sky_sphere { pigment { gradient y color_map { [0 rgb 0.02] [0.45 rgb 0.12]"
-           " [0.55 rgb 0.35] [1 rgb 0.9] } scale 2 translate -y } }\n";
+    out << "sky_sphere { pigment { gradient y color_map {";
+    for (const SkyBand& band : kSky) {
+        out << " [" << band.height << " rgb " << band.light << ']';
+    }
+    out << " } scale 2 translate -y } }\n";
 }
 
 int ShapesWithForeignEnvironment(const RaytraceScene& scene)

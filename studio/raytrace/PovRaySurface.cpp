@@ -18,15 +18,16 @@ public:
     {
     }
 
-    void Declare();
+    [[nodiscard]] std::string Declare(ShapeInside inside);
 
 private:
     void DeclareImages();
     void DeclareLeaf(const std::string& name, FinishParts parts);
     void DeclareMix(const std::string& name, const std::string& amount, const std::string& none,
                     const std::string& full);
-    [[nodiscard]] std::string DeclareShine(const std::string& name, bool mirrors);
-    [[nodiscard]] std::string DeclareMirror();
+    [[nodiscard]] std::string DeclareShine(const std::string& name, MirrorSide mirror);
+    [[nodiscard]] std::string DeclareMirror(const std::string& name, MirrorSide mirror);
+    [[nodiscard]] std::string DeclareSide(const std::string& name, MirrorSide mirror);
 
     TextStream& m_out;
     const SurfaceDraft& m_surface;
@@ -73,14 +74,15 @@ void SurfaceWriter::DeclareMix(const std::string& name, const std::string& amoun
           << full << "] } }\n";
 }
 
-std::string SurfaceWriter::DeclareShine(const std::string& name, bool mirrors)
+std::string SurfaceWriter::DeclareShine(const std::string& name, MirrorSide mirror)
 {
     const LayerSet& set = m_surface.images.set;
-    DeclareLeaf(name + "_shiny", {true, mirrors});
-    if (!set.ChangesHighlight()) {
+    DeclareLeaf(name + "_shiny", {true, mirror});
+    // A mix doubles the rays at each turn, which inside is too much for what it shows.
+    if (!set.ChangesHighlight() || mirror == MirrorSide::Inside) {
         return name + "_shiny";
     }
-    DeclareLeaf(name + "_dull", {false, mirrors});
+    DeclareLeaf(name + "_dull", {false, mirror});
     std::string amount =
         set.Has(Layer::Specular) ? LuminanceText(m_surface.name, Layer::Specular) : "1";
     if (set.primaryAlpha == PrimaryAlpha::Highlight) {
@@ -90,45 +92,58 @@ std::string SurfaceWriter::DeclareShine(const std::string& name, bool mirrors)
     return name;
 }
 
-std::string SurfaceWriter::DeclareMirror()
+std::string SurfaceWriter::DeclareMirror(const std::string& name, MirrorSide mirror)
 {
     const LayerSet& set = m_surface.images.set;
-    const std::string mirror = DeclareShine(m_surface.name + "_mirror", true);
-    if (!set.Has(Layer::Environment) || set.primaryAlpha != PrimaryAlpha::Reflection) {
-        return mirror;
+    const std::string mirrored = DeclareShine(name + "_mirror", mirror);
+    if (mirror == MirrorSide::None || !set.Has(Layer::Environment) ||
+        set.primaryAlpha != PrimaryAlpha::Reflection) {
+        return mirrored;
     }
-    const std::string plain = DeclareShine(m_surface.name + "_plain", false);
-    DeclareMix(m_surface.name + "_masked",
-               "1-" + ChannelText(m_surface.name, Layer::Primary, "transmit"), plain, mirror);
-    return m_surface.name + "_masked";
+    const std::string plain = DeclareShine(name + "_plain", MirrorSide::None);
+    DeclareMix(name + "_masked", "1-" + ChannelText(m_surface.name, Layer::Primary, "transmit"),
+               plain, mirrored);
+    return name + "_masked";
 }
 
-void SurfaceWriter::Declare()
+std::string SurfaceWriter::DeclareSide(const std::string& name, MirrorSide mirror)
+{
+    const std::string texture = DeclareMirror(name, mirror);
+    const std::string coverage = CoverageText(m_surface);
+    if (coverage.empty()) {
+        return texture;
+    }
+    DeclareMix(name + "_covered", coverage, "Clear", texture);
+    return name + "_covered";
+}
+
+std::string SurfaceWriter::Declare(ShapeInside inside)
 {
     DeclareImages();
     DeclarePigment(m_out, m_surface);
     m_hasNormal = DeclareNormal(m_out, m_surface, m_store);
-    std::string texture = DeclareMirror();
-    if (const std::string coverage = CoverageText(m_surface); !coverage.empty()) {
-        DeclareMix(m_surface.name + "_covered", coverage, "Clear", texture);
-        texture = m_surface.name + "_covered";
+    const std::string outside = DeclareSide(m_surface.name, MirrorSide::Outside);
+    m_out << "#declare " << m_surface.name << " = material { texture { " << outside << " } }\n";
+    if (inside == ShapeInside::Hidden || m_surface.mirror.front <= 0.0F) {
+        return {};
     }
-    m_out << "#declare " << m_surface.name << " = material { texture { " << texture << " } }\n";
+    return DeclareSide(m_surface.name + "_inside",
+                       m_surface.material.DoubleSided ? MirrorSide::Inside : MirrorSide::None);
 }
 
 }  // namespace
 
-void DeclareSurface(TextStream& out, const std::string& name, const FrameItem& item,
-                    RaytraceImages& images)
+std::string DeclareSurface(TextStream& out, const std::string& name, const FrameItem& item,
+                           ShapeInside inside, RaytraceImages& images)
 {
     if (const PovRayMaterial* stock = StockMaterialOf(MaterialOf(item).RayTrace)) {
         out << "#declare " << name << " = material { " << stock->text;
         WritePatternSpace(out, item, stock->scale);
         out << " }\n";
-        return;
+        return {};
     }
     const SurfaceDraft surface(name, item, images);
-    SurfaceWriter(out, surface, images).Declare();
+    return SurfaceWriter(out, surface, images).Declare(inside);
 }
 
 }  // namespace studio

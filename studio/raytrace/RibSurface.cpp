@@ -2,6 +2,7 @@
 
 #include "raytrace/SimulationTexture.h"
 #include "raytrace/SketchLook.h"
+#include "studio/raytrace/MirrorModel.h"
 #include "studio/raytrace/PovRayCatalogue.h"
 #include "studio/raytrace/Quoting.h"
 #include "studio/raytrace/RaytraceAmounts.h"
@@ -26,23 +27,6 @@ struct Look {
     bool mirrors = false;   ///< an environment image
     float mirrored = 0.0F;  ///< of what is around; the body counts the rest
 };
-
-/// The middle of a pattern's colours: the standard shaders know no patterns.
-LinearColour MeanColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes, bool blocks)
-{
-    const std::size_t count = blocks ? 2 : attributes.ColorPatternColor.size();
-    LinearColour mean;
-    const auto part = [count](float encoded) {
-        return LinearFromEncoded(std::clamp(encoded, 0.0F, 1.0F)) / static_cast<float>(count);
-    };
-    for (std::size_t i = 0; i < count; ++i) {
-        const CorvexDB::PatternColour& colour = attributes.ColorPatternColor[i];
-        mean.red += part(colour.red);
-        mean.green += part(colour.green);
-        mean.blue += part(colour.blue);
-    }
-    return mean;
-}
 
 /// It stands in for everything.
 void ApplyPredefined(const CorvexMaterial::SketchLook& stock, Look& look)
@@ -71,7 +55,7 @@ void ApplyRaytraceMaterial(const CorvexDB::udtMaterial& material, Look& look)
                                                        attributes.PreDefinedMaterial),
                         look);
     } else if (const PovRayPattern* pattern = FindColourPattern(attributes.ColorPattern)) {
-        const LinearColour mean = MeanColour(attributes, pattern->blocks);
+        const LinearColour mean = MeanPatternColour(attributes, pattern->blocks);
         look.colour = {look.colour.red * mean.red, look.colour.green * mean.green,
                        look.colour.blue * mean.blue};
         look.painted = false;
@@ -92,8 +76,7 @@ Look LookOf(const RibSurface& surface)
         look.mirrors = look.amounts.reflection >= kMostlyMirror;
         look.painted = !look.mirrors;
     }
-    look.mirrored = look.mirrors ? std::max(kReflectionAtFront, look.amounts.reflection)
-                                 : look.amounts.reflection;
+    look.mirrored = MirrorOf(look.amounts, look.colour, look.mirrors).front;
     // Without an image of its surroundings a mirror shows the lights alone.
     look.terms.highlight += look.amounts.reflection * (kShine - look.terms.highlight);
     if (surface.dull) {

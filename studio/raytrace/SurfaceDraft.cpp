@@ -6,6 +6,29 @@
 #include <algorithm>
 
 namespace studio {
+namespace {
+
+LinearColour MeanImageColour(const QImage& image)
+{
+    const QColor mean(
+        image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixel(0, 0));
+    return LinearFromColour(CorvexMaterial::MakeColour({mean.red(), mean.green(), mean.blue()}));
+}
+
+/// Of base times images or pattern.
+LinearColour MiddleOf(const SurfaceDraft& surface)
+{
+    const LinearColour& base = surface.terms.base;
+    const LinearColour mean =
+        surface.colours != nullptr
+            ? MeanPatternColour(surface.material.RayTrace, surface.colours->blocks)
+        : surface.Shows(Layer::Primary)
+            ? MeanImageColour(surface.images.Pixels(Layer::Primary)->image)
+            : LinearColour{1.0F, 1.0F, 1.0F};
+    return {base.red * mean.red, base.green * mean.green, base.blue * mean.blue};
+}
+
+}  // namespace
 
 SurfaceDraft::SurfaceDraft(std::string surfaceName, const FrameItem& surfaceItem,
                            RaytraceImages& store)
@@ -14,7 +37,9 @@ SurfaceDraft::SurfaceDraft(std::string surfaceName, const FrameItem& surfaceItem
       terms(images.set.ChangesHighlight() ? HighlightMappedTermsOf(material)
                                           : SurfaceTermsOf(material)),
       amounts(AmountsOf(material.RayTrace)),
-      colours(FindColourPattern(material.RayTrace.ColorPattern))
+      colours(FindColourPattern(material.RayTrace.ColorPattern)),
+      mirror(MirrorOf(amounts, amounts.metallic ? MiddleOf(*this) : terms.base,
+                      images.set.Has(Layer::Environment)))
 {
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "studio/raytrace/MirrorModel.h"
 #include "studio/raytrace/PovRayImages.h"
 #include "studio/raytrace/RaytraceAmounts.h"
 #include "studio/render/MaterialModel.h"
@@ -21,6 +22,7 @@ struct SurfaceDraft {
     SurfaceTerms terms;
     RaytraceAmounts amounts;
     const PovRayPattern* colours;  ///< stand in for primary and overlay texture; may be null
+    Mirror mirror;
 
     /// Whether the layer's image is one of the colours of this surface.
     [[nodiscard]] bool Shows(Layer layer) const { return !colours && images.set.Has(layer); }

@@ -4,6 +4,8 @@
 #include "tests/studio_raytrace/PictureDifference.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -114,12 +116,41 @@ const std::array kCases{
              m.Textures.bump = rig.Image("b.png", Bumps);
          },
          kLargestMean, 0.9},
+    Case{"bumped, wrapped",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x50A0E0;
+             m.Specular = 40;
+             m.Textures.bump = rig.Image("b.png", Bumps);
+             m.Wrap = CorvexDB::WrapType::Cylindrical;
+         },
+         3.0, 0.97, true},
+    Case{"bumped, wide image",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x50A0E0;
+             m.Textures.bump =
+                 rig.Image("w.png", [](int x, int y) { return Bumps(x, 4 * y); }, {64, 16});
+         },
+         kLargestMean, 0.9},
+    Case{"lacquer",
+         [](udtMaterial& m, RaytraceRig&) {
+             m.Color = 0x2020C0;
+             m.RayTrace.Reflection = 1;
+         },
+         5.0, 0.97},
     Case{"environment",
          [](udtMaterial& m, RaytraceRig& rig) {
              m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
          },
          2.0, 0.95},
+    Case{"dark metal",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x1B1816;
+             m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
+             m.RayTrace.Metallic = true;
+         },
+         4.0},
 };
+constexpr std::size_t kSurrounded = 2;  ///< the last ones
 
 /// A scene as both draw it, and without its shapes.
 struct Compared {
@@ -135,7 +166,7 @@ Compared Compare(RaytraceRig& rig, const studio::RaytraceScene& scene)
     compared.drawn = rig.Draw(scene);
     const Raytraced raytraced = rig.Raytrace(scene);
     compared.raytraced = raytraced.picture.convertToFormat(QImage::Format_RGB32);
-    compared.messages = raytraced.messages.right(2000);
+    compared.messages = raytraced.messages;
     studio::RaytraceScene nothing = scene;
     nothing.frame.items.clear();
     compared.empty = rig.Draw(nothing);
@@ -165,6 +196,7 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
     }
     const Compared compared = Compare(rig, scene);
     ASSERT_FALSE(compared.raytraced.isNull()) << compared.messages.toStdString();
+    EXPECT_FALSE(compared.messages.contains("Parse Warning")) << compared.messages.toStdString();
     for (std::size_t i = 0; i < cases.size(); ++i) {
         constexpr int kBand = 2;
         const Case& each = cases[i];
@@ -189,9 +221,32 @@ TEST(Comparison, PovRayShowsWhatTheViewportShows)
     RaytraceRig rig;
     Pairs pairs;
     const std::span<const Case> cases(kCases);
-    CheckCases(rig, cases.first(cases.size() - 1), pairs);
-    CheckCases(rig, cases.last(1), pairs);  // its environment would be that of the others too
+    CheckCases(rig, cases.first(cases.size() - kSurrounded), pairs);
+    for (std::size_t i = cases.size() - kSurrounded; i < cases.size(); ++i) {
+        CheckCases(rig, cases.subspan(i, 1), pairs);  // each would be mirrored by the others
+    }
     Keep(Sheet(pairs.pictures, 6, pairs.captions), "raytrace-compare.png");
+}
+
+/// Rays that a shape's inside sends back to itself are the more the longer they may live.
+TEST(Mirrors, HaveAnEndInsideOfAShape)
+{
+    RaytraceRig rig;
+    const std::string grey = rig.Image("g.png", [](int, int) { return QColor(128, 128, 128); });
+    for (const bool glass : {false, true}) {
+        studio::RaytraceScene scene = SceneWith(Sphere(), [&](udtMaterial& m) {
+            m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
+            m.Textures.specular = grey;
+            m.DoubleSided = glass;
+            m.Transparency = glass ? 80 : 0;
+        });
+        scene.frame.width = scene.frame.height = 32;
+        const QString messages = rig.Raytrace(scene, false).messages;
+        const QRegularExpression count("Reflected Rays: +(\\d+)");
+        const auto found = count.match(messages);
+        ASSERT_TRUE(found.hasMatch()) << messages.toStdString();
+        EXPECT_LT(found.captured(1).toInt(), 10 * 32 * 32) << (glass ? "glass" : "stone");
+    }
 }
 
 TEST(Environment, IsOneForAllAndTheShapesThatMissTheirsAreCounted)
