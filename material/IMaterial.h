@@ -174,7 +174,8 @@ public:
     virtual Status pReleaseMaterialLibrarySelection() = 0;
     virtual Status pReleaseTextureLibrarySelection() = 0;
     /// Shows a material in the panel; ends in one refresh. The overlay's translucency is rounded to
-    /// a whole percentage; raytrace positions that no list has are kept. Errors: InvalidArgument
+    /// a whole percentage; raytrace positions that no list has are kept, and so are name and values
+    /// of a plug-in that is not listed. Errors: InvalidArgument
     /// for any other position that does not exist or a number that is not finite, Overflow for a
     /// translucency beyond 32 bits.
     virtual Status CopyFieldToFormMaterial(const CorvexDB::udtMaterial& udtMaterial) = 0;

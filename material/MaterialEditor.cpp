@@ -85,6 +85,10 @@ void MaterialEditor::ConnectChannels()
 void MaterialEditor::ConnectPlugins()
 {
     PluginPanel& plugins = m_form.Attributes().Plugins();
+    connect(&plugins, &PluginPanel::PluginMissing, this, [this](const QString& name) {
+        Q_EMIT StatusText(
+            tr("The plug-in %1 is not installed; its name and values are kept.").arg(name));
+    });
     connect(&plugins, &PluginPanel::RememberPressed, this, [this] {
         m_trap("cmdRemember", [this] { m_savedState.RememberPluginParameters(m_attributes); });
         m_trap("cmdRemember", [this] { RefreshPreviewMaterial(); });

@@ -79,6 +79,11 @@ void PanelAttributes::Show(Attribute attribute, const std::string& canonicalText
     At(attribute).show(canonicalText);
 }
 
+std::string PanelAttributes::SelectedPlugin()
+{
+    return m_panel.Plugins().SelectedName();
+}
+
 std::vector<std::string> PanelAttributes::PluginParameterTexts()
 {
     return m_panel.Plugins().ParameterTexts();

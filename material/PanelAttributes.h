@@ -24,6 +24,7 @@ public:
 
     std::string TextOf(Attribute attribute) override;
     void Show(Attribute attribute, const std::string& canonicalText) override;
+    std::string SelectedPlugin() override;
     std::vector<std::string> PluginParameterTexts() override;
     std::vector<std::string> PluginParameterDefaults() override;
     void ShowPluginParameters(const std::vector<std::string>& texts) override;

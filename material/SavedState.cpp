@@ -3,9 +3,9 @@
 #include "material/AttributeText.h"
 #include "material/PanelLayout.h"
 #include "material/SavedStateOrders.h"
-#include "platform/SettingsNames.h"
 
 #include <algorithm>
+#include <sstream>
 #include <utility>
 
 namespace CorvexMaterial {
@@ -16,6 +16,12 @@ constexpr std::string_view kTextureRows = "TextureRows";
 constexpr std::string_view kMaterialRows = "MaterialRows";
 constexpr std::string_view kMaterialLibraryPanel = "MaterialLibraryPanel";
 constexpr std::string_view kTextureLibraryPanel = "TextureLibraryPanel";
+
+/// A key per plug-in, by its name: the parameters' own keys tell no plug-in from another, and the
+/// state at the end of a run goes there too.
+constexpr const char* kPluginDefaultsSection = "PluginDefaults";
+/// Stands for a parameter whose text is no number.
+constexpr const char* kNoNumber = "-";
 
 std::string KeyOfElement(std::string_view stem, std::size_t index)
 {
@@ -49,11 +55,14 @@ void SavedState::Load(AttributeTarget& target)
 void SavedState::SaveAtTerminate(AttributeTarget& source)
 {
     WriteAll(SavedStateOrders::kTerminateOrder, &AttributeRow::currentKey, source);
+    Flush();
 }
 
 void SavedState::Remember(AttributeTarget& source)
 {
     WriteAll(SavedStateOrders::kRememberOrder, &AttributeRow::userKey, source);
+    WritePluginDefaults(source);
+    Flush();
 }
 
 void SavedState::ResetToUser(AttributeTarget& target)
@@ -137,33 +146,55 @@ void SavedState::SaveLayout(const SavedLayout& layout)
 void SavedState::RememberPluginParameters(AttributeTarget& source)
 {
     WritePluginParameters(source);
+    WritePluginDefaults(source);
     Flush();
 }
 
 std::vector<std::string> SavedState::UserPluginParameters(AttributeTarget& target)
 {
+    const std::string plugin = target.SelectedPlugin();
     std::vector<std::string> texts = target.PluginParameterDefaults();
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const auto stored = Read(KeyOfElement(RowOf(Attribute::PluginParameters).userKey, i));
-        const auto value = SingleFromText(stored.value_or(""));
+    if (plugin.empty()) {
+        return texts;
+    }
+    std::istringstream stored(Read(plugin, kPluginDefaultsSection).value_or(""));
+    std::string text;
+    for (std::size_t i = 0; stored >> text; ++i) {
+        const auto value = SingleFromText(text);
+        if (i == texts.size()) {
+            texts.emplace_back();  // of a plug-in that is missing nobody knows how many it has
+        }
         texts[i] = value ? TextOfSingle(*value) : texts[i];
     }
     return texts;
 }
 
-std::optional<std::string> SavedState::Read(std::string_view key)
+std::optional<std::string> SavedState::Read(std::string_view key, const char* section)
 {
-    return m_store.Read({m_applicationName(), kApplicationSection, std::string(key)});
+    return m_store.Read({m_applicationName(), section, std::string(key)});
 }
 
-void SavedState::Write(std::string_view key, const std::string& text)
+template <typename Part>
+void SavedState::KeepingFailure(Part&& part)
 {
-    m_store.Write({m_applicationName(), kApplicationSection, std::string(key)}, text);
+    try {
+        part();
+    } catch (...) {
+        m_failure = m_failure ? m_failure : std::current_exception();
+    }
+}
+
+void SavedState::Write(std::string_view key, const std::string& text, const char* section)
+{
+    KeepingFailure([&] { m_store.Write({m_applicationName(), section, std::string(key)}, text); });
 }
 
 void SavedState::Flush()
 {
-    m_store.Flush(m_applicationName());
+    KeepingFailure([this] { m_store.Flush(m_applicationName()); });
+    if (const auto failure = std::exchange(m_failure, nullptr)) {
+        std::rethrow_exception(failure);
+    }
 }
 
 std::string SavedState::ReadCanonical(Attribute attribute, std::string_view key,
@@ -201,15 +232,16 @@ void SavedState::WriteAll(std::span<const Attribute> order, std::string_view Att
                           AttributeTarget& source)
 {
     for (const Attribute attribute : order) {
-        if (attribute == Attribute::PluginParameters) {
-            WritePluginParameters(source);
-        } else if (attribute == Attribute::CustomFields) {
-            WriteCustomFields(source);
-        } else {
-            Write(RowOf(attribute).*key, source.TextOf(attribute));
-        }
+        KeepingFailure([&] {
+            if (attribute == Attribute::PluginParameters) {
+                WritePluginParameters(source);
+            } else if (attribute == Attribute::CustomFields) {
+                WriteCustomFields(source);
+            } else {
+                Write(RowOf(attribute).*key, source.TextOf(attribute));
+            }
+        });
     }
-    Flush();
 }
 
 void SavedState::WritePluginParameters(AttributeTarget& source)
@@ -217,6 +249,18 @@ void SavedState::WritePluginParameters(AttributeTarget& source)
     const std::vector<std::string> texts = source.PluginParameterTexts();
     for (std::size_t i = 0; i < texts.size(); ++i) {
         Write(KeyOfElement(RowOf(Attribute::PluginParameters).currentKey, i), texts[i]);
+    }
+}
+
+void SavedState::WritePluginDefaults(AttributeTarget& source)
+{
+    std::string line;
+    for (const std::string& text : source.PluginParameterTexts()) {
+        const auto value = SingleFromText(text);
+        line.append(line.empty() ? "" : " ").append(value ? TextOfSingle(*value) : kNoNumber);
+    }
+    if (!line.empty()) {
+        Write(source.SelectedPlugin(), line, kPluginDefaultsSection);
     }
 }
 

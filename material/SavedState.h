@@ -3,9 +3,11 @@
 #include "host/Colour.h"
 #include "host/MaterialRecord.h"
 #include "material/Attributes.h"
+#include "platform/SettingsNames.h"
 #include "platform/SettingsStore.h"
 
 #include <array>
+#include <exception>
 #include <functional>
 #include <optional>
 #include <span>
@@ -25,6 +27,8 @@ public:
     virtual std::string TextOf(Attribute attribute) = 0;
     /// The text is always one that `CanonicalText` gives for the attribute.
     virtual void Show(Attribute attribute, const std::string& canonicalText) = 0;
+    /// Empty when there is none.
+    virtual std::string SelectedPlugin() = 0;
     /// Of the plug-in now selected, one text per parameter.
     virtual std::vector<std::string> PluginParameterTexts() = 0;
     virtual std::vector<std::string> PluginParameterDefaults() = 0;
@@ -45,7 +49,8 @@ struct SavedLayout {
 };
 
 /// Moves the panel's state to and from the settings store. The application name is asked before
-/// each access of the store. What the host, the store or the panel throws passes through.
+/// each access of the store. What the host, the store or the panel throws passes through; a flow
+/// that writes throws its first error after it has written all that can be written.
 class SavedState {
 public:
     /// The store outlives this object.
@@ -72,7 +77,8 @@ public:
     void SaveLayout(const SavedLayout& layout);
 
     void RememberPluginParameters(AttributeTarget& source);
-    /// One text per parameter of the selected plug-in: the remembered one, else its default.
+    /// One text per parameter of the selected plug-in: the one remembered for this plug-in, else
+    /// its default.
     std::vector<std::string> UserPluginParameters(AttributeTarget& target);
 
 private:
@@ -89,9 +95,14 @@ private:
     static void ShowAll(const std::vector<ShownText>& texts, AttributeTarget& target);
     /// Shows the plug-in on its way.
     UserDefaults ReadUserDefaults(AttributeTarget& target);
-    std::optional<std::string> Read(std::string_view key);
-    void Write(std::string_view key, const std::string& text);
+    std::optional<std::string> Read(std::string_view key,
+                                    const char* section = kApplicationSection);
+    /// One that fails does not keep the ones after it from being written: `Flush` throws for it.
+    void Write(std::string_view key, const std::string& text,
+               const char* section = kApplicationSection);
     void Flush();
+    template <typename Part>
+    void KeepingFailure(Part&& part);
     std::string ReadCanonical(Attribute attribute, std::string_view key,
                               std::string_view defaultText);
     int ReadRows(std::string_view key);
@@ -101,10 +112,12 @@ private:
     void WriteAll(std::span<const Attribute> order, std::string_view AttributeRow::*key,
                   AttributeTarget& source);
     void WritePluginParameters(AttributeTarget& source);
+    void WritePluginDefaults(AttributeTarget& source);
     void WriteCustomFields(AttributeTarget& source);
 
     SettingsStore& m_store;
     std::function<std::string()> m_applicationName;
+    std::exception_ptr m_failure;
 };
 
 }  // namespace CorvexMaterial

@@ -30,9 +30,12 @@ constexpr std::int64_t kMostSettingsBytes = 64 << 20;
     throw Error(Status::FileFailed, text.replace(QStringLiteral("%2"), cause).toStdString());
 }
 
+/// A name in a key may hold anything; a slash in it begins no section.
 QString KeyOf(const SettingAddress& address)
 {
-    return QString::fromStdString(address.section) + '/' + QString::fromStdString(address.key);
+    QString key = QString::fromStdString(address.key);
+    key.replace('%', QLatin1String("%25")).replace('/', QLatin1String("%2F"));
+    return QString::fromStdString(address.section) + '/' + key;
 }
 
 /// An unquoted comma in a file edited by hand reads as a list.

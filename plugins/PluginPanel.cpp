@@ -9,6 +9,7 @@
 #include "plugins/UpDownText.h"
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -23,6 +24,7 @@ namespace {
 constexpr int kListHeight = 24;
 constexpr int kButtonHeight = 24;
 constexpr int kGap = 4;
+constexpr int kNoteLines = 3;
 constexpr int kLeastWidth = 180;
 // The first entry; stored as it stands.
 constexpr const char* kNoPlugin = "None";
@@ -62,13 +64,18 @@ PluginPanel::PluginPanel(const Trap& trap, CorvexDB::PluginTable& plugins,
                          CorvexCommon::NumericValidation& numbers, Choosers& choosers,
                          QWidget* parent)
     : QWidget(parent), m_trap(trap), m_plugins(plugins), m_numbers(numbers), m_choosers(choosers),
-      m_list(new QComboBox(this))
+      m_list(new QComboBox(this)),
+      m_note(new QLabel(
+          tr("This plug-in is not installed. The material keeps its name and its values."), this))
 {
     m_list->setObjectName(QStringLiteral("cboPlugin"));
     m_list->setAccessibleName(tr("Plug-in"));
     m_list->setFocusPolicy(Qt::StrongFocus);
     connect(m_list, &QComboBox::currentIndexChanged, this,
             [this](int position) { m_trap("cboPlugin", [&] { Choose(position); }); });
+    m_note->setObjectName(QStringLiteral("lblPluginMissing"));
+    m_note->setWordWrap(true);
+    m_note->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     MakeRows();
     MakeButtons();
     GuardWheel(*this);
@@ -122,12 +129,17 @@ void PluginPanel::Add(const std::string& name)
 
 std::string PluginPanel::ListText() const
 {
-    return m_list->currentText().toStdString();
+    return m_missing ? m_missing->name : m_list->currentText().toStdString();
 }
 
 std::string PluginPanel::SelectedName() const
 {
-    return m_shownPosition < 1 ? std::string() : EntryAt(m_shownPosition).name;
+    return m_missing || m_shownPosition > 0 ? ListText() : std::string();
+}
+
+std::size_t PluginPanel::ParameterCount() const
+{
+    return m_missing ? m_missing->values.size() : m_shownRows;
 }
 
 void PluginPanel::SelectName(const std::string& name)
@@ -138,12 +150,18 @@ void PluginPanel::SelectName(const std::string& name)
 void PluginPanel::Restore(const std::string& name, const std::vector<float>& values)
 {
     const int position = PositionOf(name);
+    if (position == 0 && !name.empty() && name != kNoPlugin) {
+        return ShowMissing(name, values);
+    }
     const auto parameters = Ask(position);
     Show(position, parameters, Completed(parameters, values));
 }
 
 void PluginPanel::Display(const std::vector<float>& values)
 {
+    if (m_missing) {
+        return ShowMissing(std::string(m_missing->name), values);
+    }
     const auto parameters = Ask(m_shownPosition);
     Show(m_shownPosition, parameters, values);
     Naming(EntryAt(m_shownPosition), [&] { RefuseBeyondLimit(parameters.size()); });
@@ -154,6 +172,9 @@ void PluginPanel::ShowTexts(const std::vector<std::string>& texts)
     std::vector<float> values;
     for (const std::string& text : texts) {
         values.push_back(SingleFromText(text).value_or(NAN));
+    }
+    if (m_missing) {
+        return ShowMissing(std::string(m_missing->name), values);
     }
     const auto parameters = Ask(m_shownPosition);
     Show(m_shownPosition, parameters, Completed(parameters, values));
@@ -186,7 +207,7 @@ void PluginPanel::Choose(int position)
         Show(position, parameters, DefaultValues(parameters));
     } catch (...) {
         const QSignalBlocker quiet(m_list);
-        m_list->setCurrentIndex(m_shownPosition);
+        m_list->setCurrentIndex(m_missing ? -1 : m_shownPosition);
         throw;
     }
     Q_EMIT PluginChosen();
@@ -200,12 +221,35 @@ void PluginPanel::Show(int position, const std::vector<CorvexDB::PluginParameter
         std::for_each_n(parameters.begin(), shown, CheckParameter);
         CheckValues(parameters, values);
 
-        const QSignalBlocker quiet(m_list);
-        m_list->setCurrentIndex(position);
-        m_shownPosition = position;
+        ShowEntry(position, std::nullopt);
         ShowRows({parameters.begin(), parameters.begin() + static_cast<std::ptrdiff_t>(shown)},
                  values);
     });
+}
+
+void PluginPanel::ShowMissing(const std::string& name, const std::vector<float>& values)
+{
+    Missing missing{name, values};
+    missing.values.resize(std::min(values.size(), kPluginParameterLimit));
+    std::ranges::replace_if(
+        missing.values, [](float value) { return !std::isfinite(value); }, 0.0F);
+    const bool isNew = ListText() != name;
+    ShowEntry(0, std::move(missing));
+    ShowRows({}, {});
+    if (isNew) {
+        Q_EMIT PluginMissing(QString::fromStdString(name));
+    }
+}
+
+void PluginPanel::ShowEntry(int position, std::optional<Missing> missing)
+{
+    const QSignalBlocker quiet(m_list);
+    m_missing = std::move(missing);
+    m_shownPosition = position;
+    const QString name = m_missing ? QString::fromStdString(m_missing->name) : QString();
+    m_list->setPlaceholderText(m_missing ? tr("%1 (not installed)").arg(name) : QString());
+    m_list->setCurrentIndex(m_missing ? -1 : position);
+    m_note->setVisible(m_missing.has_value());
 }
 
 void PluginPanel::ShowRows(const std::vector<CorvexDB::PluginParameter>& parameters,
@@ -228,6 +272,10 @@ void PluginPanel::ShowRows(const std::vector<CorvexDB::PluginParameter>& paramet
 void PluginPanel::ReadValues(std::vector<float>& values)
 {
     values.assign(kPluginParameterLimit, 0.0F);
+    if (m_missing) {
+        std::ranges::copy(m_missing->values, values.begin());
+        return;
+    }
     const PluginEntry entry = EntryAt(m_shownPosition);
     const auto parameters = AskParameters(m_plugins, entry);
     Naming(entry, [&] {
@@ -254,6 +302,9 @@ std::vector<std::string> PluginPanel::DefaultTexts() const
 
 std::vector<std::string> PluginPanel::ParameterTexts() const
 {
+    if (m_missing) {
+        return TextsOf(m_missing->values);
+    }
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < m_shownRows; ++i) {
         texts.push_back(m_rows[i]->Text());
@@ -286,6 +337,9 @@ void PluginPanel::PickColour(PluginRow& row)
 
 QSize PluginPanel::sizeHint() const
 {
+    if (m_missing) {
+        return {kLeastWidth, kListHeight + kGap + kNoteLines * fontMetrics().lineSpacing()};
+    }
     if (m_shownRows == 0) {
         return {kLeastWidth, kListHeight};
     }
@@ -306,6 +360,7 @@ void PluginPanel::resizeEvent(QResizeEvent* event)
 void PluginPanel::PlaceWidgets()
 {
     m_list->setGeometry(0, 0, width(), kListHeight);
+    m_note->setGeometry(0, kListHeight + kGap, width(), kNoteLines * fontMetrics().lineSpacing());
     for (PluginRow* row : m_rows) {
         row->Place(width());
     }

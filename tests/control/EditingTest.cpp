@@ -239,7 +239,7 @@ TEST_F(Editing, PluginButtonsKeepAndBringBackItsValuesWithOneRefreshEach)
         std::size_t writes;
     };
     const Row rows[] = {
-        {"cmdRemember", edited, 5}, {"cmdReset", fresh, 0}, {"cmdResetUser", edited, 0}};
+        {"cmdRemember", edited, 6}, {"cmdReset", fresh, 0}, {"cmdResetUser", edited, 0}};
     for (const Row& row : rows) {
         rig.log.Clear();
         rig.Press(row.button);
@@ -252,6 +252,35 @@ TEST_F(Editing, PluginButtonsKeepAndBringBackItsValuesWithOneRefreshEach)
         EXPECT_EQ(rig.Changes(), 2U) << "a plug-in that was chosen leaves the material once";
     }
     EXPECT_EQ(rig.Previewed().Plugin, "");
+}
+
+TEST_F(Editing, AMissingPluginIsSaidAndItsMaterialStaysAsItWas)
+{
+    OfferPluginAndField(rig);
+    auto& list = rig.List("cboPlugin");
+    auto& note = rig.Find<QWidget>("lblPluginMissing");
+    udtMaterial material;
+    material.Plugin = "Basalt";
+    material.PluginParameters = {1.5F, -2.0F};
+    EXPECT_EQ(rig.Control().CopyFieldToFormMaterial(material), Status::Success);
+    EXPECT_EQ(rig.Previewed(), material);
+    EXPECT_TRUE(note.isVisible());
+    EXPECT_TRUE(list.placeholderText().contains("Basalt"));
+    EXPECT_TRUE(rig.statusTexts.back().contains("Basalt"));
+
+    rig.Press("cmdMaterialRemember");
+    rig.Press("cmdMaterialResetDefaults");
+    EXPECT_EQ(rig.Previewed(), udtMaterial());
+    EXPECT_EQ(list.currentText(), "None");
+    rig.Press("cmdMaterialResetUserDefaults");
+    EXPECT_EQ(rig.Previewed(), material);
+    rig.Control().put_bMaterialLibraryPanel(true);
+    rig.Press("cmdMaterialLibraryAdd");
+    EXPECT_EQ(rig.host.materialLibrary.items.back(), material);
+
+    Choose(list, "Marble");
+    EXPECT_EQ(rig.Previewed().Plugin, "Marble");
+    EXPECT_FALSE(note.isVisible());
 }
 
 TEST_F(Editing, HostThatAnswersMaterialChangedByCallingBackIsNotTakenInCircles)

@@ -23,25 +23,29 @@ inline std::vector<std::string> Words(const std::string& text)
     return words;
 }
 
-/// Keeps the keys in the order of their use; fails at the n-th access if told so.
+/// Keeps the keys in the order of their use, those of other sections than the usual one with the
+/// section before them; fails at the n-th access if told so.
 class LoggingStore : public SettingsStore {
 public:
+    static std::string KeyOf(const SettingAddress& address)
+    {
+        return address.section == "Application" ? address.key : address.section + '/' + address.key;
+    }
+
     std::optional<std::string> Read(const SettingAddress& address) override
     {
-        reads.push_back(address.key);
+        reads.push_back(KeyOf(address));
         Access(address.application);
-        EXPECT_EQ(address.section, "Application");
-        const auto found = values.find(address.key);
+        const auto found = values.find(KeyOf(address));
         return found == values.end() ? std::nullopt : std::optional(found->second);
     }
 
     void Write(const SettingAddress& address, const std::string& value) override
     {
         EXPECT_FALSE(isFlushed) << address.key;
-        writes.push_back(address.key);
+        writes.push_back(KeyOf(address));
         Access(address.application);
-        EXPECT_EQ(address.section, "Application");
-        values[address.key] = value;
+        values[KeyOf(address)] = value;
     }
 
     void Flush(const std::string& application) override
@@ -82,6 +86,7 @@ public:
         }
     }
 
+    std::string SelectedPlugin() override { return texts[Attribute::Plugin]; }
     std::vector<std::string> PluginParameterTexts() override { return parameters; }
 
     std::vector<std::string> PluginParameterDefaults() override

@@ -55,9 +55,10 @@ TEST_F(SavedStateTest, RememberWritesEveryUserKeyInOrder)
 
 TEST_F(SavedStateTest, ResetToUserReadsItsKeysInOrderAndTheParametersOfTheStoredPlugin)
 {
-    store.values = {{"MaterialPlugin", "Marble"},
-                    {"MaterialPluginParameter0", "0.750"},
-                    {"MaterialPluginParameter1", "x"}};
+    store.values = {
+        {"MaterialPlugin", "Marble"},
+        {"MaterialPluginParameter0", "8"},  // of whatever plug-in the last run ended with
+        {"PluginDefaults/Marble", "0.750 x"}};
     state.ResetToUser(panel);
     EXPECT_EQ(store.reads, Words(kUserResetKeys));
     EXPECT_THAT(panel.parameters, ElementsAre("0.75", "3"));
@@ -84,10 +85,29 @@ TEST_F(SavedStateTest, PluginParametersAreRememberedAlone)
 {
     FillPanel();
     state.RememberPluginParameters(panel);
-    EXPECT_THAT(store.writes, ElementsAre("MaterialPluginParameter0", "MaterialPluginParameter1"));
+    EXPECT_THAT(store.writes, ElementsAre("MaterialPluginParameter0", "MaterialPluginParameter1",
+                                          "PluginDefaults/Marble"));
     EXPECT_TRUE(store.isFlushed);
-    store.values["MaterialPluginParameter1"] = "1e99";
-    EXPECT_THAT(state.UserPluginParameters(panel), ElementsAre("0.125", "3"));
+    EXPECT_THAT(state.UserPluginParameters(panel), ElementsAre("0.125", "9"));
+    panel.texts[Attribute::Plugin] = "Basalt";
+    EXPECT_THAT(state.UserPluginParameters(panel), IsEmpty()) << "another's are none of its own";
+}
+
+TEST_F(SavedStateTest, AWriteThatFailsLosesItsOwnKeyAlone)
+{
+    FillPanel();
+    const auto save = {&SavedState::SaveAtTerminate, &SavedState::Remember};
+    for (const auto flow : save) {
+        store.values.clear();
+        store.writes.clear();
+        store.isFlushed = false;
+        store.failingAccess = store.applications.size() + 3;
+        EXPECT_THROW((state.*flow)(panel), Error);
+        EXPECT_EQ(store.values.count(store.writes[2]), 0U);
+        EXPECT_EQ(store.values.size(), store.writes.size() - 1);
+        EXPECT_GT(store.writes.size(), 60U);
+        EXPECT_TRUE(store.isFlushed);
+    }
 }
 
 TEST_F(SavedStateTest, AStoreThatFailsWhileItIsReadLeavesThePanelAsItWas)

@@ -79,6 +79,9 @@ TEST_F(SettingsStoreTest, KeepsApplicationsSectionsAndLetterCaseApart)
     SettingsStore& store = platform.Get().settings;
     const std::vector<SettingAddress> addresses{At("Rows"),
                                                 At("rows"),
+                                                At("A/B"),
+                                                At("A//B/"),
+                                                At("A%2FB"),
                                                 At("Rows", "Tips"),
                                                 At("Rows", "General"),
                                                 {"Other", "Application", "Rows"},
