@@ -1,5 +1,8 @@
 #include "dialogs/ErrorHandler.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace CorvexMaterial {
 
 modCorvexGeneralErrorHandler::modCorvexGeneralErrorHandler(
@@ -9,11 +12,41 @@ modCorvexGeneralErrorHandler::modCorvexGeneralErrorHandler(
 {
 }
 
+modCorvexGeneralErrorHandler::TellOnce::TellOnce(modCorvexGeneralErrorHandler& handler)
+    : m_told(handler.m_told)
+{
+    ++m_told->depth;
+}
+
+modCorvexGeneralErrorHandler::TellOnce::~TellOnce()
+{
+    if (--m_told->depth == 0) {
+        m_told->before = std::exchange(m_told->now, {});
+    }
+}
+
+bool modCorvexGeneralErrorHandler::IsTold(const std::string& text)
+{
+    if (m_told->depth == 0) {
+        return false;
+    }
+    const auto has = [&text](const std::vector<std::string>& texts) {
+        return std::ranges::find(texts, text) != texts.end();
+    };
+    const bool told = has(m_told->before) || has(m_told->now);
+    m_told->now.push_back(text);
+    return told;
+}
+
 void modCorvexGeneralErrorHandler::Report(const ErrorReport& report) noexcept
 {
     Trace(report);
     try {
-        m_prompts.Show({PromptIcon::Critical, std::string(kErrorBoxTitle), ErrorBoxText(report)});
+        const std::string text = ErrorBoxText(report);
+        if (IsTold(text)) {
+            return;
+        }
+        m_prompts.Show({PromptIcon::Critical, std::string(kErrorBoxTitle), text});
         if (IsUnrecoverable(report)) {
             OfferHelp();
         }

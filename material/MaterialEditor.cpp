@@ -113,8 +113,10 @@ void MaterialEditor::ConnectPreview()
 {
     PreviewPanel& panel = m_form.Preview();
     connect(&panel, &PreviewPanel::PositionTextChanged, this, &MaterialEditor::PositionText);
-    connect(&panel, &PreviewPanel::ViewTouched, this,
-            [this] { m_trap("dfvMaterialViewport", [this] { RefreshPreviewMaterial(); }); });
+    connect(&panel, &PreviewPanel::ViewTouched, this, [this] {
+        const modCorvexGeneralErrorHandler::TellOnce once(m_errorHandler);
+        m_trap("dfvMaterialViewport", [this] { RefreshPreviewMaterial(); });
+    });
     connect(&panel, &PreviewPanel::PrimitivePressed, this,
             [this] { m_trap("cmdPreviewPrimitive", [this] { OpenPrimitiveDialog(); }); });
     connect(&panel, &PreviewPanel::RaytracePressed, this,
@@ -139,6 +141,7 @@ void MaterialEditor::OnEdited()
 {
     m_gatherer.Forget();
     if (m_batchDepth == 0) {
+        const modCorvexGeneralErrorHandler::TellOnce once(m_errorHandler);
         m_trap("RefreshPreviewMaterial", [this] {
             m_raytrace->FollowAttributes();
             RefreshPreviewMaterial();

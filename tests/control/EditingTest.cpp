@@ -1,6 +1,7 @@
 #include "tests/control/FaultSteps.h"
 
 #include <QSlider>
+#include <QTabBar>
 
 #include <gtest/gtest.h>
 
@@ -128,19 +129,33 @@ TEST_F(Editing, EveryKeyOfATextIsAnEditThatTheSliderFollows)
     EXPECT_EQ(rig.Find<QSlider>("sldAmbient").value(), 100);
 }
 
-TEST_F(Editing, AmountThatIsNoNumberStaysAsTypedAndAppliesItsFactoryValue)
+TEST_F(Editing, AnAmountThatIsNoNumberLeavesTheLastOneInForceAndInTheField)
 {
-    for (const char* text : {"abc", "", "-", "99999999999", "1,5", "0x10"}) {
-        Type(rig.Field("txtAmbient"), "33");
-        EXPECT_FALSE(rig.Field("txtAmbient").property("invalid").toBool());
-        Type(rig.Field("txtAmbient"), text);
-        EXPECT_EQ(rig.Field("txtAmbient").text(), text);
-        EXPECT_TRUE(rig.Field("txtAmbient").property("invalid").toBool()) << text;
-        EXPECT_EQ(rig.Previewed().Ambient, 60) << text;
+    auto& field = rig.Field("txtAmbient");
+    // Key by key: what begins as a number is the last one.
+    for (const auto& [text, last] : {std::pair("abc", 33),
+                                     {"", 33},
+                                     {"-", 33},
+                                     {"1,5", 1},
+                                     {"0x10", 0},
+                                     {"99999999999", 999'999'999}}) {
+        Type(field, "33");
+        EXPECT_FALSE(field.property("invalid").toBool());
+        Type(field, text);
+        EXPECT_EQ(field.text(), text) << "not while it is typed";
+        EXPECT_TRUE(field.property("invalid").toBool()) << text;
+        EXPECT_EQ(rig.Previewed().Ambient, last) << text;
+        QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
+        QCoreApplication::sendEvent(&field, &leaving);
+        EXPECT_EQ(field.text(), QString::number(last));
+        EXPECT_EQ(rig.Previewed().Ambient, last);
     }
-    Type(rig.Field("txtAmbient"), "-5");
+    Type(rig.Field("txtTexture2Translucency"), "4x");
+    EXPECT_EQ(rig.Previewed().OverlayTranslucency, 4.0F);
+    rig.Find<QTabBar>("tabChannels").setCurrentIndex(0);
+    Type(field, "-5");
     EXPECT_EQ(rig.Previewed().Ambient, -5);
-    Type(rig.Field("txtAmbient"), "2.5");
+    Type(field, "2.5");
     EXPECT_EQ(rig.Previewed().Ambient, 2);
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
 }
@@ -281,6 +296,24 @@ TEST_F(Editing, AMissingPluginIsSaidAndItsMaterialStaysAsItWas)
     Choose(list, "Marble");
     EXPECT_EQ(rig.Previewed().Plugin, "Marble");
     EXPECT_FALSE(note.isVisible());
+}
+
+TEST_F(Editing, WhatFailsAtEveryKeyIsToldAtTheFirstAndAgainAfterItWorked)
+{
+    OfferPluginAndField(rig);
+    auto& field = rig.Field("txtAmbient");
+    for (const char* failing : {"Plugin.GetParameters", "Viewport.Draw"}) {
+        for (const int value : {123, 124}) {
+            rig.platform.prompts.shown.clear();
+            rig.log.FailEach(failing, Fault::ClassifiedError);
+            Type(field, QString::number(value));
+            EXPECT_EQ(rig.platform.prompts.shown.size(), 1U) << failing;
+            rig.log.Clear();
+            Type(field, QString::number(value));
+            EXPECT_EQ(rig.Previewed().Ambient, value);
+            EXPECT_EQ(rig.platform.prompts.shown.size(), 1U) << failing;
+        }
+    }
 }
 
 TEST_F(Editing, HostThatAnswersMaterialChangedByCallingBackIsNotTakenInCircles)
