@@ -16,20 +16,20 @@ const QColor kMarkColor(0xd8, 0x3a, 0x34);
 AmountField::AmountField(QWidget* parent) : QLineEdit(parent)
 {
     connect(this, &QLineEdit::textChanged, this, &AmountField::Mark);
-}
-
-void AmountField::SetFallback(const QString& text)
-{
-    m_fallback = text;
-    Mark();
+    connect(this, &QLineEdit::editingFinished, this, [this] {
+        if (m_invalid) {
+            setText(QString::number(m_value));
+        }
+    });
 }
 
 void AmountField::Mark()
 {
-    m_invalid = !WholeNumberFromText(text().toStdString()).has_value();
+    const auto value = WholeNumberFromText(text().toStdString());
+    m_value = value.value_or(m_value);
+    m_invalid = !value;
     setProperty("invalid", m_invalid);
-    setToolTip(m_invalid ? tr("“%1” is not a whole number; %2 is used.").arg(text(), m_fallback)
-                         : QString());
+    setToolTip(m_invalid ? tr("Not a whole number; %1 is used.").arg(m_value) : QString());
     update();
 }
 

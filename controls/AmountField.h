@@ -2,18 +2,21 @@
 
 #include <QLineEdit>
 
+#include <cstdint>
+
 namespace CorvexMaterial {
 
-/// A text box for a whole number. It accepts any text; one that is no whole number is marked, and
-/// the property `invalid` tells so.
+/// A text box for a whole number. It accepts any text; one that is no whole number is marked, the
+/// property `invalid` tells so, and the last number holds until there is another. Who leaves the
+/// field finds that number in it.
 class AmountField : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit AmountField(QWidget* parent);
 
-    /// What is used while the text is no number; named in the mark's tool tip.
-    void SetFallback(const QString& text);
+    /// The last whole number; 0 before there was any.
+    [[nodiscard]] std::int32_t Value() const { return m_value; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -21,7 +24,7 @@ protected:
 private:
     void Mark();
 
-    QString m_fallback;
+    std::int32_t m_value = 0;
     bool m_invalid = false;
 };
 

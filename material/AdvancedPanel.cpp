@@ -3,7 +3,7 @@
 #include "controls/AmountField.h"
 #include "controls/WheelGuard.h"
 #include "material/AlphaTests.h"
-#include "material/AmountLink.h"
+#include "material/Attributes.h"
 #include "ui_AdvancedPanel.h"
 
 #include <QSignalBlocker>
@@ -14,7 +14,8 @@ AdvancedPanel::AdvancedPanel(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::AdvancedPanel>())
 {
     m_ui->setupUi(this);
-    StartAmount(*m_ui->txtAlphaTestReference, Attribute::AlphaTestReference);
+    m_ui->txtAlphaTestReference->setText(
+        QString::fromUtf8(FactoryText(Attribute::AlphaTestReference)));
     FillAlphaTests();
     connect(m_ui->txtAlphaTestReference, &QLineEdit::textChanged, this, &AdvancedPanel::Edited);
     connect(m_ui->chkDoubleSided, &QCheckBox::clicked, this, &AdvancedPanel::Edited);

@@ -43,11 +43,12 @@ PanelAttributes::PanelAttributes(AttributePanel& panel) : m_panel(panel)
     BindOthers();
 }
 
-void PanelAttributes::BindField(Attribute attribute, QLineEdit& field)
+void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
 {
     At(attribute) = {
         [&field] { return field.text().toStdString(); },
-        [&field](const std::string& text) { field.setText(QString::fromStdString(text)); }};
+        [&field](const std::string& text) { field.setText(QString::fromStdString(text)); },
+        [&field] { return field.Value(); }};
 }
 
 void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)
@@ -66,10 +67,10 @@ void PanelAttributes::BindList(Attribute attribute, QComboBox& list)
 void PanelAttributes::BindSurface()
 {
     const Ui::SurfacePanel& form = m_panel.Surface().Form();
-    BindField(Attribute::Emissive, *form.txtEmissive);
-    BindField(Attribute::Specular, *form.txtSpecular);
-    BindField(Attribute::Transparency, *form.txtTransparency);
-    BindField(Attribute::Ambient, *form.txtAmbient);
+    BindAmount(Attribute::Emissive, *form.txtEmissive);
+    BindAmount(Attribute::Specular, *form.txtSpecular);
+    BindAmount(Attribute::Transparency, *form.txtTransparency);
+    BindAmount(Attribute::Ambient, *form.txtAmbient);
     At(Attribute::Color) = {
         [this] { return TextOfWholeNumber(m_panel.Surface().Color().Value()); },
         [this](const std::string& text) { m_panel.Surface().Color().Show(ToWhole(text)); }};
@@ -78,7 +79,7 @@ void PanelAttributes::BindSurface()
 void PanelAttributes::BindAdvanced()
 {
     const Ui::AdvancedPanel& form = m_panel.Advanced().Form();
-    BindField(Attribute::AlphaTestReference, *form.txtAlphaTestReference);
+    BindAmount(Attribute::AlphaTestReference, *form.txtAlphaTestReference);
     BindFlag(Attribute::DoubleSided, *form.chkDoubleSided);
     BindFlag(Attribute::AlphaIsTransparent, *form.chkAlphaIsTransparent);
     BindList(Attribute::AlphaTest, *form.cboAlphaTest);
@@ -100,7 +101,8 @@ void PanelAttributes::BindTextures()
     }
     At(Attribute::OverlayTranslucency) = {
         [&page] { return page.OverlayTranslucencyText(); },
-        [&page](const std::string& text) { page.SetOverlayTranslucencyText(text); }};
+        [&page](const std::string& text) { page.SetOverlayTranslucencyText(text); },
+        [&page] { return page.OverlayTranslucency(); }};
     At(Attribute::TextureAlphaChannelUse) = {
         [&page] { return TextOfWholeNumber(page.AlphaChannelUse()); },
         [&page](const std::string& text) { page.SetAlphaChannelUse(ToWhole(text)); }};

@@ -137,8 +137,7 @@ void PanelAttributes::ShowApplyRelative(CorvexDB::ApplyMode mode)
 
 std::int32_t PanelAttributes::Amount(Attribute attribute)
 {
-    return WholeNumberFromText(TextOf(attribute))
-        .value_or(WholeNumberFromText(FactoryText(attribute)).value_or(0));
+    return At(attribute).amount();
 }
 
 CorvexDB::udtMaterial PanelAttributes::Record()

@@ -10,10 +10,10 @@
 
 class QCheckBox;
 class QComboBox;
-class QLineEdit;
 
 namespace CorvexMaterial {
 
+class AmountField;
 class AttributePanel;
 
 /// Every attribute of the material being edited, reached through its control. The raytrace record,
@@ -33,7 +33,7 @@ public:
     [[nodiscard]] std::size_t PluginParameterCount() const;
 
     /// The material as the panel shows it, less the plug-in's values. An amount whose text is no
-    /// whole number has its factory value.
+    /// whole number has the last one that it was.
     CorvexDB::udtMaterial Record();
     /// Shows every field. Errors: InvalidArgument for a list position outside its list, and for a
     /// placement or a raytrace amount that is no number; nothing has changed then.
@@ -48,17 +48,18 @@ public:
     std::string& MaterialLibrary() { return m_materialLibrary; }
     CorvexDB::cdtRayTraceMaterialAttributes& RayTrace() { return m_rayTrace; }
 
-    /// The whole number in the attribute's field, or its factory value.
+    /// The last whole number in the attribute's field.
     [[nodiscard]] std::int32_t Amount(Attribute attribute);
 
 private:
     struct Binding {
         std::function<std::string()> text;
         std::function<void(const std::string&)> show;
+        std::function<std::int32_t()> amount = {};
     };
 
     Binding& At(Attribute attribute) { return m_bindings[static_cast<std::size_t>(attribute)]; }
-    void BindField(Attribute attribute, QLineEdit& field);
+    void BindAmount(Attribute attribute, AmountField& field);
     void BindFlag(Attribute attribute, QCheckBox& box);
     void BindList(Attribute attribute, QComboBox& list);
     void BindSurface();

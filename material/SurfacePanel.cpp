@@ -4,6 +4,7 @@
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
 #include "material/AmountLink.h"
+#include "material/Attributes.h"
 #include "ui_SurfacePanel.h"
 
 namespace CorvexMaterial {
@@ -47,7 +48,7 @@ void SurfacePanel::ConnectAmounts()
         Row{*m_ui->txtTransparency, *m_ui->sldTransparency, Attribute::Transparency},
     };
     for (const Row& row : rows) {
-        StartAmount(row.field, row.attribute);
+        row.field.setText(QString::fromUtf8(FactoryText(row.attribute)));
         LinkSlider(row.slider, row.field);
         connect(&row.field, &QLineEdit::textChanged, this, &SurfacePanel::Edited);
     }

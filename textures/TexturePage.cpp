@@ -42,7 +42,6 @@ TexturePage::TexturePage(QWidget* parent)
     for (const char* use : kAlphaChannelUses) {
         m_ui->cboTextureAlphaChannelUse->addItem(QString::fromUtf8(use));
     }
-    m_ui->txtTexture2Translucency->SetFallback(kDefaultOverlayTranslucency);
     m_ui->txtTexture2Translucency->setText(kDefaultOverlayTranslucency);
     ConnectFields();
     ConnectButtons();
@@ -206,6 +205,11 @@ bool TexturePage::FlipV() const
 void TexturePage::SetFlipV(bool flip)
 {
     m_ui->chkFlipV->setChecked(flip);
+}
+
+std::int32_t TexturePage::OverlayTranslucency() const
+{
+    return m_ui->txtTexture2Translucency->Value();
 }
 
 std::string TexturePage::OverlayTranslucencyText() const

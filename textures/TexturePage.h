@@ -53,6 +53,8 @@ public:
     [[nodiscard]] bool FlipV() const;
     void SetFlipV(bool flip);
     /// As typed; need not be a number.
+    /// The last whole number that the text was.
+    [[nodiscard]] std::int32_t OverlayTranslucency() const;
     [[nodiscard]] std::string OverlayTranslucencyText() const;
     void SetOverlayTranslucencyText(const std::string& text);
 
