@@ -1,16 +1,33 @@
 #include "dialogs/modDialog.h"
 
+#include "dialogs/ErrorTexts.h"
 #include "dialogs/WarningCatalogue.h"
 #include "dialogs/frmDialog.h"
 
 namespace CorvexMaterial {
 
-modDialog::modDialog(SettingsStore& settings, CorvexDB::Diagnostics& diagnostics, QWidget* parent)
-    : m_settings(settings), m_diagnostics(diagnostics), m_parent(parent)
+void TellAndGoOn(Prompts& prompts, const std::function<void()>& body)
+{
+    try {
+        body();
+    } catch (...) {
+        const ErrorReport report = Describe(std::current_exception(), {});
+        prompts.Show({PromptIcon::Exclamation, std::string(kBoxTitle), report.description});
+    }
+}
+
+modDialog::modDialog(SettingsStore& settings, Prompts& prompts, CorvexDB::Diagnostics& diagnostics,
+                     QWidget* parent)
+    : m_settings(settings), m_prompts(prompts), m_diagnostics(diagnostics), m_parent(parent)
 {
 }
 
 void modDialog::ShowWarning(const WarningRequest& request)
+{
+    TellAndGoOn(m_prompts, [&] { Show(request); });
+}
+
+void modDialog::Show(const WarningRequest& request)
 {
     const auto stored = m_settings.Read({request.sApplicationRegistryKey, std::string(kTipsSection),
                                          request.sWarningRegistryEntry});

@@ -2,8 +2,10 @@
 
 #include "host/CorvexDB.h"
 #include "host/Export.h"
+#include "platform/Prompts.h"
 #include "platform/SettingsStore.h"
 
+#include <functional>
 #include <string>
 
 class QWidget;
@@ -18,16 +20,25 @@ struct WarningRequest {
     std::string title = {};               ///< of the window; empty = the product's name
 };
 
+/// Runs what the user's work does not hang on, such as keeping a choice: a failure is told, and the
+/// work goes on.
+void TellAndGoOn(Prompts& prompts, const std::function<void()>& body);
+
 /// Shows warnings that the user may silence.
 class CORVEX_EXPORT modDialog {
 public:
-    modDialog(SettingsStore& settings, CorvexDB::Diagnostics& diagnostics, QWidget* parent);
+    modDialog(SettingsStore& settings, Prompts& prompts, CorvexDB::Diagnostics& diagnostics,
+              QWidget* parent);
 
     /// Modal; shows nothing unless the stored choice is exactly 1, which a missing one counts as.
+    /// A choice that cannot be read or kept is told; what the warning is about goes on.
     void ShowWarning(const WarningRequest& request);
 
 private:
+    void Show(const WarningRequest& request);
+
     SettingsStore& m_settings;
+    Prompts& m_prompts;
     CorvexDB::Diagnostics& m_diagnostics;
     QWidget* m_parent;
 };

@@ -60,7 +60,7 @@ bool modRaytrace::CheckPovRay()
         return false;
     }
     const WarningRow& warning = RowOf(WarningId::PovRayConfiguration);
-    modDialog(m_platform.settings, m_host.diagnostics, m_parent)
+    modDialog(m_platform.settings, m_platform.prompts, m_host.diagnostics, m_parent)
         .ShowWarning({m_host.applicationState.SettingsApplicationName(), std::string(warning.text),
                       std::string(warning.key)});
     return true;
@@ -93,7 +93,7 @@ bool modRaytrace::LocateRenderMan()
     }
     const SettingAddress address = RenderManLocation();
     m_platform.settings.Write(address, *file);
-    m_platform.settings.Flush(address.application);
+    TellAndGoOn(m_platform.prompts, [&] { m_platform.settings.Flush(address.application); });
     return true;
 }
 

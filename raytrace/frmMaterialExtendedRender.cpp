@@ -97,7 +97,8 @@ void frmMaterialExtended::MakeSimulationTexture()
         return;
     }
     const WarningRow& notice = RowOf(WarningId::SimulationTexture);
-    modDialog(m_services.platform.settings, m_services.host.diagnostics, this)
+    modDialog(m_services.platform.settings, m_services.platform.prompts,
+              m_services.host.diagnostics, this)
         .ShowWarning({m_services.host.applicationState.SettingsApplicationName(),
                       std::string(notice.text), std::string(notice.key), std::string(notice.key)});
     const ButtonsOff buttonsOff(*this);

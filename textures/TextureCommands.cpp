@@ -73,7 +73,7 @@ void TextureCommands::SelectFile()
     if (!layer) {
         return;
     }
-    TextureFileDialog dialog(m_trap, m_services.host, m_services.platform, Window());
+    TextureFileDialog dialog(m_services.host, m_services.platform, Window());
     const std::string file = dialog.SelectTextureFile(
         TextureTypeList::All, m_services.host.applicationState.SettingsApplicationName(),
         m_page.File(*layer));
@@ -89,7 +89,7 @@ void TextureCommands::TakeFile(const QString& file)
         return;
     }
     m_trap("imgTexture", [&] {
-        TextureFileDialog dialog(m_trap, m_services.host, m_services.platform, Window());
+        TextureFileDialog dialog(m_services.host, m_services.platform, Window());
         if (!PrimaryIsLocked() &&
             dialog.Accepts(file.toStdString(), TextureTypeList::All,
                            m_services.host.applicationState.SettingsApplicationName())) {

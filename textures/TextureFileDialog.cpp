@@ -1,7 +1,6 @@
 #include "textures/TextureFileDialog.h"
 
 #include "dialogs/ErrorTexts.h"
-#include "dialogs/Trap.h"
 #include "dialogs/WarningCatalogue.h"
 #include "dialogs/modDialog.h"
 #include "textures/TextureMessages.h"
@@ -11,9 +10,8 @@
 
 namespace CorvexMaterial {
 
-TextureFileDialog::TextureFileDialog(const Trap& trap, Host& host, Platform& platform,
-                                     QWidget* parent)
-    : m_trap(trap), m_host(host), m_platform(platform), m_parent(parent)
+TextureFileDialog::TextureFileDialog(Host& host, Platform& platform, QWidget* parent)
+    : m_host(host), m_platform(platform), m_parent(parent)
 {
 }
 
@@ -61,11 +59,8 @@ bool TextureFileDialog::IsOfListedType(const std::string& file, TextureTypeList 
 bool TextureFileDialog::TiffIsReadable(const std::string& applicationName)
 {
     const WarningRow& warning = RowOf(WarningId::MaterialTif);
-    // A choice that cannot be stored is reported; it must not cost the texture.
-    m_trap("SelectTextureFile", [&] {
-        modDialog(m_platform.settings, m_host.diagnostics, m_parent)
-            .ShowWarning({applicationName, std::string(warning.text), std::string(warning.key)});
-    });
+    modDialog(m_platform.settings, m_platform.prompts, m_host.diagnostics, m_parent)
+        .ShowWarning({applicationName, std::string(warning.text), std::string(warning.key)});
     const bool readable = m_platform.imageFormats.CanReadTiff();
     if (!readable) {
         Refuse(kTiffReaderMissing);

@@ -11,12 +11,10 @@ class QWidget;
 
 namespace CorvexMaterial {
 
-class Trap;
-
 /// Asks for a texture's file and checks what comes back.
 class TextureFileDialog {
 public:
-    TextureFileDialog(const Trap& trap, Host& host, Platform& platform, QWidget* parent);
+    TextureFileDialog(Host& host, Platform& platform, QWidget* parent);
 
     /// Path of a usable file, or empty. The dialog starts in the folder of the file used now.
     [[nodiscard]] std::string SelectTextureFile(TextureTypeList list,
@@ -34,7 +32,6 @@ private:
     [[nodiscard]] bool TiffIsReadable(const std::string& applicationName);
     void Refuse(std::string_view text);
 
-    const Trap& m_trap;
     Host& m_host;
     Platform& m_platform;
     QWidget* m_parent;

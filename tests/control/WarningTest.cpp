@@ -28,7 +28,8 @@ protected:
     CallLog log;
     RecordingPlatform platform{log};
     RecordingHost host{log};
-    CorvexMaterial::modDialog dialogs{platform.settings, host.diagnostics, nullptr};
+    CorvexMaterial::modDialog dialogs{platform.settings, platform.prompts, host.diagnostics,
+                                      nullptr};
 };
 
 void PressOk(QDialog& dialog)

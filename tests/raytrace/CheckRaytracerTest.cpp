@@ -131,4 +131,23 @@ TEST(RaytracerCheck, HowToConfigurePovRayIsSaidUntilTheUserHasEnough)
     EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 2U);
 }
 
+TEST(RaytracerCheck, AStoreThatCannotBeWrittenKeepsNothingFromRendering)
+{
+    for (const auto raytracer : {CorvexDB::Raytracer::PovRay, CorvexDB::Raytracer::RenderMan}) {
+        ControlRig rig;
+        rig.Start();
+        rig.host.applicationState.raytracer = raytracer;
+        rig.platform.prompts.answers = {true, true};
+        rig.platform.choosers.files = {"/bin/sh"};
+        rig.log.FailEach("Store.Flush", Fault::ClassifiedError);
+        const DialogAnswer answer(
+            [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdOK")); });
+        rig.Press("cmdPreview");
+        EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+        ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
+        EXPECT_EQ(rig.platform.prompts.shown[0].title, "Corvex");
+        EXPECT_EQ(rig.platform.prompts.shown[0].text, "planned failure in Store.Flush");
+    }
+}
+
 }  // namespace
