@@ -2,22 +2,90 @@
 
 #include "ui_RenderProgressDialog.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QCloseEvent>
 
 namespace CorvexMaterial {
+
+namespace {
+
+bool IsInput(QEvent::Type type)
+{
+    switch (type) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+    case QEvent::TouchBegin:
+    case QEvent::TabletPress:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::InputMethod:
+    case QEvent::Shortcut:
+    case QEvent::ShortcutOverride:
+    case QEvent::DragEnter:
+    case QEvent::Drop:
+        return true;
+    default:
+        return false;
+    }
+}
+
+}  // namespace
 
 RenderProgressDialog::RenderProgressDialog(QWidget& over)
     : QDialog(over.window(), Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       m_over(over), m_ui(std::make_unique<Ui::RenderProgressDialog>())
 {
     m_ui->setupUi(this);
-    setWindowModality(Qt::ApplicationModal);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     // Escape and the window's frame end here too.
     connect(this, &QDialog::rejected, this, [this] { m_cancelled = true; });
+    qApp->installEventFilter(this);
 }
 
-RenderProgressDialog::~RenderProgressDialog() = default;
+RenderProgressDialog::~RenderProgressDialog()
+{
+    for (const QPointer<QWidget>& window : m_toClose) {
+        if (window) {
+            QMetaObject::invokeMethod(window, &QWidget::close, Qt::QueuedConnection);
+        }
+    }
+}
+
+bool RenderProgressDialog::IsBelow(const QWidget& window) const
+{
+    const QWidget* below = &m_over;
+    while (below != nullptr && below->window() != &window) {
+        below = below->window()->parentWidget();
+    }
+    return below != nullptr;
+}
+
+bool RenderProgressDialog::IsShut(const QObject& receiver) const
+{
+    const auto* widget = qobject_cast<const QWidget*>(&receiver);
+    if (widget == nullptr) {
+        return !receiver.isWindowType();  // a window hands on what its widgets are to hear
+    }
+    // A dialog of the host's own that has come up meanwhile can be answered.
+    const QWidget& window = *widget->window();
+    return &window != this && (!window.isModal() || IsBelow(window));
+}
+
+bool RenderProgressDialog::eventFilter(QObject* watched, QEvent* event)
+{
+    auto* const widget = qobject_cast<QWidget*>(watched);
+    if (event->type() == QEvent::Close && widget != nullptr && IsBelow(*widget)) {
+        m_toClose.emplace_back(widget);
+        m_cancelled = true;
+        event->ignore();
+        return true;
+    }
+    return IsInput(event->type()) && IsShut(*watched);
+}
 
 void RenderProgressDialog::Open()
 {

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -93,12 +94,16 @@ TEST_F(RunningRaytracer, ThatIsMissingIsTheSameBox)
 TEST_F(RunningRaytracer, ShowsItsProgressWhileEverythingElseIsShut)
 {
     raytracer.Runs("printf 'Rendered 5 of 20 pixels (25%%)\\r' >&2\n"
-                   "while [ ! -e \"$out.go\" ]; do sleep 0.02; done\n"
-                   "rm \"$out.go\"; cp \"$picture\" \"$out\"");
+                   "n=0; while [ ! -e \"$out.go\" ] && [ $((n=n+1)) -lt 250 ]\n"
+                   "do sleep 0.02; done\n"
+                   "rm \"$out.go\" && cp \"$picture\" \"$out\"");
     const QString folder = raytracer.Folder();
     const DialogAnswer answer([&](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowModality(), Qt::ApplicationModal);
         EXPECT_FALSE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+        auto& header = rig.Find<QAbstractButton>("chkMaterialPanel");
+        Click(header);
+        QTest::keyClick(&header, Qt::Key_Space);
+        EXPECT_TRUE(header.isChecked());
         auto* bar = dialog.findChild<QProgressBar*>();
         auto* watch = new QTimer(&dialog);
         QObject::connect(watch, &QTimer::timeout, &dialog, [bar, folder, watch] {
@@ -114,6 +119,19 @@ TEST_F(RunningRaytracer, ShowsItsProgressWhileEverythingElseIsShut)
     rig.Press("cmdPreview");
     EXPECT_TRUE(answer.Given());
     EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+    ExpectCleanEnd();
+}
+
+TEST_F(RunningRaytracer, EndsWhenTheWindowIsClosedWhichClosesAfterwards)
+{
+    raytracer.Runs("exec sleep 3");
+    const DialogAnswer answer([&](QDialog&) { EXPECT_FALSE(rig.Control().close()); });
+    rig.Press("cmdPreview");
+    EXPECT_TRUE(answer.Given());
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+    EXPECT_TRUE(rig.Control().isVisible()) << "not under the feet of who works in it";
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(rig.Control().isVisible());
     ExpectCleanEnd();
 }
 

@@ -80,9 +80,20 @@ DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer) : m_answer(std:
     m_timer.start(0);
 }
 
+/// The modal one, or the progress of a raytracer, which shuts everything else itself.
+QDialog* OpenDialog()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "RenderProgressDialog" && window->isVisible()) {
+            return qobject_cast<QDialog*>(window);
+        }
+    }
+    return qobject_cast<QDialog*>(QApplication::activeModalWidget());
+}
+
 void DialogAnswer::Look()
 {
-    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    auto* dialog = OpenDialog();
     if (dialog == nullptr || !dialog->isVisible()) {
         return;
     }

@@ -37,6 +37,8 @@ bool Drop(QWidget& widget, const QMimeData& data, QPoint at);
 bool DropFile(QWidget& widget, const QString& file, QPoint at);
 
 /// Answers the next modal dialog: call it before the click that opens the dialog.
+[[nodiscard]] QDialog* OpenDialog();
+
 class DialogAnswer {
 public:
     explicit DialogAnswer(std::function<void(QDialog&)> answer);
