@@ -7,6 +7,9 @@
 
 namespace CorvexMaterial {
 
+/// The first entry of the plug-in list; stored as it stands.
+inline constexpr const char* kNoPlugin = "None";
+
 /// An entry of the plug-in list. Entry 0 stands for no plug-in.
 struct PluginEntry {
     int position = 0;

@@ -3,7 +3,6 @@
 #include "controls/Twips.h"
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
-#include "platform/NumberText.h"
 #include "plugins/PluginParameters.h"
 #include "plugins/PluginRow.h"
 #include "plugins/UpDownText.h"
@@ -13,9 +12,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
+#include <QTextDocument>
 
 #include <algorithm>
-#include <cmath>
 
 namespace CorvexMaterial {
 
@@ -26,37 +25,6 @@ constexpr int kButtonHeight = 24;
 constexpr int kGap = 4;
 constexpr int kNoteLines = 3;
 constexpr int kLeastWidth = 180;
-// The first entry; stored as it stands.
-constexpr const char* kNoPlugin = "None";
-
-std::vector<std::string> TextsOf(const std::vector<float>& values)
-{
-    std::vector<std::string> texts;
-    for (const float value : values) {
-        texts.push_back(TextOfSingle(value));
-    }
-    return texts;
-}
-
-void RefuseBeyondLimit(std::size_t count)
-{
-    if (count > kPluginParameterLimit) {
-        throw Error(Status::SubscriptOutOfRange,
-                    "it has " + std::to_string(count) + " parameters, of which " +
-                        std::to_string(kPluginParameterLimit) + " can be shown");
-    }
-}
-
-// Stored values may be older than the plug-in that they are shown with.
-std::vector<float> Completed(const std::vector<CorvexDB::PluginParameter>& parameters,
-                             const std::vector<float>& stored)
-{
-    std::vector<float> values = DefaultValues(parameters);
-    for (std::size_t i = 0; i < std::min(values.size(), stored.size()); ++i) {
-        values[i] = std::isfinite(stored[i]) ? stored[i] : values[i];
-    }
-    return values;
-}
 
 }  // namespace
 
@@ -137,49 +105,6 @@ std::string PluginPanel::SelectedName() const
     return m_missing || m_shownPosition > 0 ? ListText() : std::string();
 }
 
-std::size_t PluginPanel::ParameterCount() const
-{
-    return m_missing ? m_missing->values.size() : m_shownRows;
-}
-
-void PluginPanel::SelectName(const std::string& name)
-{
-    Restore(name, {});
-}
-
-void PluginPanel::Restore(const std::string& name, const std::vector<float>& values)
-{
-    const int position = PositionOf(name);
-    if (position == 0 && !name.empty() && name != kNoPlugin) {
-        return ShowMissing(name, values);
-    }
-    const auto parameters = Ask(position);
-    Show(position, parameters, Completed(parameters, values));
-}
-
-void PluginPanel::Display(const std::vector<float>& values)
-{
-    if (m_missing) {
-        return ShowMissing(std::string(m_missing->name), values);
-    }
-    const auto parameters = Ask(m_shownPosition);
-    Show(m_shownPosition, parameters, values);
-    Naming(EntryAt(m_shownPosition), [&] { RefuseBeyondLimit(parameters.size()); });
-}
-
-void PluginPanel::ShowTexts(const std::vector<std::string>& texts)
-{
-    std::vector<float> values;
-    for (const std::string& text : texts) {
-        values.push_back(SingleFromText(text).value_or(NAN));
-    }
-    if (m_missing) {
-        return ShowMissing(std::string(m_missing->name), values);
-    }
-    const auto parameters = Ask(m_shownPosition);
-    Show(m_shownPosition, parameters, Completed(parameters, values));
-}
-
 PluginEntry PluginPanel::EntryAt(int position) const
 {
     return {position, m_list->itemText(position).toStdString()};
@@ -227,27 +152,15 @@ void PluginPanel::Show(int position, const std::vector<CorvexDB::PluginParameter
     });
 }
 
-void PluginPanel::ShowMissing(const std::string& name, const std::vector<float>& values)
-{
-    Missing missing{name, values};
-    missing.values.resize(std::min(values.size(), kPluginParameterLimit));
-    std::ranges::replace_if(
-        missing.values, [](float value) { return !std::isfinite(value); }, 0.0F);
-    const bool isNew = ListText() != name;
-    ShowEntry(0, std::move(missing));
-    ShowRows({}, {});
-    if (isNew) {
-        Q_EMIT PluginMissing(QString::fromStdString(name));
-    }
-}
-
 void PluginPanel::ShowEntry(int position, std::optional<Missing> missing)
 {
     const QSignalBlocker quiet(m_list);
     m_missing = std::move(missing);
     m_shownPosition = position;
     const QString name = m_missing ? QString::fromStdString(m_missing->name) : QString();
-    m_list->setPlaceholderText(m_missing ? tr("%1 (not installed)").arg(name) : QString());
+    m_list->setPlaceholderText(name);
+    m_list->setToolTip(m_missing ? Qt::convertFromPlainText(name, Qt::WhiteSpaceNormal)
+                                 : QString());
     m_list->setCurrentIndex(m_missing ? -1 : position);
     m_note->setVisible(m_missing.has_value());
 }
@@ -267,49 +180,6 @@ void PluginPanel::ShowRows(const std::vector<CorvexDB::PluginParameter>& paramet
     }
     PlaceWidgets();
     updateGeometry();
-}
-
-void PluginPanel::ReadValues(std::vector<float>& values)
-{
-    values.assign(kPluginParameterLimit, 0.0F);
-    if (m_missing) {
-        std::ranges::copy(m_missing->values, values.begin());
-        return;
-    }
-    const PluginEntry entry = EntryAt(m_shownPosition);
-    const auto parameters = AskParameters(m_plugins, entry);
-    Naming(entry, [&] {
-        for (std::size_t i = 0; i < std::min(parameters.size(), kPluginParameterLimit); ++i) {
-            values[i] = m_rows[i]->Value(parameters[i].kind);
-        }
-        RefuseBeyondLimit(parameters.size());
-    });
-}
-
-std::vector<float> PluginPanel::Defaults() const
-{
-    std::vector<float> values;
-    for (std::size_t i = 0; i < m_shownRows; ++i) {
-        values.push_back(m_rows[i]->Parameter().defaultValue);
-    }
-    return values;
-}
-
-std::vector<std::string> PluginPanel::DefaultTexts() const
-{
-    return TextsOf(Defaults());
-}
-
-std::vector<std::string> PluginPanel::ParameterTexts() const
-{
-    if (m_missing) {
-        return TextsOf(m_missing->values);
-    }
-    std::vector<std::string> texts;
-    for (std::size_t i = 0; i < m_shownRows; ++i) {
-        texts.push_back(m_rows[i]->Text());
-    }
-    return texts;
 }
 
 void PluginPanel::ConfirmNumber(PluginRow& row)
