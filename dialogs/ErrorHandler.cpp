@@ -46,7 +46,10 @@ void modCorvexGeneralErrorHandler::Report(const ErrorReport& report) noexcept
         if (IsTold(text)) {
             return;
         }
-        m_prompts.Show({PromptIcon::Critical, std::string(kErrorBoxTitle), text});
+        m_prompts.Show(
+            IsAboutFile(report)
+                ? Message{PromptIcon::Exclamation, std::string(kBoxTitle), report.description, text}
+                : Message{PromptIcon::Critical, std::string(kErrorBoxTitle), text});
         if (IsUnrecoverable(report)) {
             OfferHelp();
         }

@@ -65,6 +65,11 @@ bool IsUnrecoverable(const ErrorReport& report)
     return report.status == Status::Failed || report.status == Status::GraphicsFailed;
 }
 
+bool IsAboutFile(const ErrorReport& report)
+{
+    return report.status == Status::FileFailed && !report.description.empty();
+}
+
 std::string ErrorBoxText(const ErrorReport& report)
 {
     switch (report.status) {

@@ -28,6 +28,10 @@ struct ErrorReport {
 /// The error is not the user's input, a file or memory; help on it is offered.
 [[nodiscard]] bool IsUnrecoverable(const ErrorReport& report);
 
+/// A file or a disk that the user can do something about: told in plain words, with the text of the
+/// error box as details.
+[[nodiscard]] bool IsAboutFile(const ErrorReport& report);
+
 /// The text of the error box.
 [[nodiscard]] std::string ErrorBoxText(const ErrorReport& report);
 

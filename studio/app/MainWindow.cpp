@@ -252,26 +252,41 @@ void MainWindow::showEvent(QShowEvent* event)
     }
 }
 
-void MainWindow::SaveState()
+// Also when the user will do without.
+bool MainWindow::SettingsAreSaved()
 {
-    // A layout that fills the dock is not the user's own, which is in the settings already.
-    if (!m_fill->Filled()) {
-        Check(m_material->SaveStatus(), tr("The layout cannot be saved"));
-    }
     StudioSettings& settings = m_host.Settings();
     settings.SetText(kGeometrySetting, QString::fromLatin1(saveGeometry().toBase64()));
     settings.SetText(kDocksSetting, QString::fromLatin1(saveState().toBase64()));
     try {
         settings.Flush();
-    } catch (const CorvexMaterial::Error& error) {
-        Tell(QString::fromStdString(error.what()), PromptIcon::Exclamation);
+    } catch (const CorvexMaterial::Error& failure) {
+        try {
+            settings.Flush();
+            // A damaged file that has been replaced is told of once.
+            Tell(QString::fromStdString(failure.what()), PromptIcon::Exclamation);
+        } catch (const CorvexMaterial::Error& error) {
+            const QString question = tr("%1\n\nThe material and the layout of the panel would be "
+                                        "lost. Quit all the same?")
+                                         .arg(QString::fromStdString(error.what()));
+            return m_platform.prompts.AskYesNo(
+                {PromptIcon::Exclamation, "Corvex", question.toStdString()});
+        }
     }
+    return true;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     m_warnings.CloseAll();
-    SaveState();
+    if (!SettingsAreSaved()) {
+        event->ignore();
+        return;
+    }
+    // A layout that fills the dock is not the user's own, which is in the settings already.
+    if (!m_fill->Filled()) {
+        Check(m_material->SaveStatus(), tr("The layout cannot be saved"));
+    }
     QMainWindow::closeEvent(event);
 }
 

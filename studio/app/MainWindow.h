@@ -1,6 +1,7 @@
 #pragma once
 
 #include "material/Material.h"
+#include "studio/app/FieldMoves.h"
 #include "studio/app/MaterialLink.h"
 #include "studio/app/RecentFiles.h"
 #include "studio/app/WarningPresenter.h"
@@ -103,7 +104,7 @@ private:
     void ListPlugins();
     void ApplyColours();
     void RestoreGeometry();
-    void SaveState();
+    [[nodiscard]] bool SettingsAreSaved();
 
     void ChooseFile();
     void OpenLibrary(const QString& file, LibraryKind kind);
@@ -120,6 +121,7 @@ private:
     void SelectAll();
     void Frame(StudioScene& scene);
     void ShowOptions();
+    void ApplyFieldNames(const FieldMoves& moves);
     void ShowAbout();
     void RestoreWarnings();
     void Tell(const QString& text, CorvexMaterial::PromptIcon icon);

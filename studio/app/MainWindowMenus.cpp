@@ -1,5 +1,6 @@
 #include "studio/app/MainWindow.h"
 
+#include "plugins/CustomFieldsPanel.h"
 #include "studio/app/MaterialExchange.h"
 #include "studio/app/OptionsDialog.h"
 #include "studio/app/PanelFill.h"
@@ -143,8 +144,29 @@ void MainWindow::ShowOptions()
             Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
         }
         ApplyColours();
+        ApplyFieldNames(dialog->Moves());
     });
     dialog->open();
+}
+
+// The control asks for the names when it comes and when its pages are turned.
+void MainWindow::ApplyFieldNames(const FieldMoves& moves)
+{
+    if (auto* fields = m_material->findChild<CorvexMaterial::CustomFieldsPanel*>()) {
+        fields->ShowNames(m_host.Get().customFields.GetCustomMaterialFieldNames());
+    }
+    if (moves == kNoFieldMoves) {
+        return;
+    }
+    if (const CorvexDB::udtMaterial* shown = m_link->ShownMaterial(); shown != nullptr) {
+        CorvexDB::udtMaterial moved = *shown;
+        MoveFields(moved, moves);
+        m_link->WithoutApplying([&] {
+            Check(m_material->CopyFieldToFormMaterial(moved), tr("The values were not moved"));
+        });
+    }
+    m_link->Make(ChangesBy(
+        [&moves](CorvexDB::udtMaterial& material) { MoveFields(material, moves); }, m_scene.All()));
 }
 
 void MainWindow::RestoreWarnings()

@@ -3,6 +3,7 @@
 #include "studio/Tr.h"
 
 #include <algorithm>
+#include <map>
 
 namespace studio {
 namespace {
@@ -47,6 +48,25 @@ bool ChangesNothing(const ShapeChange& change)
 {
     return change.before.coordinates == change.after.coordinates &&
            IsSame(*change.before.gathered, *change.after.gathered);
+}
+
+std::vector<ShapeChange> ChangesBy(const std::function<void(CorvexDB::udtMaterial&)>& edit,
+                                   const ShapeList& shapes)
+{
+    std::map<const CorvexSG::GatheredMaterial*, std::shared_ptr<CorvexSG::GatheredMaterial>> edited;
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : shapes) {
+        const AppliedMaterial& before = shape->Applied();
+        auto& after = edited[before.gathered.get()];
+        if (after == nullptr) {
+            after = std::make_shared<CorvexSG::GatheredMaterial>(*before.gathered);
+            edit(after->material);
+        }
+        if (after->material != before.gathered->material) {
+            changes.push_back({shape, before, {after, before.coordinates}});
+        }
+    }
+    return changes;
 }
 
 MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, std::chrono::milliseconds madeAt,

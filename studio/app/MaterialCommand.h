@@ -26,6 +26,11 @@ struct ShapeChange {
 
 using ShapeList = std::vector<std::shared_ptr<StudioShape>>;
 
+/// What an edit of the record does to each of the shapes that it changes; those that share a
+/// material go on sharing it.
+[[nodiscard]] std::vector<ShapeChange>
+ChangesBy(const std::function<void(CorvexDB::udtMaterial&)>& edit, const ShapeList& shapes);
+
 /// One step of the undo history: a change of the materials of some shapes, already made when the
 /// step is pushed. Edits of the same fields of the same shapes that follow each other quickly, as
 /// typing and dragging produce them, become one step; one that ends where it began vanishes.

@@ -71,6 +71,8 @@ OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
     BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
     BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
     BindRaytracers();
+    connect(m_ui->customFields, &QPlainTextEdit::textChanged, this, &OptionsDialog::ShowMoves);
+    connect(m_ui->moveFields, &QCheckBox::toggled, this, &OptionsDialog::ShowMoves);
     connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
     connect(m_ui->removeFolder, &QPushButton::clicked, this,
             [this] { delete m_ui->folders->currentItem(); });
@@ -87,9 +89,29 @@ void OptionsDialog::ShowSettings()
     m_ui->povRayProgram->setText(m_settings.Text(kPovRayProgramSetting));
     m_ui->renderManProgram->setText(m_settings.RenderManLocation());
     m_ui->folders->addItems(m_settings.List(kSearchFoldersSetting));
-    m_ui->customFields->setPlainText(
-        m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts).join(u'\n'));
+    m_fields = m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts);
+    m_ui->customFields->setPlainText(m_fields.join(u'\n'));
+    ShowMoves();
     m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
+}
+
+// The n-th name is that of the n-th value in every material: an empty line keeps its place.
+QStringList OptionsDialog::FieldNames() const
+{
+    return m_ui->customFields->toPlainText().split(u'\n').mid(0, CorvexDB::kCustomFieldCount);
+}
+
+FieldMoves OptionsDialog::Moves() const
+{
+    return m_ui->moveFields->isChecked() ? MovesOf(m_fields, FieldNames()) : kNoFieldMoves;
+}
+
+void OptionsDialog::ShowMoves()
+{
+    m_ui->moveFields->setVisible(MovesOf(m_fields, FieldNames()) != kNoFieldMoves);
+    const QString note = NoteOn(Moves(), m_fields, FieldNames());
+    m_ui->fieldsNote->setText(note);
+    m_ui->fieldsNote->setVisible(!note.isEmpty());
 }
 
 void OptionsDialog::BindRaytracers()
@@ -144,9 +166,7 @@ void OptionsDialog::Store() const
     m_settings.SetText(kPovRayProgramSetting, m_ui->povRayProgram->text().trimmed());
     m_settings.SetRenderManLocation(m_ui->renderManProgram->text().trimmed());
     m_settings.SetList(kSearchFoldersSetting, folders);
-    // The n-th name is that of the n-th value in every material: an empty line keeps its place.
-    m_settings.SetList(kCustomFieldsSetting,
-                       m_ui->customFields->toPlainText().split(u'\n').mid(0, 6));
+    m_settings.SetList(kCustomFieldsSetting, FieldNames());
     m_settings.SetText(kSupportSiteSetting, m_ui->supportSite->text().trimmed());
     m_settings.Flush();
 }

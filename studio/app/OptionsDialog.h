@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/Colour.h"
+#include "studio/app/FieldMoves.h"
 
 #include <QDialog>
 
@@ -35,6 +36,8 @@ public:
     explicit OptionsDialog(StudioSettings& settings, QWidget* parent = nullptr);
     ~OptionsDialog() override;
 
+    /// What the user wants done with the values of custom fields whose names have moved.
+    [[nodiscard]] FieldMoves Moves() const;
     /// Writes what is shown to the settings. Errors: FileFailed.
     void Store() const;
 
@@ -43,10 +46,13 @@ private:
     void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);
     void AddFolder();
     void BindRaytracers();
+    void ShowMoves();
+    [[nodiscard]] QStringList FieldNames() const;
 
     StudioSettings& m_settings;
     std::unique_ptr<Ui::OptionsDialog> m_ui;
     StudioColours m_colours;
+    QStringList m_fields;  ///< the names so far
 };
 
 }  // namespace studio

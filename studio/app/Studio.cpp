@@ -40,7 +40,7 @@ ExitCode RunWindow(const CommandLine& line)
     const StudioProfile profile = UserProfile();
     const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
     StudioDesktop desktop;
-    StudioHost host(profile, desktop.Get().settings);
+    StudioHost host(profile, desktop.OwnSettings());
     for (const QString& problem : problems) {
         host.Log().RecordEvent(problem.toStdString());
     }

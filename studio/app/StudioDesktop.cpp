@@ -4,30 +4,30 @@
 
 namespace studio {
 
-std::optional<std::string> OnceFailingSettings::Read(const CorvexMaterial::SettingAddress& address)
+std::optional<std::string> ToldSettings::Read(const CorvexMaterial::SettingAddress& address)
 {
     return m_store.Read(address);
 }
 
-void OnceFailingSettings::Write(const CorvexMaterial::SettingAddress& address,
-                                const std::string& value)
+void ToldSettings::Write(const CorvexMaterial::SettingAddress& address, const std::string& value)
 {
     m_store.Write(address, value);
 }
 
-void OnceFailingSettings::Flush(const std::string& application)
+void ToldSettings::Flush(const std::string& application)
 {
     try {
         m_store.Flush(application);
     } catch (const CorvexMaterial::Error& error) {
-        if (m_told.insert(error.what()).second) {
+        if (m_told.insert(error.what()).second || m_fails == Fails::Always) {
             throw;
         }
     }
 }
 
 StudioDesktop::StudioDesktop()
-    : m_settings(m_desktop.Get().settings),
+    : m_settings(m_desktop.Get().settings, m_told, ToldSettings::Fails::Once),
+      m_ownSettings(m_desktop.Get().settings, m_told, ToldSettings::Fails::Always),
       m_prompts(m_desktop.Get().prompts), m_platform{m_settings,
                                                      m_prompts,
                                                      m_desktop.Get().choosers,

@@ -10,8 +10,6 @@ namespace studio {
 namespace {
 
 using CorvexMaterial::kTextureLayers;
-using CorvexSG::GatheredMaterial;
-using SharedMaterial = std::shared_ptr<const GatheredMaterial>;
 using FoundPaths = std::map<std::string, std::string>;
 
 bool IsFile(const std::string& path)
@@ -29,19 +27,6 @@ FoundPaths ByMissingPath(const std::vector<TextureReplacement>& replacements)
         }
     }
     return found;
-}
-
-/// The material itself when it has none of the missing paths.
-SharedMaterial WithFoundPaths(const SharedMaterial& before, const FoundPaths& found)
-{
-    auto after = std::make_shared<GatheredMaterial>(*before);
-    for (const auto& layer : kTextureLayers) {
-        std::string& path = after->material.Textures.*layer.file;
-        if (const auto row = found.find(path); row != found.end()) {
-            path = row->second;
-        }
-    }
-    return after->material == before->material ? before : after;
 }
 
 }  // namespace
@@ -65,19 +50,16 @@ std::vector<ShapeChange> TextureChanges(const ShapeList& shapes,
                                         const std::vector<TextureReplacement>& replacements)
 {
     const FoundPaths found = ByMissingPath(replacements);
-    std::map<SharedMaterial, SharedMaterial> changed;
-    std::vector<ShapeChange> changes;
-    for (const auto& shape : shapes) {
-        const AppliedMaterial& before = shape->Applied();
-        SharedMaterial& after = changed[before.gathered];
-        if (after == nullptr) {
-            after = WithFoundPaths(before.gathered, found);
-        }
-        if (after != before.gathered) {
-            changes.push_back({shape, before, {after, before.coordinates}});
-        }
-    }
-    return changes;
+    return ChangesBy(
+        [&found](CorvexDB::udtMaterial& material) {
+            for (const auto& layer : kTextureLayers) {
+                std::string& path = material.Textures.*layer.file;
+                if (const auto row = found.find(path); row != found.end()) {
+                    path = row->second;
+                }
+            }
+        },
+        shapes);
 }
 
 }  // namespace studio

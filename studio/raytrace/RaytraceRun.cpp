@@ -141,7 +141,11 @@ void RaytraceRun::Cancel()
 {
     m_cancelled = true;
     m_process.terminate();
-    QTimer::singleShot(kPatienceMilliseconds, &m_process, &QProcess::kill);
+    QTimer::singleShot(kPatienceMilliseconds, &m_process, [this, run = m_process.processId()] {
+        if (m_process.processId() == run) {
+            m_process.kill();
+        }
+    });
 }
 
 void RaytraceRun::ReadProgress()

@@ -15,12 +15,15 @@ bool IsProgram(const QString& path)
 
 }  // namespace
 
+QString NamedProgram(const QString& text)
+{
+    return text.isEmpty() ? QString() : QStandardPaths::findExecutable(text);
+}
+
 QString FindPovRay(const QString& configured)
 {
-    if (IsProgram(configured)) {
-        return QFileInfo(configured).absoluteFilePath();
-    }
-    return QStandardPaths::findExecutable(QStringLiteral("povray"));
+    const QString named = NamedProgram(configured);
+    return named.isEmpty() ? NamedProgram(QStringLiteral("povray")) : named;
 }
 
 QString FindPovRayLauncher()

@@ -4,8 +4,12 @@
 
 namespace studio {
 
-/// The real POV-Ray: the configured path when it names an executable file, else what the system
-/// finds by its usual name; empty when there is none.
+/// The program that a text names, by its path or as the system finds programs; empty when it names
+/// none. What lies in the current folder is not found by its name.
+[[nodiscard]] QString NamedProgram(const QString& text);
+
+/// The real POV-Ray: the configured program, else what the system finds by its usual name; empty
+/// when there is none.
 [[nodiscard]] QString FindPovRay(const QString& configured);
 
 /// The launcher that the control starts instead: beside this program, or where the variable

@@ -160,7 +160,7 @@ TEST_P(EachLibrary, FailedOpeningEmptiesThePanelUntilTheNextLoad)
 {
     rig.log.FailEach(kind.Named("", ".Open"), Fault::ClassifiedError);
     EXPECT_EQ(Load(kind.File("Wood")), Status::FileFailed);
-    EXPECT_EQ(rig.platform.prompts.shown.at(0).title, CorvexMaterial::kErrorBoxTitle);
+    EXPECT_EQ(rig.platform.prompts.shown.at(0).title, CorvexMaterial::kBoxTitle);
     EXPECT_FALSE(CanChange());
     EXPECT_EQ(rig.log.CountOf("Editport.ShowItems"), 0U);
     EXPECT_EQ(rig.statusTexts, (Texts{Loading(), NotOpened("Wood")}));

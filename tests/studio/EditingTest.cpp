@@ -2,6 +2,8 @@
 
 #include "material/NamedColours.h"
 
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -208,6 +210,29 @@ TEST_F(Editing, TwoEditsJoinOnlyWhenTheyAreOneGesture)
         }
         EXPECT_EQ(Materials(), before);
     }
+}
+
+TEST_F(Editing, NamesOfCustomFieldsAreShownAtOnceAndTakeTheValuesAlong)
+{
+    const auto name = [this](const char* lines, bool move) {
+        rig.Trigger("Options...");
+        rig.Find<QPlainTextEdit>("customFields").setPlainText(lines);
+        rig.Find<QCheckBox>("moveFields").setChecked(move);
+        EXPECT_EQ(rig.Find<QLabel>("fieldsNote").text().isEmpty(), move);
+        rig.Find<QDialog>("OptionsDialog").accept();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    };
+    const auto fields = [this] { return rig.Shape(0)->Material().CustomFields; };
+    name("Maker\nPrice", true);
+    rig.Select({0});
+    rig.Type("txtCustomMaterialFieldValue_0", "Stone & Co");
+    rig.Select({});
+    name("Price\nMaker", true);
+    EXPECT_EQ(fields()[1], "Stone & Co");
+    EXPECT_EQ(rig.TextOf("txtCustomMaterialFieldValue_1"), "Stone & Co");
+    EXPECT_EQ(rig.Find<QLabel>("lblCustomMaterialFieldName_1").text(), "Maker");
+    name("Maker\nPrice", false);
+    EXPECT_EQ(fields()[1], "Stone & Co");
 }
 
 // A drag that never pauses is one step however long it takes.

@@ -86,14 +86,17 @@ TEST(EventLogFile, AFolderThatCannotBeMadeIsNoTrouble)
     EXPECT_NO_THROW(log.RecordEvent("lost"));
 }
 
-TEST(FailingSettings, AreToldOnce)
+TEST(FailingSettings, AreToldTheControlOnceAndTheStudioEachTime)
 {
     CorvexTest::CallLog log;
     CorvexTest::RecordingStore store(log);
-    studio::OnceFailingSettings settings(store);
+    std::set<std::string> told;
+    studio::ToldSettings settings(store, told, studio::ToldSettings::Fails::Once);
+    studio::ToldSettings studios(store, told, studio::ToldSettings::Fails::Always);
     log.FailEach("Store.Flush", CorvexTest::Fault::ClassifiedError);
     EXPECT_THROW(settings.Flush("Corvex"), CorvexMaterial::Error);
     EXPECT_NO_THROW(settings.Flush("Corvex"));
+    EXPECT_THROW(studios.Flush("Corvex"), CorvexMaterial::Error);
     log.Clear();
     settings.Write({"Corvex", "Studio", "Key"}, "value");
     EXPECT_NO_THROW(settings.Flush("Corvex"));
@@ -125,6 +128,29 @@ TEST(RecentFiles, AreEachThereOnceWhateverTheirNames)
         recent.Add(QString::fromUtf8(file));
     }
     EXPECT_EQ(recent.Files(), QStringList({"/a, b;c.obj", "/d.obj"}));
+}
+
+TEST(CustomFieldNames, TakeTheirValuesAlongWhenTheirLinesChange)
+{
+    struct Row {
+        const char* before;
+        const char* after;
+        studio::FieldMoves moves;
+        int notes;  ///< on values that are called otherwise
+    };
+    for (const auto& [before, after, moves, notes] :
+         std::initializer_list<Row>{{"A\nB", "A\nB\nC", studio::kNoFieldMoves, 0},
+                                    {"A\nB", "B\nA", {1, 0, 2, 3, 4, 5}, 0},
+                                    {"A\nB\nC", "New\nA\nB\nC", {3, 0, 1, 2, 4, 5}, 0},
+                                    {"A\nB", "A\nMaker", studio::kNoFieldMoves, 1},
+                                    {"A\nB", "B", {1, 0, 2, 3, 4, 5}, 1},
+                                    {"A\nA\nB", "B\nA\nA", {2, 0, 1, 3, 4, 5}, 0}}) {
+        const QStringList old = QString(before).split('\n');
+        const QStringList names = QString(after).split('\n');
+        EXPECT_EQ(studio::MovesOf(old, names), moves) << after;
+        EXPECT_EQ(studio::NoteOn(moves, old, names).split('\n', Qt::SkipEmptyParts).size(), notes)
+            << after;
+    }
 }
 
 TEST(CustomFieldNames, KeepTheirPlaces)

@@ -176,6 +176,40 @@ TEST_F(Raytracing, ASimulationStaysForAsLongAsSomethingRefersToIt)
     EXPECT_FALSE(QFile::exists(texture));
 }
 
+TEST_F(Raytracing, TheOptionsTestTheProgramThatTheyNameAndNoOther)
+{
+    const QString stubborn =
+        rig.files.Write("stubborn", "#!/bin/sh\ntrap '' TERM\nexec sleep 60\n");
+    QFile(stubborn).setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    rig.Trigger("Options...");
+    auto& program = rig.Find<QLineEdit>("povRayProgram");
+    auto& test = rig.Find<QAbstractButton>("testPovRay");
+    const auto& status = rig.Find<QLabel>("povRayStatus");
+    const auto says = [&](const char* text) {
+        return QTest::qWaitFor([&] { return status.text().contains(text); }, 8000);
+    };
+    program.setText(rig.PathOf("nowhere"));
+    EXPECT_TRUE(says("no program that can be run"));
+    EXPECT_FALSE(test.isEnabled());
+    program.setText("true");  // found like any program, and no raytracer
+    test.click();
+    EXPECT_TRUE(says("no picture")) << status.text().toStdString();
+    program.setText(stubborn);
+    test.click();
+    EXPECT_TRUE(says("Rendering"));
+    test.click();
+    EXPECT_TRUE(says("cancelled"));
+    test.click();
+    rig.Find<QTimer>("testLimit").start(1);
+    EXPECT_TRUE(says("within"));
+    test.click();
+    program.clear();
+    EXPECT_TRUE(says("Uses"));
+    test.click();
+    EXPECT_TRUE(says("POV-Ray works.")) << status.text().toStdString();
+    rig.Find<QDialog>("OptionsDialog").reject();
+}
+
 TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
 {
     QImage green(8, 8, QImage::Format_RGB32);

@@ -147,7 +147,7 @@ TEST(SettingsFile, GarbageIsKeptAsideAndToldOnce)
 }
 
 // A folder in its place cannot be written by anyone, the administrator included.
-TEST(SettingsFile, UnwritableIsToldOnceAndTheWorkGoesOn)
+TEST(SettingsFile, UnwritableIsAskedAboutBeforeTheStudioQuits)
 {
     StudioRig rig;
     ASSERT_TRUE(QDir().mkpath(rig.PathOf(kSettings)));
@@ -155,9 +155,15 @@ TEST(SettingsFile, UnwritableIsToldOnceAndTheWorkGoesOn)
     rig.Select({0});
     rig.Type("txtAmbient", "12");
     EXPECT_EQ(rig.Shape(0)->Material().Ambient, 12);
-    rig.Stop();
+    rig.Press("cmdMaterialRemember");
     ASSERT_EQ(rig.prompts.shown.size(), 1U);
     EXPECT_NE(rig.prompts.shown.front().text.find("CorvexStudio.ini"), std::string::npos);
+    rig.prompts.answers = {false, true};
+    EXPECT_FALSE(rig.Window().close());
+    EXPECT_TRUE(rig.Window().close());
+    rig.prompts.answers = {true};
+    rig.Stop();
+    EXPECT_EQ(rig.prompts.shown.size(), 1U);
 }
 
 }  // namespace

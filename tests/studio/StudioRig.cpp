@@ -26,8 +26,8 @@ void StudioRig::Start()
     m_platform = std::make_unique<CorvexMaterial::Platform>(CorvexMaterial::Platform{
         desktop.settings, prompts, desktop.choosers, desktop.processes, desktop.temporaryFiles,
         desktop.library, desktop.imageFormats, desktop.libraryFiles});
-    m_host =
-        std::make_unique<studio::StudioHost>(studio::ProfileIn(files.Path()), desktop.settings);
+    m_host = std::make_unique<studio::StudioHost>(studio::ProfileIn(files.Path()),
+                                                  m_desktop->OwnSettings());
     m_window = std::make_unique<studio::MainWindow>(
         *m_host, *m_platform, studio::ImportProgram{QStringLiteral(STUDIO_PROGRAM)},
         [this] { return now; });
