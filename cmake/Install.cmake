@@ -10,7 +10,7 @@ install(TARGETS CorvexMaterial EXPORT CorvexMaterialTargets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Control)
 
 # The control looks for its preview meshes beside its own library.
-install(DIRECTORY ${PROJECT_BINARY_DIR}/lib/System
+install(DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_LIBDIR}/System
     DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Control)
 
 set(corvexHeaders
@@ -37,6 +37,3 @@ install(FILES
     ${PROJECT_BINARY_DIR}/CorvexMaterialConfig.cmake
     ${PROJECT_BINARY_DIR}/CorvexMaterialConfigVersion.cmake
     DESTINATION ${corvexPackageFolder} COMPONENT Control)
-
-# An installed program finds the library beside its own folder.
-set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})

@@ -12,6 +12,12 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
+# A search path that CMake rewrites when it installs ends in ":" until then, which means the current
+# folder. So what is installed gets its final path at once, and the build tree has the same folders.
+# Folders whose programs are never installed switch this off.
+set(CMAKE_BUILD_WITH_INSTALL_RPATH ON)
+set(CMAKE_INSTALL_RPATH_USE_LINK_PATH ON)
+
 find_program(CORVEX_CCACHE ccache)
 if(CORVEX_CCACHE)
     # Relative paths, so that one clone's build warms another's.
