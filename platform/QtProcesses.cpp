@@ -1,21 +1,43 @@
 #include "platform/QtProcesses.h"
 
 #include "host/Status.h"
+#include "platform/ProcessLeash.h"
+#include "platform/SearchPath.h"
 
+#include <QDir>
 #include <QEventLoop>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QTimer>
 
-#include <csignal>
-
-#include <unistd.h>
+#include <optional>
 
 namespace CorvexMaterial {
 
 namespace {
 
-/// What a program gets to end by itself; a renderer in the middle of a picture needs half a second.
-constexpr std::chrono::milliseconds kPatience{3000};
+/// Longer than the leash leaves a program to end by itself; a renderer in the middle of a picture
+/// needs half a second.
+constexpr std::chrono::milliseconds kPatience{5000};
+
+/// A bare name is looked for where programs are, never where one happens to work.
+QString ProgramNamed(const QString& name)
+{
+    if (QDir::isAbsolutePath(name)) {
+        return name;
+    }
+    const QStringList folders =
+        QString::fromStdString(AbsoluteEntries(qgetenv("PATH").toStdString()))
+            .split(u':', Qt::SkipEmptyParts);
+    const QString found = name.contains(u'/') || folders.isEmpty()
+                              ? QString()
+                              : QStandardPaths::findExecutable(name, folders);
+    if (found.isEmpty()) {
+        throw Error(Status::FileFailed,
+                    QObject::tr("%1 is no program that can be found").arg(name).toStdString());
+    }
+    return found;
+}
 
 class QtProcess final : public Process {
 public:
@@ -28,9 +50,8 @@ public:
         m_process.setWorkingDirectory(QString::fromStdString(request.workingFolder));
         // A program that asks a question must not wait for an answer for ever.
         m_process.setStandardInputFile(QProcess::nullDevice());
-        // A group of its own, so that what the program starts in turn can be ended with it.
-        m_process.setChildProcessModifier([] { ::setpgid(0, 0); });
-        m_process.start(QString::fromStdString(request.program), arguments);
+        m_process.setChildProcessModifier([this] { m_leash->HoldThisProcess(); });
+        m_process.start(ProgramNamed(QString::fromStdString(request.program)), arguments);
         if (!m_process.waitForStarted()) {
             throw Error(Status::FileFailed,
                         QObject::tr("%1 cannot be started: %2")
@@ -70,18 +91,16 @@ public:
 private:
     void End()
     {
-        if (m_process.state() == QProcess::NotRunning) {
-            return;
-        }
-        const auto group = static_cast<pid_t>(-m_process.processId());
-        ::kill(group, SIGTERM);
-        if (!m_process.waitForFinished(static_cast<int>(kPatience.count()))) {
-            ::kill(group, SIGKILL);
+        m_leash.reset();
+        if (m_process.state() != QProcess::NotRunning &&
+            !m_process.waitForFinished(static_cast<int>(kPatience.count()))) {
             m_process.kill();
             m_process.waitForFinished(static_cast<int>(kPatience.count()));
         }
     }
 
+    /// Gone when the program has ended or is to end.
+    std::optional<ProcessLeash> m_leash{std::in_place};
     QProcess m_process;
 };
 

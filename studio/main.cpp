@@ -1,3 +1,4 @@
+#include "platform/SearchPath.h"
 #include "studio/app/CommandLine.h"
 #include "studio/app/Studio.h"
 #include "studio/import/ImportProcess.h"
@@ -7,7 +8,9 @@
 
 int main(int argc, char** argv)
 {
-    // First of all: the importing process has to be free of everything that a crash could harm.
+    CorvexMaterial::DropRelativeSearchPaths();
+    // Before the rest: the importing process has to be free of everything that a crash could
+    // harm.
     if (const auto importExit = studio::RunModelImportIfAsked(argc, argv)) {
         return *importExit;
     }

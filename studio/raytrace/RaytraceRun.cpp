@@ -7,16 +7,12 @@
 
 #include <QDir>
 #include <QRegularExpression>
-#include <QTimer>
-
-#include <csignal>
-
-#include <sys/prctl.h>
 
 namespace studio {
 namespace {
 
-constexpr int kPatienceMilliseconds = 3000;
+/// Longer than the leash leaves the program to end by itself.
+constexpr int kPatienceMilliseconds = 5000;
 
 QStringList PovRayArguments(const Frame& frame, int antialias)
 {
@@ -94,7 +90,7 @@ RaytraceRun::RaytraceRun(QObject* parent) : QObject(parent)
 {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setStandardInputFile(QProcess::nullDevice());
-    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
+    m_process.setChildProcessModifier([this] { m_leash->HoldThisProcess(); });
     connect(&m_process, &QProcess::readyRead, this, &RaytraceRun::ReadProgress);
     connect(&m_process, &QProcess::finished, this, &RaytraceRun::Conclude);
     connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
@@ -107,12 +103,11 @@ RaytraceRun::RaytraceRun(QObject* parent) : QObject(parent)
 RaytraceRun::~RaytraceRun()
 {
     m_process.disconnect(this);
-    if (m_process.state() != QProcess::NotRunning) {
-        m_process.terminate();
-        if (!m_process.waitForFinished(kPatienceMilliseconds)) {
-            m_process.kill();
-            m_process.waitForFinished(kPatienceMilliseconds);
-        }
+    m_leash.reset();
+    if (m_process.state() != QProcess::NotRunning &&
+        !m_process.waitForFinished(kPatienceMilliseconds)) {
+        m_process.kill();
+        m_process.waitForFinished(kPatienceMilliseconds);
     }
 }
 
@@ -133,6 +128,7 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
                        ImagesBeside(file, CorvexMaterial::Lifetime::Temporary));
     m_progress = {};
     m_cancelled = false;
+    m_leash.emplace();
     m_process.setWorkingDirectory(m_folder->path());
     m_process.start(program.path, row.arguments(scene.frame, antialias));
 }
@@ -140,12 +136,7 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
 void RaytraceRun::Cancel()
 {
     m_cancelled = true;
-    m_process.terminate();
-    QTimer::singleShot(kPatienceMilliseconds, &m_process, [this, run = m_process.processId()] {
-        if (m_process.processId() == run) {
-            m_process.kill();
-        }
-    });
+    m_leash.reset();
 }
 
 void RaytraceRun::ReadProgress()
@@ -158,6 +149,7 @@ void RaytraceRun::ReadProgress()
 
 void RaytraceRun::Conclude()
 {
+    m_leash.reset();
     ReadProgress();
     const RaytracerRow& row = RowOf(m_kind);
     const QImage picture = PictureIn(m_folder->filePath(row.picture));

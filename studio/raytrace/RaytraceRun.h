@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/CorvexDB.h"
+#include "platform/ProcessLeash.h"
 #include "raytrace/RenderProgress.h"
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
@@ -50,6 +51,8 @@ private:
     void Give(const QString& message);
 
     std::optional<QTemporaryDir> m_folder;
+    /// Gone when the program has ended or is to end.
+    std::optional<CorvexMaterial::ProcessLeash> m_leash;
     QProcess m_process;
     CorvexDB::Raytracer m_kind = CorvexDB::Raytracer::PovRay;
     CorvexMaterial::RenderProgress m_progress;  ///< what the program has said, of late

@@ -10,7 +10,7 @@ namespace {
 bool IsProgram(const QString& path)
 {
     const QFileInfo file(path);
-    return file.isFile() && file.isExecutable();
+    return file.isAbsolute() && file.isFile() && file.isExecutable();
 }
 
 }  // namespace

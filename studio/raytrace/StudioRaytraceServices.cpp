@@ -1,6 +1,7 @@
 #include "studio/raytrace/StudioRaytraceServices.h"
 
 #include "host/Status.h"
+#include "platform/ProcessLeash.h"
 #include "platform/QtRegularFile.h"
 #include "studio/raytrace/AttributeText.h"
 #include "studio/raytrace/PictureFile.h"
@@ -29,7 +30,9 @@ std::string StudioRaytraceServices::CombinedAttributes(
 
 std::int32_t StudioRaytraceServices::StartAndWait(const CorvexDB::CommandLine& commandLine)
 {
+    const CorvexMaterial::ProcessLeash leash;
     QProcess process;
+    process.setChildProcessModifier([&leash] { leash.HoldThisProcess(); });
     QStringList arguments;
     for (const std::string& argument : commandLine.arguments) {
         arguments << QString::fromStdString(argument);

@@ -1,4 +1,6 @@
+#include "platform/ProcessLeash.h"
 #include "platform/QtPlatform.h"
+#include "platform/SearchPath.h"
 #include "tests/platform/ErrorMatch.h"
 
 #include <QTimer>
@@ -6,6 +8,9 @@
 
 #include <cerrno>
 #include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace CorvexMaterial;
 using namespace std::chrono_literals;
@@ -89,6 +94,29 @@ TEST_F(ProcessTest, AProgramThatCannotBeStartedIsNamed)
                 Optional(HasSubstr("true")));
 }
 
+TEST_F(ProcessTest, NothingIsFoundInTheCurrentFolder)
+{
+    const QTemporaryDir folder;
+    QFile planted(folder.filePath("planted"));
+    ASSERT_TRUE(planted.open(QIODevice::WriteOnly));
+    planted.write("#!/bin/sh\n");
+    planted.close();
+    planted.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    const QString here = QDir::currentPath();
+    const QByteArray path = qgetenv("PATH");
+    QDir::setCurrent(folder.path());
+    qputenv("PATH", ":.:" + path + "::" + folder.path().section('/', -1).toUtf8() + ":../x");
+    qputenv("XDG_DATA_HOME", "here");
+    for (const char* name : {"planted", "./planted"}) {
+        EXPECT_THAT(FileFailure([&] { Start({name, {}, {}}); }), Optional(HasSubstr(name)));
+    }
+    DropRelativeSearchPaths();
+    EXPECT_EQ(qgetenv("PATH"), path);
+    EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_DATA_HOME")) << "its plug-ins would be run";
+    QDir::setCurrent(here);
+    qputenv("PATH", path);
+}
+
 TEST_F(ProcessTest, WindowsRepaintDuringAWait)
 {
     PaintCounter window;
@@ -112,10 +140,56 @@ TEST_F(ProcessTest, StopEndsAProgramThatDoesNotListen)
     EXPECT_EQ(process->Wait(0ms), ProcessState::Crashed);
 }
 
+// A wrapper that ends at once when it is asked to, a child that does not listen.
+TEST_F(ProcessTest, EndsWithAllThatItStarted)
+{
+    constexpr const char* kDeaf = "(trap '' TERM; echo $(exec sh -c 'echo $PPID'); "
+                                  "while :; do sleep 0.1; done) & ";
+    auto stopped = Start({"sh", {"-c", std::string(kDeaf) + "wait"}, {}});
+    auto ended = Start({"sh", {"-c", std::string(kDeaf) + "sleep 0.2"}, {}});
+    const pid_t ids[] = {PrintedId(*stopped), PrintedId(*ended)};
+    ASSERT_TRUE(Runs(ids[0]) && Runs(ids[1]));
+    stopped->Stop();
+    EXPECT_EQ(ended->Wait(10s), ProcessState::Exited);
+    ended.reset();
+    for (const pid_t id : ids) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !Runs(id); }, 10000)) << id;
+    }
+}
+
 TEST_F(ProcessTest, DestroyingARunningProcessStopsIt)
 {
     auto process = Start({"sh", {"-c", "echo $$; exec sleep 60"}, {}});
     const pid_t id = PrintedId(*process);
     process.reset();
     EXPECT_FALSE(Runs(id));
+}
+
+// The way of a crash, or of a user who loses patience.
+TEST_F(ProcessTest, AProgramDoesNotOutliveAKilledStarter)
+{
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const pid_t starter = ::fork();
+    if (starter == 0) {
+        const ProcessLeash leash;
+        if (::fork() == 0) {
+            leash.HoldThisProcess();
+            ::dup2(ends[1], STDOUT_FILENO);
+            ::execl("/bin/sh", "sh", "-c", "trap '' TERM; echo $$; while :; do sleep 0.1; done",
+                    nullptr);
+        }
+        while (true) {
+            ::pause();
+        }
+    }
+    char printed[16] = {};
+    ASSERT_GT(::read(ends[0], printed, sizeof printed - 1), 0);
+    const pid_t program = std::stoi(printed);
+    ASSERT_TRUE(Runs(program));
+    ::kill(starter, SIGKILL);
+    ::waitpid(starter, nullptr, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !Runs(program); }, 10000));
+    ::close(ends[0]);
+    ::close(ends[1]);
 }

@@ -1,5 +1,7 @@
 #include "studio/raytrace/launcher/RaytracerRun.h"
 
+#include "platform/ProcessLeash.h"
+
 #include <cerrno>
 #include <csignal>
 #include <ctime>
@@ -28,14 +30,11 @@ sigset_t WaitedSignals()
 }
 
 [[noreturn]] void BecomeRaytracer(const std::string& program, const std::string& settingsName,
-                                  pid_t launcher, int failurePipe)
+                                  const CorvexMaterial::ProcessLeash& leash, int failurePipe)
 {
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-    if (getppid() != launcher) {
-        _exit(kCouldNotStart);
-    }
     const sigset_t waited = WaitedSignals();
     sigprocmask(SIG_UNBLOCK, &waited, nullptr);
+    leash.HoldThisProcess();
     execlp(program.c_str(), program.c_str(), settingsName.c_str(), static_cast<char*>(nullptr));
     const int reason = errno;
     [[maybe_unused]] const ssize_t told = write(failurePipe, &reason, sizeof reason);
@@ -54,16 +53,16 @@ int FailureToStart(int readEnd)
     return got == static_cast<ssize_t>(sizeof reason) ? reason : 0;
 }
 
-pid_t Start(const std::string& program, const std::string& settingsName)
+pid_t Start(const std::string& program, const std::string& settingsName,
+            const CorvexMaterial::ProcessLeash& leash)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
         throw std::system_error(errno, std::generic_category(), program);
     }
-    const pid_t self = getpid();
     const pid_t child = fork();
     if (child == 0) {
-        BecomeRaytracer(program, settingsName, self, ends[1]);
+        BecomeRaytracer(program, settingsName, leash, ends[1]);
     }
     const int forkFailure = child < 0 ? errno : 0;
     close(ends[1]);
@@ -93,7 +92,8 @@ void KeepSignals()
 
 int RunRaytracer(const std::string& program, const std::string& settingsName)
 {
-    const pid_t child = Start(program, settingsName);
+    const CorvexMaterial::ProcessLeash leash;
+    const pid_t child = Start(program, settingsName, leash);
     const sigset_t waited = WaitedSignals();
     bool asked = false;
     for (;;) {
@@ -107,7 +107,7 @@ int RunRaytracer(const std::string& program, const std::string& settingsName)
         if (signal == SIGCHLD || (signal < 0 && errno == EINTR)) {
             continue;
         }
-        kill(child, asked ? SIGKILL : SIGTERM);
+        kill(-child, asked ? SIGKILL : SIGTERM);
         asked = true;
     }
 }

@@ -6,7 +6,7 @@ namespace launcher {
 
 /// Starts the program on a settings file in the current folder, named without its path, and waits
 /// for it. It inherits the standard streams, so that its progress is seen as it comes. A request to
-/// end (SIGTERM, SIGINT, SIGHUP), or the end of whoever started us, ends it first.
+/// end (SIGTERM, SIGINT, SIGHUP) ends it first, and our own end all that it has started.
 /// Returns its exit code, or 128 and the signal's number. Errors: std::system_error when it cannot
 /// be started.
 [[nodiscard]] int RunRaytracer(const std::string& program, const std::string& settingsName);

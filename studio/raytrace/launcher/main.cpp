@@ -1,6 +1,7 @@
 // Runs POV-Ray for a caller that knows its Windows program: takes `/exit /nr FILE.ini` and the
 // system's own picture type, and gives POV-Ray on Unix what that one understands.
 
+#include "platform/SearchPath.h"
 #include "studio/raytrace/launcher/Aliases.h"
 #include "studio/raytrace/launcher/IniTranslation.h"
 #include "studio/raytrace/launcher/Leftovers.h"
@@ -128,6 +129,7 @@ int Run(const fs::path& ini)
 int main(int argc, char** argv)
 {
     launcher::KeepSignals();
+    CorvexMaterial::DropRelativeSearchPaths();
     const std::string ini = IniAmong(argc, argv);
     if (ini.empty()) {
         std::fputs("Usage: corvex-povray [/exit] [/nr] FILE.ini\n", stderr);
