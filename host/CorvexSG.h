@@ -110,8 +110,9 @@ struct RaytraceExport {
 class SceneExporter {
 public:
     virtual ~SceneExporter() = default;
-    /// Writes the complete scene; returns the file that the renderer is to read. Errors:
-    /// FileFailed.
+    /// Writes the complete scene; returns the file that the renderer is to read. The renderer works
+    /// in an empty folder of its own, so the scene names images by their whole paths; the picture,
+    /// the scene file's name ending in "bmp", may go by its bare name. Errors: FileFailed.
     virtual std::string ExportRaytraceScene(const RaytraceExport& request) = 0;
     /// The renderer of the last scene has ended, or was never started: what was written beside the
     /// scene file can go. The scene file itself is removed by the control.

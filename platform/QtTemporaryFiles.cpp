@@ -2,10 +2,12 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
+#include "platform/TemporaryFolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <cerrno>
 #include <cstring>
@@ -20,8 +22,6 @@ namespace {
 /// One more than the largest process id of the system.
 constexpr std::int64_t kProcessIds = 4194304 + 1;
 
-enum class Creation { Done, NameTaken };
-
 [[noreturn]] void Fail(const char* reason, const std::string& path)
 {
     const int error = errno;
@@ -30,29 +30,58 @@ enum class Creation { Done, NameTaken };
                                         .toStdString());
 }
 
-Creation CreateNew(const std::string& path, const std::string& folder)
+/// Errors are in `errno`.
+bool CreateNew(const std::string& path)
 {
     const int file =
         ::open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file >= 0) {
-        ::close(file);
-        return Creation::Done;
-    }
-    if (errno == EEXIST) {
-        return Creation::NameTaken;
-    }
-    Fail(QT_TRANSLATE_NOOP("TemporaryFiles", "No temporary file can be created in %1: %2"), folder);
+    return file >= 0 && ::close(file) == 0;
 }
 
-bool NumberIsTaken(const std::string& folder, const std::string& name)
+constexpr const char* kLockExtension = ".lock";
+
+/// Whatever has the number, in any extension but the lock's.
+QFileInfoList FilesOf(const QString& stem)
 {
-    const QStringList sameNumber{QString::fromStdString(name) + ".*"};
-    return !QDir(QString::fromStdString(folder))
-                .entryList(sameNumber, QDir::AllEntries | QDir::Hidden | QDir::System)
-                .isEmpty();
+    const QFileInfo number(stem);
+    QFileInfoList files = QDir(number.path())
+                              .entryInfoList({number.fileName() + ".*"},
+                                             QDir::AllEntries | QDir::Hidden | QDir::System);
+    files.removeIf([&](const QFileInfo& file) { return file.filePath() == stem + kLockExtension; });
+    return files;
+}
+
+/// Other names, other users' files and what a link leads to are left alone.
+void SweepJobFiles(const QString& folder)
+{
+    static const QRegularExpression kLock(QStringLiteral("^~CVX[0-9]+\\.lock$"));
+    for (const QFileInfo& lock : QDir(folder).entryInfoList({"~CVX*.lock"}, QDir::Files)) {
+        if (!kLock.match(lock.fileName()).hasMatch()) {
+            continue;
+        }
+        const OwnerLock left = OwnerLock::TakeOver(lock.filePath().toStdString());
+        if (!left.Held()) {
+            continue;
+        }
+        for (const QFileInfo& file : FilesOf(lock.path() + u'/' + lock.completeBaseName())) {
+            if (file.isFile() && !file.isSymLink() && file.ownerId() == ::geteuid()) {
+                QFile::remove(file.filePath());
+            }
+        }
+    }
 }
 
 }  // namespace
+
+QtTemporaryFiles::QtTemporaryFiles()
+{
+    const std::string folder = Folder();
+    SweepJobFiles(QString::fromStdString(folder));
+    SweepTemporaryFolders(folder);
+    if (folder != SystemTemporaryFolder()) {
+        SweepTemporaryFolders(SystemTemporaryFolder());
+    }
+}
 
 std::string QtTemporaryFiles::Folder()
 {
@@ -68,10 +97,19 @@ std::string QtTemporaryFiles::Claim(const std::string& extension)
     while (true) {
         // Processes that run at the same time have different ids, hence different numbers.
         const std::int64_t number = ++m_claims * kProcessIds + ::getpid();
-        const std::string name = "~CVX" + std::to_string(number);
-        const std::string path = folder + '/' + name + '.' + extension;
-        if (!NumberIsTaken(folder, name) && CreateNew(path, folder) == Creation::Done) {
+        const std::string stem = folder + "/~CVX" + std::to_string(number);
+        if (!FilesOf(QString::fromStdString(stem)).isEmpty()) {
+            continue;
+        }
+        const std::string path = stem + '.' + extension;
+        OwnerLock lock = OwnerLock::Make(stem + kLockExtension);
+        if (lock.Held() && CreateNew(path)) {
+            m_owned.emplace(stem, std::move(lock));
             return path;
+        }
+        if (errno != EEXIST) {
+            Fail(QT_TRANSLATE_NOOP("TemporaryFiles", "No temporary file can be created in %1: %2"),
+                 folder);
         }
     }
 }
@@ -92,6 +130,15 @@ void QtTemporaryFiles::Remove(const std::string& path)
     if (::unlink(path.c_str()) != 0 && errno != ENOENT) {
         Fail(QT_TRANSLATE_NOOP("TemporaryFiles", "The temporary file %1 cannot be removed: %2"),
              path);
+    }
+    ReleaseUnused();
+}
+
+void QtTemporaryFiles::ReleaseUnused()
+{
+    for (auto each = m_owned.begin(); each != m_owned.end();) {
+        const bool used = !FilesOf(QString::fromStdString(each->first)).isEmpty();
+        each = used ? std::next(each) : m_owned.erase(each);
     }
 }
 

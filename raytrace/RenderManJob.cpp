@@ -9,7 +9,7 @@ CorvexDB::CommandLine RenderManCommandLine(const RenderManSettings& settings)
     return {settings.renderer + " -res " + width + " " + height + " " + settings.sceneFile,
             settings.renderer,
             {"-res", width, height, settings.sceneFile},
-            settings.workingFolder};
+            {}};
 }
 
 }  // namespace CorvexMaterial

@@ -11,8 +11,7 @@ struct RenderManSettings {
     std::string renderer;
     std::int32_t width = 0;
     std::int32_t height = 0;
-    std::string sceneFile;      ///< the name that the exporter returned
-    std::string workingFolder;  ///< relative names in the scene start here
+    std::string sceneFile;  ///< the name that the exporter returned
 };
 
 [[nodiscard]] CorvexDB::CommandLine RenderManCommandLine(const RenderManSettings& settings);

@@ -2,6 +2,7 @@
 
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/Trap.h"
+#include "platform/TemporaryFolder.h"
 #include "raytrace/PovRayJob.h"
 #include "raytrace/PreviewTarget.h"
 #include "raytrace/RaytraceMessages.h"
@@ -9,6 +10,9 @@
 #include "raytrace/RenderProgress.h"
 #include "raytrace/TextureRules.h"
 #include "raytrace/WorkingFolder.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 namespace CorvexMaterial {
 
@@ -21,6 +25,16 @@ void RefuseErrors(const std::string& messages)
 {
     if (const std::string_view line = ErrorLineIn(messages); !line.empty()) {
         throw Error(Status::Failed, "it printed \"" + std::string(line) + '"');
+    }
+}
+
+/// A scene may name its picture without a folder; it is then where the renderer has worked.
+void MoveTo(const std::string& bitmap, const std::string& workingFolder)
+{
+    const QString wanted = QString::fromStdString(bitmap);
+    QFile made(QString::fromStdString(workingFolder) + u'/' + QFileInfo(wanted).fileName());
+    if (made.exists() && !made.rename(wanted)) {
+        throw Error(Status::FileFailed, bitmap + ": " + made.errorString().toStdString());
     }
 }
 
@@ -51,8 +65,11 @@ RaytraceOutcome modRaytrace::Render(const RaytraceJob& job,
     const JobFiles files(m_platform.temporaryFiles, m_host.diagnostics, renderMan ? "rib" : "pov",
                          job.afterJob);
     const ExportInUse exportInUse(m_host);
-    const CorvexDB::CommandLine commandLine =
+    // Renderers read settings of their own where they work: never in a folder that others share.
+    const TemporaryFolder work("job");
+    CorvexDB::CommandLine commandLine =
         renderMan ? PrepareRenderMan(job, files) : PreparePovRay(job, files);
+    commandLine.workingFolder = work.Path();
     if (!TexturesAreTaken(raytracer, job)) {
         m_host.raytrace.RaytraceAbandoned();
         return RaytraceOutcome::Abandoned;
@@ -89,8 +106,7 @@ CorvexDB::CommandLine modRaytrace::PrepareRenderMan(const RaytraceJob& job, cons
 {
     const std::string scene = Export(job, files);
     return RenderManCommandLine({m_platform.settings.Read(RenderManLocation()).value_or(""),
-                                 job.size.width, job.size.height, scene,
-                                 m_platform.temporaryFiles.Folder()});
+                                 job.size.width, job.size.height, scene});
 }
 
 bool modRaytrace::TexturesAreTaken(CorvexDB::Raytracer raytracer, const RaytraceJob& job)
@@ -118,6 +134,7 @@ RaytraceOutcome modRaytrace::Run(CorvexDB::Raytracer raytracer, const RaytraceJo
         if (*exitCode != 0) {
             throw Error(Status::Failed, "exit code " + std::to_string(*exitCode));
         }
+        MoveTo(bitmap, commandLine.workingFolder);
         // POV-Ray's exit code can be relied on.
         if (raytracer == CorvexDB::Raytracer::RenderMan && job.target != nullptr) {
             RefuseErrors(job.target->Messages());

@@ -1,8 +1,8 @@
 #include "studio/app/HeadlessRender.h"
 
 #include "platform/QtPlatform.h"
+#include "platform/TemporaryFolder.h"
 #include "preview/PreviewPrimitives.h"
-#include "studio/TemporaryFolder.h"
 #include "studio/app/MaterialAssignment.h"
 #include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
@@ -16,7 +16,6 @@
 
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace studio {
 namespace {
@@ -113,8 +112,8 @@ QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
 QImage Draw(const RenderJob& job, const Remark& remark)
 {
     StudioScene scene;
-    const QTemporaryDir pictures(TemporaryFolderFor(QStringLiteral("pictures")));
-    RaytraceScene all = SceneOf(job, scene, pictures.path(), remark);
+    const CorvexMaterial::TemporaryFolder pictures("pictures");
+    RaytraceScene all = SceneOf(job, scene, QString::fromStdString(pictures.Path()), remark);
     RenderService rendering;
     return job.raytrace ? Raytraced(all, rendering) : rendering.DrawNow(std::move(all.frame));
 }

@@ -1,5 +1,7 @@
 #include "studio/app/Tour.h"
 
+#include "platform/TemporaryFolder.h"
+
 #include "studio/app/TourLayers.h"
 #include "studio/app/TourLibraries.h"
 #include "studio/app/TourStudio.h"
@@ -218,8 +220,8 @@ void RunAsAsked(const TourRequest& request)
 std::optional<QString> RecordTour(const TourRequest& request)
 {
     // The settings of the user who runs the tour are neither shown nor touched.
-    const QTemporaryDir settings;
-    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+    const CorvexMaterial::TemporaryFolder settings("tour");
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString(settings.Path()));
     try {
         RunAsAsked(request);
     } catch (const std::runtime_error& failure) {

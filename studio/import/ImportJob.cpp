@@ -2,7 +2,6 @@
 
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
-#include "studio/TemporaryFolder.h"
 #include "studio/import/ModelFile.h"
 #include "studio/import/ShapeNames.h"
 
@@ -71,8 +70,7 @@ QString TextOf(ImportFailure failure)
 ImportJob::ImportJob(QString file, const ImportProgram& program, const char* argument)
     : m_file(std::move(file)),
       m_program(program.path.isEmpty() ? QCoreApplication::applicationFilePath() : program.path),
-      m_argument(QString::fromLatin1(argument)), m_pictureFolder(program.pictureFolder),
-      m_folder(TemporaryFolderFor(QStringLiteral("import")))
+      m_argument(QString::fromLatin1(argument)), m_pictureFolder(program.pictureFolder)
 {
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
@@ -92,7 +90,9 @@ ImportFailure ImportJob::Start()
     if (!QFileInfo::exists(m_file)) {
         return ImportFailure::NotFound;
     }
-    if (!m_folder.isValid()) {
+    try {
+        m_folder.emplace("import");
+    } catch (const CorvexMaterial::Error&) {
         return ImportFailure::NotStarted;
     }
     m_process.start(m_program, {m_argument, QFileInfo(m_file).absoluteFilePath(), OutputPath()},
@@ -158,7 +158,7 @@ ImportFailure ImportJob::FailureOfProcess() const
 
 QString ImportJob::OutputPath() const
 {
-    return m_folder.filePath(QStringLiteral("model"));
+    return QString::fromStdString(m_folder->FilePath("model"));
 }
 
 ImportedModel ImportJob::ReadOutput() const

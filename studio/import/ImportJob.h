@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/TemporaryFolder.h"
 #include "studio/import/ImportProcess.h"
 #include "studio/import/ModelImport.h"
 
 #include <QByteArray>
 #include <QProcess>
-#include <QTemporaryDir>
+
+#include <optional>
 
 namespace studio {
 
@@ -45,7 +47,7 @@ private:
     QString m_program;
     QString m_argument;
     std::string m_pictureFolder;
-    QTemporaryDir m_folder;
+    std::optional<CorvexMaterial::TemporaryFolder> m_folder;
     QProcess m_process;
     QByteArray m_complaint;  ///< the beginning of what it wrote to standard error
 };

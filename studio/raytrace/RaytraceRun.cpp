@@ -2,7 +2,6 @@
 
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
-#include "studio/TemporaryFolder.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
@@ -116,20 +115,14 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
 {
     m_kind = program.kind;
     const RaytracerRow& row = RowOf(m_kind);
-    m_folder.emplace(TemporaryFolderFor(QStringLiteral("render")));
-    if (!m_folder->isValid()) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    tr("No folder for the picture can be made in %1: %2")
-                                        .arg(QDir::tempPath(), m_folder->errorString())
-                                        .toStdString());
-    }
-    const QString file = m_folder->filePath(row.scene);
+    m_folder.emplace("render");
+    const QString file = FilePath(row.scene);
     WriteRaytraceScene(file, scene, textures,
                        ImagesBeside(file, CorvexMaterial::Lifetime::Temporary));
     m_progress = {};
     m_cancelled = false;
     m_leash.emplace();
-    m_process.setWorkingDirectory(m_folder->path());
+    m_process.setWorkingDirectory(QString::fromStdString(m_folder->Path()));
     m_process.start(program.path, row.arguments(scene.frame, antialias));
 }
 
@@ -152,7 +145,7 @@ void RaytraceRun::Conclude()
     m_leash.reset();
     ReadProgress();
     const RaytracerRow& row = RowOf(m_kind);
-    const QImage picture = PictureIn(m_folder->filePath(row.picture));
+    const QImage picture = PictureIn(FilePath(row.picture));
     const QString fault = row.fault(m_progress.Messages());
     if (m_cancelled) {
         Give({});
@@ -166,6 +159,11 @@ void RaytraceRun::Conclude()
         Give(fault.isEmpty() ? tr("The raytracer made no picture.")
                              : tr("The raytracer says: %1").arg(fault));
     }
+}
+
+QString RaytraceRun::FilePath(QLatin1String name) const
+{
+    return QString::fromStdString(m_folder->Path()) + u'/' + name;
 }
 
 void RaytraceRun::Give(const QString& message)

@@ -2,6 +2,7 @@
 
 #include "host/CorvexDB.h"
 #include "platform/ProcessLeash.h"
+#include "platform/TemporaryFolder.h"
 #include "raytrace/RenderProgress.h"
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
@@ -9,7 +10,6 @@
 #include <QImage>
 #include <QObject>
 #include <QProcess>
-#include <QTemporaryDir>
 
 #include <optional>
 
@@ -48,9 +48,10 @@ Q_SIGNALS:
 private:
     void ReadProgress();
     void Conclude();
+    [[nodiscard]] QString FilePath(QLatin1String name) const;
     void Give(const QString& message);
 
-    std::optional<QTemporaryDir> m_folder;
+    std::optional<CorvexMaterial::TemporaryFolder> m_folder;
     /// Gone when the program has ended or is to end.
     std::optional<CorvexMaterial::ProcessLeash> m_leash;
     QProcess m_process;

@@ -171,9 +171,7 @@ RaytraceImages::Place ImagesBeside(const QString& sceneFile, CorvexMaterial::Lif
 
 void StudioSceneExporter::RaytraceEnded()
 {
-    if (!m_converted.isEmpty()) {
-        QDir(std::exchange(m_converted, {})).removeRecursively();
-    }
+    m_images.reset();
 }
 
 std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExport& request)
@@ -186,11 +184,12 @@ std::string StudioSceneExporter::ExportRaytraceScene(const CorvexSG::RaytraceExp
     const QString path = QString::fromStdString(request.path);
     // Where the job looks for it, whatever type it is.
     scene.picture = (QFileInfo(path).completeBaseName() + QStringLiteral(".bmp")).toStdString();
-    const RaytraceImages::Place images = ImagesBeside(path, CorvexMaterial::Lifetime::Temporary);
-    if (!QFileInfo::exists(images.folder)) {
-        m_converted = images.folder;
-    }
-    WriteRaytraceScene(path, scene, m_sources.textures, images);
+    // Not beside it: in a folder that others share they could be somebody else's.
+    const std::string temporary = CorvexMaterial::SystemTemporaryFolder();
+    m_images.emplace("images", IsPlainPath(temporary) ? temporary : "/tmp");
+    WriteRaytraceScene(path, scene, m_sources.textures,
+                       {QString::fromStdString(m_images->Path()), m_images->Path() + '/',
+                        CorvexMaterial::Lifetime::Temporary});
     return request.path;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/CorvexSG.h"
+#include "platform/TemporaryFolder.h"
 #include "studio/raytrace/RaytraceImages.h"
 #include "studio/raytrace/RaytraceScene.h"
 
@@ -34,7 +35,8 @@ public:
 
 private:
     RaytraceSources m_sources;
-    QString m_converted;  ///< folder of the images that the raytracer at work could not read
+    /// The images that the raytracer at work could not read.
+    std::optional<CorvexMaterial::TemporaryFolder> m_images;
 };
 
 /// The scene from its own view, or framed when no viewport has shown it.

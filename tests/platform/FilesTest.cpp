@@ -1,4 +1,5 @@
 #include "platform/QtPlatform.h"
+#include "platform/TemporaryFolder.h"
 #include "tests/platform/ErrorMatch.h"
 
 #include <QFile>
@@ -6,7 +7,12 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include <csignal>
+#include <filesystem>
 #include <set>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace CorvexMaterial;
 using testing::HasSubstr;
@@ -64,6 +70,48 @@ TEST_F(TemporaryFilesTest, ALeftOverLinkIsNeverFollowed)
     QtPlatform second;
     EXPECT_NE(second.Get().temporaryFiles.Claim("jpg"), path);
     EXPECT_FALSE(QFile::exists(elsewhere.filePath("victim")));
+}
+
+/// Lets another process claim files and make a folder, and be killed; it ends by itself otherwise.
+void LeaveBehind(TemporaryFiles& files, const std::string& folder)
+{
+    const pid_t process = ::fork();
+    if (process == 0) {
+        const std::string scene = files.Claim("pov");
+        files.Write(WithoutExtension(scene) + ".ini", "text");
+        const TemporaryFolder work("render", folder);
+        std::filesystem::create_directory_symlink("/usr", work.FilePath("link"));
+        std::filesystem::create_directories(work.FilePath("a/b"));
+        ::raise(SIGKILL);
+    }
+    ::waitpid(process, nullptr, 0);
+}
+
+TEST_F(TemporaryFilesTest, WhatAKilledProcessLeftIsRemovedAndNothingElse)
+{
+    const auto names = [this] {
+        return QDir(m_folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    };
+    QDir(m_folder.path()).mkpath("corvex-render-abcdef/kept");
+    QDir(m_folder.path()).mkpath("corvex-notes");
+    for (const char* other : {"~CVX1.pov", "~CVXx.lock", "~CVX2.txt", "x~CVX3.lock"}) {
+        QFile(m_folder.filePath(other)).open(QIODevice::WriteOnly);
+    }
+    ASSERT_TRUE(QFile::link("/usr", m_folder.filePath("corvex-render-ghijkl")));
+    ASSERT_TRUE(QFile::link(m_folder.filePath("~CVX2.txt"), m_folder.filePath("~CVX2.lock")));
+    const std::string scene = Files().Claim("pov");
+    const TemporaryFolder work("render", m_folder.path().toStdString());
+    const QStringList before = names();
+
+    LeaveBehind(Files(), m_folder.path().toStdString());
+    ASSERT_EQ(names().size(), before.size() + 4);
+    const QtPlatform next;
+    EXPECT_EQ(names(), before);
+    EXPECT_TRUE(QFile::exists("/usr/bin"));
+
+    Files().Remove(scene);
+    EXPECT_EQ(names().size(), before.size() - 2) << "the lock goes with the last file";
 }
 
 TEST_F(TemporaryFilesTest, AFolderThatCannotBeUsedIsNamed)

@@ -45,6 +45,7 @@ void FakeRaytracer::Runs(const QString& commands)
 {
     m_rig.host.applicationState.povRayProgram =
         Script(QStringLiteral("[ \"$1 $2 $#\" = '/exit /nr 3' ] || exit 9\n"
+                              "[ \"$(stat -c %a .) $(ls -A)\" = '700 .owner' ] || exit 8\n"
                               "ini=$3\n"
                               "out=$(sed -n 's/^Output_File_Name=//p' \"$ini\")"),
                commands);
@@ -56,7 +57,7 @@ void FakeRaytracer::RunsAsRenderMan(const QString& commands)
     m_rig.platform.settings.Put(
         "RenderManLocation",
         Script(QStringLiteral("[ \"$1 $2 $3 $#\" = '-res 256 256 4' ] || exit 9\n"
-                              "[ \"$PWD\" = \"${4%/*}\" ] || exit 8\n"
+                              "[ \"$(stat -c %a .) $(ls -A)\" = '700 .owner' ] || exit 8\n"
                               "scene=$4\n"
                               "out=${scene%.rib}.bmp"),
                commands));

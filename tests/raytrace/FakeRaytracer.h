@@ -18,10 +18,10 @@ public:
     FakeRaytracer(const FakeRaytracer&) = delete;
     FakeRaytracer& operator=(const FakeRaytracer&) = delete;
 
-    /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one).
+    /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one), in
+    /// an empty folder that only this user can enter.
     void Runs(const QString& commands);
-    /// The same for a selected RenderMan renderer, with $scene in place of $ini; it checks that it
-    /// works in the temporary folder.
+    /// The same for a selected RenderMan renderer, with $scene in place of $ini.
     void RunsAsRenderMan(const QString& commands);
     [[nodiscard]] QString Folder() const { return m_folder; }
     /// What the jobs have left in the temporary folder.

@@ -56,6 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
     Scripts, RenderMan,
     ::testing::Values(
         Script{"Renders", "[ -f \"$scene\" ] && cp \"$picture\" \"$out\""},
+        Script{"RendersWhereItWorks", "cp \"$picture\" \"${out##*/}\""},
         Script{"Warns", "cp \"$picture\" \"$out\"; echo 'R7 {WARNING} dull' >&2; echo 'ERRORS=0'"},
         Script{"ErrsWithAnImage", "cp \"$picture\" \"$out\"; echo 'R12 {ERROR} no shader \"x\"'",
                "it printed \"R12 {ERROR} no shader \"x\"\""},

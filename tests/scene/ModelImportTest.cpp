@@ -281,21 +281,6 @@ TEST(ModelImport, WhateverTheImportingProcessDoesIsSurvived)
               ImportFailure::NotStarted);
 }
 
-TEST(ModelImport, WhatKilledProcessesLeftIsRemoved)
-{
-    const Folder folder;
-    const QString own = QStringLiteral("corvex-import-%1-abcdef").arg(getpid());
-    const QString other = QStringLiteral("corvex-import-notes");
-    for (const QString& name : {QStringLiteral("corvex-import-999999999-abcdef"), own, other}) {
-        folder.Write(name + "/model", "");
-    }
-    qputenv("TMPDIR", folder.Path().toUtf8());
-    EXPECT_TRUE(ImportModelNow(Data("box.obj"), Importer()).model);
-    qunsetenv("TMPDIR");
-    EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
-              QStringList({own, other}));
-}
-
 TEST(ModelImport, HangingImporterIsStoppedAtTheLimitAndByCancel)
 {
     const Folder folder;

@@ -76,7 +76,9 @@ protected:
     /// Names in the job's folder that are neither the scene, its settings nor its picture.
     QStringList Leftovers()
     {
-        QStringList names = QFileInfo(folder.filePath(base)).absoluteDir().entryList(QDir::Files);
+        QStringList names = QFileInfo(folder.filePath(base))
+                                .absoluteDir()
+                                .entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
         for (const char* own : {"~CVX7.pov", "~CVX7.ini", "~CVX7.bmp", "fake.sh"}) {
             names.removeAll(QLatin1String(own));
         }
@@ -144,7 +146,7 @@ TEST_F(Launcher, CancelEndsPovRayAndCleansUp)
 
 TEST_F(Launcher, ARaytracerThatIgnoresTheRequestIsKilled)
 {
-    Script("trap '' TERM\necho $$ > pid\nwhile :; do sleep 0.1; done\n");
+    Script("trap '' TERM\necho $$ > \"${0%/*}/pid\"\nwhile :; do sleep 0.1; done\n");
     WriteJob({}, kScene);
     Start();
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath("pid")); }, 5000));
@@ -155,7 +157,7 @@ TEST_F(Launcher, ARaytracerThatIgnoresTheRequestIsKilled)
 
 TEST_F(Launcher, ItsOwnEndEndsTheRaytracer)
 {
-    Script("echo $$ > pid\nwhile :; do sleep 0.1; done\n");
+    Script("echo $$ > \"${0%/*}/pid\"\nwhile :; do sleep 0.1; done\n");
     WriteJob({}, kScene);
     Start();
     QFile file(folder.filePath("pid"));
@@ -166,13 +168,32 @@ TEST_F(Launcher, ItsOwnEndEndsTheRaytracer)
     process.waitForFinished();
     EXPECT_TRUE(QTest::qWaitFor([&] { return kill(raytracer, 0) != 0; }, 5000));
 
-    // What it could not remove any more, the next one does; others' names are none of its business.
+    // What it could not remove any more, the next one does.
     EXPECT_EQ(Leftovers().size(), 2);
-    Write("corvex-1.ini", "of a process that runs");
-    Write("corvex-99999999", "of nobody");
     Script("exit 0\n");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(Leftovers(), QStringList({"corvex-1.ini", "corvex-99999999", "pid"}));
+    EXPECT_EQ(Leftovers(), QStringList({"pid"}));
+}
+
+// Whoever shares the folder must be able to have neither his settings nor his program used, nor the
+// picture written to where a link of his leads.
+TEST_F(Launcher, TakesNothingThatIsPlantedBesideAJob)
+{
+    WriteJob({}, kScene);
+    Write("povray.ini", "this is no settings file\n");
+    Write("victim", "mine");
+    ASSERT_TRUE(QFile::link(folder.filePath("victim"), folder.filePath("~CVX7.bmp")));
+    Script("echo > ran\n");
+    ASSERT_TRUE(QFile::rename(folder.filePath("fake.sh"), folder.filePath("povray")));
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("PATH", ":.:" + environment.value("PATH"));
+    environment.remove("CORVEX_POVRAY");
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(folder.path());
+    EXPECT_EQ(Run(), 0) << process.readAllStandardError().toStdString();
+    EXPECT_EQ(Picture().size(), QSize(64, 48));
+    EXPECT_EQ(QFileInfo(folder.filePath("victim")).size(), 4);
+    EXPECT_EQ(Leftovers(), QStringList({"povray", "povray.ini", "victim"}));
 }
 
 TEST_F(Launcher, PassesOnHowTheRaytracerEnded)

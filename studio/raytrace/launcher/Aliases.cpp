@@ -18,41 +18,26 @@ bool IsPlain(const std::string& path)
     });
 }
 
-Aliases::~Aliases()
-{
-    std::error_code ignored;
-    for (const std::string& link : m_links) {
-        fs::remove(link, ignored);
-    }
-    for (const auto& [alias, wanted] : m_written) {
-        fs::remove(alias, ignored);
-    }
-}
-
 std::string Aliases::NextName(const std::string& path)
 {
-    const std::string number = std::to_string(m_links.size() + m_written.size());
     const std::string extension = fs::path(path).extension().string();
-    return m_prefix + '-' + number + (IsPlain(extension) ? extension : std::string());
+    return "alias-" + std::to_string(m_names++) + (IsPlain(extension) ? extension : std::string());
 }
 
 std::string Aliases::ForReading(const std::string& path)
 {
-    if (IsPlain(path)) {
-        return path;
+    const fs::path whole = m_base / path;
+    if (path.empty() || IsPlain(whole.string())) {
+        return path.empty() ? path : whole.string();
     }
     const std::string name = NextName(path);
-    fs::create_symlink(fs::absolute(path), name);
-    m_links.push_back(name);
+    fs::create_symlink(whole, name);
     return name;
 }
 
 std::string Aliases::ForWriting(const std::string& path)
 {
-    if (IsPlain(path)) {
-        return path;
-    }
-    m_written.emplace_back(NextName(path), path);
+    m_written.emplace_back(NextName(path), m_base / path);
     return m_written.back().first;
 }
 

@@ -1,10 +1,11 @@
 // Runs POV-Ray for a caller that knows its Windows program: takes `/exit /nr FILE.ini` and the
 // system's own picture type, and gives POV-Ray on Unix what that one understands.
 
+#include "platform/FileWriting.h"
 #include "platform/SearchPath.h"
+#include "platform/TemporaryFolder.h"
 #include "studio/raytrace/launcher/Aliases.h"
 #include "studio/raytrace/launcher/IniTranslation.h"
-#include "studio/raytrace/launcher/Leftovers.h"
 #include "studio/raytrace/launcher/RaytracerRun.h"
 
 #include <cstdio>
@@ -14,9 +15,6 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
@@ -64,62 +62,24 @@ std::string ContentOf(const fs::path& file)
     return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-/// A new file in the current folder, gone when this is.
-class OwnFile {
-public:
-    OwnFile(std::string name, const std::string& content) : m_name(std::move(name))
-    {
-        const int file = open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-        const bool written = file >= 0 && write(file, content.data(), content.size()) ==
-                                              static_cast<ssize_t>(content.size());
-        if (file >= 0) {
-            close(file);
-        }
-        if (!written) {
-            if (file >= 0) {
-                std::remove(m_name.c_str());
-            }
-            throw std::runtime_error(m_name + " cannot be written");
-        }
-    }
-    ~OwnFile() { std::remove(m_name.c_str()); }
-    OwnFile(const OwnFile&) = delete;
-    OwnFile& operator=(const OwnFile&) = delete;
-
-private:
-    std::string m_name;
-};
-
-/// POV-Ray leaves a state file behind when it is stopped, named after the scene or the picture.
-void RemoveState(const std::vector<launcher::IniLine>& lines)
-{
-    std::error_code ignored;
-    for (const char* key : {"Input_File_Name", "Output_File_Name"}) {
-        const fs::path named = launcher::ValueOf(lines, key);
-        if (!named.empty()) {
-            fs::remove(fs::path(named).replace_extension(".pov-state"), ignored);
-            fs::remove(named.stem().string() + ".pov-state", ignored);
-        }
-    }
-}
-
-int Run(const fs::path& ini)
+/// POV-Ray takes settings from the folder where it works, so that is one of our own, beside the
+/// file of settings that it is to take; what it makes goes from there to where it belongs.
+int Run(const fs::path& named)
 {
     ExpectOther(RaytracerProgram());
-    const std::string prefix = launcher::OwnPrefix();
+    const fs::path ini = fs::absolute(named);
     const auto lines = launcher::ReadIni(ContentOf(ini));
-    if (ini.has_parent_path()) {
-        fs::current_path(ini.parent_path());
-    }
-    launcher::RemoveLeftovers();
-    launcher::Aliases aliases(prefix);
+    CorvexMaterial::SweepTemporaryFolders(ini.parent_path());
+    const CorvexMaterial::TemporaryFolder work("povray", ini.parent_path());
+    fs::current_path(work.Path());
+    launcher::Aliases aliases(ini.parent_path());
     const auto translated = launcher::Translated(
         lines, {[&](const std::string& path) { return aliases.ForReading(path); },
                 [&](const std::string& path) { return aliases.ForWriting(path); }});
-    const std::string name = prefix + ".ini";
-    const OwnFile sibling(name, launcher::TextOf(translated));
+    const std::string name = "job.ini";
+    CorvexMaterial::WriteFile(name, launcher::TextOf(translated),
+                              CorvexMaterial::Lifetime::Temporary);
     const int code = launcher::RunRaytracer(RaytracerProgram(), name);
-    RemoveState(translated);
     aliases.Deliver();
     return code;
 }
