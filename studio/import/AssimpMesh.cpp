@@ -4,7 +4,9 @@
 
 #include <assimp/mesh.h>
 
+#include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace studio {
 
@@ -51,6 +53,36 @@ Vertex VertexAt(const aiMesh& source, unsigned int index)
     return vertex;
 }
 
+/// Some programs write null vectors for normals, or what is none.
+bool HasDirection(const aiMesh& source, unsigned int index)
+{
+    return source.HasNormals() && Usable(source.mNormals[index]) &&
+           source.mNormals[index] != aiVector3D();
+}
+
+/// Triangles whose corners have no direction face where they face, with corners of their own.
+void FaceByThemselves(const aiMesh& source, std::vector<Vertex>& vertices,
+                      std::vector<std::uint32_t>& indices)
+{
+    for (std::size_t first = 0; first < indices.size(); first += 3) {
+        const auto corners = std::span(indices).subspan(first, 3);
+        if (std::ranges::all_of(corners, [&](auto i) { return HasDirection(source, i); })) {
+            continue;
+        }
+        const QVector3D normal =
+            FaceNormal(From(source.mVertices[corners[0]]), From(source.mVertices[corners[1]]),
+                       From(source.mVertices[corners[2]]));
+        const QVector3D tangent = AnyTangent(normal);
+        for (std::uint32_t& corner : corners) {
+            Vertex own = vertices[corner];
+            own.normal = {normal.x(), normal.y(), normal.z()};
+            own.tangent = {tangent.x(), tangent.y(), tangent.z(), 1.0F};
+            corner = static_cast<std::uint32_t>(vertices.size());
+            vertices.push_back(own);
+        }
+    }
+}
+
 std::vector<std::uint32_t> TrianglesOf(const aiMesh& source)
 {
     std::vector<std::uint32_t> indices;
@@ -75,7 +107,9 @@ ImportedMesh MeshFrom(const aiMesh& source)
     for (unsigned int index = 0; index < source.mNumVertices; ++index) {
         vertices.push_back(VertexAt(source, index));
     }
-    return {MakeMesh(std::move(vertices), TrianglesOf(source)), source.mMaterialIndex,
+    std::vector<std::uint32_t> indices = TrianglesOf(source);
+    FaceByThemselves(source, vertices, indices);
+    return {MakeMesh(std::move(vertices), std::move(indices)), source.mMaterialIndex,
             source.HasTextureCoords(0)};
 }
 

@@ -16,6 +16,14 @@ namespace studio {
     return largest > 0.0F ? (vector / largest).normalized() : otherwise;
 }
 
+/// Of a triangle, its corners counter-clockwise; upwards for one without an area.
+[[nodiscard]] inline QVector3D FaceNormal(const QVector3D& a, const QVector3D& b,
+                                          const QVector3D& c)
+{
+    return UnitOr(QVector3D::crossProduct(UnitOr(b - a, {}), UnitOr(c - a, {})),
+                  {0.0F, 1.0F, 0.0F});
+}
+
 /// Without texture coordinates there is no direction of growing u; any one along the surface will
 /// do.
 [[nodiscard]] inline QVector3D AnyTangent(const QVector3D& normal)

@@ -31,11 +31,8 @@ std::shared_ptr<const Mesh> WithFlatNormals(const Mesh& mesh)
         const std::array corners{mesh.vertices[mesh.indices[corner]],
                                  mesh.vertices[mesh.indices[corner + 1]],
                                  mesh.vertices[mesh.indices[corner + 2]]};
-        const QVector3D from = PositionOf(corners[0]);
         const QVector3D normal =
-            UnitOr(QVector3D::crossProduct(UnitOr(PositionOf(corners[1]) - from, {}),
-                                           UnitOr(PositionOf(corners[2]) - from, {})),
-                   {0.0F, 1.0F, 0.0F});
+            FaceNormal(PositionOf(corners[0]), PositionOf(corners[1]), PositionOf(corners[2]));
         for (Vertex vertex : corners) {
             vertex.normal = {normal.x(), normal.y(), normal.z()};
             indices.push_back(static_cast<std::uint32_t>(vertices.size()));

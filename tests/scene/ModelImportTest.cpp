@@ -75,6 +75,19 @@ TEST(ModelImport, EveryFormatArrivesWithItsShapesInPlace)
     }
 }
 
+TEST(ModelImport, NormalsThatAreNoneAreThoseOfTheFaces)
+{
+    QByteArray text = CorvexTest::ContentOf(Data("tetra.stl"));
+    text.replace("facet normal 0 0 -1", "facet normal 0 0 0");
+    const Folder folder;
+    const ImportOutcome outcome = ImportModelNow(folder.Write("null.stl", text), Importer());
+    ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
+    const auto& mesh = *outcome.model->meshes.front().mesh;
+    for (std::size_t i = 0; i < 3; ++i) {  // the face whose normal was taken away
+        EXPECT_EQ(mesh.vertices[mesh.indices[i]].normal, (std::array{0.0F, 0.0F, -1.0F}));
+    }
+}
+
 TEST(ModelImport, KeepsTheLookOfTheMaterials)
 {
     const auto box = studio::ShapesOf(*ImportModelNow(Data("box.obj"), Importer()).model);
