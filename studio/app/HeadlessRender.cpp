@@ -3,6 +3,7 @@
 #include "platform/QtPlatform.h"
 #include "platform/TemporaryFolder.h"
 #include "preview/PreviewPrimitives.h"
+#include "studio/Tr.h"
 #include "studio/app/MaterialAssignment.h"
 #include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
@@ -10,12 +11,15 @@
 #include "studio/raytrace/RaytraceRun.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/StudioSceneExporter.h"
+#include "studio/raytrace/SurfaceImages.h"
 #include "studio/render/RenderService.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/ModelShapes.h"
 
 #include <QEventLoop>
 #include <QFileInfo>
+
+#include <set>
 
 namespace studio {
 namespace {
@@ -63,6 +67,26 @@ void Assign(StudioShape& shape, const QStringList& assignments)
 RaytraceImages::Lookup LookupIn(RenderService& rendering)
 {
     return [&rendering](const std::string& file) { return rendering.Textures().Await(file); };
+}
+
+/// Pictures show a pattern in their place.
+void TellUnreadTextures(const Frame& frame, RenderService& rendering, const Remark& remark)
+{
+    std::set<std::string> seen;
+    for (const FrameItem& item : frame.items) {
+        for (const LayerRow& layer : kLayerRows) {
+            const std::string& file = MaterialOf(item).Textures.*layer.file;
+            if (!seen.insert(file).second) {
+                continue;
+            }
+            const TexturePointer texture = rendering.Textures().Await(file);
+            if (texture != nullptr && !texture->error.empty()) {
+                remark(
+                    Tr("The texture %1 cannot be read: %2")
+                        .arg(QString::fromStdString(file), QString::fromStdString(texture->error)));
+            }
+        }
+    }
 }
 
 /// The job's shapes in view, with what a raytracer has to know of them. Pictures inside a model go
@@ -115,6 +139,7 @@ QImage Draw(const RenderJob& job, const Remark& remark)
     const CorvexMaterial::TemporaryFolder pictures("pictures");
     RaytraceScene all = SceneOf(job, scene, QString::fromStdString(pictures.Path()), remark);
     RenderService rendering;
+    TellUnreadTextures(all.frame, rendering, remark);
     return job.raytrace ? Raytraced(all, rendering) : rendering.DrawNow(std::move(all.frame));
 }
 
@@ -136,8 +161,9 @@ std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark)
         StudioScene scene;
         RenderService rendering;
         const QString folder = QFileInfo(job.output).absolutePath();
-        WriteRaytraceScene(job.output, SceneOf(job, scene, folder, remark), LookupIn(rendering),
-                           ImagesBeside(job.output));
+        const RaytraceScene all = SceneOf(job, scene, folder, remark);
+        TellUnreadTextures(all.frame, rendering, remark);
+        WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());

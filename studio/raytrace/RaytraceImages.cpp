@@ -2,23 +2,15 @@
 
 #include "platform/QtRegularFile.h"
 #include "studio/raytrace/PictureFile.h"
+#include "studio/raytrace/PovRayImageFile.h"
 #include "studio/raytrace/Quoting.h"
 
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
-#include <QImageReader>
 
 namespace studio {
 namespace {
-
-struct TypeRow {
-    const char* format;  ///< as the toolkit names it
-    std::string_view kind;
-};
-
-// POV-Ray reads the others differently, or not at all.
-constexpr std::array kPovRayTypes{TypeRow{"png", "png"}, TypeRow{"jpeg", "jpeg"}};
 
 struct SavedType {
     const char* format;
@@ -70,15 +62,7 @@ std::string_view RaytraceImages::OwnKind(const std::string& file) const
     if (!CorvexMaterial::OpenRegular(opened, CorvexMaterial::kMostPictureFileBytes).empty()) {
         return {};
     }
-    QImageReader reader(&opened);
-    reader.setDecideFormatFromContent(true);
-    const QByteArray format = reader.format();
-    for (const TypeRow& row : kPovRayTypes) {
-        if (format == row.format) {
-            return row.kind;
-        }
-    }
-    return {};
+    return PovRayTypeOf(QString::fromStdString(file));
 }
 
 RaytraceImage RaytraceImages::ImageOf(const std::string& file)

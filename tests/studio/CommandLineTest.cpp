@@ -90,15 +90,24 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
     EXPECT_NE(picture.pixelColor(80, 75), picture.pixelColor(5, 75));
     EXPECT_FALSE(errors.contains("corvex-studio:")) << errors.toStdString();
 
-    QFile file(folder.filePath("coloured.ply"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
-               "property float z\nproperty uchar red\nproperty uchar green\nproperty uchar blue\n"
-               "element face 1\nproperty list uchar int vertex_indices\nend_header\n"
-               "0 0 0 255 0 0\n1 0 0 0 255 0\n0 1 0 0 0 255\n3 0 1 2\n");
-    file.close();
-    Draw({file.fileName()});
+    const auto write = [&](const char* name, const char* text) {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    };
+    write("coloured.ply",
+          "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
+          "property float z\nproperty uchar red\nproperty uchar green\nproperty uchar blue\n"
+          "element face 1\nproperty list uchar int vertex_indices\nend_header\n"
+          "0 0 0 255 0 0\n1 0 0 0 255 0\n0 1 0 0 0 255\n3 0 1 2\n");
+    Draw({folder.filePath("coloured.ply")});
     EXPECT_TRUE(errors.contains("corvex-studio: A surface has one colour")) << errors.toStdString();
+
+    write("no.png", "no picture");
+    write("no.mtl", "newmtl no\nmap_Kd no.png\n");
+    write("no.obj", "mtllib no.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl no\nf 1 2 3\n");
+    Draw({folder.filePath("no.obj")});
+    EXPECT_TRUE(errors.contains("no.png cannot be read")) << errors.toStdString();
 }
 
 TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)

@@ -3,6 +3,7 @@
 #include "studio/raytrace/Quoting.h"
 #include "tests/studio_raytrace/RibReader.h"
 #include "tests/studio_raytrace/SphereGrid.h"
+#include "tests/support/SampleFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -140,6 +141,44 @@ TEST(SavedImages, OfAnEarlierSceneStay)
     EXPECT_EQ(saved(Qt::blue).size(), 2);
     const QImage kept(rig.Folder() + "/scene_textures/" + first.front());
     EXPECT_EQ(kept.pixelColor(0, 0), QColor(Qt::red));
+}
+
+/// What POV-Ray stops at, or draws otherwise.
+TEST(SavedImages, StandForFilesThatPovRayReadsOtherwise)
+{
+    RaytraceRig rig;
+    const auto bytesOf = [&](const char* name, QImage::Format format) {
+        QImage image(16, 16, format);
+        image.fill(Qt::white);
+        image.save(rig.Folder() + '/' + name);
+        return CorvexTest::ContentOf(rig.Folder() + '/' + name);
+    };
+    const auto keyed = [](QByteArray png, const char* key) {
+        constexpr qsizetype kAfterHeader = 33;
+        return png.insert(kAfterHeader, QByteArray::fromHex(key));
+    };
+    const std::vector<QByteArray> files{
+        keyed(bytesOf("c.png", QImage::Format_RGB888), "0000000674524e530000000000c8fb194d13"),
+        keyed(bytesOf("g.png", QImage::Format_Grayscale8), "0000000274524e530028432665c2"),
+        bytesOf("t.jpg", QImage::Format_RGB888).chopped(20),
+        QByteArray::fromBase64(  // four colours
+            "/9j/7gAOQWRvYmUAZAAAAAAC/9sAQwAbEhQXFBEbFxYXHhwbIChCKyglJShROj0wQmBVZWRfVV1baniZgWpx"
+            "kHNbXYW1hpCeo6utq2eAvMm6pseZqKuk/9sAQwEcHh4oIyhOKytOpG5dbqSkpKSkpKSkpKSkpKSkpKSkpKSk"
+            "pKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSk/8AAFAgACAAIBAEiAAIRAQMRAQQiAP/EABYAAQEBAAAA"
+            "AAAAAAAAAAAAAAADBv/EABQQAQAAAAAAAAAAAAAAAAAAAAD/xAAVAQEBAAAAAAAAAAAAAAAAAAAEBf/EABQR"
+            "AQAAAAAAAAAAAAAAAAAAAAD/2gAOBAEAAhEDEQQAAD8AoAUhNMA//9k="),
+    };
+    SphereGrid grid;
+    grid.columns = 4;
+    grid.cell = 16;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        QFile file(rig.Folder() + QStringLiteral("/own%1").arg(i));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(files[i]);
+        grid.materials.emplace_back().Textures.primary = file.fileName().toStdString();
+    }
+    EXPECT_EQ(rig.PovRayText(grid.Scene()).find("/own"), std::string::npos);
+    EXPECT_FALSE(rig.Raytrace(grid.Scene(), false).picture.isNull());
 }
 
 TEST(HostileNames, NumbersKeepTheirDotAndNeverBreakTheFile)
