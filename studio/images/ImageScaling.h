@@ -1,6 +1,7 @@
 #pragma once
 
 #include "studio/images/TextureFile.h"
+#include "studio/images/TexturePixels.h"
 
 #include <QImage>
 #include <QSize>
@@ -11,8 +12,8 @@ namespace studio {
 /// way.
 [[nodiscard]] QSize FittedSize(QSize size, const ImageBounds& bounds);
 
-/// The image itself when it keeps to the bounds. Format_RGBA8888 in and out; colours under
-/// transparent pixels survive, for a material may ignore the alpha channel.
-[[nodiscard]] QImage ScaledDown(const QImage& image, const ImageBounds& bounds);
+/// An image of any format as pixels of a texture that keep to the bounds; null without memory for
+/// them. Colours under transparent pixels survive, for a material may ignore the alpha channel.
+[[nodiscard]] TexturePixels FittedPixels(QImage image, const ImageBounds& bounds);
 
 }  // namespace studio

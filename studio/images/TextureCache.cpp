@@ -2,7 +2,6 @@
 
 #include "studio/images/TextureShelf.h"
 
-#include <QImageReader>
 #include <QThread>
 #include <QThreadPool>
 #include <QTimer>
@@ -137,9 +136,6 @@ TexturePointer TextureCache::Parts::Read(const std::string& path, std::int64_t r
 TextureCache::TextureCache(const TextureLimits& limits, QObject* parent)
     : QObject(parent), m_parts(std::make_unique<Parts>(*this, limits))
 {
-    // The toolkit's own 128 MB refuse an 8192 by 8192 image that is then scaled down.
-    constexpr int kMostMegabytes = 512;
-    QImageReader::setAllocationLimit(kMostMegabytes);
     m_parts->pool.setMaxThreadCount(std::clamp(QThread::idealThreadCount(), 1, 4));
     connect(this, &TextureCache::textureRead, this, &TextureCache::textureReady,
             Qt::QueuedConnection);

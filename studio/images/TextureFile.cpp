@@ -28,11 +28,14 @@ std::filesystem::path PathFromUtf8(const std::string& path)
     return {std::u8string(path.begin(), path.end())};
 }
 
-/// Decoders that can shrink while they read (JPEG) then need a fraction of the memory and time.
+/// Decoders that can shrink while they read (JPEG) then need a fraction of the memory and time. PNG
+/// files with less than four bytes a pixel would need more.
 void AskForSmallerImage(QImageReader& reader, const ImageBounds& bounds)
 {
     const QSize size = reader.size();
-    if (size.isValid() && reader.supportsOption(QImageIOHandler::ScaledSize)) {
+    const bool widens =
+        reader.format() == "png" && QImage::toPixelFormat(reader.imageFormat()).bitsPerPixel() < 32;
+    if (size.isValid() && !widens && reader.supportsOption(QImageIOHandler::ScaledSize)) {
         const QSize fitted = FittedSize(size, bounds);
         if (fitted != size) {
             reader.setScaledSize(fitted);
@@ -52,6 +55,9 @@ DecodedImage ReadWithToolkit(QFile& file, const ImageBounds& bounds)
         // Ours refused it, and the toolkit's reader is no better at it: it guesses.
         throw ImageError(TextureFileText::tr("The TGA file is damaged.").toStdString());
     }
+    // The toolkit counts four bytes a pixel, also for those of one: 16384 by 16384 of any kind.
+    constexpr int kMostMegabytes = 1024;
+    QImageReader::setAllocationLimit(kMostMegabytes);
     const QSize size = reader.size();
     AskForSmallerImage(reader, bounds);
     const QImage image = reader.read();
@@ -97,13 +103,12 @@ std::optional<FileState> StateOfFile(const std::string& path)
 FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds)
 {
     try {
-        const DecodedImage decoded = ReadAnyType(QString::fromStdString(path), bounds);
-        const TexturePixels pixels = ToTexturePixels(decoded.image);
-        QImage image = ScaledDown(pixels.image, bounds);
-        if (image.isNull()) {
+        DecodedImage decoded = ReadAnyType(QString::fromStdString(path), bounds);
+        TexturePixels pixels = FittedPixels(std::move(decoded.image), bounds);
+        if (pixels.image.isNull()) {
             throw ImageError(TextureFileText::tr("There is not enough memory.").toStdString());
         }
-        return {std::move(image), pixels.hasAlpha, {}, decoded.size};
+        return {std::move(pixels.image), pixels.hasAlpha, {}, decoded.size};
     } catch (const std::exception& error) {
         return {{}, false, error.what()};
     }

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QImageReader>
+#include <QTemporaryDir>
 
 #include <array>
+#include <cstring>
 #include <string>
 #include <vector>
 
@@ -141,6 +143,20 @@ TEST(TextureFile, KeepsProportionsAndHiddenColoursWhenScaledDown)
     EXPECT_LE(tiny.image.sizeInBytes(), 15 * 11 * 4);
     EXPECT_GE(tiny.image.width(), 14);
     EXPECT_EQ(tiny.size, ReadTextureFile(PathOf("plain.jpg"), kNoBounds).image.size());
+}
+
+TEST(TextureFile, OfFewBytesAPixelMayHaveAsManyPixelsAsAnyOther)
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("grey.pgm");
+    QImage image(12000, 12000, QImage::Format_Grayscale8);
+    image.fill(0);
+    std::memset(image.scanLine(6000), 0xFF, std::size_t{6000} * 12000);
+    ASSERT_TRUE(image.save(file));
+    const FileImage read = ReadTextureFile(file.toStdString(), {100, 1 << 20});
+    ASSERT_EQ(read.image.size(), QSize(100, 100)) << read.error;
+    EXPECT_EQ(read.image.pixelColor(50, 49), QColor(Qt::black));
+    EXPECT_EQ(read.image.pixelColor(50, 50), QColor(Qt::white));
 }
 
 TEST(TextureFile, SaysWhyThereIsNoImage)
