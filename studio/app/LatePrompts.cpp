@@ -6,6 +6,9 @@ namespace studio {
 
 void LatePrompts::Show(const CorvexMaterial::Message& message)
 {
+    if (m_muted) {
+        return;
+    }
     if (m_begun) {
         m_prompts.Show(message);
     } else {
@@ -15,7 +18,7 @@ void LatePrompts::Show(const CorvexMaterial::Message& message)
 
 bool LatePrompts::AskYesNo(const CorvexMaterial::Message& question)
 {
-    return m_prompts.AskYesNo(question);
+    return !m_muted && m_prompts.AskYesNo(question);
 }
 
 void LatePrompts::Begin()
@@ -27,7 +30,7 @@ void LatePrompts::ShowKept()
 {
     m_begun = true;
     for (const CorvexMaterial::Message& message : std::exchange(m_kept, {})) {
-        m_prompts.Show(message);
+        Show(message);
     }
 }
 

@@ -23,6 +23,8 @@ public:
 
     /// From the next turn of the event loop on messages are shown as they come.
     void Begin();
+    /// Muted, nothing is shown and every answer is No: nobody is there.
+    void SetMuted(bool muted) { m_muted = muted; }
 
 private:
     void ShowKept();
@@ -30,6 +32,7 @@ private:
     CorvexMaterial::Prompts& m_prompts;
     std::vector<CorvexMaterial::Message> m_kept;
     bool m_begun = false;
+    bool m_muted = false;
 };
 
 }  // namespace studio

@@ -266,6 +266,10 @@ bool MainWindow::SettingsAreSaved()
             // A damaged file that has been replaced is told of once.
             Tell(QString::fromStdString(failure.what()), PromptIcon::Exclamation);
         } catch (const CorvexMaterial::Error& error) {
+            m_host.Log().RecordEvent(error.what());
+            if (m_quitsUnasked) {
+                return true;
+            }
             const QString question = tr("%1\n\nThe material and the layout of the panel would be "
                                         "lost. Quit all the same?")
                                          .arg(QString::fromStdString(error.what()));
@@ -283,11 +287,22 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    SaveLayout();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::SaveLayout()
+{
     // A layout that fills the dock is not the user's own, which is in the settings already.
     if (!m_fill->Filled()) {
         Check(m_material->SaveStatus(), tr("The layout cannot be saved"));
     }
-    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::Save()
+{
+    static_cast<void>(SettingsAreSaved());
+    SaveLayout();
 }
 
 void MainWindow::Tell(const QString& text, PromptIcon icon)

@@ -52,6 +52,10 @@ public:
     void ExportScene(const QString& file);
     /// In a window of its own.
     void RenderScene();
+    /// What closing the window saves.
+    void Save();
+    /// Closing the window asks nothing any more.
+    void QuitUnasked() { m_quitsUnasked = true; }
     /// Looks below the folder for the textures the scene misses and offers what it finds.
     void FindTexturesIn(const QString& folder);
 
@@ -105,6 +109,7 @@ private:
     void ApplyColours();
     void RestoreGeometry();
     [[nodiscard]] bool SettingsAreSaved();
+    void SaveLayout();
 
     void ChooseFile();
     void OpenLibrary(const QString& file, LibraryKind kind);
@@ -145,6 +150,7 @@ private:
     LibraryDesk* m_desk = nullptr;
     QLabel* m_position = nullptr;
     StatusMessage* m_misc = nullptr;
+    bool m_quitsUnasked = false;
 };
 
 }  // namespace studio

@@ -1,5 +1,6 @@
 #include "studio/app/Studio.h"
 
+#include "studio/app/EndRequests.h"
 #include "studio/app/EventLog.h"
 #include "studio/app/HeadlessRender.h"
 #include "studio/app/MainWindow.h"
@@ -37,6 +38,7 @@ ExitCode Conclude(const std::optional<QString>& failure)
 
 ExitCode RunWindow(const CommandLine& line)
 {
+    const EndRequests requests;
     const StudioProfile profile = UserProfile();
     const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
     StudioDesktop desktop;
@@ -46,6 +48,15 @@ ExitCode RunWindow(const CommandLine& line)
     }
     MainWindow window(host, desktop.Get());
     desktop.SetWindow(&window);
+    QObject::connect(&requests, &EndRequests::Asked, &window, [&] {
+        desktop.SetMuted(true);
+        window.QuitUnasked();
+    });
+    QObject::connect(&requests, &EndRequests::SaveAsked, &window, [&] {
+        desktop.SetMuted(true);
+        window.Save();
+        desktop.SetMuted(false);
+    });
     window.show();
     if (!line.model.isEmpty()) {
         window.OpenFile(line.model);

@@ -43,6 +43,8 @@ public:
     /// Message boxes and choosers belong to this window, which is about to be shown; what came up
     /// until now is told then.
     void SetWindow(QWidget* window);
+    /// Muted, the user is asked and told nothing.
+    void SetMuted(bool muted) { m_prompts.SetMuted(muted); }
 
 private:
     CorvexMaterial::QtPlatform m_desktop;

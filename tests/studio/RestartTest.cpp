@@ -1,3 +1,4 @@
+#include "studio/app/EndRequests.h"
 #include "studio/libraries/LibraryFile.h"
 #include "tests/studio/StudioRig.h"
 #include "tests/support/CommaLocale.h"
@@ -9,6 +10,8 @@
 #include <QToolButton>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace {
 
@@ -164,6 +167,34 @@ TEST(SettingsFile, UnwritableIsAskedAboutBeforeTheStudioQuits)
     rig.prompts.answers = {true};
     rig.Stop();
     EXPECT_EQ(rig.prompts.shown.size(), 1U);
+}
+
+// As a session's end or a `kill` does it, with a dialog open and settings that cannot be written.
+TEST(Ending, ASignalQuitsAndSavesWithoutAQuestion)
+{
+    StudioRig rig;
+    rig.Start();
+    rig.Choose("cboColor", "Bronze");
+    for (const bool writable : {true, false}) {
+        if (!writable) {
+            rig.Start();
+            EXPECT_EQ(rig.Find<QComboBox>("cboColor").currentText(), "Bronze");
+            ASSERT_TRUE(QFile::remove(rig.PathOf(kSettings)));
+            ASSERT_TRUE(QDir().mkpath(rig.PathOf(kSettings)));
+        }
+        const studio::EndRequests requests;
+        QObject::connect(&requests, &studio::EndRequests::Asked, &rig.Window(),
+                         &studio::MainWindow::QuitUnasked);
+        QTimer::singleShot(0, [&rig] {
+            QTimer::singleShot(100, [] { std::raise(SIGTERM); });
+            rig.Trigger("Export Materials...");
+        });
+        EXPECT_EQ(QApplication::exec(), 0);
+        EXPECT_FALSE(rig.Window().isVisible());
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        EXPECT_EQ(rig.log.CountOf("Prompts.AskYesNo"), 0U);
+        rig.Stop();
+    }
 }
 
 }  // namespace
