@@ -84,7 +84,11 @@ bool RenderProgressDialog::eventFilter(QObject* watched, QEvent* event)
         event->ignore();
         return true;
     }
-    return IsInput(event->type()) && IsShut(*watched);
+    const bool shut = IsInput(event->type()) && IsShut(*watched);
+    if (shut && event->type() == QEvent::MouseButtonPress) {
+        activateWindow();  // so that Escape goes on cancelling
+    }
+    return shut;
 }
 
 void RenderProgressDialog::Open()

@@ -37,15 +37,16 @@ void WarningPresenter::Present(const QString& application, const QString& warnin
         m_open.remove(key);
         Keep(application, key, dialog->ContinueToReceive());
     });
-    dialog->show();
-    // A dialog that opens with the warning would cover it and keep it from being closed.
+    // A dialog that opens with the warning would cover it and keep it from being closed. So it
+    // waits for that one to be there: who is shown over another window stays over that one.
     QTimer::singleShot(0, dialog, [dialog] {
         QWidget* const front = QApplication::activeModalWidget();
-        if (front != nullptr && front != dialog) {
+        if (front != nullptr) {
             dialog->setParent(front, dialog->windowFlags());
-            dialog->show();
-            dialog->raise();
         }
+        dialog->show();
+        dialog->raise();
+        dialog->activateWindow();
     });
 }
 

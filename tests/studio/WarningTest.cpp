@@ -19,6 +19,7 @@ protected:
     void Ask(const QString& key = "Bumpmapping")
     {
         presenter.Present("Corvex", "Bumpmapping is not supported.", key);
+        QCoreApplication::processEvents();
     }
     QList<QDialog*> Open()
     {
@@ -79,6 +80,18 @@ TEST_F(Warnings, OneOnTheScreenIsNotShownTwice)
     Ask();
     Ask();
     EXPECT_EQ(Open().size(), 1);
+}
+
+TEST_F(Warnings, TheHintForADialogIsFirstShownOverIt)
+{
+    presenter.Present("Corvex", "These attributes only apply when raytracing.", "MaterialExtended");
+    EXPECT_TRUE(Open().empty()) << "the dialog would cover it";
+    QDialog dialog(&window);
+    dialog.open();
+    QCoreApplication::processEvents();
+    const auto hints = dialog.findChildren<QDialog*>();
+    ASSERT_EQ(hints.size(), 1);
+    EXPECT_TRUE(hints.front()->isVisible());
 }
 
 TEST_F(Warnings, RestoringShowsSilencedOnesAgain)
