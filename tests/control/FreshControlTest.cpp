@@ -70,14 +70,8 @@ TEST_F(FreshControl, LoadingTwiceFillsEachListOnce)
 {
     rig.Start();
     rig.Control().LoadSavedStatus();
-    const QStringList alphaTests{"Never",   "Less",      "Equal",       "Less/Equal",
-                                 "Greater", "Not Equal", "Greater/Eq.", "Always"};
-    auto& list = rig.List("cboAlphaTest");
-    QStringList shown;
-    for (int position = 0; position < list.count(); ++position) {
-        shown << list.itemText(position);
-    }
-    EXPECT_EQ(shown, alphaTests);
+    EXPECT_EQ(rig.List("cboAlphaTest").count(), 8);
+    EXPECT_EQ(rig.List("cboAlphaTest").itemText(7), "Always");
     EXPECT_EQ(rig.List("cboColor").count(), 156);
     EXPECT_EQ(rig.List("cboColor").itemText(155), "Custom");
 }

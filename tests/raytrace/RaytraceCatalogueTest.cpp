@@ -2,7 +2,6 @@
 #include "raytrace/PatternColours.h"
 #include "raytrace/RaytraceAmounts.h"
 #include "raytrace/RenderProgress.h"
-#include "raytrace/RendererOptions.h"
 #include "raytrace/SimulationTexture.h"
 #include "raytrace/TextureRules.h"
 
@@ -10,25 +9,10 @@
 
 #include <cmath>
 #include <limits>
-#include <set>
 
 namespace {
 
 using namespace CorvexMaterial;
-
-TEST(RaytraceCatalogue, HasEightyPredefinedMaterialsOfDifferentNames)
-{
-    constexpr std::int32_t kCounts[] = {13, 23, 31, 5, 8};
-    std::set<std::string> names;
-    for (std::int32_t type = 0; type < 5; ++type) {
-        EXPECT_EQ(PredefinedMaterialCount(type), kCounts[type]);
-        for (std::int32_t i = 0; i < PredefinedMaterialCount(type); ++i) {
-            names.insert(PredefinedMaterialName(type, i));
-        }
-    }
-    EXPECT_EQ(names.size(), 80U);
-    EXPECT_FALSE(names.contains(""));
-}
 
 TEST(RaytraceCatalogue, CountsStonesAndHasNoNameOutsideItsLists)
 {
@@ -40,8 +24,9 @@ TEST(RaytraceCatalogue, CountsStonesAndHasNoNameOutsideItsLists)
     for (const Row& row :
          {Row{2, 0, "Granite #1"}, Row{2, 9, "Granite #10"}, Row{2, 10, "Stone #1"},
           Row{2, 29, "Stone #20"}, Row{2, 30, "Pink Alabaster"}, Row{2, 31, ""},
-          Row{0, 12, "Vicks"}, Row{1, 22, "Bright Bronze"}, Row{3, 4, "SandalWood"},
-          Row{4, 5, "Lightening #1"}, Row{4, -1, ""}, Row{5, 0, ""}, Row{-1, 0, ""}}) {
+          Row{0, 12, "Vicks"}, Row{0, 13, ""}, Row{1, 22, "Bright Bronze"}, Row{1, 23, ""},
+          Row{3, 4, "SandalWood"}, Row{3, 5, ""}, Row{4, 5, "Lightening #1"},
+          Row{4, 7, "Starfield"}, Row{4, 8, ""}, Row{4, -1, ""}, Row{5, 0, ""}, Row{-1, 0, ""}}) {
         EXPECT_EQ(PredefinedMaterialName(row.type, row.index), row.name);
     }
 }
@@ -85,17 +70,6 @@ TEST(PatternColours, EveryByteComesBackAndAlphaIsNeverTouched)
     EXPECT_EQ(stored.red, 1.0F);
     EXPECT_EQ(stored.alpha, 0.25F);
     EXPECT_EQ(ColourOfFractions({7.0F, -2.0F, std::nanf(""), 0.0F}), MakeColour({255, 0, 0}));
-}
-
-TEST(RendererOptions, ARenderManShaderHasNoPatternsAndPovRayHasEverything)
-{
-    using enum RaytraceOption;
-    for (const RaytraceOption option : {Brilliance, Reflection, Roughness, Metallic, Iridescence,
-                                        ColorPattern, NormalPattern, PredefinedMaterial}) {
-        EXPECT_TRUE(Honours(CorvexDB::Raytracer::PovRay, option));
-        const bool shaded = option == Reflection || option == Roughness || option == Metallic;
-        EXPECT_EQ(Honours(CorvexDB::Raytracer::RenderMan, option), shaded);
-    }
 }
 
 TEST(TextureRules, TheTwoRaytracersWantOppositeFiles)
