@@ -1,5 +1,6 @@
 #include "plugins/PluginRow.h"
 
+#include "controls/PlainText.h"
 #include "controls/Swatch.h"
 #include "controls/Twips.h"
 #include "host/Status.h"
@@ -79,7 +80,7 @@ void PluginRow::Show(const CorvexDB::PluginParameter& parameter, float value)
     m_parameter = parameter;
     const QString name = QString::fromStdString(parameter.name);
     m_caption->setText(name);
-    m_caption->setToolTip(name);
+    m_caption->setToolTip(PlainTip(name));
     m_caption->setVisible(parameter.kind != ParameterKind::Tick);
     switch (parameter.kind) {
     case ParameterKind::Slider:
@@ -140,7 +141,7 @@ void PluginRow::ShowTick(float value)
 {
     const QSignalBlocker quiet(m_tick);
     // A name's "&" is no mnemonic.
-    m_tick->setText(m_caption->text().replace(QLatin1Char('&'), QLatin1String("&&")));
+    m_tick->setText(PlainCaption(m_caption->text()));
     m_tick->setChecked(ListPositionOf(value, 2) == 1);
     m_tick->show();
 }

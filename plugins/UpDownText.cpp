@@ -1,5 +1,6 @@
 #include "plugins/UpDownText.h"
 
+#include "controls/PlainText.h"
 #include "platform/NumberText.h"
 
 #include <QLineEdit>
@@ -67,7 +68,7 @@ void UpDownText::Mark()
 {
     m_invalid = !SingleFromText(text().toStdString()).has_value();
     setProperty("invalid", m_invalid);
-    setToolTip(m_invalid ? tr("“%1” is not a number.").arg(text()) : QString());
+    setToolTip(m_invalid ? PlainTip(tr("“%1” is not a number.").arg(text())) : QString());
     update();
 }
 

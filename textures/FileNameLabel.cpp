@@ -1,12 +1,14 @@
 #include "textures/FileNameLabel.h"
 
+#include "controls/PlainText.h"
+
 #include <QFileInfo>
 
 namespace CorvexMaterial {
 
 void FileNameLabel::SetFile(const QString& path, const QString& textForNone)
 {
-    setToolTip(path);
+    setToolTip(PlainTip(path));
     setText(path.isEmpty() ? textForNone : QFileInfo(path).fileName());
 }
 

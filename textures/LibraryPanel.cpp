@@ -1,5 +1,6 @@
 #include "textures/LibraryPanel.h"
 
+#include "controls/PlainText.h"
 #include "controls/SectionHeader.h"
 #include "controls/WheelGuard.h"
 #include "host/Status.h"
@@ -208,7 +209,7 @@ void LibraryPanel::ShowLibrary(const std::string& name)
     // A list whose placeholder becomes empty takes its first entry.
     m_libraries->setPlaceholderText(text.isEmpty() ? QStringLiteral(" ") : text);
     m_libraries->setCurrentIndex(text.isEmpty() ? -1 : m_libraries->findText(text, exactly));
-    m_libraries->setToolTip(text);
+    m_libraries->setToolTip(PlainTip(text));
 }
 
 void LibraryPanel::SetChangesEnabled(bool enabled)

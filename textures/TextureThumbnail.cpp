@@ -1,5 +1,6 @@
 #include "textures/TextureThumbnail.h"
 
+#include "controls/PlainText.h"
 #include "textures/Checkerboard.h"
 #include "textures/DroppedFile.h"
 
@@ -45,7 +46,7 @@ QSize TextureThumbnail::sizeHint() const
 void TextureThumbnail::SetFile(const std::string& file)
 {
     m_file = file;
-    setToolTip(file.empty() ? tr("Choose an image file") : QString::fromStdString(file));
+    setToolTip(file.empty() ? tr("Choose an image file") : PlainTip(QString::fromStdString(file)));
     Refresh();
 }
 

@@ -1,5 +1,7 @@
 #include "studio/app/FindTexturesDialog.h"
 
+#include "controls/PlainText.h"
+
 #include "ui_FindTexturesDialog.h"
 
 #include <QDir>
@@ -18,7 +20,7 @@ constexpr int kRowPadding = 8;
 void ShowPath(QTreeWidgetItem& row, int column, const std::string& path)
 {
     row.setText(column, QString::fromStdString(path));
-    row.setToolTip(column, QString::fromStdString(path));
+    row.setToolTip(column, CorvexMaterial::PlainTip(QString::fromStdString(path)));
 }
 
 }  // namespace
@@ -57,7 +59,7 @@ void FindTexturesDialog::ShowSummary(const FoundTextures& found, const QString& 
         text += tr(" The folder was not searched to its end.");
     }
     m_ui->summary->setText(text);
-    m_ui->summary->setToolTip(folder);
+    m_ui->summary->setToolTip(CorvexMaterial::PlainTip(folder));
 }
 
 void FindTexturesDialog::AddRow(const TextureReplacement& replacement)

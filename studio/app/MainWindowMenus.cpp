@@ -1,5 +1,6 @@
 #include "studio/app/MainWindow.h"
 
+#include "controls/PlainText.h"
 #include "plugins/CustomFieldsPanel.h"
 #include "studio/app/MaterialExchange.h"
 #include "studio/app/OptionsDialog.h"
@@ -25,7 +26,7 @@ QString InMenu(QString step)
     if (step.size() > kLongest) {
         step = step.left(kLongest - 1) + u'…';
     }
-    return step.replace(u'&', QStringLiteral("&&"));
+    return CorvexMaterial::PlainCaption(step);
 }
 
 }  // namespace
@@ -61,9 +62,8 @@ void MainWindow::ListRecentFiles(QMenu* menu)
     menu->clear();
     const QStringList files = m_recent.Files();
     for (const QString& file : files) {
-        QAction* action =
-            menu->addAction(QFileInfo(file).fileName().replace(u'&', QStringLiteral("&&")), this,
-                            [this, file] { OpenModel(file); });
+        QAction* action = menu->addAction(CorvexMaterial::PlainCaption(QFileInfo(file).fileName()),
+                                          this, [this, file] { OpenModel(file); });
         action->setStatusTip(file);
     }
     if (files.isEmpty()) {

@@ -1,5 +1,7 @@
 #include "studio/app/StatusMessage.h"
 
+#include "controls/PlainText.h"
+
 #include <chrono>
 
 namespace studio {
@@ -31,7 +33,7 @@ void StatusMessage::SetLasting(const QString& text)
 void StatusMessage::Put(const QString& text)
 {
     setText(text);
-    setToolTip(text);  // a long one is cut off
+    setToolTip(CorvexMaterial::PlainTip(text));  // a long one is cut off
 }
 
 }  // namespace studio

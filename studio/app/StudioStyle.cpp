@@ -4,6 +4,7 @@
 #include "studio/app/StyleSigns.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QPainter>
 #include <QStyleFactory>
 #include <QStyleOption>
@@ -46,6 +47,16 @@ constexpr std::array kPrimitives{
 }  // namespace
 
 StudioStyle::StudioStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+
+void StudioStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    auto* const label = qobject_cast<QLabel*>(widget);
+    // A tool tip is one too. Ours have names and values in a table, each of them escaped.
+    if (label != nullptr && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel")) {
+        label->setTextFormat(Qt::PlainText);
+    }
+}
 
 void StudioStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                 QPainter* painter, const QWidget* widget) const

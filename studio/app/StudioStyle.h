@@ -12,6 +12,11 @@ class StudioStyle : public QProxyStyle {
 public:
     StudioStyle();
 
+    using QProxyStyle::polish;
+    /// No label guesses from its text that it is markup: names from files are shown as they are,
+    /// in the toolkit's own boxes too.
+    void polish(QWidget* widget) override;
+
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

@@ -1,5 +1,6 @@
 #include "studio/browser/LibraryMenu.h"
 
+#include "controls/PlainText.h"
 #include "studio/browser/LibraryDesk.h"
 
 namespace studio {
@@ -17,7 +18,7 @@ void ListTrash(QMenu& menu, LibraryDesk& desk, LibraryKind kind)
     }
     for (const TrashedEntry& entry : entries) {
         const QString name = QString::fromStdString(entry.name);
-        menu.addAction(QString(name).replace(u'&', QStringLiteral("&&")), &desk,
+        menu.addAction(CorvexMaterial::PlainCaption(name), &desk,
                        [&desk, kind, entry] { desk.Restore(kind, entry); });
     }
 }

@@ -1,5 +1,7 @@
 #include "studio/browser/SearchField.h"
 
+#include "controls/PlainText.h"
+
 #include <QKeyEvent>
 
 namespace studio {
@@ -57,7 +59,7 @@ void SearchField::Read()
 
 void SearchField::ShowError(const QString& error)
 {
-    setToolTip(error.isEmpty() ? Help() : error);
+    setToolTip(error.isEmpty() ? Help() : CorvexMaterial::PlainTip(error));
     setAccessibleDescription(error);
     QPalette colours;
     if (!error.isEmpty()) {

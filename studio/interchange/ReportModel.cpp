@@ -1,5 +1,7 @@
 #include "studio/interchange/ReportModel.h"
 
+#include "controls/PlainText.h"
+
 #include <utility>
 
 namespace studio {
@@ -54,8 +56,9 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const
     }
     const std::size_t shown = m_shown.at(static_cast<std::size_t>(index.row()));
     const ReportRow& row = m_report.Rows().at(shown);
-    return QString::fromStdString(index.column() == Result ? TextOf(row.outcome)
-                                                           : FieldOf(row, index.column()));
+    const QString text = QString::fromStdString(
+        index.column() == Result ? TextOf(row.outcome) : FieldOf(row, index.column()));
+    return role == Qt::ToolTipRole ? CorvexMaterial::PlainTip(text) : text;
 }
 
 QVariant ReportModel::headerData(int section, Qt::Orientation orientation, int role) const
