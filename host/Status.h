@@ -26,13 +26,22 @@ enum class Status : std::int32_t {
 class Error : public std::runtime_error {
 public:
     Error(Status status, const std::string& description)
-        : std::runtime_error(description), m_status(status)
+        : std::runtime_error(Whole(description)), m_status(status)
     {
     }
 
     [[nodiscard]] Status Code() const { return m_status; }
 
 private:
+    /// A zero in a name, as a damaged file may have it, must not end the description.
+    static std::string Whole(std::string text)
+    {
+        for (auto zero = text.find('\0'); zero != std::string::npos; zero = text.find('\0', zero)) {
+            text.replace(zero, 1, "\\0");
+        }
+        return text;
+    }
+
     Status m_status;
 };
 

@@ -1,5 +1,6 @@
 #include "studio/app/Studio.h"
 
+#include "studio/Terminal.h"
 #include "studio/app/EndRequests.h"
 #include "studio/app/EventLog.h"
 #include "studio/app/HeadlessRender.h"
@@ -12,28 +13,27 @@
 #include "studio/interchange/InterchangeFormats.h"
 #include "studio/libraries/LibraryCommands.h"
 
-#include <cstdio>
-
 namespace studio {
 namespace {
-
-void Print(std::FILE* stream, const QString& text)
-{
-    std::fputs(text.toLocal8Bit().constData(), stream);
-}
-
-void Tell(const QString& text)
-{
-    Print(stderr, QStringLiteral("corvex-studio: %1\n").arg(text));
-}
 
 ExitCode Conclude(const std::optional<QString>& failure)
 {
     if (!failure) {
         return ExitCode::Done;
     }
-    Tell(*failure);
+    PrintProblem(*failure);
     return ExitCode::Failed;
+}
+
+/// The program's own text.
+std::optional<QString> PrintLines(const QString& text)
+{
+    for (const QString& line : text.trimmed().split(u'\n')) {
+        if (auto failure = PrintResult({line})) {
+            return failure;
+        }
+    }
+    return std::nullopt;
 }
 
 ExitCode RunWindow(const CommandLine& line)
@@ -76,12 +76,12 @@ void ChoosePlatform(Action action)
 
 ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
 {
+    PrintMessagesOfToolkit();
     if (line.action == Action::ShowText) {
-        Print(stdout, line.text);
-        return ExitCode::Done;
+        return Conclude(PrintLines(line.text));
     }
     if (line.action == Action::Refuse) {
-        Print(stderr, QStringLiteral("corvex-studio: %1 See --help.\n").arg(line.text));
+        PrintProblem(QStringLiteral("%1 See --help.").arg(line.text));
         return ExitCode::WrongUsage;
     }
     ChoosePlatform(line.action);
@@ -92,9 +92,9 @@ ExitCode RunStudio(int& argc, char** argv, const CommandLine& line)
     ApplyTheme(application);
     switch (line.action) {
     case Action::Render:
-        return Conclude(DrawPicture(line.render, Tell));
+        return Conclude(DrawPicture(line.render, PrintProblem));
     case Action::Export:
-        return Conclude(ExportPicture(line.render, Tell));
+        return Conclude(ExportPicture(line.render, PrintProblem));
     case Action::Library:
         return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done
                                                                  : ExitCode::Failed;

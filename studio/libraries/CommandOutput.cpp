@@ -1,41 +1,39 @@
 #include "studio/libraries/CommandOutput.h"
 
-#include <QJsonDocument>
+#include "studio/Terminal.h"
 
-#include <cstdio>
+#include <QJsonDocument>
 
 namespace studio {
 namespace {
 
 constexpr qint64 kProgressMilliseconds = 1000;
 
-void PrintLine(std::FILE* stream, const QByteArray& line)
-{
-    std::fputs((line + '\n').constData(), stream);
-    std::fflush(stream);
-}
-
 }  // namespace
 
-void CommandOutput::Result(const QJsonObject& json, const QString& text)
+void CommandOutput::Result(const QJsonObject& json, const QStringList& columns)
 {
-    if (m_form == Form::Json) {
-        PrintLine(stdout, QJsonDocument(json).toJson(QJsonDocument::Compact));
-    } else if (!text.isEmpty()) {
-        PrintLine(stdout, text.toLocal8Bit());
+    if (m_isLost || (m_form == Form::Text && columns.isEmpty())) {
+        return;
+    }
+    const QString compact = QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
+    const auto failure = PrintResult(m_form == Form::Json ? QStringList{compact} : columns);
+    if (failure) {
+        m_isLost = true;
+        Problem(*failure);
     }
 }
 
 void CommandOutput::Problem(const QString& text)
 {
     ++m_problems;
-    PrintLine(stderr, "corvex-studio: " + text.toLocal8Bit());
+    PrintProblem(text);
 }
 
 void CommandOutput::Progress(qsizetype done, qsizetype all)
 {
     if (m_sinceProgress.elapsed() >= kProgressMilliseconds) {
-        PrintLine(stderr, QStringLiteral("%1/%2").arg(done).arg(all).toLocal8Bit());
+        PrintProgress(QStringLiteral("%1/%2").arg(done).arg(all));
         m_sinceProgress.restart();
     }
 }

@@ -2,7 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QJsonObject>
-#include <QString>
+#include <QStringList>
 
 namespace studio {
 
@@ -14,7 +14,8 @@ public:
 
     explicit CommandOutput(Form form) : m_form(form) { m_sinceProgress.start(); }
 
-    void Result(const QJsonObject& json, const QString& text);
+    /// A standard output that cannot be written is a problem, told once.
+    void Result(const QJsonObject& json, const QStringList& columns);
     /// The command goes on, but has failed in the end.
     void Problem(const QString& text);
     /// At most once a second.
@@ -24,6 +25,7 @@ public:
 
 private:
     Form m_form;
+    bool m_isLost = false;  ///< what is printed now
     int m_problems = 0;
     QElapsedTimer m_sinceProgress;
 };

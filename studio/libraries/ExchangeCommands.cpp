@@ -20,7 +20,7 @@ void PrintNotes(CommandContext& context, const std::vector<std::string>& notes)
 {
     for (const std::string& note : notes) {
         context.output.Result({{"note", QString::fromStdString(note)}},
-                              QString::fromStdString(note));
+                              {QString::fromStdString(note)});
     }
 }
 
@@ -61,7 +61,7 @@ void AddAll(CommandContext& context, LibraryFile& library, std::span<const NewEn
 {
     library.Add(entries);
     context.output.Result({{"added", static_cast<int>(entries.size())}},
-                          CountText("Entries added: %n.", entries.size()));
+                          {CountText("Entries added: %n.", entries.size())});
 }
 
 void AddMaterials(CommandContext& context, const std::vector<NamedMaterial>& materials)
@@ -119,7 +119,7 @@ void ExportCommand(CommandContext& context)
     PrintNotes(context, notes);
     const std::size_t count = materials.size();
     context.output.Result({{"exported", static_cast<int>(count)}},
-                          CountText("Materials written: %n.", count));
+                          {CountText("Materials written: %n.", count)});
 }
 
 void ImportCommand(CommandContext& context)

@@ -37,7 +37,7 @@ void ListCommand(CommandContext& context)
         const std::string text = library.JsonAt(index);
         json["entry"] = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
         const QString file = json["entry"].toObject().value("file").toString();
-        context.output.Result(json, file.isEmpty() ? name : name + u'\t' + file);
+        context.output.Result(json, file.isEmpty() ? QStringList{name} : QStringList{name, file});
     });
 }
 
@@ -84,7 +84,7 @@ void TrashCommand(CommandContext& context)
     LibraryFile library = OpenIn(context.job);
     for (const TrashedEntry& entry : library.Trash()) {
         const QString name = QString::fromStdString(entry.name);
-        context.output.Result({{"id", qint64{entry.id}}, {"name", name}}, name);
+        context.output.Result({{"id", qint64{entry.id}}, {"name", name}}, {name});
     }
 }
 

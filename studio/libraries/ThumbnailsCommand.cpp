@@ -81,7 +81,7 @@ void ThumbnailsCommand(CommandContext& context)
     });
     sink.Finish();
     context.output.Result({{"drawn", static_cast<int>(drawn)}},
-                          CountText("Thumbnails drawn: %n.", drawn));
+                          {CountText("Thumbnails drawn: %n.", drawn)});
 }
 
 }  // namespace studio

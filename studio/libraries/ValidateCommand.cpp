@@ -58,7 +58,7 @@ void ValidateCommand(CommandContext& context)
     });
     const bool isGood = !context.output.HasProblems();
     context.output.Result({{"checked", static_cast<int>(checked)}, {"good", isGood}},
-                          CountText("Entries checked: %n.", checked));
+                          {CountText("Entries checked: %n.", checked)});
 }
 
 }  // namespace studio

@@ -6,11 +6,13 @@
 
 #include <QDir>
 #include <QImage>
+#include <QJsonDocument>
 #include <QProcess>
 
 namespace {
 
 using LibraryTest::NamesIn;
+using namespace std::string_literals;
 using testing::ElementsAre;
 
 struct Outcome {
@@ -29,7 +31,7 @@ Outcome OutcomeOf(const QString& program, const QStringList& arguments)
             QString::fromUtf8(process.readAllStandardError())};
 }
 
-studio::NewEntry Broken(const char* name)
+studio::NewEntry Broken(const std::string& name)
 {
     auto entry = LibraryTest::EntryNamed(name);
     entry.json = "{";
@@ -106,6 +108,21 @@ TEST_F(LibraryCommands, TellEveryProblemAndEndWithOne)
     const Outcome unread = Library({"import", PathOf("new.cvm"), PathOf("missing.json")});
     EXPECT_EQ(unread.exitCode, 1);
     EXPECT_FALSE(QFile::exists(PathOf("new.cvm"))) << "nothing is made for nothing";
+}
+
+TEST_F(LibraryCommands, LetNoNameActOnATerminal)
+{
+    const std::string name = "a\x1B[2J\tb\0c\nd\u009B\u202Ee\U000E0041 \\ g\u00FC\u2713"s;
+    m_temporary.Open().Add(std::vector{LibraryTest::EntryNamed(name), Broken(name)});
+    const QString shown = R"(a\u001b[2J\u0009b\u0000c\u000ad\u009b\u202ee\udb40\udc41 \ g)" +
+                          QStringLiteral("\u00FC\u2713");
+    EXPECT_EQ(Library({"list", m_library}).output, shown + '\n' + shown + '\n');
+    EXPECT_TRUE(
+        Library({"validate", m_library})
+            .errors.contains(QString(shown).replace("\\u000a", "\n  ").replace("\\u0000", "\\0")));
+    const QString json = Library({"list", m_library, "--json"}).output.section('\n', 0, 0);
+    EXPECT_FALSE(json.contains(QChar(0x9B)) || json.contains(QChar(0x202E)));
+    EXPECT_EQ(QJsonDocument::fromJson(json.toUtf8())["name"].toString().toStdString(), name);
 }
 
 TEST_F(LibraryCommands, ExplainWrongUseAndEndWithTwo)

@@ -53,6 +53,23 @@ TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
     EXPECT_FALSE(QFile::exists("refused.png"));
 }
 
+TEST(CommandLine, AResultThatCannotBeWrittenIsAFailure)
+{
+    QTemporaryDir folder;
+    const QString library = folder.filePath("a.cvm");
+    ASSERT_EQ(Studio({"library", "add", library, "--name", "Oak"}).exitCode, 0);
+    for (const char* line : {"--help", "--version", "library list %1", "library list %1 --json",
+                             "library validate %1", "library add %1 --name Elm"}) {
+        QProcess process;
+        process.setStandardOutputFile("/dev/full");
+        process.start(QStringLiteral(STUDIO_PROGRAM),
+                      QString(line).replace("%1", library).split(' '));
+        process.waitForFinished(60000);
+        EXPECT_EQ(process.exitCode(), 1) << line;
+        EXPECT_EQ(process.readAllStandardError().count("No space left on device"), 1) << line;
+    }
+}
+
 class Rendering : public testing::Test {
 protected:
     QImage Draw(const QStringList& what)
