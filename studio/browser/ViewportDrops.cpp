@@ -45,8 +45,11 @@ bool ViewportDrops::Enter(QDropEvent& event)
         const bool isNamed = !material->name.empty();
         m_dragged =
             QString::fromStdString(isNamed ? material->name : DescriptiveName(material->material));
+        m_isThere = true;
     } else {
-        m_dragged = QFileInfo(DraggedTexture(*event.mimeData())).fileName();
+        const QFileInfo texture(DraggedTexture(*event.mimeData()));
+        m_dragged = texture.fileName();
+        m_isThere = texture.isFile();
     }
     event.setAccepted(!m_dragged.isEmpty());
     return !m_dragged.isEmpty();
@@ -55,9 +58,9 @@ bool ViewportDrops::Enter(QDropEvent& event)
 void ViewportDrops::Move(QDropEvent& event)
 {
     const ShapePointer shape = m_pick(event.position().toPoint());
-    if (shape == nullptr) {
+    if (shape == nullptr || !m_isThere) {
         event.ignore();
-        Q_EMIT Hint({});
+        Q_EMIT Hint(m_isThere ? QString() : tr("%1 is not a file").arg(m_dragged));
         return;
     }
     event.acceptProposedAction();
@@ -69,7 +72,7 @@ void ViewportDrops::Drop(QDropEvent& event)
     m_dragged.clear();
     Q_EMIT Hint({});
     const ShapePointer shape = m_pick(event.position().toPoint());
-    if (shape == nullptr) {
+    if (shape == nullptr || !m_isThere) {
         event.ignore();
         return;
     }

@@ -43,7 +43,8 @@ private:
 
     ViewportWidget& m_viewport;
     Pick m_pick;
-    QString m_dragged;  ///< name of what is over the viewport; empty when nothing is
+    QString m_dragged;       ///< name of what is over the viewport; empty when nothing is
+    bool m_isThere = false;  ///< a texture that is no file is not taken
 };
 
 }  // namespace studio

@@ -5,6 +5,7 @@
 #include "studio/libraries/SqliteTextureLibrary.h"
 #include "studio/render/ViewportWidget.h"
 #include "tests/studio/StudioRig.h"
+#include "tests/support/SampleFolder.h"
 
 #include <QDockWidget>
 #include <QLabel>
@@ -353,10 +354,17 @@ TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
         shapes, [](const auto& shape) { return shape->Material().Ambient == 42; });
     ASSERT_NE(hit, shapes.end());
 
+    const CorvexTest::SampleFolder folder;
+    const QString oak = folder.Write("oak.png", {});
+    folder.Write("folder.png/inside.png", {});
     QMimeData image;
-    image.setUrls({QUrl::fromLocalFile(QStringLiteral("/t/oak.png"))});
+    for (const char* none : {"folder.png", "gone.png"}) {
+        image.setUrls({QUrl::fromLocalFile(folder.PathOf(none))});
+        EXPECT_FALSE(DropInTheMiddle(image)) << none;
+    }
+    image.setUrls({QUrl::fromLocalFile(oak)});
     ASSERT_TRUE(DropInTheMiddle(image));
-    EXPECT_EQ((*hit)->Material().Textures.primary, "/t/oak.png");
+    EXPECT_EQ((*hit)->Material().Textures.primary, oak.toStdString());
     EXPECT_EQ((*hit)->Material().Ambient, 42);
     History().undo();
     History().undo();
