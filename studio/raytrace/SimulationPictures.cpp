@@ -1,6 +1,7 @@
 #include "studio/raytrace/SimulationPictures.h"
 
-#include "host/Status.h"
+#include "platform/FileWriting.h"
+#include "platform/QtRegularFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -30,7 +31,6 @@ SimulationPictures::~SimulationPictures()
 std::string SimulationPictures::Keep(const std::string& picture)
 {
     const QDir folder(m_folder);
-    QFile file(QString::fromStdString(picture));
     QString kept;
     int number = 0;
     do {
@@ -38,13 +38,11 @@ std::string SimulationPictures::Keep(const std::string& picture)
         kept = folder.filePath(
             QStringLiteral("~CVX%1-%2.jpg").arg(QCoreApplication::applicationPid()).arg(number));
     } while (QFileInfo::exists(kept));
-    if (!file.rename(kept)) {
-        throw CorvexMaterial::Error(
-            CorvexMaterial::Status::FileFailed,
-            QCoreApplication::translate("SimulationPictures", "%1 cannot be written: %2")
-                .arg(kept, file.errorString())
-                .toStdString());
-    }
+    // Temporary files are often on another disk: to move it would be to copy it, unchecked.
+    const QString made = QString::fromStdString(picture);
+    CorvexMaterial::WriteFile(kept.toStdString(), CorvexMaterial::ReadRegular(
+                                                      made, CorvexMaterial::kMostPictureFileBytes));
+    QFile::remove(made);
     return kept.toStdString();
 }
 

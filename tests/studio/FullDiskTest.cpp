@@ -7,6 +7,7 @@
 #include "studio/libraries/LastingPicture.h"
 #include "studio/libraries/MaterialDocument.h"
 #include "studio/raytrace/PictureFile.h"
+#include "studio/raytrace/SimulationPictures.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "tests/support/SampleFolder.h"
 
@@ -110,6 +111,16 @@ constexpr WriterRow kWriters[] = {
      [](const SampleFolder& folder, int version) {
          static_cast<void>(studio::StorePicture(QByteArray::number(version), "a.png",
                                                 folder.Path().toStdString()));
+     }},
+    {"simulation",
+     [](const SampleFolder& folder, int version) {
+         const QString made = folder.PathOf(QString::number(version));
+         if (version == 1) {
+             folder.Write("1", "picture");
+             folder.Write("2", "picture");
+         }
+         static_cast<void>(
+             studio::SimulationPictures(folder.PathOf("kept")).Keep(made.toStdString()));
      }},
     {"shipped library", Deliver},
     {"settings",

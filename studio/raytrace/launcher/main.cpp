@@ -4,6 +4,7 @@
 #include "platform/FileWriting.h"
 #include "platform/SearchPath.h"
 #include "platform/TemporaryFolder.h"
+#include "platform/TerminalText.h"
 #include "studio/raytrace/launcher/Aliases.h"
 #include "studio/raytrace/launcher/IniTranslation.h"
 #include "studio/raytrace/launcher/RaytracerRun.h"
@@ -98,7 +99,8 @@ int main(int argc, char** argv)
     try {
         return Run(ini);
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "corvex-povray: %s\n", error.what());
+        const std::string safe = CorvexMaterial::TerminalText(error.what());
+        std::fprintf(stderr, "corvex-povray: %s\n", safe.c_str());
         return kFailed;
     }
 }
