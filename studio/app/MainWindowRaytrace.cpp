@@ -54,11 +54,8 @@ void MainWindow::BuildRaytraceMenu(QMenu* menu)
 RaytraceScene MainWindow::SceneToRaytrace()
 {
     const studio::Frame frame = m_viewport->CurrentFrame();
-    m_scene.SetView({frame.camera, frame.background, frame.backdrop});
-    RaytraceScene scene = RaytraceSceneOf(m_scene, m_host.RaytraceData());
-    scene.frame.width = frame.width;
-    scene.frame.height = frame.height;
-    return scene;
+    m_scene.SetView({frame.camera, frame.background, frame.backdrop, {frame.width, frame.height}});
+    return RaytraceSceneOf(m_scene, m_host.RaytraceData());
 }
 
 void MainWindow::RenderScene()
@@ -84,7 +81,8 @@ void MainWindow::RenderScene()
         window->Start(program, scene, m_host.RaytraceData().textures,
                       m_host.State().AntialiasChoice());
         window->show();
-        m_misc->Show(EnvironmentNote(scene));
+        m_misc->Show(program.kind == CorvexDB::Raytracer::PovRay ? EnvironmentNote(scene)
+                                                                 : QString());
     } catch (const CorvexMaterial::Error& error) {
         delete window;
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);

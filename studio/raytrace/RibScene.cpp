@@ -9,6 +9,8 @@
 #include "studio/raytrace/TriangleList.h"
 #include "studio/render/TextureWrap.h"
 
+#include <set>
+
 namespace studio {
 namespace {
 
@@ -28,6 +30,26 @@ void WriteComments(TextStream& out, const RaytraceScene& scene,
                 i < scene.customFieldNames.size() ? scene.customFieldNames[i] : std::string();
             out << "# Field " << i + 1 << ' ' << CommentText(field) << " = "
                 << CommentText(material.CustomFields[i]) << '\n';
+        }
+    }
+}
+
+bool IsSeen(const FrameItem& item, RaytraceImages& images)
+{
+    return item.mesh != nullptr && !TrianglesWithArea(*item.mesh).empty() &&
+           !IsTestedAway(item, images);
+}
+
+/// Before the world: inside of it a renderer need not take these requests. Each image once.
+void WriteEnvironments(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
+                       RibTextures& textures)
+{
+    std::set<std::string> made;
+    for (const FrameItem& item : scene.frame.items) {
+        if (IsSeen(item, images)) {
+            const CorvexDB::udtMaterial& material = MaterialShown(item);
+            const SurfaceImages layers = SurfacePixelsOf(item, material, images);
+            WriteRibEnvironment(out, {material, layers, {}, scene.flat}, textures, made);
         }
     }
 }
@@ -57,13 +79,12 @@ void WriteRibScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& 
 {
     RibTextures textures(images);
     WriteRibHead(out, scene, picture);
+    WriteEnvironments(out, scene, images, textures);
     out << "WorldBegin\n";
     WriteRibLights(out, scene);
     WriteRibBackdrop(out, scene);
     for (std::size_t i = 0; i < scene.frame.items.size(); ++i) {
-        const FrameItem& item = scene.frame.items[i];
-        if (item.mesh != nullptr && !TrianglesWithArea(*item.mesh).empty() &&
-            !IsTestedAway(item, images)) {
+        if (IsSeen(scene.frame.items[i], images)) {
             WriteShape(out, scene, i, images, textures);
         }
     }

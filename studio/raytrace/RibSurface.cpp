@@ -132,7 +132,27 @@ void WriteShader(TextStream& out, const Look& look, std::string_view shader)
     }
 }
 
+/// As the renderer names what it makes of an image of the surroundings.
+std::string EnvironmentMapOf(const std::string& image)
+{
+    return image.substr(0, image.rfind('.')) + ".env";
+}
+
 }  // namespace
+
+void WriteRibEnvironment(TextStream& out, const RibSurface& surface, RibTextures& textures,
+                         std::set<std::string>& made)
+{
+    if (!LookOf(surface).mirrors) {
+        return;
+    }
+    const std::string image = textures.EnvironmentOf(surface.layers);
+    if (!made.insert(image).second) {
+        return;
+    }
+    out << "MakeLatLongEnvironment " << RibString(image) << ' '
+        << RibString(EnvironmentMapOf(image)) << " \"gaussian\" 2 2\n";
+}
 
 bool WriteRibSurface(TextStream& out, const RibSurface& surface, RibTextures& textures)
 {
@@ -146,7 +166,7 @@ bool WriteRibSurface(TextStream& out, const RibSurface& surface, RibTextures& te
     if (look.mirrors || look.painted) {
         const std::string image =
             look.mirrors
-                ? textures.EnvironmentOf(surface.layers)
+                ? EnvironmentMapOf(textures.EnvironmentOf(surface.layers))
                 : textures.TileOf(surface.layers, OverlayOpacityOf(surface.material), surface.crop);
         out << " \"string texturename\" [" << RibString(image) << ']';
     }

@@ -4,6 +4,9 @@
 #include "studio/raytrace/RibTextures.h"
 #include "studio/raytrace/TextStream.h"
 
+#include <set>
+#include <string>
+
 namespace studio {
 
 struct RibSurface {
@@ -12,6 +15,11 @@ struct RibSurface {
     QVector4D crop;     ///< of `WrapTerms`
     bool dull = false;  ///< a light straight ahead would shine everywhere on a flat sample
 };
+
+/// Has the renderer make its environment map of the image that the surface mirrors, if it does and
+/// the image is not among those made. Errors: FileFailed.
+void WriteRibEnvironment(TextStream& out, const RibSurface& surface, RibTextures& textures,
+                         std::set<std::string>& made);
 
 /// Colour, opacity and one of the standard surface shaders. Returns whether the shader puts a tile
 /// of `RibTextures` on the surface. Errors: FileFailed.

@@ -2,6 +2,8 @@
 
 #include "studio/render/MaterialModel.h"
 
+#include <QRgba64>
+
 #include <algorithm>
 #include <cmath>
 
@@ -82,25 +84,18 @@ private:
     std::array<float, 256> m_decoded;
 };
 
-/// Dark light has few steps in a byte: neighbours share the rest.
-float Threshold(int x, int y)
-{
-    constexpr std::array<std::array<float, 4>, 4> kSixteenths{
-        {{0, 8, 2, 10}, {12, 4, 14, 6}, {3, 11, 1, 9}, {15, 7, 13, 5}}};
-    return (kSixteenths[static_cast<std::size_t>(y & 3)][static_cast<std::size_t>(x & 3)] + 0.5F) /
-           16.0F;
-}
-
+/// Of two bytes a channel: dark light has few steps in one.
 QImage Picture(QSize size, const std::function<Texel(int x, int y)>& texelAt)
 {
-    QImage picture(size, QImage::Format_RGB888);
+    QImage picture(size, QImage::Format_RGBX64);
+    const auto part = [](float light) {
+        return static_cast<quint16>(std::clamp(light * 65535.0F + 0.5F, 0.0F, 65535.0F));
+    };
     for (int y = 0; y < size.height(); ++y) {
-        uchar* line = picture.scanLine(y);
+        auto* line = reinterpret_cast<QRgba64*>(picture.scanLine(y));
         for (int x = 0; x < size.width(); ++x) {
-            const Texel texel = texelAt(x, y);
-            for (const float light : texel.light) {
-                *line++ = static_cast<uchar>(std::min(light * 255.0F + Threshold(x, y), 255.0F));
-            }
+            const std::array<float, 3> light = texelAt(x, y).light;
+            line[x] = qRgba64(part(light[0]), part(light[1]), part(light[2]), 0xFFFF);
         }
     }
     return picture;

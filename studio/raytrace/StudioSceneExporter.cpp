@@ -85,11 +85,12 @@ std::shared_ptr<const Mesh> SquareMesh()
     return MakeMesh(std::move(vertices), {0, 1, 2, 0, 2, 3});
 }
 
+/// The height stays that of the view, which is what the job asks for.
 void Proportion(Frame& frame, float aspectRatio)
 {
     const float ratio = std::isfinite(aspectRatio) && aspectRatio > 0.0F ? aspectRatio : 1.0F;
-    frame.height = 4096;
-    frame.width = std::max(1, static_cast<int>(std::lround(4096.0F * ratio)));
+    const auto height = static_cast<float>(frame.height);
+    frame.width = std::max(1, static_cast<int>(std::lround(height * ratio)));
 }
 
 void AddTextures(const CorvexDB::udtMaterial& material, std::set<std::string>& files)
@@ -116,6 +117,10 @@ RaytraceScene RaytraceSceneOf(StudioScene& scene, const RaytraceSources& sources
     result.frame.camera = view.camera;
     result.frame.background = view.background;
     result.frame.backdrop = view.backdrop;
+    if (!view.size.isEmpty()) {
+        result.frame.width = view.size.width();
+        result.frame.height = view.size.height();
+    }
     scene.Fill(result.frame);
     if (sources.complete) {
         sources.complete(result.frame);
@@ -133,6 +138,8 @@ RaytraceScene FlatSampleOf(const RaytraceScene& scene)
 {
     RaytraceScene sample;
     sample.flat = true;
+    sample.frame.width = scene.frame.width;
+    sample.frame.height = scene.frame.height;
     FrameItem square;
     square.mesh = SquareMesh();
     if (!scene.frame.items.empty() && scene.frame.items.front().material) {

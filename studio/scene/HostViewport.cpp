@@ -96,7 +96,7 @@ void HostViewport::PrepareRaytracedPicture()
 {
     Prepare();
     const Frame frame = m_widget->CurrentFrame();
-    m_scene.SetView({frame.camera, frame.background, frame.backdrop});
+    m_scene.SetView({frame.camera, frame.background, frame.backdrop, {frame.width, frame.height}});
 }
 
 void HostViewport::ShowBitmap(const std::string& path)

@@ -5,6 +5,8 @@
 #include "studio/render/Mesh.h"
 #include "studio/scene/StudioShape.h"
 
+#include <QSize>
+
 #include <memory>
 #include <optional>
 #include <vector>
@@ -21,6 +23,7 @@ struct SceneView {
     Camera camera;
     CorvexMaterial::Colour background = Frame().background;
     Backdrop backdrop = Backdrop::Gradient;
+    QSize size = {};  ///< pixels; empty when nothing has shown the scene
 };
 
 /// Shapes in drawing order.

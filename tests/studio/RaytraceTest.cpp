@@ -221,6 +221,7 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
     script.write("#!/bin/sh\n"
                  "printf '%s ' \"$@\" >> \"$0.log\"\n"
                  "grep -q '^WorldEnd$' \"$4\" || exit 1\n"
+                 "grep -q \"^Format $2 $3 1$\" \"$4\" || echo 'ERROR: another size'\n"
                  "image=$(sed -n 's/.*\"string texturename\" .\"\\(.*\\)\".*/\\1/p' \"$4\")\n"
                  "[ -f \"$image\" ] || echo \"ERROR: there is no image $image\"\n"
                  "out=$(sed -n 's/^Display \"\\(.*\\)\" \"file\".*/\\1/p' \"$4\")\n"

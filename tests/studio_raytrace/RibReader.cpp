@@ -1,7 +1,5 @@
 #include "tests/studio_raytrace/RibReader.h"
 
-#include "tests/studio_raytrace/RibFacts.h"
-
 #include <algorithm>
 #include <cctype>
 #include <cmath>
@@ -151,15 +149,23 @@ const RibRequest* RibFile::Find(std::string_view name) const
     return found == requests.end() ? nullptr : &*found;
 }
 
+std::vector<const RibRequest*> RibFile::All(std::string_view name) const
+{
+    std::vector<const RibRequest*> all;
+    for (const RibRequest& request : requests) {
+        if (request.name == name) {
+            all.push_back(&request);
+        }
+    }
+    return all;
+}
+
 RibFile ReadRib(const std::string& text)
 {
     RibFile file;
     const Tokens tokens(text, file);
     if (!text.starts_with("##RenderMan RIB-Structure 1.1\n")) {
         file.faults.emplace_back("no header");
-    }
-    if (file.faults.empty()) {
-        CheckFacts(file);
     }
     return file;
 }

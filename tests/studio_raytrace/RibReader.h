@@ -31,11 +31,10 @@ struct RibFile {
     std::vector<std::string> faults;  ///< for a renderer that takes the plain interface only
 
     [[nodiscard]] const RibRequest* Find(std::string_view name) const;
+    [[nodiscard]] std::vector<const RibRequest*> All(std::string_view name) const;
 };
 
-/// Reads what a renderer would and looks for what the least of them would not take: unknown
-/// requests, shaders and parameters, lists that do not agree, names that cannot be found, blocks
-/// left open.
+/// Reads what a renderer would, as strictly as the least of them.
 [[nodiscard]] RibFile ReadRib(const std::string& text);
 
 }  // namespace StudioRaytraceTest
