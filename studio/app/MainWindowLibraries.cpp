@@ -1,6 +1,7 @@
 #include "studio/app/MainWindow.h"
 
 #include "studio/app/EventLog.h"
+#include "studio/app/PanelArea.h"
 #include "studio/app/PanelFill.h"
 #include "studio/app/StatusMessage.h"
 #include "studio/app/StudioApplicationState.h"
@@ -122,6 +123,9 @@ void MainWindow::OpenLibrary(const QString& file, LibraryKind kind)
     } else {
         Check(m_material->put_bTexturePanel(true), what);
         Check(m_material->LoadTextureLibrary(name), what);
+    }
+    for (LibraryBrowser* browser : m_host.Browsers().Of(kind)) {
+        m_area->ensureWidgetVisible(browser);
     }
 }
 
