@@ -196,23 +196,6 @@ TEST_F(Browser, LooksAtNoMoreOfALargeLibraryThanOfASmallOne)
     EXPECT_GT(lookups[0], 20);
 }
 
-TEST_F(Browser, RowsFitThePanelsHeightsAndShareTheWidth)
-{
-    Open(NumberedNames(40));
-    for (const int width : {60, 180, 240, 300, 511}) {
-        browser->resize(width, 136);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(Place(0).height(), 68);
-        int columns = 1;
-        while (Place(columns).top() == Place(0).top()) {
-            ++columns;
-        }
-        EXPECT_EQ(Place(columns).top() - Place(0).top(), 68);
-        EXPECT_LT(browser->width() - columns * Place(0).width(), columns + 2) << width;
-        EXPECT_EQ(Place(columns).left(), Place(0).left());
-    }
-}
-
 TEST_F(Browser, NameIsTypedInPlaceAndWantedOnce)
 {
     Open({"Ruby", "Gold"});

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -13,11 +14,14 @@ struct Outcome {
     QString errors;
 };
 
-Outcome Studio(const QStringList& arguments)
+Outcome Studio(const QStringList& arguments, const QTemporaryDir& configuration = {})
 {
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", configuration.path());
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(STUDIO_PROGRAM), arguments);
-    process.waitForFinished(60000);
+    process.waitForFinished(240000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
@@ -137,6 +141,29 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
     const Outcome unwritten = Studio({"render", "--primitive", "cube", "--out", nowhere});
     EXPECT_EQ(unwritten.exitCode, 1);
     EXPECT_TRUE(unwritten.errors.contains(nowhere));
+}
+
+TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)
+{
+    const QTemporaryDir pictures;
+    const QTemporaryDir configuration;
+    ASSERT_EQ(Studio({"--tour", pictures.path()}, configuration).exitCode, 0);
+    const QStringList names = QDir(pictures.path()).entryList({"*.png"});
+    EXPECT_GE(names.size(), 12);
+    for (const QString& name : names) {
+        EXPECT_FALSE(QImage(pictures.filePath(name)).isNull()) << name.toStdString();
+    }
+    const QImage large(pictures.filePath("21-at-200-per-cent.png"));
+    EXPECT_EQ(large.size(), QSize(2000, 1400));
+    EXPECT_FALSE(QDir(configuration.path()).exists("Corvex"));
+}
+
+TEST(Tour, AStepThatFailsEndsItWithOne)
+{
+    const QTemporaryDir pictures;
+    const QStringList tour{"--tour", pictures.path(), "--chapter"};
+    EXPECT_EQ(Studio(QStringList{"missing.obj"} + tour + QStringList{"large"}).exitCode, 1);
+    EXPECT_EQ(Studio(tour + QStringList{"none"}).exitCode, 1);
 }
 
 }  // namespace

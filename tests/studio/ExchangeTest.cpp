@@ -3,33 +3,19 @@
 #include "studio/app/MaterialExchange.h"
 #include "studio/libraries/SqliteMaterialLibrary.h"
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QFile>
-#include <QLabel>
-#include <QPushButton>
 #include <QTableView>
-
-#include <gtest/gtest.h>
 
 namespace {
 
-using StudioTest::StudioRig;
-
-class Exchange : public testing::Test {
+class Exchange : public StudioTest::StartedStudio {
 protected:
-    Exchange() { rig.Start(); }
-
     void OpenNewLibrary()
     {
         const std::string path = rig.PathOf("Own.cvm").toStdString();
         rig.Host().Materials().CreateLibrary(path);
         rig.Host().Materials().Open(path);
     }
-
     studio::LibraryFile& Library() { return *rig.Host().Materials().File(); }
-
-    StudioRig rig;
 };
 
 TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)

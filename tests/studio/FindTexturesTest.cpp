@@ -4,27 +4,18 @@
 #include "studio/app/TexturePaths.h"
 #include "textures/TextureLayers.h"
 
-#include <QAction>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QLabel>
-#include <QPushButton>
 #include <QTreeWidget>
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace {
 
 using CorvexDB::TextureFiles;
-using StudioTest::StudioRig;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class FindTextures : public testing::Test {
+class FindTextures : public StudioTest::StartedStudio {
 protected:
-    FindTextures() { rig.Start(); }
-
     std::string MakePicture(const QString& name)
     {
         return rig.files.Save("pictures/" + name, Qt::red).toStdString();
@@ -66,8 +57,6 @@ protected:
         auto& dialog = *rig.Window().findChild<studio::FindTexturesDialog*>();
         return *dialog.findChild<QDialogButtonBox*>()->button(button);
     }
-
-    StudioRig rig;
 };
 
 TEST_F(FindTextures, CollectsEachMissingPathOnceFromEveryLayer)

@@ -118,11 +118,15 @@ TEST(LateMessages, WaitForTheWindowAndThenComeAtOnce)
     EXPECT_EQ(shown.shown.size(), 2U);
 }
 
-TEST(RecentFiles, AreEachThereOnceWhateverTheirNames)
-{
+class OwnSettings : public testing::Test {
+protected:
     CorvexTest::CallLog log;
-    CorvexTest::RecordingStore store(log);
-    studio::StudioSettings settings(store, "Corvex");
+    CorvexTest::RecordingStore store{log};
+    studio::StudioSettings settings{store, "Corvex"};
+};
+
+TEST_F(OwnSettings, RecentFilesAreEachThereOnceWhateverTheirNames)
+{
     studio::RecentFiles recent(settings);
     for (const char* file : {"/a, b;c.obj", "/d.obj", "/a, b;c.obj"}) {
         recent.Add(QString::fromUtf8(file));
@@ -153,11 +157,8 @@ TEST(CustomFieldNames, TakeTheirValuesAlongWhenTheirLinesChange)
     }
 }
 
-TEST(CustomFieldNames, KeepTheirPlaces)
+TEST_F(OwnSettings, NamesOfCustomFieldsKeepTheirPlaces)
 {
-    CorvexTest::CallLog log;
-    CorvexTest::RecordingStore store(log);
-    studio::StudioSettings settings(store, "Corvex");
     studio::OptionsDialog first(settings, nullptr);
     first.findChild<QPlainTextEdit*>("customFields")->setPlainText("\nSupplier");
     first.Store();

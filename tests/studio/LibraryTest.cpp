@@ -7,27 +7,20 @@
 #include "tests/studio/StudioRig.h"
 #include "tests/support/SampleFolder.h"
 
-#include <QDockWidget>
-#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
-#include <QTest>
 #include <QUrl>
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using studio::LibraryFile;
 using studio::LibraryKind;
 using studio::LibraryView;
-using StudioTest::StudioRig;
 
-class Library : public testing::Test {
+class Library : public StudioTest::StartedStudio {
 protected:
     Library()
     {
-        rig.Start();
         rig.Window().resize(1000, 1200);  // all of the panel is in sight
         rig.Window().Panel().put_bMaterialLibraryPanel(true);
         rig.Window().Panel().put_bTexturePanel(true);
@@ -42,7 +35,6 @@ protected:
         }
         return *file;
     }
-    QUndoStack& History() { return rig.Window().History(); }
     LibraryView& View() { return rig.Find<LibraryView>("materialEntries"); }
     std::vector<std::string> Names()
     {
@@ -64,24 +56,11 @@ protected:
         const QPoint place = View().visualRect(View().model()->index(row, 0)).center();
         QTest::mouseClick(View().viewport(), Qt::LeftButton, {}, place);
     }
-    /// After these the control has read its saved state again.
-    void ChooseLayouts()
-    {
-        for (const char* title : {"Fill the Dock", "Saved Layout"}) {
-            for (QAction* action : rig.Window().findChildren<QAction*>()) {
-                if (action->text().remove('&') == title) {
-                    action->trigger();
-                }
-            }
-        }
-    }
     bool DropInTheMiddle(const QMimeData& data)
     {
         QWidget& viewport = rig.Window().Viewport();
         return CorvexTest::Drop(viewport, data, viewport.rect().center());
     }
-
-    StudioRig rig;
 };
 
 TEST_F(Library, FirstStartHasLibrariesAndTellsNothing)
@@ -160,7 +139,8 @@ TEST_F(Library, MissingOneLeavesNothingOpenBehindAnEmptyPanel)
     EXPECT_EQ(rig.Host().Browsers().Open(LibraryKind::Materials), nullptr);
     EXPECT_TRUE(Names().empty());
     EXPECT_EQ(rig.Find<QLabel>("miscField").text(), "Lost.cvm was not opened.");
-    ChooseLayouts();
+    rig.Trigger("Fill the Dock");
+    rig.Trigger("Saved Layout");  // the control reads its saved state again
     EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").placeholderText(), "Lost.cvm");
     EXPECT_EQ(rig.Host().Browsers().Open(LibraryKind::Materials), nullptr);
 }

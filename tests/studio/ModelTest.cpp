@@ -1,19 +1,13 @@
 #include "tests/studio/StudioRig.h"
 
-#include <QSignalSpy>
-
-#include <gtest/gtest.h>
-
 namespace {
 
-using StudioTest::StudioRig;
+using OpeningAModel = StudioTest::StartedStudio;
 
 const QString kStillLife = QStringLiteral(MODEL_FOLDER "/still-life.obj");
 
-TEST(OpeningAModel, ReplacesSceneSelectionAndHistory)
+TEST_F(OpeningAModel, ReplacesSceneSelectionAndHistory)
 {
-    StudioRig rig;
-    rig.Start();
     rig.Select({0});
     rig.Choose("cboColor", "Bronze");
     rig.Open(kStillLife);
@@ -28,10 +22,8 @@ TEST(OpeningAModel, ReplacesSceneSelectionAndHistory)
     EXPECT_EQ(rig.Host().Get().applicationState.ScenePath(), "");
 }
 
-TEST(OpeningAModel, ABadOneIsNamedAndEverythingStays)
+TEST_F(OpeningAModel, ABadOneIsNamedAndEverythingStays)
 {
-    StudioRig rig;
-    rig.Start();
     rig.files.Write("empty.ply", "");
     rig.files.Write("garbage.gltf", "{\"asset\": 7, \"scenes\": [[[[");
     rig.files.Write("words.xyz", "this is no model");
@@ -55,20 +47,16 @@ TEST(OpeningAModel, ABadOneIsNamedAndEverythingStays)
     EXPECT_EQ(rig.Window().Scene().All().size(), 5U);
 }
 
-TEST(OpeningAModel, TheLastOfTwoRequestsWins)
+TEST_F(OpeningAModel, TheLastOfTwoRequestsWins)
 {
-    StudioRig rig;
-    rig.Start();
     rig.Window().OpenModel(rig.PathOf("first.obj"));
     rig.Open(kStillLife);
     EXPECT_TRUE(rig.prompts.shown.empty());
     EXPECT_EQ(rig.Window().Scene().All().size(), 5U);
 }
 
-TEST(OpeningAModel, ADroppedFileOpensAndIsRememberedAsRecent)
+TEST_F(OpeningAModel, ADroppedFileOpensAndIsRememberedAsRecent)
 {
-    StudioRig rig;
-    rig.Start();
     QSignalSpy opened(&rig.Window(), &studio::MainWindow::SceneOpened);
     EXPECT_TRUE(CorvexTest::DropFile(rig.Window(), kStillLife, {20, 20}));
     ASSERT_TRUE(opened.wait(30000));

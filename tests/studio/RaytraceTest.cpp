@@ -8,15 +8,7 @@
 #include "tests/studio/StudioRig.h"
 
 #include <QAbstractButton>
-#include <QAction>
-#include <QDialog>
-#include <QDir>
-#include <QLabel>
 #include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <set>
 
@@ -228,11 +220,7 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
                  "cp \"${0%/*}/green.tif\" \"$out\"\n");
     script.close();
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-    for (QAction* action : rig.Window().findChildren<QAction*>()) {
-        if (action->text() == "&Options...") {
-            action->trigger();
-        }
-    }
+    rig.Trigger("Options...");
     rig.Find<QComboBox>("raytracer").setCurrentIndex(1);
     rig.Find<QLineEdit>("renderManProgram").setText(renderer);
     rig.Find<QDialog>("OptionsDialog").accept();

@@ -3,13 +3,9 @@
 #include "tests/studio/StudioRig.h"
 #include "tests/support/CommaLocale.h"
 
-#include <QCheckBox>
-#include <QDockWidget>
 #include <QFileDialog>
 #include <QScreen>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 

@@ -1,9 +1,6 @@
 #include "tests/studio/StudioRig.h"
 
-#include <QAction>
-#include <QSignalSpy>
 #include <QTabBar>
-#include <QTest>
 
 namespace StudioTest {
 

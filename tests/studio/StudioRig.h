@@ -7,8 +7,21 @@
 #include "tests/support/RecordingPlatform.h"
 #include "tests/support/SampleFolder.h"
 
+#include <QAction>
+#include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QDockWidget>
+#include <QFile>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
 
 #include <chrono>
 #include <memory>
@@ -68,6 +81,16 @@ private:
     std::unique_ptr<CorvexMaterial::Platform> m_platform;
     std::unique_ptr<studio::StudioHost> m_host;
     std::unique_ptr<studio::MainWindow> m_window;
+};
+
+/// A studio that has been started.
+class StartedStudio : public testing::Test {
+protected:
+    StartedStudio() { rig.Start(); }
+
+    QUndoStack& History() { return rig.Window().History(); }
+
+    StudioRig rig;
 };
 
 }  // namespace StudioTest
