@@ -1,16 +1,13 @@
 #pragma once
 
-#include "host/MaterialRecord.h"
+#include "studio/libraries/MaterialText.h"
 
 #include <QStringList>
-
-#include <array>
-#include <cstddef>
 
 namespace studio {
 
 /// From which line the value of each line comes; a permutation, so that no value is lost.
-using FieldMoves = std::array<std::size_t, CorvexDB::kCustomFieldCount>;
+using FieldMoves = FieldPlaces;
 
 inline constexpr FieldMoves kNoFieldMoves{0, 1, 2, 3, 4, 5};
 

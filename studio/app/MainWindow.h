@@ -127,6 +127,7 @@ private:
     void Frame(StudioScene& scene);
     void ShowOptions();
     void ApplyFieldNames(const FieldMoves& moves);
+    void MoveFieldValues(const FieldMoves& moves);
     void ShowAbout();
     void RestoreWarnings();
     void Tell(const QString& text, CorvexMaterial::PromptIcon icon);

@@ -9,6 +9,8 @@
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioIcon.h"
 #include "studio/app/StudioSettings.h"
+#include "studio/browser/LibraryBrowsers.h"
+#include "studio/libraries/MaterialText.h"
 
 #include <QDockWidget>
 #include <QFileInfo>
@@ -155,15 +157,29 @@ void MainWindow::ApplyFieldNames(const FieldMoves& moves)
     if (auto* fields = m_material->findChild<CorvexMaterial::CustomFieldsPanel*>()) {
         fields->ShowNames(m_host.Get().customFields.GetCustomMaterialFieldNames());
     }
-    if (moves == kNoFieldMoves) {
-        return;
+    if (moves != kNoFieldMoves) {
+        MoveFieldValues(moves);
     }
+}
+
+void MainWindow::MoveFieldValues(const FieldMoves& moves)
+{
     if (const CorvexDB::udtMaterial* shown = m_link->ShownMaterial(); shown != nullptr) {
         CorvexDB::udtMaterial moved = *shown;
         MoveFields(moved, moves);
         m_link->WithoutApplying([&] {
             Check(m_material->CopyFieldToFormMaterial(moved), tr("The values were not moved"));
         });
+    }
+    try {
+        if (LibraryFile* library = m_host.Browsers().Open(LibraryKind::Materials)) {
+            const FieldNames names = m_host.Get().customFields.GetCustomMaterialFieldNames();
+            library->EditContents([&moves, &names](const std::string& json) {
+                return WithMovedFields(json, moves, names);
+            });
+        }
+    } catch (const CorvexMaterial::Error& error) {
+        Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
     }
     m_link->Make(ChangesBy(
         [&moves](CorvexDB::udtMaterial& material) { MoveFields(material, moves); }, m_scene.All()));

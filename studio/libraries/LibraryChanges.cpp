@@ -86,6 +86,29 @@ void LibraryFile::SetThumbnails(std::span<const EntryPicture> pictures)
     });
 }
 
+void LibraryFile::EditContents(const ContentEdit& edit)
+{
+    Change([&] {
+        std::vector<std::pair<EntryId, EntryContent>> edited;
+        Statement rows = m_database.Use("SELECT entry, json FROM contents ORDER BY entry");
+        while (rows.Step()) {
+            if (auto content = edit(std::string(rows.Text(1)))) {
+                edited.emplace_back(rows.Integer(0), std::move(*content));
+            }
+        }
+        for (const auto& [id, content] : edited) {
+            m_database.Use("UPDATE contents SET json = ?2 WHERE entry = ?1")
+                .Bind(1, id)
+                .Bind(2, content.json)
+                .Run();
+            m_database.Use("UPDATE entries SET fields = ?2 WHERE id = ?1")
+                .Bind(1, id)
+                .Bind(2, content.fields)
+                .Run();
+        }
+    });
+}
+
 void LibraryFile::Remove(std::span<const EntryId> ids)
 {
     Change([&] {

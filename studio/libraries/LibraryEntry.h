@@ -18,6 +18,12 @@ struct NewEntry {
     SearchValues search;
 };
 
+/// What an edit makes of an entry.
+struct EntryContent {
+    std::string json;
+    std::string fields;  ///< see TextProperty::Fields
+};
+
 struct EntryPicture {
     EntryId id = 0;
     std::string png;

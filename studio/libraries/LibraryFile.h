@@ -4,6 +4,7 @@
 #include "studio/libraries/LibraryEntry.h"
 #include "studio/libraries/LibrarySchema.h"
 
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -59,6 +60,11 @@ public:
     void Rename(EntryId id, const std::string& name);
     /// All in one change.
     void SetThumbnails(std::span<const EntryPicture> pictures);
+
+    /// Of every entry, those in the trash too, all in one change. Nothing for one that stays as it
+    /// is.
+    using ContentEdit = std::function<std::optional<EntryContent>(const std::string& json)>;
+    void EditContents(const ContentEdit& edit);
 
     /// Into the trash, which is in the file too. Entries that are there already stay there.
     void Remove(std::span<const EntryId> ids);

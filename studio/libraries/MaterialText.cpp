@@ -20,6 +20,7 @@ constexpr qsizetype kMostPluginParameters = 10;
 
 using Raytrace = CorvexDB::cdtRayTraceMaterialAttributes;
 using Material = CorvexDB::udtMaterial;
+using CustomFields = std::array<std::string, CorvexDB::kCustomFieldCount>;
 
 QJsonObject JsonOfTextures(const CorvexDB::TextureFiles& files, const std::string& folder)
 {
@@ -100,11 +101,11 @@ QJsonObject JsonObjectIn(std::string_view json)
     return document.object();
 }
 
-std::string FieldLines(const Material& material, const FieldNames& names)
+std::string FieldLines(const CustomFields& values, const FieldNames& names)
 {
     std::string lines;
-    for (std::size_t i = 0; i < material.CustomFields.size(); ++i) {
-        if (const std::string& value = material.CustomFields.at(i); !value.empty()) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        if (const std::string& value = values.at(i); !value.empty()) {
             lines += FieldLine(std::to_string(i + 1), value);
             lines += i < names.size() && !names[i].empty() ? FieldLine(names[i], value) : "";
         }
@@ -147,7 +148,7 @@ SearchValues SearchValuesOf(const Material& material, const std::string& folder,
     search[NumberProperty::AlphaTest] = material.AlphaTest;
     search[NumberProperty::Raytraced] = IsRaytraced(material.RayTrace) ? 1 : 0;
     search[TextProperty::Plugin] = Folded(material.Plugin);
-    search[TextProperty::Fields] = FieldLines(material, names);
+    search[TextProperty::Fields] = FieldLines(material.CustomFields, names);
     DescribeFiles(search, material.Textures, folder);
     return search;
 }
@@ -178,6 +179,24 @@ MaterialReading MaterialOfJson(std::string_view json, const std::string& folder)
     ReadPluginParameters(material.PluginParameters, reader);
     ReadCustomFields(material, reader);
     return reading;
+}
+
+std::optional<EntryContent> WithMovedFields(std::string_view json, const FieldPlaces& from,
+                                            const FieldNames& fieldNames)
+{
+    QJsonObject object =
+        QJsonDocument::fromJson(QByteArray(json.data(), std::ssize(json))).object();
+    const QJsonArray before = object[kCustomFields].toArray();
+    CustomFields values;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values.at(i) = before.at(static_cast<qsizetype>(from.at(i))).toString().toStdString();
+    }
+    if (values == CustomFields()) {
+        return std::nullopt;
+    }
+    object[kCustomFields] = JsonArrayOf(values);
+    return EntryContent{QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString(),
+                        FieldLines(values, fieldNames)};
 }
 
 NewEntry EntryOfMaterial(const NamedMaterial& named, const std::string& folder,

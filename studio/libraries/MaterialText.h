@@ -3,6 +3,9 @@
 #include "host/MaterialRecord.h"
 #include "studio/libraries/LibraryEntry.h"
 
+#include <array>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +34,12 @@ struct MaterialReading {
 
 /// Names of the custom fields as the user set them up, element n for field n; may be shorter.
 using FieldNames = std::vector<std::string>;
+
+/// What becomes of a material whose custom fields are moved, value n coming from place `from[n]`.
+/// Nothing when it has no values, or cannot be read.
+using FieldPlaces = std::array<std::size_t, CorvexDB::kCustomFieldCount>;
+[[nodiscard]] std::optional<EntryContent>
+WithMovedFields(std::string_view json, const FieldPlaces& from, const FieldNames& fieldNames);
 
 /// Ready to be added to the library in this folder.
 [[nodiscard]] NewEntry EntryOfMaterial(const NamedMaterial& named, const std::string& folder,

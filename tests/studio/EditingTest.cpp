@@ -1,23 +1,16 @@
 #include "tests/studio/StudioRig.h"
 
 #include "material/NamedColours.h"
+#include "studio/libraries/SqliteMaterialLibrary.h"
 
-#include <QLabel>
 #include <QPlainTextEdit>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using studio::AppliedMaterial;
-using StudioTest::StudioRig;
 
-class Editing : public testing::Test {
+class Editing : public StudioTest::StartedStudio {
 protected:
-    Editing() { rig.Start(); }
-
-    QUndoStack& History() { return rig.Window().History(); }
     std::vector<CorvexDB::udtMaterial> Materials()
     {
         std::vector<CorvexDB::udtMaterial> materials;
@@ -26,8 +19,6 @@ protected:
         }
         return materials;
     }
-
-    StudioRig rig;
 };
 
 TEST_F(Editing, SelectingShowsEachMaterialAndChangesNone)
@@ -226,9 +217,12 @@ TEST_F(Editing, NamesOfCustomFieldsAreShownAtOnceAndTakeTheValuesAlong)
     name("Maker\nPrice", true);
     rig.Select({0});
     rig.Type("txtCustomMaterialFieldValue_0", "Stone & Co");
+    rig.Window().Panel().put_bMaterialLibraryPanel(true);
+    rig.Press("cmdMaterialLibraryAdd");
     rig.Select({});
     name("Price\nMaker", true);
     EXPECT_EQ(fields()[1], "Stone & Co");
+    EXPECT_EQ(rig.Host().Materials().MaterialAt(0).CustomFields, fields());
     EXPECT_EQ(rig.TextOf("txtCustomMaterialFieldValue_1"), "Stone & Co");
     EXPECT_EQ(rig.Find<QLabel>("lblCustomMaterialFieldName_1").text(), "Maker");
     name("Maker\nPrice", false);
