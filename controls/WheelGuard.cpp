@@ -8,6 +8,15 @@ namespace CorvexMaterial {
 
 namespace {
 
+/// The wheel must not bring the focus either, which would let it through.
+void Guard(QWidget& widget, QObject& filter)
+{
+    widget.installEventFilter(&filter);
+    if (widget.focusPolicy() == Qt::WheelFocus) {
+        widget.setFocusPolicy(Qt::StrongFocus);
+    }
+}
+
 class WheelFilter : public QObject {
 public:
     using QObject::QObject;
@@ -29,10 +38,10 @@ void GuardWheel(QWidget& panel)
 {
     auto* filter = new WheelFilter(&panel);
     for (QComboBox* list : panel.findChildren<QComboBox*>()) {
-        list->installEventFilter(filter);
+        Guard(*list, *filter);
     }
     for (QAbstractSlider* slider : panel.findChildren<QAbstractSlider*>()) {
-        slider->installEventFilter(filter);
+        Guard(*slider, *filter);
     }
 }
 

@@ -125,7 +125,10 @@ void MainWindow::OpenLibrary(const QString& file, LibraryKind kind)
         Check(m_material->LoadTextureLibrary(name), what);
     }
     for (LibraryBrowser* browser : m_host.Browsers().Of(kind)) {
-        m_area->ensureWidgetVisible(browser);
+        // Once the panel has its place for it.
+        QMetaObject::invokeMethod(
+            browser, [this, browser] { m_area->ensureWidgetVisible(browser); },
+            Qt::QueuedConnection);
     }
 }
 

@@ -263,6 +263,7 @@ TEST_F(Library, CopiedIntoTheFolderIsInTheListWhenItIsOpened)
     CorvexTest::Click(list);
     EXPECT_GE(list.findText("Copied.cvm"), 0);
     EXPECT_EQ(list.currentText(), "Gems.cvm");
+    EXPECT_NE(list.focusPolicy(), Qt::WheelFocus) << "the wheel passes it by";
     list.hidePopup();
 }
 
