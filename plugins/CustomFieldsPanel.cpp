@@ -1,12 +1,12 @@
 #include "plugins/CustomFieldsPanel.h"
 
 #include "controls/ElidedLabel.h"
+#include "controls/PlainText.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QTextDocument>
 
 #include <algorithm>
 #include <limits>
@@ -72,9 +72,7 @@ void CustomFieldsPanel::ShowNames(const std::vector<std::string>& names)
         const bool isDefined = i < names.size() && !names[i].empty();
         const QString name = isDefined ? QString::fromStdString(names[i]) : tr("Custom");
         m_names[i]->setText(name);
-        // Whatever a name looks like, it is no markup.
-        m_names[i]->setToolTip(isDefined ? Qt::convertFromPlainText(name, Qt::WhiteSpaceNormal)
-                                         : QString());
+        m_names[i]->setToolTip(isDefined ? PlainTip(name) : QString());
         m_values[i]->setAccessibleName(name);
         m_names[i]->setVisible(isDefined);
         m_values[i]->setVisible(isDefined);

@@ -1,5 +1,6 @@
 #include "plugins/PluginPanel.h"
 
+#include "controls/PlainText.h"
 #include "controls/Twips.h"
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
@@ -12,7 +13,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QTextDocument>
 
 #include <algorithm>
 
@@ -159,8 +159,7 @@ void PluginPanel::ShowEntry(int position, std::optional<Missing> missing)
     m_shownPosition = position;
     const QString name = m_missing ? QString::fromStdString(m_missing->name) : QString();
     m_list->setPlaceholderText(name);
-    m_list->setToolTip(m_missing ? Qt::convertFromPlainText(name, Qt::WhiteSpaceNormal)
-                                 : QString());
+    m_list->setToolTip(PlainTip(name));
     m_list->setCurrentIndex(m_missing ? -1 : position);
     m_note->setVisible(m_missing.has_value());
 }
