@@ -6,9 +6,12 @@
 #include "studio/images/TextureCache.h"
 #include "studio/libraries/LibraryFile.h"
 #include "studio/libraries/LibraryReading.h"
+#include "studio/libraries/NamedMaterials.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/render/RenderService.h"
+#include "studio/scene/DefaultScene.h"
 #include "studio/scene/ParametricMesh.h"
+#include "studio/scene/StudioScene.h"
 
 #include <QCommandLineParser>
 #include <QDir>
@@ -44,6 +47,15 @@ studio::RaytraceScene SphereOf(const CorvexDB::udtMaterial& material)
     return scene;
 }
 
+/// What the studio starts with.
+studio::RaytraceScene DefaultScene(const std::string& library)
+{
+    studio::StudioScene scene;
+    scene.SetShapes(studio::DefaultShapes(studio::NamedMaterialsOf(library)));
+    scene.SetView({studio::DefaultCamera(), 0x5A504A, studio::Backdrop::Gradient, {900, 600}});
+    return studio::RaytraceSceneOf(scene, {});
+}
+
 double ChildSeconds()
 {
     rusage usage{};
@@ -74,9 +86,8 @@ public:
         });
     }
 
-    Row Measured(const QString& name, const CorvexDB::udtMaterial& material)
+    Row Measured(const QString& name, const studio::RaytraceScene& scene)
     {
-        const studio::RaytraceScene scene = SphereOf(material);
         const QString base = QString(name).remove(QRegularExpression("[^A-Za-z]"));
         const QString file = QDir(m_folder).filePath(base + ".pov");
         const auto textures = [this](const std::string& path) {
@@ -86,8 +97,10 @@ public:
         const double before = ChildSeconds();
         const QString picture = QDir(m_folder).filePath(base + ".png");
         QFile::remove(picture);
-        m_povray.start("povray", {"+I" + base + ".pov", "+O" + base + ".png", "+FN", "+W256",
-                                  "+H256", "+Q11", "+A0.1", "+R2", "-D", "+WT1"});
+        m_povray.start("povray", {"+I" + base + ".pov", "+O" + base + ".png", "+FN",
+                                  QString("+W%1").arg(scene.frame.width),
+                                  QString("+H%1").arg(scene.frame.height), "+Q11", "+A0.1", "+R2",
+                                  "-D", "+WT1"});
         m_povray.waitForFinished(-1);
         const bool ended = m_povray.exitStatus() == QProcess::NormalExit;
         return {name, m_rendering.DrawNow(studio::Frame(scene.frame)),
@@ -145,7 +158,7 @@ int main(int argc, char** argv)
         if (!name.contains(QRegularExpression(options.value(named)))) {
             continue;
         }
-        rows.push_back(bench.Measured(name, studio::ReadMaterial(library, i).material));
+        rows.push_back(bench.Measured(name, SphereOf(studio::ReadMaterial(library, i).material)));
         std::printf("%-22s %6.2f s%s\n", rows.back().name.toUtf8().constData(), rows.back().seconds,
                     rows.back().raytraced.isNull() ? ", not finished" : "");
         std::fflush(stdout);
@@ -154,6 +167,11 @@ int main(int argc, char** argv)
         return static_cast<int>(std::count_if(
             rows.begin(), rows.end(), [&](const Row& row) { return row.seconds > seconds; }));
     };
+    if (!options.isSet(named)) {
+        const Row scene = bench.Measured("Default scene", DefaultScene(file.toStdString()));
+        std::printf("%s at 900 x 600: %.2f s%s\n", scene.name.toUtf8().constData(), scene.seconds,
+                    scene.raytraced.isNull() ? ", not finished" : "");
+    }
     std::printf("processor time at %d x %d: %d of %zu materials over 1 s, %d over 5 s\n", kSide,
                 kSide, over(1.0), rows.size(), over(5.0));
     return options.isSet(sheet) && !Sheet(rows).save(options.value(sheet)) ? 1 : 0;

@@ -66,11 +66,12 @@ private:
     std::vector<float> m_perLength;
 };
 
+constexpr float kPi = 3.1415927F;
+
 /// The area of one image in the mesh's units, on a surface around the middle or the axis there.
 std::string ImageAreaText(const WrapTerms& wrap)
 {
     const WrapPlace place(wrap.wrapFromMesh);
-    constexpr float kPi = 3.1415927F;
     return wrap.kind == CoordinateKind::Spherical
                ? NumberText(2.0F * kPi * kPi * place.Volume()) + '*' + place.Length({0, 2}, 0.0F) +
                      '*' + place.Length({0, 1, 2}, 1.0F)
@@ -82,6 +83,7 @@ std::string ImageAreaText(const WrapTerms& wrap)
 void WriteWrappedHeights(TextStream& out, const SurfaceDraft& surface, const RaytraceImage& heights,
                          float height)
 {
+    const WrapTerms& wrap = surface.placement.wrap;
     const QVector3D box = surface.item.mesh->bounds.maximum - surface.item.mesh->bounds.minimum;
     const float longest = std::max({box.x(), box.y(), box.z(), 1.0e-6F});
     // A pattern counts from 0 to 1: lengths of images are parts of one that is surely longer.
@@ -90,12 +92,15 @@ void WriteWrappedHeights(TextStream& out, const SurfaceDraft& surface, const Ray
     WriteHeightMap(out, "image_map", heights);
     out << " }";
     WritePlacement(out, surface.placement);
+    // Slopes over less than this part of the shape would show the steps of the shades.
+    constexpr float kShortest = 0.006F;
+    const float texels =
+        static_cast<float>(heights.size.width()) * std::max(std::abs(wrap.crop.z()), 1.0e-3F);
     // POV-Ray tilts a normal by 2/15 of a pattern's slope.
     out << " } }\n#declare " << surface.name << "_normal = normal { function { 0.5+("
-        << surface.name << "_heights(x,y,z).red-0.5)*min(1,sqrt("
-        << ImageAreaText(surface.placement.wrap) << ")/" << longestImage << ") } "
-        << 7.5F * height * longestImage << " no_bump_scale accuracy "
-        << longest / static_cast<float>(heights.size.width());
+        << surface.name << "_heights(x,y,z).red-0.5)*min(1,sqrt(" << ImageAreaText(wrap) << ")/"
+        << longestImage << ") } " << 7.5F * height * longestImage << " no_bump_scale accuracy "
+        << longest * std::max(1.0F / texels, kShortest);
 }
 
 void WriteNormalPattern(TextStream& out, const SurfaceDraft& surface, const PovRayPattern& pattern)
