@@ -1,5 +1,7 @@
 #include "raytrace/RenderProgress.h"
 
+#include "platform/TerminalText.h"
+
 #include <algorithm>
 #include <cctype>
 #include <charconv>
@@ -87,9 +89,9 @@ void RenderProgress::TakeLine()
         m_percent = percent;
     } else if (!m_line.empty()) {
         if (m_error.empty() && SaysError(m_line)) {
-            m_error = m_line;
+            m_error = TerminalText(m_line);
         }
-        m_messages.append(m_line).push_back('\n');
+        m_messages.append(TerminalText(m_line)).push_back('\n');
         if (m_messages.size() > kMostMessages) {
             m_messages.erase(0, m_messages.find('\n', m_messages.size() - kMostMessages) + 1);
         }
@@ -100,7 +102,7 @@ void RenderProgress::TakeLine()
 std::string RenderProgress::Messages() const
 {
     const bool dropped = m_messages.find(m_error) == std::string::npos;
-    return (dropped ? m_error + "\n...\n" : std::string()) + m_messages + m_line;
+    return (dropped ? m_error + "\n...\n" : std::string()) + m_messages + TerminalText(m_line);
 }
 
 }  // namespace CorvexMaterial

@@ -14,8 +14,8 @@ public:
 
     /// Of the last line "Rendered N of M pixels (P%)", 0 to 100.
     [[nodiscard]] std::optional<int> Percent() const { return m_percent; }
-    /// The last lines that are no progress, to explain a failure; the unfinished line included. The
-    /// first line that says ERROR or SEVERE is always among them.
+    /// The last lines that are no progress, to explain a failure, safe to be shown; the
+    /// unfinished line included. The first line that says ERROR or SEVERE is always among them.
     [[nodiscard]] std::string Messages() const;
 
 private:

@@ -3,16 +3,17 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/Trap.h"
 #include "platform/TemporaryFolder.h"
+#include "raytrace/JobEnd.h"
 #include "raytrace/PovRayJob.h"
 #include "raytrace/PreviewTarget.h"
 #include "raytrace/RaytraceMessages.h"
 #include "raytrace/RenderManJob.h"
-#include "raytrace/RenderProgress.h"
 #include "raytrace/TextureRules.h"
 #include "raytrace/WorkingFolder.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QImageReader>
 
 namespace CorvexMaterial {
 
@@ -20,13 +21,6 @@ namespace {
 
 /// What every scene's exporter is given beside the aspect ratio.
 constexpr float kExportConstant = 0.1F;
-
-void RefuseErrors(const std::string& messages)
-{
-    if (const std::string_view line = ErrorLineIn(messages); !line.empty()) {
-        throw Error(Status::Failed, "it printed \"" + std::string(line) + '"');
-    }
-}
 
 /// A scene may name its picture without a folder; it is then where the renderer has worked.
 void MoveTo(const std::string& bitmap, const std::string& workingFolder)
@@ -36,6 +30,16 @@ void MoveTo(const std::string& bitmap, const std::string& workingFolder)
     if (made.exists() && !made.rename(wanted)) {
         throw Error(Status::FileFailed, bitmap + ": " + made.errorString().toStdString());
     }
+}
+
+/// Nothing for what is no picture; whoever reads it says so.
+std::optional<CorvexViewport::PixelSize> SizeOf(const std::string& bitmap)
+{
+    QImageReader reader(QString::fromStdString(bitmap));
+    reader.setDecideFormatFromContent(true);
+    const QSize size = reader.size();
+    return size.isValid() ? std::optional(CorvexViewport::PixelSize{size.width(), size.height()})
+                          : std::nullopt;
 }
 
 /// Lets the host clean up after its export, whatever comes of the job.
@@ -127,20 +131,19 @@ RaytraceOutcome modRaytrace::Run(CorvexDB::Raytracer raytracer, const RaytraceJo
     try {
         // The image of an earlier job must never pass for this one's.
         m_platform.temporaryFiles.Remove(bitmap);
-        const auto exitCode = StartAndWait(job, commandLine, bitmap);
-        if (!exitCode) {
+        JobEnd end;
+        end.raytracer = raytracer;
+        end.wanted = job.size;
+        end.folder = m_platform.temporaryFiles.Folder();
+        if (!StartAndWait(job, commandLine, bitmap, end)) {
             return RaytraceOutcome::Abandoned;
         }
-        if (*exitCode != 0) {
-            throw Error(Status::Failed, "exit code " + std::to_string(*exitCode));
-        }
         MoveTo(bitmap, commandLine.workingFolder);
-        // POV-Ray's exit code can be relied on.
-        if (raytracer == CorvexDB::Raytracer::RenderMan && job.target != nullptr) {
-            RefuseErrors(job.target->Messages());
+        if (m_platform.temporaryFiles.HasContent(bitmap)) {
+            end.picture = SizeOf(bitmap).value_or(job.size);
         }
-        if (!m_platform.temporaryFiles.HasContent(bitmap)) {
-            throw Error(Status::FileFailed, "no image was written");
+        if (const std::string failure = FailureOf(end); !failure.empty()) {
+            throw Error(Status::Failed, failure);
         }
         return RaytraceOutcome::Rendered;
     } catch (...) {
@@ -149,20 +152,19 @@ RaytraceOutcome modRaytrace::Run(CorvexDB::Raytracer raytracer, const RaytraceJo
     }
 }
 
-std::optional<std::int32_t> modRaytrace::StartAndWait(const RaytraceJob& job,
-                                                      const CorvexDB::CommandLine& commandLine,
-                                                      const std::string& bitmap)
+bool modRaytrace::StartAndWait(const RaytraceJob& job, const CorvexDB::CommandLine& commandLine,
+                               const std::string& bitmap, JobEnd& end)
 {
     if (job.target == nullptr) {
-        return m_host.raytrace.StartAndWait(commandLine);
+        end.exitCode = m_host.raytrace.StartAndWait(commandLine);
+        return true;
     }
     ShellStatus status = ShellStatus::Ended;
-    const std::int32_t exitCode = job.target->ShellWaitUpdatePreview(
-        commandLine, bitmap, status, job.size.width, job.size.height, true, 0);
-    if (status == ShellStatus::Crashed) {
-        throw Error(Status::Failed, "the program crashed");
-    }
-    return status == ShellStatus::Cancelled ? std::nullopt : std::optional(exitCode);
+    end.exitCode = job.target->ShellWaitUpdatePreview(commandLine, bitmap, status, job.size.width,
+                                                      job.size.height, true, 0);
+    end.crashed = status == ShellStatus::Crashed;
+    end.messages = job.target->Messages();
+    return status != ShellStatus::Cancelled;
 }
 
 void modRaytrace::ReportingFailure(const std::function<void()>& body)

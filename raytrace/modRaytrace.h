@@ -13,6 +13,7 @@ namespace CorvexMaterial {
 
 class PreviewTarget;
 struct ErrorReport;
+struct JobEnd;
 
 /// One picture to be rendered.
 struct RaytraceJob {
@@ -67,10 +68,9 @@ private:
     [[nodiscard]] RaytraceOutcome Run(CorvexDB::Raytracer raytracer, const RaytraceJob& job,
                                       const CorvexDB::CommandLine& commandLine,
                                       const std::string& bitmap);
-    /// Nothing when the user cancelled.
-    [[nodiscard]] std::optional<std::int32_t> StartAndWait(const RaytraceJob& job,
-                                                           const CorvexDB::CommandLine& command,
-                                                           const std::string& bitmap);
+    /// False when the user cancelled.
+    [[nodiscard]] bool StartAndWait(const RaytraceJob& job, const CorvexDB::CommandLine& command,
+                                    const std::string& bitmap, JobEnd& end);
     void TellFailure(const ErrorReport& report, PreviewTarget* target);
 
     Host& m_host;

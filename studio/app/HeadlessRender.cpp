@@ -148,7 +148,9 @@ QImage Draw(const RenderJob& job, const Remark& remark)
 std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark)
 {
     try {
-        SavePicture(Draw(job, remark), job.output, {PictureTypeOf(job.output)});
+        // Before the picture is drawn, which may take long.
+        CorvexMaterial::FileWriter target(job.output.toStdString());
+        SavePicture(Draw(job, remark), target, job.output, {PictureTypeOf(job.output)});
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());

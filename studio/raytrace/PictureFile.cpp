@@ -16,6 +16,13 @@ QByteArray PictureTypeOf(const QString& file)
 
 void SavePicture(const QImage& picture, const QString& file, const PictureForm& form)
 {
+    CorvexMaterial::FileWriter target(file.toStdString(), form.lifetime);
+    SavePicture(picture, target, file, form);
+}
+
+void SavePicture(const QImage& picture, CorvexMaterial::FileWriter& target, const QString& file,
+                 const PictureForm& form)
+{
     QByteArray bytes;
     QBuffer buffer(&bytes);
     QImageWriter writer(&buffer, form.type);
@@ -27,7 +34,8 @@ void SavePicture(const QImage& picture, const QString& file, const PictureForm& 
                 .arg(file, writer.errorString())
                 .toStdString());
     }
-    CorvexMaterial::WriteFile(file.toStdString(), bytes, form.lifetime);
+    target.Write(bytes);
+    target.Finish();
 }
 
 }  // namespace studio

@@ -17,6 +17,8 @@ struct PictureForm {
 };
 
 /// Writes the picture, whole or not at all. Errors: FileFailed, naming the file.
+void SavePicture(const QImage& picture, CorvexMaterial::FileWriter& target, const QString& file,
+                 const PictureForm& form);
 void SavePicture(const QImage& picture, const QString& file, const PictureForm& form);
 
 }  // namespace studio

@@ -2,10 +2,10 @@
 
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
+#include "raytrace/JobEnd.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include <QDir>
-#include <QRegularExpression>
 
 namespace studio {
 namespace {
@@ -36,20 +36,6 @@ QStringList RenderManArguments(const Frame& frame, int /*antialias*/)
             QStringLiteral("scene.rib")};
 }
 
-QString PovRayFault(const std::string& messages)
-{
-    static const QRegularExpression kFault(
-        QStringLiteral("(?:Parse Error|Fatal error|Cannot|cannot allocate)[^\\n\\r]*"));
-    const QString text = QString::fromStdString(messages);
-    for (auto match = kFault.globalMatch(text); match.hasNext();) {
-        const QString line = match.next().captured(0).simplified();
-        if (!line.contains(QStringLiteral("user configuration file"))) {
-            return line;
-        }
-    }
-    return {};
-}
-
 /// Null when the raytracer left none.
 QImage PictureIn(const QString& path)
 {
@@ -60,26 +46,18 @@ QImage PictureIn(const QString& path)
     }
 }
 
-QString RenderManFault(const std::string& messages)
-{
-    const std::string_view line = CorvexMaterial::ErrorLineIn(messages);
-    return QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size())).simplified();
-}
-
 struct RaytracerRow {
     QLatin1String scene;
     QLatin1String picture;
     QStringList (*arguments)(const Frame& frame, int antialias);
-    QString (*fault)(const std::string& messages);
-    bool faultsExitWell;  ///< with the exit code 0
 };
 
 const RaytracerRow& RowOf(CorvexDB::Raytracer kind)
 {
     static const RaytracerRow kPovRay{QLatin1String("scene.pov"), QLatin1String("scene.png"),
-                                      PovRayArguments, PovRayFault, false};
+                                      PovRayArguments};
     static const RaytracerRow kRenderMan{QLatin1String("scene.rib"), QLatin1String("scene.tif"),
-                                         RenderManArguments, RenderManFault, true};
+                                         RenderManArguments};
     return kind == CorvexDB::Raytracer::RenderMan ? kRenderMan : kPovRay;
 }
 
@@ -119,6 +97,7 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
     const QString file = FilePath(row.scene);
     WriteRaytraceScene(file, scene, textures,
                        ImagesBeside(file, CorvexMaterial::Lifetime::Temporary));
+    m_size = {scene.frame.width, scene.frame.height};
     m_progress = {};
     m_cancelled = false;
     m_leash.emplace();
@@ -144,21 +123,24 @@ void RaytraceRun::Conclude()
 {
     m_leash.reset();
     ReadProgress();
-    const RaytracerRow& row = RowOf(m_kind);
-    const QImage picture = PictureIn(FilePath(row.picture));
-    const QString fault = row.fault(m_progress.Messages());
-    if (m_cancelled) {
-        Give({});
-    } else if (m_process.exitStatus() != QProcess::NormalExit) {
-        Give(tr("The raytracer crashed."));
-    } else if (m_process.exitCode() == 0 && !picture.isNull() &&
-               (fault.isEmpty() || !row.faultsExitWell)) {
-        m_folder.reset();
-        Q_EMIT Finished(picture.convertToFormat(QImage::Format_RGB32));
-    } else {
-        Give(fault.isEmpty() ? tr("The raytracer made no picture.")
-                             : tr("The raytracer says: %1").arg(fault));
+    const QImage picture = PictureIn(FilePath(RowOf(m_kind).picture));
+    CorvexMaterial::JobEnd end;
+    end.raytracer = m_kind;
+    end.crashed = m_process.exitStatus() != QProcess::NormalExit;
+    end.exitCode = m_process.exitCode();
+    end.messages = m_progress.Messages();
+    end.wanted = {m_size.width(), m_size.height()};
+    end.folder = m_folder->Path();
+    if (!picture.isNull()) {
+        end.picture = {picture.width(), picture.height()};
     }
+    const std::string failure = CorvexMaterial::FailureOf(end);
+    if (m_cancelled || !failure.empty()) {
+        Give(m_cancelled ? QString() : QString::fromStdString(failure));
+        return;
+    }
+    m_folder.reset();
+    Q_EMIT Finished(picture.convertToFormat(QImage::Format_RGB32));
 }
 
 QString RaytraceRun::FilePath(QLatin1String name) const
@@ -168,6 +150,7 @@ QString RaytraceRun::FilePath(QLatin1String name) const
 
 void RaytraceRun::Give(const QString& message)
 {
+    m_leash.reset();
     m_folder.reset();
     Q_EMIT Failed(message);
 }

@@ -56,6 +56,7 @@ private:
     std::optional<CorvexMaterial::ProcessLeash> m_leash;
     QProcess m_process;
     CorvexDB::Raytracer m_kind = CorvexDB::Raytracer::PovRay;
+    QSize m_size;                               ///< wanted, in pixels
     CorvexMaterial::RenderProgress m_progress;  ///< what the program has said, of late
     bool m_cancelled = false;
 };

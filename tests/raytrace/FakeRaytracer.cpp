@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QImage>
 
 namespace CorvexTest {
 
@@ -12,9 +11,6 @@ FakeRaytracer::FakeRaytracer(ControlRig& rig)
 {
     QDir().mkpath(m_folder);
     qputenv("temp", m_folder.toUtf8());
-    QImage picture(8, 8, QImage::Format_RGB32);
-    picture.fill(Qt::darkGreen);
-    picture.save(m_dir.filePath("picture.bmp"));
     rig.platform.processes.passOn = &m_desktop.Get().processes;
     rig.platform.temporaryFiles.passOn = &m_desktop.Get().temporaryFiles;
     rig.platform.settings.PutTip("POVRayConfiguration", "0");
@@ -33,8 +29,14 @@ std::string FakeRaytracer::Script(const QString& opening, const QString& command
     const QString path = m_dir.filePath("a raytracer");
     QFile script(path);
     script.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    script.write(QStringLiteral("#!/bin/sh\n%1\npicture='%2'\n%3\n")
-                     .arg(opening, m_dir.filePath("picture.bmp"), commands)
+    script.write(QStringLiteral("#!/bin/sh\n"
+                                "make() {\n"
+                                "  printf 'P6 %d %d 255\\n' $1 $2\n"
+                                "  head -c $(($1 * $2 * 3)) /dev/zero | tr '\\0' d\n"
+                                "}\n%1\n"
+                                "picture=$PWD/good\n"
+                                "make $width $height > good\n%2\n")
+                     .arg(opening, commands)
                      .toUtf8());
     script.close();
     script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -47,6 +49,8 @@ void FakeRaytracer::Runs(const QString& commands)
         Script(QStringLiteral("[ \"$1 $2 $#\" = '/exit /nr 3' ] || exit 9\n"
                               "[ \"$(stat -c %a .) $(ls -A)\" = '700 .owner' ] || exit 8\n"
                               "ini=$3\n"
+                              "width=$(sed -n 's/^Width=//p' \"$ini\")\n"
+                              "height=$(sed -n 's/^Height=//p' \"$ini\")\n"
                               "out=$(sed -n 's/^Output_File_Name=//p' \"$ini\")"),
                commands);
 }
@@ -58,7 +62,7 @@ void FakeRaytracer::RunsAsRenderMan(const QString& commands)
         "RenderManLocation",
         Script(QStringLiteral("[ \"$1 $2 $3 $#\" = '-res 256 256 4' ] || exit 9\n"
                               "[ \"$(stat -c %a .) $(ls -A)\" = '700 .owner' ] || exit 8\n"
-                              "scene=$4\n"
+                              "scene=$4 width=$2 height=$3\n"
                               "out=${scene%.rib}.bmp"),
                commands));
 }

@@ -19,7 +19,7 @@ public:
     FakeRaytracer& operator=(const FakeRaytracer&) = delete;
 
     /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one), in
-    /// an empty folder that only this user can enter.
+    /// an empty folder that only this user can enter; `make WIDTH HEIGHT` prints other pictures.
     void Runs(const QString& commands);
     /// The same for a selected RenderMan renderer, with $scene in place of $ini.
     void RunsAsRenderMan(const QString& commands);

@@ -77,8 +77,13 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"SaysWhyOnStandardOutput", "echo 'bad scene'; exit 3", "exit code 3"},
         Failure{"Crashes", "cp \"$picture\" \"$out\"; kill -SEGV $$", "crashed"},
         Failure{"IsKilled", "touch \"${ini%.ini}.pov-state\"; kill -KILL $$", "crashed"},
-        Failure{"WritesNothing", "exit 0", "no image"},
-        Failure{"WritesAnEmptyImage", ": > \"$out\"", "no image"}),
+        Failure{"CrashesBehindALauncher", "echo 'Cannot access data'; exit 139",
+                "crashed (exit code 139). It says: Cannot access data"},
+        Failure{"SteersTheTerminal", "printf '1\\n\\033[2J \\302\\233 3\\n4\\n5'; exit 1",
+                "exit code 1. It says: \\u001b[2J \\u009b 3 | 4 | 5"},
+        Failure{"WritesNothing", "exit 0", "made no picture (exit code 0)"},
+        Failure{"WritesAnEmptyImage", ": > \"$out\"", "made no picture"},
+        Failure{"WritesAnotherSize", "make 8 8 > \"$out\"", "8 by 8 pixels instead of 256 by 256"}),
     [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(RunningRaytracer, ThatIsMissingIsTheSameBox)

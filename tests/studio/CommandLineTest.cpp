@@ -141,6 +141,21 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
     const Outcome unwritten = Studio({"render", "--primitive", "cube", "--out", nowhere});
     EXPECT_EQ(unwritten.exitCode, 1);
     EXPECT_TRUE(unwritten.errors.contains(nowhere));
+
+    const QString raytracer = folder.filePath("raytracer");
+    QFile script(raytracer);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("#!/bin/sh\ntouch \"$0.ran\"\necho broken\nexit 3\n");
+    script.close();
+    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    qputenv("CORVEX_POVRAY", raytracer.toUtf8());
+    const QStringList raytraced{"render", "--raytrace", "--primitive", "cube", "--out"};
+    EXPECT_EQ(Studio(raytraced + QStringList{nowhere}).exitCode, 1);
+    EXPECT_FALSE(QFile::exists(raytracer + ".ran")) << "a picture that cannot be kept was made";
+    const Outcome failed = Studio(raytraced + QStringList{folder.filePath("b.png")});
+    EXPECT_TRUE(failed.errors.contains("exit code 3. It says: broken"))
+        << failed.errors.toStdString();
+    qunsetenv("CORVEX_POVRAY");
 }
 
 TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)

@@ -217,7 +217,8 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
                  "image=$(sed -n 's/.*\"string texturename\" .\"\\(.*\\)\".*/\\1/p' \"$4\")\n"
                  "[ -f \"$image\" ] || echo \"ERROR: there is no image $image\"\n"
                  "out=$(sed -n 's/^Display \"\\(.*\\)\" \"file\".*/\\1/p' \"$4\")\n"
-                 "cp \"${0%/*}/green.tif\" \"$out\"\n");
+                 "(printf 'P6 %d %d 255\\n' $2 $3; head -c $(($2 * $3 * 3)) /dev/zero | tr '\\0' d)"
+                 " > \"$out\"\n");
     script.close();
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     rig.Trigger("Options...");
@@ -231,7 +232,7 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
     rig.Press("cmdPreview");
     ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().details;
     const QImage shown = Preview().grab().toImage();
-    EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(Qt::darkGreen));
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(100, 100, 100));
     EXPECT_TRUE(QTest::qWaitFor([&] { return Files().isEmpty(); }, 5000))
         << "the images go with the scene";
     QFile log(renderer + ".log");
@@ -242,7 +243,7 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
 
     rig.Find<QAction>("renderScene").trigger();
     const auto& status = rig.Find<QLabel>("renderStatus");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return status.text() == "8 by 8 pixels"; }, 5000))
+    EXPECT_TRUE(QTest::qWaitFor([&] { return status.text().endsWith(" pixels"); }, 5000))
         << status.text().toStdString();
     EXPECT_TRUE(log.readAll().endsWith(" scene.rib "));
 }

@@ -5,6 +5,7 @@
 #include "platform/SearchPath.h"
 #include "platform/TemporaryFolder.h"
 #include "platform/TerminalText.h"
+#include "raytrace/JobEnd.h"
 #include "studio/raytrace/launcher/Aliases.h"
 #include "studio/raytrace/launcher/IniTranslation.h"
 #include "studio/raytrace/launcher/RaytracerRun.h"
@@ -81,6 +82,10 @@ int Run(const fs::path& named)
     CorvexMaterial::WriteFile(name, launcher::TextOf(translated),
                               CorvexMaterial::Lifetime::Temporary);
     const int code = launcher::RunRaytracer(RaytracerProgram(), name);
+    if (const std::string full = CorvexMaterial::FullDiskText(work.Path());
+        code != 0 && !full.empty()) {
+        std::fprintf(stderr, "%s\n", full.c_str());
+    }
     aliases.Deliver();
     return code;
 }
