@@ -57,7 +57,7 @@ bool IsDamaged(QSettings& file)
 QString KeepCopy(const QString& path, const QByteArray& content)
 {
     for (int number = 1; number < 1000; ++number) {
-        const QString copy = QStringLiteral("%1.damaged%2").arg(path).arg(number);
+        QString copy = QStringLiteral("%1.damaged%2").arg(path).arg(number);
         if (!QFile::exists(copy)) {
             WriteFile(copy.toStdString(), content);
             return copy;
