@@ -2,28 +2,18 @@
 
 #include "host/Status.h"
 #include "tests/libraries/SampleMaterials.h"
+#include "tests/support/FullDisk.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-
-#include <sys/resource.h>
 
 namespace LibraryTest {
 namespace {
 
 constexpr const char* kWriterArgument = "--write-library";
-
-void FillDisk(const char* library)
-{
-    std::signal(SIGXFSZ, SIG_IGN);
-    const auto most = static_cast<rlim_t>(QFileInfo(QString::fromUtf8(library)).size() + 30000);
-    const rlimit limit{most, most};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-}
 
 void Write(const char* path, int first, int count)
 {
@@ -96,8 +86,9 @@ std::optional<int> RunWriterIfAsked(int argc, char** argv)
         return std::nullopt;
     }
     try {
+        std::optional<CorvexTest::FullDisk> disk;
         if (std::string(argv[5]) == "full") {
-            FillDisk(argv[2]);
+            disk.emplace(static_cast<rlim_t>(QFileInfo(argv[2]).size() + 30000));
         }
         Write(argv[2], std::atoi(argv[3]), std::atoi(argv[4]));
         return 0;
