@@ -29,9 +29,9 @@ QString ProgramNamed(const QString& name)
     const QStringList folders =
         QString::fromStdString(AbsoluteEntries(qgetenv("PATH").toStdString()))
             .split(u':', Qt::SkipEmptyParts);
-    const QString found = name.contains(u'/') || folders.isEmpty()
-                              ? QString()
-                              : QStandardPaths::findExecutable(name, folders);
+    QString found = name.contains(u'/') || folders.isEmpty()
+                        ? QString()
+                        : QStandardPaths::findExecutable(name, folders);
     if (found.isEmpty()) {
         throw Error(Status::FileFailed,
                     QObject::tr("%1 is no program that can be found").arg(name).toStdString());

@@ -97,11 +97,13 @@ std::string QtTemporaryFiles::Claim(const std::string& extension)
     while (true) {
         // Processes that run at the same time have different ids, hence different numbers.
         const std::int64_t number = ++m_claims * kProcessIds + ::getpid();
-        const std::string stem = folder + "/~CVX" + std::to_string(number);
+        std::string stem = folder + "/~CVX";
+        stem.append(std::to_string(number));
         if (!FilesOf(QString::fromStdString(stem)).isEmpty()) {
             continue;
         }
-        const std::string path = stem + '.' + extension;
+        std::string path = stem + '.';
+        path.append(extension);
         OwnerLock lock = OwnerLock::Make(stem + kLockExtension);
         if (lock.Held() && CreateNew(path)) {
             m_owned.emplace(stem, std::move(lock));

@@ -12,7 +12,7 @@ namespace CorvexMaterial {
 namespace {
 
 constexpr std::string_view kFullDisk = "No space is left in ";
-constexpr std::uintmax_t kLeastSpace = 64 * 1024;
+constexpr std::uintmax_t kLeastSpace = 65536;
 constexpr std::int32_t kSignalCodes = 128;
 constexpr std::size_t kLastLines = 3;
 constexpr std::size_t kLongestWords = 600;

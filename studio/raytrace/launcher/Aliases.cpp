@@ -30,7 +30,7 @@ std::string Aliases::ForReading(const std::string& path)
     if (path.empty() || IsPlain(whole.string())) {
         return path.empty() ? path : whole.string();
     }
-    const std::string name = NextName(path);
+    std::string name = NextName(path);
     fs::create_symlink(whole, name);
     return name;
 }
