@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -71,8 +72,8 @@ std::string NewName(const std::string& target)
 
 }  // namespace
 
-FileWriter::FileWriter(std::string path, Lifetime lifetime)
-    : m_path(std::move(path)), m_lifetime(lifetime)
+FileWriter::FileWriter(std::string path, Lifetime lifetime, Existing existing)
+    : m_path(std::move(path)), m_lifetime(lifetime), m_existing(existing)
 {
     if (m_path.empty() || m_path.find('\0') != std::string::npos) {
         Fail(ENOENT);
@@ -86,6 +87,9 @@ FileWriter::FileWriter(std::string path, Lifetime lifetime)
     m_target = target.string();
     struct stat there {};
     const bool exists = ::lstat(m_target.c_str(), &there) == 0;
+    if (exists && existing == Existing::Kept) {
+        Fail(EEXIST);
+    }
     const bool isLink = exists && S_ISLNK(there.st_mode);
     m_straight = isLink ? lifetime == Lifetime::Lasting : exists && !S_ISREG(there.st_mode);
     if (m_straight) {
@@ -163,7 +167,7 @@ void FileWriter::Finish()
     }
     NameBeside();
     Close();
-    if (::rename(m_beside.c_str(), m_target.c_str()) != 0) {
+    if (TakeName() != 0) {
         Fail(errno);
     }
     m_beside.clear();
@@ -183,6 +187,20 @@ void FileWriter::NameBeside()
             Fail(errno);
         }
     }
+}
+
+/// Somebody may have made the file meanwhile.
+int FileWriter::TakeName() const
+{
+    if (m_existing == Existing::Replaced) {
+        return ::rename(m_beside.c_str(), m_target.c_str());
+    }
+    const int code =
+        ::renameat2(AT_FDCWD, m_beside.c_str(), AT_FDCWD, m_target.c_str(), RENAME_NOREPLACE);
+    // Not every file system can; the others have links.
+    const bool byLink = code != 0 && (errno == EINVAL || errno == ENOSYS) &&
+                        ::link(m_beside.c_str(), m_target.c_str()) == 0;
+    return byLink ? ::unlink(m_beside.c_str()) : code;
 }
 
 void FileWriter::Close()
@@ -213,9 +231,10 @@ void FileWriter::Fail(int reason) const
     Refuse(m_path, "cannot be written", reason);
 }
 
-void WriteFile(const std::string& path, std::span<const char> bytes, Lifetime lifetime)
+void WriteFile(const std::string& path, std::span<const char> bytes, Lifetime lifetime,
+               Existing existing)
 {
-    FileWriter file(path, lifetime);
+    FileWriter file(path, lifetime, existing);
     file.Write(bytes);
     file.Finish();
 }

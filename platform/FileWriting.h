@@ -10,13 +10,17 @@ namespace CorvexMaterial {
 /// waited for, is for this user alone, and replaces a link.
 enum class Lifetime { Lasting, Temporary };
 
+/// What becomes of a file that has the name already; one that is kept is an error.
+enum class Existing { Replaced, Kept };
+
 /// A file written piece by piece. It has no name until it is complete, then takes the place of the
 /// file that had its name, with that one's permissions. Until then, and after any error, the old
 /// file is as it was and nothing else is left. What is no file (a terminal, a pipe, a device) is
 /// written to as it is. Errors: FileFailed, naming the path and the system's reason.
 class FileWriter {
 public:
-    explicit FileWriter(std::string path, Lifetime lifetime = Lifetime::Lasting);
+    explicit FileWriter(std::string path, Lifetime lifetime = Lifetime::Lasting,
+                        Existing existing = Existing::Replaced);
     ~FileWriter();
     FileWriter(const FileWriter&) = delete;
     FileWriter& operator=(const FileWriter&) = delete;
@@ -29,6 +33,7 @@ private:
     void OpenStraight();
     void OpenBeside(unsigned mode);
     void NameBeside();
+    [[nodiscard]] int TakeName() const;
     void Close();
     void SyncFolder() const;
     [[noreturn]] void Fail(int reason) const;
@@ -37,13 +42,14 @@ private:
     std::string m_target;  ///< where its links lead
     std::string m_beside;  ///< its name until it takes the target's; empty while it has none
     Lifetime m_lifetime;
+    Existing m_existing;
     bool m_straight = false;
     int m_file = -1;
 };
 
 /// The whole file at once.
 void WriteFile(const std::string& path, std::span<const char> bytes,
-               Lifetime lifetime = Lifetime::Lasting);
+               Lifetime lifetime = Lifetime::Lasting, Existing existing = Existing::Replaced);
 
 /// With the folders above it; one that is there is fine. Errors: FileFailed, as above.
 void MakeFolder(const std::string& path);

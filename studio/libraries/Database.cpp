@@ -248,6 +248,17 @@ std::int64_t Database::LastId() const
     return sqlite3_last_insert_rowid(m_handle.get());
 }
 
+std::string Database::Bytes() const
+{
+    sqlite3_int64 size = 0;
+    const std::unique_ptr<unsigned char, void (*)(void*)> bytes(
+        sqlite3_serialize(m_handle.get(), "main", &size, 0), sqlite3_free);
+    if (bytes == nullptr) {
+        throw std::bad_alloc();
+    }
+    return {bytes.get(), bytes.get() + size};
+}
+
 Transaction::Transaction(Database& database, Purpose purpose) : m_database(database)
 {
     m_database.Run(purpose == Purpose::Write ? "BEGIN IMMEDIATE" : "BEGIN");

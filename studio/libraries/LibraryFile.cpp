@@ -1,6 +1,7 @@
 #include "studio/libraries/LibraryFile.h"
 
 #include "host/Status.h"
+#include "platform/FileWriting.h"
 #include "studio/libraries/LibraryError.h"
 #include "studio/libraries/LibraryQuery.h"
 #include "studio/libraries/QuerySql.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cerrno>
@@ -90,25 +90,13 @@ LibraryFile LibraryFile::Open(const std::string& path, LibraryKind kind)
 
 void LibraryFile::Create(const std::string& path, LibraryKind kind)
 {
-    const QFileInfo target(QString::fromStdString(AbsolutePath(path)));
-    // Made elsewhere and moved in one step, so that nobody ever sees half a library.
-    const QTemporaryDir workshop(target.absolutePath() + QStringLiteral("/.corvex-XXXXXX"));
-    if (!workshop.isValid()) {
-        ThrowLibraryError(target.filePath().toStdString(),
-                          "it cannot be made: " + workshop.errorString().toStdString());
-    }
-    const QString made = workshop.filePath(QStringLiteral("new"));
-    {
-        Database database(made.toStdString(), Database::Mode::New);
-        Transaction making(database, Transaction::Purpose::Write);
-        MakeLibraryTables(database, kind);
-        making.Commit();
-    }
-    QFile file(made);
-    if (!file.rename(target.filePath())) {
-        ThrowLibraryError(target.filePath().toStdString(),
-                          "it cannot be made: " + file.errorString().toStdString());
-    }
+    // In memory, so that nobody ever sees half a library.
+    Database database(":memory:", Database::Mode::New);
+    Transaction making(database, Transaction::Purpose::Write);
+    MakeLibraryTables(database, kind);
+    making.Commit();
+    CorvexMaterial::WriteFile(AbsolutePath(path), database.Bytes(),
+                              CorvexMaterial::Lifetime::Lasting, CorvexMaterial::Existing::Kept);
 }
 
 EntryId LibraryFile::IdAt(std::int32_t index) const
