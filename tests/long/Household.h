@@ -1,0 +1,43 @@
+#pragma once
+
+#include "tests/support/SampleFolder.h"
+
+#include <QProcess>
+
+#include <chrono>
+#include <random>
+
+namespace LongTest {
+
+/// A user of his own: home, temporary files and work are in one folder, and so is all that the
+/// programs that he starts and that are killed leave behind.
+class Household {
+public:
+    Household();
+
+    [[nodiscard]] QString PathOf(const QString& name) const { return m_folder.PathOf(name); }
+    /// Everything in this folder and below, relative to it, sorted.
+    [[nodiscard]] std::vector<std::string> FilesIn(const QString& name) const;
+    [[nodiscard]] const QProcessEnvironment& Environment() const { return m_environment; }
+
+    /// Runs the studio in `work`. Its exit code; -1 when it crashed.
+    int Run(const QStringList& arguments) const;
+    /// The same, killed by SIGKILL at any moment of the time that it takes. True if it was faster.
+    bool RunAndKill(const QStringList& arguments, std::chrono::milliseconds usual);
+    /// Until what it makes is there, or 30 seconds; then it is asked to end.
+    void OpenAndCloseWindow() const;
+
+    /// Programs that he started, their children too.
+    [[nodiscard]] QStringList Running() const;
+
+    std::mt19937 dice{7};
+    int kills = 0;
+
+private:
+    void Prepare(QProcess& process, const QStringList& arguments) const;
+
+    CorvexTest::SampleFolder m_folder;
+    QProcessEnvironment m_environment;
+};
+
+}  // namespace LongTest

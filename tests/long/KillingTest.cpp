@@ -1,0 +1,240 @@
+#include "platform/QtSettingsStore.h"
+#include "studio/libraries/LibraryFile.h"
+#include "tests/long/Household.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QTest>
+
+namespace {
+
+using namespace std::chrono_literals;
+using LongTest::Household;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::MatchesRegex;
+
+const QString kSettings = QStringLiteral("home/config/Corvex");
+
+/// Whatever is killed, at whatever moment: the next look finds the old or the new, whole.
+class Killing : public testing::Test {
+protected:
+    static void SetUpTestSuite() { household = std::make_unique<Household>(); }
+    static void TearDownTestSuite() { household.reset(); }
+
+    /// Rounds until so many processes were killed before they were done.
+    template <typename Round>
+    static void Kill(int count, const Round& round)
+    {
+        for (const int goal = household->kills + count; household->kills < goal;) {
+            round();
+            ASSERT_FALSE(HasFailure()) << "after " << household->kills << " kills";
+        }
+    }
+
+    static inline std::unique_ptr<Household> household;
+};
+
+using Names = std::vector<std::string>;
+
+Names NamesIn(const QString& library)
+{
+    if (!QFile::exists(library)) {
+        return {};
+    }
+    auto file = studio::LibraryFile::Open(library.toStdString(), studio::LibraryKind::Materials);
+    EXPECT_THAT(file.StructureProblems(), IsEmpty());
+    Names names;
+    for (std::int32_t index = 0; index < file.Count(); ++index) {
+        EXPECT_FALSE(file.JsonAt(index).empty());
+        names.push_back(file.NameAt(index));
+    }
+    return names;
+}
+
+struct Change {
+    QStringList arguments;
+    Names after;
+};
+
+Change NextChange(std::mt19937& dice, const Names& before, int number)
+{
+    Change change{{}, before};
+    const auto kind = dice() % 10;
+    if (kind < 2 && !before.empty()) {
+        change.after.erase(change.after.begin());
+        change.arguments = {"remove", "a.cvm", QString::fromStdString(before.front())};
+    } else if (kind == 2 && !before.empty()) {
+        change.arguments = {"empty-trash", "a.cvm"};
+    } else if (kind < 5) {
+        change.after.insert(change.after.end(), {"one", "two", "three"});
+        change.arguments = {"import", "a.cvm", "three.json"};
+    } else {
+        change.after.push_back("entry " + std::to_string(number));
+        change.arguments = {"add", "a.cvm", "--name", QString::fromStdString(change.after.back())};
+    }
+    change.arguments.prepend("library");
+    return change;
+}
+
+TEST_F(Killing, LibraryChanges)
+{
+    for (const char* name : {"one", "two", "three"}) {
+        ASSERT_EQ(household->Run({"library", "add", "three.cvm", "--name", name}), 0);
+    }
+    ASSERT_EQ(household->Run({"library", "export", "three.cvm", "--out", "three.json"}), 0);
+    const QString library = household->PathOf("work/a.cvm");
+    Names names;
+    int number = 0;
+    Kill(180, [&] {
+        if (++number % 50 == 0) {
+            QFile::remove(library);
+            names.clear();
+        }
+        const Change change = NextChange(household->dice, names, number);
+        const bool isDone = household->RunAndKill(change.arguments, 150ms);
+        const Names found = NamesIn(library);
+        EXPECT_TRUE(found == change.after || (!isDone && found == names))
+            << change.arguments.join(' ').toStdString();
+        names = found;
+    });
+}
+
+TEST_F(Killing, SettingsWrites)
+{
+    int written = 0;
+    Kill(100, [&] {
+        QProcess writer;
+        writer.setProcessEnvironment(household->Environment());
+        writer.start(SETTINGS_WRITER, {QString::number(written + 1)});
+        ASSERT_TRUE(writer.waitForReadyRead(30000));
+        writer.waitForFinished(static_cast<int>(household->dice() % 30));
+        writer.kill();
+        writer.waitForFinished();
+        ++household->kills;
+        const QByteArray told = writer.readAllStandardOutput();
+        const int last = told.first(told.lastIndexOf('\n')).split('\n').last().toInt();
+        CorvexMaterial::QtSettingsStore settings(household->PathOf(kSettings));
+        const auto numberOf = [&](const char* key) {
+            return std::stoi(settings.Read({"Written", "Numbers", key}).value_or("0"));
+        };
+        written = numberOf("First");
+        EXPECT_EQ(numberOf("Second"), written);
+        EXPECT_TRUE(written == last || written == last + 1) << written << " after " << last;
+    });
+}
+
+struct Output {
+    const char* file;
+    QStringList one;
+    QStringList other;
+    int kills;
+};
+
+/// To the last byte, but for pictures: those of the raytracer differ by a little noise.
+bool IsSame(const QByteArray& one, const QByteArray& other)
+{
+    const QImage left = QImage::fromData(one).convertToFormat(QImage::Format_RGB32);
+    const QImage right = QImage::fromData(other).convertToFormat(QImage::Format_RGB32);
+    if (left.isNull() || left.size() != right.size()) {
+        return one == other;
+    }
+    qint64 sum = 0;
+    for (qsizetype i = 0; i < left.sizeInBytes(); ++i) {
+        sum += std::abs(left.constBits()[i] - right.constBits()[i]);
+    }
+    return sum < left.sizeInBytes() / 2;
+}
+
+/// What the command makes is that of the one or of the other.
+void KillOutput(Household& household, const Output& output)
+{
+    const QString path = household.PathOf(QStringLiteral("work/") + output.file);
+    QByteArray whole[2];
+    QElapsedTimer clock;
+    for (int i = 0; i < 2; ++i) {
+        clock.start();
+        ASSERT_EQ(household.Run(i == 0 ? output.one : output.other), 0) << output.file;
+        whole[i] = CorvexTest::ContentOf(path);
+    }
+    const std::chrono::milliseconds usual(clock.elapsed() * 5 / 4);
+    ASSERT_FALSE(IsSame(whole[0], whole[1])) << output.file;
+    int now = 1;
+    for (const int goal = household.kills + output.kills; household.kills < goal;) {
+        const int next = 1 - now;
+        const bool isDone = household.RunAndKill(next == 0 ? output.one : output.other, usual);
+        const QByteArray found = CorvexTest::ContentOf(path);
+        const bool isNew = IsSame(found, whole[next]);
+        ASSERT_TRUE(isNew || (!isDone && IsSame(found, whole[now]))) << output.file;
+        now = isNew ? next : now;
+    }
+}
+
+TEST_F(Killing, Exports)
+{
+    for (const char* name : {"x", "y"}) {
+        ASSERT_EQ(household->Run({"library", "add", QString(name) + ".cvm", "--name", name}), 0);
+    }
+    for (const char* file : {"out.json", "out.mtl", "out.mtlx"}) {
+        KillOutput(*household, {file,
+                                {"library", "export", "x.cvm", "--out", file},
+                                {"library", "export", "y.cvm", "--out", file},
+                                20});
+    }
+    for (const char* file : {"scene.pov", "scene.rib"}) {
+        KillOutput(*household, {file,
+                                {"export", file, MODEL_FOLDER "/still-life.obj"},
+                                {"export", file, "--primitive", "torus"},
+                                30});
+    }
+}
+
+TEST_F(Killing, Renders)
+{
+    const auto render = [](const char* file, const char* colour) -> QStringList {
+        const QString material = QStringLiteral("colour=") + colour;
+        return {"render", "--primitive", "torus", "--out", file, "--material", material};
+    };
+    KillOutput(*household,
+               {"live.png", render("live.png", "Bronze"), render("live.png", "Gold"), 60});
+    KillOutput(*household, {"traced.png", render("traced.png", "Bronze") << "--raytrace",
+                            render("traced.png", "Gold") << "--raytrace", 20});
+}
+
+TEST_F(Killing, WindowsThatOpen)
+{
+    Kill(20, [&] {
+        if (household->kills % 5 == 0) {
+            QDir(household->PathOf("home/data")).removeRecursively();
+        }
+        household->RunAndKill({MODEL_FOLDER "/still-life.obj"}, 3000ms);
+    });
+}
+
+TEST_F(Killing, LeavesNothingAfterTheNextStart)
+{
+    EXPECT_TRUE(QTest::qWaitFor([] { return household->Running().isEmpty(); }, 10000))
+        << household->Running().join('\n').toStdString();
+    household->OpenAndCloseWindow();
+    CorvexMaterial::QtSettingsStore settings(household->PathOf(kSettings));
+    settings.Write({"Written", "Numbers", "Third"}, "3");
+    settings.Flush("Written");
+
+    EXPECT_THAT(household->FilesIn("temp"), IsEmpty());
+    EXPECT_THAT(household->FilesIn("work"),
+                ElementsAre("a.cvm", "live.png", "out.json", "out.mtl", "out.mtlx", "scene.pov",
+                            "scene.rib", "three.cvm", "three.json", "traced.png", "x.cvm",
+                            "y.cvm"));
+    EXPECT_THAT(household->FilesIn(kSettings), ElementsAre("CorvexStudio.ini", "Written.ini"));
+    const QString data = QStringLiteral("home/data/CorvexStudio");
+    constexpr const char* kDelivered =
+        "Gems.cv[mt]|(Textures|Environments|Simulations)(/[a-z-]+[.](jpg|png))?";
+    EXPECT_THAT(household->FilesIn(data), Each(MatchesRegex(kDelivered)));
+    for (const char* library : {"/Gems.cvm", "/Gems.cvt"}) {
+        EXPECT_EQ(household->Run({"library", "validate", household->PathOf(data + library)}), 0);
+    }
+}
+
+}  // namespace
