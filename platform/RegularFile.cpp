@@ -98,6 +98,19 @@ void RegularFile::Open(const char* path, std::int64_t mostBytes)
     m_size = found.st_size;
 }
 
+std::string RegularFile::Content() const
+{
+    std::string content(static_cast<std::size_t>(m_size), '\0');
+    std::size_t filled = 0;
+    ssize_t got = 1;
+    while (got > 0 && filled < content.size()) {
+        got = ::read(m_descriptor, content.data() + filled, content.size() - filled);
+        filled += got > 0 ? static_cast<std::size_t>(got) : 0;
+    }
+    content.resize(filled);
+    return content;
+}
+
 int RegularFile::Release()
 {
     return std::exchange(m_descriptor, -1);

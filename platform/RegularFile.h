@@ -19,6 +19,8 @@ public:
     [[nodiscard]] const std::string& Obstacle() const { return m_obstacle; }
     [[nodiscard]] bool IsMissing() const { return m_isMissing; }
     [[nodiscard]] std::int64_t Size() const { return m_size; }
+    /// All of it, if it is open; what is there if it has become shorter.
+    [[nodiscard]] std::string Content() const;
     /// The descriptor, from now on the caller's to close; -1 when there is an obstacle.
     [[nodiscard]] int Release();
 

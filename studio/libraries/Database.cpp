@@ -9,6 +9,8 @@
 #include <chrono>
 #include <thread>
 
+#include <unistd.h>
+
 namespace studio {
 namespace {
 
@@ -246,6 +248,22 @@ std::int64_t Database::Integer(const char* sql)
 std::int64_t Database::LastId() const
 {
     return sqlite3_last_insert_rowid(m_handle.get());
+}
+
+void Database::RemoveIdleJournal()
+{
+    const std::string journal = m_path + "-journal";
+    if (::access(journal.c_str(), F_OK) != 0) {
+        return;
+    }
+    sqlite3* const handle = m_handle.get();
+    sqlite3_busy_handler(handle, nullptr, nullptr);
+    // Else it is his who changes the library now.
+    if (sqlite3_exec(handle, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK) {
+        ::unlink(journal.c_str());
+        sqlite3_exec(handle, "ROLLBACK", nullptr, nullptr, nullptr);
+    }
+    sqlite3_busy_handler(handle, WaitForOthers, nullptr);
 }
 
 std::string Database::Bytes() const

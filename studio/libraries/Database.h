@@ -57,6 +57,8 @@ public:
     void Run(const char* sql) { Use(sql).Run(); }
     [[nodiscard]] std::int64_t Integer(const char* sql);
     [[nodiscard]] std::int64_t LastId() const;
+    /// The one that a change leaves which is cut off before it touches the file: SQLite ignores it.
+    void RemoveIdleJournal();
     /// What a file of it holds.
     [[nodiscard]] std::string Bytes() const;
     [[nodiscard]] sqlite3* Handle() const { return m_handle.get(); }

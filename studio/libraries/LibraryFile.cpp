@@ -70,6 +70,9 @@ LibraryFile::LibraryFile(Database database, LibraryKind kind)
     Load();
     reading.Commit();
     m_readOnlyReason = WriteObstacle(m_database);
+    if (m_readOnlyReason.empty()) {
+        m_database.RemoveIdleJournal();
+    }
 }
 
 LibraryFile LibraryFile::Open(const std::string& path, LibraryKind kind)

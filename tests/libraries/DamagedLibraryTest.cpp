@@ -229,6 +229,21 @@ TEST_P(PlantedJournal, TouchesNothingButTheLibrary)
 INSTANTIATE_TEST_SUITE_P(Files, PlantedJournal, testing::ValuesIn(kPlanted),
                          [](const auto& row) { return row.param.name; });
 
+TEST(IdleJournal, IsRemovedUnlessSomebodyWrites)
+{
+    const TemporaryLibrary temporary;
+    const QString journal = QString::fromStdString(temporary.Path() + "-journal");
+    studio::Database other(temporary.Path(), studio::Database::Mode::Existing);
+    std::optional<studio::Transaction> change(std::in_place, other,
+                                              studio::Transaction::Purpose::Write);
+    PlantBytes(journal, {});
+    static_cast<void>(temporary.Open());
+    EXPECT_TRUE(QFileInfo::exists(journal));
+    change.reset();
+    static_cast<void>(temporary.Open());
+    EXPECT_FALSE(QFileInfo::exists(journal));
+}
+
 TEST(RefusedPaths, AreNamed)
 {
     const TemporaryLibrary temporary;

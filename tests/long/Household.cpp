@@ -5,8 +5,20 @@
 #include <QTest>
 
 #include <algorithm>
+#include <csignal>
 
 namespace LongTest {
+namespace {
+
+/// From then on it ends as it does when the user quits.
+bool CatchesTermination(const QString& status)
+{
+    const QByteArray text = CorvexTest::ContentOf(status);
+    const QByteArray caught = text.mid(text.indexOf("SigCgt:") + 7).trimmed().split('\n').front();
+    return (caught.toULongLong(nullptr, 16) >> (SIGTERM - 1) & 1U) != 0;
+}
+
+}  // namespace
 
 Household::Household() : m_environment(QProcessEnvironment::systemEnvironment())
 {
@@ -77,17 +89,17 @@ bool Household::RunAndKill(const QStringList& arguments, std::chrono::millisecon
     return false;
 }
 
-void Household::OpenAndCloseWindow() const
+int Household::OpenAndCloseWindow() const
 {
     QProcess process;
     Prepare(process, {});
     process.start();
-    const auto isSwept = [this] { return QDir(PathOf("temp")).isEmpty(); };
-    static_cast<void>(QTest::qWaitFor(
-        [&] { return QFile::exists(PathOf("home/data/CorvexStudio/Gems.cvt")) && isSwept(); },
-        30000));
+    process.waitForStarted();
+    const QString status = QStringLiteral("/proc/%1/status").arg(process.processId());
+    static_cast<void>(QTest::qWaitFor([&] { return CatchesTermination(status); }, 30000));
     process.terminate();
-    process.waitForFinished(30000);
+    process.waitForFinished(60000);
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }
 
 QStringList Household::Running() const

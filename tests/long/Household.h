@@ -24,8 +24,8 @@ public:
     int Run(const QStringList& arguments) const;
     /// The same, killed by SIGKILL at any moment of the time that it takes. True if it was faster.
     bool RunAndKill(const QStringList& arguments, std::chrono::milliseconds usual);
-    /// Until what it makes is there, or 30 seconds; then it is asked to end.
-    void OpenAndCloseWindow() const;
+    /// The studio's window, asked to end when it is there. Its exit code.
+    int OpenAndCloseWindow() const;
 
     /// Programs that he started, their children too.
     [[nodiscard]] QStringList Running() const;

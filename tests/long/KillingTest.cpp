@@ -217,7 +217,7 @@ TEST_F(Killing, LeavesNothingAfterTheNextStart)
 {
     EXPECT_TRUE(QTest::qWaitFor([] { return household->Running().isEmpty(); }, 10000))
         << household->Running().join('\n').toStdString();
-    household->OpenAndCloseWindow();
+    EXPECT_EQ(household->OpenAndCloseWindow(), 0);
     CorvexMaterial::QtSettingsStore settings(household->PathOf(kSettings));
     settings.Write({"Written", "Numbers", "Third"}, "3");
     settings.Flush("Written");

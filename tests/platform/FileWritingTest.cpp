@@ -96,6 +96,10 @@ TEST_F(FileWritingTest, NamesTheFileAndTheReason)
         EXPECT_THAT(FileFailure([&] { WriteFile(path, std::string("new")); }),
                     Optional(AllOf(HasSubstr(path), HasSubstr(reason))));
     }
+    const auto make = [&] {
+        WriteFile(PathOf("file"), std::string("new"), Lifetime::Lasting, Existing::Kept);
+    };
+    EXPECT_THAT(FileFailure(make), Optional(HasSubstr("File exists")));
     EXPECT_EQ(ContentOf("file"), "old");
     EXPECT_EQ(Names(), before);
 }

@@ -2,6 +2,7 @@
 // system's own picture type, and gives POV-Ray on Unix what that one understands.
 
 #include "platform/FileWriting.h"
+#include "platform/RegularFile.h"
 #include "platform/SearchPath.h"
 #include "platform/TemporaryFolder.h"
 #include "platform/TerminalText.h"
@@ -14,8 +15,6 @@
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 namespace {
@@ -57,11 +56,12 @@ void ExpectOther(const std::string& program)
 
 std::string ContentOf(const fs::path& file)
 {
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream) {
-        throw std::runtime_error(file.string() + " cannot be read");
+    constexpr std::int64_t kMostIniBytes = 1 << 20;
+    const CorvexMaterial::RegularFile regular(file.string(), kMostIniBytes);
+    if (!regular.Obstacle().empty()) {
+        throw std::runtime_error(file.string() + ": " + regular.Obstacle());
     }
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return regular.Content();
 }
 
 /// POV-Ray takes settings from the folder where it works, so that is one of our own, beside the
