@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 #include <utility>
 
@@ -23,6 +24,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr int kMostTries = 500;
+constexpr unsigned kTryMicroseconds = 1000;
 constexpr int kMostLinks = 40;  // as the system itself follows
 constexpr mode_t kPermissions = 0777;
 constexpr mode_t kNewFile = 0666;  // less what the user's mask takes
@@ -179,12 +182,20 @@ void FileWriter::Finish()
 void FileWriter::NameBeside()
 {
     const std::string open = "/proc/self/fd/" + std::to_string(m_file);
-    while (m_beside.empty()) {
-        const std::string name = NewName(m_target);
+    const fs::path target(m_target);
+    const auto number = std::hash<std::string>{}(target.filename().string());
+    const std::string name =
+        (target.parent_path() / (".corvex-" + std::to_string(number))).string();
+    // Always the same, and for a moment only: one that stays is of a program that was killed then.
+    for (int tries = 0; m_beside.empty(); ++tries) {
         if (::linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
             m_beside = name;
         } else if (errno != EEXIST) {
             Fail(errno);
+        } else if (tries < kMostTries) {
+            ::usleep(kTryMicroseconds);
+        } else {
+            ::unlink(name.c_str());
         }
     }
 }

@@ -64,7 +64,7 @@ Change NextChange(std::mt19937& dice, const Names& before, int number)
     Change change{{}, before};
     const auto kind = dice() % 10;
     if (kind < 2 && !before.empty()) {
-        change.after.erase(change.after.begin());
+        std::erase(change.after, before.front());
         change.arguments = {"remove", "a.cvm", QString::fromStdString(before.front())};
     } else if (kind == 2 && !before.empty()) {
         change.arguments = {"empty-trash", "a.cvm"};
