@@ -202,4 +202,9 @@ Status Material::AddToPluginList(const std::string& Name)
     });
 }
 
+void Material::UpdateCustomFieldNames()
+{
+    m_editor->Guard()("UpdateCustomFieldNames", [this] { m_editor->FillCustomFields(); });
+}
+
 }  // namespace CorvexMaterial

@@ -122,6 +122,11 @@ public:
     Status get_hwnd(WId& hwnd) override;
     Status pAlphaIsTransparentUpdated() override;
 
+public Q_SLOTS:
+    /// The host's names of the custom fields have changed: asks for them again. The control does so
+    /// by itself at its start and when a page is turned.
+    void UpdateCustomFieldNames();
+
 Q_SIGNALS:
     void TextureLibraryExpanded();
     void MaterialLibraryExpanded();

@@ -1,7 +1,6 @@
 #include "studio/app/MainWindow.h"
 
 #include "controls/PlainText.h"
-#include "plugins/CustomFieldsPanel.h"
 #include "studio/app/MaterialExchange.h"
 #include "studio/app/OptionsDialog.h"
 #include "studio/app/PanelFill.h"
@@ -151,12 +150,9 @@ void MainWindow::ShowOptions()
     dialog->open();
 }
 
-// The control asks for the names when it comes and when its pages are turned.
 void MainWindow::ApplyFieldNames(const FieldMoves& moves)
 {
-    if (auto* fields = m_material->findChild<CorvexMaterial::CustomFieldsPanel*>()) {
-        fields->ShowNames(m_host.Get().customFields.GetCustomMaterialFieldNames());
-    }
+    m_material->UpdateCustomFieldNames();
     if (moves != kNoFieldMoves) {
         MoveFieldValues(moves);
     }
