@@ -6,9 +6,13 @@
 #include <QFile>
 #include <QImageReader>
 
+#include <algorithm>
+
 namespace CorvexMaterial {
 
 namespace {
+
+constexpr qint64 kLeastPiece = 1 << 16;
 
 [[noreturn]] void RefuseFile(const QString& path, const std::string& cause)
 {
@@ -34,8 +38,15 @@ QByteArray ReadRegular(const QString& path, std::int64_t mostBytes)
     if (const std::string obstacle = OpenRegular(file, mostBytes); !obstacle.empty()) {
         RefuseFile(path, obstacle);
     }
-    // The system's own files have no size, and some no end.
-    const QByteArray bytes = file.read(mostBytes + 1);
+    // The system's own files have no size, and some no end. Piece by piece, for room for the most
+    // would be made at once.
+    QByteArray bytes;
+    QByteArray piece;
+    do {
+        const qint64 wanted = std::max(file.size() - bytes.size(), kLeastPiece);
+        piece = file.read(std::min(wanted, mostBytes + 1 - bytes.size()));
+        bytes += piece;
+    } while (!piece.isEmpty() && bytes.size() <= mostBytes);
     if (bytes.size() > mostBytes) {
         RefuseFile(path, TooLongText(mostBytes));
     }
