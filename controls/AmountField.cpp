@@ -1,6 +1,6 @@
 #include "controls/AmountField.h"
 
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 
 #include <QPainter>
 #include <QVariant>

@@ -1,6 +1,6 @@
 #include "dialogs/WarningCatalogue.h"
 
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 
 namespace CorvexMaterial {
 

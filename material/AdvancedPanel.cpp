@@ -3,7 +3,7 @@
 #include "controls/AmountField.h"
 #include "controls/WheelGuard.h"
 #include "material/AlphaTests.h"
-#include "material/Attributes.h"
+#include "record/Schema.h"
 #include "ui_AdvancedPanel.h"
 
 #include <QSignalBlocker>

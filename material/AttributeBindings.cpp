@@ -5,8 +5,9 @@
 #include "material/AttributePanel.h"
 #include "material/PanelAttributes.h"
 #include "material/SurfacePanel.h"
-#include "platform/NumberText.h"
 #include "plugins/PluginPanel.h"
+#include "record/AttributeText.h"
+#include "record/NumberText.h"
 #include "textures/ChannelPanel.h"
 #include "textures/TexturePage.h"
 #include "ui_AdvancedPanel.h"
@@ -15,15 +16,6 @@
 namespace CorvexMaterial {
 
 namespace {
-
-using CorvexDB::cdtRayTraceMaterialAttributes;
-using CorvexDB::PatternColour;
-
-/// In the order of the layers.
-constexpr std::array kLayerFiles{
-    Attribute::Texture,        Attribute::TextureOverlay,     Attribute::TextureAlpha,
-    Attribute::TextureBumpmap, Attribute::TextureSpecularMap, Attribute::TextureEnvironmentMap};
-static_assert(kLayerFiles.size() == kTextureLayerCount);
 
 std::int32_t ToWhole(const std::string& text)
 {
@@ -39,7 +31,6 @@ PanelAttributes::PanelAttributes(AttributePanel& panel) : m_panel(panel)
     BindTextures();
     BindPlacement();
     BindRaytrace();
-    BindRaytraceColours();
     BindOthers();
 }
 
@@ -95,7 +86,7 @@ void PanelAttributes::BindTextures()
     TexturePage& page = m_panel.Channels().Textures();
     for (const TextureLayerRow& row : kTextureLayers) {
         const TextureLayer layer = row.layer;
-        At(kLayerFiles[static_cast<std::size_t>(layer)]) = {
+        At(kTextureFiles[static_cast<std::size_t>(layer)]) = {
             [&page, layer] { return page.File(layer); },
             [&page, layer](const std::string& text) { page.SetFile(layer, text); }};
     }
@@ -148,52 +139,14 @@ void PanelAttributes::BindPlacement()
 
 void PanelAttributes::BindRaytrace()
 {
-    const auto bindSingle = [this](Attribute attribute, float& field) {
-        At(attribute) = {
-            [&field] { return TextOfSingle(field); },
-            [&field](const std::string& text) { field = SingleFromText(text).value_or(field); }};
-    };
-    const auto bindPosition = [this](Attribute attribute, std::int32_t& field) {
-        At(attribute) = {[&field] { return TextOfWholeNumber(field); },
-                         [&field](const std::string& text) { field = ToWhole(text); }};
-    };
-    cdtRayTraceMaterialAttributes& record = m_rayTrace;
-    bindSingle(Attribute::RayTraceBrilliance, record.Brilliance);
-    bindSingle(Attribute::RayTraceReflection, record.Reflection);
-    bindSingle(Attribute::RayTraceNormalSize, record.NormalDepth);
-    bindSingle(Attribute::RayTraceNormalScale, record.NormalScale);
-    bindSingle(Attribute::RayTraceIridescenceFactor, record.IridescenceFactor);
-    bindSingle(Attribute::RayTraceIridescenceThickness, record.IridescenceThickness);
-    bindSingle(Attribute::RayTraceIridescenceTurbulence, record.IridescenceTurbulence);
-    bindSingle(Attribute::RayTraceRoughness, record.Roughness);
-    bindSingle(Attribute::RaytraceColorPatternFrequency, record.ColorPatternFrequency);
-    bindSingle(Attribute::RaytraceColorPatternTurbulence, record.ColorPatternTurbulence);
-    bindSingle(Attribute::RaytraceNormalFrequency, record.NormalPatternFrequency);
-    bindSingle(Attribute::RaytraceNormalTurbulence, record.NormalPatternTurbulence);
-    bindPosition(Attribute::RayTraceNormalPattern, record.NormalPattern);
-    bindPosition(Attribute::RayTraceType, record.MaterialType);
-    bindPosition(Attribute::RaytracePredefinedType, record.PredefinedType);
-    bindPosition(Attribute::RaytracePredefinedMaterial, record.PreDefinedMaterial);
-    bindPosition(Attribute::RaytraceColorPattern, record.ColorPattern);
-    At(Attribute::RayTraceMetallic) = {
-        [&record] { return TextOfWholeNumber(record.Metallic ? 1 : 0); },
-        [&record](const std::string& text) {
-            record.Metallic = FlagFromText(text).value_or(false);
-        }};
-}
-
-void PanelAttributes::BindRaytraceColours()
-{
-    constexpr std::array kComponents{&PatternColour::red, &PatternColour::green,
-                                     &PatternColour::blue};
-    auto attribute = static_cast<std::size_t>(Attribute::RaytraceColorPattern0Red);
-    for (PatternColour& colour : m_rayTrace.ColorPatternColor) {
-        for (const auto component : kComponents) {
-            float& field = colour.*component;
-            m_bindings[attribute++] = {[&field] { return TextOfSingle(field); },
-                                       [&field](const std::string& text) {
-                                           field = SingleFromText(text).value_or(field);
-                                       }};
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.group == AttributeGroup::Raytrace) {
+            const Attribute attribute = row.attribute;
+            At(attribute) = {[this, attribute] { return TextIn(m_kept, attribute).value(); },
+                             [this, attribute](const std::string& text) {
+                                 // What does not convert leaves the attribute as it is.
+                                 static_cast<void>(SetText(m_kept, attribute, text));
+                             }};
         }
     }
 }

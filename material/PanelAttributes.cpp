@@ -2,21 +2,17 @@
 
 #include "host/Status.h"
 #include "material/AdvancedPanel.h"
-#include "material/AlphaTests.h"
 #include "material/AttributePanel.h"
-#include "material/SurfacePanel.h"
 #include "platform/ArgumentChecks.h"
-#include "platform/NumberText.h"
 #include "plugins/CustomFieldsPanel.h"
 #include "plugins/PluginPanel.h"
-#include "textures/ChannelPanel.h"
-#include "textures/TexturePage.h"
-#include "textures/TextureWrap.h"
+#include "record/AttributeText.h"
+#include "record/NumberText.h"
+#include "record/SchemaTable.h"
 #include "ui_AdvancedPanel.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 
 namespace CorvexMaterial {
 
@@ -24,47 +20,64 @@ namespace {
 
 constexpr std::size_t kApplyModes = 3;
 
-bool IsFinite(const CorvexDB::cdtRayTraceMaterialAttributes& raytrace)
+/// What the panel shows of a record, in the order in which it takes it over; the raytrace
+/// attributes come last and are not shown.
+constexpr std::array kShowOrder{Attribute::Color,
+                                Attribute::Ambient,
+                                Attribute::Emissive,
+                                Attribute::Specular,
+                                Attribute::Transparency,
+                                Attribute::WrapOrientationU,
+                                Attribute::WrapOrientationV,
+                                Attribute::DoubleSided,
+                                Attribute::AlphaTest,
+                                Attribute::AlphaTestReference,
+                                Attribute::WrapType,
+                                Attribute::TextureAlphaChannelUse,
+                                Attribute::AlphaIsTransparent,
+                                Attribute::OverlayTranslucency,
+                                Attribute::Texture,
+                                Attribute::TextureAlpha,
+                                Attribute::TextureOverlay,
+                                Attribute::TextureBumpmap,
+                                Attribute::TextureSpecularMap,
+                                Attribute::TextureEnvironmentMap,
+                                Attribute::FlatWrapType,
+                                Attribute::TilesPerUnit,
+                                Attribute::OriginU,
+                                Attribute::OriginV,
+                                Attribute::ScaleU,
+                                Attribute::ScaleV};
+
+constexpr bool HasOneText(const AttributeRow& row)
 {
-    const std::array amounts{raytrace.Brilliance,
-                             raytrace.Reflection,
-                             raytrace.IridescenceFactor,
-                             raytrace.IridescenceThickness,
-                             raytrace.IridescenceTurbulence,
-                             raytrace.Roughness,
-                             raytrace.NormalDepth,
-                             raytrace.NormalScale,
-                             raytrace.ColorPatternFrequency,
-                             raytrace.ColorPatternTurbulence,
-                             raytrace.NormalPatternFrequency,
-                             raytrace.NormalPatternTurbulence};
-    const auto isFinite = [](float value) { return std::isfinite(value); };
-    return std::ranges::all_of(amounts, isFinite) &&
-           std::ranges::all_of(raytrace.ColorPatternColor, [&](const auto& colour) {
-               return isFinite(colour.red) && isFinite(colour.green) && isFinite(colour.blue) &&
-                      isFinite(colour.alpha);
-           });
+    return row.path.LeadsIntoRecord() && row.kind != AttributeKind::Numbers &&
+           row.kind != AttributeKind::Texts;
 }
+
+constexpr auto kShownRows = std::ranges::count_if(schema::kRows, [](const AttributeRow& row) {
+    return HasOneText(row) && row.group != AttributeGroup::Raytrace &&
+           row.group != AttributeGroup::Plugin;
+});
+static_assert(kShowOrder.size() == kShownRows);
 
 void CheckRecord(const CorvexDB::udtMaterial& record)
 {
-    CheckPosition(record.AlphaTest, kAlphaTestNames.size(), "AlphaTest");
-    CheckPosition(record.TextureAlphaChannelUse,
-                  static_cast<std::size_t>(TexturePage::AlphaChannelUseCount()),
-                  "TextureAlphaChannelUse");
-    CheckPosition(static_cast<std::int32_t>(record.Wrap), kWrapTitles.size(), "WrapType");
-    CheckPosition(static_cast<std::int32_t>(record.FlatWrap), kFlatWrapTitles.size(),
-                  "FlatWrapType");
-    const CorvexDB::TexturePlacement& placement = record.Placement;
-    for (const float value : {placement.originU, placement.originV, placement.scaleU,
-                              placement.scaleV, record.TilesPerUnit}) {
-        if (!std::isfinite(value)) {
-            throw Error(Status::InvalidArgument, "a texture placement is not a finite number");
+    for (const AttributeRow& row : AttributeRows()) {
+        if (!HasOneText(row)) {
+            continue;
+        }
+        const AttributeValue value = row.path.get(record);
+        if (const auto* single = std::get_if<float>(&value)) {
+            CheckFinite(*single, row.label);
+        }
+        // Raytrace positions are the raytracer's; whatever they are is kept.
+        if (row.kind == AttributeKind::ListPosition && row.group != AttributeGroup::Raytrace) {
+            CheckPosition(std::get<std::int32_t>(value),
+                          static_cast<std::size_t>(row.range.most) + 1, row.label);
         }
     }
-    if (!IsFinite(record.RayTrace)) {
-        throw Error(Status::InvalidArgument, "a raytrace attribute is not a finite number");
-    }
+    static_cast<void>(RoundHalfEven(record.OverlayTranslucency));
 }
 
 }  // namespace
@@ -142,28 +155,18 @@ std::int32_t PanelAttributes::Amount(Attribute attribute)
 
 CorvexDB::udtMaterial PanelAttributes::Record()
 {
-    const Ui::AdvancedPanel& advanced = m_panel.Advanced().Form();
-    const TexturePage& textures = m_panel.Channels().Textures();
     CorvexDB::udtMaterial record;
-    record.Color = m_panel.Surface().Color().Value();
-    record.Ambient = Amount(Attribute::Ambient);
-    record.Emissive = Amount(Attribute::Emissive);
-    record.Specular = Amount(Attribute::Specular);
-    record.Transparency = Amount(Attribute::Transparency);
-    record.WrapOrientationU = textures.FlipU();
-    record.WrapOrientationV = textures.FlipV();
-    record.DoubleSided = advanced.chkDoubleSided->isChecked();
-    record.AlphaTest = advanced.cboAlphaTest->currentIndex();
-    record.AlphaTestReference = Amount(Attribute::AlphaTestReference);
-    record.Wrap = textures.Wrap();
-    record.FlatWrap = textures.FlatWrap();
-    record.TilesPerUnit = textures.TilesPerUnit();
-    record.TextureAlphaChannelUse = textures.AlphaChannelUse();
-    record.AlphaIsTransparent = advanced.chkAlphaIsTransparent->isChecked();
-    record.OverlayTranslucency = static_cast<float>(Amount(Attribute::OverlayTranslucency));
-    record.Textures = textures.Files();
-    record.Placement = textures.Placement();
-    record.RayTrace = m_rayTrace;
+    for (const AttributeRow& row : AttributeRows()) {
+        if (!HasOneText(row)) {
+            continue;
+        }
+        const Binding& binding = At(row.attribute);
+        const std::string text =
+            binding.amount ? TextOfWholeNumber(binding.amount()) : binding.text();
+        if (!SetText(record, row.attribute, text)) {
+            throw Error(Status::Failed, std::string(row.label) + " cannot be \"" + text + '"');
+        }
+    }
     record.Plugin = m_panel.Plugins().SelectedName();
     record.CustomFields = m_panel.CustomFields().Texts();
     return record;
@@ -171,32 +174,13 @@ CorvexDB::udtMaterial PanelAttributes::Record()
 
 void PanelAttributes::ShowRecord(const CorvexDB::udtMaterial& record)
 {
-    const std::string overlay = TextOfWholeNumber(RoundHalfEven(record.OverlayTranslucency));
     CheckRecord(record);
     // First of all, because it asks the plug-in, which may refuse.
     m_panel.Plugins().Restore(record.Plugin, record.PluginParameters);
-    TexturePage& textures = m_panel.Channels().Textures();
-    m_panel.Surface().Color().Show(record.Color);
-    Show(Attribute::Ambient, TextOfWholeNumber(record.Ambient));
-    Show(Attribute::Emissive, TextOfWholeNumber(record.Emissive));
-    Show(Attribute::Specular, TextOfWholeNumber(record.Specular));
-    Show(Attribute::Transparency, TextOfWholeNumber(record.Transparency));
-    textures.SetFlipU(record.WrapOrientationU);
-    textures.SetFlipV(record.WrapOrientationV);
-    Show(Attribute::DoubleSided, TextOfFlag(record.DoubleSided));
-    Show(Attribute::AlphaTest, TextOfWholeNumber(record.AlphaTest));
-    Show(Attribute::AlphaTestReference, TextOfWholeNumber(record.AlphaTestReference));
-    textures.SetWrap(record.Wrap);
-    textures.SetAlphaChannelUse(record.TextureAlphaChannelUse);
-    Show(Attribute::AlphaIsTransparent, TextOfFlag(record.AlphaIsTransparent));
-    textures.SetOverlayTranslucencyText(overlay);
-    for (const TextureLayer layer : kLayerMethodOrder) {
-        textures.SetFile(layer, record.Textures.*RowOf(layer).file);
+    for (const Attribute attribute : kShowOrder) {
+        Show(attribute, TextIn(record, attribute).value());
     }
-    textures.SetFlatWrap(record.FlatWrap);
-    textures.SetTilesPerUnit(record.TilesPerUnit);
-    textures.SetPlacement(record.Placement);
-    m_rayTrace = record.RayTrace;
+    m_kept.RayTrace = record.RayTrace;
     m_panel.CustomFields().ShowTexts(record.CustomFields);
 }
 

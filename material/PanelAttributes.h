@@ -46,7 +46,7 @@ public:
     void ShowPreviewPrimitive(std::int32_t code) { m_previewPrimitive = code; }
     std::string& TextureLibrary() { return m_textureLibrary; }
     std::string& MaterialLibrary() { return m_materialLibrary; }
-    CorvexDB::cdtRayTraceMaterialAttributes& RayTrace() { return m_rayTrace; }
+    CorvexDB::cdtRayTraceMaterialAttributes& RayTrace() { return m_kept.RayTrace; }
 
     /// The last whole number in the attribute's field.
     [[nodiscard]] std::int32_t Amount(Attribute attribute);
@@ -67,11 +67,10 @@ private:
     void BindTextures();
     void BindPlacement();
     void BindRaytrace();
-    void BindRaytraceColours();
     void BindOthers();
 
     AttributePanel& m_panel;
-    CorvexDB::cdtRayTraceMaterialAttributes m_rayTrace;
+    CorvexDB::udtMaterial m_kept;  ///< what no control holds: the raytrace record
     std::int32_t m_previewPrimitive = 2;
     std::string m_textureLibrary{FactoryText(Attribute::TextureLibrary)};
     std::string m_materialLibrary{FactoryText(Attribute::MaterialLibrary)};

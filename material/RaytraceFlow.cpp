@@ -5,11 +5,11 @@
 #include "material/IMaterial.h"
 #include "material/MaterialEditor.h"
 #include "material/SurfacePanel.h"
-#include "platform/NumberText.h"
 #include "preview/PreviewPanel.h"
 #include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/SimulationTexture.h"
 #include "raytrace/frmMaterialExtended.h"
+#include "record/NumberText.h"
 #include "textures/ChannelPanel.h"
 #include "textures/TexturePage.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "material/Attributes.h"
 #include "raytrace/RaytracedPreview.h"
 #include "raytrace/RenderWait.h"
 #include "raytrace/modRaytrace.h"
+#include "record/Schema.h"
 
 #include <map>
 #include <string>

@@ -1,8 +1,9 @@
 #include "material/SavedState.h"
 
-#include "material/AttributeText.h"
 #include "material/PanelLayout.h"
 #include "material/SavedStateOrders.h"
+#include "record/AttributeText.h"
+#include "record/NumberText.h"
 
 #include <algorithm>
 #include <sstream>

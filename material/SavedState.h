@@ -2,9 +2,9 @@
 
 #include "host/Colour.h"
 #include "host/MaterialRecord.h"
-#include "material/Attributes.h"
 #include "platform/SettingsNames.h"
 #include "platform/SettingsStore.h"
+#include "record/Schema.h"
 
 #include <array>
 #include <exception>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "material/Attributes.h"
+#include "record/SchemaTable.h"
 
 #include <algorithm>
 #include <array>
@@ -91,9 +91,26 @@ constexpr bool EachOnce(auto order)
     return std::adjacent_find(order.begin(), order.end()) == order.end();
 }
 
-static_assert(kLoadOrder.size() == 57 && EachOnce(kLoadOrder));
-static_assert(kTerminateOrder.size() == kAttributeCount - 1 && EachOnce(kTerminateOrder));
-static_assert(kRememberOrder.size() == kAttributeCount - 2 && EachOnce(kRememberOrder));
-static_assert(kUserResetOrder.size() == kRememberOrder.size() - 4 && EachOnce(kUserResetOrder));
+/// Whether every attribute with such a key is in the order, or left out on purpose.
+consteval bool Covers(const auto& order, std::string_view AttributeRow::*key, std::size_t leftOut)
+{
+    std::size_t inOrder = 0;
+    std::size_t withKey = 0;
+    for (const AttributeRow& row : schema::kRows) {
+        const bool hasKey = !(row.*key).empty();
+        const bool isIn = std::find(order.begin(), order.end(), row.attribute) != order.end();
+        if (isIn && !hasKey) {
+            return false;
+        }
+        inOrder += isIn ? 1 : 0;
+        withKey += hasKey ? 1 : 0;
+    }
+    return EachOnce(order) && inOrder + leftOut == withKey;
+}
+
+static_assert(Covers(kLoadOrder, &AttributeRow::currentKey, 5));
+static_assert(Covers(kTerminateOrder, &AttributeRow::currentKey, 0));
+static_assert(Covers(kRememberOrder, &AttributeRow::userKey, 0));
+static_assert(Covers(kUserResetOrder, &AttributeRow::userKey, 4));
 
 }  // namespace CorvexMaterial::SavedStateOrders

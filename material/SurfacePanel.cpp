@@ -4,7 +4,7 @@
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
 #include "material/AmountLink.h"
-#include "material/Attributes.h"
+#include "record/Schema.h"
 #include "ui_SurfacePanel.h"
 
 namespace CorvexMaterial {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "host/Status.h"
+#include "record/NumberText.h"
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace CorvexMaterial {
@@ -24,6 +26,16 @@ inline void CheckPosition(std::int32_t position, std::size_t size, const char* n
         throw Error(Status::InvalidArgument,
                     std::string(name) + " has no position " + std::to_string(position));
     }
+}
+
+/// Errors: Overflow for NaN and for what does not fit 32 bits.
+[[nodiscard]] inline std::int32_t RoundHalfEven(double value)
+{
+    const std::optional<std::int32_t> rounded = RoundedIfFits(value);
+    if (!rounded) {
+        throw Error(Status::Overflow, "A number does not fit 32 bits.");
+    }
+    return *rounded;
 }
 
 }  // namespace CorvexMaterial

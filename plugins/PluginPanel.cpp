@@ -7,6 +7,7 @@
 #include "plugins/PluginParameters.h"
 #include "plugins/PluginRow.h"
 #include "plugins/UpDownText.h"
+#include "record/NumberText.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -3,9 +3,9 @@
 #include "plugins/PluginPanel.h"
 
 #include "dialogs/Trap.h"
-#include "platform/NumberText.h"
 #include "plugins/PluginParameters.h"
 #include "plugins/PluginRow.h"
+#include "record/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

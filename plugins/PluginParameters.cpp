@@ -1,7 +1,8 @@
 #include "plugins/PluginParameters.h"
 
 #include "host/Status.h"
-#include "platform/NumberText.h"
+#include "platform/ArgumentChecks.h"
+#include "record/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

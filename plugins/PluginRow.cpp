@@ -4,9 +4,10 @@
 #include "controls/Swatch.h"
 #include "controls/Twips.h"
 #include "host/Status.h"
-#include "platform/NumberText.h"
+#include "platform/ArgumentChecks.h"
 #include "plugins/PluginParameters.h"
 #include "plugins/UpDownText.h"
+#include "record/NumberText.h"
 
 #include <QCheckBox>
 #include <QComboBox>

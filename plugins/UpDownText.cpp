@@ -1,7 +1,7 @@
 #include "plugins/UpDownText.h"
 
 #include "controls/PlainText.h"
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 
 #include <QLineEdit>
 #include <QPainter>

@@ -2,8 +2,8 @@
 
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/Trap.h"
-#include "platform/NumberText.h"
 #include "platform/SettingsNames.h"
+#include "record/NumberText.h"
 #include "textures/TextureFileDialog.h"
 #include "textures/TextureMessages.h"
 #include "textures/TexturePage.h"

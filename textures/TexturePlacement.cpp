@@ -1,6 +1,6 @@
 #include "textures/TexturePlacement.h"
 
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 
 #include <algorithm>
 #include <array>

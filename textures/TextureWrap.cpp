@@ -1,6 +1,6 @@
 #include "textures/TextureWrap.h"
 
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 
 #include <algorithm>
 #include <cmath>

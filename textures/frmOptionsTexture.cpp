@@ -1,6 +1,6 @@
 #include "textures/frmOptionsTexture.h"
 
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 #include "textures/CropGrip.h"
 #include "textures/FieldMessage.h"
 #include "textures/TextureImage.h"

@@ -33,9 +33,9 @@ Options of render and export:
   --material KEY=VALUE   change the material of every shape; may be given several times
                          colour=Bronze (a name of the colour list) or colour=#8c7824
                          ambient, emissive, specular, transparency: per cent
-                         double-sided=yes|no
-                         alpha-test=Greater (a name of its list) or its position 0 to 7
-                         alpha-test-reference: 0 to 255
+                         doubleSided=yes|no; docs/libraries.md names every attribute
+                         alphaTest=Greater (a name of its list) or its position 0 to 7
+                         textures.primary=FILE
 
 )";
 

@@ -2,16 +2,22 @@
 
 #include "material/AlphaTests.h"
 #include "material/NamedColours.h"
+#include "record/AttributeText.h"
+#include "record/NumberText.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 
 #include <algorithm>
-#include <limits>
 
 namespace studio {
 namespace {
 
 using CorvexDB::udtMaterial;
+using CorvexMaterial::Attribute;
+using CorvexMaterial::AttributeGroup;
+using CorvexMaterial::AttributeKind;
+using CorvexMaterial::AttributeRow;
 
 QString TextOf(std::string_view text)
 {
@@ -23,83 +29,89 @@ bool IsNamed(const QString& text, std::string_view name)
     return text.compare(TextOf(name), Qt::CaseInsensitive) == 0;
 }
 
-template <std::int32_t udtMaterial::*Field, int Minimum, int Maximum>
-bool SetWhole(udtMaterial& material, const QString& text)
-{
-    bool isNumber = false;
-    const int value = text.toInt(&isNumber);
-    if (!isNumber || value < Minimum || value > Maximum) {
-        return false;
-    }
-    material.*Field = value;
-    return true;
-}
-
-template <bool udtMaterial::*Field>
-bool SetFlag(udtMaterial& material, const QString& text)
-{
-    if (!IsNamed(text, "yes") && !IsNamed(text, "no")) {
-        return false;
-    }
-    material.*Field = IsNamed(text, "yes");
-    return true;
-}
-
-bool SetColour(udtMaterial& material, const QString& text)
+std::optional<std::string> ColourIn(const QString& text)
 {
     const auto& names = CorvexMaterial::kNamedColours;
     const auto row =
         std::ranges::find_if(names, [&](const auto& named) { return IsNamed(text, named.name); });
     if (row != names.end()) {
-        material.Color = row->colour;
-        return true;
+        return CorvexMaterial::TextOfWholeNumber(row->colour);
     }
     const QColor colour = text.startsWith(u'#') ? QColor(text) : QColor();
     if (!colour.isValid()) {
-        return false;
+        return std::nullopt;
     }
-    material.Color = CorvexMaterial::MakeColour({colour.red(), colour.green(), colour.blue()});
-    return true;
+    return CorvexMaterial::TextOfWholeNumber(
+        CorvexMaterial::MakeColour({colour.red(), colour.green(), colour.blue()}));
 }
 
-bool SetAlphaTest(udtMaterial& material, const QString& text)
+std::optional<std::string> FlagIn(const QString& text)
+{
+    if (!IsNamed(text, "yes") && !IsNamed(text, "no")) {
+        return std::nullopt;
+    }
+    return CorvexMaterial::TextOfFlag(IsNamed(text, "yes"));
+}
+
+std::optional<std::string> PositionIn(const AttributeRow& row, const QString& text)
 {
     const auto& names = CorvexMaterial::kAlphaTestNames;
-    const auto row =
-        std::ranges::find_if(names, [&](std::string_view name) { return IsNamed(text, name); });
-    if (row == names.end()) {
-        return SetWhole<&udtMaterial::AlphaTest, 0, 7>(material, text);
+    const auto name =
+        std::ranges::find_if(names, [&](std::string_view test) { return IsNamed(text, test); });
+    if (row.attribute == Attribute::AlphaTest && name != names.end()) {
+        return CorvexMaterial::TextOfWholeNumber(static_cast<std::int32_t>(name - names.begin()));
     }
-    material.AlphaTest = static_cast<std::int32_t>(row - names.begin());
-    return true;
+    return CanonicalText(row.attribute, text.toStdString());
 }
 
-struct AssignmentRow {
-    const char* key;
-    bool (*set)(udtMaterial&, const QString&);
-};
+std::optional<std::string> SingleIn(const AttributeRow& row, const QString& text)
+{
+    const auto number = CorvexMaterial::SingleFromText(text.toStdString());
+    const bool fits = number && (row.group != AttributeGroup::Raytrace ||
+                                 (*number >= row.range.least && *number <= row.range.most));
+    return fits ? std::optional(text.toStdString()) : std::nullopt;
+}
 
-constexpr int kLow = std::numeric_limits<std::int32_t>::min();
-constexpr int kHigh = std::numeric_limits<std::int32_t>::max();
+/// The attribute's text for what a person types; nothing where it means none of its values.
+std::optional<std::string> TypedText(const AttributeRow& row, const QString& text)
+{
+    bool isWhole = false;
+    switch (row.kind) {
+    case AttributeKind::PackedColour:
+        return ColourIn(text);
+    case AttributeKind::Flag:
+    case AttributeKind::Switch:
+        return FlagIn(text);
+    case AttributeKind::ListPosition:
+        return PositionIn(row, text);
+    case AttributeKind::WholeNumber:
+        static_cast<void>(text.toInt(&isWhole));
+        return isWhole ? std::optional(text.toStdString()) : std::nullopt;
+    case AttributeKind::Single:
+        return SingleIn(row, text);
+    default:
+        // The files of the layers: relative to where they are named, for any folder from now on.
+        return row.group == AttributeGroup::Textures && !text.isEmpty()
+                   ? QFileInfo(text).absoluteFilePath().toStdString()
+                   : text.toStdString();
+    }
+}
 
-constexpr std::array kRows{
-    AssignmentRow{"colour", SetColour},
-    AssignmentRow{"ambient", SetWhole<&udtMaterial::Ambient, kLow, kHigh>},
-    AssignmentRow{"emissive", SetWhole<&udtMaterial::Emissive, kLow, kHigh>},
-    AssignmentRow{"specular", SetWhole<&udtMaterial::Specular, kLow, kHigh>},
-    AssignmentRow{"transparency", SetWhole<&udtMaterial::Transparency, kLow, kHigh>},
-    AssignmentRow{"double-sided", SetFlag<&udtMaterial::DoubleSided>},
-    AssignmentRow{"alpha-test", SetAlphaTest},
-    AssignmentRow{"alpha-test-reference", SetWhole<&udtMaterial::AlphaTestReference, kLow, kHigh>},
-};
+bool IsAssignable(const AttributeRow& row)
+{
+    return !row.word.empty() && row.kind != AttributeKind::Numbers &&
+           row.kind != AttributeKind::Texts;
+}
 
 }  // namespace
 
 QStringList MaterialKeys()
 {
     QStringList keys;
-    for (const AssignmentRow& row : kRows) {
-        keys << QLatin1String(row.key);
+    for (const AttributeRow& row : CorvexMaterial::AttributeRows()) {
+        if (IsAssignable(row)) {
+            keys << TextOf(row.word);
+        }
     }
     return keys;
 }
@@ -108,13 +120,13 @@ std::optional<QString> AssignMaterial(udtMaterial& material, const QString& assi
 {
     const QString key = assignment.section(u'=', 0, 0).trimmed();
     const QString value = assignment.section(u'=', 1).trimmed();
-    const auto row = std::ranges::find_if(
-        kRows, [&](const AssignmentRow& candidate) { return key == QLatin1String(candidate.key); });
-    if (row == kRows.end()) {
+    const AttributeRow* const row = CorvexMaterial::FindAttribute(key.toStdString());
+    if (row == nullptr || !IsAssignable(*row)) {
         return QCoreApplication::translate("MaterialAssignment", "\"%1\" is none of %2.")
             .arg(key, MaterialKeys().join(QStringLiteral(", ")));
     }
-    if (!row->set(material, value)) {
+    const auto text = TypedText(*row, value);
+    if (!text || !SetText(material, row->attribute, *text)) {
         return QCoreApplication::translate("MaterialAssignment", "\"%1\" is no value for %2.")
             .arg(value, key);
     }

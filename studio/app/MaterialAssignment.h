@@ -9,7 +9,7 @@
 
 namespace studio {
 
-/// The keys that `AssignMaterial` knows.
+/// The keys that `AssignMaterial` knows, each with what it takes.
 [[nodiscard]] QStringList MaterialKeys();
 
 /// Changes one attribute from a text `key=value`: a colour is a name of the colour list or

@@ -12,7 +12,8 @@ FieldSet FieldsOf(const std::vector<ShapeChange>& changes)
 {
     FieldSet fields;
     for (const ShapeChange& change : changes) {
-        fields |= Differences(change.before.gathered->material, change.after.gathered->material);
+        fields.merge(
+            Differences(change.before.gathered->material, change.after.gathered->material));
     }
     return fields;
 }
@@ -23,7 +24,7 @@ QString NameOfChange(const FieldSet& fields, const std::vector<ShapeChange>& cha
     const auto keepsCoordinates = [](const ShapeChange& change) {
         return change.before.coordinates == change.after.coordinates;
     };
-    if (fields.any()) {
+    if (!fields.empty()) {
         return NameOf(fields);
     }
     return std::ranges::all_of(changes, keepsCoordinates) ? Tr("way of applying") : Tr("wrap");

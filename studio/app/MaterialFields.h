@@ -1,22 +1,20 @@
 #pragma once
 
-#include "host/MaterialRecord.h"
+#include "record/Schema.h"
 
 #include <QString>
 
-#include <bitset>
-#include <cstddef>
+#include <set>
 
 namespace studio {
 
-inline constexpr std::size_t kMaterialFieldCount = 22;
-using FieldSet = std::bitset<kMaterialFieldCount>;
+/// Attributes that changed; one of those that change together stands for all of them.
+using FieldSet = std::set<CorvexMaterial::Attribute>;
 
-/// The fields in which two materials differ, in the record's order.
 [[nodiscard]] FieldSet Differences(const CorvexDB::udtMaterial& one,
                                    const CorvexDB::udtMaterial& other);
 
-/// What a person calls the change of these fields: the field's name when it is one, "material" when
+/// What a person calls the change of these: the attribute's name when it is one, "material" when
 /// there are several.
 [[nodiscard]] QString NameOf(const FieldSet& fields);
 

@@ -1,7 +1,7 @@
 #include "studio/app/StudioSettings.h"
 
-#include "material/Attributes.h"
 #include "platform/SettingsNames.h"
+#include "record/Schema.h"
 
 namespace studio {
 

@@ -1,5 +1,6 @@
 #include "studio/browser/LibraryToolTip.h"
 
+#include "record/AttributeText.h"
 #include "studio/app/ShapeToolTip.h"
 #include "studio/libraries/LibraryFile.h"
 #include "studio/libraries/MaterialText.h"
@@ -9,13 +10,14 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
-#include <array>
-
 namespace studio {
 namespace {
 
 using Material = CorvexDB::udtMaterial;
-using Files = CorvexDB::TextureFiles;
+using CorvexMaterial::Attribute;
+using CorvexMaterial::AttributeGroup;
+using CorvexMaterial::AttributeRow;
+using CorvexMaterial::AttributeUnit;
 
 constexpr const char* kToolTipContext = "LibraryToolTip";
 
@@ -35,43 +37,28 @@ QString Heading(const QString& name)
     return QStringLiteral("<b>%1</b>").arg(name.toHtmlEscaped());
 }
 
-struct AmountRow {
-    const char* name;
-    std::int32_t Material::*amount;
-};
-constexpr std::array kAmountRows{
-    AmountRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Ambient"), &Material::Ambient},
-    AmountRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Emissive"), &Material::Emissive},
-    AmountRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Specular"), &Material::Specular},
-    AmountRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Transparency"), &Material::Transparency},
-};
-
-struct FileRow {
-    const char* name;
-    std::string Files::*file;
-};
-constexpr std::array kFileRows{
-    FileRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Texture"), &Files::primary},
-    FileRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Overlay"), &Files::overlay},
-    FileRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Alpha map"), &Files::alpha},
-    FileRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Bump map"), &Files::bump},
-    FileRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Specular map"), &Files::specular},
-    FileRow{QT_TRANSLATE_NOOP("LibraryToolTip", "Environment map"), &Files::environment},
-};
+QString Label(const AttributeRow& row)
+{
+    return QCoreApplication::translate("Attribute", row.label);
+}
 
 QString MaterialRows(const Material& material)
 {
-    QString text = ToolTipRow(Translated("Color"), ColourText(material.Color));
-    for (const AmountRow& row : kAmountRows) {
-        text += ToolTipRow(Translated(row.name), Translated("%1 %").arg(material.*row.amount));
+    QString text = ToolTipRow(Label(RowOf(Attribute::Color)), ColourText(material.Color));
+    for (const AttributeRow& row : CorvexMaterial::AttributeRows()) {
+        if (row.group == AttributeGroup::Surface && row.unit == AttributeUnit::Percent) {
+            const QString amount = QString::fromStdString(*TextIn(material, row.attribute));
+            text += ToolTipRow(Label(row), Translated("%1 %").arg(amount));
+        }
     }
     if (!material.Plugin.empty()) {
-        text += ToolTipRow(Translated("Plug-in"), QString::fromStdString(material.Plugin));
+        text +=
+            ToolTipRow(Label(RowOf(Attribute::Plugin)), QString::fromStdString(material.Plugin));
     }
-    for (const FileRow& row : kFileRows) {
-        const QString file = QString::fromStdString(material.Textures.*row.file);
+    for (const Attribute layer : CorvexMaterial::kTextureFiles) {
+        const QString file = QString::fromStdString(*TextIn(material, layer));
         if (!file.isEmpty()) {
-            text += ToolTipRow(Translated(row.name), QFileInfo(file).fileName());
+            text += ToolTipRow(Label(RowOf(layer)), QFileInfo(file).fileName());
         }
     }
     return text;

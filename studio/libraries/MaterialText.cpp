@@ -1,7 +1,7 @@
 #include "studio/libraries/MaterialText.h"
 
 #include "host/Status.h"
-#include "studio/libraries/MaterialJsonFields.h"
+#include "studio/libraries/JsonFields.h"
 #include "studio/libraries/StoredPath.h"
 
 #include <QJsonArray>
@@ -10,82 +10,25 @@
 namespace studio {
 namespace {
 
-constexpr QLatin1String kTextures("textures");
-constexpr QLatin1String kPlacement("placement");
-constexpr QLatin1String kRaytrace("raytrace");
-constexpr QLatin1String kPluginParameters("pluginParameters");
-constexpr QLatin1String kCustomFields("customFields");
-constexpr QLatin1String kPatternColours("patternColours");
-constexpr qsizetype kMostPluginParameters = 10;
-
-using Raytrace = CorvexDB::cdtRayTraceMaterialAttributes;
+using CorvexMaterial::Attribute;
+using CorvexMaterial::kTextureFiles;
 using Material = CorvexDB::udtMaterial;
-using CustomFields = std::array<std::string, CorvexDB::kCustomFieldCount>;
+using CustomFields = CorvexMaterial::CustomFieldValues;
 
-QJsonObject JsonOfTextures(const CorvexDB::TextureFiles& files, const std::string& folder)
+constexpr QLatin1String kCustomFields("customFields");
+
+std::string FileIn(const Material& material, Attribute layer)
 {
-    QJsonObject json;
-    for (const auto& row : kTextureFileFields) {
-        if (const std::string& file = files.*row.member; !file.empty()) {
-            json[QLatin1String(row.key)] = QString::fromStdString(StoredPath(file, folder));
-        }
-    }
-    return json;
+    return std::get<std::string>(RowOf(layer).path.get(material));
 }
 
-QJsonObject JsonOfRaytrace(const Raytrace& raytrace)
+Material WithPaths(Material material, const std::string& folder,
+                   std::string (*change)(const std::string& path, const std::string& folder))
 {
-    QJsonObject json = JsonOfFields(raytrace, kRaytraceFields);
-    QJsonArray colours;
-    for (const auto& colour : raytrace.ColorPatternColor) {
-        colours.append(JsonOfFields(colour, kPatternColourFields));
+    for (const Attribute layer : kTextureFiles) {
+        RowOf(layer).path.set(material, change(FileIn(material, layer), folder));
     }
-    json[kPatternColours] = colours;
-    return json;
-}
-
-void ReadTextures(CorvexDB::TextureFiles& files, FieldReader reader, const std::string& folder)
-{
-    for (const auto& row : kTextureFileFields) {
-        std::string& file = files.*row.member;
-        reader.Read(QLatin1String(row.key), {}, file);
-        file = PathOfStored(file, folder);
-    }
-}
-
-void ReadRaytrace(Raytrace& raytrace, FieldReader reader)
-{
-    ReadFields(reader, raytrace, kRaytraceFields);
-    const QJsonArray colours = reader.Array(kPatternColours);
-    qsizetype i = 0;
-    for (auto& colour : raytrace.ColorPatternColor) {
-        FieldReader channels = reader.Inside(kPatternColours, colours.at(i++));
-        ReadFields(channels, colour, kPatternColourFields);
-    }
-}
-
-void ReadPluginParameters(std::vector<float>& parameters, FieldReader& reader)
-{
-    const QJsonArray values = reader.Array(kPluginParameters);
-    if (values.size() > kMostPluginParameters) {
-        reader.Complain(kPluginParameters, QStringLiteral("has more than ten values"));
-    }
-    for (qsizetype i = 0; i < std::min(values.size(), kMostPluginParameters); ++i) {
-        reader.Element(kPluginParameters, values[i], kAnyFloat, parameters.emplace_back(0.0F));
-    }
-}
-
-void ReadCustomFields(Material& material, FieldReader& reader)
-{
-    const QJsonArray values = reader.Array(kCustomFields);
-    qsizetype i = 0;
-    for (std::string& field : material.CustomFields) {
-        const QJsonValue value = values.at(i++);
-        field = value.toString().toStdString();
-        if (!value.isString() && !value.isUndefined()) {
-            reader.Complain(kCustomFields, QStringLiteral("holds something that is no text"));
-        }
-    }
+    return material;
 }
 
 QJsonObject JsonObjectIn(std::string_view json)
@@ -114,42 +57,47 @@ std::string FieldLines(const CustomFields& values, const FieldNames& names)
 }
 
 // Patterns, types and a predefined material: what only a raytracer shows.
-bool IsRaytraced(const Raytrace& raytrace)
+bool IsRaytraced(const CorvexDB::cdtRayTraceMaterialAttributes& raytrace)
 {
     return raytrace.MaterialType != 0 || raytrace.ColorPattern != 0 || raytrace.NormalPattern != 0;
 }
 
 // As they are stored: where a library lies is neither its content nor anybody's business.
-void DescribeFiles(SearchValues& search, const CorvexDB::TextureFiles& files,
-                   const std::string& folder)
+void DescribeFiles(SearchValues& search, const Material& stored)
 {
     std::int64_t layers = 0;
     std::int64_t bit = 1;
-    for (const auto& row : kTextureFileFields) {
-        if (const std::string& file = files.*row.member; !file.empty()) {
+    for (const Attribute layer : kTextureFiles) {
+        if (const std::string file = FileIn(stored, layer); !file.empty()) {
             layers |= bit;
-            search[TextProperty::Files] += Folded(StoredPath(file, folder)) + '\n';
+            search[TextProperty::Files] += Folded(file) + '\n';
         }
         bit <<= 1;
     }
     search[NumberProperty::Layers] = layers;
 }
 
+std::int64_t NumberIn(const Material& material, Attribute attribute)
+{
+    const auto value = RowOf(attribute).path.get(material);
+    const auto* const flag = std::get_if<bool>(&value);
+    const std::int64_t number = flag != nullptr ? *flag : std::get<std::int32_t>(value);
+    return attribute == Attribute::Color ? number & CorvexMaterial::kWhite : number;
+}
+
 SearchValues SearchValuesOf(const Material& material, const std::string& folder,
                             const FieldNames& names)
 {
     SearchValues search;
-    search[NumberProperty::Colour] = material.Color & 0xFFFFFF;
-    search[NumberProperty::Ambient] = material.Ambient;
-    search[NumberProperty::Emissive] = material.Emissive;
-    search[NumberProperty::Specular] = material.Specular;
-    search[NumberProperty::Transparency] = material.Transparency;
-    search[NumberProperty::DoubleSided] = material.DoubleSided ? 1 : 0;
-    search[NumberProperty::AlphaTest] = material.AlphaTest;
+    for (const auto& column : kNumberColumns) {
+        if (column.attribute) {
+            search[column.property] = NumberIn(material, *column.attribute);
+        }
+    }
     search[NumberProperty::Raytraced] = IsRaytraced(material.RayTrace) ? 1 : 0;
     search[TextProperty::Plugin] = Folded(material.Plugin);
     search[TextProperty::Fields] = FieldLines(material.CustomFields, names);
-    DescribeFiles(search, material.Textures, folder);
+    DescribeFiles(search, WithPaths(material, folder, StoredPath));
     return search;
 }
 
@@ -157,27 +105,15 @@ SearchValues SearchValuesOf(const Material& material, const std::string& folder,
 
 std::string JsonOfMaterial(const Material& material, const std::string& folder)
 {
-    QJsonObject json = JsonOfFields(material, kMaterialFields);
-    json[kPlacement] = JsonOfFields(material.Placement, kPlacementFields);
-    json[kTextures] = JsonOfTextures(material.Textures, folder);
-    json[kRaytrace] = JsonOfRaytrace(material.RayTrace);
-    json[kPluginParameters] = JsonArrayOf(material.PluginParameters);
-    json[kCustomFields] = JsonArrayOf(material.CustomFields);
+    const QJsonObject json = JsonOfRecord(WithPaths(material, folder, StoredPath));
     return QJsonDocument(json).toJson(QJsonDocument::Compact).toStdString();
 }
 
 MaterialReading MaterialOfJson(std::string_view json, const std::string& folder)
 {
     MaterialReading reading;
-    Material& material = reading.material;
-    FieldReader reader(JsonObjectIn(json), reading.problems);
-    ReadFields(reader, material, kMaterialFields);
-    FieldReader placement = reader.Inside(kPlacement);
-    ReadFields(placement, material.Placement, kPlacementFields);
-    ReadTextures(material.Textures, reader.Inside(kTextures), folder);
-    ReadRaytrace(material.RayTrace, reader.Inside(kRaytrace));
-    ReadPluginParameters(material.PluginParameters, reader);
-    ReadCustomFields(material, reader);
+    ReadRecord(JsonObjectIn(json), reading.material, reading.problems);
+    reading.material = WithPaths(std::move(reading.material), folder, PathOfStored);
     return reading;
 }
 
@@ -194,7 +130,7 @@ std::optional<EntryContent> WithMovedFields(std::string_view json, const FieldPl
     if (values == CustomFields()) {
         return std::nullopt;
     }
-    object[kCustomFields] = JsonArrayOf(values);
+    object[kCustomFields] = JsonOf(values);
     return EntryContent{QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString(),
                         FieldLines(values, fieldNames)};
 }

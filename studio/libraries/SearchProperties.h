@@ -1,5 +1,7 @@
 #pragma once
 
+#include "record/Schema.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -36,16 +38,18 @@ template <typename Property>
 struct SearchColumn {
     Property property;
     std::string_view name;  ///< of the column, and in a query
+    /// Whose value it is; nothing where it is worked out.
+    std::optional<CorvexMaterial::Attribute> attribute = std::nullopt;
 };
 
 inline constexpr std::array<SearchColumn<NumberProperty>, 11> kNumberColumns{{
-    {NumberProperty::Colour, "colour"},
-    {NumberProperty::Ambient, "ambient"},
-    {NumberProperty::Emissive, "emissive"},
-    {NumberProperty::Specular, "specular"},
-    {NumberProperty::Transparency, "transparency"},
-    {NumberProperty::DoubleSided, "doublesided"},
-    {NumberProperty::AlphaTest, "alphatest"},
+    {NumberProperty::Colour, "colour", CorvexMaterial::Attribute::Color},
+    {NumberProperty::Ambient, "ambient", CorvexMaterial::Attribute::Ambient},
+    {NumberProperty::Emissive, "emissive", CorvexMaterial::Attribute::Emissive},
+    {NumberProperty::Specular, "specular", CorvexMaterial::Attribute::Specular},
+    {NumberProperty::Transparency, "transparency", CorvexMaterial::Attribute::Transparency},
+    {NumberProperty::DoubleSided, "doublesided", CorvexMaterial::Attribute::DoubleSided},
+    {NumberProperty::AlphaTest, "alphatest", CorvexMaterial::Attribute::AlphaTest},
     {NumberProperty::Layers, "layers"},
     {NumberProperty::Raytraced, "raytraced"},
     {NumberProperty::Width, "width"},

@@ -1,8 +1,8 @@
+#include "record/Schema.h"
 #include "studio/images/TextureFile.h"
 #include "studio/libraries/CommandContext.h"
 #include "studio/libraries/LibraryCommandTable.h"
 #include "studio/libraries/LibraryReading.h"
-#include "studio/libraries/MaterialJsonFields.h"
 
 #include <QImage>
 
@@ -12,8 +12,8 @@ namespace {
 std::vector<std::string> FilesOfMaterial(const CorvexDB::udtMaterial& material)
 {
     std::vector<std::string> files;
-    for (const auto& row : kTextureFileFields) {
-        files.push_back(material.Textures.*row.member);
+    for (const CorvexMaterial::Attribute layer : CorvexMaterial::kTextureFiles) {
+        files.push_back(std::get<std::string>(RowOf(layer).path.get(material)));
     }
     std::erase(files, "");
     return files;

@@ -1,7 +1,7 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/WarningCatalogue.h"
-#include "material/AttributeText.h"
 #include "material/NamedColours.h"
+#include "record/AttributeText.h"
 #include "textures/TextureLayers.h"
 
 #include <gmock/gmock.h>
@@ -20,9 +20,11 @@ using ::testing::Not;
 TEST(AttributeCatalogue, FactoryTextsAreCanonical)
 {
     for (const AttributeRow& row : AttributeRows()) {
-        if (row.kind != AttributeKind::Group) {
-            EXPECT_EQ(CanonicalText(row.attribute, row.factoryText), row.factoryText)
-                << row.currentKey;
+        if (row.kind != AttributeKind::Numbers && row.kind != AttributeKind::Texts) {
+            EXPECT_EQ(CanonicalText(row.attribute, row.factoryText), row.factoryText) << row.label;
+            if (row.path.LeadsIntoRecord()) {
+                EXPECT_EQ(TextIn({}, row.attribute), row.factoryText) << row.label;
+            }
         }
     }
 }

@@ -1,5 +1,6 @@
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 #include "host/Status.h"
+#include "platform/ArgumentChecks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/NumberText.h"
+#include "record/NumberText.h"
 #include "tests/support/CommaLocale.h"
 #include "textures/CropFit.h"
 #include "textures/CropGrip.h"

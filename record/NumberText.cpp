@@ -1,6 +1,4 @@
-#include "platform/NumberText.h"
-
-#include "host/Status.h"
+#include "record/NumberText.h"
 
 #include <algorithm>
 #include <array>
@@ -58,24 +56,6 @@ std::optional<Number> FiniteFromText(std::string_view text)
     return value;
 }
 
-std::optional<std::int32_t> RoundedIfFits(double value)
-{
-    // The largest magnitudes round to themselves; above 2^52 there are no fractions left.
-    double whole = std::floor(value);
-    const double fraction = value - whole;
-    const bool isOdd = std::fmod(whole, 2.0) != 0.0;
-    if (fraction > 0.5 || (fraction == 0.5 && isOdd)) {
-        whole += 1.0;
-    }
-    constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
-    constexpr double kMost = std::numeric_limits<std::int32_t>::max();
-    // Written so that NaN does not fit.
-    if (!(whole >= kLeast && whole <= kMost)) {
-        return std::nullopt;
-    }
-    return static_cast<std::int32_t>(whole);
-}
-
 }  // namespace
 
 std::optional<double> NumberFromText(std::string_view text)
@@ -122,13 +102,22 @@ std::string TextOfFlag(bool value)
     return value ? "True" : "False";
 }
 
-std::int32_t RoundHalfEven(double value)
+std::optional<std::int32_t> RoundedIfFits(double value)
 {
-    const std::optional<std::int32_t> rounded = RoundedIfFits(value);
-    if (!rounded) {
-        throw Error(Status::Overflow, "A number does not fit 32 bits.");
+    // The largest magnitudes round to themselves; above 2^52 there are no fractions left.
+    double whole = std::floor(value);
+    const double fraction = value - whole;
+    const bool isOdd = std::fmod(whole, 2.0) != 0.0;
+    if (fraction > 0.5 || (fraction == 0.5 && isOdd)) {
+        whole += 1.0;
     }
-    return *rounded;
+    constexpr double kLeast = std::numeric_limits<std::int32_t>::min();
+    constexpr double kMost = std::numeric_limits<std::int32_t>::max();
+    // Written so that NaN does not fit.
+    if (!(whole >= kLeast && whole <= kMost)) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(whole);
 }
 
 }  // namespace CorvexMaterial

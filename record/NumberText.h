@@ -27,7 +27,7 @@ namespace CorvexMaterial {
 [[nodiscard]] std::string TextOfWholeNumber(std::int32_t value);
 [[nodiscard]] std::string TextOfFlag(bool value);
 
-/// Errors: Overflow for NaN and for what does not fit 32 bits.
-[[nodiscard]] std::int32_t RoundHalfEven(double value);
+/// Half goes to the even neighbour. Nothing for NaN and for what does not fit 32 bits.
+[[nodiscard]] std::optional<std::int32_t> RoundedIfFits(double value);
 
 }  // namespace CorvexMaterial

@@ -1,0 +1,107 @@
+#include "record/Schema.h"
+
+#include "record/SchemaGuards.h"
+#include "record/SchemaTable.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using namespace schema;
+
+// A member without a row, a row out of order, two rows for one member: none of them compiles.
+static_assert(RowsFollowEnum(kRows, RaytraceColorPattern3Alpha));
+static_assert(NoTwoRowsShareAMember(kRows));
+static_assert(MembersWithRows(kRows) == MemberCount<M>());
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::Textures>) == MemberCount<Files>());
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::Placement>) == MemberCount<Placement>());
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace>) == MemberCount<Raytrace>());
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace, &Raytrace::ColorPatternColor>) ==
+              std::tuple_size_v<decltype(Raytrace::ColorPatternColor)>);
+template <std::size_t... Index>
+consteval bool EveryPatternColourIsWhole(std::index_sequence<Index...>)
+{
+    return (
+        (MembersWithRows(
+             kRows, paths::kSteps<&M::RayTrace, &Raytrace::ColorPatternColor, Element{Index}>) ==
+         MemberCount<PatternColour>()) &&
+        ...);
+}
+static_assert(EveryPatternColourIsWhole(std::make_index_sequence<4>()));
+
+constexpr bool WordsAreUnique()
+{
+    for (const AttributeRow& row : kRows) {
+        const auto isSame = [&](const AttributeRow& other) { return other.word == row.word; };
+        if (!row.word.empty() && std::count_if(kRows.begin(), kRows.end(), isSame) != 1) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(WordsAreUnique());
+
+bool MeansTheSame(std::string_view typed, std::string_view word)
+{
+    const auto next = [](std::string_view& text) {
+        while (text.starts_with('-')) {
+            text.remove_prefix(1);
+        }
+        const char letter = text.empty() ? '\0' : text.front();
+        text.remove_prefix(text.empty() ? 0 : 1);
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    };
+    char letter = '\0';
+    do {
+        letter = next(typed);
+        if (letter != next(word)) {
+            return false;
+        }
+    } while (letter != '\0');
+    return true;
+}
+
+}  // namespace
+
+std::span<const AttributeRow> AttributeRows()
+{
+    return kRows;
+}
+
+const AttributeRow& RowOf(Attribute attribute)
+{
+    return kRows[static_cast<std::size_t>(attribute)];
+}
+
+std::string_view FactoryText(Attribute attribute)
+{
+    return RowOf(attribute).factoryText;
+}
+
+const char* LabelOf(AttributeGroup group)
+{
+    switch (group) {
+    case Group::Textures:
+        return "Textures";
+    case Group::Placement:
+        return "Texture placement";
+    case Group::Raytrace:
+        return "Raytrace attributes";
+    default:
+        return nullptr;
+    }
+}
+
+const AttributeRow* FindAttribute(std::string_view word)
+{
+    const auto row = std::find_if(kRows.begin(), kRows.end(), [&](const AttributeRow& candidate) {
+        return !candidate.word.empty() && MeansTheSame(word, candidate.word);
+    });
+    return row == kRows.end() ? nullptr : &*row;
+}
+
+}  // namespace CorvexMaterial
