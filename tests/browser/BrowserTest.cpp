@@ -3,13 +3,10 @@
 #include "studio/browser/LibraryView.h"
 #include "studio/browser/SearchField.h"
 #include "tests/browser/SampleLibrary.h"
+#include "tests/support/Testing.h"
 
 #include <QDrag>
-#include <QLineEdit>
 #include <QScrollBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 

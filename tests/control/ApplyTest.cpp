@@ -1,13 +1,10 @@
 #include "tests/control/SampleMaterial.h"
 #include "tests/support/ControlRig.h"
+#include "tests/support/Testing.h"
 
-#include <QLabel>
 #include <QTabBar>
 
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <functional>
 #include <utility>
 
 namespace {

@@ -1,11 +1,8 @@
 #include "tests/control/FaultSteps.h"
+#include "tests/support/Testing.h"
 
 #include <QSlider>
 #include <QTabBar>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 namespace {
 

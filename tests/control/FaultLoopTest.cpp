@@ -1,12 +1,8 @@
 #include "tests/control/FaultSteps.h"
+#include "tests/support/Testing.h"
 
-#include <QApplication>
-#include <QComboBox>
 #include <QRegularExpression>
 
-#include <gtest/gtest.h>
-
-#include <map>
 #include <set>
 
 namespace {

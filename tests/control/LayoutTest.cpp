@@ -1,8 +1,5 @@
 #include "tests/support/ControlRig.h"
-
-#include <QTest>
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 namespace {
 

@@ -1,9 +1,7 @@
 #include "tests/support/ControlRig.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <cmath>
-#include <functional>
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include "tests/control/FaultSteps.h"
 #include "tests/control/SampleMaterial.h"
 #include "tests/support/CommaLocale.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "tests/support/Testing.h"
 
 namespace {
 

@@ -1,15 +1,8 @@
 #include "dialogs/modDialog.h"
 #include "tests/support/ControlRig.h"
+#include "tests/support/Testing.h"
 
-#include <QCheckBox>
-#include <QDialog>
-#include <QLabel>
 #include <QTabBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <functional>
 
 namespace {
 

@@ -2,10 +2,7 @@
 #include "studio/images/OwnImage.h"
 #include "studio/images/TextureFile.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <QDir>
+#include "tests/support/Testing.h"
 
 #include <random>
 

@@ -1,11 +1,7 @@
 #include "studio/images/OwnFormats.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <array>
-#include <chrono>
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -1,14 +1,10 @@
 #include "studio/images/TextureFile.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <QImageReader>
-#include <QTemporaryDir>
 
 #include <array>
 #include <cstring>
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -1,10 +1,6 @@
 #include "studio/images/MissingTextures.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <filesystem>
+#include "tests/support/Testing.h"
 
 namespace {
 

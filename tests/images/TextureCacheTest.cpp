@@ -1,11 +1,7 @@
 #include "studio/images/TextureCache.h"
 #include "studio/images/Thumbnail.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
-#include <QSignalSpy>
+#include "tests/support/Testing.h"
 
 #include <future>
 #include <set>

@@ -1,10 +1,7 @@
 #include "host/Status.h"
 #include "tests/interchange/Exchange.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
+#include "tests/support/Testing.h"
 
 #include <random>
 

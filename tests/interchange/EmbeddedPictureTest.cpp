@@ -1,10 +1,7 @@
 #include "tests/interchange/Exchange.h"
 #include "tests/support/SampleFolder.h"
+#include "tests/support/Testing.h"
 
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>

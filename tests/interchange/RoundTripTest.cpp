@@ -1,10 +1,7 @@
 #include "host/Status.h"
 #include "studio/interchange/Amounts.h"
 #include "tests/interchange/Exchange.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
+#include "tests/support/Testing.h"
 
 #include <cmath>
 #include <random>

@@ -2,11 +2,8 @@
 
 #include "studio/libraries/LibraryReading.h"
 #include "tests/libraries/fuzz/FuzzLibrary.h"
+#include "tests/support/Testing.h"
 
-#include <gmock/gmock.h>
-
-#include <QDir>
-#include <QFile>
 #include <QtEndian>
 
 #include <numeric>

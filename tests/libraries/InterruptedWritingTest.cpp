@@ -1,9 +1,6 @@
 #include "tests/libraries/SampleMaterials.h"
 #include "tests/libraries/WriterProcess.h"
-
-#include <gmock/gmock.h>
-
-#include <QDir>
+#include "tests/support/Testing.h"
 
 namespace {
 

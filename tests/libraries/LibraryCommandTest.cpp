@@ -1,11 +1,8 @@
 #include "tests/libraries/SampleMaterials.h"
 
 #include "studio/libraries/LibraryReading.h"
+#include "tests/support/Testing.h"
 
-#include <gmock/gmock.h>
-
-#include <QDir>
-#include <QImage>
 #include <QJsonDocument>
 #include <QProcess>
 

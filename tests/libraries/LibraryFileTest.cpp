@@ -1,11 +1,7 @@
 #include "tests/libraries/SampleMaterials.h"
 
 #include "studio/libraries/LibraryReading.h"
-
-#include <gmock/gmock.h>
-
-#include <QDir>
-#include <QFile>
+#include "tests/support/Testing.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -3,10 +3,7 @@
 #include "studio/libraries/LibraryReading.h"
 #include "studio/libraries/MaterialDocument.h"
 #include "studio/libraries/StoredPath.h"
-
-#include <gmock/gmock.h>
-
-#include <QFile>
+#include "tests/support/Testing.h"
 
 namespace {
 

@@ -5,10 +5,7 @@
 #include "studio/libraries/SqliteTextureLibrary.h"
 #include "studio/libraries/Thumbnailer.h"
 #include "studio/render/RenderService.h"
-
-#include <gmock/gmock.h>
-
-#include <QImage>
+#include "tests/support/Testing.h"
 
 namespace {
 

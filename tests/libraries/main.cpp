@@ -1,8 +1,5 @@
 #include "tests/libraries/WriterProcess.h"
-
-#include <gtest/gtest.h>
-
-#include <QApplication>
+#include "tests/support/Testing.h"
 
 int main(int argc, char** argv)
 {

@@ -1,6 +1,5 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/WarningCatalogue.h"
-#include "material/NamedColours.h"
 #include "record/AttributeText.h"
 #include "textures/TextureLayers.h"
 
@@ -8,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <new>
-#include <set>
 
 namespace CorvexMaterial {
 
@@ -26,23 +24,6 @@ TEST(AttributeCatalogue, FactoryTextsAreCanonical)
                 EXPECT_EQ(TextIn({}, row.attribute), row.factoryText) << row.label;
             }
         }
-    }
-}
-
-TEST(NamedColours, AreFoundByTheirValue)
-{
-    EXPECT_EQ(ColourListPosition(0), 0U);
-    EXPECT_EQ(ColourListPosition(16775408), 1U);
-    EXPECT_EQ(ColourListPosition(16777215), 132U);
-    EXPECT_EQ(ColourListPosition(-1), 132U);
-    EXPECT_EQ(ColourListPosition(36 * 65536 + 120 * 256 + 140), 150U);
-    EXPECT_EQ(ColourListPosition(1), kNamedColours.size());
-    EXPECT_EQ(kNamedColours[45].name, "Gray  5%");
-    EXPECT_EQ(kNamedColours[63].name, "Gray 95");
-    EXPECT_EQ(kNamedColours[154].name, "Old Gold");
-    std::set<std::string_view> names{kCustomColourName};
-    for (const NamedColour& row : kNamedColours) {
-        EXPECT_TRUE(names.insert(row.name).second) << row.name;
     }
 }
 
@@ -66,17 +47,6 @@ TEST(Warnings, AreShownForAMissingChoiceAndForExactlyOne)
         EXPECT_FALSE(WarningWanted(stored)) << stored;
     }
     EXPECT_FALSE(WarningWanted(TextOfWarningChoice(false)));
-}
-
-TEST(Warnings, TheTwoTextsOfAKeyDifferAsAnnounced)
-{
-    const WarningRow& simulation = RowOf(WarningId::RaytraceSimulation);
-    EXPECT_THAT(std::string(simulation.text), HasSubstr(" Several Corvex material attibutes "));
-    std::string all(simulation.text);
-    all.replace(all.find("Several"), 7, "All");
-    EXPECT_EQ(simulation.otherText, all);
-    const WarningRow& bumpmapping = RowOf(WarningId::Bumpmapping);
-    EXPECT_TRUE(bumpmapping.otherText.starts_with(bumpmapping.text));
 }
 
 template <typename Thrown>

@@ -1,16 +1,12 @@
 #include "platform/QtPlatform.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gmock/gmock.h>
+#include "tests/support/Testing.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
-#include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
-#include <QTest>
 #include <QTimer>
 
 using namespace CorvexMaterial;

@@ -1,15 +1,10 @@
 #include "plugins/CustomFieldsPanel.h"
 
 #include "tests/support/Driving.h"
+#include "tests/support/Testing.h"
 
-#include <QApplication>
 #include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
 #include <QTextDocument>
-
-#include <gtest/gtest.h>
 
 namespace CorvexTest {
 namespace {

@@ -1,8 +1,5 @@
 #include "tests/plugins/PluginRig.h"
-
-#include <QComboBox>
-
-#include <gmock/gmock.h>
+#include "tests/support/Testing.h"
 
 #include <limits>
 

@@ -2,15 +2,9 @@
 
 #include "plugins/PluginParameters.h"
 #include "plugins/UpDownText.h"
+#include "tests/support/Testing.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QSlider>
-#include <QTest>
-
-#include <gmock/gmock.h>
 
 namespace CorvexTest {
 namespace {

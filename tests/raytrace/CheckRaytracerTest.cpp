@@ -1,10 +1,7 @@
 #include "tests/support/ControlRig.h"
+#include "tests/support/Testing.h"
 
 #include <QAbstractButton>
-#include <QDialog>
-#include <QLabel>
-
-#include <gtest/gtest.h>
 
 namespace {
 

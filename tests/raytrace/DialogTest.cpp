@@ -1,13 +1,10 @@
 #include "tests/support/ControlRig.h"
+#include "tests/support/Testing.h"
 
 #include <QAbstractButton>
-#include <QDialog>
 #include <QFrame>
-#include <QLabel>
 #include <QSlider>
 #include <QStandardItemModel>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,10 +1,7 @@
 #include "host/Status.h"
 #include "raytrace/PovRayJob.h"
 #include "raytrace/RenderManJob.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
+#include "tests/support/Testing.h"
 
 namespace {
 

@@ -2,13 +2,9 @@
 
 #include "raytrace/RaytraceMessages.h"
 #include "tests/raytrace/FakeRaytracer.h"
+#include "tests/support/Testing.h"
 
 #include <QAbstractButton>
-#include <QDialog>
-#include <QDir>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,17 +1,10 @@
 #include "raytrace/RaytraceMessages.h"
 #include "tests/raytrace/FakeRaytracer.h"
+#include "tests/support/Testing.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QDialog>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QProgressBar>
-#include <QTest>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace {
 

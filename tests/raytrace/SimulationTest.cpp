@@ -1,11 +1,8 @@
 #include "tests/raytrace/FakeRaytracer.h"
+#include "tests/support/Testing.h"
 
 #include <QAbstractButton>
-#include <QDialog>
-#include <QLabel>
 #include <QTabBar>
-
-#include <gtest/gtest.h>
 
 namespace {
 

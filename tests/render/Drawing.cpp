@@ -1,10 +1,8 @@
 #include "Drawing.h"
 
 #include "studio/render/RenderService.h"
+#include "tests/support/Testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cmath>
 
 namespace drawing {

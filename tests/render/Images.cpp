@@ -1,8 +1,5 @@
 #include "Images.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 namespace drawing {
 

@@ -1,12 +1,10 @@
+#include "tests/support/Testing.h"
+
 #include <assimp/Importer.hpp>
 #include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cmath>
-#include <string>
 
 namespace {
 

@@ -2,11 +2,7 @@
 #include "Drawing.h"
 #include "host/Status.h"
 #include "studio/render/GlContext.h"
-
-#include <QApplication>
-#include <QTest>
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <atomic>
 #include <future>

@@ -1,8 +1,6 @@
 #include "Drawing.h"
+#include "tests/support/Testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cmath>
 
 using namespace drawing;

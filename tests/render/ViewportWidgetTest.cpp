@@ -5,12 +5,9 @@
 #include "studio/images/TextureCache.h"
 #include "studio/render/FrameSource.h"
 #include "studio/render/GlContext.h"
+#include "tests/support/Testing.h"
 
-#include <QSignalSpy>
-#include <QTest>
 #include <QWheelEvent>
-
-#include <gtest/gtest.h>
 
 using namespace drawing;
 using studio::ViewportWidget;

@@ -4,11 +4,9 @@
 #include "studio/scene/HostViewport.h"
 #include "tests/scene/BoxShape.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <QPointer>
-#include <QSignalSpy>
 #include <QWheelEvent>
 
 namespace {

@@ -1,15 +1,11 @@
 #include "studio/import/ModelImport.h"
 #include "studio/scene/ModelShapes.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QFileInfo>
-#include <QImage>
-#include <QSignalSpy>
 
 #include <sys/stat.h>
 #include <unistd.h>

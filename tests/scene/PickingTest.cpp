@@ -1,10 +1,8 @@
 #include "studio/scene/Picking.h"
 #include "studio/scene/ParametricMesh.h"
 #include "tests/scene/BoxShape.h"
+#include "tests/support/Testing.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <random>
 
 namespace {

@@ -1,10 +1,6 @@
-#include <QDir>
-#include <QFile>
-#include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
+#include "tests/support/Testing.h"
 
-#include <gtest/gtest.h>
+#include <QProcess>
 
 namespace {
 

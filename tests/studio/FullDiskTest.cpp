@@ -10,13 +10,10 @@
 #include "studio/raytrace/SimulationPictures.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "tests/support/SampleFolder.h"
-
-#include <gmock/gmock.h>
+#include "tests/support/Testing.h"
 
 #include <QDirIterator>
 #include <QProcess>
-
-#include <map>
 
 namespace {
 

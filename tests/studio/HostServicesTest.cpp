@@ -11,13 +11,10 @@
 #include "tests/support/RecordingPlatform.h"
 
 #include "host/Status.h"
+#include "tests/support/Testing.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QPlainTextEdit>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace {
 

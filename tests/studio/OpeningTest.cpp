@@ -6,10 +6,8 @@
 #include "studio/libraries/MaterialDocument.h"
 #include "studio/plugins/PluginFolder.h"
 #include "tests/support/SampleFolder.h"
+#include "tests/support/Testing.h"
 
-#include <gmock/gmock.h>
-
-#include <QFile>
 #include <QFileInfo>
 
 #include <sys/stat.h>

@@ -1,14 +1,9 @@
 #include "tests/support/RecordingPlatform.h"
 
 #include "studio/app/WarningPresenter.h"
+#include "tests/support/Testing.h"
 
-#include <QCheckBox>
-#include <QDialog>
 #include <QDialogButtonBox>
-#include <QPushButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 

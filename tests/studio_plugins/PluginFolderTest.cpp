@@ -4,10 +4,7 @@
 #include "studio/plugins/CheckedPlugin.h"
 #include "studio/plugins/PluginFolder.h"
 #include "tests/support/SampleFolder.h"
-
-#include <QFile>
-
-#include <gmock/gmock.h>
+#include "tests/support/Testing.h"
 
 #include <limits>
 #include <stdexcept>

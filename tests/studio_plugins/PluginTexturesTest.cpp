@@ -3,12 +3,9 @@
 #include "host/Status.h"
 #include "studio/plugins/PluginFolder.h"
 #include "studio/plugins/PluginTextures.h"
+#include "tests/support/Testing.h"
 
 #include <QElapsedTimer>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <gmock/gmock.h>
 
 #include <semaphore>
 #include <stdexcept>

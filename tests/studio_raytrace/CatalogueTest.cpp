@@ -1,12 +1,10 @@
 // Every stock material and every pattern, many in one run.
 
 #include "tests/studio_raytrace/SphereGrid.h"
+#include "tests/support/Testing.h"
 
 #include <QRegularExpression>
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cmath>
 #include <set>
 

@@ -4,12 +4,9 @@
 #include "tests/studio_raytrace/RibReader.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 #include "tests/support/SampleFolder.h"
+#include "tests/support/Testing.h"
 
-#include <QDir>
-#include <QFile>
 #include <QLocale>
-
-#include <gtest/gtest.h>
 
 namespace {
 

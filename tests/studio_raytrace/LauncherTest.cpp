@@ -1,14 +1,9 @@
 // The launcher as the control uses it, with the real POV-Ray and with scripts that misbehave.
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QTest>
+#include "tests/support/Testing.h"
 
-#include <gtest/gtest.h>
+#include <QElapsedTimer>
+#include <QProcess>
 
 #include <csignal>
 

@@ -2,14 +2,9 @@
 #include "studio/scene/ParametricMesh.h"
 #include "tests/studio_raytrace/RaytraceRig.h"
 #include "tests/studio_raytrace/RibReader.h"
-
-#include <QDir>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/support/Testing.h"
 
 #include <cmath>
-#include <map>
 
 namespace {
 

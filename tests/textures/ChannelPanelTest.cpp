@@ -1,16 +1,11 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/FileFilter.h"
 #include "tests/support/SampleFolder.h"
+#include "tests/support/Testing.h"
 #include "tests/textures/PanelRig.h"
 #include "textures/TextureMessages.h"
 
-#include <QDialog>
-#include <QLabel>
-#include <QPushButton>
 #include <QTabBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,13 +1,8 @@
 #include "tests/support/SampleFolder.h"
+#include "tests/support/Testing.h"
 #include "tests/textures/PanelRig.h"
 #include "textures/CroppingPicture.h"
 #include "textures/frmOptionsTexture.h"
-
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,11 +1,9 @@
 #include "record/NumberText.h"
 #include "tests/support/CommaLocale.h"
+#include "tests/support/Testing.h"
 #include "textures/CropFit.h"
 #include "textures/CropGrip.h"
 #include "textures/TexturePlacement.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>

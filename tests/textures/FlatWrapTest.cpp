@@ -1,13 +1,9 @@
+#include "tests/support/Testing.h"
 #include "tests/textures/PanelRig.h"
 #include "textures/TextureWrap.h"
 
 #include <QAbstractSpinBox>
-#include <QDialog>
-#include <QLineEdit>
-#include <QTest>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -132,20 +128,6 @@ TEST_F(FlatWrapDialog, OpensFromNoOtherWrap)
     QTest::mouseRelease(&rig.Find("optWrapType_1"), Qt::RightButton, {}, QPoint(-30, 5));
     QCoreApplication::processEvents();
     EXPECT_FALSE(dialog.Given());
-}
-
-TEST_F(FlatWrapDialog, WrapButtonsExcludeOneAnother)
-{
-    for (const int wrap : {2, 1, 0, 0}) {
-        rig.log.Clear();
-        rig.Press(QStringLiteral("optWrapType_%1").arg(wrap));
-        EXPECT_EQ(static_cast<int>(rig.Page().Wrap()), wrap);
-        for (int i = 0; i < 3; ++i) {
-            const auto name = QStringLiteral("optWrapType_%1").arg(i);
-            EXPECT_EQ(rig.Find<QToolButton>(name).isChecked(), i == wrap);
-        }
-        EXPECT_EQ(rig.Edits(), 1U);
-    }
 }
 
 }  // namespace

@@ -1,11 +1,7 @@
 #include "dialogs/ErrorTexts.h"
+#include "tests/support/Testing.h"
 #include "tests/textures/PanelRig.h"
 #include "textures/TextureMessages.h"
-
-#include <QDialog>
-#include <QPushButton>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,12 +1,9 @@
 #include "tests/support/SampleFolder.h"
+#include "tests/support/Testing.h"
 #include "textures/TextureImage.h"
 #include "textures/ThumbnailCache.h"
 
 #include <QBuffer>
-#include <QFile>
-#include <QImage>
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
