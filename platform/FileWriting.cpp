@@ -184,9 +184,9 @@ void FileWriter::NameBeside()
     const std::string open = "/proc/self/fd/" + std::to_string(m_file);
     const fs::path target(m_target);
     const auto number = std::hash<std::string>{}(target.filename().string());
-    const std::string name =
-        (target.parent_path() / (".corvex-" + std::to_string(number))).string();
-    // Always the same, and for a moment only: one that stays is of a program that was killed then.
+    std::string name = (target.parent_path() / (".corvex-" + std::to_string(number))).string();
+    // Always the same, and for a moment only: one that stays is of a program that was killed then,
+    // or somebody else's, who keeps the name.
     for (int tries = 0; m_beside.empty(); ++tries) {
         if (::linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
             m_beside = name;
@@ -194,8 +194,8 @@ void FileWriter::NameBeside()
             Fail(errno);
         } else if (tries < kMostTries) {
             ::usleep(kTryMicroseconds);
-        } else {
-            ::unlink(name.c_str());
+        } else if (::unlink(name.c_str()) != 0 && errno != ENOENT) {
+            name = NewName(m_target);
         }
     }
 }

@@ -7,6 +7,7 @@
 #include <QFile>
 
 #include <fcntl.h>
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -102,6 +103,21 @@ TEST_F(FileWritingTest, NamesTheFileAndTheReason)
     EXPECT_THAT(FileFailure(make), Optional(HasSubstr("File exists")));
     EXPECT_EQ(ContentOf("file"), "old");
     EXPECT_EQ(Names(), before);
+}
+
+TEST_F(FileWritingTest, NeedsNoNameThatSomebodyElseKeeps)
+{
+    const int watch = ::inotify_init1(IN_CLOEXEC);
+    ASSERT_GE(::inotify_add_watch(watch, m_folder.Path().toLocal8Bit().constData(), IN_CREATE), 0);
+    WriteFile(PathOf("out"), std::string("old"));
+    alignas(inotify_event) std::array<char, 4096> events{};
+    ASSERT_GT(::read(watch, events.data(), events.size()), 0);
+    ::close(watch);
+    const QString passing(reinterpret_cast<const inotify_event*>(events.data())->name);
+    ASSERT_TRUE(QDir(m_folder.Path()).mkdir(passing)) << passing.toStdString();
+    WriteFile(PathOf("out"), std::string("new"));
+    EXPECT_EQ(ContentOf("out"), "new");
+    EXPECT_THAT(Names(), testing::UnorderedElementsAre(passing, QString("out")));
 }
 
 TEST_F(FileWritingTest, AppendsToAnOpenFileNamedByItsNumber)
