@@ -5,11 +5,11 @@
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioSettings.h"
-#include "studio/raytrace/PovRayStage.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/RenderWindow.h"
 #include "studio/raytrace/StudioRaytraceServices.h"
 #include "studio/raytrace/StudioSceneExporter.h"
+#include "studio/raytrace/povray/PovRayStage.h"
 #include "studio/render/ViewportWidget.h"
 
 #include <QCoreApplication>

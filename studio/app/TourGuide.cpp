@@ -1,6 +1,6 @@
 #include "studio/app/TourGuide.h"
 
-#include "studio/raytrace/PictureFile.h"
+#include "studio/images/PictureFile.h"
 #include "studio/render/ViewportWidget.h"
 
 #include <QAbstractItemView>

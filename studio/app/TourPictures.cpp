@@ -1,6 +1,6 @@
 #include "studio/app/TourPictures.h"
 
-#include "studio/raytrace/PictureFile.h"
+#include "studio/images/PictureFile.h"
 
 #include <QImage>
 #include <QLinearGradient>

@@ -4,8 +4,8 @@
 #include "platform/ProcessLeash.h"
 #include "platform/TemporaryFolder.h"
 #include "raytrace/RenderProgress.h"
-#include "studio/raytrace/RaytraceImages.h"
-#include "studio/raytrace/RaytraceScene.h"
+#include "studio/raytrace/writing/RaytraceImages.h"
+#include "studio/raytrace/writing/RaytraceScene.h"
 
 #include <QImage>
 #include <QObject>

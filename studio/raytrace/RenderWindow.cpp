@@ -1,7 +1,7 @@
 #include "studio/raytrace/RenderWindow.h"
 
 #include "host/Status.h"
-#include "studio/raytrace/PictureFile.h"
+#include "studio/images/PictureFile.h"
 
 #include <QDir>
 #include <QFileDialog>

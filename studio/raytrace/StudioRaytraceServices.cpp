@@ -3,8 +3,8 @@
 #include "host/Status.h"
 #include "platform/ProcessLeash.h"
 #include "platform/QtRegularFile.h"
-#include "studio/raytrace/AttributeText.h"
-#include "studio/raytrace/PictureFile.h"
+#include "studio/images/PictureFile.h"
+#include "studio/raytrace/writing/CombinedAttributes.h"
 
 #include <QEventLoop>
 #include <QProcess>

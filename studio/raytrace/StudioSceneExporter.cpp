@@ -1,9 +1,9 @@
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include "host/Status.h"
-#include "studio/raytrace/PovRayScene.h"
-#include "studio/raytrace/Quoting.h"
-#include "studio/raytrace/RibScene.h"
+#include "studio/raytrace/povray/PovRayScene.h"
+#include "studio/raytrace/renderman/RibScene.h"
+#include "studio/raytrace/writing/Quoting.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/StudioScene.h"
 

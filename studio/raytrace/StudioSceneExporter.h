@@ -2,8 +2,8 @@
 
 #include "host/CorvexSG.h"
 #include "platform/TemporaryFolder.h"
-#include "studio/raytrace/RaytraceImages.h"
-#include "studio/raytrace/RaytraceScene.h"
+#include "studio/raytrace/writing/RaytraceImages.h"
+#include "studio/raytrace/writing/RaytraceScene.h"
 
 #include <functional>
 #include <optional>

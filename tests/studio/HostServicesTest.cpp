@@ -6,7 +6,7 @@
 #include "studio/app/StudioDesktop.h"
 #include "studio/app/StudioSettings.h"
 #include "studio/app/StudioTables.h"
-#include "studio/raytrace/AttributeText.h"
+#include "studio/raytrace/writing/CombinedAttributes.h"
 #include "tests/support/CommaLocale.h"
 #include "tests/support/RecordingPlatform.h"
 

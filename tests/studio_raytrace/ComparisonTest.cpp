@@ -1,6 +1,6 @@
 // The same material in the viewport and in POV-Ray.
 
-#include "studio/raytrace/PovRayStage.h"
+#include "studio/raytrace/povray/PovRayStage.h"
 #include "tests/studio_raytrace/PictureDifference.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 

@@ -1,6 +1,6 @@
 // Nothing that a user names can become a statement of a scene file.
 
-#include "studio/raytrace/Quoting.h"
+#include "studio/raytrace/writing/Quoting.h"
 #include "tests/studio_raytrace/RibReader.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 #include "tests/support/SampleFolder.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "studio/raytrace/RaytraceImages.h"
-#include "studio/raytrace/RaytraceScene.h"
+#include "studio/raytrace/writing/RaytraceImages.h"
+#include "studio/raytrace/writing/RaytraceScene.h"
 #include "studio/render/RenderService.h"
 
 #include <QImage>
