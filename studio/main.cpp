@@ -1,8 +1,8 @@
 #include "platform/SearchPath.h"
 #include "studio/app/CommandLine.h"
 #include "studio/app/Studio.h"
+#include "studio/import/GltfProcess.h"
 #include "studio/import/ImportProcess.h"
-#include "studio/interchange/GltfProcess.h"
 
 #include <QStringList>
 

@@ -8,13 +8,13 @@
 #include "studio/images/PictureFile.h"
 #include "studio/images/TextureCache.h"
 #include "studio/import/ModelImport.h"
+#include "studio/import/ModelShapes.h"
 #include "studio/raytrace/RaytraceRun.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 #include "studio/raytrace/StudioSceneExporter.h"
 #include "studio/raytrace/writing/SurfaceImages.h"
 #include "studio/render/RenderService.h"
 #include "studio/scene/DefaultScene.h"
-#include "studio/scene/ModelShapes.h"
 
 #include <QEventLoop>
 #include <QFileInfo>

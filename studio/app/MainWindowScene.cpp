@@ -8,10 +8,10 @@
 #include "studio/app/TexturePaths.h"
 #include "studio/browser/LibraryDrag.h"
 #include "studio/browser/LibraryStep.h"
+#include "studio/import/ModelShapes.h"
 #include "studio/libraries/NamedMaterials.h"
 #include "studio/render/ViewportWidget.h"
 #include "studio/scene/DefaultScene.h"
-#include "studio/scene/ModelShapes.h"
 #include "studio/scene/Picking.h"
 
 #include <QDir>

@@ -3,7 +3,7 @@
 #include "host/Status.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/WaitDialog.h"
-#include "studio/interchange/Interchange.h"
+#include "studio/import/Interchange.h"
 #include "studio/interchange/ReportDialog.h"
 #include "studio/libraries/LibraryReading.h"
 #include "studio/libraries/SqliteMaterialLibrary.h"

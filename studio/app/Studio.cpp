@@ -10,7 +10,7 @@
 #include "studio/app/StudioHost.h"
 #include "studio/app/Theme.h"
 #include "studio/app/Tour.h"
-#include "studio/interchange/InterchangeFormats.h"
+#include "studio/import/InterchangeFormats.h"
 #include "studio/libraries/LibraryCommands.h"
 
 namespace studio {

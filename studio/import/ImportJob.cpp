@@ -3,7 +3,7 @@
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
 #include "studio/import/ModelFile.h"
-#include "studio/import/ShapeNames.h"
+#include "studio/interchange/ShapeNames.h"
 
 #include <QCoreApplication>
 #include <QDir>

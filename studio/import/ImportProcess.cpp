@@ -2,9 +2,9 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
-#include "studio/import/AssimpReader.h"
-#include "studio/import/ImportAllowance.h"
 #include "studio/import/ModelFile.h"
+#include "studio/interchange/ImportAllowance.h"
+#include "studio/interchange/assimp/AssimpReader.h"
 
 #include <csignal>
 #include <iostream>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/import/ImportedModel.h"
+#include "studio/interchange/ImportedModel.h"
 
 #include <QMetaType>
 #include <QObject>

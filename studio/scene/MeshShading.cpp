@@ -1,6 +1,6 @@
 #include "studio/scene/MeshShading.h"
 
-#include "studio/import/UnitVector.h"
+#include "studio/render/UnitVector.h"
 
 #include <string_view>
 #include <unordered_map>

@@ -1,6 +1,6 @@
 #include "studio/scene/ParametricMesh.h"
 
-#include "studio/import/UnitVector.h"
+#include "studio/render/UnitVector.h"
 
 #include <QMatrix4x4>
 

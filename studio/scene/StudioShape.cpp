@@ -1,7 +1,7 @@
 #include "studio/scene/StudioShape.h"
 
 #include "host/Status.h"
-#include "studio/import/AssimpReader.h"
+#include "studio/interchange/assimp/AssimpReader.h"
 #include "studio/scene/MeshShading.h"
 
 #include <filesystem>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/interchange/Interchange.h"
+#include "studio/import/Interchange.h"
 
 #include <QString>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "studio/interchange/GltfProcess.h"
+#include "studio/import/GltfProcess.h"
 
 // The importing process alone, as the studio's own main starts it.
 int main(int argc, char** argv)

@@ -1,7 +1,7 @@
 #include "studio/import/ModelFile.h"
 #include "host/Status.h"
-#include "studio/import/AssimpReader.h"
-#include "studio/import/ShapeNames.h"
+#include "studio/interchange/ShapeNames.h"
+#include "studio/interchange/assimp/AssimpReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "studio/import/ModelImport.h"
-#include "studio/scene/ModelShapes.h"
+#include "studio/import/ModelShapes.h"
 #include "tests/support/SampleFolder.h"
 #include "tests/support/Testing.h"
 

@@ -4,7 +4,7 @@
 #include "platform/QtTemporaryFiles.h"
 #include "studio/app/ShippedLibraries.h"
 #include "studio/images/PictureFile.h"
-#include "studio/interchange/Interchange.h"
+#include "studio/import/Interchange.h"
 #include "studio/libraries/LastingPicture.h"
 #include "studio/libraries/MaterialDocument.h"
 #include "studio/raytrace/SimulationPictures.h"

@@ -1,9 +1,9 @@
 #include "tests/interchange/fuzz/FuzzEntry.h"
 
 #include "host/Status.h"
-#include "studio/interchange/EmbeddedPictures.h"
-#include "studio/interchange/MtlMaterials.h"
-#include "studio/interchange/MtlxMaterials.h"
+#include "studio/import/EmbeddedPictures.h"
+#include "studio/interchange/mtlx/MtlxMaterials.h"
+#include "studio/interchange/wavefront/MtlMaterials.h"
 
 #include <cmath>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "studio/interchange/GltfSurface.h"
+#include "studio/interchange/gltf/GltfSurface.h"
 #include "tests/interchange/fuzz/FuzzEntry.h"
 
 #include <assimp/GltfMaterial.h>
