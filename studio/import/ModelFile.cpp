@@ -13,7 +13,7 @@ namespace {
 using CorvexDB::udtMaterial;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 5;
+constexpr std::uint32_t kVersion = 6;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
@@ -43,7 +43,7 @@ bool Reasonable(const Vertex& vertex)
     const auto all = [](const auto& values) {
         return std::ranges::all_of(values, [](float value) { return Reasonable(value); });
     };
-    return all(vertex.position) && all(vertex.normal) && all(vertex.tangent) && all(vertex.uv);
+    return all(vertex.position) && all(vertex.normal) && all(vertex.uv);
 }
 
 std::int32_t GetInRange(ByteReader& reader, std::int32_t most)

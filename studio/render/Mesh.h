@@ -13,9 +13,7 @@ namespace studio {
 struct Vertex {
     std::array<float, 3> position{};
     std::array<float, 3> normal{};  ///< unit length, outward
-    std::array<float, 4> tangent{1.0F, 0.0F, 0.0F,
-                                 1.0F};  ///< direction of growing u; w = sign of v
-    std::array<float, 2> uv{};           ///< v grows upward, 0 = bottom row
+    std::array<float, 2> uv{};      ///< v grows upward, 0 = bottom row
 };
 
 /// An axis-aligned box. Empty until a point is included.

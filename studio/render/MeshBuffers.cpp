@@ -9,7 +9,6 @@ namespace {
 
 constexpr GLuint kPosition = 0;
 constexpr GLuint kNormal = 1;
-constexpr GLuint kTangent = 2;
 constexpr GLuint kUv = 3;
 
 std::int64_t BytesOf(const Mesh& mesh)
@@ -39,7 +38,6 @@ MeshBuffers::MeshBuffers(const Mesh& mesh) : m_count(static_cast<GLsizei>(mesh.i
                  mesh.indices.data(), GL_STATIC_DRAW);
     DescribeAttribute(kPosition, 3, offsetof(Vertex, position));
     DescribeAttribute(kNormal, 3, offsetof(Vertex, normal));
-    DescribeAttribute(kTangent, 4, offsetof(Vertex, tangent));
     DescribeAttribute(kUv, 2, offsetof(Vertex, uv));
     glBindVertexArray(0);
     if (glGetError() == GL_OUT_OF_MEMORY) {

@@ -24,12 +24,4 @@ namespace studio {
                   {0.0F, 1.0F, 0.0F});
 }
 
-/// Without texture coordinates there is no direction of growing u; any one along the surface will
-/// do.
-[[nodiscard]] inline QVector3D AnyTangent(const QVector3D& normal)
-{
-    const QVector3D axis = std::abs(normal.x()) < 0.9F ? QVector3D(1, 0, 0) : QVector3D(0, 1, 0);
-    return QVector3D::crossProduct(axis, normal).normalized();
-}
-
 }  // namespace studio

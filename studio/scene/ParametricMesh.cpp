@@ -32,13 +32,12 @@ Slopes SlopesAt(const Surface& surface, float u, float v)
 
 Vertex VertexOf(const QVector3D& position, const Slopes& slopes, QVector2D uv)
 {
-    const QVector3D tangent = UnitOr(slopes.alongU, {1.0F, 0.0F, 0.0F});
+    const QVector3D along = UnitOr(slopes.alongU, {1.0F, 0.0F, 0.0F});
     const QVector3D normal =
-        UnitOr(QVector3D::crossProduct(tangent, UnitOr(slopes.alongV, {})), {0.0F, 1.0F, 0.0F});
+        UnitOr(QVector3D::crossProduct(along, UnitOr(slopes.alongV, {})), {0.0F, 1.0F, 0.0F});
     Vertex vertex;
     vertex.position = {position.x(), position.y(), position.z()};
     vertex.normal = {normal.x(), normal.y(), normal.z()};
-    vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), 1.0F};
     vertex.uv = {uv.x(), uv.y()};
     return vertex;
 }

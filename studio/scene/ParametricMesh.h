@@ -20,7 +20,7 @@ struct Grid {
     int rows = 32;
 };
 
-/// Normals and tangents follow the surface, poles included; u and v are the texture coordinates.
+/// Normals follow the surface, poles included; u and v are the texture coordinates.
 [[nodiscard]] std::shared_ptr<const Mesh> ParametricMesh(const Surface& surface, Grid grid);
 
 [[nodiscard]] std::shared_ptr<const Mesh> SphereMesh(float radius);

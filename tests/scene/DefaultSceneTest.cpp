@@ -17,9 +17,6 @@ TEST(DefaultScene, SurfacesAreSmoothAndFaceOutward)
         const studio::Mesh& mesh = *shape->SharedMesh();
         for (const studio::Vertex& vertex : mesh.vertices) {
             ASSERT_NEAR(At(vertex.normal).length(), 1.0F, 1e-3F) << shape->Name();
-            const QVector3D tangent(vertex.tangent[0], vertex.tangent[1], vertex.tangent[2]);
-            ASSERT_NEAR(QVector3D::dotProduct(At(vertex.normal), tangent), 0.0F, 0.02F)
-                << shape->Name();
         }
         float volume = 0.0F;
         for (std::size_t corner = 0; corner < mesh.indices.size(); corner += 3) {

@@ -35,18 +35,8 @@ Vertex VertexAt(const aiMesh& source, unsigned int index)
         Usable(source.mVertices[index]) ? From(source.mVertices[index]) : QVector3D();
     const QVector3D up(0.0F, 1.0F, 0.0F);
     const QVector3D normal = source.HasNormals() ? UnitFrom(source.mNormals[index], up) : up;
-    QVector3D tangent = AnyTangent(normal);
-    float handedness = 1.0F;
-    if (source.HasTangentsAndBitangents()) {
-        tangent = UnitFrom(source.mTangents[index], tangent);
-        const QVector3D across = UnitFrom(source.mBitangents[index], tangent);
-        handedness = QVector3D::dotProduct(QVector3D::crossProduct(normal, tangent), across) < 0.0F
-                         ? -1.0F
-                         : 1.0F;
-    }
     vertex.position = {position.x(), position.y(), position.z()};
     vertex.normal = {normal.x(), normal.y(), normal.z()};
-    vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), handedness};
     if (source.HasTextureCoords(0) && Usable(source.mTextureCoords[0][index])) {
         vertex.uv = {source.mTextureCoords[0][index].x, source.mTextureCoords[0][index].y};
     }
@@ -72,11 +62,9 @@ void FaceByThemselves(const aiMesh& source, std::vector<Vertex>& vertices,
         const QVector3D normal =
             FaceNormal(From(source.mVertices[corners[0]]), From(source.mVertices[corners[1]]),
                        From(source.mVertices[corners[2]]));
-        const QVector3D tangent = AnyTangent(normal);
         for (std::uint32_t& corner : corners) {
             Vertex own = vertices[corner];
             own.normal = {normal.x(), normal.y(), normal.z()};
-            own.tangent = {tangent.x(), tangent.y(), tangent.z(), 1.0F};
             corner = static_cast<std::uint32_t>(vertices.size());
             vertices.push_back(own);
         }

@@ -7,7 +7,7 @@ struct aiMesh;
 namespace studio {
 
 /// The triangles of a file's mesh. Corners that are no usable numbers take their triangles along;
-/// missing normals and tangents are made up.
+/// missing normals are made up.
 [[nodiscard]] ImportedMesh MeshFrom(const aiMesh& source);
 
 }  // namespace studio

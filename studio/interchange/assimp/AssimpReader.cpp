@@ -75,8 +75,8 @@ void Configure(Assimp::Importer& importer)
 }
 
 constexpr unsigned int kSteps = aiProcess_Triangulate | aiProcess_JoinIdenticalVertices |
-                                aiProcess_GenSmoothNormals | aiProcess_CalcTangentSpace |
-                                aiProcess_SortByPType | aiProcess_ValidateDataStructure;
+                                aiProcess_GenSmoothNormals | aiProcess_SortByPType |
+                                aiProcess_ValidateDataStructure;
 
 [[noreturn]] void Refuse(const std::string& path, const std::string& reason)
 {
@@ -144,13 +144,10 @@ Vertex Moved(Vertex vertex, const QMatrix4x4& worldFromMesh, const QMatrix4x4& n
 {
     const auto& [px, py, pz] = vertex.position;
     const auto& [nx, ny, nz] = vertex.normal;
-    const auto& [tx, ty, tz, side] = vertex.tangent;
     const QVector3D position = worldFromMesh.map(QVector3D(px, py, pz));
     const QVector3D normal = UnitOr(normals.mapVector({nx, ny, nz}), {0.0F, 1.0F, 0.0F});
-    const QVector3D tangent = UnitOr(worldFromMesh.mapVector({tx, ty, tz}), AnyTangent(normal));
     vertex.position = {position.x(), position.y(), position.z()};
     vertex.normal = {normal.x(), normal.y(), normal.z()};
-    vertex.tangent = {tangent.x(), tangent.y(), tangent.z(), side};
     return vertex;
 }
 
