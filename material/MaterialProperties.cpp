@@ -5,7 +5,7 @@
 #include "material/MaterialEditor.h"
 #include "material/SurfacePanel.h"
 #include "platform/ArgumentChecks.h"
-#include "raytrace/RaytraceCatalogue.h"
+#include "record/Looks.h"
 #include "textures/ChannelPanel.h"
 #include "textures/LibraryPanel.h"
 #include "ui_AdvancedPanel.h"
@@ -155,7 +155,7 @@ Status Material::put_lRaytracePredefinedType(const std::int32_t& lRaytracePredef
 Status Material::put_lRaytraceColorPatternType(const std::int32_t& lRaytraceColorPatternType)
 {
     return m_editor->Guard()("lRaytraceColorPatternType", [&] {
-        CheckPosition(lRaytraceColorPatternType, kColorPatternNames.size(),
+        CheckPosition(lRaytraceColorPatternType, ColorPatternLooks().size(),
                       "lRaytraceColorPatternType");
         m_editor->ChangeAtOnce(
             [&] { m_editor->Attributes().RayTrace().ColorPattern = lRaytraceColorPatternType; });

@@ -6,10 +6,10 @@
 #include "material/MaterialEditor.h"
 #include "material/SurfacePanel.h"
 #include "preview/PreviewPanel.h"
-#include "raytrace/RaytraceCatalogue.h"
-#include "raytrace/SimulationTexture.h"
 #include "raytrace/frmMaterialExtended.h"
+#include "record/Looks.h"
 #include "record/NumberText.h"
+#include "record/SimulationTexture.h"
 #include "textures/ChannelPanel.h"
 #include "textures/TexturePage.h"
 
@@ -165,7 +165,7 @@ void RaytraceFlow::ShowAsRendered(const std::string& texture)
     Replaced& replaced = m_replaced[texture];
     replaced = {textures.File(TextureLayer::Primary), {}};
     textures.SetFile(TextureLayer::Primary, texture);
-    if (attributes.RayTrace().MaterialType != static_cast<std::int32_t>(MaterialType::Predefined)) {
+    if (!IsPredefined(attributes.RayTrace())) {
         return;
     }
     for (const auto& [attribute, text] : AsRendered()) {
@@ -193,9 +193,7 @@ void RaytraceFlow::PutBack(const std::string& texture)
 void RaytraceFlow::Notice(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
 {
     const WarningRow& row = RowOf(WarningId::RaytraceSimulation);
-    const bool predefined =
-        attributes.MaterialType == static_cast<std::int32_t>(MaterialType::Predefined);
-    m_editor.RequestWarning(predefined ? row.otherText : row.text, row.key);
+    m_editor.RequestWarning(IsPredefined(attributes) ? row.otherText : row.text, row.key);
 }
 
 bool RaytraceFlow::SimulationTextureActive() const
@@ -203,16 +201,14 @@ bool RaytraceFlow::SimulationTextureActive() const
     const CorvexDB::cdtRayTraceMaterialAttributes& attributes = m_editor.Attributes().RayTrace();
     const std::string& primary =
         m_editor.Form().Attributes().Channels().Textures().File(TextureLayer::Primary);
-    return attributes.MaterialType == static_cast<std::int32_t>(MaterialType::Predefined)
-               ? !primary.empty()
-               : attributes.ColorPattern != 0 && IsSimulationTexture(primary);
+    return IsPredefined(attributes) ? !primary.empty()
+                                    : attributes.ColorPattern != 0 && IsSimulationTexture(primary);
 }
 
 void RaytraceFlow::FollowAttributes()
 {
     // A predefined material is simulated by a picture; its own amounts would spoil it.
-    const bool editable = m_editor.Attributes().RayTrace().MaterialType !=
-                          static_cast<std::int32_t>(MaterialType::Predefined);
+    const bool editable = !IsPredefined(m_editor.Attributes().RayTrace());
     AttributePanel& panel = m_editor.Form().Attributes();
     panel.Surface().SetAmountsEnabled(editable);
     panel.Channels().SetChannelsEnabled(editable);

@@ -1,33 +1,27 @@
 #include "raytrace/PatternColours.h"
 
 #include <algorithm>
-#include <cmath>
+#include <array>
 
 namespace CorvexMaterial {
 
 namespace {
 
-constexpr float kByteMaximum = 255.0F;
+struct BlockPattern {
+    std::string_view name;
+    int colours;
+};
 
-int ByteOf(float fraction)
-{
-    const float inside = std::isnan(fraction) ? 0.0F : std::clamp(fraction, 0.0F, 1.0F);
-    return static_cast<int>(std::lround(inside * kByteMaximum));
-}
+// The list offers the first two alone; a record of another origin may name the others.
+constexpr std::array<BlockPattern, 4> kBlockPatterns{
+    {{"None", 0}, {"Checker", 2}, {"Brick", 2}, {"Hexagon", 3}}};
 
 }  // namespace
 
-Colour ColourOfFractions(const CorvexDB::PatternColour& fractions)
+PatternNeeds NeedsOfColorPattern(std::string_view name)
 {
-    return MakeColour({ByteOf(fractions.red), ByteOf(fractions.green), ByteOf(fractions.blue)});
-}
-
-void StoreFractions(CorvexDB::PatternColour& fractions, Colour colour)
-{
-    const ColourBytes bytes = BytesOf(colour);
-    fractions.red = static_cast<float>(bytes.red) / kByteMaximum;
-    fractions.green = static_cast<float>(bytes.green) / kByteMaximum;
-    fractions.blue = static_cast<float>(bytes.blue) / kByteMaximum;
+    const auto* const block = std::ranges::find(kBlockPatterns, name, &BlockPattern::name);
+    return block == kBlockPatterns.end() ? PatternNeeds{} : PatternNeeds{block->colours, false};
 }
 
 }  // namespace CorvexMaterial

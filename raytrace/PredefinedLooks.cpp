@@ -198,7 +198,7 @@ std::span<const LookRow> LooksOf(std::int32_t type)
 
 }  // namespace
 
-SketchLook PredefinedLook(std::int32_t type, std::int32_t index)
+SketchLook SketchOf(std::int32_t type, std::int32_t index)
 {
     SketchLook look;
     look.colours.fill(LinearOf(kWhite));

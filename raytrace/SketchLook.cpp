@@ -74,7 +74,7 @@ SketchLook LookOf(const CorvexDB::udtMaterial& material)
 {
     const CorvexDB::cdtRayTraceMaterialAttributes& attributes = material.RayTrace;
     if (attributes.MaterialType == static_cast<std::int32_t>(MaterialType::Predefined)) {
-        return PredefinedLook(attributes.PredefinedType, attributes.PreDefinedMaterial);
+        return SketchOf(attributes.PredefinedType, attributes.PreDefinedMaterial);
     }
     SketchLook look;
     look.colours.fill(LinearOf(material.Color));

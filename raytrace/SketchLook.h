@@ -1,8 +1,8 @@
 #pragma once
 
 #include "host/MaterialRecord.h"
-#include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/SketchPatterns.h"
+#include "record/Looks.h"
 
 #include <array>
 
@@ -58,6 +58,6 @@ struct SketchLook {
 [[nodiscard]] SketchLook LookOf(const CorvexDB::udtMaterial& material);
 
 /// The look of one of the 80 predefined materials; a position outside the lists gives a plain one.
-[[nodiscard]] SketchLook PredefinedLook(std::int32_t type, std::int32_t index);
+[[nodiscard]] SketchLook SketchOf(std::int32_t type, std::int32_t index);
 
 }  // namespace CorvexMaterial

@@ -242,7 +242,6 @@ constexpr std::array<PatternRow, 24> kColourPatterns{{
     {Wood, 0.4F},
     {Wrinkles, 0.5F},
 }};
-static_assert(kColourPatterns.size() == kColorPatternNames.size());
 
 // The shells of an onion around the sphere's own middle would leave it smooth.
 float OnionBumps(SketchPoint at)
@@ -258,7 +257,6 @@ float BozoBumps(SketchPoint at)
 constexpr std::array<float (*)(SketchPoint), 15> kNormalPatterns{
     nullptr, Noise,   Dents,      Ripples, Wrinkles, BozoBumps, Checker, Crackle,
     Granite, Hexagon, OnionBumps, Quilted, Spiral1,  Spiral2,   Waves};
-static_assert(kNormalPatterns.size() == kNormalPatternNames.size());
 
 }  // namespace
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/SketchNoise.h"
+#include "record/Looks.h"
 
 namespace CorvexMaterial {
 

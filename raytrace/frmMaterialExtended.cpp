@@ -5,8 +5,8 @@
 #include "dialogs/Trap.h"
 #include "raytrace/PatternColours.h"
 #include "raytrace/RaytraceAmounts.h"
-#include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/RendererOptions.h"
+#include "record/Looks.h"
 #include "ui_frmMaterialExtended.h"
 
 #include <QStandardItemModel>
@@ -21,11 +21,22 @@ namespace {
 constexpr int kQuickSide = 150;
 constexpr int kIdleMilliseconds = 200;
 
-template <typename Names>
-void FillList(QComboBox& list, const Names& names)
+QString Caption(std::string_view name)
 {
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        list.insertItem(static_cast<int>(i), QString::fromUtf8(names[i]));
+    return QString::fromUtf8(name);
+}
+
+template <typename Row>
+QString Caption(const Row& row)
+{
+    return Caption(row.name);
+}
+
+template <typename Rows>
+void FillList(QComboBox& list, const Rows& rows)
+{
+    for (const auto& row : rows) {
+        list.addItem(Caption(row));
     }
 }
 
@@ -67,8 +78,8 @@ void frmMaterialExtended::FillLists()
 {
     FillList(*m_ui->cboMaterialType, kMaterialTypeNames);
     FillList(*m_ui->cboPredefinedType, kPredefinedTypeNames);
-    FillList(*m_ui->cboColorPattern, kColorPatternNames);
-    FillList(*m_ui->cboNormalPattern, kNormalPatternNames);
+    FillList(*m_ui->cboColorPattern, ColorPatternLooks());
+    FillList(*m_ui->cboNormalPattern, NormalPatternLooks());
 }
 
 void frmMaterialExtended::ConnectAmounts()
@@ -186,12 +197,9 @@ void frmMaterialExtended::OnMaterialType()
 
 void frmMaterialExtended::OnPredefinedType()
 {
-    const std::int32_t type = m_ui->cboPredefinedType->currentIndex();
     m_ui->cboPreDefinedMaterial->clear();
-    for (std::int32_t i = 0; i < PredefinedMaterialCount(type); ++i) {
-        m_ui->cboPreDefinedMaterial->addItem(
-            QString::fromStdString(PredefinedMaterialName(type, i)));
-    }
+    FillList(*m_ui->cboPreDefinedMaterial,
+             PredefinedLooks(m_ui->cboPredefinedType->currentIndex()));
     m_ui->cboPreDefinedMaterial->setCurrentIndex(0);
     SketchSoon();
 }

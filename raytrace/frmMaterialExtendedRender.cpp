@@ -7,9 +7,9 @@
 #include "dialogs/WarningCatalogue.h"
 #include "dialogs/modDialog.h"
 #include "platform/QtRegularFile.h"
-#include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/RaytraceMessages.h"
 #include "raytrace/RaytracedPreview.h"
+#include "record/SimulationTexture.h"
 #include "ui_frmMaterialExtended.h"
 
 namespace CorvexMaterial {
@@ -76,7 +76,7 @@ void frmMaterialExtended::accept()
         return;
     }
     ReadControls(m_record);
-    if (WantsSimulation(m_record.MaterialType, m_record.ColorPattern)) {
+    if (WantsSimulation(m_record)) {
         // Made or not, the dialog closes with OK.
         m_services.trap("cmdOK", [this] { MakeSimulationTexture(); });
     }

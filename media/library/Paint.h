@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/Colour.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -8,27 +10,11 @@
 namespace media {
 
 /// A colour as it is stored in an image: sRGB, 0 to 1. Mixed as stored, like paint by eye.
-struct Paint {
-    float red = 0.0F;
-    float green = 0.0F;
-    float blue = 0.0F;
-};
+using Paint = CorvexMaterial::Rgb;
 
-[[nodiscard]] constexpr Paint Hex(std::uint32_t rgb)
+[[nodiscard]] constexpr Paint Hex(std::int32_t rgb)
 {
-    return {static_cast<float>((rgb >> 16) & 0xFFU) / 255.0F,
-            static_cast<float>((rgb >> 8) & 0xFFU) / 255.0F,
-            static_cast<float>(rgb & 0xFFU) / 255.0F};
-}
-
-[[nodiscard]] constexpr Paint operator*(Paint paint, float light)
-{
-    return {paint.red * light, paint.green * light, paint.blue * light};
-}
-
-[[nodiscard]] constexpr Paint operator+(Paint a, Paint b)
-{
-    return {a.red + b.red, a.green + b.green, a.blue + b.blue};
+    return CorvexMaterial::DisplayedOf(CorvexMaterial::ColourOfHex(rgb));
 }
 
 [[nodiscard]] constexpr Paint Mix(Paint from, Paint to, float part)

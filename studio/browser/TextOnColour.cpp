@@ -1,20 +1,22 @@
 #include "studio/browser/TextOnColour.h"
 
+#include "host/Colour.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace studio {
 namespace {
 
-// Of one colour against another, from 1 to 21; text is read with ease from 4.5.
+// Of one colour against another, from 1 to 21 (WCAG 2.1); text is read with ease from 4.5.
 constexpr double kEasyContrast = 4.5;
 
 double Contrast(const QColor& first, const QColor& second)
 {
-    const auto linear = [](float value) { return std::pow(static_cast<double>(value), 2.2); };
+    using CorvexMaterial::LinearFromEncoded;
     const auto light = [&](const QColor& colour) {
-        return 0.05 + 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-               0.0722 * linear(colour.blueF());
+        return 0.05 + 0.2126 * LinearFromEncoded(colour.redF()) +
+               0.7152 * LinearFromEncoded(colour.greenF()) +
+               0.0722 * LinearFromEncoded(colour.blueF());
     };
     const auto [darker, lighter] = std::minmax({light(first), light(second)});
     return lighter / darker;

@@ -21,23 +21,6 @@ float WholeSlider(float slider)
                                  : kMiddleSlider;
 }
 
-template <typename Convert>
-Rgb EachOf(CorvexDB::Colour colour, const Convert& convert)
-{
-    const CorvexMaterial::ColourBytes bytes = CorvexMaterial::BytesOf(colour);
-    const auto part = [&](int byte) { return convert(static_cast<float>(byte) / 255.0F); };
-    return {part(bytes.red), part(bytes.green), part(bytes.blue)};
-}
-
-template <typename Convert>
-CorvexDB::Colour ColourWith(Rgb colour, const Convert& convert)
-{
-    const auto byte = [&](float part) {
-        return static_cast<int>(std::lround(255.0F * convert(CutToUnit(part))));
-    };
-    return CorvexMaterial::MakeColour({byte(colour.red), byte(colour.green), byte(colour.blue)});
-}
-
 /// A negative scale is a flip of the positive one.
 bool Unflip(float& offset, float& scale)
 {
@@ -80,16 +63,6 @@ bool HasTiles(const CorvexDB::udtMaterial& material)
 
 }  // namespace
 
-Rgb operator*(Rgb colour, float factor)
-{
-    return {colour.red * factor, colour.green * factor, colour.blue * factor};
-}
-
-Rgb operator*(Rgb left, Rgb right)
-{
-    return {left.red * right.red, left.green * right.green, left.blue * right.blue};
-}
-
 float Strongest(Rgb colour)
 {
     return std::max({colour.red, colour.green, colour.blue});
@@ -106,31 +79,6 @@ bool OtherHue(Rgb left, Rgb right)
     const Rgb b = right * (1.0F / rightMost);
     return std::abs(a.red - b.red) > kVisible || std::abs(a.green - b.green) > kVisible ||
            std::abs(a.blue - b.blue) > kVisible;
-}
-
-Rgb DisplayedOf(CorvexDB::Colour colour)
-{
-    return EachOf(colour, [](float part) { return part; });
-}
-
-Rgb LightOf(CorvexDB::Colour colour)
-{
-    return EachOf(colour, LinearFromEncoded);
-}
-
-CorvexDB::Colour ColourOfDisplayed(Rgb colour)
-{
-    return ColourWith(colour, [](float part) { return part; });
-}
-
-CorvexDB::Colour ColourOfLight(Rgb colour)
-{
-    return ColourWith(colour, EncodedFromLinear);
-}
-
-float CutToUnit(float value)
-{
-    return value >= 0.0F ? std::min(value, 1.0F) : 0.0F;
 }
 
 float FractionOf(std::int32_t percent)

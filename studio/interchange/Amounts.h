@@ -10,20 +10,16 @@
 
 namespace studio {
 
-/// 0 to 1 each; as displayed or as light, as is said where one is used.
-struct Rgb {
-    float red = 0.0F;
-    float green = 0.0F;
-    float blue = 0.0F;
-
-    bool operator==(const Rgb&) const = default;
-};
+using CorvexMaterial::ColourOfDisplayed;
+using CorvexMaterial::ColourOfLight;
+using CorvexMaterial::CutToUnit;
+using CorvexMaterial::DisplayedOf;
+using CorvexMaterial::LightOf;
+using CorvexMaterial::Rgb;
 
 inline constexpr Rgb kBlack{};
 inline constexpr Rgb kWhiteRgb{1.0F, 1.0F, 1.0F};
 
-[[nodiscard]] Rgb operator*(Rgb colour, float factor);
-[[nodiscard]] Rgb operator*(Rgb left, Rgb right);
 [[nodiscard]] float Strongest(Rgb colour);
 /// Whether the two differ in more than their strength, visibly.
 [[nodiscard]] bool OtherHue(Rgb left, Rgb right);
@@ -32,13 +28,6 @@ inline constexpr Rgb kWhiteRgb{1.0F, 1.0F, 1.0F};
     return !OtherHue(colour, kWhiteRgb);
 }
 
-[[nodiscard]] Rgb DisplayedOf(CorvexDB::Colour colour);
-[[nodiscard]] Rgb LightOf(CorvexDB::Colour colour);
-/// Components beyond 0 to 1, and those that are no numbers, are cut.
-[[nodiscard]] CorvexDB::Colour ColourOfDisplayed(Rgb colour);
-[[nodiscard]] CorvexDB::Colour ColourOfLight(Rgb colour);
-
-[[nodiscard]] float CutToUnit(float value);  ///< 0 for what is no number
 [[nodiscard]] float FractionOf(std::int32_t percent);
 [[nodiscard]] std::int32_t PercentOf(float fraction);
 

@@ -1,17 +1,9 @@
 #include "studio/libraries/ColourDistance.h"
 
-#include <array>
 #include <cmath>
 
 namespace studio {
 namespace {
-
-// IEC 61966-2-1.
-double LinearOf(int byte)
-{
-    const double value = byte / 255.0;
-    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-}
 
 double LabCurve(double t)
 {
@@ -26,17 +18,10 @@ struct Lab {
 
 Lab LabOf(CorvexMaterial::Colour colour)
 {
-    static const auto kLinear = [] {
-        std::array<double, 256> table{};
-        for (int byte = 0; byte < 256; ++byte) {
-            table.at(static_cast<std::size_t>(byte)) = LinearOf(byte);
-        }
-        return table;
-    }();
-    const auto bytes = CorvexMaterial::BytesOf(colour);
-    const double r = kLinear.at(static_cast<std::size_t>(bytes.red));
-    const double g = kLinear.at(static_cast<std::size_t>(bytes.green));
-    const double b = kLinear.at(static_cast<std::size_t>(bytes.blue));
+    const CorvexMaterial::Rgb light = CorvexMaterial::LightOf(colour);
+    const double r = light.red;
+    const double g = light.green;
+    const double b = light.blue;
     const double x = LabCurve((0.4124564 * r + 0.3575761 * g + 0.1804375 * b) / 0.95047);
     const double y = LabCurve(0.2126729 * r + 0.7151522 * g + 0.0721750 * b);
     const double z = LabCurve((0.0193339 * r + 0.1191920 * g + 0.9503041 * b) / 1.08883);

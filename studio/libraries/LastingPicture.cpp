@@ -3,7 +3,7 @@
 #include "host/Status.h"
 #include "platform/FileWriting.h"
 #include "platform/QtRegularFile.h"
-#include "raytrace/SimulationTexture.h"
+#include "record/SimulationTexture.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,7 @@
 #include "studio/raytrace/StudioSceneExporter.h"
 
 #include "host/Status.h"
+#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayScene.h"
 #include "studio/raytrace/renderman/RibScene.h"
 #include "studio/raytrace/writing/Quoting.h"
@@ -96,7 +97,7 @@ void Proportion(Frame& frame, float aspectRatio)
 void AddTextures(const CorvexDB::udtMaterial& material, std::set<std::string>& files)
 {
     const auto& attributes = material.RayTrace;
-    if (attributes.MaterialType == 1) {
+    if (CorvexMaterial::IsPredefined(attributes)) {
         return;
     }
     const CorvexDB::TextureFiles& textures = material.Textures;

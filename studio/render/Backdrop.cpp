@@ -10,10 +10,8 @@ constexpr float kShade = 0.24F;  ///< of the way to black, at the bottom
 
 BackdropColours BackdropColoursOf(CorvexMaterial::Colour background, Backdrop backdrop)
 {
-    const CorvexMaterial::ColourBytes bytes = CorvexMaterial::BytesOf(background);
-    const EncodedColour colour{static_cast<float>(bytes.red) / 255.0F,
-                               static_cast<float>(bytes.green) / 255.0F,
-                               static_cast<float>(bytes.blue) / 255.0F};
+    const CorvexMaterial::Rgb displayed = CorvexMaterial::DisplayedOf(background);
+    const EncodedColour colour{displayed.red, displayed.green, displayed.blue};
     BackdropColours colours{colour, colour};
     if (backdrop == Backdrop::Gradient) {
         for (float& channel : colours.top) {

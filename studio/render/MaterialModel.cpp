@@ -16,33 +16,13 @@ float Fraction(std::int32_t percent)
 
 }  // namespace
 
-float LinearFromEncoded(float encoded)
-{
-    return encoded <= 0.04045F ? encoded / 12.92F : std::pow((encoded + 0.055F) / 1.055F, 2.4F);
-}
-
-float EncodedFromLinear(float linear)
-{
-    return linear <= 0.0031308F ? linear * 12.92F
-                                : 1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F;
-}
-
-LinearColour LinearFromColour(CorvexMaterial::Colour colour)
-{
-    const auto linear = [](int byte) {
-        return LinearFromEncoded(static_cast<float>(byte) / 255.0F);
-    };
-    const CorvexMaterial::ColourBytes bytes = CorvexMaterial::BytesOf(colour);
-    return {linear(bytes.red), linear(bytes.green), linear(bytes.blue)};
-}
-
 SurfaceTerms SurfaceTermsOf(const CorvexDB::udtMaterial& material)
 {
     const float emissive = LinearFromEncoded(Fraction(material.Emissive));
     const float ambient = kShadowFill * LinearFromEncoded(Fraction(material.Ambient));
     const float specular = Fraction(material.Specular);
     SurfaceTerms terms;
-    terms.base = LinearFromColour(material.Color);
+    terms.base = LightOf(material.Color);
     terms.emission = emissive + (1.0F - emissive) * ambient;
     terms.diffuse = (1.0F - emissive) * (1.0F - ambient) * (1.0F - kSpecularCost * specular);
     terms.highlight = kShine * specular;

@@ -37,11 +37,10 @@
 
 namespace studio {
 
-struct LinearColour {
-    float red = 0.0F;
-    float green = 0.0F;
-    float blue = 0.0F;
-};
+using CorvexMaterial::EncodedFromLinear;
+using CorvexMaterial::LightOf;
+using CorvexMaterial::LinearFromEncoded;
+using CorvexMaterial::Rgb;
 
 /// A distant white light that moves with the camera.
 struct Light {
@@ -65,7 +64,7 @@ inline constexpr float kReflectionFalloff = 5.0F;
 inline constexpr std::array<float, 3> kLuminance{0.2126F, 0.7152F, 0.0722F};
 
 struct SurfaceTerms {
-    LinearColour base;
+    Rgb base;
     float emission = 0.0F;
     float diffuse = 0.0F;
     float highlight = 0.0F;      ///< S * kShine
@@ -93,9 +92,5 @@ struct AlphaTest {
 
 /// Whether anything behind the surface shows through it, textures aside.
 [[nodiscard]] bool IsTransparent(const CorvexDB::udtMaterial& material);
-
-[[nodiscard]] float LinearFromEncoded(float encoded);  ///< 0 to 1 both
-[[nodiscard]] float EncodedFromLinear(float linear);   ///< 0 to 1 both
-[[nodiscard]] LinearColour LinearFromColour(CorvexMaterial::Colour colour);
 
 }  // namespace studio

@@ -15,7 +15,7 @@ constexpr float kWidestPixels = 8.0F;  ///< the pass reads the square of it for 
 
 OutlinePass::OutlinePass() : m_outline(shaders::kOutlineFragment)
 {
-    const LinearColour colour = LinearFromColour(kOutlineColour);
+    const Rgb colour = LightOf(kOutlineColour);
     m_outline.Use();
     glUniform1i(m_outline.Uniform("mask"), 0);
     glUniform3f(m_outline.Uniform("outlineColour"), colour.red, colour.green, colour.blue);

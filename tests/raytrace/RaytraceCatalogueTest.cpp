@@ -1,9 +1,8 @@
-#include "raytrace/RaytraceCatalogue.h"
 #include "raytrace/PatternColours.h"
 #include "raytrace/RaytraceAmounts.h"
 #include "raytrace/RenderProgress.h"
-#include "raytrace/SimulationTexture.h"
 #include "raytrace/TextureRules.h"
+#include "record/SimulationTexture.h"
 
 #include <gtest/gtest.h>
 
@@ -14,24 +13,7 @@ namespace {
 
 using namespace CorvexMaterial;
 
-TEST(RaytraceCatalogue, CountsStonesAndHasNoNameOutsideItsLists)
-{
-    struct Row {
-        std::int32_t type;
-        std::int32_t index;
-        const char* name;
-    };
-    for (const Row& row :
-         {Row{2, 0, "Granite #1"}, Row{2, 9, "Granite #10"}, Row{2, 10, "Stone #1"},
-          Row{2, 29, "Stone #20"}, Row{2, 30, "Pink Alabaster"}, Row{2, 31, ""},
-          Row{0, 12, "Vicks"}, Row{0, 13, ""}, Row{1, 22, "Bright Bronze"}, Row{1, 23, ""},
-          Row{3, 4, "SandalWood"}, Row{3, 5, ""}, Row{4, 5, "Lightening #1"},
-          Row{4, 7, "Starfield"}, Row{4, 8, ""}, Row{4, -1, ""}, Row{5, 0, ""}, Row{-1, 0, ""}}) {
-        EXPECT_EQ(PredefinedMaterialName(row.type, row.index), row.name);
-    }
-}
-
-TEST(RaytraceCatalogue, BlockPatternsTakeTheirColoursOnly)
+TEST(PatternColours, BlockPatternsTakeTheirColoursOnly)
 {
     struct Row {
         const char* name;

@@ -1,5 +1,5 @@
 #include "raytrace/MaterialSketch.h"
-#include "raytrace/RaytraceCatalogue.h"
+#include "record/Looks.h"
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ TEST(Sketch, EveryPredefinedMaterialLooksDifferent)
 {
     std::vector<CorvexDB::udtMaterial> materials;
     for (std::int32_t type = 0; type < 5; ++type) {
-        for (std::int32_t i = 0; i < PredefinedMaterialCount(type); ++i) {
+        for (std::int32_t i = 0; i < static_cast<int>(PredefinedLooks(type).size()); ++i) {
             CorvexDB::udtMaterial material;
             material.RayTrace.MaterialType = 1;
             material.RayTrace.PredefinedType = type;

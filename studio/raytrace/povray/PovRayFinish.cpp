@@ -13,7 +13,7 @@ void WriteBody(TextStream& out, const SurfaceDraft& surface, FinishParts parts, 
         << " diffuse " << share * diffuse << " brilliance " << surface.amounts.brilliance;
 }
 
-void WriteColour(TextStream& out, const LinearColour& colour, float factor)
+void WriteColour(TextStream& out, const Rgb& colour, float factor)
 {
     out << "rgb <" << factor * colour.red << ',' << factor * colour.green << ','
         << factor * colour.blue << '>';

@@ -1,6 +1,6 @@
 #include "studio/raytrace/povray/PovRayNormal.h"
 
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
 #include "studio/raytrace/writing/Quoting.h"
 
 #include <algorithm>
@@ -103,7 +103,8 @@ void WriteWrappedHeights(TextStream& out, const SurfaceDraft& surface, const Ray
         << longest * std::max(1.0F / texels, kShortest);
 }
 
-void WriteNormalPattern(TextStream& out, const SurfaceDraft& surface, const PovRayPattern& pattern)
+void WriteNormalPattern(TextStream& out, const SurfaceDraft& surface,
+                        const CorvexMaterial::PovRayPattern& pattern)
 {
     const PatternAmounts amounts = NormalPatternOf(surface.material.RayTrace);
     out << pattern.text << ' ' << pattern.strength * amounts.depth << " no_bump_scale frequency "
@@ -121,7 +122,8 @@ void WriteNormalPattern(TextStream& out, const SurfaceDraft& surface, const PovR
 
 bool DeclareNormal(TextStream& out, const SurfaceDraft& surface, RaytraceImages& store)
 {
-    if (const PovRayPattern* pattern = FindNormalPattern(surface.material.RayTrace.NormalPattern)) {
+    if (const auto* pattern =
+            CorvexMaterial::FindNormalPattern(surface.material.RayTrace.NormalPattern)) {
         out << "#declare " << surface.name << "_normal = normal { ";
         WriteNormalPattern(out, surface, *pattern);
     } else if (const SurfaceHeights heights = HeightsOf(surface.images); heights.shades) {

@@ -1,6 +1,6 @@
 #include "studio/raytrace/povray/PovRayPigment.h"
 
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 namespace studio {
 namespace {
 
-std::array<float, 3> Channels(const LinearColour& colour)
+std::array<float, 3> Channels(const Rgb& colour)
 {
     return {colour.red, colour.green, colour.blue};
 }
@@ -75,7 +75,7 @@ void WriteColourMap(TextStream& out, const SurfaceDraft& surface)
 
 void WritePatternColours(TextStream& out, const SurfaceDraft& surface)
 {
-    const PovRayPattern& pattern = *surface.colours;
+    const CorvexMaterial::PovRayPattern& pattern = *surface.colours;
     out << pattern.text;
     if (pattern.blocks) {
         out << ' ';

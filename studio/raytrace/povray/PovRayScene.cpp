@@ -1,6 +1,6 @@
 #include "studio/raytrace/povray/PovRayScene.h"
 
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayIncludes.h"
 #include "studio/raytrace/povray/PovRayMesh.h"
 #include "studio/raytrace/povray/PovRayStage.h"
@@ -103,7 +103,8 @@ std::string ShapeWriter::MeshOf(const FrameItem& item, const std::string& number
 /// leave it so.
 bool ShapeWriter::HidesBackFaces(const FrameItem& item)
 {
-    if (MaterialOf(item).DoubleSided || StockMaterialOf(MaterialOf(item).RayTrace) != nullptr) {
+    if (MaterialOf(item).DoubleSided ||
+        CorvexMaterial::PredefinedLookOf(MaterialOf(item).RayTrace) != nullptr) {
         return false;
     }
     if (IsSeenThrough(item, m_images)) {
@@ -148,9 +149,9 @@ void WriteIncludes(TextStream& out, const RaytraceScene& scene, const RaytraceIm
 {
     std::set<std::string> files;
     for (const FrameItem& item : scene.frame.items) {
-        if (const PovRayMaterial* stock = StockMaterialOf(MaterialOf(item).RayTrace)) {
+        if (const auto* look = CorvexMaterial::PredefinedLookOf(MaterialOf(item).RayTrace)) {
             files.insert("colors.inc");
-            files.insert(std::string(stock->include));
+            files.insert(std::string(look->povRay.include));
         }
     }
     if (files.empty()) {

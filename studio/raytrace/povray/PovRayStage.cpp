@@ -1,6 +1,6 @@
 #include "studio/raytrace/povray/PovRayStage.h"
 
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayMesh.h"
 #include "studio/raytrace/writing/MirrorModel.h"
 #include "studio/raytrace/writing/Quoting.h"
@@ -79,7 +79,9 @@ const std::string& EnvironmentOf(const FrameItem& item)
 {
     static const std::string kNone;
     const CorvexDB::udtMaterial& material = MaterialOf(item);
-    return StockMaterialOf(material.RayTrace) == nullptr ? material.Textures.environment : kNone;
+    return CorvexMaterial::PredefinedLookOf(material.RayTrace) == nullptr
+               ? material.Textures.environment
+               : kNone;
 }
 
 const std::string& EnvironmentOf(const RaytraceScene& scene)

@@ -1,6 +1,6 @@
 #include "studio/raytrace/povray/PovRaySurface.h"
 
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayCoverage.h"
 #include "studio/raytrace/povray/PovRayFinish.h"
 #include "studio/raytrace/povray/PovRayNormal.h"
@@ -136,9 +136,9 @@ std::string SurfaceWriter::Declare(ShapeInside inside)
 std::string DeclareSurface(TextStream& out, const std::string& name, const FrameItem& item,
                            ShapeInside inside, RaytraceImages& images)
 {
-    if (const PovRayMaterial* stock = StockMaterialOf(MaterialOf(item).RayTrace)) {
-        out << "#declare " << name << " = material { " << stock->text;
-        WritePatternSpace(out, item, stock->scale);
+    if (const auto* look = CorvexMaterial::PredefinedLookOf(MaterialOf(item).RayTrace)) {
+        out << "#declare " << name << " = material { " << look->povRay.text;
+        WritePatternSpace(out, item, look->povRay.scale);
         out << " }\n";
         return {};
     }

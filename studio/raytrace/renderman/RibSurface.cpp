@@ -1,8 +1,7 @@
 #include "studio/raytrace/renderman/RibSurface.h"
 
-#include "raytrace/SimulationTexture.h"
-#include "raytrace/SketchLook.h"
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
+#include "record/SimulationTexture.h"
 #include "studio/raytrace/writing/MirrorModel.h"
 #include "studio/raytrace/writing/Quoting.h"
 #include "studio/raytrace/writing/SliderMeaning.h"
@@ -18,9 +17,12 @@ namespace {
 constexpr float kMeanLight = 0.45F;
 /// From here on a mirror says more about a surface than its body.
 constexpr float kMostlyMirror = 0.5F;
+/// The highlight of predefined materials, and the reflection from which on it is a narrow one.
+constexpr float kPolish = 0.5F;
+constexpr float kPolishedFrom = 0.1F;
 
 struct Look {
-    LinearColour colour;
+    Rgb colour;
     SurfaceTerms terms;
     RaytraceAmounts amounts;
     bool painted = false;   ///< by primary or overlay image
@@ -29,18 +31,16 @@ struct Look {
 };
 
 /// It stands in for everything.
-void ApplyPredefined(const CorvexMaterial::SketchLook& stock, Look& look)
+void ApplyPredefined(const CorvexMaterial::PredefinedLook& row, Look& look)
 {
-    const CorvexMaterial::SketchColour mean =
-        (stock.colours[0] + stock.colours[1] + stock.colours[2] + stock.colours[3]) * 0.25F;
-    look.colour = {mean.red, mean.green, mean.blue};
+    look.colour = LightOf(CorvexMaterial::ColourOfHex(row.colour));
     look.terms = SurfaceTermsOf({});
-    look.terms.opacity = 1.0F - stock.clearness;
-    look.terms.highlight = stock.highlight;
+    look.terms.opacity = 1.0F - row.clearness;
+    look.terms.highlight = kPolish;
     look.amounts = {};
-    look.amounts.shininess = stock.shininess;
-    look.amounts.reflection = stock.reflection;
-    look.amounts.metallic = stock.metallic;
+    look.amounts.shininess = (row.reflection > kPolishedFrom ? 2.0F : 2.0F / 3.0F) * kShininess;
+    look.amounts.reflection = row.reflection;
+    look.amounts.metallic = row.type == CorvexMaterial::PredefinedType::Metal;
     look.painted = look.mirrors = false;
 }
 
@@ -50,14 +50,10 @@ void ApplyRaytraceMaterial(const CorvexDB::udtMaterial& material, Look& look)
     if (CorvexMaterial::IsSimulationTexture(material.Textures.primary)) {
         return;  // the image shows it already
     }
-    if (StockMaterialOf(attributes) != nullptr) {
-        ApplyPredefined(CorvexMaterial::PredefinedLook(attributes.PredefinedType,
-                                                       attributes.PreDefinedMaterial),
-                        look);
-    } else if (const PovRayPattern* pattern = FindColourPattern(attributes.ColorPattern)) {
-        const LinearColour mean = MeanPatternColour(attributes, pattern->blocks);
-        look.colour = {look.colour.red * mean.red, look.colour.green * mean.green,
-                       look.colour.blue * mean.blue};
+    if (const auto* row = CorvexMaterial::PredefinedLookOf(attributes)) {
+        ApplyPredefined(*row, look);
+    } else if (const auto* pattern = CorvexMaterial::FindColourPattern(attributes.ColorPattern)) {
+        look.colour = look.colour * MeanPatternColour(attributes, pattern->blocks);
         look.painted = false;
     }
 }
@@ -104,7 +100,7 @@ void WriteNumber(TextStream& out, const char* name, float value)
     out << " \"float " << name << "\" [" << value << ']';
 }
 
-void WriteColour(TextStream& out, const LinearColour& colour)
+void WriteColour(TextStream& out, const Rgb& colour)
 {
     out << '[' << colour.red << ' ' << colour.green << ' ' << colour.blue << ']';
 }

@@ -32,20 +32,11 @@ Texel Mixed(const Texel& a, const Texel& b, float share)
     return mixed;
 }
 
-std::array<float, 256> DecodedBytes()
-{
-    std::array<float, 256> decoded{};
-    for (std::size_t i = 0; i < decoded.size(); ++i) {
-        decoded[i] = LinearFromEncoded(static_cast<float>(i) / 255.0F);
-    }
-    return decoded;
-}
-
 /// Reads an image between its pixels; it repeats in both directions.
 class RepeatedImage {
 public:
     explicit RepeatedImage(const TexturePointer& texture)
-        : m_image(texture ? texture->image : QImage()), m_decoded(DecodedBytes())
+        : m_image(texture ? texture->image : QImage())
     {
     }
 
@@ -76,12 +67,12 @@ private:
     [[nodiscard]] Texel Pixel(int x, int y) const
     {
         const uchar* rgba = m_image.constScanLine(y % m_image.height()) + 4 * (x % m_image.width());
-        return {{m_decoded[rgba[0]], m_decoded[rgba[1]], m_decoded[rgba[2]]},
+        return {{CorvexMaterial::LightOfByte(rgba[0]), CorvexMaterial::LightOfByte(rgba[1]),
+                 CorvexMaterial::LightOfByte(rgba[2])},
                 static_cast<float>(rgba[3]) / 255.0F};
     }
 
     QImage m_image;
-    std::array<float, 256> m_decoded;
 };
 
 /// Of two bytes a channel: dark light has few steps in one.

@@ -13,7 +13,7 @@ constexpr float kSkyFalloff = 3.0F;
 
 }  // namespace
 
-Mirror MirrorOf(const RaytraceAmounts& amounts, const LinearColour& body, bool surrounded)
+Mirror MirrorOf(const RaytraceAmounts& amounts, const Rgb& body, bool surrounded)
 {
     Mirror mirror;
     const float reflection = amounts.reflection;

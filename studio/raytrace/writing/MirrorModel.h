@@ -23,13 +23,12 @@ struct Mirror {
     float falloff = 1.0F;
     /// Of what is mirrored straight on. A metal has its hue, in full brightness however dark its
     /// body is; anything else mirrors without a colour.
-    LinearColour tint{1.0F, 1.0F, 1.0F};
+    Rgb tint{1.0F, 1.0F, 1.0F};
     float highlightTint = 0.0F;  ///< how far the highlight takes the body's colour, 0 to 1
 };
 
 /// The body's colour is that of the middle of its images or patterns.
-[[nodiscard]] Mirror MirrorOf(const RaytraceAmounts& amounts, const LinearColour& body,
-                              bool surrounded);
+[[nodiscard]] Mirror MirrorOf(const RaytraceAmounts& amounts, const Rgb& body, bool surrounded);
 
 struct SkyBand {
     float height = 0.0F;  ///< 0 straight down, 1 straight up

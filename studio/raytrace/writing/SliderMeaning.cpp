@@ -60,11 +60,10 @@ PatternAmounts NormalPatternOf(const CorvexDB::cdtRayTraceMaterialAttributes& at
     return amounts;
 }
 
-LinearColour MeanPatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
-                               bool blocks)
+Rgb MeanPatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes, bool blocks)
 {
     const std::size_t count = blocks ? 2 : attributes.ColorPatternColor.size();
-    LinearColour mean;
+    Rgb mean;
     const auto part = [count](float encoded) {
         return LinearFromEncoded(std::clamp(encoded, 0.0F, 1.0F)) / static_cast<float>(count);
     };

@@ -32,7 +32,7 @@ ColourPatternOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 [[nodiscard]] PatternAmounts
 NormalPatternOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 /// The middle of a pattern's colours, of two when it has blocks.
-[[nodiscard]] LinearColour
-MeanPatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes, bool blocks);
+[[nodiscard]] Rgb MeanPatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
+                                    bool blocks);
 
 }  // namespace studio

@@ -1,6 +1,6 @@
 #include "studio/raytrace/writing/SurfaceDraft.h"
 
-#include "studio/raytrace/povray/PovRayCatalogue.h"
+#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayMesh.h"
 
 #include <algorithm>
@@ -8,23 +8,22 @@
 namespace studio {
 namespace {
 
-LinearColour MeanImageColour(const QImage& image)
+Rgb MeanImageColour(const QImage& image)
 {
     const QColor mean(
         image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixel(0, 0));
-    return LinearFromColour(CorvexMaterial::MakeColour({mean.red(), mean.green(), mean.blue()}));
+    return LightOf(CorvexMaterial::MakeColour({mean.red(), mean.green(), mean.blue()}));
 }
 
 /// Of base times images or pattern.
-LinearColour MiddleOf(const SurfaceDraft& surface)
+Rgb MiddleOf(const SurfaceDraft& surface)
 {
-    const LinearColour& base = surface.terms.base;
-    const LinearColour mean =
-        surface.colours != nullptr
-            ? MeanPatternColour(surface.material.RayTrace, surface.colours->blocks)
-        : surface.Shows(Layer::Primary)
-            ? MeanImageColour(surface.images.Pixels(Layer::Primary)->image)
-            : LinearColour{1.0F, 1.0F, 1.0F};
+    const Rgb& base = surface.terms.base;
+    const Rgb mean = surface.colours != nullptr
+                         ? MeanPatternColour(surface.material.RayTrace, surface.colours->blocks)
+                     : surface.Shows(Layer::Primary)
+                         ? MeanImageColour(surface.images.Pixels(Layer::Primary)->image)
+                         : Rgb{1.0F, 1.0F, 1.0F};
     return {base.red * mean.red, base.green * mean.green, base.blue * mean.blue};
 }
 
@@ -37,19 +36,20 @@ SurfaceDraft::SurfaceDraft(std::string surfaceName, const FrameItem& surfaceItem
       terms(images.set.ChangesHighlight() ? HighlightMappedTermsOf(material)
                                           : SurfaceTermsOf(material)),
       amounts(AmountsOf(material.RayTrace)),
-      colours(FindColourPattern(material.RayTrace.ColorPattern)),
+      colours(CorvexMaterial::FindColourPattern(material.RayTrace.ColorPattern)),
       mirror(MirrorOf(amounts, amounts.metallic ? MiddleOf(*this) : terms.base,
                       images.set.Has(Layer::Environment)))
 {
 }
 
-void WritePatternSpace(TextStream& out, const FrameItem& item, float scale, const QVector3D& place)
+void WritePatternSpace(TextStream& out, const FrameItem& item, float scale,
+                       CorvexMaterial::Vector3<float> place)
 {
     const Bounds& box = item.mesh->bounds;
     const QVector3D size = box.maximum - box.minimum;
     const float half = std::max({size.x(), size.y(), size.z(), 1.0e-6F}) / 2.0F;
-    out << " scale " << scale << " translate <" << place << "> scale " << half << " translate <"
-        << PovRayPoint(box.Centre()) << '>';
+    out << " scale " << scale << " translate <" << QVector3D(place.x, place.y, place.z)
+        << "> scale " << half << " translate <" << PovRayPoint(box.Centre()) << '>';
 }
 
 }  // namespace studio

@@ -1,13 +1,12 @@
 #pragma once
 
+#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayImages.h"
 #include "studio/raytrace/writing/MirrorModel.h"
 #include "studio/raytrace/writing/SliderMeaning.h"
 #include "studio/render/MaterialModel.h"
 
 namespace studio {
-
-struct PovRayPattern;
 
 /// One surface on its way into a POV-Ray scene: what is known of it once its images are found.
 /// Everything that is declared for it begins with its name.
@@ -21,7 +20,8 @@ struct SurfaceDraft {
     PovRayPlacement placement;
     SurfaceTerms terms;
     RaytraceAmounts amounts;
-    const PovRayPattern* colours;  ///< stand in for primary and overlay texture; may be null
+    const CorvexMaterial::PovRayPattern*
+        colours;  ///< stand in for primary and overlay texture; may be null
     Mirror mirror;
 
     /// Whether the layer's image is one of the colours of this surface.
@@ -31,6 +31,6 @@ struct SurfaceDraft {
 /// ` scale ... translate ...` from a pattern's own space to that of the item: around the middle of
 /// the shape's box, half its longest side is 1.
 void WritePatternSpace(TextStream& out, const FrameItem& item, float scale,
-                       const QVector3D& place = {});
+                       CorvexMaterial::Vector3<float> place = {});
 
 }  // namespace studio

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "record/Looks.h"
+
 #include <string_view>
 
 namespace CorvexMaterial {
@@ -11,6 +13,13 @@ namespace CorvexMaterial {
 {
     const std::string_view name = path.substr(path.find_last_of('/') + 1);
     return name.starts_with("~CVX") && name.ends_with(".jpg");
+}
+
+/// Whether such attributes are rendered once into a picture that stands for them in real time.
+[[nodiscard]] constexpr bool
+WantsSimulation(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+{
+    return IsPredefined(attributes) || attributes.ColorPattern != 0;
 }
 
 }  // namespace CorvexMaterial

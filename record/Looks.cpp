@@ -1,0 +1,93 @@
+#include "record/LookTable.h"
+
+#include <algorithm>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using looks::kColorPatterns;
+using looks::kNormalPatterns;
+using looks::kPredefined;
+
+/// Type after type without a gap, and every position of a type in its turn.
+consteval bool PredefinedFollowTheirTypes()
+{
+    std::size_t row = 0;
+    for (std::size_t type = 0; type < kPredefinedTypeNames.size(); ++type) {
+        std::int32_t position = 0;
+        while (row < kPredefined.size() &&
+               kPredefined[row].type == static_cast<PredefinedType>(type)) {
+            if (kPredefined[row++].position != position++) {
+                return false;
+            }
+        }
+    }
+    return row == kPredefined.size();
+}
+static_assert(PredefinedFollowTheirTypes());
+
+template <typename Rows, typename Pattern>
+consteval bool PatternsFollowEnum(const Rows& rows, Pattern last)
+{
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (rows[i].pattern != static_cast<Pattern>(i)) {
+            return false;
+        }
+    }
+    return rows.size() == static_cast<std::size_t>(last) + 1;
+}
+static_assert(PatternsFollowEnum(kColorPatterns, ColorPattern::Wrinkles));
+static_assert(PatternsFollowEnum(kNormalPatterns, NormalPattern::Waves));
+
+template <typename Row>
+const Row* At(std::span<const Row> rows, std::int32_t position)
+{
+    const auto index = static_cast<std::size_t>(position);
+    return position >= 0 && index < rows.size() ? &rows[index] : nullptr;
+}
+
+template <typename Row>
+const PovRayPattern* PatternAt(std::span<const Row> rows, std::int32_t position)
+{
+    const Row* row = At(rows, position);
+    return row == nullptr || row->povRay.text.empty() ? nullptr : &row->povRay;
+}
+
+}  // namespace
+
+std::span<const PredefinedLook> PredefinedLooks(std::int32_t type)
+{
+    const auto rows = std::ranges::equal_range(kPredefined, static_cast<PredefinedType>(type), {},
+                                               &PredefinedLook::type);
+    return {rows.begin(), rows.end()};
+}
+
+const PredefinedLook* PredefinedLookOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+{
+    return IsPredefined(attributes)
+               ? At(PredefinedLooks(attributes.PredefinedType), attributes.PreDefinedMaterial)
+               : nullptr;
+}
+
+std::span<const ColorPatternLook> ColorPatternLooks()
+{
+    return kColorPatterns;
+}
+
+std::span<const NormalPatternLook> NormalPatternLooks()
+{
+    return kNormalPatterns;
+}
+
+const PovRayPattern* FindColourPattern(std::int32_t position)
+{
+    return PatternAt(ColorPatternLooks(), position);
+}
+
+const PovRayPattern* FindNormalPattern(std::int32_t position)
+{
+    return PatternAt(NormalPatternLooks(), position);
+}
+
+}  // namespace CorvexMaterial
