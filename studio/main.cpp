@@ -1,7 +1,6 @@
 #include "platform/SearchPath.h"
 #include "studio/app/CommandLine.h"
 #include "studio/app/Studio.h"
-#include "studio/import/GltfProcess.h"
 #include "studio/import/ImportProcess.h"
 
 #include <QStringList>
@@ -11,10 +10,7 @@ int main(int argc, char** argv)
     CorvexMaterial::DropRelativeSearchPaths();
     // Before the rest: the importing process has to be free of everything that a crash could
     // harm.
-    if (const auto importExit = studio::RunModelImportIfAsked(argc, argv)) {
-        return *importExit;
-    }
-    if (const auto importExit = studio::RunMaterialImportIfAsked(argc, argv)) {
+    if (const auto importExit = studio::RunImportIfAsked(argc, argv)) {
         return *importExit;
     }
     QStringList arguments;

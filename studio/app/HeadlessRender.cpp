@@ -7,7 +7,7 @@
 #include "studio/app/MaterialAssignment.h"
 #include "studio/images/PictureFile.h"
 #include "studio/images/TextureCache.h"
-#include "studio/import/ModelImport.h"
+#include "studio/import/Interchange.h"
 #include "studio/import/ModelShapes.h"
 #include "studio/raytrace/RaytraceRun.h"
 #include "studio/raytrace/RaytracerPrograms.h"
@@ -24,6 +24,19 @@
 namespace studio {
 namespace {
 
+/// The first of them in full.
+void TellLosses(const ImportedModel& model, const Remark& remark)
+{
+    constexpr std::size_t kMostTold = 20;
+    const std::vector<std::string> notes = NotesOf(model.report, model.materials.size());
+    for (std::size_t i = 0; i + 1 < notes.size() && i < kMostTold; ++i) {
+        remark(QString::fromStdString(notes[i]));
+    }
+    if (notes.size() > 1) {
+        remark(QString::fromStdString(notes.back()));
+    }
+}
+
 StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFolder,
                                   const Remark& remark)
 {
@@ -34,9 +47,7 @@ StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFol
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                     outcome.message.toStdString());
     }
-    if (!outcome.message.isEmpty()) {
-        remark(outcome.message);
-    }
+    TellLosses(*outcome.model, remark);
     return ShapesOf(*outcome.model);
 }
 

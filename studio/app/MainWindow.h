@@ -113,7 +113,7 @@ private:
 
     void ChooseFile();
     void OpenLibrary(const QString& file, LibraryKind kind);
-    void ShowModel(const QString& file, const ImportedModel& model, const QString& remark);
+    void ShowModel(const QString& file, const ImportedModel& model);
     void RefuseModel(const QString& file, const QString& message);
     void ShowShapes(StudioScene::Shapes shapes, const QString& title);
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;

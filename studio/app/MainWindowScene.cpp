@@ -1,4 +1,5 @@
 #include "studio/app/MainWindow.h"
+#include "studio/app/MaterialExchange.h"
 
 #include "studio/app/EventLog.h"
 #include "studio/app/ModelOpener.h"
@@ -69,7 +70,7 @@ void MainWindow::ResetScene()
     m_viewport->SetHomeCamera(DefaultCamera());
 }
 
-void MainWindow::ShowModel(const QString& file, const ImportedModel& model, const QString& remark)
+void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
 {
     m_host.State().SetOpenModel(file);
     m_recent.Add(file);
@@ -79,14 +80,17 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model, cons
     const std::size_t count = m_scene.All().size();
     const QString shapes = count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count);
     const std::size_t missing = MissingTexturePaths(m_scene.All()).size();
-    m_misc->Show(missing == 0 ? shapes
-                              : tr("%1. Textures that are missing: %2. File > Find Missing "
-                                   "Textures looks for them.")
-                                    .arg(shapes)
-                                    .arg(missing));
-    if (!remark.isEmpty()) {
-        m_host.Log().RecordEvent(remark.toStdString());
-        m_misc->Show(remark);
+    const QString losses =
+        m_exchange->Keep(tr("Model Opened"), model.report, model.materials.size());
+    m_misc->Show(
+        (missing == 0 ? shapes
+                      : tr("%1. Textures that are missing: %2. File > Find Missing "
+                           "Textures looks for them.")
+                            .arg(shapes)
+                            .arg(missing)) +
+        (losses.isEmpty() ? QString() : tr(". %1 File > Last Report tells more.").arg(losses)));
+    if (!losses.isEmpty()) {
+        m_host.Log().RecordEvent(losses.toStdString());
     }
     Q_EMIT SceneOpened();
 }

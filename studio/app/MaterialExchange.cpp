@@ -10,6 +10,7 @@
 #include "studio/libraries/StoredPath.h"
 #include "studio/libraries/Thumbnailer.h"
 
+#include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -60,6 +61,9 @@ void MaterialExchange::AddTo(QMenu& menu)
         ->setObjectName(QStringLiteral("importMaterials"));
     menu.addAction(tr("E&xport Materials..."), this, &MaterialExchange::ChooseExport)
         ->setObjectName(QStringLiteral("exportMaterials"));
+    m_lastReport = menu.addAction(tr("Last Repor&t..."), this, &MaterialExchange::ShowLast);
+    m_lastReport->setObjectName(QStringLiteral("lastReport"));
+    m_lastReport->setEnabled(false);
 }
 
 LibraryFile* MaterialExchange::OpenLibrary()
@@ -146,7 +150,8 @@ MaterialExchange::Read(const QString& file, const std::string& pictureFolder, Re
     importer.cancelled = [&progress] { return progress.Cancelled(); };
     const WaitCursor waiting;
     try {
-        return ImportMaterials(file.toStdString(), report, {importer, pictureFolder});
+        importer.pictureFolder = pictureFolder;
+        return ImportMaterials(file.toStdString(), report, importer);
     } catch (const CorvexMaterial::Error&) {
         if (progress.wasCanceled()) {
             return std::nullopt;
@@ -198,9 +203,24 @@ void MaterialExchange::Export(const QString& file)
     });
 }
 
+QString MaterialExchange::Keep(const QString& title, const Report& report, std::size_t materials)
+{
+    m_title = title;
+    m_summary = SummaryOf(report, materials);
+    m_report = report;
+    m_lastReport->setEnabled(true);
+    return report.Count(Outcome::Mapped) == report.Rows().size() ? QString() : m_summary;
+}
+
 void MaterialExchange::Show(const QString& title, const Report& report, std::size_t materials)
 {
-    auto* dialog = new ReportDialog(title, SummaryOf(report, materials), report, &m_window);
+    Keep(title, report, materials);
+    ShowLast();
+}
+
+void MaterialExchange::ShowLast()
+{
+    auto* dialog = new ReportDialog(m_title, m_summary, m_report, &m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
 }

@@ -9,6 +9,7 @@
 
 #include <optional>
 
+class QAction;
 class QMenu;
 class QWidget;
 
@@ -29,6 +30,9 @@ public:
     void AddTo(QMenu& menu);
     void Import(const QString& file);
     void Export(const QString& file);
+    /// Keeps what became of materials that came in another way, to be shown when it is asked for.
+    /// Returns a summary; empty when nothing was lost.
+    QString Keep(const QString& title, const Report& report, std::size_t materials);
 
 Q_SIGNALS:
     /// The open library has new entries.
@@ -47,12 +51,17 @@ private:
     Read(const QString& file, const std::string& pictureFolder, Report& report);
     [[nodiscard]] std::optional<std::vector<NewEntry>>
     EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
+    void ShowLast();
     void Show(const QString& title, const Report& report, std::size_t materials);
 
     StudioHost& m_host;
     ImportProgram m_importer;
     QWidget& m_window;
     QString m_folder;  ///< of the last file
+    QAction* m_lastReport = nullptr;
+    QString m_title;
+    QString m_summary;
+    Report m_report;
 };
 
 }  // namespace studio

@@ -48,7 +48,7 @@ void ModelOpener::Conclude(const ImportOutcome& outcome)
         m_progress = nullptr;
     }
     if (outcome.model) {
-        Q_EMIT Opened(m_file, *outcome.model, outcome.message);
+        Q_EMIT Opened(m_file, *outcome.model);
     } else if (outcome.failure == ImportFailure::Cancelled) {
         Q_EMIT Cancelled(m_file);
     } else {

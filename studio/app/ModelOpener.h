@@ -21,8 +21,7 @@ public:
     void Open(const QString& file);
 
 Q_SIGNALS:
-    /// The remark says what the model goes without, and is mostly empty.
-    void Opened(const QString& file, const studio::ImportedModel& model, const QString& remark);
+    void Opened(const QString& file, const studio::ImportedModel& model);
     /// The message names the file and the cause.
     void Refused(const QString& file, const QString& message);
     void Cancelled(const QString& file);

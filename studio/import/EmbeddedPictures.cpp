@@ -1,44 +1,80 @@
 #include "studio/import/EmbeddedPictures.h"
 
-#include "studio/interchange/gltf/GltfSurface.h"
+#include "host/Status.h"
+#include "studio/libraries/LastingPicture.h"
 
+#include <QBuffer>
 #include <QCoreApplication>
+#include <QImageReader>
+
+#include <utility>
 
 namespace studio {
 namespace {
 
-void Take(const EmbeddedPicture& picture, ImportedMaterials& imported, const std::string& folder)
+/// "png" and the like, empty for what is no image. The file's own word for it does not count.
+QString SuffixOf(QByteArray bytes)
 {
-    const bool isWanted = !picture.wearers.empty() && !folder.empty();
-    const std::string path =
-        isWanted ? KeepPicture(picture, imported.materials[picture.wearers.front()].name, folder)
-                 : std::string();
-    if (path.empty()) {
-        for (const std::size_t wearer : picture.wearers) {
-            MaterialNotes(imported.report, imported.materials[wearer].name)
-                .Dropped(kBaseImage,
-                         folder.empty()
-                             ? QT_TRANSLATE_NOOP("Interchange", "the image is inside the file")
-                             : QT_TRANSLATE_NOOP("Interchange",
-                                                 "the image inside the file cannot be read"));
-        }
-        return;
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    return reader.canRead() ? QString::fromLatin1(reader.format()) : QString();
+}
+
+/// Fit for a file on any system.
+QString FileNameOf(const std::string& owner, const QString& suffix)
+{
+    QString name;
+    for (const QChar letter : QString::fromStdString(owner).left(60)) {
+        const bool plain = letter.isLetterOrNumber() || letter == u'-' || letter == u' ';
+        name += plain ? letter : u'_';
     }
-    for (const std::size_t wearer : picture.wearers) {
-        NamedMaterial& named = imported.materials[wearer];
-        named.material.Textures.primary = path;
-        MaterialNotes(imported.report, named.name)
-            .Add(kBaseImage, Outcome::Mapped,
-                 QT_TRANSLATE_NOOP("Interchange", "taken out of the file: %1"), path);
+    return name.trimmed() + u'.' + suffix;
+}
+
+struct Keeping {
+    std::string path;  ///< empty when it could not be kept
+    const char* note;
+    std::string detail;
+};
+
+Keeping Keep(const QByteArray& bytes, const std::string& owner, const std::string& folder)
+{
+    if (folder.empty()) {
+        return {{}, QT_TRANSLATE_NOOP("Interchange", "the image is inside the file"), {}};
+    }
+    const QString suffix = SuffixOf(bytes);
+    if (suffix.isEmpty()) {
+        return {
+            {}, QT_TRANSLATE_NOOP("Interchange", "the image inside the file cannot be read"), {}};
+    }
+    try {
+        const std::string path = StorePicture(bytes, FileNameOf(owner, suffix), folder);
+        return {path, QT_TRANSLATE_NOOP("Interchange", "taken out of the file: %1"), path};
+    } catch (const CorvexMaterial::Error& error) {
+        return {{}, "%1", error.what()};
     }
 }
 
 }  // namespace
 
-void TakeOutPictures(ImportedMaterials& imported, const std::string& folder)
+void TakeOutPictures(ImportedModel& model, const std::string& folder)
 {
-    for (const EmbeddedPicture& picture : imported.pictures) {
-        Take(picture, imported, folder);
+    for (const EmbeddedPicture& picture : std::exchange(model.pictures, {})) {
+        if (picture.wearers.empty()) {
+            continue;
+        }
+        const std::string& owner = model.materials[picture.wearers.front()].name;
+        const Keeping keeping = Keep(picture.bytes, owner, folder);
+        const bool kept = !keeping.path.empty();
+        for (const std::size_t wearer : picture.wearers) {
+            auto& [name, material] = model.materials[wearer];
+            std::string& texture = material.Textures.primary;
+            texture = kept ? keeping.path : texture;
+            MaterialNotes(model.report, name)
+                .Add(kBaseImage, kept ? Outcome::Mapped : Outcome::Dropped, keeping.note,
+                     keeping.detail);
+        }
     }
 }
 

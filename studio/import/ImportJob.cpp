@@ -2,7 +2,8 @@
 
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
-#include "studio/import/ModelFile.h"
+#include "studio/import/EmbeddedPictures.h"
+#include "studio/import/ModelPacking.h"
 #include "studio/interchange/ShapeNames.h"
 
 #include <QCoreApplication>
@@ -12,7 +13,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace studio {
 
@@ -67,10 +67,10 @@ QString TextOf(ImportFailure failure)
 
 }  // namespace
 
-ImportJob::ImportJob(QString file, const ImportProgram& program, const char* argument)
+ImportJob::ImportJob(QString file, const ImportProgram& program, Wanted wanted)
     : m_file(std::move(file)),
       m_program(program.path.isEmpty() ? QCoreApplication::applicationFilePath() : program.path),
-      m_argument(QString::fromLatin1(argument)), m_pictureFolder(program.pictureFolder)
+      m_wanted(wanted), m_pictureFolder(program.pictureFolder)
 {
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
@@ -95,24 +95,21 @@ ImportFailure ImportJob::Start()
     } catch (const CorvexMaterial::Error&) {
         return ImportFailure::NotStarted;
     }
-    m_process.start(m_program, {m_argument, QFileInfo(m_file).absoluteFilePath(), OutputPath()},
+    m_process.start(m_program,
+                    {QString::fromLatin1(ArgumentFor(m_wanted)),
+                     QFileInfo(m_file).absoluteFilePath(), OutputPath()},
                     QIODevice::ReadOnly);
     return ImportFailure::None;
-}
-
-ImportFailure ImportJob::Judge(ImportFailure failure) const
-{
-    return failure == ImportFailure::None ? FailureOfProcess() : failure;
 }
 
 ImportOutcome ImportJob::Outcome(ImportFailure failure)
 {
     ImportOutcome outcome;
-    outcome.failure = Judge(failure);
+    outcome.failure = failure == ImportFailure::None ? FailureOfProcess() : failure;
     try {
         if (outcome.failure == ImportFailure::None) {
             outcome.model = ReadOutput();
-            outcome.message = Remark(*outcome.model);
+            TakeOutPictures(*outcome.model, m_pictureFolder);
         }
     } catch (const std::bad_alloc&) {
         outcome.failure = ImportFailure::OutOfMemory;
@@ -175,53 +172,13 @@ ImportedModel ImportJob::ReadOutput() const
     }
     ImportedModel model =
         UnpackModel(std::as_bytes(std::span(bytes, static_cast<std::size_t>(output.size()))));
-    if (model.shapes.empty()) {
+    if (m_wanted == Wanted::Model && model.shapes.empty()) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, "the model is empty");
     }
     for (ImportedShape& shape : model.shapes) {
         shape.name = ReadableName(shape.name, QFileInfo(m_file).completeBaseName().toStdString());
     }
     return model;
-}
-
-// A model is better shown without its pictures than not at all.
-QString ImportJob::TakeOutPictures(ImportedModel& model) const
-{
-    const std::string base = QFileInfo(m_file).completeBaseName().toStdString();
-    const std::vector<EmbeddedPicture> pictures = std::exchange(model.pictures, {});
-    std::size_t lost = 0;
-    for (std::size_t i = 0; i < pictures.size(); ++i) {
-        const std::string owner = i == 0 ? base : base + ' ' + std::to_string(i + 1);
-        try {
-            const std::string path = m_pictureFolder.empty()
-                                         ? std::string()
-                                         : KeepPicture(pictures[i], owner, m_pictureFolder);
-            lost += path.empty() ? 1 : 0;
-            for (const std::size_t wearer : pictures[i].wearers) {
-                std::string& texture = model.materials[wearer].Textures.primary;
-                texture = path.empty() ? texture : path;
-            }
-        } catch (const CorvexMaterial::Error& error) {
-            return QString::fromUtf8(error.what());
-        }
-    }
-    return lost == 0
-               ? QString()
-               : QCoreApplication::translate("studio::ModelImport",
-                                             "Pictures inside the model that cannot be read: %1.")
-                     .arg(lost);
-}
-
-QString ImportJob::Remark(ImportedModel& model) const
-{
-    QStringList remarks{TakeOutPictures(model)};
-    if (model.manyColours) {
-        remarks << QCoreApplication::translate(
-            "studio::ModelImport", "A surface has one colour: that of its vertices on average.");
-    }
-    remarks << QString::fromStdString(model.refusedFile);
-    remarks.removeAll(QString());
-    return remarks.join(u' ');
 }
 
 QString ImportJob::Message(ImportFailure failure) const

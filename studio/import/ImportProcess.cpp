@@ -2,13 +2,14 @@
 
 #include "host/Status.h"
 #include "platform/FileWriting.h"
-#include "studio/import/ModelFile.h"
-#include "studio/interchange/ImportAllowance.h"
-#include "studio/interchange/assimp/AssimpReader.h"
+#include "studio/import/Formats.h"
+#include "studio/import/ModelPacking.h"
 
+#include <algorithm>
 #include <csignal>
 #include <iostream>
-#include <vector>
+#include <span>
+#include <string_view>
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -49,9 +50,23 @@ int EndWith(ImportExit code, const char* reason)
     return static_cast<int>(code);
 }
 
-int Import(const ContainedWork& work, const std::string& path, const std::string& outputPath)
+QByteArray AnswerOf(const std::string& path, Wanted wanted)
 {
-    const QByteArray packed = work(path);
+    ImportedModel model = ReadForeignFile(path);
+    const auto hasSurface = [](const ImportedMesh& mesh) { return !mesh.mesh->indices.empty(); };
+    if (wanted == Wanted::Materials) {
+        model.meshes.clear();
+        model.shapes.clear();
+    } else if (model.shapes.empty() || std::ranges::none_of(model.meshes, hasSurface)) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    path + ": the file holds no surface");
+    }
+    return PackModel(model);
+}
+
+int Import(const std::string& path, const std::string& outputPath, Wanted wanted)
+{
+    const QByteArray packed = AnswerOf(path, wanted);
     try {
         CorvexMaterial::WriteFile(outputPath, packed, CorvexMaterial::Lifetime::Temporary);
         return static_cast<int>(ImportExit::Done);
@@ -60,16 +75,14 @@ int Import(const ContainedWork& work, const std::string& path, const std::string
     }
 }
 
-}  // namespace
-
-int RunContained(std::span<const std::string> arguments, const ContainedWork& work)
+int RunContained(std::span<char* const> arguments, Wanted wanted)
 {
     if (arguments.size() != 2) {
         return EndWith(ImportExit::Misused, "a file to read and an output file are needed");
     }
     LimitThisProcess();
     try {
-        return Import(work, arguments[0], arguments[1]);
+        return Import(arguments[0], arguments[1], wanted);
     } catch (const CorvexMaterial::Error& error) {
         return EndWith(error.Code() == CorvexMaterial::Status::OutOfMemory ? ImportExit::OutOfMemory
                                                                            : ImportExit::Refused,
@@ -81,19 +94,22 @@ int RunContained(std::span<const std::string> arguments, const ContainedWork& wo
     }
 }
 
-int RunModelImport(std::span<const std::string> arguments)
+}  // namespace
+
+const char* ArgumentFor(Wanted wanted)
 {
-    return RunContained(arguments,
-                        [](const std::string& path) { return PackModel(ReadModelFile(path)); });
+    return wanted == Wanted::Model ? "--import-model" : "--import-materials";
 }
 
-std::optional<int> RunModelImportIfAsked(int argc, char** argv)
+std::optional<int> RunImportIfAsked(int argc, char** argv)
 {
-    if (argc < 2 || std::string_view(argv[1]) != kImportArgument) {
-        return std::nullopt;
+    const std::span<char* const> arguments(argv, static_cast<std::size_t>(argc));
+    for (const Wanted wanted : {Wanted::Model, Wanted::Materials}) {
+        if (arguments.size() > 1 && std::string_view(arguments[1]) == ArgumentFor(wanted)) {
+            return RunContained(arguments.subspan(2), wanted);
+        }
     }
-    const std::vector<std::string> arguments(argv + 2, argv + argc);
-    return RunModelImport(arguments);
+    return std::nullopt;
 }
 
 }  // namespace studio

@@ -1,13 +1,11 @@
 #include "studio/import/Interchange.h"
 
+#include "host/Status.h"
 #include "platform/FileWriting.h"
 #include "platform/QtTemporaryFiles.h"
 #include "studio/Tr.h"
-#include "studio/import/GltfProcess.h"
+#include "studio/import/Formats.h"
 #include "studio/interchange/DocumentFile.h"
-#include "studio/interchange/gltf/GltfMaterials.h"
-#include "studio/interchange/mtlx/MtlxMaterials.h"
-#include "studio/interchange/wavefront/MtlMaterials.h"
 #include "studio/libraries/LastingPicture.h"
 
 #include <QFileInfo>
@@ -20,39 +18,6 @@ namespace {
 
 using Materials = std::vector<NamedMaterial>;
 using MaterialSpan = std::span<const NamedMaterial>;
-
-struct Format {
-    const char* suffix;
-    const char* name;
-    Materials (*read)(const std::string& path, Report& report, const ImportSetting& setting);
-    /// Null for a format that is only read.
-    QByteArray (*write)(MaterialSpan materials, const std::string& folder, Report& report);
-};
-
-Materials ReadMtl(const std::string& path, Report& report, const ImportSetting&)
-{
-    return MaterialsOfMtl(ReadDocument(path), path, report);
-}
-
-Materials ReadMtlx(const std::string& path, Report& report, const ImportSetting&)
-{
-    return MaterialsOfMtlx(ReadDocument(path), path, report);
-}
-
-constexpr std::array kFormats{
-    Format{"mtl", QT_TRANSLATE_NOOP("Interchange", "Wavefront MTL"), ReadMtl, MtlOf},
-    Format{"gltf", QT_TRANSLATE_NOOP("Interchange", "glTF"), ImportGltfMaterials, GltfOf},
-    Format{"glb", QT_TRANSLATE_NOOP("Interchange", "glTF binary"), ImportGltfMaterials, nullptr},
-    Format{"mtlx", QT_TRANSLATE_NOOP("Interchange", "MaterialX"), ReadMtlx, MtlxOf},
-};
-
-const Format* FormatOf(const std::string& path)
-{
-    const QString suffix = QFileInfo(QString::fromStdString(path)).suffix().toLower();
-    const auto* format = std::ranges::find_if(
-        kFormats, [&](const Format& row) { return suffix == QLatin1String(row.suffix); });
-    return format == kFormats.end() ? nullptr : format;
-}
 
 /// Pictures of simulated raytrace materials, as far as they are in the temporary folder.
 Materials WithLastingPictures(MaterialSpan materials, const std::string& folder)
@@ -69,6 +34,20 @@ Materials WithLastingPictures(MaterialSpan materials, const std::string& folder)
     return lasting;
 }
 
+ImportedModel Read(const std::string& path, const ImportProgram& importer)
+{
+    if (const Format* format = FormatOf(path); format != nullptr && !format->hasShapes) {
+        return format->read(path);
+    }
+    ImportOutcome outcome =
+        ImportModelNow(QString::fromStdString(path), importer, Wanted::Materials);
+    if (!outcome.model) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    outcome.message.toStdString());
+    }
+    return std::move(*outcome.model);
+}
+
 QString FilterOf(const Format& format)
 {
     return QStringLiteral("%1 (*.%2)").arg(Tr(format.name), QLatin1String(format.suffix));
@@ -77,22 +56,16 @@ QString FilterOf(const Format& format)
 }  // namespace
 
 std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
-                                           const ImportSetting& setting)
+                                           const ImportProgram& importer)
 {
-    const Format* format = FormatOf(path);
-    if (format == nullptr) {
-        RefuseDocument(path,
-                       Tr("only .mtl, .gltf, .glb and .mtlx files can be imported.").toStdString());
-    }
-    Report rows;
-    Materials materials = format->read(path, rows, setting);
-    if (materials.empty()) {
+    ImportedModel model = Read(path, importer);
+    if (model.materials.empty()) {
         RefuseDocument(path, Tr("it holds no materials.").toStdString());
     }
-    for (const ReportRow& row : rows.Rows()) {
+    for (const ReportRow& row : model.report.Rows()) {
         report.Add(row);
     }
-    return materials;
+    return std::move(model.materials);
 }
 
 void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
@@ -115,7 +88,7 @@ QStringList ImportFilters()
 {
     QStringList all;
     QStringList filters;
-    for (const Format& format : kFormats) {
+    for (const Format& format : Formats()) {
         all << QStringLiteral("*.%1").arg(QLatin1String(format.suffix));
         filters << FilterOf(format);
     }
@@ -126,7 +99,7 @@ QStringList ImportFilters()
 QStringList ExportFilters()
 {
     QStringList filters;
-    for (const Format& format : kFormats) {
+    for (const Format& format : Formats()) {
         if (format.write != nullptr) {
             filters << FilterOf(format);
         }
@@ -136,9 +109,8 @@ QStringList ExportFilters()
 
 QString SuffixOfFilter(const QString& filter)
 {
-    const auto* format =
-        std::ranges::find_if(kFormats, [&](const Format& row) { return FilterOf(row) == filter; });
-    return format == kFormats.end() ? QString() : u'.' + QString::fromLatin1(format->suffix);
+    const auto format = std::ranges::find(Formats(), filter, FilterOf);
+    return format == Formats().end() ? QString() : u'.' + QString::fromLatin1(format->suffix);
 }
 
 QString SummaryOf(const Report& report, std::size_t materials)
@@ -149,6 +121,19 @@ QString SummaryOf(const Report& report, std::size_t materials)
         .arg(report.Count(Outcome::Mapped))
         .arg(report.Count(Outcome::Approximated))
         .arg(report.Count(Outcome::Dropped));
+}
+
+std::vector<std::string> NotesOf(const Report& report, std::size_t materials)
+{
+    std::vector<std::string> notes;
+    for (const ReportRow& row : report.Rows()) {
+        if (row.outcome != Outcome::Mapped) {
+            notes.push_back(row.material + ": " + row.property + " " + TextOf(row.outcome) + ", " +
+                            row.note);
+        }
+    }
+    notes.push_back(SummaryOf(report, materials).toStdString());
+    return notes;
 }
 
 }  // namespace studio

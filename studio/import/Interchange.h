@@ -12,18 +12,12 @@
 
 namespace studio {
 
-struct ImportSetting {
-    ImportProgram importer;
-    /// Pictures inside a file go into `Textures/` in here; without it they are left out.
-    std::string pictureFolder;
-};
-
-/// The materials of a file of another program, by its extension: .mtl, .gltf, .glb or .mtlx, in any
-/// case. At least one. The report tells what became of each of their properties; it is added to.
-/// A .gltf or .glb file is read by a process of the program's own and waited for.
-/// Errors: FileFailed with a message that names file and cause.
+/// The materials of a file of another program, at least one: of a document of materials, and of any
+/// model that can be opened, as they are when it is opened. The report tells what became of each of
+/// their properties; it is added to. A model is read by a process of the program's own and waited
+/// for. Errors: FileFailed with a message that names file and cause.
 [[nodiscard]] std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
-                                                         const ImportSetting& setting = {});
+                                                         const ImportProgram& importer = {});
 
 /// Writes a file for other programs, by its extension: .mtl, .gltf or .mtlx. Textures are named
 /// relative to it; one that does not last, in the temporary folder, is copied to `Textures/` beside
@@ -41,5 +35,8 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
 
 /// "12 materials: 80 properties mapped, 6 approximated, 14 dropped."
 [[nodiscard]] QString SummaryOf(const Report& report, std::size_t materials);
+
+/// A line for each property that is not mapped, and the summary.
+[[nodiscard]] std::vector<std::string> NotesOf(const Report& report, std::size_t materials);
 
 }  // namespace studio

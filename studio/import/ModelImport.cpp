@@ -2,18 +2,35 @@
 
 #include "studio/import/ImportJob.h"
 
+#include <QDeadlineTimer>
+
 namespace studio {
 
-ImportOutcome ImportModelNow(const QString& file, const ImportProgram& program)
+namespace {
+
+ImportFailure WaitFor(QProcess& process, const ImportProgram& program)
 {
-    ImportJob job(file, program);
-    ImportFailure failure = job.Start();
-    if (failure == ImportFailure::None &&
-        !job.Process().waitForFinished(static_cast<int>(program.timeLimit.count())) &&
-        job.Process().state() != QProcess::NotRunning) {
-        failure = ImportFailure::TimedOut;
+    constexpr int kLookEveryMilliseconds = 30;
+    const QDeadlineTimer deadline(program.timeLimit);
+    while (process.state() != QProcess::NotRunning &&
+           !process.waitForFinished(kLookEveryMilliseconds)) {
+        if (program.cancelled()) {
+            return ImportFailure::Cancelled;
+        }
+        if (deadline.hasExpired()) {
+            return ImportFailure::TimedOut;
+        }
     }
-    return job.Outcome(failure);
+    return ImportFailure::None;
+}
+
+}  // namespace
+
+ImportOutcome ImportModelNow(const QString& file, const ImportProgram& program, Wanted wanted)
+{
+    ImportJob job(file, program, wanted);
+    const ImportFailure failure = job.Start();
+    return job.Outcome(failure == ImportFailure::None ? WaitFor(job.Process(), program) : failure);
 }
 
 ModelImport::ModelImport(ImportProgram program, QObject* parent)
@@ -29,7 +46,7 @@ void ModelImport::Start(const QString& file)
 {
     Cancel();
     const quint64 run = ++m_run;
-    m_job = std::make_unique<ImportJob>(file, m_program);
+    m_job = std::make_unique<ImportJob>(file, m_program, Wanted::Model);
     // Queued: the job must not be destroyed by a slot of its own process.
     connect(
         &m_job->Process(), &QProcess::finished, this, [this, run] { Judge(run); },

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "studio/import/ImportProcess.h"
 #include "studio/interchange/ImportedModel.h"
 
 #include <QMetaType>
@@ -32,23 +33,24 @@ enum class ImportFailure {
 struct ImportOutcome {
     std::optional<ImportedModel> model;  ///< set exactly when there is no failure
     ImportFailure failure = ImportFailure::None;
-    /// Names the file and the cause; on success what the model goes without, empty for nothing.
-    QString message;
+    QString message;  ///< of a failure: names the file and the cause
 };
 
-/// The program that does the importing, given `--import-model <file> <output>`.
+/// The program that does the importing, given `--import-model <file> <output>` or
+/// `--import-materials <file> <output>`.
 struct ImportProgram {
     QString path;  ///< empty: this very program
     /// It stops itself earlier, by the size of what it reads; this is for one that does not.
     std::chrono::milliseconds timeLimit = std::chrono::minutes(10);
-    /// Asked again and again while one waits for materials; true gives up. It may handle events.
+    /// Asked again and again while one waits; true gives up. It may handle events.
     std::function<bool()> cancelled = [] { return false; };
-    /// Where `Textures/` takes the pictures that are inside a model. Empty: it goes without them.
+    /// Where `Textures/` takes the pictures that are inside a file. Empty: it goes without them.
     std::string pictureFolder = {};
 };
 
 /// Waits. Never throws, whatever the file or the importing process does.
-[[nodiscard]] ImportOutcome ImportModelNow(const QString& file, const ImportProgram& program = {});
+[[nodiscard]] ImportOutcome ImportModelNow(const QString& file, const ImportProgram& program = {},
+                                           Wanted wanted = Wanted::Model);
 
 /// Reads a user's model in a process of its own, so that a file which crashes or blocks the
 /// importer costs a message.

@@ -6,8 +6,8 @@ StudioScene::Shapes ShapesOf(const ImportedModel& model)
 {
     std::vector<AppliedMaterial> materials;
     materials.reserve(model.materials.size());
-    for (const CorvexDB::udtMaterial& material : model.materials) {
-        materials.push_back(WholeMaterial(material));
+    for (const NamedMaterial& named : model.materials) {
+        materials.push_back(WholeMaterial(named.material));
     }
     StudioScene::Shapes shapes;
     shapes.reserve(model.shapes.size());

@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
+#include "studio/interchange/ImportAllowance.h"
 
 #include <QFileInfo>
 #include <QStringDecoder>
@@ -11,6 +12,25 @@ namespace studio {
 QByteArray ReadDocument(const std::string& path)
 {
     return CorvexMaterial::ReadRegular(QString::fromStdString(path), kMostDocumentBytes);
+}
+
+ModelFile::ModelFile(const std::string& path) : m_file(QString::fromStdString(path))
+{
+    m_obstacle = CorvexMaterial::OpenRegular(m_file, kMostModelFileBytes);
+    if (!m_obstacle.empty() || m_file.size() == 0) {
+        return;
+    }
+    AllowTimeFor(m_file.size());
+    const uchar* bytes = m_file.map(0, m_file.size());
+    if (bytes == nullptr) {
+        throw std::bad_alloc();
+    }
+    m_text = {reinterpret_cast<const char*>(bytes), static_cast<std::size_t>(m_file.size())};
+}
+
+QByteArray ModelFile::Bytes() const
+{
+    return QByteArray::fromRawData(m_text.data(), static_cast<qsizetype>(m_text.size()));
 }
 
 std::string FolderOfDocument(const std::string& path)

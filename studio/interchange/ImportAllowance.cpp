@@ -1,7 +1,5 @@
 #include "studio/interchange/ImportAllowance.h"
 
-#include "studio/import/ImportProcess.h"
-
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
@@ -25,7 +23,7 @@ void End(int)
 {
     const auto written = ::write(STDERR_FILENO, complaint, std::strlen(complaint));
     static_cast<void>(written);
-    ::_exit(static_cast<int>(ImportExit::TookTooLong));
+    ::_exit(kTookTooLong);
 }
 
 void SetLimit()

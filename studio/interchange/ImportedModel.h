@@ -1,9 +1,10 @@
 #pragma once
 
-#include "host/MaterialRecord.h"
-#include "studio/interchange/EmbeddedPicture.h"
+#include "studio/interchange/Report.h"
+#include "studio/libraries/MaterialText.h"
 #include "studio/render/Mesh.h"
 
+#include <QByteArray>
 #include <QMatrix4x4>
 
 #include <cstddef>
@@ -26,19 +27,27 @@ struct ImportedShape {
     QMatrix4x4 worldFromMesh;
 };
 
-/// What a model file holds: right-handed, counter-clockwise fronts, nodes flattened to shapes.
-/// Every index is in range and every number finite.
+/// An image that is inside a file, as it is there.
+struct EmbeddedPicture {
+    QByteArray bytes;
+    std::vector<std::size_t> wearers;  ///< indexes of the materials whose primary texture it is
+};
+
+/// What a file of another program holds, whatever its format and whether its shapes are wanted or
+/// its materials: right-handed, counter-clockwise fronts, nodes flattened to shapes. Every index is
+/// in range and every number finite.
 struct ImportedModel {
-    std::vector<CorvexDB::udtMaterial> materials;
+    std::vector<NamedMaterial> materials;
+    /// What became of the materials' properties, and of what else the file names.
+    Report report;
     std::vector<ImportedMesh> meshes;
     std::vector<ImportedShape> shapes;
     /// Their wearers have no path for them yet, or one that is missing.
     std::vector<EmbeddedPicture> pictures;
-    /// Vertices of one surface differ in colour; its material has their average.
-    bool manyColours = false;
-    /// A further file that it names and that is there but was not read, with the reason.
-    std::string refusedFile;
 };
+
+/// What a report calls the primary texture of a file that does not name it itself.
+inline constexpr const char* kBaseImage = "baseColorTexture";
 
 /// A coordinate beyond this is taken for damage: squares of world distances still fit a float.
 inline constexpr float kLargestCoordinate = 1.0e9F;

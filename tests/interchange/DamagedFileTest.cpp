@@ -80,7 +80,7 @@ TEST_F(DamagedMaterials, GltfCostsNoMoreThanAMessage)
         QFile::setPermissions(program.path, QFile::ReadOwner | QFile::ExeOwner);
         studio::Report report;
         EXPECT_THROW(static_cast<void>(studio::ImportMaterials(CorvexTest::SampleFile("worn.gltf"),
-                                                               report, {program, {}})),
+                                                               report, program)),
                      Error);
         EXPECT_TRUE(report.Rows().empty());
     }
@@ -94,7 +94,7 @@ TEST_F(DamagedMaterials, AreRefusedWithTheirCause)
     };
     says("empty.mtl", "", "no materials");
     says("many.mtl", QByteArray("newmtl a\n").repeated(100'001), "too many");
-    says("model.fbx", "x", ".mtl, .gltf, .glb and .mtlx");
+    says("model.fbx", "x", "cannot be opened");
     says("cut.mtlx", "<?xml version=\"1.0\"?><materialx version=\"1.38\"><look", "damaged: line");
     says("other.mtlx", "<svg/>", "no MaterialX");
     says("bomb.mtlx",

@@ -6,7 +6,7 @@ namespace CorvexTest {
 
 studio::ImportProgram MaterialImporter()
 {
-    return {QStringLiteral(IMPORTING_MATERIALS), std::chrono::seconds(30)};
+    return {QStringLiteral(IMPORTING_PROCESS), std::chrono::seconds(30)};
 }
 
 std::string SampleFile(const char* name)
@@ -17,8 +17,9 @@ std::string SampleFile(const char* name)
 Imported Import(const std::string& path, const std::string& pictureFolder)
 {
     Imported imported;
-    imported.materials =
-        studio::ImportMaterials(path, imported.report, {MaterialImporter(), pictureFolder});
+    studio::ImportProgram importer = MaterialImporter();
+    importer.pictureFolder = pictureFolder;
+    imported.materials = studio::ImportMaterials(path, imported.report, importer);
     return imported;
 }
 

@@ -143,10 +143,11 @@ TEST(ForeignMaterialX, NodeGraphsOfVersion138)
     EXPECT_EQ(OutcomeFor(imported.report, "Circle", "base_color"), "approximated");
 }
 
-TEST(ForeignGltf, WhatIsWorn)
+TEST(ForeignGltf, EveryMaterialWornOrNot)
 {
     const Imported imported = Import(SampleFile("worn.gltf"));
     ExpectAmounts(imported.materials, {{"Painted", 128, 0, 255, 60, 0, 60, 0},
+                                       {"Nobody wears this", 255, 0, 0, 60, 0, 0, 0},
                                        {"Leaf", 255, 255, 255, 60, 50, 0, 0},
                                        {"Old gloss", 128, 255, 0, 60, 0, 60, 50}});
     const auto& painted = imported.materials[0].material;
@@ -155,11 +156,60 @@ TEST(ForeignGltf, WhatIsWorn)
     EXPECT_TRUE(painted.DoubleSided);
     EXPECT_TRUE(painted.RayTrace.Metallic);
     EXPECT_EQ(painted.RayTrace.Reflection, 7.0F);
-    EXPECT_EQ(imported.materials[1].material.AlphaTest, 6);
-    EXPECT_EQ(imported.materials[1].material.AlphaTestReference, 102);
+    EXPECT_EQ(imported.materials[2].material.AlphaTest, 6);
+    EXPECT_EQ(imported.materials[2].material.AlphaTestReference, 102);
     EXPECT_EQ(OutcomeFor(imported.report, "Painted", "metallicFactor"), "approximated");
     EXPECT_EQ(OutcomeFor(imported.report, "Painted", "normalTexture"), "dropped");
     EXPECT_EQ(OutcomeFor(imported.report, "Leaf", "emissiveFactor"), "mapped");
+}
+
+class EitherWay : public testing::TestWithParam<const char*> {};
+
+TEST_P(EitherWay, TheSameMaterialsAndTheSameReport)
+{
+    const std::string path = SampleFile(GetParam());
+    const Imported imported = Import(path);
+    const auto opened =
+        studio::ImportModelNow(QString::fromStdString(path), CorvexTest::MaterialImporter());
+    ASSERT_TRUE(opened.model) << opened.message.toStdString();
+    ASSERT_EQ(opened.model->materials.size(), imported.materials.size());
+    for (std::size_t index = 0; index < imported.materials.size(); ++index) {
+        EXPECT_EQ(opened.model->materials[index].name, imported.materials[index].name);
+        EXPECT_EQ(opened.model->materials[index].material, imported.materials[index].material);
+    }
+    const auto lines = [](const studio::Report& report) {
+        std::vector<std::string> all;
+        for (const studio::ReportRow& row : report.Rows()) {
+            all.push_back(row.material + '|' + row.property + '|' + TextOf(row.outcome) + '|' +
+                          row.note);
+        }
+        return all;
+    };
+    EXPECT_EQ(lines(opened.model->report), lines(imported.report));
+    EXPECT_FALSE(imported.report.Rows().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, EitherWay,
+                         testing::Values("windows.obj", "worn.gltf", "../../scene/data/box.obj",
+                                         "../../scene/data/leaf.gltf", "../../scene/data/tetra.ply",
+                                         "../../scene/data/frames.x"));
+
+TEST(ForeignObj, ShapesWearWhatTheLibraryOfTheModelSays)
+{
+    const auto opened = studio::ImportModelNow(QString::fromStdString(SampleFile("windows.obj")),
+                                               CorvexTest::MaterialImporter());
+    ASSERT_TRUE(opened.model) << opened.message.toStdString();
+    std::string worn;
+    for (const studio::ImportedShape& shape : opened.model->shapes) {
+        const studio::ImportedMesh& mesh = opened.model->meshes[shape.mesh];
+        worn += shape.name + ": " + opened.model->materials[mesh.material].name + ", " +
+                std::to_string(mesh.mesh->indices.size() / 3) + '\n';
+    }
+    EXPECT_EQ(worn, "stand: Brushed steel, 2\nLamp: Lamp, 1\npane: Window glass, 1\n"
+                    "nowhere to be found: Default, 1\n");
+    const auto& steel = opened.model->materials[0].material;
+    EXPECT_EQ(steel.Ambient, 100);
+    EXPECT_EQ(steel.RayTrace.Roughness, 3.0F);
 }
 
 }  // namespace

@@ -3,5 +3,5 @@
 // The importing process alone, as the studio's own main starts it.
 int main(int argc, char** argv)
 {
-    return studio::RunModelImportIfAsked(argc, argv).value_or(1);
+    return studio::RunImportIfAsked(argc, argv).value_or(1);
 }

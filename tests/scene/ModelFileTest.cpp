@@ -1,7 +1,7 @@
-#include "studio/import/ModelFile.h"
 #include "host/Status.h"
+#include "studio/import/Formats.h"
+#include "studio/import/ModelPacking.h"
 #include "studio/interchange/ShapeNames.h"
-#include "studio/interchange/assimp/AssimpReader.h"
 
 #include <gtest/gtest.h>
 
@@ -34,15 +34,19 @@ bool Refuses(const QByteArray& bytes)
 
 QByteArray PackedBox()
 {
-    return PackModel(studio::ReadModelFile(SCENE_TEST_DATA "/box.obj"));
+    return PackModel(studio::ReadForeignFile(SCENE_TEST_DATA "/box.obj"));
 }
 
 TEST(ModelFile, BringsBackWhatWasPacked)
 {
-    ImportedModel sent = studio::ReadModelFile(SCENE_TEST_DATA "/leaf.gltf");
+    ImportedModel sent = studio::ReadForeignFile(SCENE_TEST_DATA "/leaf.gltf");
     sent.pictures.push_back({"bytes", {0}});
     const ImportedModel got = Unpack(PackModel(sent));
-    EXPECT_EQ(got.materials, sent.materials);
+    ASSERT_EQ(got.materials.size(), sent.materials.size());
+    EXPECT_EQ(got.materials[0].name, sent.materials[0].name);
+    EXPECT_EQ(got.materials[0].material, sent.materials[0].material);
+    ASSERT_EQ(got.report.Rows().size(), sent.report.Rows().size());
+    EXPECT_EQ(got.report.Rows().back().note, sent.report.Rows().back().note);
     ASSERT_EQ(got.pictures.size(), 1U);
     EXPECT_EQ(got.pictures[0].bytes, sent.pictures[0].bytes);
     EXPECT_EQ(got.pictures[0].wearers, sent.pictures[0].wearers);

@@ -118,7 +118,7 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
           "element face 1\nproperty list uchar int vertex_indices\nend_header\n"
           "0 0 0 255 0 0\n1 0 0 0 255 0\n0 1 0 0 0 255\n3 0 1 2\n");
     Draw({folder.filePath("coloured.ply")});
-    EXPECT_TRUE(errors.contains("corvex-studio: A surface has one colour")) << errors.toStdString();
+    EXPECT_TRUE(errors.contains("a surface has one colour")) << errors.toStdString();
 
     write("no.png", "no picture");
     write("no.mtl", "newmtl no\nmap_Kd no.png\n");

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "studio/interchange/ImportedModel.h"
+#include "studio/interchange/MeshFinishing.h"
 
 struct aiMesh;
 
 namespace studio {
 
-/// The triangles of a file's mesh. Corners that are no usable numbers take their triangles along;
-/// missing normals are made up.
-[[nodiscard]] ImportedMesh MeshFrom(const aiMesh& source);
+/// The triangles of a file's mesh.
+[[nodiscard]] RawMesh MeshFrom(const aiMesh& source);
 
 }  // namespace studio

@@ -1,21 +1,25 @@
 #include "studio/interchange/assimp/AssimpReader.h"
 
 #include "host/Status.h"
+#include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/ShapeNames.h"
+#include "studio/interchange/TextureReference.h"
+#include "studio/interchange/VertexColours.h"
 #include "studio/interchange/assimp/AssimpMaterial.h"
 #include "studio/interchange/assimp/AssimpMesh.h"
 #include "studio/interchange/assimp/GuardedFiles.h"
 #include "studio/interchange/assimp/PicturesInside.h"
-#include "studio/interchange/assimp/VertexColours.h"
 #include "studio/render/UnitVector.h"
 
 #include <assimp/Importer.hpp>
 #include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
+#include <span>
 
 namespace studio {
 
@@ -86,58 +90,94 @@ constexpr unsigned int kSteps = aiProcess_Triangulate | aiProcess_JoinIdenticalV
     throw Error(Status::FileFailed, path + ": " + reason);
 }
 
-// Relative to the model, or beside it when the path is another machine's. One that is not there is
-// kept, so that it shows as missing and can be looked for; one inside the file has no path.
-std::string TexturePath(const std::string& modelPath, std::string texture)
-{
-    if (texture.empty() || texture.starts_with('*')) {
-        return {};
-    }
-    std::ranges::replace(texture, '\\', '/');
-    const std::filesystem::path folder = std::filesystem::path(modelPath).parent_path();
-    const std::filesystem::path named = (folder / texture).lexically_normal();
-    const std::filesystem::path beside = folder / named.filename();
-    std::error_code error;
-    const bool isMoved = !std::filesystem::is_regular_file(named, error) &&
-                         std::filesystem::is_regular_file(beside, error);
-    return isMoved ? beside.string() : named.string();
-}
-
 // All of a model's together.
 constexpr qsizetype kMostModelPictureBytes = qsizetype{512} << 20;
 
+/// A file that is not there keeps its path, so that it shows as missing and can be looked for; one
+/// inside the model has no path.
+class ImageFiles {
+public:
+    ImageFiles(const aiScene& scene, const std::string& path, ImportedModel& model)
+        : m_folder(FolderOfDocument(path)),
+          m_pictures(scene, model.pictures, kMostModelPictureBytes)
+    {
+    }
+
+    void FindFor(CorvexDB::TextureFiles& textures, std::size_t wearer, MaterialNotes& notes)
+    {
+        textures.alpha = textures.alpha == textures.primary ? std::string() : textures.alpha;
+        const std::string primary = textures.primary;
+        for (std::string* file :
+             {&textures.primary, &textures.alpha, &textures.bump, &textures.specular}) {
+            const bool found = Find(*file, notes);
+            if (file == &textures.primary && !found) {
+                m_pictures.Take(primary, wearer);
+            }
+        }
+    }
+
+private:
+    bool Find(std::string& file, MaterialNotes& notes) const
+    {
+        if (file.empty() || file.starts_with('*')) {
+            const bool nothing = file.empty();
+            file.clear();
+            return nothing;
+        }
+        const FoundTexture found = FindReferenced(file, m_folder);
+        notes.Add("image: " + file, found.exists ? Outcome::Mapped : Outcome::Approximated,
+                  found.exists ? ""
+                               : QT_TRANSLATE_NOOP("Interchange", "the image file is missing"));
+        file = found.path;
+        return found.exists;
+    }
+
+    std::string m_folder;
+    PicturesInside m_pictures;
+};
+
 void AddMaterials(const aiScene& scene, const std::string& path, ImportedModel& model)
 {
-    PicturesInside pictures(scene, model.pictures, kMostModelPictureBytes);
+    ImageFiles images(scene, path, model);
     for (unsigned int index = 0; index < scene.mNumMaterials; ++index) {
-        auto material = MaterialFrom(*scene.mMaterials[index]);
-        CorvexDB::TextureFiles& textures = material.Textures;
-        const std::string primary = textures.primary;
-        for (std::string* texture :
-             {&textures.primary, &textures.alpha, &textures.bump, &textures.specular}) {
-            *texture = TexturePath(path, *texture);
-        }
-        if (textures.alpha == textures.primary) {
-            textures.alpha.clear();  // the alpha of the primary image counts anyway
-        }
-        std::error_code error;
-        if (!primary.empty() && !std::filesystem::is_regular_file(textures.primary, error)) {
-            pictures.Take(primary, index);
-        }
-        model.materials.push_back(std::move(material));
+        const aiString raw = scene.mMaterials[index]->GetName();
+        const std::string name =
+            ReadableName({raw.data, raw.length}, "Material " + std::to_string(index + 1));
+        MaterialNotes notes(model.report, name);
+        auto material = MaterialFrom(*scene.mMaterials[index], notes);
+        images.FindFor(material.Textures, index, notes);
+        model.materials.push_back({name, std::move(material)});
     }
 }
 
-ImportedModel ModelFrom(const aiScene& scene, const std::string& path)
+void CountColours(const aiMesh& mesh, std::size_t material, VertexColours& colours)
 {
-    ImportedModel model;
-    AddMaterials(scene, path, model);
-    model.manyColours = TakeVertexColours(scene, model.materials);
-    for (unsigned int index = 0; index < scene.mNumMeshes; ++index) {
-        model.meshes.push_back(MeshFrom(*scene.mMeshes[index]));
+    if (!mesh.HasVertexColors(0)) {
+        colours.AddPlain(material, mesh.mNumVertices);
+        return;
     }
-    AddShapes(scene, model);
-    return model;
+    std::vector<Rgb> all;
+    all.reserve(mesh.mNumVertices);
+    for (const aiColor4D& colour : std::span(mesh.mColors[0], mesh.mNumVertices)) {
+        all.push_back({colour.r, colour.g, colour.b});
+    }
+    colours.Add(material, all);
+}
+
+void AddMeshes(const aiScene& scene, ImportedModel& model)
+{
+    VertexColours colours;
+    for (const aiMesh* mesh : std::span(scene.mMeshes, scene.mNumMeshes)) {
+        RawMesh raw = MeshFrom(*mesh);
+        raw.material = std::min(raw.material, model.materials.size() - 1);
+        CountColours(*mesh, raw.material, colours);
+        model.meshes.push_back(Finished(std::move(raw)));
+    }
+    for (std::size_t index = 0; index < model.materials.size(); ++index) {
+        const bool light = index < scene.mNumMaterials && HasPhysicalLook(*scene.mMaterials[index]);
+        colours.Tint(model, index,
+                     light ? VertexColours::Meaning::Light : VertexColours::Meaning::Displayed);
+    }
 }
 
 Vertex Moved(Vertex vertex, const QMatrix4x4& worldFromMesh, const QMatrix4x4& normals)
@@ -167,9 +207,8 @@ void Append(const Mesh& mesh, const QMatrix4x4& worldFromMesh, std::vector<Verte
     }
 }
 
-}  // namespace
-
-ImportedModel ReadModelFile(const std::string& path)
+ImportedModel Read(const std::string& path, ImportedModel model,
+                   void (*addMaterials)(const aiScene&, const std::string&, ImportedModel&))
 {
     std::string refused;
     Assimp::Importer importer;
@@ -182,21 +221,34 @@ ImportedModel ReadModelFile(const std::string& path)
     if (scene == nullptr) {
         Refuse(path, importer.GetErrorString());
     }
-    if (scene->mRootNode == nullptr) {
+    if (scene->mRootNode == nullptr || scene->mNumMaterials == 0) {
         Refuse(path, "the file holds no scene");
     }
-    ImportedModel model = ModelFrom(*scene, path);
-    model.refusedFile = refused;
-    const auto hasSurface = [](const ImportedMesh& mesh) { return !mesh.mesh->indices.empty(); };
-    if (model.shapes.empty() || std::ranges::none_of(model.meshes, hasSurface)) {
-        Refuse(path, "the file holds no surface");
+    addMaterials(*scene, path, model);
+    AddMeshes(*scene, model);
+    AddShapes(*scene, model);
+    if (!refused.empty()) {
+        MaterialNotes(model.report, refused)
+            .Dropped("file", QT_TRANSLATE_NOOP("Interchange", "not read"));
     }
     return model;
 }
 
+}  // namespace
+
+ImportedModel ReadWithAssimp(const std::string& path)
+{
+    return Read(path, {}, AddMaterials);
+}
+
+ImportedModel WithAssimpShapes(const std::string& path, ImportedModel model)
+{
+    return Read(path, std::move(model), [](const aiScene&, const std::string&, ImportedModel&) {});
+}
+
 std::shared_ptr<const Mesh> ReadMeshFile(const std::string& path)
 {
-    const ImportedModel model = ReadModelFile(path);
+    const ImportedModel model = ReadWithAssimp(path);
     if (model.shapes.size() == 1 && model.shapes.front().worldFromMesh.isIdentity()) {
         return model.meshes[model.shapes.front().mesh].mesh;
     }

@@ -1,6 +1,7 @@
 #include "studio/interchange/assimp/GuardedFiles.h"
 
 #include "platform/RegularFile.h"
+#include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/ImportAllowance.h"
 
 #include <assimp/IOStream.hpp>

@@ -8,9 +8,6 @@
 
 namespace studio {
 
-/// Of each file of a model.
-inline constexpr std::int64_t kMostModelFileBytes = std::int64_t{2} << 30;
-
 /// What an importer sees of the disk: regular files, to be read. A model may name any file as a
 /// further one of its own.
 class GuardedFiles final : public Assimp::IOSystem {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/interchange/EmbeddedPicture.h"
+#include "studio/interchange/ImportedModel.h"
 
 #include <map>
 

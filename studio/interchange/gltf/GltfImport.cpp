@@ -1,73 +1,114 @@
-#include "host/Status.h"
-#include "studio/interchange/DocumentFile.h"
+#include "studio/interchange/gltf/GltfImport.h"
+
 #include "studio/interchange/ShapeNames.h"
-#include "studio/interchange/assimp/GuardedFiles.h"
-#include "studio/interchange/assimp/PicturesInside.h"
-#include "studio/interchange/gltf/GltfMaterials.h"
+#include "studio/interchange/assimp/AssimpReader.h"
+#include "studio/interchange/gltf/GltfScene.h"
 #include "studio/interchange/gltf/GltfSurface.h"
 
-#include <assimp/Importer.hpp>
-#include <assimp/material.h>
-#include <assimp/scene.h>
-
 #include <QCoreApplication>
-
-#include <set>
 
 namespace studio {
 namespace {
 
-/// All pictures of a file; more does not fit into the answer.
-constexpr qsizetype kMostPictureBytes = kMostDocumentBytes / 2;
+/// All pictures of a file together; what is beyond comes without.
+constexpr qsizetype kMostPictureBytes = qsizetype{512} << 20;
 
-std::set<unsigned int> WornIn(const aiScene& scene)
-{
-    std::set<unsigned int> worn;
-    for (unsigned int mesh = 0; mesh < scene.mNumMeshes; ++mesh) {
-        worn.insert(scene.mMeshes[mesh]->mMaterialIndex);
+/// The pictures inside a document, each once.
+class GltfPictures {
+public:
+    GltfPictures(GltfFile& file, ImportedModel& model) : m_file(file), m_model(model) {}
+
+    void Take(qint64 image, std::size_t wearer)
+    {
+        const auto [known, isNew] = m_indexes.try_emplace(image, m_model.pictures.size());
+        if (isNew) {
+            const QByteArray bytes = BytesOf(m_file.At("images", image));
+            m_model.pictures.push_back({bytes.size() > m_left ? QByteArray() : bytes, {}});
+            m_left -= m_model.pictures.back().bytes.size();
+        }
+        m_model.pictures[known->second].wearers.push_back(wearer);
     }
-    return worn;
+
+private:
+    /// A copy, which outlasts the file.
+    [[nodiscard]] QByteArray BytesOf(const QJsonObject& image)
+    {
+        if (const auto data = DataOfUri(image["uri"].toString())) {
+            return *data;
+        }
+        const QByteArray view = m_file.View(image["bufferView"]);
+        return {view.constData(), view.size()};
+    }
+
+    GltfFile& m_file;
+    ImportedModel& m_model;
+    std::map<qint64, std::size_t> m_indexes;
+    qsizetype m_left = kMostPictureBytes;
+};
+
+void AddMaterials(GltfFile& file, ImportedModel& model)
+{
+    GltfPictures pictures(file, model);
+    const QJsonArray sources = file.Root()["materials"].toArray();
+    for (const QJsonValue source : sources) {
+        const std::size_t number = model.materials.size();
+        const std::string name = ReadableName(source["name"].toString().toStdString(),
+                                              "Material " + std::to_string(number + 1));
+        const GltfSurface surface =
+            SurfaceOfGltf(source.toObject(), file, MaterialNotes(model.report, name));
+        model.materials.push_back({name, surface.material});
+        if (surface.imageInside) {
+            pictures.Take(*surface.imageInside, number);
+        }
+    }
 }
 
-std::string NameOf(const aiMaterial& source, std::size_t number)
+/// What the format gives to what names no material. Left out again when nothing wears it.
+NamedMaterial PlainMaterial(const GltfFile& file)
 {
-    aiString raw;
-    const bool named = source.Get(AI_MATKEY_NAME, raw) == AI_SUCCESS;
-    return ReadableName(named ? std::string_view(raw.data, raw.length) : std::string_view(),
-                        "Material " + std::to_string(number));
+    Report unsaid;
+    return {"Default", SurfaceOfGltf({}, file, MaterialNotes(unsaid, "")).material};
+}
+
+bool IsPacked(const GltfFile& file)
+{
+    return file.Root()["extensionsRequired"].toArray().contains("KHR_draco_mesh_compression");
 }
 
 }  // namespace
 
-ImportedMaterials ReadWornMaterials(const std::string& path)
+ImportedModel ModelOfGltf(const QByteArray& bytes, const std::string& path)
 {
-    std::string refused;
-    Assimp::Importer importer;
-    importer.SetIOHandler(new GuardedFiles(refused));
-    const aiScene* scene = importer.ReadFile(path, 0);
-    if (scene == nullptr && !refused.empty()) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed, refused);
+    GltfFile file(bytes, path);
+    if (file.Root()["meshes"].isObject()) {
+        return ReadWithAssimp(path);  // the format's first version, of another structure
     }
-    if (scene == nullptr) {
-        RefuseDocument(path, importer.GetErrorString());
+    ImportedModel model;
+    AddMaterials(file, model);
+    const std::size_t plain = model.materials.size();
+    model.materials.push_back(PlainMaterial(file));
+    if (IsPacked(file)) {
+        return WithAssimpShapes(path, std::move(model));
     }
-    const std::string folder = FolderOfDocument(path);
-    ImportedMaterials imported;
-    PicturesInside pictures(*scene, imported.pictures, kMostPictureBytes);
-    for (const unsigned int index : WornIn(*scene)) {
-        if (index >= scene->mNumMaterials) {
-            continue;
-        }
-        const aiMaterial& source = *scene->mMaterials[index];
-        const std::size_t number = imported.materials.size();
-        const std::string name = NameOf(source, number + 1);
-        imported.materials.push_back(
-            {name, MaterialOfGltf(source, folder, MaterialNotes(imported.report, name))});
-        if (const std::string picture = BaseImageOf(source); picture.starts_with('*')) {
-            pictures.Take(picture, number);
-        }
+    VertexColours colours;
+    AddGltfShapes(file, plain, model, colours);
+    if (std::ranges::none_of(model.meshes,
+                             [&](const auto& mesh) { return mesh.material == plain; })) {
+        model.materials.pop_back();
     }
-    return imported;
+    for (std::size_t index = 0; index < model.materials.size(); ++index) {
+        colours.Tint(model, index, VertexColours::Meaning::Light);
+    }
+    return model;
+}
+
+ImportedModel ReadGltf(const std::string& path)
+{
+    const ModelFile file(path);
+    if (!file.Obstacle().empty()) {
+        RefuseDocument(path, file.Obstacle());
+    }
+    return ModelOfGltf(file.Bytes(), path);
 }
 
 }  // namespace studio

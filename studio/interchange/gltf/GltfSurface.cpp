@@ -1,176 +1,229 @@
 #include "studio/interchange/gltf/GltfSurface.h"
 
 #include "studio/interchange/Amounts.h"
+#include "studio/interchange/ImportedModel.h"
 #include "studio/interchange/TextureReference.h"
-#include "studio/interchange/assimp/AssimpMaterial.h"
-
-#include <assimp/GltfMaterial.h>
-#include <assimp/material.h>
+#include "studio/render/MaterialModel.h"
 
 #include <QCoreApplication>
 #include <QUrl>
+
+#include <algorithm>
+#include <cmath>
 
 namespace studio {
 namespace {
 
 using CorvexDB::udtMaterial;
 
+constexpr std::int32_t kAlphaTestGreaterOrEqual = 6;
+constexpr const char* kTextureTransform = "KHR_texture_transform";
+constexpr const char* kGloss = "KHR_materials_pbrSpecularGlossiness";
 constexpr const char* kGltfNoLayer =
     QT_TRANSLATE_NOOP("Interchange", "there is no layer for it in a material");
 constexpr const char* kGltfNoAmount =
     QT_TRANSLATE_NOOP("Interchange", "there is no such amount in a material");
 
-struct IgnoredImage {
-    aiTextureType type;
-    unsigned int index;
-    const char* term;
-    const char* note;
-};
+/// The members of extensions that are taken; all others are reported as dropped.
+constexpr std::array kTakenOfExtensions{"clearcoatFactor",  "diffuseFactor",
+                                        "diffuseTexture",   "emissiveStrength",
+                                        "glossinessFactor", "transmissionFactor"};
 
-constexpr std::array kIgnoredImages{
-    IgnoredImage{aiTextureType_METALNESS, 0, "metallicRoughnessTexture", kGltfNoLayer},
-    IgnoredImage{
-        aiTextureType_NORMALS, 0, "normalTexture",
-        QT_TRANSLATE_NOOP("Interchange", "it holds directions; a bump map here holds heights")},
-    IgnoredImage{aiTextureType_LIGHTMAP, 0, "occlusionTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_SPECULAR, 0, "specularGlossinessTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_CLEARCOAT, 0, "clearcoatTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_CLEARCOAT, 1, "clearcoatRoughnessTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_CLEARCOAT, 2, "clearcoatNormalTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_SHEEN, 0, "sheenColorTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_TRANSMISSION, 0, "transmissionTexture", kGltfNoLayer},
-    IgnoredImage{aiTextureType_TRANSMISSION, 1, "thicknessTexture", kGltfNoLayer},
-};
-
-struct IgnoredFactor {
-    const char* key;
-    const char* term;
-};
-
-constexpr std::array kIgnoredFactors{
-    IgnoredFactor{"$clr.sheen.factor", "sheenColorFactor"},
-    IgnoredFactor{"$mat.clearcoat.roughnessFactor", "clearcoatRoughnessFactor"},
-    IgnoredFactor{"$mat.volume.thicknessFactor", "thicknessFactor"},
-};
-
-std::string FileIn(const aiMaterial& source, aiTextureType type, unsigned int index = 0)
+float NumberIn(const QJsonValue& value, float otherwise)
 {
-    aiString path;
-    const bool has = source.GetTexture(type, index, &path) == AI_SUCCESS;
-    return has ? std::string(path.data, path.length) : std::string();
+    return static_cast<float>(value.toDouble(static_cast<double>(otherwise)));
+}
+
+Rgb ColourIn(const QJsonValue& value, Rgb otherwise)
+{
+    const QJsonArray numbers = value.toArray();
+    const auto part = [&](qsizetype i) { return NumberIn(numbers.at(i), 0.0F); };
+    return numbers.size() < 3 ? otherwise : Rgb{part(0), part(1), part(2)};
+}
+
+Rgb EachCutToUnit(Rgb colour)
+{
+    return {CutToUnit(colour.red), CutToUnit(colour.green), CutToUnit(colour.blue)};
+}
+
+bool SaysSomething(const QJsonValue& value)
+{
+    const QJsonArray numbers = value.toArray();
+    return value.toDouble() != 0.0 ||
+           std::ranges::any_of(numbers, [](auto number) { return number.toDouble() != 0.0; });
+}
+
+/// Where the base image is told of; empty when there is none.
+QJsonObject BaseTexture(const QJsonObject& source)
+{
+    const QJsonObject base =
+        source["pbrMetallicRoughness"].toObject()["baseColorTexture"].toObject();
+    return base.isEmpty() ? source["extensions"][kGloss]["diffuseTexture"].toObject() : base;
 }
 
 class GltfSurfaceTaking {
 public:
-    GltfSurfaceTaking(const aiMaterial& source, const std::string& folder, MaterialNotes notes)
-        : m_source(source), m_folder(folder), m_notes(std::move(notes)),
-          m_material(MaterialFrom(source))
+    GltfSurfaceTaking(const QJsonObject& source, const GltfFile& file, MaterialNotes notes)
+        : m_source(source), m_extensions(source["extensions"].toObject()),
+          m_gloss(m_extensions[kGloss].toObject()),
+          m_surface(source["pbrMetallicRoughness"].toObject()), m_file(file),
+          m_notes(std::move(notes))
     {
     }
 
-    udtMaterial Take()
+    GltfSurface Take()
     {
-        NoteSurface();
-        NoteAlpha();
-        NoteGlow();
-        m_material.Textures = {};
+        m_base = EachCutToUnit(ColourIn(
+            Glossy() ? m_gloss["diffuseFactor"] : m_surface["baseColorFactor"], kWhiteRgb));
+        TakeGlow();
+        TakeShine();
+        TakeAlpha();
+        TakeCoat();
         TakeBaseImage();
         NoteIgnored();
-        return m_material;
+        return std::move(m_result);
     }
 
 private:
-    [[nodiscard]] std::optional<float> Number(const char* key) const
+    /// One of the older kind has gloss in place of roughness, and its colour elsewhere.
+    [[nodiscard]] bool Glossy() const { return m_extensions.contains(kGloss); }
+
+    udtMaterial& Material() { return m_result.material; }
+
+    // Its colours are light, ours are as displayed.
+    void TakeGlow()
     {
-        float value = 0.0F;
-        return m_source.Get(key, 0, 0, value) == AI_SUCCESS ? std::optional(value) : std::nullopt;
+        const float strength =
+            NumberIn(m_extensions["KHR_materials_emissive_strength"]["emissiveStrength"], 1.0F);
+        const Rgb glow = EachCutToUnit(ColourIn(m_source["emissiveFactor"], kBlack) * strength);
+        const Share emission = ShareOf(glow, m_base);
+        Material().Color = ColourOfLight(emission.exceeds ? glow : m_base);
+        Material().Emissive = PercentOf(EncodedFromLinear(emission.share));
+        m_notes.Mapped(Glossy() ? "diffuseFactor" : "baseColorFactor");
+        if (Strongest(glow) > 0.0F) {
+            const bool own = OtherHue(glow, LightOf(Material().Color));
+            m_notes.Add("emissiveFactor", own ? Outcome::Approximated : Outcome::Mapped,
+                        own ? QT_TRANSLATE_NOOP("Interchange", "a share of the material's one "
+                                                               "colour")
+                            : "");
+        }
+        if (strength != 1.0F) {
+            m_notes.Approximated("emissiveStrength",
+                                 QT_TRANSLATE_NOOP("Interchange", "cut at white"));
+        }
+        if (m_extensions.contains("KHR_materials_unlit")) {
+            Material().Emissive = 100;
+            m_notes.Mapped("KHR_materials_unlit",
+                           QT_TRANSLATE_NOOP("Interchange", "unlit: emissive 100"));
+        }
+        NoteGlowImage();
     }
 
-    [[nodiscard]] std::string File(aiTextureType type, unsigned int index = 0) const
+    void NoteGlowImage()
     {
-        return FileIn(m_source, type, index);
-    }
-
-    void NoteSurface()
-    {
-        if (Number("$mat.glossinessFactor") && Number("$clr.specular")) {
-            m_notes.Mapped("diffuseFactor");
-            m_notes.Approximated("glossinessFactor", kAsShine);
-            m_notes.Dropped("specularFactor",
-                            QT_TRANSLATE_NOOP("Interchange", "highlights are white"));
+        const QJsonObject texture = m_source["emissiveTexture"].toObject();
+        if (texture.isEmpty()) {
             return;
         }
-        m_notes.Mapped("baseColorFactor");
+        const bool same = ImageOf(texture) == ImageOf(BaseTexture(m_source));
+        m_notes.Add("emissiveTexture", same ? Outcome::Mapped : Outcome::Dropped,
+                    same ? "" : kGltfNoLayer);
+    }
+
+    void TakeShine()
+    {
+        if (Glossy()) {
+            Material().Specular = PercentOf(NumberIn(m_gloss["glossinessFactor"], 1.0F));
+            m_notes.Approximated("glossinessFactor", kAsShine);
+            return;
+        }
+        Material().Specular =
+            PercentOf(1.0F - CutToUnit(NumberIn(m_surface["roughnessFactor"], 1.0F)));
         m_notes.Approximated("roughnessFactor", kAsShine);
-        const float metallic = Number("$mat.metallicFactor").value_or(1.0F);
+        const float metallic = NumberIn(m_surface["metallicFactor"], 1.0F);
+        Material().RayTrace.Metallic = metallic >= 0.5F;
         const bool clear = metallic == 0.0F || metallic == 1.0F;
         m_notes.Add("metallicFactor", clear ? Outcome::Mapped : Outcome::Approximated,
                     clear ? ""
                           : QT_TRANSLATE_NOOP("Interchange", "a material is a metal or it is not"));
-        if (m_material.RayTrace.Reflection > 0.0F) {
-            m_notes.Approximated("clearcoatFactor",
-                                 QT_TRANSLATE_NOOP("Interchange", "as a reflection"));
-        }
-        if (m_material.DoubleSided) {
-            m_notes.Mapped("doubleSided");
-        }
     }
 
-    void NoteAlpha()
+    void TakeAlpha()
     {
-        const bool tested = m_material.AlphaTest != 0;
-        if (tested) {
+        const QString mode = m_source["alphaMode"].toString();
+        const QJsonValue base = Glossy() ? m_gloss["diffuseFactor"] : m_surface["baseColorFactor"];
+        const float alpha = mode == u"BLEND" ? CutToUnit(NumberIn(base[3], 1.0F)) : 1.0F;
+        const float through = CutToUnit(
+            NumberIn(m_extensions["KHR_materials_transmission"]["transmissionFactor"], 0.0F));
+        Material().Transparency = PercentOf(1.0F - alpha * (1.0F - through));
+        if (mode == u"MASK") {
+            const float cutoff = CutToUnit(NumberIn(m_source["alphaCutoff"], 0.5F));
+            Material().AlphaTest = kAlphaTestGreaterOrEqual;
+            Material().AlphaTestReference = static_cast<std::int32_t>(std::lround(255.0F * cutoff));
             m_notes.Mapped("alphaCutoff");
         }
-        if (m_material.Transparency > 0) {
+        if (Material().Transparency > 0 && mode == u"BLEND") {
             m_notes.Approximated(
                 "alphaMode",
                 QT_TRANSLATE_NOOP("Interchange", "as transparency, which leaves highlights"));
         }
-        if (Number("$mat.transmission.factor").value_or(0.0F) > 0.0F) {
+        if (through > 0.0F) {
             m_notes.Approximated("transmissionFactor",
                                  QT_TRANSLATE_NOOP("Interchange", "as transparency"));
         }
     }
 
-    void NoteGlow()
+    void TakeCoat()
     {
-        aiColor4D glow;
-        const bool has = m_source.Get(AI_MATKEY_COLOR_EMISSIVE, glow) == AI_SUCCESS;
-        const Rgb colour{glow.r, glow.g, glow.b};
-        if (has && Strongest(colour) > 0.0F) {
-            const bool own = OtherHue(colour, LightOf(m_material.Color));
-            m_notes.Add(
-                "emissiveFactor", own ? Outcome::Approximated : Outcome::Mapped,
-                own ? QT_TRANSLATE_NOOP("Interchange", "a share of the material's one colour")
-                    : "");
+        const float coat =
+            CutToUnit(NumberIn(m_extensions["KHR_materials_clearcoat"]["clearcoatFactor"], 0.0F));
+        Material().RayTrace.Reflection = std::round(10.0F * coat);
+        if (Material().RayTrace.Reflection > 0.0F) {
+            m_notes.Approximated("clearcoatFactor",
+                                 QT_TRANSLATE_NOOP("Interchange", "as a reflection"));
         }
-        if (const std::string file = File(aiTextureType_EMISSIVE); !file.empty()) {
-            const bool same = file == BaseFile();
-            m_notes.Add("emissiveTexture", same ? Outcome::Mapped : Outcome::Dropped,
-                        same ? "" : kGltfNoLayer);
+        Material().DoubleSided = m_source["doubleSided"].toBool();
+        if (Material().DoubleSided) {
+            m_notes.Mapped("doubleSided");
         }
     }
 
-    [[nodiscard]] std::string BaseFile() const { return BaseImageOf(m_source); }
+    /// Its number; -1 for none. Images of newer kinds are told of by extensions.
+    [[nodiscard]] qint64 ImageOf(const QJsonObject& use) const
+    {
+        const QJsonObject texture = m_file.At("textures", use["index"]);
+        if (texture.contains("source")) {
+            return texture["source"].toInteger(-1);
+        }
+        for (const QJsonValue extension : texture["extensions"].toObject()) {
+            if (extension["source"].isDouble()) {
+                return extension["source"].toInteger(-1);
+            }
+        }
+        return -1;
+    }
 
     void TakeBaseImage()
     {
-        const std::string file = BaseFile();
-        if (file.empty()) {
+        const QJsonObject use = BaseTexture(m_source);
+        if (use.isEmpty()) {
             return;
         }
-        if (!TakePlacement()) {
-            m_notes.Approximated("KHR_texture_transform",
+        if (!TakePlacement(use["extensions"][kTextureTransform].toObject())) {
+            m_notes.Approximated(kTextureTransform,
                                  QT_TRANSLATE_NOOP("Interchange", "images repeat alike both ways, "
                                                                   "in whole tiles, unturned"));
         }
-        if (file.front() == '*') {
+        const qint64 number = ImageOf(use);
+        const QJsonObject image = m_file.At("images", number);
+        const QString uri = image["uri"].toString();
+        if (image.contains("bufferView") || uri.startsWith(u"data:")) {
+            m_result.imageInside = number;
             return;
         }
-        const FoundTexture found = FindImage(file);
-        m_material.Textures.primary = found.path;
-        if (found.exists) {
+        const FoundTexture found = FindImage(uri);
+        Material().Textures.primary = uri.isEmpty() ? std::string() : found.path;
+        if (found.exists && !uri.isEmpty()) {
             m_notes.Mapped(kBaseImage);
         } else {
             m_notes.Approximated(kBaseImage,
@@ -179,61 +232,84 @@ private:
     }
 
     /// Files name their images with or without escapes.
-    [[nodiscard]] FoundTexture FindImage(const std::string& file) const
+    [[nodiscard]] FoundTexture FindImage(const QString& uri) const
     {
-        const FoundTexture plain = FindReferenced(file, m_folder);
-        const QByteArray escaped = QByteArray::fromStdString(file);
-        const QString decoded = QUrl::fromPercentEncoding(escaped);
-        return plain.exists ? plain : FindReferenced(decoded.toStdString(), m_folder);
+        const FoundTexture plain = FindReferenced(uri.toStdString(), m_file.Folder());
+        const QString decoded = QUrl::fromPercentEncoding(uri.toUtf8());
+        return plain.exists ? plain : FindReferenced(decoded.toStdString(), m_file.Folder());
     }
 
-    bool TakePlacement()
+    bool TakePlacement(const QJsonObject& transform)
     {
-        aiUVTransform transform;
-        for (const aiTextureType type : {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE}) {
-            if (m_source.Get(AI_MATKEY_UVTRANSFORM(type, 0), transform) == AI_SUCCESS) {
-                const ImageWindow window{transform.mTranslation.x, transform.mTranslation.y,
-                                         transform.mScaling.x, transform.mScaling.y};
-                return PlaceWindow(TopDown(window), m_material) && transform.mRotation == 0.0F;
-            }
-        }
-        return true;
+        const QJsonArray offset = transform["offset"].toArray();
+        const QJsonArray scale = transform["scale"].toArray();
+        const ImageWindow window{NumberIn(offset.at(0), 0.0F), NumberIn(offset.at(1), 0.0F),
+                                 NumberIn(scale.at(0), 1.0F), NumberIn(scale.at(1), 1.0F)};
+        return PlaceWindow(window, Material()) && transform["rotation"].toDouble() == 0.0;
     }
 
     void NoteIgnored()
     {
-        for (const IgnoredImage& image : kIgnoredImages) {
-            if (!File(image.type, image.index).empty()) {
-                m_notes.Dropped(image.term, image.note);
-            }
+        if (!m_source["normalTexture"].isUndefined()) {
+            m_notes.Dropped(
+                "normalTexture",
+                QT_TRANSLATE_NOOP("Interchange",
+                                  "it holds directions; a bump map here holds heights"));
         }
-        for (const IgnoredFactor& factor : kIgnoredFactors) {
-            if (Number(factor.key).value_or(0.0F) != 0.0F) {
-                m_notes.Dropped(factor.term, kGltfNoAmount);
+        if (!m_source["occlusionTexture"].isUndefined()) {
+            m_notes.Dropped("occlusionTexture", kGltfNoLayer);
+        }
+        if (!m_surface["metallicRoughnessTexture"].isUndefined()) {
+            m_notes.Dropped("metallicRoughnessTexture", kGltfNoLayer);
+        }
+        for (const QString& name : m_extensions.keys()) {
+            NoteIgnoredOf(m_extensions[name].toObject());
+        }
+    }
+
+    void NoteIgnoredOf(const QJsonObject& extension)
+    {
+        for (const QString& member : extension.keys()) {
+            const std::string name = member.toStdString();
+            if (std::ranges::find(kTakenOfExtensions, name) != kTakenOfExtensions.end()) {
+                continue;
+            }
+            if (member.endsWith(u"Texture")) {
+                m_notes.Dropped(name, kGltfNoLayer);
+            } else if (SaysSomething(extension[member])) {
+                m_notes.Dropped(name, Glossy() && name == "specularFactor" ? kWhiteHighlights
+                                                                           : kGltfNoAmount);
             }
         }
     }
 
     static constexpr const char* kAsShine =
         QT_TRANSLATE_NOOP("Interchange", "a smooth surface shines: as specular");
+    static constexpr const char* kWhiteHighlights =
+        QT_TRANSLATE_NOOP("Interchange", "highlights are white");
 
-    const aiMaterial& m_source;
-    const std::string& m_folder;
+    const QJsonObject& m_source;
+    const QJsonObject m_extensions;
+    const QJsonObject m_gloss;
+    const QJsonObject m_surface;
+    const GltfFile& m_file;
     MaterialNotes m_notes;
-    udtMaterial m_material;
+    Rgb m_base;
+    GltfSurface m_result;
 };
 
 }  // namespace
 
-std::string BaseImageOf(const aiMaterial& source)
+QString CoordinatesOf(const QJsonObject& source)
 {
-    const std::string file = FileIn(source, aiTextureType_BASE_COLOR);
-    return file.empty() ? FileIn(source, aiTextureType_DIFFUSE) : file;
+    const QJsonObject use = BaseTexture(source);
+    const QJsonValue moved = use["extensions"][kTextureTransform]["texCoord"];
+    return QStringLiteral("TEXCOORD_%1").arg((moved.isDouble() ? moved : use["texCoord"]).toInt(0));
 }
 
-udtMaterial MaterialOfGltf(const aiMaterial& source, const std::string& folder, MaterialNotes notes)
+GltfSurface SurfaceOfGltf(const QJsonObject& source, const GltfFile& file, MaterialNotes notes)
 {
-    return GltfSurfaceTaking(source, folder, std::move(notes)).Take();
+    return GltfSurfaceTaking(source, file, std::move(notes)).Take();
 }
 
 }  // namespace studio

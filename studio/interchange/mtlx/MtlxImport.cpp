@@ -105,4 +105,11 @@ std::vector<NamedMaterial> MaterialsOfMtlx(const QByteArray& bytes, const std::s
     return materials;
 }
 
+ImportedModel ReadMtlx(const std::string& path)
+{
+    ImportedModel model;
+    model.materials = MaterialsOfMtlx(ReadDocument(path), path, model.report);
+    return model;
+}
+
 }  // namespace studio

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "studio/interchange/ExportedProperties.h"
+#include "studio/interchange/ImportedModel.h"
 
 #include <QByteArray>
 
@@ -14,6 +15,9 @@ namespace studio {
 /// images. Documents that it includes are not read. Errors: FileFailed naming file and cause.
 [[nodiscard]] std::vector<NamedMaterial> MaterialsOfMtlx(const QByteArray& bytes,
                                                          const std::string& path, Report& report);
+
+/// The same of the file. Errors: as above.
+[[nodiscard]] ImportedModel ReadMtlx(const std::string& path);
 
 /// A document of version 1.38 to be put into the folder.
 [[nodiscard]] QByteArray MtlxOf(std::span<const NamedMaterial> materials, const std::string& folder,

@@ -38,7 +38,9 @@ private:
     [[nodiscard]] bool Same(const MtlMap& map, const char* other) const
     {
         const MtlMap* match = m_source.Map(other);
-        return match != nullptr && match->file == map.file;
+        return match != nullptr &&
+               (match->file == map.file || FindReferenced(match->file, m_folder).path ==
+                                               FindReferenced(map.file, m_folder).path);
     }
 
     std::string TakeFile(const char* keyword, const MtlMap& map)

@@ -2,8 +2,11 @@
 
 #include "host/Status.h"
 #include "studio/import/EmbeddedPictures.h"
+#include "studio/import/ModelPacking.h"
+#include "studio/interchange/gltf/GltfImport.h"
 #include "studio/interchange/mtlx/MtlxMaterials.h"
 #include "studio/interchange/wavefront/MtlMaterials.h"
+#include "studio/interchange/wavefront/ObjFile.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -66,13 +69,26 @@ void FuzzMtlx(std::span<const std::byte> bytes)
     });
 }
 
-// The values are those of a library's text, which allows more; that it comes back is the promise.
+void FuzzGltf(std::span<const std::byte> bytes)
+{
+    FuzzWith([&](studio::Report&) {
+        return studio::ModelOfGltf(FuzzBytes(bytes), "/nowhere/file.gltf").materials;
+    });
+}
+
+void FuzzObj(std::span<const std::byte> bytes)
+{
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    for (studio::ObjPart& part : studio::ParseObj(text).parts) {
+        static_cast<void>(studio::Finished(std::move(part.mesh)));
+    }
+}
+
 void FuzzAnswer(std::span<const std::byte> bytes)
 {
-    try {
-        studio::ImportedMaterials imported = studio::UnpackMaterials(FuzzBytes(bytes));
-        studio::TakeOutPictures(imported, "");
-    } catch (const CorvexMaterial::Error&) {
-        return;
-    }
+    FuzzWith([&](studio::Report&) {
+        studio::ImportedModel model = studio::UnpackModel(bytes);
+        studio::TakeOutPictures(model, "");
+        return model.materials;
+    });
 }

@@ -20,10 +20,9 @@ void FuzzWith(const FuzzReading& read);
 
 void FuzzMtl(std::span<const std::byte> bytes);
 void FuzzMtlx(std::span<const std::byte> bytes);
-/// A glTF file's material as the model importer hands it on; the importer itself runs in a process
-/// that may crash.
 void FuzzGltf(std::span<const std::byte> bytes);
-/// What that process hands back.
+void FuzzObj(std::span<const std::byte> bytes);
+/// What the process that reads models hands back.
 void FuzzAnswer(std::span<const std::byte> bytes);
 
 struct FuzzTarget {
@@ -31,5 +30,5 @@ struct FuzzTarget {
     FuzzEntry entry;
 };
 inline constexpr std::array kFuzzTargets{FuzzTarget{"mtl", FuzzMtl}, FuzzTarget{"mtlx", FuzzMtlx},
-                                         FuzzTarget{"gltf", FuzzGltf},
+                                         FuzzTarget{"gltf", FuzzGltf}, FuzzTarget{"obj", FuzzObj},
                                          FuzzTarget{"answer", FuzzAnswer}};

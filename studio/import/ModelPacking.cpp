@@ -1,30 +1,32 @@
-#include "studio/import/ModelFile.h"
+#include "studio/import/ModelPacking.h"
 
+#include "record/Schema.h"
 #include "studio/import/ByteStream.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <variant>
 
 namespace studio {
 
 namespace {
 
 using CorvexDB::udtMaterial;
+using CorvexMaterial::AttributeRow;
+using CorvexMaterial::AttributeValue;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 6;
+constexpr std::uint32_t kVersion = 7;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
+constexpr std::uint8_t kLastAttribute = 0xFF;
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
-constexpr std::size_t kSmallestMaterial = 9 * sizeof(std::int32_t);
+constexpr std::size_t kSmallestMaterial = sizeof(std::uint32_t) + sizeof(kLastAttribute);
+constexpr std::size_t kSmallestRow = 3 * sizeof(std::uint32_t) + 1;
 constexpr std::size_t kSmallestMesh = 4 * sizeof(std::uint32_t);
 constexpr std::size_t kSmallestPicture = 2 * sizeof(std::uint32_t);
 constexpr std::size_t kSmallestShape = 2 * sizeof(std::uint32_t) + 16 * sizeof(float);
-
-// Those that a model's material can have.
-constexpr std::array kLayers{&CorvexDB::TextureFiles::primary, &CorvexDB::TextureFiles::alpha,
-                             &CorvexDB::TextureFiles::bump, &CorvexDB::TextureFiles::specular};
 
 void Require(bool holds, const char* reason)
 {
@@ -46,45 +48,113 @@ bool Reasonable(const Vertex& vertex)
     return all(vertex.position) && all(vertex.normal) && all(vertex.uv);
 }
 
-std::int32_t GetInRange(ByteReader& reader, std::int32_t most)
+template <typename Value>
+void PutValue(ByteWriter& writer, const Value& value)
 {
-    const auto value = reader.Get<std::int32_t>();
-    Require(value >= 0 && value <= most, "a material value is out of range");
-    return value;
+    writer.Put(value);
 }
 
-void Put(ByteWriter& writer, const udtMaterial& material)
+void PutValue(ByteWriter& writer, const std::string& text)
 {
-    writer.Put(material.Color);
-    writer.Put(material.Emissive);
-    writer.Put(material.Specular);
-    writer.Put(material.Transparency);
-    writer.Put(static_cast<std::int32_t>(material.DoubleSided));
-    writer.Put(material.AlphaTest);
-    writer.Put(material.AlphaTestReference);
-    writer.Put(static_cast<std::int32_t>(material.RayTrace.Metallic));
-    writer.Put(static_cast<std::int32_t>(material.RayTrace.Reflection));
-    for (const auto layer : kLayers) {
-        writer.PutText(material.Textures.*layer);
-    }
+    writer.PutText(text);
 }
 
-udtMaterial GetMaterial(ByteReader& reader)
+template <typename Value>
+void GetValue(ByteReader& reader, Value& value)
 {
-    udtMaterial material;
-    material.Color = GetInRange(reader, CorvexMaterial::kWhite);
-    material.Emissive = GetInRange(reader, 100);
-    material.Specular = GetInRange(reader, 100);
-    material.Transparency = GetInRange(reader, 100);
-    material.DoubleSided = GetInRange(reader, 1) == 1;
-    material.AlphaTest = GetInRange(reader, 7);
-    material.AlphaTestReference = GetInRange(reader, 255);
-    material.RayTrace.Metallic = GetInRange(reader, 1) == 1;
-    material.RayTrace.Reflection = static_cast<float>(GetInRange(reader, 10));
-    for (const auto layer : kLayers) {
-        material.Textures.*layer = reader.GetText();
+    value = reader.Get<Value>();
+}
+
+void GetValue(ByteReader& reader, std::string& text)
+{
+    text = reader.GetText();
+}
+
+void GetValue(ByteReader& reader, bool& flag)
+{
+    flag = reader.Get<std::uint8_t>() != 0;
+}
+
+/// Lists are what no file of another program has.
+template <typename Value>
+constexpr bool kIsPacked = std::is_arithmetic_v<Value> || std::is_same_v<Value, std::string>;
+
+/// What differs from a new material, attribute by attribute.
+void Put(ByteWriter& writer, const NamedMaterial& named)
+{
+    static const udtMaterial kNew;
+    writer.PutText(named.name);
+    for (const AttributeRow& row : CorvexMaterial::AttributeRows()) {
+        if (!row.path.LeadsIntoRecord() || row.path.same(named.material, kNew)) {
+            continue;
+        }
+        std::visit(
+            [&](const auto& value) {
+                if constexpr (kIsPacked<std::remove_cvref_t<decltype(value)>>) {
+                    writer.Put(row.attribute);
+                    PutValue(writer, value);
+                }
+            },
+            row.path.get(named.material));
     }
-    return material;
+    writer.Put(kLastAttribute);
+}
+
+void RequireInRange(const AttributeRow& row, double value)
+{
+    const bool hasRange = row.range.least < row.range.most;
+    Require(!hasRange || (value >= row.range.least && value <= row.range.most),
+            "a material value is out of range");
+}
+
+void GetAttribute(ByteReader& reader, const AttributeRow& row, udtMaterial& material)
+{
+    AttributeValue value = row.path.get(material);
+    std::visit(
+        [&](auto& held) {
+            using Held = std::remove_cvref_t<decltype(held)>;
+            if constexpr (kIsPacked<Held>) {
+                GetValue(reader, held);
+            } else {
+                Require(false, "a material has an unknown attribute");
+            }
+            if constexpr (std::is_arithmetic_v<Held>) {
+                RequireInRange(row, static_cast<double>(held));
+            }
+        },
+        value);
+    row.path.set(material, value);
+}
+
+NamedMaterial GetMaterial(ByteReader& reader)
+{
+    NamedMaterial named{reader.GetText(), {}};
+    const auto rows = CorvexMaterial::AttributeRows();
+    for (auto next = reader.Get<std::uint8_t>(); next != kLastAttribute;
+         next = reader.Get<std::uint8_t>()) {
+        Require(next < rows.size() && rows[next].path.LeadsIntoRecord(),
+                "a material has an unknown attribute");
+        GetAttribute(reader, rows[next], named.material);
+    }
+    return named;
+}
+
+void Put(ByteWriter& writer, const ReportRow& row)
+{
+    writer.PutText(row.material);
+    writer.PutText(row.property);
+    writer.Put(row.outcome);
+    writer.PutText(row.note);
+}
+
+ReportRow GetRow(ByteReader& reader)
+{
+    ReportRow row{reader.GetText(), reader.GetText(), {}, {}};
+    const auto outcome = reader.Get<std::uint8_t>();
+    Require(outcome < kOutcomeCount, "a report is damaged");
+    row.outcome = static_cast<Outcome>(outcome);
+    row.note = reader.GetText();
+    return row;
 }
 
 void Put(ByteWriter& writer, const ImportedMesh& mesh)
@@ -174,11 +244,10 @@ QByteArray PackModel(const ImportedModel& model)
         }
     };
     putList(model.materials);
+    putList(model.report.Rows());
     putList(model.meshes);
     putList(model.shapes);
     putList(model.pictures);
-    writer.Put(static_cast<std::uint32_t>(model.manyColours));
-    writer.PutText(model.refusedFile);
     writer.Put(kEnd);
     return writer.Take();
 }
@@ -192,6 +261,9 @@ ImportedModel UnpackModel(std::span<const std::byte> bytes)
     for (std::size_t left = reader.GetCount(kSmallestMaterial); left > 0; --left) {
         model.materials.push_back(GetMaterial(reader));
     }
+    for (std::size_t left = reader.GetCount(kSmallestRow); left > 0; --left) {
+        model.report.Add(GetRow(reader));
+    }
     for (std::size_t left = reader.GetCount(kSmallestMesh); left > 0; --left) {
         model.meshes.push_back(GetMesh(reader, model.materials.size()));
     }
@@ -201,8 +273,6 @@ ImportedModel UnpackModel(std::span<const std::byte> bytes)
     for (std::size_t left = reader.GetCount(kSmallestPicture); left > 0; --left) {
         model.pictures.push_back(GetPicture(reader, model.materials.size()));
     }
-    model.manyColours = reader.Get<std::uint32_t>() != 0;
-    model.refusedFile = reader.GetText();
     Require(reader.Get<std::uint32_t>() == kEnd && reader.AtEnd(), "the data is damaged");
     return model;
 }
