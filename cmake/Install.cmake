@@ -20,6 +20,7 @@ set(corvexHeaders
     host/RaytraceAttributes.h host/Status.h
     platform/Files.h platform/Platform.h platform/Processes.h platform/Prompts.h
     platform/QtPlatform.h platform/SettingsStore.h
+    record/Attribute.h record/MaterialEdit.h
     material/IMaterial.h material/Material.h)
 foreach(header IN LISTS corvexHeaders)
     get_filename_component(folder ${header} DIRECTORY)

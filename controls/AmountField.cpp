@@ -3,6 +3,7 @@
 #include "record/NumberText.h"
 
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QVariant>
 
 namespace CorvexMaterial {
@@ -18,7 +19,9 @@ AmountField::AmountField(QWidget* parent) : QLineEdit(parent)
     connect(this, &QLineEdit::textChanged, this, &AmountField::Mark);
     connect(this, &QLineEdit::editingFinished, this, [this] {
         if (m_invalid) {
+            const QSignalBlocker quiet(this);  // the number that holds already
             setText(QString::number(m_value));
+            Mark();
         }
     });
 }
@@ -27,9 +30,12 @@ void AmountField::Mark()
 {
     const auto value = WholeNumberFromText(text().toStdString());
     m_value = value.value_or(m_value);
+    if (!m_invalid) {
+        m_tip = toolTip();
+    }
     m_invalid = !value;
     setProperty("invalid", m_invalid);
-    setToolTip(m_invalid ? tr("Not a whole number; %1 is used.").arg(m_value) : QString());
+    setToolTip(m_invalid ? tr("Not a whole number; %1 is used.").arg(m_value) : m_tip);
     update();
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "record/TouchedRows.h"
+
 #include <QLineEdit>
 
 #include <cstdint>
@@ -17,6 +19,12 @@ public:
 
     /// The last whole number; 0 before there was any.
     [[nodiscard]] std::int32_t Value() const { return m_value; }
+    /// What an edit of the text touches when this is the attribute's field: nothing while there is
+    /// no number.
+    [[nodiscard]] TouchedRows Touched(Attribute attribute) const
+    {
+        return m_invalid ? TouchedRows() : TouchedRows{{attribute}};
+    }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -26,6 +34,7 @@ private:
 
     std::int32_t m_value = 0;
     bool m_invalid = false;
+    QString m_tip;  ///< of a whole number
 };
 
 }  // namespace CorvexMaterial

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "record/TouchedRows.h"
+
 #include <QWidget>
 
 #include <memory>
@@ -23,7 +25,7 @@ public:
     void FillAlphaTests();
 
 Q_SIGNALS:
-    void Edited();
+    void Edited(const CorvexMaterial::TouchedRows& touched);
     void ResetPressed();
 
 private:

@@ -1,6 +1,7 @@
 // Which control or field holds each attribute.
 
 #include "controls/AmountField.h"
+#include "controls/AttributeHints.h"
 #include "material/AdvancedPanel.h"
 #include "material/AttributePanel.h"
 #include "material/PanelAttributes.h"
@@ -36,6 +37,7 @@ PanelAttributes::PanelAttributes(AttributePanel& panel) : m_panel(panel)
 
 void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
 {
+    TellOtherNames(field, attribute);
     At(attribute) = {
         [&field] { return field.text().toStdString(); },
         [&field](const std::string& text) { field.setText(QString::fromStdString(text)); },
@@ -44,6 +46,7 @@ void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
 
 void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)
 {
+    TellOtherNames(box, attribute);
     At(attribute) = {
         [&box] { return TextOfFlag(box.isChecked()); },
         [&box](const std::string& text) { box.setChecked(FlagFromText(text).value_or(false)); }};
@@ -51,6 +54,7 @@ void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)
 
 void PanelAttributes::BindList(Attribute attribute, QComboBox& list)
 {
+    TellOtherNames(list, attribute);
     At(attribute) = {[&list] { return TextOfWholeNumber(list.currentIndex()); },
                      [&list](const std::string& text) { list.setCurrentIndex(ToWhole(text)); }};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "record/TouchedRows.h"
 #include "textures/ChannelServices.h"
 
 #include <QWidget>
@@ -28,8 +29,9 @@ public:
     CustomFieldsPanel& CustomFields() { return *m_customFields; }
 
 Q_SIGNALS:
-    /// Any page's edit; a change by program may raise it too.
-    void Edited();
+    /// Any page's edit; a change by program may raise it too. Nothing touched: a picture is to be
+    /// made anew.
+    void Edited(const CorvexMaterial::TouchedRows& touched);
     void RememberPressed();
     void UserDefaultsPressed();
     void FactoryDefaultsPressed();

@@ -24,6 +24,7 @@ Status StatusOf(LibraryFlow::Outcome outcome)
 Material::Material(Host& host, Platform& platform, QWidget* parent)
     : QWidget(parent), m_editor(std::make_unique<MaterialEditor>(host, platform, *this, *this))
 {
+    connect(m_editor.get(), &MaterialEditor::Edited, this, &Material::Edited);
     connect(m_editor.get(), &MaterialEditor::Changed, this, &Material::MaterialChanged);
     connect(&m_editor->Layout(), &LayoutFlow::TextureLibraryExpanded, this,
             &Material::TextureLibraryExpanded);

@@ -4,6 +4,7 @@
 #include "host/Host.h"
 #include "material/IMaterial.h"
 #include "platform/Platform.h"
+#include "record/MaterialEdit.h"
 
 #include <QWidget>
 
@@ -137,6 +138,22 @@ Q_SIGNALS:
     /// A warning that the user may silence; the host shows it and keeps the choice.
     void evtReqWarn(const QString& ApplicationRegistryKey, const QString& Warning,
                     const QString& WarningRegistryEntry);
+
+    /// The user has edited the material: once per edit, right before the `MaterialChanged` that
+    /// ends it. The preview shape has the material by then, and `ApplyShapeMaterial` gives it to
+    /// others. What tells a host more than comparing materials: a value is an edit for the other
+    /// shapes of a selection also when the panel showed it before.
+    ///
+    /// Every control of the panel is told, its resets and defaults, the extended raytrace dialog
+    /// and what is chosen in the libraries. A change by the host is none: what it writes through
+    /// `IMaterial` or shows with `CopyFieldToFormMaterial`, it knows. Nor are the preview, its
+    /// primitive and the choice of libraries, which are the panel's own; those end in a
+    /// `MaterialChanged` alone.
+    ///
+    /// Where the host refuses to show an edit (its shape or viewport throws) neither signal is
+    /// raised; the rows come with those of the next edit, unless the host has changed the panel
+    /// before.
+    void Edited(const CorvexMaterial::MaterialEdit& edit);
 
 private:
     TexturePage& Textures();

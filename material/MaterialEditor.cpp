@@ -19,6 +19,35 @@
 
 namespace CorvexMaterial {
 
+namespace {
+
+/// What the advanced page puts back.
+const TouchedRows kAdvancedRows{{Attribute::AlphaTest},
+                                {Attribute::TextureAlphaChannelUse},
+                                {Attribute::AlphaIsTransparent},
+                                {Attribute::DoubleSided}};
+
+TouchedRows FactoryRows()
+{
+    TouchedRows rows = RowsOfMaterial();
+    rows.push_back({Attribute::ApplyRelative});
+    return rows;
+}
+
+/// Colour and amounts.
+TouchedRows SurfaceRows()
+{
+    TouchedRows rows;
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.group == AttributeGroup::Surface && row.kind != AttributeKind::Flag) {
+            rows.push_back({row.attribute});
+        }
+    }
+    return rows;
+}
+
+}  // namespace
+
 MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& control, QWidget& widget)
     : m_host(host), m_platform(platform), m_control(control), m_widget(widget),
       m_errorHandler(platform.prompts, host.diagnostics, host.applicationState),
@@ -29,8 +58,10 @@ MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& contro
                    [&host] { return host.applicationState.SettingsApplicationName(); }),
       m_layout(m_trap, m_form, m_savedState),
       m_materialLibrary(
-          {m_trap, host, platform, m_form.Materials(), m_attributes.MaterialLibrary()}, control,
-          m_gatherer),
+          {m_trap, host, platform, m_form.Materials(), m_attributes.MaterialLibrary()}, m_gatherer,
+          [this](const CorvexDB::udtMaterial& material) {
+              EditWhole(RowsOfMaterial(), [&] { m_attributes.ShowRecord(material); });
+          }),
       m_textureLibrary({m_trap, host, platform, m_form.Textures(), m_attributes.TextureLibrary()},
                        m_form.Attributes().Channels(), *this),
       m_raytrace(std::make_unique<RaytraceFlow>(*this, platform, control, widget))
@@ -59,16 +90,23 @@ void MaterialEditor::ConnectAttributes()
         m_trap("cmdMaterialRemember", [this] { m_savedState.Remember(m_attributes); });
     });
     connect(&panel, &AttributePanel::UserDefaultsPressed, this, [this] {
-        m_trap("cmdMaterialResetUserDefaults",
-               [this] { ChangeAtOnce([this] { m_savedState.ResetToUser(m_attributes); }); });
+        m_trap("cmdMaterialResetUserDefaults", [this] {
+            EditWhole(SavedState::RowsOfUserDefaults(),
+                      [this] { m_savedState.ResetToUser(m_attributes); });
+        });
     });
-    connect(&panel, &AttributePanel::FactoryDefaultsPressed, this,
-            [this] { m_trap("cmdMaterialResetDefaults", [this] { ResetToFactory(); }); });
+    connect(&panel, &AttributePanel::FactoryDefaultsPressed, this, [this] {
+        m_trap("cmdMaterialResetDefaults",
+               [this] { EditWhole(FactoryRows(), [this] { ResetToFactory(); }); });
+    });
     connect(&panel.Surface(), &SurfacePanel::ResetPressed, this, [this] {
-        m_trap("cmdMiscellaneousResetToDefaults", [this] { ResetMiscellaneous(); });
+        m_trap("cmdMiscellaneousResetToDefaults",
+               [this] { EditAtOnce(SurfaceRows(), [this] { ResetMiscellaneous(); }); });
     });
-    connect(&panel.Advanced(), &AdvancedPanel::ResetPressed, this,
-            [this] { m_trap("cmdAdvancedOptionsResetDefaults", [this] { ResetAdvanced(); }); });
+    connect(&panel.Advanced(), &AdvancedPanel::ResetPressed, this, [this] {
+        m_trap("cmdAdvancedOptionsResetDefaults",
+               [this] { EditAtOnce(kAdvancedRows, [this] { ShowFactory(kAdvancedRows); }); });
+    });
 }
 
 void MaterialEditor::ConnectChannels()
@@ -95,14 +133,14 @@ void MaterialEditor::ConnectPlugins()
     });
     connect(&plugins, &PluginPanel::ResetPressed, this, [this] {
         m_trap("cmdReset", [this] {
-            ChangeAtOnce([this] {
+            EditAtOnce({{Attribute::Plugin}}, [this] {
                 m_attributes.ShowPluginParameters(m_attributes.PluginParameterDefaults());
             });
         });
     });
     connect(&plugins, &PluginPanel::ResetUserPressed, this, [this] {
         m_trap("cmdResetUser", [this] {
-            ChangeAtOnce([this] {
+            EditAtOnce({{Attribute::Plugin}}, [this] {
                 m_attributes.ShowPluginParameters(m_savedState.UserPluginParameters(m_attributes));
             });
         });
@@ -137,10 +175,11 @@ void MaterialEditor::ConnectLibraries()
     }
 }
 
-void MaterialEditor::OnEdited()
+void MaterialEditor::OnEdited(const TouchedRows& touched)
 {
     m_gatherer.Forget();
     if (m_batchDepth == 0) {
+        m_pending.Touch(touched);
         const modCorvexGeneralErrorHandler::TellOnce once(m_errorHandler);
         m_trap("RefreshPreviewMaterial", [this] {
             m_raytrace->FollowAttributes();
@@ -177,7 +216,21 @@ void MaterialEditor::RefreshPreviewMaterial()
     if (m_preview.IsBuilt()) {
         m_preview.Redraw();
     }
-    Q_EMIT Changed();
+    TellHost();
+}
+
+void MaterialEditor::TellHost()
+{
+    const QPointer<MaterialEditor> alive(this);  // the host hears of it and may close the control
+    if (!m_pending.IsEmpty()) {
+        const MaterialEdit edit =
+            m_pending.WithValues(m_gatherer.Whole(), m_attributes.ApplyRelative());
+        m_pending.Forget();
+        Q_EMIT Edited(edit);
+    }
+    if (alive) {
+        Q_EMIT Changed();
+    }
 }
 
 void MaterialEditor::RenderMaterial()
@@ -307,23 +360,14 @@ void MaterialEditor::ResetToFactory()
 
 void MaterialEditor::ResetMiscellaneous()
 {
-    ChangeAtOnce([this] {
-        for (const Attribute attribute :
-             {Attribute::Emissive, Attribute::Specular, Attribute::Transparency, Attribute::Ambient,
-              Attribute::Color}) {
-            m_attributes.Show(attribute, std::string(FactoryText(attribute)));
-        }
-    });
+    ChangeAtOnce([this] { ShowFactory(SurfaceRows()); });
 }
 
-void MaterialEditor::ResetAdvanced()
+void MaterialEditor::ShowFactory(const TouchedRows& rows)
 {
-    ChangeAtOnce([this] {
-        for (const Attribute attribute : {Attribute::AlphaTest, Attribute::TextureAlphaChannelUse,
-                                          Attribute::AlphaIsTransparent, Attribute::DoubleSided}) {
-            m_attributes.Show(attribute, std::string(FactoryText(attribute)));
-        }
-    });
+    for (const TouchedRow& row : rows) {
+        m_attributes.Show(row.attribute, std::string(FactoryText(row.attribute)));
+    }
 }
 
 void MaterialEditor::Terminate()

@@ -11,6 +11,7 @@
 #include "material/SavedState.h"
 #include "platform/Platform.h"
 #include "preview/PreviewScene.h"
+#include "record/TouchedRows.h"
 #include "textures/ChannelServices.h"
 #include "textures/TextureLibraryFlow.h"
 
@@ -44,7 +45,7 @@ public:
     MaterialGatherer& Gatherer() { return m_gatherer; }
 
     /// Puts the material on the preview shape, redraws it and tells the host: the end of every
-    /// edit.
+    /// edit. What the user has touched and the host could not be told is told then.
     void RefreshPreviewMaterial();
     /// The first of these alone.
     void ApplyToPreview();
@@ -56,20 +57,34 @@ public:
     void ResetDevices();
 
     /// Runs a change by program as one: its widgets' edits are not refreshed one by one, and the
-    /// end is a single refresh.
+    /// end is a single refresh. What the user touched before is not told any more.
     template <typename Change>
     void ChangeAtOnce(Change&& change)
     {
-        {
-            const Batch batch(m_batchDepth);
-            const FollowAtEnd follow(*this);
-            m_gatherer.Forget();
-            change();
-        }
+        ChangeSilently(change);
         // Inside another change that one's end refreshes.
         if (m_batchDepth == 0) {
             RefreshPreviewMaterial();
         }
+    }
+    /// The same for what the user has chosen: it is told as his edit of these attributes, which
+    /// the change may fill in.
+    template <typename Change>
+    void EditAtOnce(const TouchedRows& touched, Change&& change)
+    {
+        ChangeAtOnce([&] {
+            change();
+            m_pending.Touch(touched);
+        });
+    }
+    /// As an edit that puts another material in the place of the old one.
+    template <typename Change>
+    void EditWhole(TouchedRows rows, Change&& change)
+    {
+        ChangeAtOnce([&] {
+            change();
+            m_pending.TouchWhole(std::move(rows));
+        });
     }
     /// The same without a refresh.
     template <typename Change>
@@ -78,13 +93,13 @@ public:
         const Batch batch(m_batchDepth);
         const FollowAtEnd follow(*this);
         m_gatherer.Forget();
+        m_pending.Forget();
         change();
     }
 
     void LoadSavedStatus();
     void ResetToFactory();
     void ResetMiscellaneous();
-    void ResetAdvanced();
 
     /// Leaves "None" alone in the plug-in list; a plug-in that was chosen leaves the material.
     void ClearPlugins();
@@ -95,6 +110,7 @@ public:
     void Terminate();
 
 Q_SIGNALS:
+    void Edited(const CorvexMaterial::MaterialEdit& edit);
     void Changed();
     void PositionText(const QString& text);
     void StatusText(const QString& text);
@@ -133,7 +149,9 @@ private:
     void ConnectPreview();
     void ConnectLibraries();
     [[nodiscard]] Status LoadSavedLibraries();
-    void OnEdited();
+    void OnEdited(const TouchedRows& touched);
+    void TellHost();
+    void ShowFactory(const TouchedRows& rows);
     void FollowAttributes();
     void UpdatePrimitivePicture();
     void OpenPrimitiveDialog();
@@ -153,6 +171,7 @@ private:
     MaterialLibraryFlow m_materialLibrary;
     TextureLibraryFlow m_textureLibrary;
     std::unique_ptr<RaytraceFlow> m_raytrace;
+    PendingEdit m_pending;
     int m_batchDepth = 0;
 };
 

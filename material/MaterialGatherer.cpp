@@ -3,21 +3,9 @@
 #include "dialogs/Trap.h"
 #include "material/IMaterial.h"
 #include "material/PanelAttributes.h"
+#include "record/Schema.h"
 
 namespace CorvexMaterial {
-
-namespace {
-
-// In this mode the host takes the six files alone; the rest of the texture attributes is not read.
-void LeaveFilesOnly(CorvexDB::udtMaterial& material)
-{
-    const CorvexDB::udtMaterial fresh;
-    material.TextureAlphaChannelUse = fresh.TextureAlphaChannelUse;
-    material.AlphaIsTransparent = fresh.AlphaIsTransparent;
-    material.OverlayTranslucency = fresh.OverlayTranslucency;
-}
-
-}  // namespace
 
 MaterialGatherer::MaterialGatherer(IMaterial& control, PanelAttributes& attributes)
     : m_control(control), m_attributes(attributes)
@@ -45,7 +33,7 @@ std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
     gathered->material = Whole();
     gathered->applyMode = m_attributes.ApplyRelative();
     if (gathered->applyMode == CorvexDB::ApplyMode::FilesOnly) {
-        LeaveFilesOnly(gathered->material);
+        KeepTextureUse(gathered->material, {});
     }
     Require(m_control.sCreateRayTraceCombinedAttributes(gathered->combinedRaytraceAttributes));
     if (before == m_changes) {

@@ -1,7 +1,5 @@
 #include "material/MaterialLibraryFlow.h"
 
-#include "dialogs/Trap.h"
-#include "material/IMaterial.h"
 #include "material/MaterialGatherer.h"
 
 namespace CorvexMaterial {
@@ -21,9 +19,9 @@ constexpr LibraryTexts kMaterialLibrary{
 
 }  // namespace
 
-MaterialLibraryFlow::MaterialLibraryFlow(const LibraryServices& services, IMaterial& control,
-                                         MaterialGatherer& gatherer)
-    : LibraryFlow(kMaterialLibrary, services), m_control(control), m_gatherer(gatherer)
+MaterialLibraryFlow::MaterialLibraryFlow(const LibraryServices& services,
+                                         MaterialGatherer& gatherer, Put put)
+    : LibraryFlow(kMaterialLibrary, services), m_gatherer(gatherer), m_put(std::move(put))
 {
 }
 
@@ -55,7 +53,7 @@ void MaterialLibraryFlow::DeleteAt(std::int32_t index)
 
 void MaterialLibraryFlow::Take(std::int32_t index)
 {
-    Require(m_control.CopyFieldToFormMaterial(Services().host.materialLibrary.MaterialAt(index)));
+    m_put(Services().host.materialLibrary.MaterialAt(index));
 }
 
 }  // namespace CorvexMaterial

@@ -2,9 +2,10 @@
 
 #include "textures/LibraryFlow.h"
 
+#include <functional>
+
 namespace CorvexMaterial {
 
-class IMaterial;
 class MaterialGatherer;
 
 /// The material library: what is chosen fills the panel, and the panel's material is what Add
@@ -13,9 +14,10 @@ class MaterialLibraryFlow final : public LibraryFlow {
     Q_OBJECT
 
 public:
+    using Put = std::function<void(const CorvexDB::udtMaterial&)>;
+
     /// Both outlive the flow.
-    MaterialLibraryFlow(const LibraryServices& services, IMaterial& control,
-                        MaterialGatherer& gatherer);
+    MaterialLibraryFlow(const LibraryServices& services, MaterialGatherer& gatherer, Put put);
 
 private:
     void CreateFile(const std::string& path) override;
@@ -25,8 +27,8 @@ private:
     void DeleteAt(std::int32_t index) override;
     void Take(std::int32_t index) override;
 
-    IMaterial& m_control;
     MaterialGatherer& m_gatherer;
+    Put m_put;
 };
 
 }  // namespace CorvexMaterial

@@ -126,9 +126,13 @@ void RaytraceFlow::EditAttributes()
         return;  // the host has closed the control, and this object with it
     }
     const std::unique_ptr<frmMaterialExtended> closed(dialog);
-    m_editor.ChangeAtOnce([&] {
+    TouchedRows touched;
+    m_editor.EditAtOnce(touched, [&] {
         if (closed->OKClicked()) {
+            const CorvexDB::udtMaterial before = m_editor.Attributes().Record();
             Take(*closed);
+            touched = RowsThatDiffer(before, m_editor.Attributes().Record());
+            touched.insert(touched.end(), closed->Touched().begin(), closed->Touched().end());
         }
     });
 }

@@ -106,6 +106,11 @@ SavedState::UserDefaults SavedState::ReadUserDefaults(AttributeTarget& target)
     return read;
 }
 
+TouchedRows SavedState::RowsOfUserDefaults()
+{
+    return RowsOf(SavedStateOrders::kUserResetOrder);
+}
+
 void SavedState::ResetToFactory(AttributeTarget& target)
 {
     for (const AttributeRow& row : AttributeRows()) {

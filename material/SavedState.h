@@ -5,6 +5,7 @@
 #include "platform/SettingsNames.h"
 #include "platform/SettingsStore.h"
 #include "record/Schema.h"
+#include "record/TouchedRows.h"
 
 #include <array>
 #include <exception>
@@ -67,6 +68,7 @@ public:
     /// the colour pattern are written by `Remember` and yet keep their values here. After an error
     /// of the store the panel shows what it showed.
     void ResetToUser(AttributeTarget& target);
+    [[nodiscard]] static TouchedRows RowsOfUserDefaults();
     /// Shows the factory value of every attribute but the two libraries; the store is not asked.
     void ResetToFactory(AttributeTarget& target);
 

@@ -1,6 +1,7 @@
 #include "material/SurfacePanel.h"
 
 #include "controls/AmountField.h"
+#include "controls/AttributeHints.h"
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
 #include "material/AmountLink.h"
@@ -26,7 +27,7 @@ SurfacePanel::~SurfacePanel() = default;
 void SurfacePanel::ConnectColor()
 {
     m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, this);
-    connect(m_color, &ColourField::Edited, this, &SurfacePanel::Edited);
+    connect(m_color, &ColourField::Edited, this, [this] { Q_EMIT Edited({{Attribute::Color}}); });
     connect(m_color, &ColourField::EntryChosen, this, [this](int position) {
         m_trap("cboColor", [&] { m_color->ChooseEntry(position, m_choosers); });
     });
@@ -49,8 +50,11 @@ void SurfacePanel::ConnectAmounts()
     };
     for (const Row& row : rows) {
         row.field.setText(QString::fromUtf8(FactoryText(row.attribute)));
+        OfferRange(row.slider, row.attribute);
+        TellOtherNames(row.slider, row.attribute);
         LinkSlider(row.slider, row.field);
-        connect(&row.field, &QLineEdit::textChanged, this, &SurfacePanel::Edited);
+        connect(&row.field, &QLineEdit::textChanged, this,
+                [this, row] { Q_EMIT Edited(row.field.Touched(row.attribute)); });
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "material/ColourField.h"
+#include "record/TouchedRows.h"
 
 #include <QWidget>
 
@@ -28,7 +29,7 @@ public:
     void SetAmountsEnabled(bool enabled);
 
 Q_SIGNALS:
-    void Edited();
+    void Edited(const CorvexMaterial::TouchedRows& touched);
     void ResetPressed();
 
 private:

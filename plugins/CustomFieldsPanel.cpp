@@ -59,7 +59,7 @@ CustomFieldsPanel::CustomFieldsPanel(QWidget* parent)
         m_names[i]->setObjectName(Numbered("lblCustomMaterialFieldName", i));
         m_values[i] = new FieldText(this);
         m_values[i]->setObjectName(Numbered("txtCustomMaterialFieldValue", i));
-        connect(m_values[i], &QLineEdit::textChanged, this, &CustomFieldsPanel::Edited);
+        connect(m_values[i], &QLineEdit::textChanged, this, [this, i] { Q_EMIT Edited(i); });
         m_grid->addWidget(m_names[i], static_cast<int>(i), 0);
         m_grid->addWidget(m_values[i], static_cast<int>(i), 1);
     }

@@ -33,7 +33,7 @@ public:
     void ShowTexts(const Values& texts);
 
 Q_SIGNALS:
-    void Edited();
+    void Edited(std::size_t field);
 
 private:
     QGridLayout* m_grid;

@@ -1,5 +1,6 @@
 #include "raytrace/frmMaterialExtended.h"
 
+#include "controls/AttributeHints.h"
 #include "controls/Swatch.h"
 #include "controls/WheelGuard.h"
 #include "dialogs/Trap.h"
@@ -20,6 +21,10 @@ namespace {
 /// Small enough to follow a slider that is being moved.
 constexpr int kQuickSide = 150;
 constexpr int kIdleMilliseconds = 200;
+
+constexpr std::array kSwatchColours{
+    Attribute::RaytraceColorPattern0Red, Attribute::RaytraceColorPattern1Red,
+    Attribute::RaytraceColorPattern2Red, Attribute::RaytraceColorPattern3Red};
 
 QString Caption(std::string_view name)
 {
@@ -89,13 +94,18 @@ void frmMaterialExtended::ConnectAmounts()
         auto* slider = findChild<QSlider*>(name);
         auto* value = findChild<QLabel*>("lblValue" + name.mid(3));
         m_sliders[i] = {slider, value};
-        connect(slider, &QSlider::valueChanged, this, [this, value](int position) {
+        const Attribute attribute = kRaytraceAmounts[i].attribute;
+        OfferRange(*slider, attribute);
+        TellOtherNames(*slider, attribute);
+        connect(slider, &QSlider::valueChanged, this, [this, value, attribute](int position) {
             value->setNum(position);
-            SketchSoon();
+            Touch(attribute);
         });
         value->setNum(slider->value());
     }
-    connect(m_ui->chkMetallic, &QCheckBox::toggled, this, &frmMaterialExtended::SketchSoon);
+    TellOtherNames(*m_ui->chkMetallic, Attribute::RayTraceMetallic);
+    connect(m_ui->chkMetallic, &QCheckBox::toggled, this,
+            [this] { Touch(Attribute::RayTraceMetallic); });
 }
 
 void frmMaterialExtended::ConnectSwatches()
@@ -113,7 +123,7 @@ void frmMaterialExtended::Connect()
     connect(m_ui->cboPredefinedType, &QComboBox::currentIndexChanged, this,
             &frmMaterialExtended::OnPredefinedType);
     connect(m_ui->cboPreDefinedMaterial, &QComboBox::currentIndexChanged, this,
-            &frmMaterialExtended::SketchSoon);
+            [this] { Touch(Attribute::RaytracePredefinedMaterial); });
     connect(m_ui->cboColorPattern, &QComboBox::currentIndexChanged, this,
             &frmMaterialExtended::OnColorPattern);
     connect(m_ui->cboNormalPattern, &QComboBox::currentIndexChanged, this,
@@ -131,9 +141,11 @@ void frmMaterialExtended::put_cdtRayTraceMaterialAttributes(
     const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
 {
     m_record = attributes;
+    m_material.RayTrace = attributes;
     for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
         const RaytraceAmount& amount = kRaytraceAmounts[i];
-        m_sliders[i].slider->setValue(PositionOf(amount, attributes.*amount.field));
+        const AttributeValue stored = RowOf(amount.attribute).path.get(m_material);
+        m_sliders[i].slider->setValue(PositionOf(amount, std::get<float>(stored)));
     }
     ShowPosition(*m_ui->cboNormalPattern, attributes.NormalPattern);
     m_ui->chkMetallic->setChecked(attributes.Metallic);
@@ -149,14 +161,22 @@ void frmMaterialExtended::put_cdtRayTraceMaterialAttributes(
     OnMaterialType();
     OnColorPattern();
     OnNormalPattern();
+    m_touched.clear();
+}
+
+void frmMaterialExtended::Touch(Attribute attribute)
+{
+    m_touched.push_back({attribute});
     SketchSoon();
 }
 
-void frmMaterialExtended::ReadControls(CorvexDB::cdtRayTraceMaterialAttributes& record) const
+void frmMaterialExtended::ReadControls()
 {
     for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
-        record.*kRaytraceAmounts[i].field = static_cast<float>(m_sliders[i].slider->value());
+        RowOf(kRaytraceAmounts[i].attribute)
+            .path.set(m_material, static_cast<float>(m_sliders[i].slider->value()));
     }
+    CorvexDB::cdtRayTraceMaterialAttributes& record = m_material.RayTrace;
     record.NormalPattern = m_ui->cboNormalPattern->currentIndex();
     record.Metallic = m_ui->chkMetallic->isChecked();
     record.MaterialType = m_ui->cboMaterialType->currentIndex();
@@ -171,7 +191,7 @@ void frmMaterialExtended::ReadControls(CorvexDB::cdtRayTraceMaterialAttributes& 
 void frmMaterialExtended::ShowDefaults()
 {
     for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
-        m_sliders[i].slider->setValue(kRaytraceAmounts[i].defaultPosition);
+        m_sliders[i].slider->setValue(DefaultPositionOf(kRaytraceAmounts[i]));
     }
     m_ui->chkMetallic->setChecked(false);
     for (QComboBox* list : {m_ui->cboNormalPattern, m_ui->cboMaterialType, m_ui->cboPredefinedType,
@@ -182,7 +202,11 @@ void frmMaterialExtended::ShowDefaults()
         swatch->SetColour(kWhite);
     }
     ShowSameColours();
-    SketchSoon();
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.group == AttributeGroup::Raytrace) {
+            Touch(row.attribute);
+        }
+    }
 }
 
 void frmMaterialExtended::OnMaterialType()
@@ -192,7 +216,7 @@ void frmMaterialExtended::OnMaterialType()
     // Hidden first: both frames at once would make the form large for a moment.
     (custom ? m_ui->fraMaterial_1 : m_ui->fraMaterial_0)->hide();
     (custom ? m_ui->fraMaterial_0 : m_ui->fraMaterial_1)->show();
-    SketchSoon();
+    Touch(Attribute::RayTraceType);
 }
 
 void frmMaterialExtended::OnPredefinedType()
@@ -201,7 +225,7 @@ void frmMaterialExtended::OnPredefinedType()
     FillList(*m_ui->cboPreDefinedMaterial,
              PredefinedLooks(m_ui->cboPredefinedType->currentIndex()));
     m_ui->cboPreDefinedMaterial->setCurrentIndex(0);
-    SketchSoon();
+    Touch(Attribute::RaytracePredefinedType);
 }
 
 void frmMaterialExtended::OnColorPattern()
@@ -214,13 +238,13 @@ void frmMaterialExtended::OnColorPattern()
         }
     }
     UpdateEnabled();
-    SketchSoon();
+    Touch(Attribute::RaytraceColorPattern);
 }
 
 void frmMaterialExtended::OnNormalPattern()
 {
     UpdateEnabled();
-    SketchSoon();
+    Touch(Attribute::RayTraceNormalPattern);
 }
 
 void frmMaterialExtended::ChooseColour(std::size_t swatch)
@@ -231,7 +255,7 @@ void frmMaterialExtended::ChooseColour(std::size_t swatch)
     if (chosen) {
         m_swatches[swatch]->SetColour(*chosen);
         ShowSameColours();
-        SketchSoon();
+        Touch(kSwatchColours[swatch]);  // and with it the other fractions
     }
 }
 
@@ -319,7 +343,7 @@ void frmMaterialExtended::SketchSoon()
 void frmMaterialExtended::SketchQuickly()
 {
     m_quickTimer.stop();
-    ReadControls(m_material.RayTrace);
+    ReadControls();
     ShowSketch(std::min(kQuickSide, m_ui->picPreview->PixelSide()), SketchQuality::Quick);
     m_fineTimer.start();
 }

@@ -5,6 +5,7 @@
 #include "raytrace/MaterialSketch.h"
 #include "raytrace/RenderWait.h"
 #include "raytrace/modRaytrace.h"
+#include "record/TouchedRows.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -52,6 +53,8 @@ public:
         return m_record;
     }
     [[nodiscard]] bool OKClicked() const { return m_okClicked; }
+    /// What the user has set in it, be it to what it was.
+    [[nodiscard]] const TouchedRows& Touched() const { return m_touched; }
     /// File of the texture that was made to stand for the attributes in real time; empty when none
     /// was made.
     [[nodiscard]] const std::string& SimulationTexture() const { return m_simulationTexture; }
@@ -75,7 +78,8 @@ private:
     void ConnectAmounts();
     void ConnectSwatches();
     void ShowDefaults();
-    void ReadControls(CorvexDB::cdtRayTraceMaterialAttributes& record) const;
+    void ReadControls();
+    void Touch(Attribute attribute);
 
     void OnMaterialType();
     void OnPredefinedType();
@@ -109,6 +113,7 @@ private:
     RenderWait m_wait;
     CorvexDB::cdtRayTraceMaterialAttributes m_record;
     std::string m_simulationTexture;
+    TouchedRows m_touched;
     bool m_okClicked = false;
     bool m_rendering = false;
 };

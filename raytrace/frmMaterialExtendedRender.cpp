@@ -49,7 +49,7 @@ void frmMaterialExtended::RaytracePicture()
     }
     m_raytrace.ReportingFailure([this] {
         static_cast<void>(m_services.preview.Prepare());
-        ReadControls(m_material.RayTrace);
+        ReadControls();
         const int side = m_ui->picPreview->PixelSide();
         const std::int32_t antialias = m_services.host.applicationState.AntialiasChoice();
         m_services.preview.WithAttributes(m_material.RayTrace, [&](CorvexSG::Scene& scene) {
@@ -75,7 +75,8 @@ void frmMaterialExtended::accept()
     if (m_rendering) {
         return;
     }
-    ReadControls(m_record);
+    ReadControls();
+    m_record = m_material.RayTrace;
     if (WantsSimulation(m_record)) {
         // Made or not, the dialog closes with OK.
         m_services.trap("cmdOK", [this] { MakeSimulationTexture(); });

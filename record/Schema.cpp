@@ -33,22 +33,11 @@ consteval bool EveryPatternColourIsWhole(std::index_sequence<Index...>)
 }
 static_assert(EveryPatternColourIsWhole(std::make_index_sequence<4>()));
 
-constexpr bool WordsAreUnique()
-{
-    for (const AttributeRow& row : kRows) {
-        const auto isSame = [&](const AttributeRow& other) { return other.word == row.word; };
-        if (!row.word.empty() && std::count_if(kRows.begin(), kRows.end(), isSame) != 1) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(WordsAreUnique());
-
-bool MeansTheSame(std::string_view typed, std::string_view word)
+/// Capitals, hyphens and blanks do not count.
+constexpr bool MeansTheSame(std::string_view typed, std::string_view word)
 {
     const auto next = [](std::string_view& text) {
-        while (text.starts_with('-')) {
+        while (text.starts_with('-') || text.starts_with(' ')) {
             text.remove_prefix(1);
         }
         const char letter = text.empty() ? '\0' : text.front();
@@ -64,6 +53,38 @@ bool MeansTheSame(std::string_view typed, std::string_view word)
     } while (letter != '\0');
     return true;
 }
+
+constexpr bool IsCalled(const AttributeRow& row, std::string_view typed)
+{
+    if (typed.empty() || row.word.empty()) {
+        return false;
+    }
+    if (MeansTheSame(typed, row.word)) {
+        return true;
+    }
+    for (std::string_view rest = row.synonyms; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(", "), rest.size());
+        if (MeansTheSame(typed, rest.substr(0, end))) {
+            return true;
+        }
+        rest.remove_prefix(std::min(end + 2, rest.size()));
+    }
+    return false;
+}
+
+constexpr bool NamesAreUnique()
+{
+    for (const AttributeRow& row : kRows) {
+        const auto isOther = [&](const AttributeRow& other) {
+            return other.attribute != row.attribute && IsCalled(other, row.word);
+        };
+        if (std::any_of(kRows.begin(), kRows.end(), isOther)) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(NamesAreUnique());
 
 }  // namespace
 
@@ -96,10 +117,27 @@ const char* LabelOf(AttributeGroup group)
     }
 }
 
+bool Differ(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other,
+            bool (*isMeant)(Touches))
+{
+    return std::any_of(kRows.begin(), kRows.end(), [&](const AttributeRow& row) {
+        return row.path.LeadsIntoRecord() && isMeant(row.touches) && !row.path.same(one, other);
+    });
+}
+
+void KeepTextureUse(CorvexDB::udtMaterial& material, const CorvexDB::udtMaterial& shape)
+{
+    for (const AttributeRow& row : kRows) {
+        if (row.touches == Touches::Texture && row.group == Group::Blending) {
+            row.path.set(material, row.path.get(shape));
+        }
+    }
+}
+
 const AttributeRow* FindAttribute(std::string_view word)
 {
     const auto row = std::find_if(kRows.begin(), kRows.end(), [&](const AttributeRow& candidate) {
-        return !candidate.word.empty() && MeansTheSame(word, candidate.word);
+        return IsCalled(candidate, word);
     });
     return row == kRows.end() ? nullptr : &*row;
 }

@@ -3,88 +3,15 @@
 // What anyone must know about an attribute of a material stands in one row. Settings, files,
 // search, command line, undo texts and tool tips loop over the rows or refer to them.
 
+#include "record/Attribute.h"
 #include "record/RecordPath.h"
 
 #include <array>
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace CorvexMaterial {
-
-enum class Attribute : std::uint8_t {
-    PreviewPrimitive,
-    Color,
-    Emissive,
-    Specular,
-    Transparency,
-    Ambient,
-    WrapOrientationU,
-    WrapOrientationV,
-    DoubleSided,
-    AlphaTest,
-    AlphaTestReference,
-    WrapType,
-    OverlayTranslucency,
-    FlatWrapType,
-    OriginU,
-    OriginV,
-    ScaleU,
-    ScaleV,
-    TilesPerUnit,
-    Texture,
-    TextureAlphaChannelUse,
-    AlphaIsTransparent,
-    TextureAlpha,
-    TextureOverlay,
-    TextureBumpmap,
-    TextureSpecularMap,
-    TextureEnvironmentMap,
-    RayTraceBrilliance,
-    RayTraceReflection,
-    RayTraceNormalPattern,
-    RayTraceNormalSize,
-    RayTraceNormalScale,
-    RayTraceIridescenceFactor,
-    RayTraceIridescenceThickness,
-    RayTraceIridescenceTurbulence,
-    RayTraceRoughness,
-    RayTraceMetallic,
-    RaytracePredefinedType,
-    RaytracePredefinedMaterial,
-    RaytraceColorPattern0Red,
-    RaytraceColorPattern0Green,
-    RaytraceColorPattern0Blue,
-    RaytraceColorPattern1Red,
-    RaytraceColorPattern1Green,
-    RaytraceColorPattern1Blue,
-    RaytraceColorPattern2Red,
-    RaytraceColorPattern2Green,
-    RaytraceColorPattern2Blue,
-    RaytraceColorPattern3Red,
-    RaytraceColorPattern3Green,
-    RaytraceColorPattern3Blue,
-    RaytraceColorPatternFrequency,
-    RaytraceColorPatternTurbulence,
-    RaytraceNormalFrequency,
-    RaytraceNormalTurbulence,
-    TextureLibrary,
-    MaterialLibrary,
-    ApplyRelative,
-    RayTraceType,
-    RaytraceColorPattern,
-    Plugin,
-    PluginParameters,
-    CustomFields,
-    RaytraceColorPattern0Alpha,
-    RaytraceColorPattern1Alpha,
-    RaytraceColorPattern2Alpha,
-    RaytraceColorPattern3Alpha,
-};
-
-inline constexpr std::size_t kAttributeCount =
-    static_cast<std::size_t>(Attribute::RaytraceColorPattern3Alpha) + 1;
 
 enum class AttributeKind : std::uint8_t {
     Text,
@@ -120,6 +47,15 @@ enum class AttributeGroup : std::uint8_t {
     Panel,  ///< the panel's own state, no part of a material
 };
 
+/// What must be done anew after a change.
+enum class Touches : std::uint8_t {
+    Uniform,      ///< the drawing, with other numbers
+    Texture,      ///< the drawing, with other pictures or another use of them
+    Coordinates,  ///< where pictures lie on the shape, which the wrap makes
+    Raytracer,    ///< nothing before the next raytraced picture
+    Nothing,      ///< no picture of the material shows it
+};
+
 /// What an editor offers, ends included; a host may store anything else.
 struct NumberRange {
     double least = 0.0;
@@ -140,6 +76,10 @@ struct AttributeRow {
     NumberRange range;             ///< of the kinds that are numbers
     std::string_view factoryText;  ///< canonical for the kind
     AttributeGroup group;
+    Touches touches;
+    /// What other programs call it, in small letters with ", " between them; searches and the
+    /// command line understand these too.
+    std::string_view synonyms = {};
 };
 
 /// The files of the six texture layers, in the order of the layers.
@@ -151,10 +91,21 @@ inline constexpr std::array kTextureFiles{
 [[nodiscard]] std::span<const AttributeRow> AttributeRows();
 [[nodiscard]] const AttributeRow& RowOf(Attribute attribute);
 [[nodiscard]] std::string_view FactoryText(Attribute attribute);
+/// Whether a picture made from the record, without a raytracer, shows the attribute.
+[[nodiscard]] constexpr bool IsDrawn(Touches touches)
+{
+    return touches != Touches::Raytracer && touches != Touches::Nothing;
+}
 /// What a person calls the group where a change of one member is a change of all; else null.
 [[nodiscard]] const char* LabelOf(AttributeGroup group);
-/// The row of a word, whose capitals and hyphens do not count: `doubleSided`, `double-sided`. Null
-/// for an unknown one.
+/// Whether the records differ in an attribute whose change touches such.
+[[nodiscard]] bool Differ(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other,
+                          bool (*isMeant)(Touches));
+/// In the mode `FilesOnly` only the files of the layers are put on a shape: gives the material the
+/// other use of textures that the shape has.
+void KeepTextureUse(CorvexDB::udtMaterial& material, const CorvexDB::udtMaterial& shape);
+/// The row of a word or a synonym, whose capitals, hyphens and blanks do not count: `doubleSided`,
+/// `double-sided`, `two-sided`. Null for an unknown one.
 [[nodiscard]] const AttributeRow* FindAttribute(std::string_view word);
 
 }  // namespace CorvexMaterial

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "record/TouchedRows.h"
 #include "textures/ChannelServices.h"
 #include "textures/ChannelTabBar.h"
 
@@ -53,7 +54,7 @@ public:
 
 Q_SIGNALS:
     /// Once per edit by the user. Setting a value by program emits nothing.
-    void Edited();
+    void Edited(const CorvexMaterial::TouchedRows& touched);
     /// A warning that the user may silence, with its key.
     void WarningRequested(const QString& text, const QString& key);
     /// The tab of the custom material fields was entered: its rows are to be filled anew.

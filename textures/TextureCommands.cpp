@@ -4,6 +4,7 @@
 #include "dialogs/Trap.h"
 #include "platform/SettingsNames.h"
 #include "record/NumberText.h"
+#include "record/Schema.h"
 #include "textures/TextureFileDialog.h"
 #include "textures/TextureMessages.h"
 #include "textures/TexturePage.h"
@@ -64,7 +65,7 @@ std::optional<TextureLayer> TextureCommands::CurrentLayer() const
 void TextureCommands::Assign(TextureLayer layer, const std::string& file)
 {
     m_page.SetFile(layer, file);
-    Q_EMIT Edited();
+    Q_EMIT Edited({{FileOf(layer)}});
 }
 
 void TextureCommands::SelectFile()
@@ -158,7 +159,7 @@ void TextureCommands::Crop()
     dialog.exec();
     if (dialog.OKClicked()) {
         m_page.SetPlacement(dialog.GetResults());
-        Q_EMIT Edited();
+        Q_EMIT Edited({{Attribute::OriginU}});  // and with it the other three
     }
 }
 
@@ -168,10 +169,13 @@ void TextureCommands::Delete()
     if (!layer) {
         return;
     }
+    TouchedRows touched{{FileOf(*layer)}};
+    m_page.SetFile(*layer, {});
     if (layer == TextureLayer::Overlay) {
-        m_page.SetOverlayTranslucencyText(kDefaultOverlayTranslucency);
+        m_page.SetOverlayTranslucencyText(std::string(FactoryText(Attribute::OverlayTranslucency)));
+        touched.push_back({Attribute::OverlayTranslucency});
     }
-    Assign(*layer, {});
+    Q_EMIT Edited(touched);
 }
 
 void TextureCommands::EditFlatWrap()
@@ -179,12 +183,14 @@ void TextureCommands::EditFlatWrap()
     frmOptionsFlatWrap dialog(Window());
     dialog.ShowOptions(m_page.FlatWrap(), m_page.TilesPerUnit());
     dialog.exec();
+    TouchedRows touched;
     if (dialog.OKClicked()) {
         m_page.SetFlatWrap(dialog.FlatWrap());
         m_page.SetTilesPerUnit(dialog.TilesPerUnit());
+        touched = {{Attribute::FlatWrapType}, {Attribute::TilesPerUnit}};
     }
     // Cancelled too: the preview is drawn anew after this dialog.
-    Q_EMIT Edited();
+    Q_EMIT Edited(touched);
 }
 
 }  // namespace CorvexMaterial

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "record/TouchedRows.h"
 #include "textures/ChannelServices.h"
 #include "textures/TextureLayers.h"
 
@@ -14,7 +15,7 @@ class TexturePage;
 class Trap;
 
 /// What the buttons and dialogs of the texture page do. Every flow is one `Edited` at its end, or
-/// none when it changed nothing.
+/// none when it changed nothing; one that touched nothing asks for the picture to be made anew.
 class TextureCommands : public QObject {
     Q_OBJECT
 
@@ -32,7 +33,7 @@ public:
     void OpenLibrary();
 
 Q_SIGNALS:
-    void Edited();
+    void Edited(const CorvexMaterial::TouchedRows& touched);
 
 private:
     void Connect();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/MaterialRecord.h"
+#include "record/Schema.h"
 
 #include <array>
 #include <cstddef>
@@ -13,9 +13,6 @@ namespace CorvexMaterial {
 enum class TextureLayer : std::uint8_t { Primary, Overlay, Alpha, Bump, Specular, Environment };
 
 inline constexpr std::size_t kTextureLayerCount = 6;
-
-/// Percent of the primary texture that shows through a fresh overlay, as its field shows it.
-inline constexpr const char* kDefaultOverlayTranslucency = "50";
 
 /// Tabs count from 1; 1 is the material's own attributes, those after the layers have no texture.
 struct TextureLayerRow {
@@ -41,6 +38,11 @@ using TextureLayerOrder = std::array<TextureLayer, kTextureLayerCount>;
 inline constexpr TextureLayerOrder kLayerMethodOrder{
     TextureLayer::Primary, TextureLayer::Alpha,    TextureLayer::Overlay,
     TextureLayer::Bump,    TextureLayer::Specular, TextureLayer::Environment};
+
+[[nodiscard]] constexpr Attribute FileOf(TextureLayer layer)
+{
+    return kTextureFiles[static_cast<std::size_t>(layer)];
+}
 
 [[nodiscard]] constexpr const TextureLayerRow& RowOf(TextureLayer layer)
 {

@@ -42,7 +42,8 @@ TexturePage::TexturePage(QWidget* parent)
     for (const char* use : kAlphaChannelUses) {
         m_ui->cboTextureAlphaChannelUse->addItem(QString::fromUtf8(use));
     }
-    m_ui->txtTexture2Translucency->setText(kDefaultOverlayTranslucency);
+    m_ui->txtTexture2Translucency->setText(
+        QString::fromUtf8(FactoryText(Attribute::OverlayTranslucency)));
     ConnectFields();
     ConnectButtons();
     GuardWheel(*this);
@@ -91,12 +92,17 @@ void TexturePage::AddWraps()
 
 void TexturePage::ConnectFields()
 {
-    connect(m_wraps, &QButtonGroup::idClicked, this, &TexturePage::EmitEdited);
-    connect(m_ui->chkFlipU, &QCheckBox::clicked, this, &TexturePage::EmitEdited);
-    connect(m_ui->chkFlipV, &QCheckBox::clicked, this, &TexturePage::EmitEdited);
+    const auto edited = [this](Attribute attribute) {
+        return [this, attribute] { EmitEdited({{attribute}}); };
+    };
+    connect(m_wraps, &QButtonGroup::idClicked, this, edited(Attribute::WrapType));
+    connect(m_ui->chkFlipU, &QCheckBox::clicked, this, edited(Attribute::WrapOrientationU));
+    connect(m_ui->chkFlipV, &QCheckBox::clicked, this, edited(Attribute::WrapOrientationV));
     connect(m_ui->cboTextureAlphaChannelUse, &QComboBox::currentIndexChanged, this,
-            &TexturePage::EmitEdited);
-    connect(m_ui->txtTexture2Translucency, &QLineEdit::textChanged, this, &TexturePage::EmitEdited);
+            edited(Attribute::TextureAlphaChannelUse));
+    connect(m_ui->txtTexture2Translucency, &QLineEdit::textChanged, this, [this] {
+        EmitEdited(m_ui->txtTexture2Translucency->Touched(Attribute::OverlayTranslucency));
+    });
 }
 
 void TexturePage::ConnectButtons()
@@ -124,10 +130,10 @@ void TexturePage::Quietly(Change&& change)
     change();
 }
 
-void TexturePage::EmitEdited()
+void TexturePage::EmitEdited(const TouchedRows& touched)
 {
     if (!m_quiet) {
-        Q_EMIT Edited();
+        Q_EMIT Edited(touched);
     }
 }
 

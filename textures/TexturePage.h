@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/MaterialRecord.h"
+#include "record/TouchedRows.h"
 #include "textures/TextureLayers.h"
 
 #include <QWidget>
@@ -52,9 +53,9 @@ public:
     void SetFlipU(bool flip);
     [[nodiscard]] bool FlipV() const;
     void SetFlipV(bool flip);
-    /// As typed; need not be a number.
     /// The last whole number that the text was.
     [[nodiscard]] std::int32_t OverlayTranslucency() const;
+    /// As typed; need not be a number.
     [[nodiscard]] std::string OverlayTranslucencyText() const;
     void SetOverlayTranslucencyText(const std::string& text);
 
@@ -72,7 +73,7 @@ public:
     void SetPrimaryLocked(bool locked);
 
 Q_SIGNALS:
-    void Edited();
+    void Edited(const CorvexMaterial::TouchedRows& touched);
     /// Any layer's file, by program too.
     void FilesChanged();
     void SelectPressed();
@@ -91,7 +92,7 @@ private:
     [[nodiscard]] TextureThumbnail& Thumbnail(TextureLayer layer) const;
     template <typename Change>
     void Quietly(Change&& change);
-    void EmitEdited();
+    void EmitEdited(const TouchedRows& touched);
 
     std::unique_ptr<Ui::TexturePage> m_ui;
     std::unique_ptr<ThumbnailCache> m_cache;

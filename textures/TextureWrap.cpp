@@ -1,6 +1,7 @@
 #include "textures/TextureWrap.h"
 
 #include "record/NumberText.h"
+#include "record/Schema.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,7 +15,8 @@ std::optional<float> TilesFromText(const std::string& text)
     if (!tiles) {
         return std::nullopt;
     }
-    const double inRange = std::clamp(*tiles, kTilesRange.minimum, kTilesRange.maximum);
+    const NumberRange& range = RowOf(Attribute::TilesPerUnit).range;
+    const double inRange = std::clamp(*tiles, range.least, range.most);
     return static_cast<float>(std::round(inRange * kDecimalUnits) / kDecimalUnits);
 }
 

@@ -22,17 +22,10 @@ inline constexpr std::array kFlatWrapTitles{"Tile by Unit", "Tile to Fit", "Size
 }
 
 inline constexpr const char* kDefaultTilesText = "1.0";
+inline constexpr double kTilesStep = 0.1;
 
-struct TilesRange {
-    double minimum;
-    double maximum;
-    double step;
-    float initial;
-};
-inline constexpr TilesRange kTilesRange{0.01, 1000.0, 0.1, 1.0F};
-
-/// Tiles per unit from a field: at most three decimals, brought into their range. Nothing for a
-/// text that is no number.
+/// Tiles per unit from a field: at most three decimals, brought into the offered range. Nothing for
+/// a text that is no number.
 [[nodiscard]] std::optional<float> TilesFromText(const std::string& text);
 
 }  // namespace CorvexMaterial

@@ -1,5 +1,7 @@
 #include "textures/frmOptionsFlatWrap.h"
 
+#include "record/NumberText.h"
+#include "record/Schema.h"
 #include "textures/FieldMessage.h"
 #include "textures/TexturePlacement.h"
 #include "textures/TextureWrap.h"
@@ -19,8 +21,9 @@ frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsFlatWrap::accept);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_ui->cmdDefault, &QPushButton::clicked, this, &frmOptionsFlatWrap::ShowDefaults);
-    m_ui->txtTilesPerUnit->SetNumbers(
-        {kTilesRange.minimum, kTilesRange.maximum, kTilesRange.step, kTilesRange.initial});
+    const AttributeRow& tiles = RowOf(Attribute::TilesPerUnit);
+    m_ui->txtTilesPerUnit->SetNumbers({tiles.range.least, tiles.range.most, kTilesStep,
+                                       SingleFromText(tiles.factoryText).value_or(1.0F)});
     m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
     connect(m_ui->txtTilesPerUnit, &UpDownText::Confirmed, m_ui->lblMessage, &QLabel::hide);
 }

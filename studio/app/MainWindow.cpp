@@ -155,10 +155,6 @@ void MainWindow::ConnectPanel()
                 m_warnings.Present(application, warning, key);
             });
     connect(m_link, &MaterialLink::ShapesChanged, m_viewport, &ViewportWidget::Draw);
-    // The control answers the group before: by then a wrap that is new has reached the shapes.
-    if (auto* wrap = m_material->findChild<QAbstractButton*>(QStringLiteral("optWrapType_0"))) {
-        connect(wrap->group(), &QButtonGroup::idClicked, m_link, &MaterialLink::WrapSelection);
-    }
     const auto report = [this](const QString& what, Status status) { Check(status, what); };
     connect(m_link, &MaterialLink::Failed, this, report);
     connect(m_fill, &PanelFill::Failed, this, report);

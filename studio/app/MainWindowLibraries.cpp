@@ -50,7 +50,6 @@ void MainWindow::ConnectLibraries()
         [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Materials, change); });
     m_host.Textures().SetListener(
         [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Textures, change); });
-    m_host.Browsers().SetChooser([this](const auto& choice) { m_link->ForAll(choice); });
     connect(&m_host.Browsers(), &LibraryBrowsers::MenuWanted, this, &MainWindow::ShowEntryMenu);
     connect(m_fill, &PanelFill::AboutToReload, this, &MainWindow::KeepLibraries);
     ConnectDrops();
@@ -60,7 +59,6 @@ void MainWindow::DisconnectLibraries()
 {
     m_host.Materials().SetListener({});
     m_host.Textures().SetListener({});
-    m_host.Browsers().SetChooser({});
 }
 
 void MainWindow::ShowEntryMenu(LibraryBrowser& browser, QPoint globalPosition)

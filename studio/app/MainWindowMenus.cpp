@@ -163,9 +163,7 @@ void MainWindow::MoveFieldValues(const FieldMoves& moves)
     if (const CorvexDB::udtMaterial* shown = m_link->ShownMaterial(); shown != nullptr) {
         CorvexDB::udtMaterial moved = *shown;
         MoveFields(moved, moves);
-        m_link->WithoutApplying([&] {
-            Check(m_material->CopyFieldToFormMaterial(moved), tr("The values were not moved"));
-        });
+        Check(m_material->CopyFieldToFormMaterial(moved), tr("The values were not moved"));
     }
     try {
         if (LibraryFile* library = m_host.Browsers().Open(LibraryKind::Materials)) {

@@ -8,16 +8,6 @@
 namespace studio {
 namespace {
 
-FieldSet FieldsOf(const std::vector<ShapeChange>& changes)
-{
-    FieldSet fields;
-    for (const ShapeChange& change : changes) {
-        fields.merge(
-            Differences(change.before.gathered->material, change.after.gathered->material));
-    }
-    return fields;
-}
-
 /// What the record does not hold is changed one at a time.
 QString NameOfChange(const FieldSet& fields, const std::vector<ShapeChange>& changes)
 {
@@ -51,6 +41,25 @@ bool ChangesNothing(const ShapeChange& change)
            IsSame(*change.before.gathered, *change.after.gathered);
 }
 
+bool LooksDifferent(const ShapeChange& change)
+{
+    const CorvexSG::GatheredMaterial& before = *change.before.gathered;
+    const CorvexSG::GatheredMaterial& after = *change.after.gathered;
+    return change.before.coordinates != change.after.coordinates ||
+           before.applyMode != after.applyMode ||
+           Differ(before.material, after.material, CorvexMaterial::IsDrawn);
+}
+
+FieldSet Differences(const std::vector<ShapeChange>& changes)
+{
+    FieldSet fields;
+    for (const ShapeChange& change : changes) {
+        fields.merge(
+            Differences(change.before.gathered->material, change.after.gathered->material));
+    }
+    return fields;
+}
+
 std::vector<ShapeChange> ChangesBy(const std::function<void(CorvexDB::udtMaterial&)>& edit,
                                    const ShapeList& shapes)
 {
@@ -70,9 +79,9 @@ std::vector<ShapeChange> ChangesBy(const std::function<void(CorvexDB::udtMateria
     return changes;
 }
 
-MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, std::chrono::milliseconds madeAt,
-                                 Shown shown)
-    : m_changes(std::move(changes)), m_fields(FieldsOf(m_changes)), m_madeAt(madeAt),
+MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields,
+                                 std::chrono::milliseconds madeAt, Shown shown)
+    : m_changes(std::move(changes)), m_fields(std::move(fields)), m_madeAt(madeAt),
       m_shown(std::move(shown))
 {
     setText(TitleOf(m_fields, m_changes));

@@ -23,6 +23,10 @@ struct ShapeChange {
 [[nodiscard]] bool IsSame(const CorvexSG::GatheredMaterial& one,
                           const CorvexSG::GatheredMaterial& other);
 [[nodiscard]] bool ChangesNothing(const ShapeChange& change);
+/// Whether the renderer draws the shape otherwise than before.
+[[nodiscard]] bool LooksDifferent(const ShapeChange& change);
+/// What differs in any of the shapes.
+[[nodiscard]] FieldSet Differences(const std::vector<ShapeChange>& changes);
 
 using ShapeList = std::vector<std::shared_ptr<StudioShape>>;
 
@@ -42,8 +46,9 @@ public:
     /// Called after each undo and redo with the shapes that changed.
     using Shown = std::function<void(const ShapeList&)>;
 
-    MaterialCommand(std::vector<ShapeChange> changes, std::chrono::milliseconds madeAt,
-                    Shown shown);
+    /// The fields are what the user edited, which the step is called after.
+    MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields,
+                    std::chrono::milliseconds madeAt, Shown shown);
 
     void undo() override;
     void redo() override;

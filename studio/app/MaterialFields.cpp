@@ -31,6 +31,17 @@ QString Uncapitalised(const char* label)
 
 }  // namespace
 
+FieldSet FieldsOf(const CorvexMaterial::MaterialEdit& edit)
+{
+    FieldSet fields;
+    for (const CorvexMaterial::EditedRow& edited : edit.rows) {
+        if (const AttributeRow& row = RowOf(edited.attribute); row.path.LeadsIntoRecord()) {
+            fields.insert(StandsFor(row));
+        }
+    }
+    return fields;
+}
+
 FieldSet Differences(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other)
 {
     FieldSet fields;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "record/MaterialEdit.h"
 #include "record/Schema.h"
 
 #include <QString>
@@ -8,9 +9,10 @@
 
 namespace studio {
 
-/// Attributes that changed; one of those that change together stands for all of them.
+/// Attributes of the record that changed; one of those that change together stands for all of them.
 using FieldSet = std::set<CorvexMaterial::Attribute>;
 
+[[nodiscard]] FieldSet FieldsOf(const CorvexMaterial::MaterialEdit& edit);
 [[nodiscard]] FieldSet Differences(const CorvexDB::udtMaterial& one,
                                    const CorvexDB::udtMaterial& other);
 

@@ -1,19 +1,26 @@
 #include "studio/app/MaterialLink.h"
 
-#include <QScopedValueRollback>
-
 #include <algorithm>
 
 namespace studio {
 namespace {
 
 using CorvexMaterial::Material;
+using CorvexMaterial::MaterialEdit;
 using CorvexMaterial::Status;
 
-bool MakesNewCoordinates(const CorvexDB::udtMaterial& before, const CorvexDB::udtMaterial& after)
+constexpr bool MakesCoordinates(CorvexMaterial::Touches touches)
 {
-    return before.Wrap != after.Wrap || before.FlatWrap != after.FlatWrap ||
-           before.TilesPerUnit != after.TilesPerUnit;
+    return touches == CorvexMaterial::Touches::Coordinates;
+}
+
+/// A wrap that was chosen by itself; one that came with a whole material leaves coordinates alone
+/// that it would not change.
+bool WrapsAnew(const MaterialEdit& edit)
+{
+    return !edit.isWhole && std::ranges::any_of(edit.rows, [](const auto& row) {
+        return MakesCoordinates(CorvexMaterial::RowOf(row.attribute).touches);
+    });
 }
 
 void PutBack(const std::vector<ShapeChange>& changes)
@@ -28,20 +35,8 @@ void PutBack(const std::vector<ShapeChange>& changes)
 MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
     : QObject(parent), m_parts(parts), m_clock(std::move(clock))
 {
-    connect(&m_parts.material, &Material::MaterialChanged, this, &MaterialLink::ApplyEdit);
+    connect(&m_parts.material, &Material::Edited, this, &MaterialLink::ApplyEdit);
     connect(&m_parts.selection, &Selection::Changed, this, &MaterialLink::ShowSelected);
-}
-
-void MaterialLink::WithoutApplying(const std::function<void()>& change)
-{
-    const QScopedValueRollback guard(m_showing, true);
-    change();
-}
-
-void MaterialLink::ForAll(const std::function<void()>& choice)
-{
-    const QScopedValueRollback guard(m_forAll, true);
-    choice();
 }
 
 std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialLink::Shown() const
@@ -58,36 +53,9 @@ const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
     return shown != nullptr ? &shown->material : nullptr;
 }
 
-// Turning the preview or choosing another primitive ends in a `MaterialChanged` too. Applying then
-// would give every selected shape the material of the last one.
-bool MaterialLink::PanelMoved()
+void MaterialLink::ApplyEdit(const MaterialEdit& edit)
 {
-    const auto shown = Shown();
-    const bool stays = shown != nullptr && m_lastShown != nullptr && IsSame(*shown, *m_lastShown);
-    m_lastShown = shown;
-    return !stays;
-}
-
-void MaterialLink::ApplyEdit()
-{
-    const bool moved = PanelMoved();
-    if (!m_showing && (moved || m_forAll)) {
-        ApplyToSelection(Coordinates::Kept);
-    }
-}
-
-void MaterialLink::WrapSelection()
-{
-    const auto isWrapped = [](const auto& shape) {
-        return shape->Applied().coordinates == CorvexSG::CoordinateMode::FromWrap;
-    };
-    if (!std::ranges::all_of(m_parts.selection.All(), isWrapped)) {
-        ApplyToSelection(Coordinates::Wrapped);
-    }
-}
-
-void MaterialLink::ApplyToSelection(Coordinates coordinates)
-{
+    const auto coordinates = WrapsAnew(edit) ? Coordinates::Wrapped : Coordinates::Kept;
     std::vector<ShapeChange> changes;
     for (const auto& shape : m_parts.selection.All()) {
         changes.push_back({shape, shape->Applied(), shape->Applied()});
@@ -98,14 +66,15 @@ void MaterialLink::ApplyToSelection(Coordinates coordinates)
         }
         changes.back().after = shape->Applied();
     }
-    Push(std::move(changes));
+    Push(std::move(changes), FieldsOf(edit));
 }
 
 Status MaterialLink::Apply(StudioShape& shape, Coordinates coordinates)
 {
+    const CorvexDB::udtMaterial* const shown = ShownMaterial();
     const bool makesNewCoordinates =
         coordinates == Coordinates::Wrapped ||
-        (m_lastShown != nullptr && MakesNewCoordinates(shape.Material(), m_lastShown->material));
+        (shown != nullptr && Differ(shape.Material(), *shown, MakesCoordinates));
     return m_parts.material.ApplyShapeMaterial(m_parts.scene, shape, makesNewCoordinates,
                                                m_parts.scene.RootGroup(),
                                                m_parts.scene.CameraGroup(), {}, {}, false, {}, {});
@@ -116,7 +85,8 @@ void MaterialLink::Make(std::vector<ShapeChange> changes)
     for (const ShapeChange& change : changes) {
         change.shape->SetApplied(change.after);
     }
-    Push(std::move(changes));
+    FieldSet fields = Differences(changes);
+    Push(std::move(changes), std::move(fields));
     ShowSelected();
 }
 
@@ -124,7 +94,7 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
                        const CorvexDB::udtMaterial& material)
 {
     const AppliedMaterial before = shape->Applied();
-    const auto coordinates = MakesNewCoordinates(before.gathered->material, material)
+    const auto coordinates = Differ(before.gathered->material, material, MakesCoordinates)
                                  ? CorvexSG::CoordinateMode::FromWrap
                                  : before.coordinates;
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
@@ -133,14 +103,18 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
     Make({{shape, before, {std::move(gathered), coordinates}}});
 }
 
-void MaterialLink::Push(std::vector<ShapeChange> changes)
+void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
 {
     if (std::ranges::all_of(changes, ChangesNothing)) {
         return;
     }
-    m_parts.history.push(new MaterialCommand(
-        std::move(changes), m_clock(), [this](const ShapeList& shapes) { ShowAgain(shapes); }));
-    Q_EMIT ShapesChanged();
+    const bool isSeen = std::ranges::any_of(changes, LooksDifferent);
+    m_parts.history.push(
+        new MaterialCommand(std::move(changes), std::move(fields), m_clock(),
+                            [this](const ShapeList& shapes) { ShowAgain(shapes); }));
+    if (isSeen) {
+        Q_EMIT ShapesChanged();
+    }
 }
 
 void MaterialLink::ShowSelected()
@@ -149,12 +123,10 @@ void MaterialLink::ShowSelected()
     if (latest == nullptr) {
         return;
     }
-    WithoutApplying([&] {
-        const Status status = Show(*latest->Applied().gathered);
-        if (status != Status::Success) {
-            Q_EMIT Failed(tr("The material of the shape cannot be shown"), status);
-        }
-    });
+    const Status status = Show(*latest->Applied().gathered);
+    if (status != Status::Success) {
+        Q_EMIT Failed(tr("The material of the shape cannot be shown"), status);
+    }
 }
 
 // The way of applying is no part of the record, but it is the shape's too: an edit of anything else

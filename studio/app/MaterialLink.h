@@ -19,7 +19,8 @@ struct LinkedParts {
 };
 
 /// Keeps the material panel and the selected shapes together: an edit in the panel goes to every
-/// selected shape as one undo step, and the shape chosen last shows its material in the panel.
+/// selected shape as one undo step, and the shape chosen last shows its material in the panel. A
+/// chosen wrap, be it the one that was chosen already, takes shapes the coordinates of their mesh.
 class MaterialLink : public QObject {
     Q_OBJECT
 
@@ -29,15 +30,6 @@ public:
 
     MaterialLink(LinkedParts parts, Clock clock, QObject* parent = nullptr);
 
-    /// Runs a change of the panel that is not meant for the shapes.
-    void WithoutApplying(const std::function<void()>& change);
-    /// Runs a choice that is meant for the whole selection, even if the panel shows what is chosen
-    /// already: the last of several selected shapes may have it, and the others not.
-    void ForAll(const std::function<void()>& choice);
-    /// Wraps the panel's material around every selected shape, as one undo step: the user has
-    /// chosen a wrap, be it the one that was chosen already. Shapes that wear the coordinates of
-    /// their mesh give them up.
-    void WrapSelection();
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
     /// Gives one shape a material that does not come from the panel, as one undo step.
@@ -54,21 +46,16 @@ Q_SIGNALS:
 private:
     enum class Coordinates { Kept, Wrapped };
 
-    void ApplyEdit();
-    void ApplyToSelection(Coordinates coordinates);
+    void ApplyEdit(const CorvexMaterial::MaterialEdit& edit);
     [[nodiscard]] std::shared_ptr<const CorvexSG::GatheredMaterial> Shown() const;
-    [[nodiscard]] bool PanelMoved();
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
-    void Push(std::vector<ShapeChange> changes);
+    void Push(std::vector<ShapeChange> changes, FieldSet fields);
     void ShowSelected();
     [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);
     void ShowAgain(const ShapeList& shapes);
 
     LinkedParts m_parts;
     Clock m_clock;
-    std::shared_ptr<const CorvexSG::GatheredMaterial> m_lastShown;  ///< null before the first
-    bool m_showing = false;
-    bool m_forAll = false;
 };
 
 /// The clock of everyday use.

@@ -53,7 +53,7 @@ void PanelFill::Restore()
     }
     m_filled = false;
     Q_EMIT AboutToReload();
-    m_link.WithoutApplying([this] { ReloadLayout(); });
+    ReloadLayout();
     Q_EMIT Changed(false);
 }
 

@@ -8,46 +8,50 @@
 #include "studio/render/RenderService.h"
 #include "studio/render/ViewportWidget.h"
 
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTabBar>
+#include <QUrl>
 
 #include <array>
 
 namespace studio {
 namespace {
 
-using CorvexMaterial::Material;
-using CorvexMaterial::Status;
-using PutFile = Status (Material::*)(const std::string&);
-
 struct Step {
     int tab;
-    PutFile put;
     QString TourPictures::*picture;
     const char* name;
 };
 
 constexpr std::array kSteps{
-    Step{2, &Material::put_TextureFileName, &TourPictures::tiles, "primary-texture"},
-    Step{5, &Material::put_TextureBumpmapFileName, &TourPictures::grooves, "bump-map"},
-    Step{6, &Material::put_TextureSpecularMapFileName, &TourPictures::polish, "specular-map"},
-    Step{7, &Material::put_TextureEnvironmentMapFileName, &TourPictures::surroundings,
-         "environment-map"},
-    Step{3, &Material::put_TextureOverlayFileName, &TourPictures::leaves, "overlay-texture"},
-    Step{4, &Material::put_TextureAlphaFileName, &TourPictures::fade, "alpha-map"},
+    Step{2, &TourPictures::tiles, "primary-texture"},
+    Step{5, &TourPictures::grooves, "bump-map"},
+    Step{6, &TourPictures::polish, "specular-map"},
+    Step{7, &TourPictures::surroundings, "environment-map"},
+    Step{3, &TourPictures::leaves, "overlay-texture"},
+    Step{4, &TourPictures::fade, "alpha-map"},
 };
 
-void EnterTab(TourStudio& studio, int tab)
+/// As a user does it: with the mouse, from a file manager.
+void DropOn(QTabBar& tabs, int tab, const QString& file)
 {
-    studio.Guide().Find<QTabBar>("tabChannels").setCurrentIndex(tab - 1);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    const QPoint at = tabs.tabRect(tab - 1).center();
+    QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&tabs, &enter);
+    QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&tabs, &drop);
+    QCoreApplication::processEvents();
 }
 
 void Put(TourStudio& studio, const Step& step, const QString& file)
 {
-    EnterTab(studio, step.tab);
     // Read here, so that the very next picture shows it.
     (void)studio.Host().Rendering().Textures().Await(file.toStdString());
-    Expect((studio.Window().Panel().*step.put)(file.toStdString()) == Status::Success,
-           QStringLiteral("%1 was refused.").arg(file));
+    DropOn(studio.Guide().Find<QTabBar>("tabChannels"), step.tab, file);
 }
 
 void ShowWraps(TourStudio& studio)

@@ -250,14 +250,14 @@ void LibraryBrowser::TellScroll()
 void LibraryBrowser::Choose(int row)
 {
     if (m_listener != nullptr) {
-        m_chooser([&] { m_listener->ItemSelected(m_model->FileIndex(row)); });
+        m_listener->ItemSelected(m_model->FileIndex(row));
     }
 }
 
 void LibraryBrowser::Open(int row)
 {
     if (m_listener != nullptr) {
-        m_chooser([&] { m_listener->ItemOpened(m_model->FileIndex(row)); });
+        m_listener->ItemOpened(m_model->FileIndex(row));
     }
 }
 

@@ -34,9 +34,6 @@ public:
     void Reread(std::int32_t count, std::optional<std::int32_t> marked = {});
     /// As if the user had clicked the selected entry.
     void ChooseSelected();
-    /// Runs what a choice sets off.
-    using Chooser = std::function<void(const std::function<void()>&)>;
-    void SetChooser(Chooser chooser) { m_chooser = std::move(chooser); }
 
     QWidget& Widget() override { return *this; }
     QWidget* Companion() override;
@@ -79,7 +76,6 @@ private:
     LibraryView* m_view;
     QPointer<SearchField> m_search;
     CorvexEditport::EditportListener* m_listener = nullptr;
-    Chooser m_chooser = [](const std::function<void()>& choice) { choice(); };
     CorvexEditport::ScrollRange m_told;
     bool m_scrolledFromOutside = false;
     std::string m_path;  ///< of the library shown last

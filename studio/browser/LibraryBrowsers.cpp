@@ -26,13 +26,6 @@ CorvexEditport::Editport* LibraryBrowsers::CreateEditport(QWidget* parent,
     connect(browser, &LibraryBrowser::MenuWanted, this, [this, browser](QPoint globalPosition) {
         Q_EMIT MenuWanted(*browser, globalPosition);
     });
-    browser->SetChooser([this](const Choice& choice) {
-        if (m_chooser) {
-            m_chooser(choice);
-        } else {
-            choice();
-        }
-    });
     connect(browser, &LibraryBrowser::Message, this, &LibraryBrowsers::Message);
     std::erase(m_browsers, nullptr);
     m_browsers.emplace_back(browser);

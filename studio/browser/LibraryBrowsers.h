@@ -25,9 +25,6 @@ public:
     /// Shows what another program changed in the open library, with the marked entries still
     /// marked. Errors: FileFailed.
     void Refresh(LibraryKind kind);
-    /// Runs what a choice in a browser sets off; nothing = it just runs.
-    using Choice = std::function<void()>;
-    void SetChooser(std::function<void(const Choice&)> chooser) { m_chooser = std::move(chooser); }
     /// Null while no library is open.
     [[nodiscard]] LibraryFile* Open(LibraryKind kind) const;
     [[nodiscard]] std::vector<LibraryBrowser*> Of(LibraryKind kind) const;
@@ -43,7 +40,6 @@ private:
     OpenLibrary m_materials;
     OpenLibrary m_textures;
     LibraryBrowser::FieldNames m_fieldNames;
-    std::function<void(const Choice&)> m_chooser;
     std::vector<QPointer<LibraryBrowser>> m_browsers;
 };
 

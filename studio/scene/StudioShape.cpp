@@ -1,6 +1,7 @@
 #include "studio/scene/StudioShape.h"
 
 #include "host/Status.h"
+#include "record/Schema.h"
 #include "studio/interchange/assimp/AssimpReader.h"
 #include "studio/scene/MeshShading.h"
 
@@ -29,9 +30,7 @@ std::shared_ptr<const GatheredMaterial> KeepingTextureUse(const GatheredMaterial
                                                           const CorvexDB::udtMaterial& present)
 {
     auto merged = std::make_shared<GatheredMaterial>(gathered);
-    merged->material.TextureAlphaChannelUse = present.TextureAlphaChannelUse;
-    merged->material.AlphaIsTransparent = present.AlphaIsTransparent;
-    merged->material.OverlayTranslucency = present.OverlayTranslucency;
+    CorvexMaterial::KeepTextureUse(merged->material, present);
     return merged;
 }
 

@@ -33,10 +33,10 @@ TEST(RaytraceAmounts, StayInsideTheirSlidersWhateverWasStored)
     const float nan = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
     for (const RaytraceAmount& amount : kRaytraceAmounts) {
-        EXPECT_EQ(PositionOf(amount, -3.0F), amount.minimum) << amount.slider;
+        EXPECT_EQ(PositionOf(amount, -3.0F), RowOf(amount.attribute).range.least) << amount.slider;
         EXPECT_EQ(PositionOf(amount, infinity), 10) << amount.slider;
         EXPECT_EQ(PositionOf(amount, 6.6F), 7) << amount.slider;
-        EXPECT_EQ(PositionOf(amount, nan), amount.defaultPosition) << amount.slider;
+        EXPECT_EQ(PositionOf(amount, nan), DefaultPositionOf(amount)) << amount.slider;
     }
 }
 

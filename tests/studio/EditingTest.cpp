@@ -84,7 +84,13 @@ TEST_F(Editing, OneEditReachesAllSelectedShapesAsOneStep)
     EXPECT_EQ(rig.Shape(0)->Applied().gathered, rig.Shape(3)->Applied().gathered)
         << "the shapes keep copies of one material";
     ASSERT_EQ(History().count(), 1);
-    History().undo();
+    EXPECT_EQ(History().undoText(), "Change color of 3 shapes");
+    rig.Type("txtAmbient", "41");
+    EXPECT_EQ(History().count(), 2) << "keys of one text are one step, the first of them too";
+    EXPECT_EQ(History().undoText(), "Change ambient of 3 shapes");
+    while (History().canUndo()) {
+        History().undo();
+    }
     EXPECT_EQ(Materials(), before);
 }
 

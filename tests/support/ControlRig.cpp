@@ -97,6 +97,10 @@ void ControlRig::Listen()
     Material* control = m_control.get();
     const auto note = [this](const char* name) { return [this, name] { log.Note(name); }; };
     QObject::connect(control, &Material::MaterialChanged, note("Event.MaterialChanged"));
+    QObject::connect(control, &Material::Edited, [this](const CorvexMaterial::MaterialEdit& edit) {
+        log.Note("Event.Edited");
+        edits.push_back(edit);
+    });
     QObject::connect(control, &Material::TextureLibraryExpanded,
                      note("Event.TextureLibraryExpanded"));
     QObject::connect(control, &Material::MaterialLibraryExpanded,

@@ -84,6 +84,7 @@ public:
     CallLog log;
     RecordingHost host{log};
     RecordingPlatform platform{log};
+    std::vector<CorvexMaterial::MaterialEdit> edits;
     std::vector<RequestedWarning> warnings;
     std::vector<QString> positionTexts;
     std::vector<QString> statusTexts;

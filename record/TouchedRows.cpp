@@ -1,0 +1,127 @@
+#include "record/TouchedRows.h"
+
+#include "record/Schema.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using enum Attribute;
+
+/// What only means something together.
+constexpr std::initializer_list<Attribute> kTogether[] = {
+    {Plugin, PluginParameters},
+    {RayTraceType, RaytracePredefinedType, RaytracePredefinedMaterial},
+    {OriginU, OriginV, ScaleU, ScaleV},
+    {RaytraceColorPattern0Red, RaytraceColorPattern0Green, RaytraceColorPattern0Blue,
+     RaytraceColorPattern0Alpha},
+    {RaytraceColorPattern1Red, RaytraceColorPattern1Green, RaytraceColorPattern1Blue,
+     RaytraceColorPattern1Alpha},
+    {RaytraceColorPattern2Red, RaytraceColorPattern2Green, RaytraceColorPattern2Blue,
+     RaytraceColorPattern2Alpha},
+    {RaytraceColorPattern3Red, RaytraceColorPattern3Green, RaytraceColorPattern3Blue,
+     RaytraceColorPattern3Alpha},
+};
+
+void AddRow(TouchedRows& rows, Attribute attribute)
+{
+    const std::size_t elements = attribute == CustomFields ? CorvexDB::kCustomFieldCount : 1;
+    for (std::size_t element = 0; element < elements; ++element) {
+        rows.push_back({attribute, element});
+    }
+}
+
+EditedValue ValueOf(const TouchedRow& row, const CorvexDB::udtMaterial& record,
+                    CorvexDB::ApplyMode mode)
+{
+    if (row.attribute == ApplyRelative) {
+        return static_cast<std::int32_t>(mode);
+    }
+    if (row.attribute == CustomFields) {
+        return record.CustomFields.at(row.element);
+    }
+    return std::visit(
+        [](auto&& value) -> EditedValue {
+            if constexpr (std::is_constructible_v<EditedValue, decltype(value)>) {
+                return value;
+            }
+            return {};  // custom fields, each a row of its own above
+        },
+        RowOf(row.attribute).path.get(record));
+}
+
+}  // namespace
+
+TouchedRows RowsOf(std::span<const Attribute> attributes)
+{
+    TouchedRows rows;
+    std::ranges::for_each(attributes, [&](Attribute attribute) { AddRow(rows, attribute); });
+    return rows;
+}
+
+TouchedRows RowsOfMaterial()
+{
+    TouchedRows rows;
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.path.LeadsIntoRecord()) {
+            AddRow(rows, row.attribute);
+        }
+    }
+    return rows;
+}
+
+TouchedRows RowsThatDiffer(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other)
+{
+    TouchedRows rows;
+    for (const AttributeRow& row : AttributeRows()) {
+        if (row.path.LeadsIntoRecord() && !row.path.same(one, other)) {
+            AddRow(rows, row.attribute);
+        }
+    }
+    return rows;
+}
+
+void PendingEdit::Touch(const TouchedRows& rows)
+{
+    m_rows.insert(m_rows.end(), rows.begin(), rows.end());
+    for (const auto& together : kTogether) {
+        const auto isIn = [&](const TouchedRow& row) {
+            return std::ranges::find(together, row.attribute) != together.end();
+        };
+        if (std::ranges::any_of(rows, isIn)) {
+            std::ranges::for_each(together,
+                                  [this](Attribute attribute) { AddRow(m_rows, attribute); });
+        }
+    }
+    std::ranges::sort(m_rows);
+    const auto repeated = std::ranges::unique(m_rows);
+    m_rows.erase(repeated.begin(), repeated.end());
+}
+
+void PendingEdit::TouchWhole(TouchedRows rows)
+{
+    m_rows = std::move(rows);
+    std::ranges::sort(m_rows);
+    m_isWhole = true;
+}
+
+void PendingEdit::Forget()
+{
+    m_rows.clear();
+    m_isWhole = false;
+}
+
+MaterialEdit PendingEdit::WithValues(const CorvexDB::udtMaterial& record,
+                                     CorvexDB::ApplyMode mode) const
+{
+    MaterialEdit edit{{}, m_isWhole};
+    for (const TouchedRow& row : m_rows) {
+        edit.rows.push_back({row.attribute, row.element, ValueOf(row, record, mode)});
+    }
+    return edit;
+}
+
+}  // namespace CorvexMaterial
