@@ -1,5 +1,6 @@
 #include "studio/import/Formats.h"
 
+#include "studio/interchange/DocumentFile.h"
 #include "studio/interchange/assimp/AssimpReader.h"
 #include "studio/interchange/gltf/GltfImport.h"
 #include "studio/interchange/gltf/GltfMaterials.h"
@@ -50,6 +51,16 @@ ImportedModel ReadForeignFile(const std::string& path)
 {
     const Format* format = FormatOf(path);
     return format == nullptr ? ReadWithAssimp(path) : format->read(path);
+}
+
+ImportedModel ReadModel(const std::string& path)
+{
+    ImportedModel model = ReadForeignFile(path);
+    const auto hasSurface = [](const ImportedMesh& mesh) { return !mesh.mesh->indices.empty(); };
+    if (model.shapes.empty() || std::ranges::none_of(model.meshes, hasSurface)) {
+        RefuseDocument(path, "the file holds no surface");
+    }
+    return model;
 }
 
 }  // namespace studio

@@ -30,5 +30,7 @@ struct Format {
 /// our own files, and for a process made for it. Errors: FileFailed naming file and reason,
 /// OutOfMemory.
 [[nodiscard]] ImportedModel ReadForeignFile(const std::string& path);
+/// The same of a file that has shapes. Errors: as above, also for one without a surface.
+[[nodiscard]] ImportedModel ReadModel(const std::string& path);
 
 }  // namespace studio

@@ -5,7 +5,6 @@
 #include "studio/import/Formats.h"
 #include "studio/import/ModelPacking.h"
 
-#include <algorithm>
 #include <csignal>
 #include <iostream>
 #include <span>
@@ -52,15 +51,12 @@ int EndWith(ImportExit code, const char* reason)
 
 QByteArray AnswerOf(const std::string& path, Wanted wanted)
 {
-    ImportedModel model = ReadForeignFile(path);
-    const auto hasSurface = [](const ImportedMesh& mesh) { return !mesh.mesh->indices.empty(); };
-    if (wanted == Wanted::Materials) {
-        model.meshes.clear();
-        model.shapes.clear();
-    } else if (model.shapes.empty() || std::ranges::none_of(model.meshes, hasSurface)) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    path + ": the file holds no surface");
+    if (wanted == Wanted::Model) {
+        return PackModel(ReadModel(path));
     }
+    ImportedModel model = ReadForeignFile(path);
+    model.meshes.clear();
+    model.shapes.clear();
     return PackModel(model);
 }
 

@@ -2,7 +2,7 @@
 
 #include "host/Status.h"
 #include "record/Schema.h"
-#include "studio/interchange/assimp/AssimpReader.h"
+#include "studio/scene/MeshFile.h"
 #include "studio/scene/MeshShading.h"
 
 #include <filesystem>

@@ -13,7 +13,4 @@ namespace studio {
 /// one for what names none. Errors: as above.
 [[nodiscard]] ImportedModel WithAssimpShapes(const std::string& path, ImportedModel model);
 
-/// Every shape of the file as one mesh in world coordinates. Errors: as above.
-[[nodiscard]] std::shared_ptr<const Mesh> ReadMeshFile(const std::string& path);
-
 }  // namespace studio
