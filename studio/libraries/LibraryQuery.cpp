@@ -10,6 +10,8 @@
 namespace studio {
 namespace {
 
+using CorvexMaterial::AttributeKind;
+
 // Seen side by side, one would still call them by the same name.
 constexpr double kNearColours = 30.0;
 
@@ -62,10 +64,19 @@ void NeedOperator(const QueryWord& word, std::string_view allowed, const std::st
     }
 }
 
-template <NumberProperty Property>
-QueryTest NumberOf(const QueryWord& word)
+QueryTest NumberOf(NumberProperty property, const QueryWord& word)
 {
-    return NumberTest{Property, ComparisonIn(word), NumberIn(word)};
+    return NumberTest{property, ComparisonIn(word), NumberIn(word)};
+}
+
+QueryTest WidthOf(const QueryWord& word)
+{
+    return NumberOf(NumberProperty::Width, word);
+}
+
+QueryTest HeightOf(const QueryWord& word)
+{
+    return NumberOf(NumberProperty::Height, word);
 }
 
 std::optional<CorvexMaterial::Colour> HexColour(std::string_view text)
@@ -135,9 +146,13 @@ QueryTest HasOf(const QueryWord& word)
 {
     NeedOperator(word, ":", "has:bump");
     const std::string what = Folded(word.value);
-    const auto layer = std::ranges::find(kSearchLayers, what);
-    if (layer != kSearchLayers.end()) {
-        return MaskTest{NumberProperty::Layers, std::int64_t{1} << (layer - kSearchLayers.begin())};
+    auto layer = std::ranges::find(kSearchLayers, what) - kSearchLayers.begin();
+    if (const auto* row = CorvexMaterial::FindAttribute(what); row != nullptr) {
+        const auto& files = CorvexMaterial::kTextureFiles;
+        layer = std::ranges::find(files, row->attribute) - files.begin();
+    }
+    if (layer < static_cast<std::ptrdiff_t>(kSearchLayers.size())) {
+        return MaskTest{NumberProperty::Layers, std::int64_t{1} << layer};
     }
     if (what == "plugin") {
         return PresenceTest{TextProperty::Plugin};
@@ -153,12 +168,22 @@ QueryTest HasOf(const QueryWord& word)
         "thumbnail.");
 }
 
+const SearchColumn<NumberProperty>* ColumnOf(CorvexMaterial::Attribute attribute)
+{
+    const auto column =
+        std::ranges::find(kNumberColumns, attribute, &SearchColumn<NumberProperty>::attribute);
+    return column == kNumberColumns.end() ? nullptr : &*column;
+}
+
 QueryTest IsOf(const QueryWord& word)
 {
     NeedOperator(word, ":", "is:doublesided");
     const std::string what = Folded(word.value);
-    if (what == "doublesided") {
-        return MaskTest{NumberProperty::DoubleSided, 1};
+    if (const auto* row = CorvexMaterial::FindAttribute(what);
+        row != nullptr && row->kind == AttributeKind::Flag) {
+        if (const auto* column = ColumnOf(row->attribute); column != nullptr) {
+            return MaskTest{column->property, 1};
+        }
     }
     if (what == "raytraced") {
         return MaskTest{NumberProperty::Raytraced, 1};
@@ -172,28 +197,24 @@ struct KeyRow {
 };
 
 constexpr std::array kKeys{
-    KeyRow{"name", NameOf},
-    KeyRow{"color", ColourOf},
-    KeyRow{"colour", ColourOf},
-    KeyRow{"ambient", NumberOf<NumberProperty::Ambient>},
-    KeyRow{"emissive", NumberOf<NumberProperty::Emissive>},
-    KeyRow{"specular", NumberOf<NumberProperty::Specular>},
-    KeyRow{"transparency", NumberOf<NumberProperty::Transparency>},
-    KeyRow{"alphatest", NumberOf<NumberProperty::AlphaTest>},
-    KeyRow{"width", NumberOf<NumberProperty::Width>},
-    KeyRow{"height", NumberOf<NumberProperty::Height>},
-    KeyRow{"has", HasOf},
-    KeyRow{"is", IsOf},
-    KeyRow{"plugin", PluginOf},
-    KeyRow{"file", FileOf},
-    KeyRow{"field", FieldOf},
+    KeyRow{"name", NameOf}, KeyRow{"width", WidthOf}, KeyRow{"height", HeightOf},
+    KeyRow{"has", HasOf},   KeyRow{"is", IsOf},       KeyRow{"plugin", PluginOf},
+    KeyRow{"file", FileOf}, KeyRow{"field", FieldOf},
 };
 
 std::string KnownKeys()
 {
     std::string keys;
+    const auto add = [&keys](std::string_view key) {
+        keys.append(keys.empty() ? "" : ", ").append(key);
+    };
+    for (const auto& column : kNumberColumns) {
+        if (column.attribute && RowOf(*column.attribute).kind != AttributeKind::Flag) {
+            add(column.name);
+        }
+    }
     for (const KeyRow& row : kKeys) {
-        keys += (keys.empty() ? "" : ", ") + std::string(row.key);
+        add(row.key);
     }
     return keys;
 }
@@ -202,6 +223,15 @@ QueryTest TestOf(const QueryWord& word)
 {
     if (word.key.empty()) {
         return NameTest{Folded(word.value)};
+    }
+    if (const auto* row = CorvexMaterial::FindAttribute(word.key); row != nullptr) {
+        const auto* column = ColumnOf(row->attribute);
+        if (column != nullptr && row->kind == AttributeKind::PackedColour) {
+            return ColourOf(word);
+        }
+        if (column != nullptr && row->kind != AttributeKind::Flag) {
+            return NumberOf(column->property, word);
+        }
     }
     const auto row = std::ranges::find(kKeys, word.key, &KeyRow::key);
     if (row == kKeys.end()) {
