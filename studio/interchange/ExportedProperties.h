@@ -1,79 +1,75 @@
 #pragma once
 
+#include "record/Schema.h"
 #include "studio/interchange/Report.h"
 #include "studio/libraries/MaterialText.h"
 
+#include <algorithm>
 #include <array>
-#include <cstddef>
 #include <optional>
-#include <span>
 
 namespace studio {
 
-/// What a material consists of, as a report on its export lists it.
-enum class Property : std::uint8_t {
-    Colour,
-    Ambient,
-    Emissive,
-    Specular,
-    Transparency,
-    DoubleSided,
-    AlphaTest,
-    PrimaryTexture,
-    AlphaChannel,
-    OverlayTexture,
-    AlphaMap,
-    BumpMap,
-    SpecularMap,
-    EnvironmentMap,
-    Placement,
-    Wrap,
-    Roughness,
-    Metallic,
-    Reflection,
-    Brilliance,
-    Iridescence,
-    NormalPattern,
-    ColourPattern,
-    Predefined,
-    Plugin,
-    CustomFields,
-};
-inline constexpr std::size_t kPropertyCount = 26;
+using CorvexMaterial::Attribute;
 
-/// How a format takes a property, unless the writer knows better for a certain material.
+/// What a report on an export lists of a material; where several attributes are one thing to a
+/// format, the one that stands for them.
+inline constexpr std::array kReported{Attribute::Color,
+                                      Attribute::Ambient,
+                                      Attribute::Emissive,
+                                      Attribute::Specular,
+                                      Attribute::Transparency,
+                                      Attribute::DoubleSided,
+                                      Attribute::AlphaTest,
+                                      Attribute::Texture,
+                                      Attribute::TextureAlphaChannelUse,
+                                      Attribute::TextureOverlay,
+                                      Attribute::TextureAlpha,
+                                      Attribute::TextureBumpmap,
+                                      Attribute::TextureSpecularMap,
+                                      Attribute::TextureEnvironmentMap,
+                                      Attribute::OriginU,
+                                      Attribute::WrapType,
+                                      Attribute::RayTraceRoughness,
+                                      Attribute::RayTraceMetallic,
+                                      Attribute::RayTraceReflection,
+                                      Attribute::RayTraceBrilliance,
+                                      Attribute::RayTraceIridescenceFactor,
+                                      Attribute::RayTraceNormalPattern,
+                                      Attribute::RaytraceColorPattern,
+                                      Attribute::RaytracePredefinedMaterial,
+                                      Attribute::Plugin,
+                                      Attribute::CustomFields};
+
+/// How a format takes an attribute, unless the writer knows better for a certain material.
 struct FormatRow {
-    Property property;
+    Attribute attribute;
     Outcome outcome;
     const char* term;  ///< what the format calls it, empty where it has nothing
     const char* note;  ///< marked with QT_TRANSLATE_NOOP("Interchange", ...)
 };
-/// One row per property, in their order.
-using FormatTable = std::array<FormatRow, kPropertyCount>;
+/// One row per reported attribute, in their order.
+using FormatTable = std::array<FormatRow, kReported.size()>;
 
-[[nodiscard]] constexpr bool FollowsProperties(const FormatTable& table)
+[[nodiscard]] constexpr bool FollowsReported(const FormatTable& table)
 {
-    for (std::size_t row = 0; row < table.size(); ++row) {
-        if (table[row].property != static_cast<Property>(row)) {
-            return false;
-        }
-    }
-    return true;
+    return std::ranges::equal(table, kReported, {}, &FormatRow::attribute);
 }
 
-/// Collects what becomes of one material and reports every property that the material makes use of.
+/// Collects what becomes of one material and reports every attribute that the material makes use
+/// of.
 class ExportNotes {
 public:
     ExportNotes(const NamedMaterial& named, const FormatTable& table);
 
     /// In place of the table's row.
-    void Say(Property property, Outcome outcome, const char* note);
+    void Say(Attribute attribute, Outcome outcome, const char* note);
     void AddTo(Report& report) const;
 
 private:
     const NamedMaterial& m_named;
     const FormatTable& m_table;
-    std::array<std::optional<FormatRow>, kPropertyCount> m_said{};
+    std::array<std::optional<FormatRow>, kReported.size()> m_said{};
 };
 
 }  // namespace studio

@@ -25,48 +25,48 @@ constexpr const char* kGltfNoImage =
     QT_TRANSLATE_NOOP("Interchange", "the format has no such image");
 
 constexpr FormatTable kGltfTable{{
-    {Property::Colour, Outcome::Mapped, "baseColorFactor", ""},
-    {Property::Ambient, Outcome::Dropped, "",
+    {Attribute::Color, Outcome::Mapped, "baseColorFactor", ""},
+    {Attribute::Ambient, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "light from all around is the scene's, not a material's")},
-    {Property::Emissive, Outcome::Mapped, "emissiveFactor", ""},
-    {Property::Specular, Outcome::Approximated, "roughnessFactor",
+    {Attribute::Emissive, Outcome::Mapped, "emissiveFactor", ""},
+    {Attribute::Specular, Outcome::Approximated, "roughnessFactor",
      QT_TRANSLATE_NOOP("Interchange", "as smoothness: shine and its width are one amount there")},
-    {Property::Transparency, Outcome::Approximated, "alpha of baseColorFactor, alphaMode BLEND",
+    {Attribute::Transparency, Outcome::Approximated, "alpha of baseColorFactor, alphaMode BLEND",
      QT_TRANSLATE_NOOP("Interchange", "highlights fade with the surface")},
-    {Property::DoubleSided, Outcome::Mapped, "doubleSided", ""},
-    {Property::AlphaTest, Outcome::Dropped, "alphaMode MASK, alphaCutoff",
+    {Attribute::DoubleSided, Outcome::Mapped, "doubleSided", ""},
+    {Attribute::AlphaTest, Outcome::Dropped, "alphaMode MASK, alphaCutoff",
      QT_TRANSLATE_NOOP("Interchange", "the format only knows \"greater or equal\", and only for "
                                       "what is not transparent")},
-    {Property::PrimaryTexture, Outcome::Mapped, "baseColorTexture", ""},
-    {Property::AlphaChannel, Outcome::Dropped, "",
+    {Attribute::Texture, Outcome::Mapped, "baseColorTexture", ""},
+    {Attribute::TextureAlphaChannelUse, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "an alpha channel always means coverage there")},
-    {Property::OverlayTexture, Outcome::Dropped, "", kGltfNoImage},
-    {Property::AlphaMap, Outcome::Dropped, "",
+    {Attribute::TextureOverlay, Outcome::Dropped, "", kGltfNoImage},
+    {Attribute::TextureAlpha, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "coverage has to be in the primary texture's alpha channel")},
-    {Property::BumpMap, Outcome::Dropped, "",
+    {Attribute::TextureBumpmap, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format takes images of directions, not of heights")},
-    {Property::SpecularMap, Outcome::Dropped, "", kGltfNoImage},
-    {Property::EnvironmentMap, Outcome::Dropped, "",
+    {Attribute::TextureSpecularMap, Outcome::Dropped, "", kGltfNoImage},
+    {Attribute::TextureEnvironmentMap, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "what is mirrored is the scene's, not a material's")},
-    {Property::Placement, Outcome::Mapped, "KHR_texture_transform", ""},
-    {Property::Wrap, Outcome::Dropped, "",
+    {Attribute::OriginU, Outcome::Mapped, "KHR_texture_transform", ""},
+    {Attribute::WrapType, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "where an image lies is up to the model's coordinates")},
-    {Property::Roughness, Outcome::Dropped, "",
+    {Attribute::RayTraceRoughness, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "shine and its width are one amount there")},
-    {Property::Metallic, Outcome::Mapped, "metallicFactor", ""},
-    {Property::Reflection, Outcome::Approximated, "KHR_materials_clearcoat",
+    {Attribute::RayTraceMetallic, Outcome::Mapped, "metallicFactor", ""},
+    {Attribute::RayTraceReflection, Outcome::Approximated, "KHR_materials_clearcoat",
      QT_TRANSLATE_NOOP("Interchange", "as a clear coat")},
-    {Property::Brilliance, Outcome::Dropped, "", kGltfOnlyRaytracer},
-    {Property::Iridescence, Outcome::Dropped, "", kGltfOnlyRaytracer},
-    {Property::NormalPattern, Outcome::Dropped, "", kGltfOnlyRaytracer},
-    {Property::ColourPattern, Outcome::Dropped, "", kGltfOnlyRaytracer},
-    {Property::Predefined, Outcome::Dropped, "", kGltfOnlyRaytracer},
-    {Property::Plugin, Outcome::Dropped, "",
+    {Attribute::RayTraceBrilliance, Outcome::Dropped, "", kGltfOnlyRaytracer},
+    {Attribute::RayTraceIridescenceFactor, Outcome::Dropped, "", kGltfOnlyRaytracer},
+    {Attribute::RayTraceNormalPattern, Outcome::Dropped, "", kGltfOnlyRaytracer},
+    {Attribute::RaytraceColorPattern, Outcome::Dropped, "", kGltfOnlyRaytracer},
+    {Attribute::RaytracePredefinedMaterial, Outcome::Dropped, "", kGltfOnlyRaytracer},
+    {Attribute::Plugin, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "other programs do not have the plug-in")},
-    {Property::CustomFields, Outcome::Dropped, "",
+    {Attribute::CustomFields, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no place for them")},
 }};
-static_assert(FollowsProperties(kGltfTable));
+static_assert(FollowsReported(kGltfTable));
 
 constexpr const char* kTransform = "KHR_texture_transform";
 constexpr const char* kClearCoat = "KHR_materials_clearcoat";
@@ -142,12 +142,12 @@ void PutAlpha(const udtMaterial& material, QJsonObject& object, GltfImages& imag
     if (const auto cutoff = CutoffOf(material)) {
         object["alphaMode"] = "MASK";
         object["alphaCutoff"] = double{*cutoff};
-        notes.Say(Property::AlphaTest, Outcome::Mapped, "");
+        notes.Say(Attribute::AlphaTest, Outcome::Mapped, "");
     } else if (material.Transparency > 0 || imageCovers) {
         object["alphaMode"] = "BLEND";
     }
     if (imageCovers) {
-        notes.Say(Property::AlphaChannel, Outcome::Mapped, "");
+        notes.Say(Attribute::TextureAlphaChannelUse, Outcome::Mapped, "");
     }
 }
 
@@ -177,7 +177,7 @@ void PutGlow(const udtMaterial& material, QJsonObject& object, GltfImages& image
         object["emissiveTexture"] = TextureInfo(material, images);
     }
     if (Strongest(surface) <= 0.0F) {
-        notes.Say(Property::Emissive, Outcome::Dropped,
+        notes.Say(Attribute::Emissive, Outcome::Dropped,
                   QT_TRANSLATE_NOOP("Interchange", "a black surface gives off nothing"));
     }
 }

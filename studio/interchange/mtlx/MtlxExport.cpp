@@ -18,44 +18,44 @@ constexpr const char* kMtlxOnlyRaytracer =
     QT_TRANSLATE_NOOP("Interchange", "only a raytracer knows it");
 
 constexpr FormatTable kMtlxTable{{
-    {Property::Colour, Outcome::Mapped, "base_color, base 1", ""},
-    {Property::Ambient, Outcome::Dropped, "",
+    {Attribute::Color, Outcome::Mapped, "base_color, base 1", ""},
+    {Attribute::Ambient, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "light from all around is the scene's, not a material's")},
-    {Property::Emissive, Outcome::Mapped, "emission, emission_color", ""},
-    {Property::Specular, Outcome::Mapped, "specular", ""},
-    {Property::Transparency, Outcome::Mapped, "transmission, thin_walled", ""},
-    {Property::DoubleSided, Outcome::Dropped, "",
+    {Attribute::Emissive, Outcome::Mapped, "emission, emission_color", ""},
+    {Attribute::Specular, Outcome::Mapped, "specular", ""},
+    {Attribute::Transparency, Outcome::Mapped, "transmission, thin_walled", ""},
+    {Attribute::DoubleSided, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format does not tell sides")},
-    {Property::AlphaTest, Outcome::Dropped, "",
+    {Attribute::AlphaTest, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no alpha test")},
-    {Property::PrimaryTexture, Outcome::Mapped, "image, multiply into base_color", ""},
-    {Property::AlphaChannel, Outcome::Dropped, "extract into opacity",
+    {Attribute::Texture, Outcome::Mapped, "image, multiply into base_color", ""},
+    {Attribute::TextureAlphaChannelUse, Outcome::Dropped, "extract into opacity",
      QT_TRANSLATE_NOOP("Interchange", "only coverage is written")},
-    {Property::OverlayTexture, Outcome::Approximated, "image, mix into base_color",
+    {Attribute::TextureOverlay, Outcome::Approximated, "image, mix into base_color",
      QT_TRANSLATE_NOOP("Interchange", "its alpha channel does not count")},
-    {Property::AlphaMap, Outcome::Mapped, "image into opacity", ""},
-    {Property::BumpMap, Outcome::Mapped, "image, bump into normal", ""},
-    {Property::SpecularMap, Outcome::Mapped, "image, multiply into specular", ""},
-    {Property::EnvironmentMap, Outcome::Dropped, "",
+    {Attribute::TextureAlpha, Outcome::Mapped, "image into opacity", ""},
+    {Attribute::TextureBumpmap, Outcome::Mapped, "image, bump into normal", ""},
+    {Attribute::TextureSpecularMap, Outcome::Mapped, "image, multiply into specular", ""},
+    {Attribute::TextureEnvironmentMap, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "what is mirrored is the scene's, not a material's")},
-    {Property::Placement, Outcome::Mapped, "tiledimage: uvtiling, uvoffset", ""},
-    {Property::Wrap, Outcome::Dropped, "",
+    {Attribute::OriginU, Outcome::Mapped, "tiledimage: uvtiling, uvoffset", ""},
+    {Attribute::WrapType, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "where an image lies is up to the model's coordinates")},
-    {Property::Roughness, Outcome::Mapped, "specular_roughness", ""},
-    {Property::Metallic, Outcome::Mapped, "metalness", ""},
-    {Property::Reflection, Outcome::Approximated, "coat",
+    {Attribute::RayTraceRoughness, Outcome::Mapped, "specular_roughness", ""},
+    {Attribute::RayTraceMetallic, Outcome::Mapped, "metalness", ""},
+    {Attribute::RayTraceReflection, Outcome::Approximated, "coat",
      QT_TRANSLATE_NOOP("Interchange", "as a clear coat")},
-    {Property::Brilliance, Outcome::Dropped, "", kMtlxOnlyRaytracer},
-    {Property::Iridescence, Outcome::Dropped, "", kMtlxOnlyRaytracer},
-    {Property::NormalPattern, Outcome::Dropped, "", kMtlxOnlyRaytracer},
-    {Property::ColourPattern, Outcome::Dropped, "", kMtlxOnlyRaytracer},
-    {Property::Predefined, Outcome::Dropped, "", kMtlxOnlyRaytracer},
-    {Property::Plugin, Outcome::Dropped, "",
+    {Attribute::RayTraceBrilliance, Outcome::Dropped, "", kMtlxOnlyRaytracer},
+    {Attribute::RayTraceIridescenceFactor, Outcome::Dropped, "", kMtlxOnlyRaytracer},
+    {Attribute::RayTraceNormalPattern, Outcome::Dropped, "", kMtlxOnlyRaytracer},
+    {Attribute::RaytraceColorPattern, Outcome::Dropped, "", kMtlxOnlyRaytracer},
+    {Attribute::RaytracePredefinedMaterial, Outcome::Dropped, "", kMtlxOnlyRaytracer},
+    {Attribute::Plugin, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "other programs do not have the plug-in")},
-    {Property::CustomFields, Outcome::Dropped, "",
+    {Attribute::CustomFields, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no place for them")},
 }};
-static_assert(FollowsProperties(kMtlxTable));
+static_assert(FollowsReported(kMtlxTable));
 
 /// Letters, digits and underscores, as the format wants names.
 std::string IdentifierOf(const std::string& name)
@@ -159,10 +159,10 @@ private:
 void NoteSpecialCases(const udtMaterial& material, MtlxCoverage coverage, ExportNotes& notes)
 {
     if (coverage == MtlxCoverage::PrimaryImage) {
-        notes.Say(Property::AlphaChannel, Outcome::Mapped, "");
+        notes.Say(Attribute::TextureAlphaChannelUse, Outcome::Mapped, "");
     }
     if (material.Emissive > 0 && Strongest(LightOf(material.Color)) <= 0.0F) {
-        notes.Say(Property::Emissive, Outcome::Dropped,
+        notes.Say(Attribute::Emissive, Outcome::Dropped,
                   QT_TRANSLATE_NOOP("Interchange", "a black surface gives off nothing"));
     }
 }

@@ -16,44 +16,44 @@ constexpr const char* kMtlOnlyRaytracer =
     QT_TRANSLATE_NOOP("Interchange", "only a raytracer knows it");
 
 constexpr FormatTable kMtlTable{{
-    {Property::Colour, Outcome::Mapped, "Kd", ""},
-    {Property::Ambient, Outcome::Mapped, "Ka", ""},
-    {Property::Emissive, Outcome::Mapped, "Ke", ""},
-    {Property::Specular, Outcome::Mapped, "Ks, illum", ""},
-    {Property::Transparency, Outcome::Mapped, "d", ""},
-    {Property::DoubleSided, Outcome::Dropped, "",
+    {Attribute::Color, Outcome::Mapped, "Kd", ""},
+    {Attribute::Ambient, Outcome::Mapped, "Ka", ""},
+    {Attribute::Emissive, Outcome::Mapped, "Ke", ""},
+    {Attribute::Specular, Outcome::Mapped, "Ks, illum", ""},
+    {Attribute::Transparency, Outcome::Mapped, "d", ""},
+    {Attribute::DoubleSided, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format does not tell sides")},
-    {Property::AlphaTest, Outcome::Dropped, "",
+    {Attribute::AlphaTest, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no alpha test")},
-    {Property::PrimaryTexture, Outcome::Mapped, "map_Kd", ""},
-    {Property::AlphaChannel, Outcome::Dropped, "map_d, bump or map_Ks with -imfchan m",
+    {Attribute::Texture, Outcome::Mapped, "map_Kd", ""},
+    {Attribute::TextureAlphaChannelUse, Outcome::Dropped, "map_d, bump or map_Ks with -imfchan m",
      QT_TRANSLATE_NOOP("Interchange", "the format cannot say this of an alpha channel")},
-    {Property::OverlayTexture, Outcome::Approximated, "decal",
+    {Attribute::TextureOverlay, Outcome::Approximated, "decal",
      QT_TRANSLATE_NOOP("Interchange", "as a decal, which covers what is below it")},
-    {Property::AlphaMap, Outcome::Mapped, "map_d", ""},
-    {Property::BumpMap, Outcome::Mapped, "bump", ""},
-    {Property::SpecularMap, Outcome::Mapped, "map_Ks", ""},
-    {Property::EnvironmentMap, Outcome::Approximated, "refl",
+    {Attribute::TextureAlpha, Outcome::Mapped, "map_d", ""},
+    {Attribute::TextureBumpmap, Outcome::Mapped, "bump", ""},
+    {Attribute::TextureSpecularMap, Outcome::Mapped, "map_Ks", ""},
+    {Attribute::TextureEnvironmentMap, Outcome::Approximated, "refl",
      QT_TRANSLATE_NOOP("Interchange", "programs differ in how they lay the picture around")},
-    {Property::Placement, Outcome::Mapped, "-o, -s", ""},
-    {Property::Wrap, Outcome::Dropped, "",
+    {Attribute::OriginU, Outcome::Mapped, "-o, -s", ""},
+    {Attribute::WrapType, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "where an image lies is up to the model's coordinates")},
-    {Property::Roughness, Outcome::Mapped, "Ns", ""},
-    {Property::Metallic, Outcome::Approximated, "Pm",
+    {Attribute::RayTraceRoughness, Outcome::Mapped, "Ns", ""},
+    {Attribute::RayTraceMetallic, Outcome::Approximated, "Pm",
      QT_TRANSLATE_NOOP("Interchange", "an addition that not every program reads")},
-    {Property::Reflection, Outcome::Approximated, "Pc",
+    {Attribute::RayTraceReflection, Outcome::Approximated, "Pc",
      QT_TRANSLATE_NOOP("Interchange", "as a clear coat, an addition that not every program reads")},
-    {Property::Brilliance, Outcome::Dropped, "", kMtlOnlyRaytracer},
-    {Property::Iridescence, Outcome::Dropped, "", kMtlOnlyRaytracer},
-    {Property::NormalPattern, Outcome::Dropped, "", kMtlOnlyRaytracer},
-    {Property::ColourPattern, Outcome::Dropped, "", kMtlOnlyRaytracer},
-    {Property::Predefined, Outcome::Dropped, "", kMtlOnlyRaytracer},
-    {Property::Plugin, Outcome::Dropped, "",
+    {Attribute::RayTraceBrilliance, Outcome::Dropped, "", kMtlOnlyRaytracer},
+    {Attribute::RayTraceIridescenceFactor, Outcome::Dropped, "", kMtlOnlyRaytracer},
+    {Attribute::RayTraceNormalPattern, Outcome::Dropped, "", kMtlOnlyRaytracer},
+    {Attribute::RaytraceColorPattern, Outcome::Dropped, "", kMtlOnlyRaytracer},
+    {Attribute::RaytracePredefinedMaterial, Outcome::Dropped, "", kMtlOnlyRaytracer},
+    {Attribute::Plugin, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "other programs do not have the plug-in")},
-    {Property::CustomFields, Outcome::Dropped, "",
+    {Attribute::CustomFields, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no place for them")},
 }};
-static_assert(FollowsProperties(kMtlTable));
+static_assert(FollowsReported(kMtlTable));
 
 enum AlphaUse : std::int32_t { AlphaCovers = 0, AlphaBumps = 2, AlphaShines = 3 };
 
@@ -112,11 +112,11 @@ private:
         if (Strongest(colour) <= 0.0F) {
             const char* note =
                 QT_TRANSLATE_NOOP("Interchange", "a black surface gives off nothing");
-            m_notes.Say(Property::Ambient, Outcome::Dropped, note);
-            m_notes.Say(Property::Emissive, Outcome::Dropped, note);
+            m_notes.Say(Attribute::Ambient, Outcome::Dropped, note);
+            m_notes.Say(Attribute::Emissive, Outcome::Dropped, note);
         }
         if (Strongest(colour) <= 0.0F && !m_material.Textures.primary.empty()) {
-            m_notes.Say(Property::Colour, Outcome::Approximated,
+            m_notes.Say(Attribute::Color, Outcome::Approximated,
                         QT_TRANSLATE_NOOP("Interchange", "many programs take black for white "
                                                          "where there is an image"));
         }
@@ -138,7 +138,7 @@ private:
     }
 
     /// A name that the format cannot hold is left out, and said so.
-    void Image(Property property, const std::string& keyword, const std::string& file,
+    void Image(Attribute property, const std::string& keyword, const std::string& file,
                const std::string& options)
     {
         if (file.empty()) {
@@ -159,15 +159,15 @@ private:
     void WriteImages()
     {
         const auto& textures = m_material.Textures;
-        Image(Property::PrimaryTexture, "map_Kd", textures.primary, m_options);
+        Image(Attribute::Texture, "map_Kd", textures.primary, m_options);
         if (m_material.Ambient > 0) {
-            Image(Property::PrimaryTexture, "map_Ka", textures.primary, m_options);
+            Image(Attribute::Texture, "map_Ka", textures.primary, m_options);
         }
         if (m_material.Emissive > 0) {
-            Image(Property::PrimaryTexture, "map_Ke", textures.primary, m_options);
+            Image(Attribute::Texture, "map_Ke", textures.primary, m_options);
         }
-        Image(Property::OverlayTexture, "decal", textures.overlay, m_options);
-        Image(Property::EnvironmentMap, "refl", textures.environment, "-type sphere ");
+        Image(Attribute::TextureOverlay, "decal", textures.overlay, m_options);
+        Image(Attribute::TextureEnvironmentMap, "refl", textures.environment, "-type sphere ");
     }
 
     [[nodiscard]] bool AlphaIs(AlphaUse use)
@@ -178,19 +178,19 @@ private:
 
     void AlphaImage(const std::string& keyword)
     {
-        Image(Property::AlphaChannel, keyword, m_material.Textures.primary,
+        Image(Attribute::TextureAlphaChannelUse, keyword, m_material.Textures.primary,
               m_options + "-imfchan m ");
-        m_notes.Say(Property::AlphaChannel, Outcome::Mapped, "");
+        m_notes.Say(Attribute::TextureAlphaChannelUse, Outcome::Mapped, "");
     }
 
     void WriteAlpha()
     {
         const auto& textures = m_material.Textures;
-        Image(Property::AlphaMap, "map_d", textures.alpha, m_options);
+        Image(Attribute::TextureAlpha, "map_d", textures.alpha, m_options);
         if (textures.alpha.empty() && AlphaIs(AlphaCovers)) {
             AlphaImage("map_d");
         }
-        Image(Property::SpecularMap, "map_Ks", textures.specular, m_options);
+        Image(Attribute::TextureSpecularMap, "map_Ks", textures.specular, m_options);
         if (textures.specular.empty() && AlphaIs(AlphaShines)) {
             AlphaImage("map_Ks");
         }
@@ -199,7 +199,7 @@ private:
     void WriteRelief()
     {
         const auto& textures = m_material.Textures;
-        Image(Property::BumpMap, "bump", textures.bump, m_options);
+        Image(Attribute::TextureBumpmap, "bump", textures.bump, m_options);
         if (textures.bump.empty() && AlphaIs(AlphaBumps)) {
             AlphaImage("bump");
         }
