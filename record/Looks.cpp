@@ -90,4 +90,24 @@ const PovRayPattern* FindNormalPattern(std::int32_t position)
     return PatternAt(NormalPatternLooks(), position);
 }
 
+Rgb LightOf(const CorvexDB::PatternColour& colour)
+{
+    return {LinearFromEncoded(CutToUnit(colour.red)), LinearFromEncoded(CutToUnit(colour.green)),
+            LinearFromEncoded(CutToUnit(colour.blue))};
+}
+
+Rgb MeanPatternLight(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)
+{
+    const PovRayPattern* pattern = FindColourPattern(attributes.ColorPattern);
+    if (pattern == nullptr) {
+        return {1.0F, 1.0F, 1.0F};
+    }
+    const std::size_t count = pattern->blocks ? 2 : attributes.ColorPatternColor.size();
+    Rgb sum;
+    for (std::size_t i = 0; i < count; ++i) {
+        sum = sum + LightOf(attributes.ColorPatternColor[i]);
+    }
+    return sum * (1.0F / static_cast<float>(count));
+}
+
 }  // namespace CorvexMaterial

@@ -4,6 +4,7 @@
 // patterns. Each is one row, which everything about it stands in. A material stores positions in
 // these lists, so their orders are binding.
 
+#include "host/Colour.h"
 #include "host/RaytraceAttributes.h"
 #include "record/Vector.h"
 
@@ -124,5 +125,10 @@ PredefinedLookOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 /// Null for "None" and for a position outside the list.
 [[nodiscard]] const PovRayPattern* FindColourPattern(std::int32_t position);
 [[nodiscard]] const PovRayPattern* FindNormalPattern(std::int32_t position);
+
+/// One colour of a pattern.
+[[nodiscard]] Rgb LightOf(const CorvexDB::PatternColour& colour);
+/// The mean of those that the colour pattern uses; white without one.
+[[nodiscard]] Rgb MeanPatternLight(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 
 }  // namespace CorvexMaterial

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cmath>
+#include <cstddef>
 
 namespace CorvexMaterial {
 
@@ -10,24 +10,21 @@ struct Vector3 {
     Number x{};
     Number y{};
     Number z{};
-};
 
-template <typename Number>
-[[nodiscard]] constexpr Vector3<Number> operator+(Vector3<Number> a, Vector3<Number> b)
-{
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
+    [[nodiscard]] constexpr Number& operator[](std::size_t axis)
+    {
+        return axis == 0 ? x : axis == 1 ? y : z;
+    }
+    [[nodiscard]] constexpr const Number& operator[](std::size_t axis) const
+    {
+        return axis == 0 ? x : axis == 1 ? y : z;
+    }
+};
 
 template <typename Number>
 [[nodiscard]] constexpr Vector3<Number> operator-(Vector3<Number> a, Vector3<Number> b)
 {
     return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-
-template <typename Number>
-[[nodiscard]] constexpr Vector3<Number> operator*(Vector3<Number> a, Number factor)
-{
-    return {a.x * factor, a.y * factor, a.z * factor};
 }
 
 template <typename Number>
@@ -40,12 +37,6 @@ template <typename Number>
 [[nodiscard]] constexpr Vector3<Number> Cross(Vector3<Number> a, Vector3<Number> b)
 {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-template <typename Number>
-[[nodiscard]] Number Length(Vector3<Number> a)
-{
-    return std::sqrt(Dot(a, a));
 }
 
 }  // namespace CorvexMaterial

@@ -5,21 +5,11 @@
 namespace media {
 namespace {
 
-int Modulo(int value, int period)
-{
-    // Most cells need no division, which would take more time than all else.
-    if (value >= 0 && value < period) {
-        return value;
-    }
-    const int rest = value % period;
-    return rest < 0 ? rest + period : rest;
-}
-
 /// Each pattern begins elsewhere. Noise is steepest at the corners of its cells; without this, all
 /// octaves of all patterns would have theirs on the tile's border.
 Point Begun(Point p, Seed seed)
 {
-    return {p.u + patterns::Lattice(0, 0, seed), p.v + patterns::Lattice(1, 0, seed)};
+    return {p.u + noise::Lattice(0, 0, seed), p.v + noise::Lattice(1, 0, seed)};
 }
 
 float Dot(Point a, Point b)
@@ -36,7 +26,8 @@ struct Neighbours {
 
 std::array<int, 3> ThreeFrom(int first, int period)
 {
-    return {Modulo(first, period), Modulo(first + 1, period), Modulo(first + 2, period)};
+    return {noise::Wrapped(first, period), noise::Wrapped(first + 1, period),
+            noise::Wrapped(first + 2, period)};
 }
 
 // Points keep away from the borders of their cells, so that the eight cells around are enough.
@@ -51,7 +42,7 @@ Neighbours NeighboursOf(Point p, Grid grid, Seed seed)
     for (std::size_t i = 0; i < around.points.size(); ++i) {
         const auto place = [&](Seed salt) {
             const float random =
-                patterns::Lattice(around.columns[i % 3], around.rows[i / 3], seed + salt);
+                noise::Lattice(around.columns[i % 3], around.rows[i / 3], seed + salt);
             return 0.5F + kFreedom * (random - 0.5F);
         };
         around.points[i] = {static_cast<float>(left + static_cast<int>(i % 3)) + place(0) - x,
@@ -65,8 +56,8 @@ Neighbours NeighboursOf(Point p, Grid grid, Seed seed)
 float Noise(Point p, Grid grid, Seed seed)
 {
     p = Begun(p, seed);
-    return patterns::Noise(p.u * static_cast<float>(grid.across),
-                           p.v * static_cast<float>(grid.down), {grid.across, grid.down}, seed);
+    return noise::Noise(p.u * static_cast<float>(grid.across), p.v * static_cast<float>(grid.down),
+                        {grid.across, grid.down}, seed);
 }
 
 float Fractal(Point p, Grid grid, int octaves, Seed seed)
@@ -114,14 +105,14 @@ Cell Cells(Point p, Grid grid, Seed seed)
             cell.border = std::min(cell.border, Dot(middle, step) / std::sqrt(length));
         }
     }
-    cell.random =
-        patterns::Lattice(around.columns[nearest % 3], around.rows[nearest / 3], seed + 2);
+    cell.random = noise::Lattice(around.columns[nearest % 3], around.rows[nearest / 3], seed + 2);
     return cell;
 }
 
 float Chance(int across, int down, Grid grid, Seed seed)
 {
-    return patterns::Lattice(Modulo(across, grid.across), Modulo(down, grid.down), seed);
+    return noise::Lattice(noise::Wrapped(across, grid.across), noise::Wrapped(down, grid.down),
+                          seed);
 }
 
 Square SquareAt(Point p, Grid grid)
@@ -130,14 +121,14 @@ Square SquareAt(Point p, Grid grid)
     const float y = p.v * static_cast<float>(grid.down);
     const float left = std::floor(x);
     const float top = std::floor(y);
-    return {Modulo(static_cast<int>(left), grid.across), Modulo(static_cast<int>(top), grid.down),
-            x - left - 0.5F, y - top - 0.5F};
+    return {noise::Wrapped(static_cast<int>(left), grid.across),
+            noise::Wrapped(static_cast<int>(top), grid.down), x - left - 0.5F, y - top - 0.5F};
 }
 
 Square StaggeredAt(Point p, Grid grid)
 {
     const int row = static_cast<int>(std::floor(p.v * static_cast<float>(grid.down)));
-    if (Modulo(row, 2) == 1) {
+    if (noise::Wrapped(row, 2) == 1) {
         p.u += 0.5F / static_cast<float>(grid.across);
     }
     return SquareAt(p, grid);

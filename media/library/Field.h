@@ -1,12 +1,14 @@
 #pragma once
 
-#include "studio/plugins/patterns/Noise.h"
+#include "record/Noise.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 
 namespace media {
+
+namespace noise = CorvexMaterial::noise;
 
 // What textures are drawn with. Everything repeats after one tile, which reaches from 0 to 1 in
 // both directions, x to the right and y down.
@@ -33,22 +35,9 @@ struct Cell {
 
 inline constexpr float kTurn = 6.2831853F;
 
-[[nodiscard]] inline float Mix(float from, float to, float part)
-{
-    return from + (to - from) * part;
-}
-
-/// 0 before `from`, 1 after `to`, smooth in between. `to` may lie below `from`.
-[[nodiscard]] inline float Smooth(float from, float to, float value)
-{
-    const float t = std::clamp((value - from) / (to - from), 0.0F, 1.0F);
-    return t * t * (3.0F - 2.0F * t);
-}
-
-[[nodiscard]] inline float Fract(float value)
-{
-    return value - std::floor(value);
-}
+using noise::Fraction;
+using noise::Mix;
+using noise::Smooth;
 
 /// -1 to 1 and back, `cycles` times a tile when the cycles are a whole number.
 [[nodiscard]] inline float Wave(float at, float cycles, float phase = 0.0F)

@@ -121,7 +121,7 @@ Texel KnittedWool(Point p)
     const float inColumn = x - std::floor(x);
     const bool left = inColumn < 0.5F;
     const float t = left ? 2.0F * inColumn : 2.0F - 2.0F * inColumn;  // 1 in the column's middle
-    const float y = Fract(q.v * static_cast<float>(kStitches.down) - 0.85F * t);
+    const float y = Fraction(q.v * static_cast<float>(kStitches.down) - 0.85F * t);
     const float side = 2.0F * t - 1.0F;
     const float loop = 2.0F * y - 1.0F;
     const float round = std::sqrt(std::max(0.0F, 1.0F - side * side * 0.92F)) *

@@ -28,8 +28,8 @@ Facet FacetAt(Point p, Grid grid, Seed seed)
     // A grid that stands upright after a turn by an eighth.
     const Point turned{p.u * static_cast<float>(grid.across) + p.v * static_cast<float>(grid.down),
                        p.v * static_cast<float>(grid.down) - p.u * static_cast<float>(grid.across)};
-    const float x = Fract(turned.u) - 0.5F;
-    const float y = Fract(turned.v) - 0.5F;
+    const float x = Fraction(turned.u) - 0.5F;
+    const float y = Fraction(turned.v) - 0.5F;
     const bool sideways = std::abs(x) > std::abs(y);
     const int side = sideways ? (x > 0.0F ? 0 : 1) : (y > 0.0F ? 2 : 3);
     // One tile on, the first sum grows by twice the grid's width and the second stays, or the

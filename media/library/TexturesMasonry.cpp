@@ -49,7 +49,7 @@ Texel Concrete(Point p)
     const float runs = Fractal(Warped(p, {8, 2}, 0.02F, 7220), {16, 2}, 3, 7230);
     const float grain = Fractal(p, {80, 80}, 3, 7240);
     const Cell bubble = Cells(Warped(p, {30, 30}, 0.003F, 7250), {26, 26}, 7260);
-    const float size = 0.05F + 0.16F * Fract(bubble.random * 31.0F);
+    const float size = 0.05F + 0.16F * Fraction(bubble.random * 31.0F);
     const float hole =
         Smooth(size, size - 0.06F, bubble.centre) * (bubble.random > 0.78F ? 1.0F : 0.0F);
     const float crack = Veins(Warped(p, {6, 6}, 0.05F, 7270, 4), {2, 2}, 4, 120.0F, 7280) *

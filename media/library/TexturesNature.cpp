@@ -10,7 +10,7 @@ Texel DesertSand(Point p)
 {
     const Point q = Warped(p, {3, 3}, 0.055F, 8000, 3);
     const float phase = 14.0F * q.v + 0.9F * Noise(q, {3, 4}, 8010);
-    const float across = Fract(phase);
+    const float across = Fraction(phase);
     // Long windward sides, short lee sides.
     const float ripple = across < 0.68F ? Smooth(0.0F, 0.68F, across) : Smooth(1.0F, 0.68F, across);
     const float strength = 0.55F + 0.45F * Noise(q, {4, 5}, 8020);

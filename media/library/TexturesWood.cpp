@@ -23,7 +23,7 @@ float YearAt(Point p, const WoodKind& kind)
     const float wander = kind.arches * (1.1F * Noise(p, {2, 1}, kind.seed + 1) +
                                         0.35F * Noise(p, {5, 2}, kind.seed + 2) +
                                         0.06F * Fractal(p, {24, 4}, 2, kind.seed + 3));
-    return Fract(p.u * static_cast<float>(kind.rings) + wander);
+    return Fraction(p.u * static_cast<float>(kind.rings) + wander);
 }
 
 /// Short dark strokes along the grain, mostly in the early wood.

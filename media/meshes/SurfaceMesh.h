@@ -1,12 +1,14 @@
 #pragma once
 
+#include "record/Vector.h"
+
 #include <array>
 #include <cstdint>
 #include <vector>
 
 namespace media {
 
-using Vector = std::array<double, 3>;
+using Vector = CorvexMaterial::Vector3<double>;
 
 /// Right-handed, y up, v upward.
 struct SurfacePoint {

@@ -1,7 +1,8 @@
 #include "studio/scene/Picking.h"
 
+#include "record/Vector.h"
+
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -11,23 +12,7 @@ namespace {
 
 // Neighbouring triangles share their edges' numbers exactly; in double precision no ray slips
 // between them.
-using Vector = std::array<double, 3>;
-
-Vector operator-(const Vector& left, const Vector& right)
-{
-    return {left[0] - right[0], left[1] - right[1], left[2] - right[2]};
-}
-
-double Dot(const Vector& left, const Vector& right)
-{
-    return left[0] * right[0] + left[1] * right[1] + left[2] * right[2];
-}
-
-Vector Cross(const Vector& left, const Vector& right)
-{
-    return {left[1] * right[2] - left[2] * right[1], left[2] * right[0] - left[0] * right[2],
-            left[0] * right[1] - left[1] * right[0]};
-}
+using Vector = CorvexMaterial::Vector3<double>;
 
 Vector From(const QVector3D& vector)
 {

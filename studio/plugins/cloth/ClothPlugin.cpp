@@ -1,6 +1,5 @@
 #include "studio/plugins/cloth/ClothPlugin.h"
 
-#include "studio/plugins/patterns/Noise.h"
 #include "studio/plugins/patterns/Shading.h"
 
 #include <array>

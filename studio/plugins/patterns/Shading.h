@@ -1,27 +1,14 @@
 #pragma once
 
+#include "record/Noise.h"
 #include "studio/plugins/MaterialPlugin.h"
-
-#include <algorithm>
-#include <cmath>
 
 namespace patterns {
 
+using namespace CorvexMaterial::noise;
+using CorvexMaterial::noise::Mix;
 using CorvexPlugin::Colour;
 using CorvexPlugin::Point;
-
-/// 0 below the first edge, 1 above the second, smooth between.
-[[nodiscard]] inline float Smooth(float from, float to, float value)
-{
-    const float t = std::clamp((value - from) / (to - from), 0.0F, 1.0F);
-    return t * t * (3.0F - 2.0F * t);
-}
-
-/// Unlike std::lerp not exact at the far end, and quick.
-[[nodiscard]] inline float Mix(float from, float to, float part)
-{
-    return from + (to - from) * part;
-}
 
 [[nodiscard]] inline Colour Mix(const Colour& from, const Colour& to, float part)
 {
@@ -33,11 +20,6 @@ using CorvexPlugin::Point;
 [[nodiscard]] inline Colour Scaled(const Colour& colour, float factor)
 {
     return {colour.red * factor, colour.green * factor, colour.blue * factor};
-}
-
-[[nodiscard]] inline float Fraction(float value)
-{
-    return value - std::floor(value);
 }
 
 /// The mean of several points inside the pixel, for patterns as fine as pixels. `at` takes u, v.

@@ -1,6 +1,5 @@
 #include "studio/plugins/studs/StudsPlugin.h"
 
-#include "studio/plugins/patterns/Noise.h"
 #include "studio/plugins/patterns/Shading.h"
 
 namespace {

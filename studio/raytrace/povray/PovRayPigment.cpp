@@ -48,13 +48,10 @@ void WriteImageColours(TextStream& out, const SurfaceDraft& surface)
 
 void WritePatternColour(TextStream& out, const SurfaceDraft& surface, std::size_t i)
 {
-    const CorvexDB::PatternColour& colour = surface.material.RayTrace.ColorPatternColor[i];
-    const std::array<float, 3> base = Channels(surface.terms.base);
-    const auto part = [](float encoded) {
-        return LinearFromEncoded(std::clamp(encoded, 0.0F, 1.0F));
-    };
-    out << "rgbt <" << base[0] * part(colour.red) << ',' << base[1] * part(colour.green) << ','
-        << base[2] * part(colour.blue) << ',' << 1.0F - surface.terms.opacity << '>';
+    const Rgb colour = surface.terms.base *
+                       CorvexMaterial::LightOf(surface.material.RayTrace.ColorPatternColor[i]);
+    out << "rgbt <" << colour.red << ',' << colour.green << ',' << colour.blue << ','
+        << 1.0F - surface.terms.opacity << '>';
 }
 
 void WriteColourMap(TextStream& out, const SurfaceDraft& surface)

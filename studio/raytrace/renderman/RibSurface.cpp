@@ -52,8 +52,8 @@ void ApplyRaytraceMaterial(const CorvexDB::udtMaterial& material, Look& look)
     }
     if (const auto* row = CorvexMaterial::PredefinedLookOf(attributes)) {
         ApplyPredefined(*row, look);
-    } else if (const auto* pattern = CorvexMaterial::FindColourPattern(attributes.ColorPattern)) {
-        look.colour = look.colour * MeanPatternColour(attributes, pattern->blocks);
+    } else if (CorvexMaterial::FindColourPattern(attributes.ColorPattern) != nullptr) {
+        look.colour = look.colour * CorvexMaterial::MeanPatternLight(attributes);
         look.painted = false;
     }
 }

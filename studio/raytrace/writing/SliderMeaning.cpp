@@ -60,20 +60,4 @@ PatternAmounts NormalPatternOf(const CorvexDB::cdtRayTraceMaterialAttributes& at
     return amounts;
 }
 
-Rgb MeanPatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes, bool blocks)
-{
-    const std::size_t count = blocks ? 2 : attributes.ColorPatternColor.size();
-    Rgb mean;
-    const auto part = [count](float encoded) {
-        return LinearFromEncoded(std::clamp(encoded, 0.0F, 1.0F)) / static_cast<float>(count);
-    };
-    for (std::size_t i = 0; i < count; ++i) {
-        const CorvexDB::PatternColour& colour = attributes.ColorPatternColor[i];
-        mean.red += part(colour.red);
-        mean.green += part(colour.green);
-        mean.blue += part(colour.blue);
-    }
-    return mean;
-}
-
 }  // namespace studio

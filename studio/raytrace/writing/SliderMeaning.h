@@ -31,8 +31,5 @@ struct PatternAmounts {
 ColourPatternOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 [[nodiscard]] PatternAmounts
 NormalPatternOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
-/// The middle of a pattern's colours, of two when it has blocks.
-[[nodiscard]] Rgb MeanPatternColour(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
-                                    bool blocks);
 
 }  // namespace studio

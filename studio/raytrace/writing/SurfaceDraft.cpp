@@ -19,12 +19,10 @@ Rgb MeanImageColour(const QImage& image)
 Rgb MiddleOf(const SurfaceDraft& surface)
 {
     const Rgb& base = surface.terms.base;
-    const Rgb mean = surface.colours != nullptr
-                         ? MeanPatternColour(surface.material.RayTrace, surface.colours->blocks)
-                     : surface.Shows(Layer::Primary)
-                         ? MeanImageColour(surface.images.Pixels(Layer::Primary)->image)
-                         : Rgb{1.0F, 1.0F, 1.0F};
-    return {base.red * mean.red, base.green * mean.green, base.blue * mean.blue};
+    if (surface.colours == nullptr && surface.Shows(Layer::Primary)) {
+        return base * MeanImageColour(surface.images.Pixels(Layer::Primary)->image);
+    }
+    return base * CorvexMaterial::MeanPatternLight(surface.material.RayTrace);
 }
 
 }  // namespace
