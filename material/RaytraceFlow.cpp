@@ -113,13 +113,19 @@ void RaytraceFlow::WithAttributes(const CorvexDB::cdtRayTraceMaterialAttributes&
     use(m_editor.Preview().Scene());
 }
 
+std::shared_ptr<CorvexSG::Shape> RaytraceFlow::NewShape()
+{
+    return m_editor.Preview().NewShape(m_platform.library.Folder(),
+                                       m_editor.Attributes().PreviewPrimitive());
+}
+
 void RaytraceFlow::EditAttributes()
 {
     m_editor.RequestWarning(RowOf(WarningId::MaterialExtended).text,
                             RowOf(WarningId::MaterialExtended).key);
     const QPointer<frmMaterialExtended> dialog =
         new frmMaterialExtended({m_editor.Guard(), m_editor.HostParts(), m_platform, *this},
-                                m_editor.Attributes().Record(), &m_widget);
+                                m_editor.Gatherer().Whole(), &m_widget);
     dialog->put_cdtRayTraceMaterialAttributes(m_editor.Attributes().RayTrace());
     dialog->exec();
     if (!dialog) {

@@ -41,6 +41,7 @@ private:
     CorvexViewport::PixelSize Prepare() override;
     void WithAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
                         const std::function<void(CorvexSG::Scene&)>& use) override;
+    std::shared_ptr<CorvexSG::Shape> NewShape() override;
 
     void Take(const frmMaterialExtended& dialog);
     void ShowAsRendered(const std::string& texture);

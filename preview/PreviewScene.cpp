@@ -2,6 +2,7 @@
 
 #include "host/Status.h"
 #include "preview/PreviewPanel.h"
+#include "preview/PreviewPrimitives.h"
 
 namespace CorvexMaterial {
 
@@ -40,6 +41,15 @@ void PreviewScene::ShowPrimitive(std::int32_t code)
     Scene().ShowShape(shape ? shape : m_shapes.GetPreviewPrimitiveShape(kEmptyShape));
     m_shown = shape;
     m_state = DrawingState::ScenePresent;
+}
+
+std::shared_ptr<CorvexSG::Shape> PreviewScene::NewShape(const std::string& libraryFolder,
+                                                        std::int32_t primitive)
+{
+    const PreviewPrimitive* row = FindPreviewPrimitive(primitive);
+    return m_graph == nullptr || row == nullptr
+               ? nullptr
+               : LoadPreviewPrimitive(*m_graph, libraryFolder, *row);
 }
 
 CorvexSG::Scene& PreviewScene::Scene()

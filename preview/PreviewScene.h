@@ -28,6 +28,10 @@ public:
     /// The shape that carries the preview material; null while it is not loaded.
     [[nodiscard]] const std::shared_ptr<CorvexSG::Shape>& Shape() const { return m_shown; }
     CorvexSG::Scene& Scene();
+    /// One like the preview's, for another viewport. Null before the scene graph is known, and for
+    /// a primitive without a mesh. Errors: what the loading gives.
+    [[nodiscard]] std::shared_ptr<CorvexSG::Shape> NewShape(const std::string& libraryFolder,
+                                                            std::int32_t primitive);
 
     void Redraw();
     /// Redraws; an idle preview's shape is nudged first, so that a host that draws only what has

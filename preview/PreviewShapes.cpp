@@ -21,17 +21,24 @@ std::shared_ptr<CorvexSG::Shape> NewShape(CorvexSG::SceneGraph& graph)
 
 }  // namespace
 
+std::shared_ptr<CorvexSG::Shape> LoadPreviewPrimitive(CorvexSG::SceneGraph& graph,
+                                                      const std::string& libraryFolder,
+                                                      const PreviewPrimitive& primitive)
+{
+    auto shape = NewShape(graph);
+    shape->LoadMeshFile(libraryFolder + "/" + std::string(kPreviewMeshFolder) + "/" +
+                        std::string(primitive.meshFile));
+    shape->SetShapeOption(kSmoothOption);
+    return shape;
+}
+
 void PreviewShapes::LoadPreviewPrimitives(CorvexSG::SceneGraph& graph,
                                           const std::string& libraryFolder)
 {
     m_requested = true;
     m_shapes.back() = NewShape(graph);
-    const std::string folder = libraryFolder + "/" + std::string(kPreviewMeshFolder) + "/";
     for (std::size_t code = 0; code < kPreviewPrimitives.size(); ++code) {
-        auto shape = NewShape(graph);
-        shape->LoadMeshFile(folder + std::string(kPreviewPrimitives[code].meshFile));
-        shape->SetShapeOption(kSmoothOption);
-        m_shapes[code] = std::move(shape);
+        m_shapes[code] = LoadPreviewPrimitive(graph, libraryFolder, kPreviewPrimitives[code]);
     }
 }
 

@@ -9,11 +9,18 @@
 
 namespace CorvexMaterial {
 
+struct PreviewPrimitive;
+
+/// A shape with a primitive's mesh, read from the folder `System` beside the control's library.
+/// Errors: what the scene graph and the mesh's loading give.
+[[nodiscard]] std::shared_ptr<CorvexSG::Shape>
+LoadPreviewPrimitive(CorvexSG::SceneGraph& graph, const std::string& libraryFolder,
+                     const PreviewPrimitive& primitive);
+
 /// The five preview meshes and a sixth, empty shape for any other code. Loaded once and reused.
 class PreviewShapes {
 public:
-    /// Reads the meshes from the folder `System` beside the control's library. A mesh that cannot
-    /// be read ends the loading with its error; the earlier shapes stay.
+    /// A mesh that cannot be read ends the loading with its error; the earlier shapes stay.
     void LoadPreviewPrimitives(CorvexSG::SceneGraph& graph, const std::string& libraryFolder);
 
     [[nodiscard]] bool WereRequested() const { return m_requested; }

@@ -4,6 +4,7 @@
 #include "host/MaterialRecord.h"
 
 #include <functional>
+#include <memory>
 
 namespace CorvexMaterial {
 
@@ -17,6 +18,8 @@ public:
     /// afterwards, after an error too, it carries the panel's again.
     virtual void WithAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes,
                                 const std::function<void(CorvexSG::Scene&)>& use) = 0;
+    /// Another shape like the preview's; null while there is none.
+    virtual std::shared_ptr<CorvexSG::Shape> NewShape() = 0;
 };
 
 }  // namespace CorvexMaterial

@@ -6,6 +6,7 @@
 #include "dialogs/Trap.h"
 #include "raytrace/PatternColours.h"
 #include "raytrace/RaytraceAmounts.h"
+#include "raytrace/RaytracedPreview.h"
 #include "raytrace/RendererOptions.h"
 #include "record/Looks.h"
 #include "ui_frmMaterialExtended.h"
@@ -17,10 +18,6 @@
 namespace CorvexMaterial {
 
 namespace {
-
-/// Small enough to follow a slider that is being moved.
-constexpr int kQuickSide = 150;
-constexpr int kIdleMilliseconds = 200;
 
 constexpr std::array kSwatchColours{
     Attribute::RaytraceColorPattern0Red, Attribute::RaytraceColorPattern1Red,
@@ -63,9 +60,11 @@ frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
     m_ui->setupUi(this);
     m_swatches = {m_ui->picColorPattern_0, m_ui->picColorPattern_1, m_ui->picColorPattern_2,
                   m_ui->picColorPattern_3};
-    m_quickTimer.setSingleShot(true);
-    m_fineTimer.setSingleShot(true);
-    m_fineTimer.setInterval(kIdleMilliseconds);
+    m_followSoon.setSingleShot(true);
+    // Without a picture the dialog still edits.
+    m_services.trap("picPreview", [this] {
+        m_picture.emplace(m_services.host, m_services.preview.NewShape(), *m_ui->picPreview);
+    });
     FillLists();
     ConnectAmounts();
     ConnectSwatches();
@@ -128,8 +127,7 @@ void frmMaterialExtended::Connect()
             &frmMaterialExtended::OnColorPattern);
     connect(m_ui->cboNormalPattern, &QComboBox::currentIndexChanged, this,
             &frmMaterialExtended::OnNormalPattern);
-    connect(&m_quickTimer, &QTimer::timeout, this, &frmMaterialExtended::SketchQuickly);
-    connect(&m_fineTimer, &QTimer::timeout, this, &frmMaterialExtended::SketchFinely);
+    connect(&m_followSoon, &QTimer::timeout, this, &frmMaterialExtended::Follow);
     connect(m_ui->cmdDefault, &QPushButton::clicked, this, &frmMaterialExtended::ShowDefaults);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmMaterialExtended::accept);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &frmMaterialExtended::reject);
@@ -167,7 +165,7 @@ void frmMaterialExtended::put_cdtRayTraceMaterialAttributes(
 void frmMaterialExtended::Touch(Attribute attribute)
 {
     m_touched.push_back({attribute});
-    SketchSoon();
+    m_followSoon.start();
 }
 
 void frmMaterialExtended::ReadControls()
@@ -329,40 +327,10 @@ void frmMaterialExtended::ShowSameColours()
     m_ui->lblSameColors->setVisible(same);
 }
 
-void frmMaterialExtended::showEvent(QShowEvent* event)
+void frmMaterialExtended::Follow()
 {
-    SketchQuickly();
-    QDialog::showEvent(event);
-}
-
-void frmMaterialExtended::SketchSoon()
-{
-    m_quickTimer.start();
-}
-
-void frmMaterialExtended::SketchQuickly()
-{
-    m_quickTimer.stop();
     ReadControls();
-    ShowSketch(std::min(kQuickSide, m_ui->picPreview->PixelSide()), SketchQuality::Quick);
-    m_fineTimer.start();
-}
-
-void frmMaterialExtended::SketchFinely()
-{
-    // A raytraced picture that has come meanwhile stays.
-    if (!m_quickTimer.isActive() && !m_rendering) {
-        ShowSketch(m_ui->picPreview->PixelSide(), SketchQuality::Fine);
-    }
-}
-
-void frmMaterialExtended::ShowSketch(int side, SketchQuality quality)
-{
-    const std::vector<std::uint32_t> pixels = SketchMaterial(m_material, side, quality);
-    const QImage image(reinterpret_cast<const uchar*>(pixels.data()), side, side,
-                       QImage::Format_RGB32);
-    m_ui->picPreview->SetImage(image.copy());
-    m_ui->lblPicture->setText(tr("Sketch"));
+    ShowLive();
 }
 
 }  // namespace CorvexMaterial

@@ -2,7 +2,7 @@
 
 #include "host/Host.h"
 #include "platform/Platform.h"
-#include "raytrace/MaterialSketch.h"
+#include "raytrace/LivePicture.h"
 #include "raytrace/RenderWait.h"
 #include "raytrace/modRaytrace.h"
 #include "record/TouchedRows.h"
@@ -12,6 +12,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class frmMaterialExtended;
@@ -63,9 +64,6 @@ public:
     void accept() override;
     void reject() override;
 
-protected:
-    void showEvent(QShowEvent* event) override;
-
 private:
     struct SliderRow {
         QSlider* slider;
@@ -90,13 +88,11 @@ private:
     void FollowRaytracer();
     void UpdateEnabled();
     void ShowSameColours();
-    void SketchSoon();
-    void SketchQuickly();
-    void SketchFinely();
-    void ShowSketch(int side, SketchQuality quality);
+    void Follow();
 
+    void ShowLive();
     void RaytracePicture();
-    void ShowRaytraced(const QImage& picture);
+    void ShowRaytraced(const std::string& bitmap);
     void MakeSimulationTexture();
     void SaveSimulation(const std::string& bitmap);
 
@@ -107,8 +103,8 @@ private:
     std::array<SliderRow, 12> m_sliders{};
     std::array<Swatch*, 4> m_swatches{};
     std::array<bool, 4> m_swatchUsed{true, true, true, true};
-    QTimer m_quickTimer;
-    QTimer m_fineTimer;
+    QTimer m_followSoon;
+    std::optional<LivePicture> m_picture;
     modRaytrace m_raytrace;
     RenderWait m_wait;
     CorvexDB::cdtRayTraceMaterialAttributes m_record;

@@ -1,4 +1,4 @@
-// The two pictures that the dialog has the raytracer make.
+// The pictures that the dialog has the host and the raytracer make.
 
 #include "raytrace/frmMaterialExtended.h"
 
@@ -6,7 +6,6 @@
 #include "dialogs/Trap.h"
 #include "dialogs/WarningCatalogue.h"
 #include "dialogs/modDialog.h"
-#include "platform/QtRegularFile.h"
 #include "raytrace/RaytraceMessages.h"
 #include "raytrace/RaytracedPreview.h"
 #include "record/SimulationTexture.h"
@@ -48,25 +47,30 @@ void frmMaterialExtended::RaytracePicture()
         return;
     }
     m_raytrace.ReportingFailure([this] {
-        static_cast<void>(m_services.preview.Prepare());
         ReadControls();
-        const int side = m_ui->picPreview->PixelSide();
         const std::int32_t antialias = m_services.host.applicationState.AntialiasChoice();
-        m_services.preview.WithAttributes(m_material.RayTrace, [&](CorvexSG::Scene& scene) {
-            m_raytrace.Render(
-                {scene, CorvexSG::RaytraceView::Scene, {side, side}, antialias, &m_wait},
-                [this](const std::string& bitmap) {
-                    ShowRaytraced(ReadPicture(QString::fromStdString(bitmap)));
-                });
-        });
+        m_picture.value().WithMaterial(
+            m_material, [&](CorvexSG::Scene& scene, CorvexViewport::PixelSize size) {
+                m_raytrace.Render({scene, CorvexSG::RaytraceView::Scene, size, antialias, &m_wait},
+                                  [this](const std::string& bitmap) { ShowRaytraced(bitmap); });
+            });
     });
 }
 
-void frmMaterialExtended::ShowRaytraced(const QImage& picture)
+void frmMaterialExtended::ShowLive()
 {
-    m_quickTimer.stop();
-    m_fineTimer.stop();
-    m_ui->picPreview->SetImage(picture);
+    m_services.trap("picPreview", [this] {
+        if (m_picture) {
+            m_picture->Show(m_material);
+            m_ui->lblPicture->setText(tr("Live view"));
+        }
+    });
+}
+
+void frmMaterialExtended::ShowRaytraced(const std::string& bitmap)
+{
+    m_followSoon.stop();
+    m_picture.value().ShowBitmap(bitmap);
     m_ui->lblPicture->setText(tr("Raytraced"));
 }
 

@@ -17,7 +17,12 @@ CorvexMaterial::Host RecordingHost::Get()
 
 RecordingViewport* RecordingHost::Viewport() const
 {
-    return dynamic_cast<RecordingViewport*>(viewports.last.data());
+    for (auto i = viewports.made.rbegin(); i != viewports.made.rend(); ++i) {
+        if (*i != nullptr && (*i)->objectName() == "dfvMaterialViewport") {
+            return dynamic_cast<RecordingViewport*>(i->data());
+        }
+    }
+    return nullptr;
 }
 
 }  // namespace CorvexTest

@@ -18,7 +18,7 @@ CorvexViewport::Viewport* RecordingViewports::CreateViewport(QWidget* parent)
 {
     m_log.Enter("ViewportFactory.CreateViewport");
     auto* viewport = new RecordingViewport(m_log, parent);
-    last = viewport;
+    made.emplace_back(viewport);
     return viewport;
 }
 

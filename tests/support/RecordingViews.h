@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <vector>
+
 namespace CorvexTest {
 
 class RecordingViewport : public QWidget, public Recording<CorvexViewport::Viewport> {
@@ -47,8 +49,8 @@ public:
 
     CorvexViewport::Viewport* CreateViewport(QWidget* parent) override;
 
-    /// The last one made; null when its widget is gone.
-    QPointer<QWidget> last;
+    /// All that were made; null where the widget is gone.
+    std::vector<QPointer<QWidget>> made;
 };
 
 class RecordingEditport : public QWidget, public Recording<CorvexEditport::Editport> {
