@@ -12,7 +12,6 @@
 #include "textures/ChannelPanel.h"
 #include "textures/TexturePage.h"
 #include "ui_AdvancedPanel.h"
-#include "ui_SurfacePanel.h"
 
 namespace CorvexMaterial {
 
@@ -61,11 +60,9 @@ void PanelAttributes::BindList(Attribute attribute, QComboBox& list)
 
 void PanelAttributes::BindSurface()
 {
-    const Ui::SurfacePanel& form = m_panel.Surface().Form();
-    BindAmount(Attribute::Emissive, *form.txtEmissive);
-    BindAmount(Attribute::Specular, *form.txtSpecular);
-    BindAmount(Attribute::Transparency, *form.txtTransparency);
-    BindAmount(Attribute::Ambient, *form.txtAmbient);
+    for (const SurfacePanel::Amount& amount : m_panel.Surface().Amounts()) {
+        BindAmount(amount.attribute, amount.field);
+    }
     At(Attribute::Color) = {
         [this] { return TextOfWholeNumber(m_panel.Surface().Color().Value()); },
         [this](const std::string& text) { m_panel.Surface().Color().Show(ToWhole(text)); }};

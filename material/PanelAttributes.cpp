@@ -8,7 +8,6 @@
 #include "plugins/PluginPanel.h"
 #include "record/AttributeText.h"
 #include "record/NumberText.h"
-#include "record/SchemaTable.h"
 #include "ui_AdvancedPanel.h"
 
 #include <algorithm>
@@ -20,46 +19,11 @@ namespace {
 
 constexpr std::size_t kApplyModes = 3;
 
-/// What the panel shows of a record, in the order in which it takes it over; the raytrace
-/// attributes come last and are not shown.
-constexpr std::array kShowOrder{Attribute::Color,
-                                Attribute::Ambient,
-                                Attribute::Emissive,
-                                Attribute::Specular,
-                                Attribute::Transparency,
-                                Attribute::WrapOrientationU,
-                                Attribute::WrapOrientationV,
-                                Attribute::DoubleSided,
-                                Attribute::AlphaTest,
-                                Attribute::AlphaTestReference,
-                                Attribute::WrapType,
-                                Attribute::TextureAlphaChannelUse,
-                                Attribute::AlphaIsTransparent,
-                                Attribute::OverlayTranslucency,
-                                Attribute::Texture,
-                                Attribute::TextureAlpha,
-                                Attribute::TextureOverlay,
-                                Attribute::TextureBumpmap,
-                                Attribute::TextureSpecularMap,
-                                Attribute::TextureEnvironmentMap,
-                                Attribute::FlatWrapType,
-                                Attribute::TilesPerUnit,
-                                Attribute::OriginU,
-                                Attribute::OriginV,
-                                Attribute::ScaleU,
-                                Attribute::ScaleV};
-
-constexpr bool HasOneText(const AttributeRow& row)
+bool HasOneText(const AttributeRow& row)
 {
     return row.path.LeadsIntoRecord() && row.kind != AttributeKind::Numbers &&
            row.kind != AttributeKind::Texts;
 }
-
-constexpr auto kShownRows = std::ranges::count_if(schema::kRows, [](const AttributeRow& row) {
-    return HasOneText(row) && row.group != AttributeGroup::Raytrace &&
-           row.group != AttributeGroup::Plugin;
-});
-static_assert(kShowOrder.size() == kShownRows);
 
 void CheckRecord(const CorvexDB::udtMaterial& record)
 {
@@ -177,8 +141,12 @@ void PanelAttributes::ShowRecord(const CorvexDB::udtMaterial& record)
     CheckRecord(record);
     // First of all, because it asks the plug-in, which may refuse.
     m_panel.Plugins().Restore(record.Plugin, record.PluginParameters);
-    for (const Attribute attribute : kShowOrder) {
-        Show(attribute, TextIn(record, attribute).value());
+    for (const AttributeRow& row : AttributeRows()) {
+        // Positions of the raytracer need not be in its lists; they have no text then.
+        if (HasOneText(row) && row.group != AttributeGroup::Plugin &&
+            row.group != AttributeGroup::Raytrace) {
+            Show(row.attribute, TextIn(record, row.attribute).value());
+        }
     }
     m_kept.RayTrace = record.RayTrace;
     m_panel.CustomFields().ShowTexts(record.CustomFields);

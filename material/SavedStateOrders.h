@@ -13,77 +13,60 @@ using enum Attribute;
 // The orders in which the flows touch the attributes. Programs that watch a store depend on them,
 // and on what a flow leaves out.
 
-// clang-format off
+/// From the first to the last, in the order of the schema.
+template <Attribute First, Attribute Last>
+consteval auto Run()
+{
+    std::array<Attribute, static_cast<std::size_t>(Last) - static_cast<std::size_t>(First) + 1>
+        run{};
+    for (std::size_t i = 0; i < run.size(); ++i) {
+        run[i] = static_cast<Attribute>(static_cast<std::size_t>(First) + i);
+    }
+    return run;
+}
+
+template <std::size_t... Sizes>
+consteval auto Joined(const std::array<Attribute, Sizes>&... parts)
+{
+    std::array<Attribute, (Sizes + ...)> order{};
+    auto end = order.begin();
+    ((end = std::copy(parts.begin(), parts.end(), end)), ...);
+    return order;
+}
+
+template <typename... Attributes>
+consteval auto List(Attributes... attributes)
+{
+    return std::array<Attribute, sizeof...(Attributes)>{attributes...};
+}
+
 /// Current keys. Apply-relative, the raytrace type, the colour pattern and the plug-in are written
 /// and never read back.
-inline constexpr std::array kLoadOrder{
-    PreviewPrimitive, Color, Emissive, Specular, Transparency, Ambient, WrapOrientationU,
-    WrapOrientationV, DoubleSided, AlphaTest, AlphaTestReference, WrapType, OverlayTranslucency,
-    FlatWrapType, OriginU, OriginV, ScaleU, ScaleV, TilesPerUnit, Texture, TextureAlphaChannelUse,
-    AlphaIsTransparent, TextureAlpha, TextureOverlay, TextureBumpmap, TextureSpecularMap,
-    TextureEnvironmentMap, RayTraceBrilliance, RayTraceReflection, RayTraceNormalPattern,
-    RayTraceNormalSize, RayTraceNormalScale, RayTraceIridescenceFactor,
-    RayTraceIridescenceThickness, RayTraceIridescenceTurbulence, RayTraceRoughness,
-    RayTraceMetallic, RaytracePredefinedType, RaytracePredefinedMaterial, RaytraceColorPattern0Red,
-    RaytraceColorPattern0Green, RaytraceColorPattern0Blue, RaytraceColorPattern1Red,
-    RaytraceColorPattern1Green, RaytraceColorPattern1Blue, RaytraceColorPattern2Red,
-    RaytraceColorPattern2Green, RaytraceColorPattern2Blue, RaytraceColorPattern3Red,
-    RaytraceColorPattern3Green, RaytraceColorPattern3Blue, RaytraceColorPatternFrequency,
-    RaytraceColorPatternTurbulence, RaytraceNormalFrequency, RaytraceNormalTurbulence,
-    TextureLibrary, MaterialLibrary};
+inline constexpr auto kLoadOrder = Joined(Run<PreviewPrimitive, RaytraceNormalTurbulence>(),
+                                          List(TextureLibrary, MaterialLibrary));
+
+inline constexpr auto kWritten =
+    Joined(Run<Emissive, Ambient>(), List(Color, WrapType, ApplyRelative),
+           Run<WrapOrientationU, AlphaTestReference>(), List(OverlayTranslucency),
+           Run<Texture, TextureEnvironmentMap>(), List(PreviewPrimitive), Run<OriginU, ScaleV>(),
+           List(FlatWrapType, TilesPerUnit));
+inline constexpr auto kWrittenOfRaytracer =
+    Joined(Run<RayTraceBrilliance, RayTraceMetallic>(), List(RayTraceType),
+           Run<RaytracePredefinedType, RaytracePredefinedMaterial>(), List(RaytraceColorPattern),
+           Run<RaytraceColorPattern0Red, RaytraceNormalTurbulence>());
 
 /// Current keys. Custom fields belong to a material, not to the state.
-inline constexpr std::array kTerminateOrder{
-    Emissive, Specular, Transparency, Ambient, Color, WrapType, ApplyRelative, WrapOrientationU,
-    WrapOrientationV, DoubleSided, AlphaTest, AlphaTestReference, OverlayTranslucency, Texture,
-    TextureAlphaChannelUse, AlphaIsTransparent, TextureAlpha, TextureOverlay, TextureBumpmap,
-    TextureSpecularMap, TextureEnvironmentMap, PreviewPrimitive, OriginU, OriginV, ScaleU, ScaleV,
-    FlatWrapType, TilesPerUnit, RayTraceBrilliance, RayTraceReflection, RayTraceNormalPattern,
-    RayTraceNormalSize, RayTraceNormalScale, RayTraceIridescenceFactor,
-    RayTraceIridescenceThickness, RayTraceIridescenceTurbulence, RayTraceRoughness,
-    RayTraceMetallic, RayTraceType, RaytracePredefinedType, RaytracePredefinedMaterial,
-    RaytraceColorPattern, RaytraceColorPattern0Red, RaytraceColorPattern0Green,
-    RaytraceColorPattern0Blue, RaytraceColorPattern1Red, RaytraceColorPattern1Green,
-    RaytraceColorPattern1Blue, RaytraceColorPattern2Red, RaytraceColorPattern2Green,
-    RaytraceColorPattern2Blue, RaytraceColorPattern3Red, RaytraceColorPattern3Green,
-    RaytraceColorPattern3Blue, RaytraceColorPatternFrequency, RaytraceColorPatternTurbulence,
-    RaytraceNormalFrequency, RaytraceNormalTurbulence, Plugin, PluginParameters, TextureLibrary,
-    MaterialLibrary};
+inline constexpr auto kTerminateOrder = Joined(
+    kWritten, kWrittenOfRaytracer, List(Plugin, PluginParameters, TextureLibrary, MaterialLibrary));
 
 /// User keys. The libraries are no default of a material.
-inline constexpr std::array kRememberOrder{
-    Emissive, Specular, Transparency, Ambient, Color, WrapType, ApplyRelative, WrapOrientationU,
-    WrapOrientationV, DoubleSided, AlphaTest, AlphaTestReference, OverlayTranslucency, Texture,
-    TextureAlphaChannelUse, AlphaIsTransparent, TextureAlpha, TextureOverlay, TextureBumpmap,
-    TextureSpecularMap, TextureEnvironmentMap, PreviewPrimitive, OriginU, OriginV, ScaleU, ScaleV,
-    FlatWrapType, TilesPerUnit, Plugin, PluginParameters, CustomFields, RayTraceBrilliance,
-    RayTraceReflection, RayTraceNormalPattern, RayTraceNormalSize, RayTraceNormalScale,
-    RayTraceIridescenceFactor, RayTraceIridescenceThickness, RayTraceIridescenceTurbulence,
-    RayTraceRoughness, RayTraceMetallic, RayTraceType, RaytracePredefinedType,
-    RaytracePredefinedMaterial, RaytraceColorPattern, RaytraceColorPattern0Red,
-    RaytraceColorPattern0Green, RaytraceColorPattern0Blue, RaytraceColorPattern1Red,
-    RaytraceColorPattern1Green, RaytraceColorPattern1Blue, RaytraceColorPattern2Red,
-    RaytraceColorPattern2Green, RaytraceColorPattern2Blue, RaytraceColorPattern3Red,
-    RaytraceColorPattern3Green, RaytraceColorPattern3Blue, RaytraceColorPatternFrequency,
-    RaytraceColorPatternTurbulence, RaytraceNormalFrequency, RaytraceNormalTurbulence};
+inline constexpr auto kRememberOrder =
+    Joined(kWritten, List(Plugin, PluginParameters, CustomFields), kWrittenOfRaytracer);
 
 /// User keys. Leaves out four attributes that are remembered.
-inline constexpr std::array kUserResetOrder{
-    Color, Emissive, Specular, Transparency, Ambient, WrapOrientationU, WrapOrientationV,
-    DoubleSided, AlphaTest, AlphaTestReference, WrapType, OverlayTranslucency, FlatWrapType,
-    OriginU, OriginV, ScaleU, ScaleV, TilesPerUnit, Texture, TextureAlphaChannelUse,
-    AlphaIsTransparent, TextureAlpha, TextureOverlay, TextureBumpmap, TextureSpecularMap,
-    TextureEnvironmentMap, Plugin, PluginParameters, CustomFields, RayTraceBrilliance,
-    RayTraceReflection, RayTraceNormalPattern, RayTraceNormalSize, RayTraceNormalScale,
-    RayTraceIridescenceFactor, RayTraceIridescenceThickness, RayTraceIridescenceTurbulence,
-    RayTraceRoughness, RayTraceMetallic, RaytracePredefinedType, RaytracePredefinedMaterial,
-    RaytraceColorPattern0Red, RaytraceColorPattern0Green, RaytraceColorPattern0Blue,
-    RaytraceColorPattern1Red, RaytraceColorPattern1Green, RaytraceColorPattern1Blue,
-    RaytraceColorPattern2Red, RaytraceColorPattern2Green, RaytraceColorPattern2Blue,
-    RaytraceColorPattern3Red, RaytraceColorPattern3Green, RaytraceColorPattern3Blue,
-    RaytraceColorPatternFrequency, RaytraceColorPatternTurbulence, RaytraceNormalFrequency,
-    RaytraceNormalTurbulence};
-// clang-format on
+inline constexpr auto kUserResetOrder =
+    Joined(Run<Color, TextureEnvironmentMap>(), List(Plugin, PluginParameters, CustomFields),
+           Run<RayTraceBrilliance, RaytraceNormalTurbulence>());
 
 constexpr bool EachOnce(auto order)
 {

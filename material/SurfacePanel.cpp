@@ -35,38 +35,34 @@ void SurfacePanel::ConnectColor()
             [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(m_choosers); }); });
 }
 
+std::array<SurfacePanel::Amount, 4> SurfacePanel::Amounts() const
+{
+    return {{{Attribute::Ambient, *m_ui->txtAmbient, *m_ui->sldAmbient, *m_ui->lblAmbient},
+             {Attribute::Emissive, *m_ui->txtEmissive, *m_ui->sldEmissive, *m_ui->lblEmissive},
+             {Attribute::Specular, *m_ui->txtSpecular, *m_ui->sldSpecular,
+              *m_ui->lblSpecularHighlighting},
+             {Attribute::Transparency, *m_ui->txtTransparency, *m_ui->sldTransparency,
+              *m_ui->lblTransparency}}};
+}
+
 void SurfacePanel::ConnectAmounts()
 {
-    struct Row {
-        AmountField& field;
-        QSlider& slider;
-        Attribute attribute;
-    };
-    const std::array rows{
-        Row{*m_ui->txtAmbient, *m_ui->sldAmbient, Attribute::Ambient},
-        Row{*m_ui->txtEmissive, *m_ui->sldEmissive, Attribute::Emissive},
-        Row{*m_ui->txtSpecular, *m_ui->sldSpecular, Attribute::Specular},
-        Row{*m_ui->txtTransparency, *m_ui->sldTransparency, Attribute::Transparency},
-    };
-    for (const Row& row : rows) {
-        row.field.setText(QString::fromUtf8(FactoryText(row.attribute)));
-        OfferRange(row.slider, row.attribute);
-        TellOtherNames(row.slider, row.attribute);
-        LinkSlider(row.slider, row.field);
-        connect(&row.field, &QLineEdit::textChanged, this,
-                [this, row] { Q_EMIT Edited(row.field.Touched(row.attribute)); });
+    for (const Amount& amount : Amounts()) {
+        amount.field.setText(QString::fromUtf8(FactoryText(amount.attribute)));
+        OfferRange(amount.slider, amount.attribute);
+        TellOtherNames(amount.slider, amount.attribute);
+        LinkSlider(amount.slider, amount.field);
+        connect(&amount.field, &QLineEdit::textChanged, this,
+                [this, amount] { Q_EMIT Edited(amount.field.Touched(amount.attribute)); });
     }
 }
 
 void SurfacePanel::SetAmountsEnabled(bool enabled)
 {
-    const std::initializer_list<QWidget*> amounts{
-        m_ui->lblAmbient,      m_ui->sldAmbient,      m_ui->txtAmbient,
-        m_ui->lblEmissive,     m_ui->sldEmissive,     m_ui->txtEmissive,
-        m_ui->lblTransparency, m_ui->sldTransparency, m_ui->txtTransparency,
-        m_ui->sldSpecular,     m_ui->txtSpecular,     m_ui->lblSpecularHighlighting};
-    for (QWidget* widget : amounts) {
-        widget->setEnabled(enabled);
+    for (const Amount& amount : Amounts()) {
+        amount.field.setEnabled(enabled);
+        amount.slider.setEnabled(enabled);
+        amount.label.setEnabled(enabled);
     }
 }
 

@@ -5,7 +5,11 @@
 
 #include <QWidget>
 
+#include <array>
 #include <memory>
+
+class QLabel;
+class QSlider;
 
 namespace Ui {
 class SurfacePanel;
@@ -13,6 +17,7 @@ class SurfacePanel;
 
 namespace CorvexMaterial {
 
+class AmountField;
 class Trap;
 
 /// Colour and amounts.
@@ -23,9 +28,16 @@ public:
     SurfacePanel(const Trap& trap, Choosers& choosers, QWidget* parent);
     ~SurfacePanel() override;
 
-    Ui::SurfacePanel& Form() { return *m_ui; }
+    struct Amount {
+        Attribute attribute;
+        AmountField& field;
+        QSlider& slider;
+        QLabel& label;
+    };
+
     ColourField& Color() { return *m_color; }
-    /// The four amounts with their labels; the colour stays usable.
+    [[nodiscard]] std::array<Amount, 4> Amounts() const;
+    /// The amounts with their labels; the colour stays usable.
     void SetAmountsEnabled(bool enabled);
 
 Q_SIGNALS:
