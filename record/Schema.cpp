@@ -54,14 +54,8 @@ constexpr bool MeansTheSame(std::string_view typed, std::string_view word)
     return true;
 }
 
-constexpr bool IsCalled(const AttributeRow& row, std::string_view typed)
+constexpr bool HasSynonym(const AttributeRow& row, std::string_view typed)
 {
-    if (typed.empty() || row.word.empty()) {
-        return false;
-    }
-    if (MeansTheSame(typed, row.word)) {
-        return true;
-    }
     for (std::string_view rest = row.synonyms; !rest.empty();) {
         const std::size_t end = std::min(rest.find(", "), rest.size());
         if (MeansTheSame(typed, rest.substr(0, end))) {
@@ -76,9 +70,10 @@ constexpr bool NamesAreUnique()
 {
     for (const AttributeRow& row : kRows) {
         const auto isOther = [&](const AttributeRow& other) {
-            return other.attribute != row.attribute && IsCalled(other, row.word);
+            return other.attribute != row.attribute &&
+                   (other.word == row.word || HasSynonym(other, row.word));
         };
-        if (std::any_of(kRows.begin(), kRows.end(), isOther)) {
+        if (!row.word.empty() && std::any_of(kRows.begin(), kRows.end(), isOther)) {
             return false;
         }
     }
@@ -137,7 +132,8 @@ void KeepTextureUse(CorvexDB::udtMaterial& material, const CorvexDB::udtMaterial
 const AttributeRow* FindAttribute(std::string_view word)
 {
     const auto row = std::find_if(kRows.begin(), kRows.end(), [&](const AttributeRow& candidate) {
-        return IsCalled(candidate, word);
+        return !candidate.word.empty() &&
+               (MeansTheSame(word, candidate.word) || HasSynonym(candidate, word));
     });
     return row == kRows.end() ? nullptr : &*row;
 }

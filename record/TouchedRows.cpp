@@ -97,8 +97,7 @@ void PendingEdit::Touch(const TouchedRows& rows)
         }
     }
     std::ranges::sort(m_rows);
-    const auto repeated = std::ranges::unique(m_rows);
-    m_rows.erase(repeated.begin(), repeated.end());
+    m_rows.erase(std::unique(m_rows.begin(), m_rows.end()), m_rows.end());
 }
 
 void PendingEdit::TouchWhole(TouchedRows rows)
