@@ -99,7 +99,7 @@ inline constexpr auto kPredefined = std::to_array<PredefinedLook>({
     {Type::Wood, 4, "SandalWood", 0x938265, 0.04F, 0.0F, {kTextures, "texture { Sandalwood }"}},
     {Type::Miscellaneous, 0, "Shadow Clouds", 0x9FABC6, 0.04F, 0.0F,
      {kTextures, "texture { Shadow_Clouds }"}},
-    {Type::Miscellaneous, 1, "Clouds", 0xB4C3E4, 0.04F, 0.0F,
+    {Type::Miscellaneous, 1, "Clouds", 0x86ADE2, 0.04F, 0.0F,
      {kTextures, "texture { pigment { rgb <0.15, 0.35, 0.75> } finish { ambient 0.7 diffuse "
       "0.2 } } texture { pigment { Clouds scale 0.5 turbulence 0.5 } finish { ambient 0.9 "
       "diffuse 0.1 } }"}},
@@ -108,11 +108,11 @@ inline constexpr auto kPredefined = std::to_array<PredefinedLook>({
      {kTextures, "texture { Water pigment { rgbf <0.1, 0.4, 0.5, 0.85> } normal { waves 0.4 "
       "frequency 3 } } interior { Water_Int }"}},
     {Type::Miscellaneous, 4, "Cork", 0xB58C5F, 0.04F, 0.0F, {kTextures, "texture { Cork }"}},
-    {Type::Miscellaneous, 5, "Lightening #1", 0x8985AA, 0.04F, 0.0F,
+    {Type::Miscellaneous, 5, "Lightening #1", 0x6C5A78, 0.04F, 0.0F,
      {kTextures, "texture { pigment { rgb 0 } } texture { Lightning1 }"}},
-    {Type::Miscellaneous, 6, "Lightening #2", 0xAA897D, 0.04F, 0.0F,
+    {Type::Miscellaneous, 6, "Lightening #2", 0x705482, 0.04F, 0.0F,
      {kTextures, "texture { pigment { rgb 0 } } texture { Lightning2 }"}},
-    {Type::Miscellaneous, 7, "Starfield", 0x89898A, 0.04F, 0.0F,
+    {Type::Miscellaneous, 7, "Starfield", 0x2C2C2C, 0.04F, 0.0F,
      {kTextures, "texture { Starfield }"}},
 });
 

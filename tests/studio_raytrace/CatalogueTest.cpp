@@ -1,5 +1,6 @@
 // Every stock material and every pattern, many in one run.
 
+#include "record/Looks.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 #include "tests/support/Testing.h"
 
@@ -11,6 +12,7 @@
 namespace {
 
 using namespace StudioRaytraceTest;
+using namespace CorvexMaterial;
 using CorvexDB::udtMaterial;
 
 const int kCell = qEnvironmentVariableIsSet("CORVEX_PICTURES") ? 96 : 64;
@@ -51,11 +53,11 @@ QStringList OwnComplaints(const QString& messages)
         QRegularExpression(QStringLiteral("scene\\.pov.*(Warning|Error)|Parse Error")));
 }
 
-int MeanGray(const QImage& cell)
+QRgb MeanOf(const QImage& cell)
 {
-    const QImage point = cell.copy(kCell / 4, kCell / 4, kCell / 2, kCell / 2)
-                             .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return qGray(point.pixel(0, 0));
+    return cell.copy(kCell / 4, kCell / 4, kCell / 2, kCell / 2)
+        .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .pixel(0, 0);
 }
 
 QImage Drawn(RaytraceRig& rig, const SphereGrid& contacts)
@@ -95,6 +97,36 @@ QImage CheckContacts(RaytraceRig& rig, const SphereGrid& all, const SphereGrid& 
     return picture;
 }
 
+/// How far two lights are apart in hue, whatever their strength.
+double HueDifference(Rgb one, Rgb other)
+{
+    const auto whole = [](Rgb light) { return light.red + light.green + light.blue + 1.0e-6F; };
+    const Rgb a = one * (1.0F / whole(one));
+    const Rgb b = other * (1.0F / whole(other));
+    return std::abs(a.red - b.red) + std::abs(a.green - b.green) + std::abs(a.blue - b.blue);
+}
+
+/// What stands for a texture has its colour; of a metal at least whether it has one, for it mirrors
+/// what is around.
+void ExpectColourOf(const PredefinedLook& row, const QImage& cell)
+{
+    const Rgb wanted = LightOf(ColourOfHex(row.colour));
+    const QRgb mean = MeanOf(cell);
+    const Rgb drawn = LightOf(MakeColour({qRed(mean), qGreen(mean), qBlue(mean)}));
+    const Rgb grey{1.0F, 1.0F, 1.0F};
+    if (row.clearness > 0.0F) {
+        return;  // what is behind it is drawn too
+    }
+    if (row.type == PredefinedType::Metal && HueDifference(wanted, grey) > 0.1) {
+        EXPECT_GT(HueDifference(drawn, grey), 0.04) << row.name;
+    } else {
+        EXPECT_LT(HueDifference(drawn, wanted), 0.29) << row.name;
+    }
+    if (row.type != PredefinedType::Metal) {
+        EXPECT_NEAR(qGray(mean), qGray(row.colour), 45) << row.name;
+    }
+}
+
 /// Every entry in the place of the next.
 SphereGrid Rotated(SphereGrid contacts)
 {
@@ -105,24 +137,26 @@ SphereGrid Rotated(SphereGrid contacts)
 
 TEST(Catalogue, EveryPredefinedMaterialIsAPictureOfItsOwn)
 {
-    constexpr std::array<int, 5> kCounts{13, 23, 31, 5, 8};
     SphereGrid contacts;
     contacts.cell = kCell;
+    std::vector<PredefinedLook> rows;
     for (int type = 0; type < 5; ++type) {
-        for (int i = 0; i < kCounts[static_cast<std::size_t>(type)]; ++i) {
+        for (const PredefinedLook& row : PredefinedLooks(type)) {
             udtMaterial material;
             material.RayTrace.MaterialType = 1;
             material.RayTrace.PredefinedType = type;
-            material.RayTrace.PreDefinedMaterial = i;
+            material.RayTrace.PreDefinedMaterial = row.position;
             contacts.materials.push_back(material);
+            rows.push_back(row);
         }
     }
-    ASSERT_EQ(contacts.materials.size(), 80U);
+    ASSERT_EQ(rows.size(), 80U);
     RaytraceRig rig;
     const QImage picture =
         CheckContacts(rig, contacts, Rotated(contacts), "raytrace-predefined.png");
-    constexpr std::size_t kRosewood = 13 + 23 + 31 + 3;
-    EXPECT_LT(MeanGray(picture.copy(contacts.Cell(kRosewood / kStep))), 70) << "it is pale";
+    for (std::size_t i = 0; i < rows.size(); i += kStep) {
+        ExpectColourOf(rows[i], picture.copy(contacts.Cell(i / kStep)));
+    }
 }
 
 TEST(Catalogue, EveryPatternIsAPictureOfItsOwn)
