@@ -19,7 +19,7 @@ enum class ProcessState { Running, Exited, Crashed };
 class Process {
 public:
     virtual ~Process() = default;
-    /// Waits at most this long, without handling user input.
+    /// Waits at most this long, without handling user input; with no time at all it only looks.
     virtual ProcessState Wait(std::chrono::milliseconds timeout) = 0;
     /// Of an exited program.
     virtual int ExitCode() = 0;
@@ -29,6 +29,8 @@ public:
     virtual std::string TakeErrorOutput() = 0;
     /// Asks it to end, and ends it by force when it does not.
     virtual void Stop() = 0;
+    /// The same without waiting until it has ended, which `Wait` tells.
+    virtual void Cancel() { Stop(); }
 };
 
 class ProcessStarter {

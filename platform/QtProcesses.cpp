@@ -60,11 +60,11 @@ public:
         }
     }
 
-    ~QtProcess() override { End(); }
+    ~QtProcess() override { QtProcess::Stop(); }
 
     ProcessState Wait(std::chrono::milliseconds timeout) override
     {
-        if (m_process.state() != QProcess::NotRunning) {
+        if (m_process.state() != QProcess::NotRunning && timeout.count() > 0) {
             QEventLoop loop;
             QObject::connect(&m_process, &QProcess::finished, &loop, &QEventLoop::quit);
             QTimer::singleShot(timeout, &loop, &QEventLoop::quit);
@@ -86,12 +86,9 @@ public:
         return m_process.readAllStandardError().toStdString();
     }
 
-    void Stop() override { End(); }
-
-private:
-    void End()
+    void Stop() override
     {
-        m_leash.reset();
+        Cancel();
         if (m_process.state() != QProcess::NotRunning &&
             !m_process.waitForFinished(static_cast<int>(kPatience.count()))) {
             m_process.kill();
@@ -99,6 +96,9 @@ private:
         }
     }
 
+    void Cancel() override { m_leash.reset(); }
+
+private:
     /// Gone when the program has ended or is to end.
     std::optional<ProcessLeash> m_leash{std::in_place};
     QProcess m_process;

@@ -10,6 +10,5 @@ inline constexpr const char* kApplicationSection = "Application";
 inline constexpr const char* kMaterialPanelKey = "MaterialPanel";
 inline constexpr const char* kBackgroundMaterialKey = "ColorBackgroundMaterial";
 inline constexpr const char* kBackgroundTextureKey = "ColorBackgroundTexture";
-inline constexpr const char* kRenderManLocationKey = "RenderManLocation";
 
 }  // namespace CorvexMaterial

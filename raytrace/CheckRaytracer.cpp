@@ -11,6 +11,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace CorvexMaterial {
 
 namespace {
@@ -19,9 +21,10 @@ namespace {
 constexpr const char* kProgramFolder = "/usr/bin";
 constexpr std::array<std::string_view, 1> kProgramExtensions{"exe"};
 
-FileRequest RendererRequest()
+FileRequest RendererRequest(const RaytracerRow& row)
 {
-    FilterParts filter = SplitDialogFilter(DialogFilter(kRenderManDescription, kProgramExtensions));
+    FilterParts filter = SplitDialogFilter(
+        DialogFilter(std::string(row.check.chooserDescription), kProgramExtensions));
     FileRequest request;
     request.title = QCoreApplication::translate("modRaytrace", "Select Renderer").toStdString();
     request.description = std::move(filter.description);
@@ -39,51 +42,63 @@ bool IsProgram(const std::string& path)
 
 }  // namespace
 
-modRaytrace::modRaytrace(Host& host, Platform& platform, QWidget* parent)
-    : m_host(host), m_platform(platform), m_parent(parent)
+modRaytrace::modRaytrace(Host& host, Platform& platform, QWidget* parent,
+                         std::span<const RaytracerRow> rows)
+    : m_host(host), m_platform(platform), m_parent(parent), m_rows(rows)
 {
+}
+
+const RaytracerRow& modRaytrace::Selected()
+{
+    return RowOf(m_host.applicationState.SelectedRaytracer(), m_rows);
+}
+
+std::string modRaytrace::ProgramOf(const RaytracerRow& row)
+{
+    return row.program.locationKey.empty()
+               ? m_host.applicationState.PovRayProgram()
+               : m_platform.settings.Read(LocationOf(row)).value_or(std::string());
 }
 
 bool modRaytrace::CheckRaytracer()
 {
-    return m_host.applicationState.SelectedRaytracer() == CorvexDB::Raytracer::RenderMan
-               ? CheckRenderMan()
-               : CheckPovRay();
-}
-
-bool modRaytrace::CheckPovRay()
-{
-    if (m_host.applicationState.PovRayProgram().empty()) {
-        if (Ask(kPovRayNotFound)) {
-            m_host.applicationState.OpenWebSite(CorvexDB::WebSite::PovRay);
-        }
-        return false;
+    const RaytracerRow& row = Selected();
+    if (ProgramOf(row).empty()) {
+        return AskForProgram(row);
     }
-    const WarningRow& warning = RowOf(WarningId::PovRayConfiguration);
-    modDialog(m_platform.settings, m_platform.prompts, m_host.diagnostics, m_parent)
-        .ShowWarning({m_host.applicationState.SettingsApplicationName(), std::string(warning.text),
-                      std::string(warning.key)});
+    ShowHint(row);
     return true;
 }
 
-bool modRaytrace::CheckRenderMan()
+bool modRaytrace::AskForProgram(const RaytracerRow& row)
 {
-    if (!m_platform.settings.Read(RenderManLocation()).value_or(std::string()).empty()) {
-        return true;
+    bool visit = Ask(row.check.notFound);
+    if (!row.check.select.empty()) {
+        if (visit) {
+            return Ask(row.check.select) && ChooseProgram(row);
+        }
+        visit = Ask(row.check.visit);
     }
-    if (Ask(kRenderManNotFound)) {
-        return Ask(kSelectRenderMan) && LocateRenderMan();
-    }
-    if (Ask(kVisitRenderManSite)) {
-        m_host.applicationState.OpenWebSite(CorvexDB::WebSite::RenderMan);
+    if (visit) {
+        m_host.applicationState.OpenWebSite(row.check.site);
     }
     return false;
 }
 
-bool modRaytrace::LocateRenderMan()
+void modRaytrace::ShowHint(const RaytracerRow& row)
+{
+    const auto hint = std::ranges::find(WarningRows(), row.check.hintKey, &WarningRow::key);
+    if (hint != WarningRows().end()) {
+        modDialog(m_platform.settings, m_platform.prompts, m_host.diagnostics, m_parent)
+            .ShowWarning({m_host.applicationState.SettingsApplicationName(),
+                          std::string(hint->text), std::string(hint->key)});
+    }
+}
+
+bool modRaytrace::ChooseProgram(const RaytracerRow& row)
 {
     const WorkingFolder workingFolder;
-    const auto file = m_platform.choosers.ChooseFile(RendererRequest());
+    const auto file = m_platform.choosers.ChooseFile(RendererRequest(row));
     if (!file) {
         return false;
     }
@@ -91,16 +106,16 @@ bool modRaytrace::LocateRenderMan()
         ShowRule(kWrongFileType);
         return false;
     }
-    const SettingAddress address = RenderManLocation();
+    const SettingAddress address = LocationOf(row);
     m_platform.settings.Write(address, *file);
     TellAndGoOn(m_platform.prompts, [&] { m_platform.settings.Flush(address.application); });
     return true;
 }
 
-SettingAddress modRaytrace::RenderManLocation()
+SettingAddress modRaytrace::LocationOf(const RaytracerRow& row)
 {
     return {m_host.applicationState.SettingsApplicationName(), kApplicationSection,
-            kRenderManLocationKey};
+            std::string(row.program.locationKey)};
 }
 
 bool modRaytrace::Ask(std::string_view question)

@@ -1,6 +1,6 @@
 #include "raytrace/JobFiles.h"
 
-#include "raytrace/PovRayJob.h"
+#include "raytracers/PovRayJob.h"
 
 namespace CorvexMaterial {
 

@@ -4,25 +4,8 @@
 
 namespace CorvexMaterial {
 
-// Fixed texts of the raytracer check, the jobs and their two users.
+// Fixed texts of the jobs and their two users. Those of a raytracer are in its row.
 
-inline constexpr std::string_view kPovRayNotFound =
-    "POVRay was not found. Corvex requires POVRay version 3.5 or higher. Would you like to visit "
-    "the POVRay web site for this free download?";
-inline constexpr std::string_view kRenderManNotFound =
-    "A RenderMan compatible renderer was not found. Is there one currently installed on your "
-    "system?";
-inline constexpr std::string_view kSelectRenderMan =
-    "Would you like to select your RenderMan compatible renderer?";
-inline constexpr std::string_view kVisitRenderManSite =
-    "Would you like to visit the Exluna web site to download their free Renderman compatible Blue "
-    "Moon Rendering tools?";
-inline constexpr std::string_view kRenderManDescription = "RenderMan Compatible Renderer";
-
-inline constexpr std::string_view kNoTiffTextures =
-    "POVRay does not support the use of TIF textures. This scene uses TIF textures.";
-inline constexpr std::string_view kOnlyTiffTextures =
-    "This raytracer requires the use of TIF textures. This scene uses non-TIF textures.";
 inline constexpr std::string_view kRaytracerFailed =
     "Errors occurred while Raytracing. It may be that your raytracer is not configured properly or "
     "Corvex is having difficulty finding associated textures. Textures should be in the same "

@@ -1,7 +1,7 @@
 #include "raytrace/RenderWait.h"
 
-#include "raytrace/RenderProgress.h"
 #include "raytrace/RenderProgressDialog.h"
+#include "raytracers/RaytracerAtWork.h"
 
 namespace CorvexMaterial {
 
@@ -24,35 +24,25 @@ std::int32_t RenderWait::ShellWaitUpdatePreview(const CorvexDB::CommandLine& com
                                                 std::int32_t /*options*/)
 {
     m_messages.clear();
-    const std::unique_ptr<Process> process =
-        m_processes.Start({commandLine.program, commandLine.arguments, commandLine.workingFolder});
-    bool cancelled = false;
-    const ProcessState state = WaitBehindProgress(*process, cancelled);
-    if (cancelled) {
-        process->Stop();
-        status = ShellStatus::Cancelled;
-        return -1;
-    }
-    status = state == ProcessState::Crashed ? ShellStatus::Crashed : ShellStatus::Ended;
-    return state == ProcessState::Crashed ? -1 : process->ExitCode();
+    RaytracerAtWork work(m_processes, commandLine);
+    const bool cancelled = WaitBehindProgress(work);
+    const JobEnd end = work.End();
+    m_messages = end.messages;
+    status = cancelled     ? ShellStatus::Cancelled
+             : end.crashed ? ShellStatus::Crashed
+                           : ShellStatus::Ended;
+    return cancelled ? -1 : end.exitCode;
 }
 
-ProcessState RenderWait::WaitBehindProgress(Process& process, bool& cancelled)
+bool RenderWait::WaitBehindProgress(RaytracerAtWork& work)
 {
-    RenderProgress progress;
     RenderProgressDialog box(m_over);
-    ProcessState state = process.Wait(kSlice);
-    while (state == ProcessState::Running && !cancelled) {
-        progress.Feed(process.TakeErrorOutput());
-        progress.Feed(process.TakeOutput());
-        box.ShowPercent(progress.Percent());
+    bool cancelled = false;
+    while (!cancelled && work.GoesOn(kSlice)) {
+        box.ShowPercent(work.Percent());
         cancelled = box.HandleInput();
-        state = cancelled ? state : process.Wait(kSlice);
     }
-    progress.Feed(process.TakeErrorOutput());
-    progress.Feed(process.TakeOutput());
-    m_messages = progress.Messages();
-    return state;
+    return cancelled;
 }
 
 }  // namespace CorvexMaterial

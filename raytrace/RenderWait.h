@@ -8,6 +8,8 @@
 
 namespace CorvexMaterial {
 
+class RaytracerAtWork;
+
 /// Waits for a raytracer behind a small window with progress and Cancel.
 class RenderWait : public PreviewTarget {
 public:
@@ -21,7 +23,8 @@ public:
     std::string Messages() override { return m_messages; }
 
 private:
-    ProcessState WaitBehindProgress(Process& process, bool& cancelled);
+    /// True when the user cancelled, and it is gone then.
+    [[nodiscard]] bool WaitBehindProgress(RaytracerAtWork& work);
 
     ProcessStarter& m_processes;
     QWidget& m_over;

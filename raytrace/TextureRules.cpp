@@ -16,12 +16,11 @@ bool IsTiff(const std::string& file)
 
 }  // namespace
 
-bool TexturesFit(CorvexDB::Raytracer raytracer, const std::vector<std::string>& files)
+bool TexturesFit(TiffRule rule, const std::vector<std::string>& files)
 {
-    const bool tiffWanted = raytracer == CorvexDB::Raytracer::RenderMan;
-    return std::ranges::all_of(files, [tiffWanted](const std::string& file) {
-        return file.empty() || IsTiff(file) == tiffWanted;
-    });
+    return rule == TiffRule::Any || std::ranges::all_of(files, [rule](const std::string& file) {
+               return file.empty() || IsTiff(file) == (rule == TiffRule::OnlyTiff);
+           });
 }
 
 }  // namespace CorvexMaterial

@@ -7,7 +7,6 @@
 #include "raytrace/PatternColours.h"
 #include "raytrace/RaytraceAmounts.h"
 #include "raytrace/RaytracedPreview.h"
-#include "raytrace/RendererOptions.h"
 #include "record/Looks.h"
 #include "ui_frmMaterialExtended.h"
 
@@ -54,8 +53,8 @@ frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
                                          const CorvexDB::udtMaterial& material, QWidget* parent)
     : QDialog(parent), m_services(services), m_material(material),
       m_ui(std::make_unique<Ui::frmMaterialExtended>()),
-      m_raytracer(services.host.applicationState.SelectedRaytracer()),
-      m_raytrace(services.host, services.platform, this), m_wait(services.platform.processes, *this)
+      m_raytrace(services.host, services.platform, this, services.raytracers),
+      m_wait(services.platform.processes, *this)
 {
     m_ui->setupUi(this);
     m_swatches = {m_ui->picColorPattern_0, m_ui->picColorPattern_1, m_ui->picColorPattern_2,
@@ -276,9 +275,11 @@ void frmMaterialExtended::FollowRaytracer()
         {RaytraceOption::NormalPattern, {m_ui->fraNormalPattern}},
         {RaytraceOption::PredefinedMaterial, {m_ui->fraPredefined}},
     };
+    const RaytracerRow& raytracer =
+        RowOf(m_services.host.applicationState.SelectedRaytracer(), m_services.raytracers);
     bool all = true;
     for (const Row& row : rows) {
-        const bool honoured = Honours(m_raytracer, row.option);
+        const bool honoured = Honours(raytracer, row.option);
         all = all && honoured;
         for (QWidget* widget : row.widgets) {
             widget->setEnabled(honoured);
@@ -287,7 +288,7 @@ void frmMaterialExtended::FollowRaytracer()
     // The entry alone: who comes with a predefined material must be able to leave it.
     auto* types = qobject_cast<QStandardItemModel*>(m_ui->cboMaterialType->model());
     types->item(static_cast<int>(MaterialType::Predefined))
-        ->setEnabled(Honours(m_raytracer, RaytraceOption::PredefinedMaterial));
+        ->setEnabled(Honours(raytracer, RaytraceOption::PredefinedMaterial));
     m_ui->lblNotHonored->setText(tr("Options that your raytracer cannot render are disabled."));
     m_ui->lblNotHonored->setVisible(!all);
 }

@@ -33,6 +33,7 @@ struct RaytraceDialogServices {
     Host& host;
     Platform& platform;
     RaytracedPreview& preview;
+    std::span<const RaytracerRow> raytracers = Raytracers();
 };
 
 /// Edits the attributes that only a raytracer honours. Give it the record before it is shown, take
@@ -99,7 +100,6 @@ private:
     RaytraceDialogServices m_services;
     CorvexDB::udtMaterial m_material;
     std::unique_ptr<Ui::frmMaterialExtended> m_ui;
-    CorvexDB::Raytracer m_raytracer = CorvexDB::Raytracer::PovRay;
     std::array<SliderRow, 12> m_sliders{};
     std::array<Swatch*, 4> m_swatches{};
     std::array<bool, 4> m_swatchUsed{true, true, true, true};

@@ -3,13 +3,11 @@
 #include "dialogs/ErrorTexts.h"
 #include "dialogs/Trap.h"
 #include "platform/TemporaryFolder.h"
-#include "raytrace/JobEnd.h"
-#include "raytrace/PovRayJob.h"
 #include "raytrace/PreviewTarget.h"
 #include "raytrace/RaytraceMessages.h"
-#include "raytrace/RenderManJob.h"
 #include "raytrace/TextureRules.h"
 #include "raytrace/WorkingFolder.h"
+#include "raytracers/JobEnd.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -64,21 +62,19 @@ RaytraceOutcome modRaytrace::Render(const RaytraceJob& job,
                                     const std::function<void(const std::string& bitmap)>& read)
 {
     const WorkingFolder workingFolder;
-    const CorvexDB::Raytracer raytracer = m_host.applicationState.SelectedRaytracer();
-    const bool renderMan = raytracer == CorvexDB::Raytracer::RenderMan;
-    const JobFiles files(m_platform.temporaryFiles, m_host.diagnostics, renderMan ? "rib" : "pov",
-                         job.afterJob);
+    const RaytracerRow& row = Selected();
+    const JobFiles files(m_platform.temporaryFiles, m_host.diagnostics,
+                         std::string(row.scene.suffix), job.afterJob);
     const ExportInUse exportInUse(m_host);
     // Renderers read settings of their own where they work: never in a folder that others share.
     const TemporaryFolder work("job");
-    CorvexDB::CommandLine commandLine =
-        renderMan ? PrepareRenderMan(job, files) : PreparePovRay(job, files);
+    CorvexDB::CommandLine commandLine = Prepare(row, job, files);
     commandLine.workingFolder = work.Path();
-    if (!TexturesAreTaken(raytracer, job)) {
+    if (!TexturesAreTaken(row, job)) {
         m_host.raytrace.RaytraceAbandoned();
         return RaytraceOutcome::Abandoned;
     }
-    const RaytraceOutcome outcome = Run(raytracer, job, commandLine, files.Bitmap());
+    const RaytraceOutcome outcome = Run(row, job, commandLine, files.Bitmap());
     if (outcome == RaytraceOutcome::Rendered) {
         read(files.Bitmap());
     }
@@ -93,38 +89,34 @@ std::string modRaytrace::Export(const RaytraceJob& job, const JobFiles& files)
         {files.Scene(), job.scene, aspect, kExportConstant, job.view});
 }
 
-CorvexDB::CommandLine modRaytrace::PreparePovRay(const RaytraceJob& job, const JobFiles& files)
+CorvexDB::CommandLine modRaytrace::Prepare(const RaytracerRow& row, const RaytraceJob& job,
+                                           const JobFiles& files)
 {
-    static_cast<void>(Export(job, files));
-    CorvexDB::ApplicationState& state = m_host.applicationState;
-    const PovRayIni ini = IniOf({files.Scene(), job.size.width, job.size.height, job.antialias,
-                                 state.ScenePath(), state.SearchFolders()});
-    m_platform.temporaryFiles.Write(files.Ini(), ini.text);
-    for (const std::string& line : ini.trace) {
+    const std::string exported = Export(job, files);
+    const RenderStart start = row.panelStart({ProgramOf(row), files.Scene(), exported, files.Ini(),
+                                              files.Bitmap(), job.size, job.antialias},
+                                             m_host.applicationState);
+    if (!start.settings.empty()) {
+        m_platform.temporaryFiles.Write(files.Ini(), start.settings);
+    }
+    for (const std::string& line : start.trace) {
         m_host.diagnostics.DebugTrace(line);
     }
-    return PovRayCommandLine(state.PovRayProgram(), files.Ini());
+    return start.command;
 }
 
-CorvexDB::CommandLine modRaytrace::PrepareRenderMan(const RaytraceJob& job, const JobFiles& files)
-{
-    const std::string scene = Export(job, files);
-    return RenderManCommandLine({m_platform.settings.Read(RenderManLocation()).value_or(""),
-                                 job.size.width, job.size.height, scene});
-}
-
-bool modRaytrace::TexturesAreTaken(CorvexDB::Raytracer raytracer, const RaytraceJob& job)
+bool modRaytrace::TexturesAreTaken(const RaytracerRow& row, const RaytraceJob& job)
 {
     // A flat sample leaves the shape's own textures out.
     if (job.view == CorvexSG::RaytraceView::FlatSample ||
-        TexturesFit(raytracer, m_host.exporter.TexturesInUse(job.scene))) {
+        TexturesFit(row.scene.tiff, m_host.exporter.TexturesInUse(job.scene))) {
         return true;
     }
-    ShowRule(raytracer == CorvexDB::Raytracer::RenderMan ? kOnlyTiffTextures : kNoTiffTextures);
+    ShowRule(row.scene.wrongTextures);
     return false;
 }
 
-RaytraceOutcome modRaytrace::Run(CorvexDB::Raytracer raytracer, const RaytraceJob& job,
+RaytraceOutcome modRaytrace::Run(const RaytracerRow& row, const RaytraceJob& job,
                                  const CorvexDB::CommandLine& commandLine,
                                  const std::string& bitmap)
 {
@@ -132,7 +124,7 @@ RaytraceOutcome modRaytrace::Run(CorvexDB::Raytracer raytracer, const RaytraceJo
         // The image of an earlier job must never pass for this one's.
         m_platform.temporaryFiles.Remove(bitmap);
         JobEnd end;
-        end.raytracer = raytracer;
+        end.exitCodeTells = row.exitCodeTells;
         end.wanted = job.size;
         end.folder = m_platform.temporaryFiles.Folder();
         if (!StartAndWait(job, commandLine, bitmap, end)) {

@@ -3,6 +3,7 @@
 #include "host/Host.h"
 #include "platform/Platform.h"
 #include "raytrace/JobFiles.h"
+#include "raytracers/Raytracers.h"
 
 #include <functional>
 #include <string>
@@ -35,7 +36,9 @@ enum class RaytraceOutcome {
 /// Raytracer jobs: the check that comes before, and the run of one.
 class modRaytrace {
 public:
-    modRaytrace(Host& host, Platform& platform, QWidget* parent);
+    /// The host selects one of the rows, which outlive this object.
+    modRaytrace(Host& host, Platform& platform, QWidget* parent,
+                std::span<const RaytracerRow> rows = Raytracers());
 
     /// Whether the selected raytracer can be used. When it cannot, the user has been told and
     /// offered help.
@@ -52,20 +55,20 @@ public:
     void ReportingFailure(const std::function<void()>& body);
 
 private:
-    [[nodiscard]] bool CheckPovRay();
-    [[nodiscard]] bool CheckRenderMan();
-    [[nodiscard]] bool LocateRenderMan();
-    [[nodiscard]] SettingAddress RenderManLocation();
+    [[nodiscard]] const RaytracerRow& Selected();
+    [[nodiscard]] SettingAddress LocationOf(const RaytracerRow& row);
+    [[nodiscard]] std::string ProgramOf(const RaytracerRow& row);
+    [[nodiscard]] bool AskForProgram(const RaytracerRow& row);
+    [[nodiscard]] bool ChooseProgram(const RaytracerRow& row);
+    void ShowHint(const RaytracerRow& row);
     [[nodiscard]] bool Ask(std::string_view question);
     void ShowRule(std::string_view text);
 
-    [[nodiscard]] CorvexDB::CommandLine PreparePovRay(const RaytraceJob& job,
-                                                      const JobFiles& files);
-    [[nodiscard]] CorvexDB::CommandLine PrepareRenderMan(const RaytraceJob& job,
-                                                         const JobFiles& files);
+    [[nodiscard]] CorvexDB::CommandLine Prepare(const RaytracerRow& row, const RaytraceJob& job,
+                                                const JobFiles& files);
     [[nodiscard]] std::string Export(const RaytraceJob& job, const JobFiles& files);
-    [[nodiscard]] bool TexturesAreTaken(CorvexDB::Raytracer raytracer, const RaytraceJob& job);
-    [[nodiscard]] RaytraceOutcome Run(CorvexDB::Raytracer raytracer, const RaytraceJob& job,
+    [[nodiscard]] bool TexturesAreTaken(const RaytracerRow& row, const RaytraceJob& job);
+    [[nodiscard]] RaytraceOutcome Run(const RaytracerRow& row, const RaytraceJob& job,
                                       const CorvexDB::CommandLine& commandLine,
                                       const std::string& bitmap);
     /// False when the user cancelled.
@@ -76,6 +79,7 @@ private:
     Host& m_host;
     Platform& m_platform;
     QWidget* m_parent;
+    std::span<const RaytracerRow> m_rows;
 };
 
 }  // namespace CorvexMaterial

@@ -31,7 +31,8 @@ std::string PanelJob::KeepingExporter::ExportRaytraceScene(const CorvexSG::Raytr
 }
 
 PanelJob::PanelJob(QSize size, const QString& keptScene)
-    : m_studio(studio::ProfileIn(m_profile.path()), m_desktop.Get().settings),
+    : m_studio(studio::ProfileIn(m_profile.path()), m_desktop.Get().settings,
+               m_desktop.Get().processes),
       m_exporter(m_studio.Get().exporter, keptScene), m_host(HostWith(m_studio.Get(), m_exporter)),
       m_panel(m_host, m_desktop.Get(), nullptr)
 {

@@ -4,6 +4,7 @@
 #include "studio/Tr.h"
 #include "studio/app/MaterialAssignment.h"
 #include "studio/app/StudioProfile.h"
+#include "studio/raytrace/SceneWriters.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
@@ -15,20 +16,25 @@
 namespace studio {
 namespace {
 
+using CorvexMaterial::RaytracerRow;
+using CorvexMaterial::Raytracers;
+
 constexpr const char* kHelp = R"(Usage:
   corvex-studio [FILE]                  open the studio, with a model or a library if one is
                                         named
   corvex-studio render [MODEL] --out FILE.png [options]
                                         draw a picture without a window
-  corvex-studio export FILE.pov|FILE.rib [MODEL] [options]
-                                        write the scene for POV-Ray or a RenderMan renderer
+  corvex-studio export %1 [MODEL] [options]
+                                        write the scene for a raytracer
   corvex-studio --tour FOLDER           make a recorded tour without a display and put its
                                         pictures into FOLDER; settings stay untouched
   corvex-studio --version | --help
 
 Options of render and export:
   --size WxH             in pixels, 800x600 if not given, at most 8192x8192
-  --raytrace             render with POV-Ray
+  --raytrace             render with %2
+  --raytracer NAME       render with %3; the variable
+                         %4 names its program
   --primitive NAME       instead of a model: cube, cylinder, sphere, torus or cone
   --material KEY=VALUE   change the material of every shape; may be given several times
                          colour=Bronze (a name of the colour list) or colour=#8c7824
@@ -46,6 +52,11 @@ Exit codes:
      did not do what it should, a library has a problem
   2  wrong usage
 )";
+
+QString SceneFiles(std::string_view between)
+{
+    return QString::fromStdString(CorvexMaterial::SceneNames("FILE", between));
+}
 
 CommandLine Refused(const QString& reason)
 {
@@ -84,6 +95,31 @@ std::optional<int> PrimitiveFrom(const QString& name)
     return std::nullopt;
 }
 
+QString WordOf(const RaytracerRow& row)
+{
+    return QString::fromUtf8(row.word).toLower();
+}
+
+std::optional<CorvexDB::Raytracer> RaytracerNamed(const QString& word)
+{
+    for (const RaytracerRow& row : Raytracers()) {
+        if (WordOf(row) == word) {
+            return row.kind;
+        }
+    }
+    return std::nullopt;
+}
+
+/// "a or b".
+QString OfEachRaytracer(QString (*text)(const RaytracerRow& row))
+{
+    QStringList texts;
+    for (const RaytracerRow& row : Raytracers()) {
+        texts << text(row);
+    }
+    return texts.join(QStringLiteral(" or "));
+}
+
 std::optional<QString> FirstWrong(const QStringList& assignments)
 {
     CorvexDB::udtMaterial material;
@@ -102,10 +138,11 @@ struct RenderOptions {
     QCommandLineOption primitive{QStringLiteral("primitive"), {}, QStringLiteral("name")};
     QCommandLineOption material{QStringLiteral("material"), {}, QStringLiteral("key=value")};
     QCommandLineOption raytrace{QStringLiteral("raytrace")};
+    QCommandLineOption raytracer{QStringLiteral("raytracer"), {}, QStringLiteral("name")};
 
     void AddTo(QCommandLineParser& parser) const
     {
-        parser.addOptions({out, size, primitive, material, raytrace});
+        parser.addOptions({out, size, primitive, material, raytrace, raytracer});
     }
 };
 
@@ -115,7 +152,13 @@ CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions&
     line.action = Action::Render;
     line.render.output = parser.value(options.out);
     line.render.assignments = parser.values(options.material);
-    line.render.raytrace = parser.isSet(options.raytrace);
+    line.render.raytracer = RaytracerNamed(parser.value(options.raytracer));
+    if (parser.isSet(options.raytracer) && !line.render.raytracer) {
+        return Refused(Tr("--raytracer must be %1.").arg(OfEachRaytracer(WordOf)));
+    }
+    if (parser.isSet(options.raytrace) && !line.render.raytracer) {
+        line.render.raytracer = Raytracers().front().kind;
+    }
     const QStringList models = parser.positionalArguments();
     const auto size = SizeFrom(parser.value(options.size));
     const auto primitive = PrimitiveFrom(parser.value(options.primitive));
@@ -151,9 +194,8 @@ CommandLine ReadRender(const QStringList& arguments)
 CommandLine ReadExport(const QStringList& arguments)
 {
     const QString file = arguments.value(1);
-    if (!file.endsWith(QStringLiteral(".pov"), Qt::CaseInsensitive) &&
-        !file.endsWith(QStringLiteral(".rib"), Qt::CaseInsensitive)) {
-        return Refused(Tr("export needs FILE.pov or FILE.rib first."));
+    if (WriterFor(file) == nullptr) {
+        return Refused(Tr("export needs %1 first.").arg(SceneFiles(" or ")));
     }
     QStringList rest = arguments.mid(2);
     rest << QStringLiteral("--out") << file;
@@ -176,7 +218,11 @@ CommandLine ReadLibrary(const QStringList& arguments)
 
 CommandLine Help()
 {
-    return Shown(QLatin1String(kHelp) + QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
+    const QString help = QString::fromUtf8(kHelp).arg(
+        SceneFiles("|"), QString::fromUtf8(Raytracers().front().name), OfEachRaytracer(WordOf),
+        OfEachRaytracer(
+            [](const RaytracerRow& row) { return QString::fromUtf8(row.program.variable); }));
+    return Shown(help + QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
 }
 
 CommandLine ReadWindow(const QStringList& arguments)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/MaterialRecord.h"
+#include "host/CorvexDB.h"
 #include "studio/libraries/LibraryCommandLine.h"
 
 #include <QSize>
@@ -19,9 +19,9 @@ struct RenderJob {
     QString model;      ///< empty: the primitive
     int primitive = 2;  ///< code of the preview primitive
     QString output;
-    QSize size{800, 600};     ///< pixels
-    QStringList assignments;  ///< `key=value`, already checked
-    bool raytrace = false;    ///< by POV-Ray
+    QSize size{800, 600};                          ///< pixels
+    QStringList assignments;                       ///< `key=value`, already checked
+    std::optional<CorvexDB::Raytracer> raytracer;  ///< none: drawn as in the window
 };
 
 enum class Action { OpenWindow, RecordTour, Render, Export, Library, ShowText, Refuse };

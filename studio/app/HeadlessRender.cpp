@@ -100,6 +100,15 @@ void TellUnreadTextures(const Frame& frame, RenderService& rendering, const Rema
     }
 }
 
+void TellLosses(const SceneWriter& writer, const RaytraceScene& scene, RenderService& rendering,
+                const Remark& remark)
+{
+    if (const QString note = LossNote(*writer.raytracer, scene, LookupIn(rendering));
+        !note.isEmpty()) {
+        remark(note);
+    }
+}
+
 /// The job's shapes in view, with what a raytracer has to know of them. Pictures inside a model go
 /// into the folder.
 RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& pictureFolder,
@@ -117,14 +126,25 @@ RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& p
     return result;
 }
 
-QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
+QImage Raytraced(const SceneWriter& writer, const RaytraceScene& scene, RenderService& rendering,
+                 const Remark& remark)
 {
-    const QString program = FindPovRay(qEnvironmentVariable("CORVEX_POVRAY"));
+    const CorvexMaterial::ProgramFacts& facts = writer.raytracer->program;
+    const QString program = FindProgram(facts, PassedProgram(facts));
     if (program.isEmpty()) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    "POV-Ray was not found: there is no program named povray.");
+        throw CorvexMaterial::Error(
+            CorvexMaterial::Status::FileFailed,
+            (facts.usualName.empty()
+                 ? Tr("No %1 is known: the variable %2 names its program.")
+                       .arg(QString::fromUtf8(facts.noun), QString::fromUtf8(facts.variable))
+                 : Tr("%1 was not found: there is no program named %2.")
+                       .arg(QString::fromUtf8(writer.raytracer->name),
+                            QString::fromUtf8(facts.usualName)))
+                .toStdString());
     }
-    RaytraceRun run;
+    TellLosses(writer, scene, rendering, remark);
+    CorvexMaterial::QtPlatform desktop;
+    RaytraceRun run(desktop.Get().processes);
     QEventLoop loop;
     QImage picture;
     QString failure;
@@ -136,7 +156,7 @@ QImage Raytraced(const RaytraceScene& scene, RenderService& rendering)
         failure = message;
         loop.quit();
     });
-    run.Start({program}, scene, LookupIn(rendering), 1);
+    run.Start({program, &writer}, scene, LookupIn(rendering), 1);
     loop.exec();
     if (picture.isNull()) {
         throw CorvexMaterial::Error(CorvexMaterial::Status::Failed, failure.toStdString());
@@ -151,7 +171,8 @@ QImage Draw(const RenderJob& job, const Remark& remark)
     RaytraceScene all = SceneOf(job, scene, QString::fromStdString(pictures.Path()), remark);
     RenderService rendering;
     TellUnreadTextures(all.frame, rendering, remark);
-    return job.raytrace ? Raytraced(all, rendering) : rendering.DrawNow(std::move(all.frame));
+    return job.raytracer ? Raytraced(WriterOf(*job.raytracer), all, rendering, remark)
+                         : rendering.DrawNow(std::move(all.frame));
 }
 
 }  // namespace
@@ -177,6 +198,7 @@ std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark)
         const RaytraceScene all = SceneOf(job, scene, folder, remark);
         TellUnreadTextures(all.frame, rendering, remark);
         WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
+        TellLosses(*WriterFor(job.output), all, rendering, remark);
         return std::nullopt;
     } catch (const CorvexMaterial::Error& error) {
         return QString::fromStdString(error.what());

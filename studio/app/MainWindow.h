@@ -17,6 +17,10 @@ class QDockWidget;
 class QLabel;
 class QMenu;
 
+namespace CorvexMaterial {
+struct SceneFacts;
+}
+
 namespace studio {
 
 class LibraryBrowser;
@@ -119,7 +123,7 @@ private:
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
     [[nodiscard]] RaytraceScene SceneToRaytrace();
     void KeepExportFolder(const QString& folder);
-    void ChooseExport(const QString& filter, const QString& suffix);
+    void ChooseExport(const CorvexMaterial::SceneFacts& scene);
     void FindTextures();
     void ReplaceTextures(const std::vector<TextureReplacement>& chosen);
     void PickAt(QPoint position, Qt::KeyboardModifiers modifiers);

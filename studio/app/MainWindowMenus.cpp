@@ -136,7 +136,7 @@ void MainWindow::BuildHelpMenu()
 
 void MainWindow::ShowOptions()
 {
-    auto* dialog = new OptionsDialog(m_host.Settings(), this);
+    auto* dialog = new OptionsDialog(m_host.Settings(), m_platform.processes, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         try {

@@ -5,14 +5,12 @@
 #include "studio/app/StudioApplicationState.h"
 #include "studio/app/StudioHost.h"
 #include "studio/app/StudioSettings.h"
-#include "studio/raytrace/RaytracerPrograms.h"
-#include "studio/raytrace/RenderWindow.h"
+#include "studio/raytrace/SceneWriters.h"
 #include "studio/raytrace/StudioRaytraceServices.h"
 #include "studio/raytrace/StudioSceneExporter.h"
-#include "studio/raytrace/povray/PovRayStage.h"
+#include "studio/raytrace/window/RenderWindow.h"
 #include "studio/render/ViewportWidget.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -22,16 +20,15 @@
 namespace studio {
 namespace {
 
-/// For a person; empty when each shape mirrors what it should.
-QString EnvironmentNote(const RaytraceScene& scene)
+QString NoProgramText(const CorvexMaterial::ProgramFacts& facts)
 {
-    const int foreign = ShapesWithForeignEnvironment(scene);
-    return foreign == 0 ? QString()
-                        : QCoreApplication::translate(
-                              "MainWindow",
-                              "POV-Ray has one environment map for a scene; shapes that mirror"
-                              " another's: %n.",
-                              nullptr, foreign);
+    const QString text =
+        facts.usualName.empty()
+            ? MainWindow::tr("No %1 is chosen. Edit > Options > Raytracing has a field for its "
+                             "program.")
+            : MainWindow::tr(
+                  "%1 was not found. Edit > Options > Raytracing says where it is looked for.");
+    return text.arg(QString::fromUtf8(facts.noun));
 }
 
 }  // namespace
@@ -41,12 +38,11 @@ void MainWindow::BuildRaytraceMenu(QMenu* menu)
     menu->addAction(tr("&Render..."), QKeySequence(tr("Ctrl+R")), this, &MainWindow::RenderScene)
         ->setObjectName(QStringLiteral("renderScene"));
     QMenu* exports = menu->addMenu(tr("&Export"));
-    exports->addAction(tr("&POV-Ray Scene..."), this, [this] {
-        ChooseExport(tr("POV-Ray scenes (*.pov)"), QStringLiteral(".pov"));
-    });
-    exports->addAction(tr("&RIB..."), this, [this] {
-        ChooseExport(tr("RenderMan scenes (*.rib)"), QStringLiteral(".rib"));
-    });
+    for (const SceneWriter& writer : SceneWriters()) {
+        const CorvexMaterial::SceneFacts& scene = writer.raytracer->scene;
+        exports->addAction(tr(scene.title.data()) + QStringLiteral("..."), this,
+                           [this, &scene] { ChooseExport(scene); });
+    }
     m_host.Raytracing().SetAbandoned(
         [this] { m_misc->Show(tr("The raytracer was not started.")); });
 }
@@ -62,15 +58,11 @@ void MainWindow::RenderScene()
 {
     const RaytracerProgram program = m_host.State().Raytracer();
     if (program.path.isEmpty()) {
-        Tell(program.kind == CorvexDB::Raytracer::RenderMan
-                 ? tr("No RenderMan renderer is chosen. Edit > Options > Raytracing has a field "
-                      "for its program.")
-                 : tr("POV-Ray was not found. Edit > Options > Raytracing says where it is looked "
-                      "for."),
+        Tell(NoProgramText(program.writer->raytracer->program),
              CorvexMaterial::PromptIcon::Exclamation);
         return;
     }
-    auto* window = new RenderWindow(this);
+    auto* window = new RenderWindow(m_platform.processes, this);
     window->setObjectName(QStringLiteral("renderWindow"));
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->SetFolder(m_host.Settings().Text(kExportFolderSetting));
@@ -81,23 +73,22 @@ void MainWindow::RenderScene()
         window->Start(program, scene, m_host.RaytraceData().textures,
                       m_host.State().AntialiasChoice());
         window->show();
-        m_misc->Show(program.kind == CorvexDB::Raytracer::PovRay ? EnvironmentNote(scene)
-                                                                 : QString());
     } catch (const CorvexMaterial::Error& error) {
         delete window;
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);
     }
 }
 
-void MainWindow::ChooseExport(const QString& filter, const QString& suffix)
+void MainWindow::ChooseExport(const CorvexMaterial::SceneFacts& scene)
 {
+    const QString suffix = QString::fromUtf8(scene.suffix);
     QFileDialog dialog(this, tr("Export Scene"), m_host.Settings().Text(kExportFolderSetting),
-                       filter);
+                       QStringLiteral("%1 (*.%2)").arg(tr(scene.filter.data()), suffix));
     // A desktop's own dialog would ask about the name before it has its extension.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix.mid(1));
-    dialog.selectFile(QStringLiteral("scene") + suffix);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(QStringLiteral("scene.") + suffix);
     if (dialog.exec() == QDialog::Accepted) {
         KeepExportFolder(dialog.directory().absolutePath());
         ExportScene(dialog.selectedFiles().value(0));
@@ -116,7 +107,7 @@ void MainWindow::ExportScene(const QString& file)
         WriteRaytraceScene(file, scene, m_host.RaytraceData().textures, ImagesBeside(file));
         const QString written = tr("%1 was written.").arg(QFileInfo(file).fileName());
         const QString note =
-            file.endsWith(QStringLiteral(".pov")) ? EnvironmentNote(scene) : QString();
+            LossNote(*WriterFor(file)->raytracer, scene, m_host.RaytraceData().textures);
         m_misc->Show(note.isEmpty() ? written : written + u' ' + note);
     } catch (const CorvexMaterial::Error& error) {
         Tell(QString::fromStdString(error.what()), CorvexMaterial::PromptIcon::Exclamation);

@@ -3,7 +3,7 @@
 #include "platform/SettingsNames.h"
 #include "studio/app/SettingNames.h"
 #include "studio/app/StudioSettings.h"
-#include "studio/raytrace/PovRayProbe.h"
+#include "studio/raytrace/window/RaytracerField.h"
 #include "ui_OptionsDialog.h"
 
 #include <QColorDialog>
@@ -60,17 +60,18 @@ void ProvideColours(StudioSettings& settings)
     settings.SetLibraryBackground(kBackgroundTextureKey, colours.textureLibrary);
 }
 
-OptionsDialog::OptionsDialog(StudioSettings& settings, QWidget* parent)
+OptionsDialog::OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
+                             QWidget* parent, std::span<const SceneWriter> raytracers)
     : QDialog(parent), m_settings(settings), m_ui(std::make_unique<Ui::OptionsDialog>()),
       m_colours(ReadColours(settings))
 {
     m_ui->setupUi(this);
+    AddRaytracers(raytracers, processes);
     ShowSettings();
     BindColour(m_ui->viewportColour, &StudioColours::viewport);
     BindColour(m_ui->previewColour, &StudioColours::preview);
     BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
     BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
-    BindRaytracers();
     connect(m_ui->customFields, &QPlainTextEdit::textChanged, this, &OptionsDialog::ShowMoves);
     connect(m_ui->moveFields, &QCheckBox::toggled, this, &OptionsDialog::ShowMoves);
     connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
@@ -85,9 +86,8 @@ OptionsDialog::~OptionsDialog() = default;
 void OptionsDialog::ShowSettings()
 {
     m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
-    m_ui->raytracer->setCurrentIndex(std::clamp(m_settings.Number(kRaytracerSetting, 0), 0, 1));
-    m_ui->povRayProgram->setText(m_settings.Text(kPovRayProgramSetting));
-    m_ui->renderManProgram->setText(m_settings.RenderManLocation());
+    const int raytracer = m_settings.Number(kRaytracerSetting, 0);
+    m_ui->raytracer->setCurrentIndex(std::max(0, m_ui->raytracer->findData(raytracer)));
     m_ui->folders->addItems(m_settings.List(kSearchFoldersSetting));
     m_fields = m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts);
     m_ui->customFields->setPlainText(m_fields.join(u'\n'));
@@ -114,20 +114,17 @@ void OptionsDialog::ShowMoves()
     m_ui->fieldsNote->setVisible(!note.isEmpty());
 }
 
-void OptionsDialog::BindRaytracers()
+void OptionsDialog::AddRaytracers(std::span<const SceneWriter> raytracers,
+                                  CorvexMaterial::ProcessStarter& processes)
 {
-    const auto bind = [this](QPushButton* button, QLineEdit* field, const QString& title) {
-        connect(button, &QPushButton::clicked, this, [this, field, title] {
-            const QString file = QFileDialog::getOpenFileName(this, title, field->text());
-            if (!file.isEmpty()) {
-                field->setText(file);
-            }
-        });
-    };
-    bind(m_ui->choosePovRay, m_ui->povRayProgram, tr("POV-Ray"));
-    bind(m_ui->chooseRenderMan, m_ui->renderManProgram, tr("RenderMan Renderer"));
-    new PovRayProbe(
-        {*m_ui->povRayProgram, *m_ui->testPovRay, *m_ui->povRayPicture, *m_ui->povRayStatus}, this);
+    for (const SceneWriter& writer : raytracers) {
+        const CorvexMaterial::RaytracerRow& row = *writer.raytracer;
+        m_ui->raytracer->addItem(tr(row.name.data()), static_cast<int>(row.kind));
+        auto* field =
+            new RaytracerField(writer, processes, m_settings.RaytracerProgram(row.program), this);
+        m_ui->raytracingTabLayout->addRow(tr(row.program.label.data()), field);
+        m_raytracers.push_back(field);
+    }
 }
 
 void OptionsDialog::BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour)
@@ -162,9 +159,10 @@ void OptionsDialog::Store() const
     m_settings.SetLibraryBackground(kBackgroundMaterialKey, m_colours.materialLibrary);
     m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
-    m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentIndex());
-    m_settings.SetText(kPovRayProgramSetting, m_ui->povRayProgram->text().trimmed());
-    m_settings.SetRenderManLocation(m_ui->renderManProgram->text().trimmed());
+    m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentData().toInt());
+    for (const RaytracerField* field : m_raytracers) {
+        m_settings.SetRaytracerProgram(field->Raytracer().program, field->Text());
+    }
     m_settings.SetList(kSearchFoldersSetting, folders);
     m_settings.SetList(kCustomFieldsSetting, FieldNames());
     m_settings.SetText(kSupportSiteSetting, m_ui->supportSite->text().trimmed());

@@ -1,11 +1,15 @@
 #pragma once
 
 #include "host/Colour.h"
+#include "platform/Processes.h"
 #include "studio/app/FieldMoves.h"
+#include "studio/raytrace/SceneWriters.h"
 
 #include <QDialog>
 
 #include <memory>
+#include <span>
+#include <vector>
 
 namespace Ui {
 class OptionsDialog;
@@ -13,6 +17,7 @@ class OptionsDialog;
 
 namespace studio {
 
+class RaytracerField;
 class StudioSettings;
 
 /// The colours behind preview, viewport and the two library browsers.
@@ -32,8 +37,10 @@ class OptionsDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// The settings outlive the dialog.
-    explicit OptionsDialog(StudioSettings& settings, QWidget* parent = nullptr);
+    /// Settings, processes and raytracers outlive the dialog.
+    OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
+                  QWidget* parent = nullptr,
+                  std::span<const SceneWriter> raytracers = SceneWriters());
     ~OptionsDialog() override;
 
     /// What the user wants done with the values of custom fields whose names have moved.
@@ -45,13 +52,15 @@ private:
     void ShowSettings();
     void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);
     void AddFolder();
-    void BindRaytracers();
+    void AddRaytracers(std::span<const SceneWriter> raytracers,
+                       CorvexMaterial::ProcessStarter& processes);
     void ShowMoves();
     [[nodiscard]] QStringList FieldNames() const;
 
     StudioSettings& m_settings;
     std::unique_ptr<Ui::OptionsDialog> m_ui;
     StudioColours m_colours;
+    std::vector<RaytracerField*> m_raytracers;
     QStringList m_fields;  ///< the names so far
 };
 

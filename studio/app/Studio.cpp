@@ -42,7 +42,7 @@ ExitCode RunWindow(const CommandLine& line)
     const StudioProfile profile = UserProfile();
     const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
     StudioDesktop desktop;
-    StudioHost host(profile, desktop.OwnSettings());
+    StudioHost host(profile, desktop.OwnSettings(), desktop.Get().processes);
     for (const QString& problem : problems) {
         host.Log().RecordEvent(problem.toStdString());
     }

@@ -1,6 +1,7 @@
 #include "studio/app/StudioApplicationState.h"
 
 #include "host/Status.h"
+#include "raytracers/PovRayJob.h"
 #include "studio/app/SettingNames.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 
@@ -38,37 +39,35 @@ std::string StudioApplicationState::LibraryFolder()
 
 bool StudioApplicationState::RaytracerAvailable()
 {
-    return SelectedRaytracer() == CorvexDB::Raytracer::RenderMan
-               ? !m_settings.RenderManLocation().isEmpty()
-               : !PovRayProgram().empty();
+    return !Raytracer().path.isEmpty();
 }
 
 CorvexDB::Raytracer StudioApplicationState::SelectedRaytracer()
 {
-    return m_settings.Number(kRaytracerSetting, 0) == 1 ? CorvexDB::Raytracer::RenderMan
-                                                        : CorvexDB::Raytracer::PovRay;
-}
-
-QString StudioApplicationState::PovRay() const
-{
-    return FindPovRay(m_settings.Text(kPovRayProgramSetting));
+    return Raytracer().writer->raytracer->kind;
 }
 
 RaytracerProgram StudioApplicationState::Raytracer() const
 {
-    return m_settings.Number(kRaytracerSetting, 0) == 1
-               ? RaytracerProgram{m_settings.RenderManLocation(), CorvexDB::Raytracer::RenderMan}
-               : RaytracerProgram{PovRay()};
+    const SceneWriter& writer =
+        WriterOf(static_cast<CorvexDB::Raytracer>(m_settings.Number(kRaytracerSetting, 0)));
+    return {ProgramOf(writer.raytracer->program), &writer};
+}
+
+QString StudioApplicationState::ProgramOf(const CorvexMaterial::ProgramFacts& facts) const
+{
+    return FindProgram(facts, m_settings.RaytracerProgram(facts));
 }
 
 std::string StudioApplicationState::PovRayProgram()
 {
-    const QString program = PovRay();
+    const CorvexMaterial::ProgramFacts& facts = CorvexMaterial::kPovRay.program;
+    const QString program = ProgramOf(facts);
     if (program.isEmpty()) {
         return {};
     }
-    UsePovRay(program);
-    return FindPovRayLauncher().toStdString();
+    PassProgram(facts, program);
+    return FindLauncher(facts).toStdString();
 }
 
 std::int32_t StudioApplicationState::AntialiasChoice()

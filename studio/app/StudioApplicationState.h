@@ -21,8 +21,6 @@ public:
     bool RaytracerAvailable() override;
     CorvexDB::Raytracer SelectedRaytracer() override;
     std::string PovRayProgram() override;
-    /// The real POV-Ray behind the launcher; empty when there is none.
-    [[nodiscard]] QString PovRay() const;
     /// The selected raytracer, to be called without the control; its path is empty when it is not
     /// there.
     [[nodiscard]] RaytracerProgram Raytracer() const;
@@ -32,6 +30,8 @@ public:
     void OpenWebSite(CorvexDB::WebSite site) override;
 
 private:
+    [[nodiscard]] QString ProgramOf(const CorvexMaterial::ProgramFacts& facts) const;
+
     StudioProfile m_profile;
     const StudioSettings& m_settings;
     QString m_openModel;

@@ -36,11 +36,12 @@ bool CanDraw(RenderService& rendering)
 }  // namespace
 
 struct StudioHost::Parts {
-    Parts(const StudioProfile& profile, CorvexMaterial::SettingsStore& store)
+    Parts(const StudioProfile& profile, CorvexMaterial::SettingsStore& store,
+          CorvexMaterial::ProcessStarter& processes)
         : settings(store, profile.settingsApplication), state(profile, settings),
           log(profile.stateFolder), graphics([this] { return CanDraw(rendering); }),
           customFields(settings), simulations(profile.dataFolder + QStringLiteral("/Simulations")),
-          viewports(rendering)
+          raytrace(simulations, processes), viewports(rendering)
     {
         rendering.SetCompletion([this](Frame& frame) { pluginMaterials.Complete(frame); });
         RemoveLostSimulations();
@@ -74,7 +75,7 @@ struct StudioHost::Parts {
     SqliteMaterialLibrary materialLibrary{{thumbnails, customFields, log}};
     SqliteTextureLibrary textureLibrary;
     SimulationPictures simulations;
-    StudioRaytraceServices raytrace{simulations};
+    StudioRaytraceServices raytrace;
     RaytraceSources raytraceSources{
         [this](const std::string& file) { return rendering.Textures().Await(file); },
         [this](Frame& frame) { pluginMaterials.CompleteNow(frame); },
@@ -90,8 +91,9 @@ struct StudioHost::Parts {
                               exporter,       viewports, browsers,     numbers};
 };
 
-StudioHost::StudioHost(const StudioProfile& profile, CorvexMaterial::SettingsStore& store)
-    : m_parts(std::make_unique<Parts>(profile, store))
+StudioHost::StudioHost(const StudioProfile& profile, CorvexMaterial::SettingsStore& store,
+                       CorvexMaterial::ProcessStarter& processes)
+    : m_parts(std::make_unique<Parts>(profile, store, processes))
 {
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/Host.h"
+#include "platform/Processes.h"
 #include "platform/SettingsStore.h"
 #include "studio/app/StudioProfile.h"
 
@@ -26,8 +27,9 @@ struct RaytraceSources;
 /// application object, destroyed before it and after the control.
 class StudioHost {
 public:
-    /// The store outlives this object.
-    StudioHost(const StudioProfile& profile, CorvexMaterial::SettingsStore& store);
+    /// Store and processes outlive this object.
+    StudioHost(const StudioProfile& profile, CorvexMaterial::SettingsStore& store,
+               CorvexMaterial::ProcessStarter& processes);
     ~StudioHost();
     StudioHost(const StudioHost&) = delete;
     StudioHost& operator=(const StudioHost&) = delete;

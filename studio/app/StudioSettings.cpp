@@ -2,12 +2,12 @@
 
 #include "platform/SettingsNames.h"
 #include "record/Schema.h"
+#include "studio/app/SettingNames.h"
 
 namespace studio {
 
 using CorvexMaterial::kApplicationSection;
 using CorvexMaterial::kMaterialPanelKey;
-using CorvexMaterial::kRenderManLocationKey;
 
 namespace {
 
@@ -69,16 +69,24 @@ void StudioSettings::SetLibraryBackground(const char* key, CorvexMaterial::Colou
     m_store.Write({m_application, kApplicationSection, key}, std::to_string(colour));
 }
 
-QString StudioSettings::RenderManLocation() const
+CorvexMaterial::SettingAddress
+StudioSettings::AddressOf(const CorvexMaterial::ProgramFacts& facts) const
 {
-    return QString::fromStdString(
-        m_store.Read({m_application, kApplicationSection, kRenderManLocationKey}).value_or(""));
+    if (facts.locationKey.empty()) {
+        return {m_application, kStudioSection, kPovRayProgramSetting};
+    }
+    return {m_application, kApplicationSection, std::string(facts.locationKey)};
 }
 
-void StudioSettings::SetRenderManLocation(const QString& program)
+QString StudioSettings::RaytracerProgram(const CorvexMaterial::ProgramFacts& facts) const
 {
-    m_store.Write({m_application, kApplicationSection, kRenderManLocationKey},
-                  program.toStdString());
+    return QString::fromStdString(m_store.Read(AddressOf(facts)).value_or(""));
+}
+
+void StudioSettings::SetRaytracerProgram(const CorvexMaterial::ProgramFacts& facts,
+                                         const QString& program)
+{
+    m_store.Write(AddressOf(facts), program.toStdString());
 }
 
 std::set<std::string> StudioSettings::SavedPictures() const

@@ -2,6 +2,7 @@
 
 #include "host/Colour.h"
 #include "platform/SettingsStore.h"
+#include "raytracers/Raytracers.h"
 
 #include <QString>
 #include <QStringList>
@@ -34,9 +35,10 @@ public:
                                                            CorvexMaterial::Colour fallback) const;
     void SetLibraryBackground(const char* key, CorvexMaterial::Colour colour);
 
-    /// The renderer that the control keeps for RenderMan jobs; empty when none is known.
-    [[nodiscard]] QString RenderManLocation() const;
-    void SetRenderManLocation(const QString& program);
+    /// The program that the user has chosen for a raytracer, be it kept by the control or by the
+    /// studio; empty when he has not.
+    [[nodiscard]] QString RaytracerProgram(const CorvexMaterial::ProgramFacts& facts) const;
+    void SetRaytracerProgram(const CorvexMaterial::ProgramFacts& facts, const QString& program);
 
     /// The primary textures of the material that the control comes back with and of the user's
     /// defaults.
@@ -51,6 +53,9 @@ public:
     void Flush();
 
 private:
+    [[nodiscard]] CorvexMaterial::SettingAddress
+    AddressOf(const CorvexMaterial::ProgramFacts& facts) const;
+
     CorvexMaterial::SettingsStore& m_store;
     std::string m_application;
 };

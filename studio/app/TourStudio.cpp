@@ -52,7 +52,8 @@ bool TourPrompts::AskYesNo(const CorvexMaterial::Message& question)
 }
 
 TourStudio::TourStudio(const QString& pictures, int firstNumber)
-    : m_host(ProfileWithLibraries(m_folder.path()), m_desktop.Get().settings),
+    : m_host(ProfileWithLibraries(m_folder.path()), m_desktop.Get().settings,
+             m_desktop.Get().processes),
       m_platform(WithPrompts(m_desktop.Get(), m_prompts)), m_window(m_host, m_platform),
       m_guide(m_window, pictures, firstNumber)
 {

@@ -1,6 +1,7 @@
 #include "studio/libraries/MaterialText.h"
 
 #include "host/Status.h"
+#include "record/Looks.h"
 #include "studio/libraries/JsonFields.h"
 #include "studio/libraries/StoredPath.h"
 
@@ -59,7 +60,8 @@ std::string FieldLines(const CustomFields& values, const FieldNames& names)
 // Patterns, types and a predefined material: what only a raytracer shows.
 bool IsRaytraced(const CorvexDB::cdtRayTraceMaterialAttributes& raytrace)
 {
-    return raytrace.MaterialType != 0 || raytrace.ColorPattern != 0 || raytrace.NormalPattern != 0;
+    return CorvexMaterial::IsPredefined(raytrace) || raytrace.ColorPattern != 0 ||
+           raytrace.NormalPattern != 0;
 }
 
 // As they are stored: where a library lies is neither its content nor anybody's business.

@@ -2,39 +2,12 @@
 
 #include "host/Status.h"
 #include "platform/QtRegularFile.h"
-#include "raytrace/JobEnd.h"
 #include "studio/raytrace/StudioSceneExporter.h"
-
-#include <QDir>
 
 namespace studio {
 namespace {
 
-/// Longer than the leash leaves the program to end by itself.
-constexpr int kPatienceMilliseconds = 5000;
-
-QStringList PovRayArguments(const Frame& frame, int antialias)
-{
-    QStringList arguments{QStringLiteral("+Iscene.pov"),
-                          QStringLiteral("+Oscene.png"),
-                          QStringLiteral("+FN"),
-                          QStringLiteral("+W%1").arg(frame.width),
-                          QStringLiteral("+H%1").arg(frame.height),
-                          QStringLiteral("+Q11"),
-                          QStringLiteral("-D")};
-    if (antialias == 0) {
-        arguments << QStringLiteral("-A");
-    } else {
-        arguments << QStringLiteral("+A0.1") << QStringLiteral("+R%1").arg(antialias == 1 ? 2 : 4);
-    }
-    return arguments;
-}
-
-QStringList RenderManArguments(const Frame& frame, int /*antialias*/)
-{
-    return {QStringLiteral("-res"), QString::number(frame.width), QString::number(frame.height),
-            QStringLiteral("scene.rib")};
-}
+constexpr std::chrono::milliseconds kBetweenLooks{10};
 
 /// Null when the raytracer left none.
 QImage PictureIn(const QString& path)
@@ -46,113 +19,76 @@ QImage PictureIn(const QString& path)
     }
 }
 
-struct RaytracerRow {
-    QLatin1String scene;
-    QLatin1String picture;
-    QStringList (*arguments)(const Frame& frame, int antialias);
-};
-
-const RaytracerRow& RowOf(CorvexDB::Raytracer kind)
-{
-    static const RaytracerRow kPovRay{QLatin1String("scene.pov"), QLatin1String("scene.png"),
-                                      PovRayArguments};
-    static const RaytracerRow kRenderMan{QLatin1String("scene.rib"), QLatin1String("scene.tif"),
-                                         RenderManArguments};
-    return kind == CorvexDB::Raytracer::RenderMan ? kRenderMan : kPovRay;
-}
-
 }  // namespace
 
-RaytraceRun::RaytraceRun(QObject* parent) : QObject(parent)
+RaytraceRun::RaytraceRun(CorvexMaterial::ProcessStarter& processes, QObject* parent)
+    : QObject(parent), m_processes(processes)
 {
-    m_process.setProcessChannelMode(QProcess::MergedChannels);
-    m_process.setStandardInputFile(QProcess::nullDevice());
-    m_process.setChildProcessModifier([this] { m_leash->HoldThisProcess(); });
-    connect(&m_process, &QProcess::readyRead, this, &RaytraceRun::ReadProgress);
-    connect(&m_process, &QProcess::finished, this, &RaytraceRun::Conclude);
-    connect(&m_process, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            Give(tr("%1 cannot be started: %2").arg(m_process.program(), m_process.errorString()));
-        }
-    });
-}
-
-RaytraceRun::~RaytraceRun()
-{
-    m_process.disconnect(this);
-    m_leash.reset();
-    if (m_process.state() != QProcess::NotRunning &&
-        !m_process.waitForFinished(kPatienceMilliseconds)) {
-        m_process.kill();
-        m_process.waitForFinished(kPatienceMilliseconds);
-    }
+    m_watch.setInterval(kBetweenLooks);
+    m_watch.setParent(this);
+    connect(&m_watch, &QTimer::timeout, this, &RaytraceRun::Look);
 }
 
 void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& scene,
                         const RaytraceImages::Lookup& textures, int antialias)
 {
-    m_kind = program.kind;
-    const RaytracerRow& row = RowOf(m_kind);
+    const CorvexMaterial::RaytracerRow& row = *program.writer->raytracer;
     m_folder.emplace("render");
-    const QString file = FilePath(row.scene);
+    m_task = {};
+    m_task.program = program.path.toStdString();
+    m_task.scene = m_task.exported = "scene." + std::string(row.scene.suffix);
+    m_task.picture = "scene." + std::string(row.scene.pictureSuffix);
+    m_task.size = {scene.frame.width, scene.frame.height};
+    m_task.antialias = antialias;
+    const QString file = QString::fromStdString(m_folder->FilePath(m_task.scene));
     WriteRaytraceScene(file, scene, textures,
-                       ImagesBeside(file, CorvexMaterial::Lifetime::Temporary));
-    m_size = {scene.frame.width, scene.frame.height};
-    m_progress = {};
+                       ImagesBeside(file, CorvexMaterial::Lifetime::Temporary), *program.writer);
+    m_exitCodeTells = row.exitCodeTells;
     m_cancelled = false;
-    m_leash.emplace();
-    m_process.setWorkingDirectory(QString::fromStdString(m_folder->Path()));
-    m_process.start(program.path, row.arguments(scene.frame, antialias));
+    CorvexDB::CommandLine command = row.plainStart(m_task);
+    command.workingFolder = m_folder->Path();
+    m_work = std::make_unique<CorvexMaterial::RaytracerAtWork>(m_processes, command);
+    m_watch.start();
 }
 
 void RaytraceRun::Cancel()
 {
     m_cancelled = true;
-    m_leash.reset();
+    if (m_work) {
+        m_work->Cancel();
+    }
 }
 
-void RaytraceRun::ReadProgress()
+void RaytraceRun::Look()
 {
-    m_progress.Feed(m_process.readAll().toStdString());
-    if (const auto percent = m_progress.Percent()) {
+    const bool goesOn = m_work->GoesOn({});
+    if (const auto percent = m_work->Percent()) {
         Q_EMIT Progress(*percent);
+    }
+    if (!goesOn) {
+        Conclude();
     }
 }
 
 void RaytraceRun::Conclude()
 {
-    m_leash.reset();
-    ReadProgress();
-    const QImage picture = PictureIn(FilePath(RowOf(m_kind).picture));
-    CorvexMaterial::JobEnd end;
-    end.raytracer = m_kind;
-    end.crashed = m_process.exitStatus() != QProcess::NormalExit;
-    end.exitCode = m_process.exitCode();
-    end.messages = m_progress.Messages();
-    end.wanted = {m_size.width(), m_size.height()};
+    m_watch.stop();
+    const QImage picture = PictureIn(QString::fromStdString(m_folder->FilePath(m_task.picture)));
+    CorvexMaterial::JobEnd end = m_work->End();
+    end.exitCodeTells = m_exitCodeTells;
+    end.wanted = m_task.size;
     end.folder = m_folder->Path();
     if (!picture.isNull()) {
         end.picture = {picture.width(), picture.height()};
     }
-    const std::string failure = CorvexMaterial::FailureOf(end);
-    if (m_cancelled || !failure.empty()) {
-        Give(m_cancelled ? QString() : QString::fromStdString(failure));
-        return;
+    const QString failure = QString::fromStdString(CorvexMaterial::FailureOf(end));
+    m_work.reset();
+    m_folder.reset();
+    if (m_cancelled || !failure.isEmpty()) {
+        Q_EMIT Failed(m_cancelled ? QString() : failure);
+    } else {
+        Q_EMIT Finished(picture.convertToFormat(QImage::Format_RGB32));
     }
-    m_folder.reset();
-    Q_EMIT Finished(picture.convertToFormat(QImage::Format_RGB32));
-}
-
-QString RaytraceRun::FilePath(QLatin1String name) const
-{
-    return QString::fromStdString(m_folder->Path()) + u'/' + name;
-}
-
-void RaytraceRun::Give(const QString& message)
-{
-    m_leash.reset();
-    m_folder.reset();
-    Q_EMIT Failed(message);
 }
 
 }  // namespace studio

@@ -1,36 +1,33 @@
 #pragma once
 
-#include "host/CorvexDB.h"
-#include "platform/ProcessLeash.h"
 #include "platform/TemporaryFolder.h"
-#include "raytrace/RenderProgress.h"
-#include "studio/raytrace/writing/RaytraceImages.h"
-#include "studio/raytrace/writing/RaytraceScene.h"
+#include "raytracers/RaytracerAtWork.h"
+#include "studio/raytrace/SceneWriters.h"
 
 #include <QImage>
 #include <QObject>
-#include <QProcess>
+#include <QTimer>
 
+#include <memory>
 #include <optional>
 
 namespace studio {
 
-/// A raytracer's program and how it is called.
+/// A raytracer's own program and how its scenes are written.
 struct RaytracerProgram {
     QString path;
-    CorvexDB::Raytracer kind = CorvexDB::Raytracer::PovRay;
+    const SceneWriter* writer = nullptr;
 };
 
-/// One picture by a raytracer, made beside the user's work. Its files are gone when this is.
+/// One picture by a raytracer, made beside the user's work. Its files are gone when this is, and a
+/// run that is still going ends.
 class RaytraceRun : public QObject {
     Q_OBJECT
 
 public:
-    explicit RaytraceRun(QObject* parent = nullptr);
-    /// Ends a run that is still going.
-    ~RaytraceRun() override;
+    explicit RaytraceRun(CorvexMaterial::ProcessStarter& processes, QObject* parent = nullptr);
 
-    [[nodiscard]] bool IsRunning() const { return m_process.state() != QProcess::NotRunning; }
+    [[nodiscard]] bool IsRunning() const { return m_work != nullptr; }
     /// The picture has the size of the scene's frame; antialias 0 is off, 1 depth 2, more depth 4
     /// (RenderMan renderers have one way only).
     /// `Finished` or `Failed` follows, from the event loop. Errors: FileFailed.
@@ -46,18 +43,16 @@ Q_SIGNALS:
     void Failed(const QString& message);
 
 private:
-    void ReadProgress();
+    void Look();
     void Conclude();
-    [[nodiscard]] QString FilePath(QLatin1String name) const;
-    void Give(const QString& message);
 
+    CorvexMaterial::ProcessStarter& m_processes;
+    QTimer m_watch;
+    /// Outlives what works in it.
     std::optional<CorvexMaterial::TemporaryFolder> m_folder;
-    /// Gone when the program has ended or is to end.
-    std::optional<CorvexMaterial::ProcessLeash> m_leash;
-    QProcess m_process;
-    CorvexDB::Raytracer m_kind = CorvexDB::Raytracer::PovRay;
-    QSize m_size;                               ///< wanted, in pixels
-    CorvexMaterial::RenderProgress m_progress;  ///< what the program has said, of late
+    std::unique_ptr<CorvexMaterial::RaytracerAtWork> m_work;
+    CorvexMaterial::RenderTask m_task;
+    bool m_exitCodeTells = true;
     bool m_cancelled = false;
 };
 

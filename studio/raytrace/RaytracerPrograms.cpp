@@ -20,23 +20,31 @@ QString NamedProgram(const QString& text)
     return text.isEmpty() ? QString() : QStandardPaths::findExecutable(text);
 }
 
-QString FindPovRay(const QString& configured)
+QString FindProgram(const CorvexMaterial::ProgramFacts& facts, const QString& configured)
 {
     const QString named = NamedProgram(configured);
-    return named.isEmpty() ? NamedProgram(QStringLiteral("povray")) : named;
+    if (named.isEmpty() && facts.usualName.empty()) {
+        return configured;  // so that the user hears which program is not there
+    }
+    return named.isEmpty() ? NamedProgram(QString::fromUtf8(facts.usualName)) : named;
 }
 
-QString FindPovRayLauncher()
+QString FindLauncher(const CorvexMaterial::ProgramFacts& facts)
 {
-    const QString named = qEnvironmentVariable("CORVEX_POVRAY_LAUNCHER");
+    const QString named = qEnvironmentVariable(facts.launcherVariable.data());
     const QString beside =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/corvex-povray");
+        QCoreApplication::applicationDirPath() + u'/' + QString::fromUtf8(facts.launcher);
     return IsProgram(named) ? named : IsProgram(beside) ? beside : QString();
 }
 
-void UsePovRay(const QString& program)
+QString PassedProgram(const CorvexMaterial::ProgramFacts& facts)
 {
-    qputenv("CORVEX_POVRAY", program.toLocal8Bit());
+    return qEnvironmentVariable(facts.variable.data());
+}
+
+void PassProgram(const CorvexMaterial::ProgramFacts& facts, const QString& program)
+{
+    qputenv(facts.variable.data(), program.toLocal8Bit());
 }
 
 }  // namespace studio

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "raytracers/Raytracers.h"
+
 #include <QString>
 
 namespace studio {
@@ -8,15 +10,17 @@ namespace studio {
 /// none. What lies in the current folder is not found by its name.
 [[nodiscard]] QString NamedProgram(const QString& text);
 
-/// The real POV-Ray: the configured program, else what the system finds by its usual name; empty
-/// when there is none.
-[[nodiscard]] QString FindPovRay(const QString& configured);
+/// A raytracer's own program: the configured one, else what the system finds by its usual name. A
+/// raytracer without such a name has what is configured, whether it is there or not. Empty when
+/// there is none.
+[[nodiscard]] QString FindProgram(const CorvexMaterial::ProgramFacts& facts,
+                                  const QString& configured);
 
-/// The launcher that the control starts instead: beside this program, or where the variable
-/// CORVEX_POVRAY_LAUNCHER says. Empty when it is not there.
-[[nodiscard]] QString FindPovRayLauncher();
+/// The launcher that the control starts instead; empty when it is not there.
+[[nodiscard]] QString FindLauncher(const CorvexMaterial::ProgramFacts& facts);
 
-/// Has the launchers that this process starts use this POV-Ray.
-void UsePovRay(const QString& program);
+/// What is named to the programs that this process starts.
+[[nodiscard]] QString PassedProgram(const CorvexMaterial::ProgramFacts& facts);
+void PassProgram(const CorvexMaterial::ProgramFacts& facts, const QString& program);
 
 }  // namespace studio

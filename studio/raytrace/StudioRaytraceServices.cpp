@@ -1,24 +1,16 @@
 #include "studio/raytrace/StudioRaytraceServices.h"
 
 #include "host/Status.h"
-#include "platform/ProcessLeash.h"
 #include "platform/QtRegularFile.h"
+#include "raytracers/RaytracerAtWork.h"
 #include "studio/images/PictureFile.h"
 #include "studio/raytrace/writing/CombinedAttributes.h"
-
-#include <QEventLoop>
-#include <QProcess>
 
 namespace studio {
 namespace {
 
 using CorvexMaterial::Error;
 using CorvexMaterial::Status;
-
-[[noreturn]] void RefuseFile(const QString& file, const QString& reason)
-{
-    throw Error(Status::FileFailed, file.toStdString() + ": " + reason.toStdString());
-}
 
 }  // namespace
 
@@ -30,29 +22,15 @@ std::string StudioRaytraceServices::CombinedAttributes(
 
 std::int32_t StudioRaytraceServices::StartAndWait(const CorvexDB::CommandLine& commandLine)
 {
-    const CorvexMaterial::ProcessLeash leash;
-    QProcess process;
-    process.setChildProcessModifier([&leash] { leash.HoldThisProcess(); });
-    QStringList arguments;
-    for (const std::string& argument : commandLine.arguments) {
-        arguments << QString::fromStdString(argument);
+    constexpr std::chrono::seconds kLong{1};
+    CorvexMaterial::RaytracerAtWork work(m_processes, commandLine);
+    while (work.GoesOn(kLong)) {
     }
-    process.setWorkingDirectory(QString::fromStdString(commandLine.workingFolder));
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(QString::fromStdString(commandLine.program), arguments);
-    if (!process.waitForStarted()) {
-        RefuseFile(process.program(), process.errorString());
-    }
-    QEventLoop loop;
-    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
-    if (process.state() != QProcess::NotRunning) {
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
-    if (process.exitStatus() != QProcess::NormalExit) {
+    const CorvexMaterial::JobEnd end = work.End();
+    if (end.crashed) {
         throw Error(Status::Failed, commandLine.program + " crashed.");
     }
-    return process.exitCode();
+    return end.exitCode;
 }
 
 void StudioRaytraceServices::RaytraceAbandoned()

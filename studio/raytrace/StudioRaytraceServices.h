@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/CorvexDB.h"
+#include "platform/Processes.h"
 #include "studio/raytrace/SimulationPictures.h"
 
 #include <functional>
@@ -10,8 +11,11 @@ namespace studio {
 /// What the control asks of its host around a raytracer job.
 class StudioRaytraceServices : public CorvexDB::RaytraceServices {
 public:
-    /// The pictures outlive this object.
-    explicit StudioRaytraceServices(SimulationPictures& pictures) : m_pictures(pictures) {}
+    /// Both outlive this object.
+    StudioRaytraceServices(SimulationPictures& pictures, CorvexMaterial::ProcessStarter& processes)
+        : m_pictures(pictures), m_processes(processes)
+    {
+    }
 
     /// Told when a job ended before its raytracer was started.
     void SetAbandoned(std::function<void()> told) { m_abandoned = std::move(told); }
@@ -31,6 +35,7 @@ public:
 
 private:
     SimulationPictures& m_pictures;
+    CorvexMaterial::ProcessStarter& m_processes;
     std::function<void()> m_abandoned;
 };
 

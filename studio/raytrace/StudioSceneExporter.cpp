@@ -2,8 +2,7 @@
 
 #include "host/Status.h"
 #include "record/Looks.h"
-#include "studio/raytrace/povray/PovRayScene.h"
-#include "studio/raytrace/renderman/RibScene.h"
+#include "studio/raytrace/SceneWriters.h"
 #include "studio/raytrace/writing/Quoting.h"
 #include "studio/scene/DefaultScene.h"
 #include "studio/scene/StudioScene.h"
@@ -22,9 +21,9 @@ namespace {
 using CorvexMaterial::Error;
 using CorvexMaterial::Status;
 
-std::string Tr(const char* text, const QString& argument)
+std::string Tr(const char* text, const QString& file, const QString& names)
 {
-    return QCoreApplication::translate("RaytraceExport", text).arg(argument).toStdString();
+    return QCoreApplication::translate("RaytraceExport", text).arg(file, names).toStdString();
 }
 
 StudioScene& OurScene(CorvexSG::Scene& scene)
@@ -36,40 +35,15 @@ StudioScene& OurScene(CorvexSG::Scene& scene)
     return *ours;
 }
 
-using SceneWriter = void (*)(TextStream&, const RaytraceScene&, RaytraceImages&,
-                             const QString& path);
-
-void WritePovRay(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
-                 const QString& /*path*/)
+const SceneWriter& ExpectedWriter(const QString& path)
 {
-    WritePovRayScene(out, scene, images);
-}
-
-/// The renderer works in the folder of its scene; a picture without a type of its own is a TIFF.
-void WriteRib(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
-              const QString& path)
-{
-    const QString name = QFileInfo(path).completeBaseName() + QStringLiteral(".tif");
-    WriteRibScene(out, scene, images, scene.picture.empty() ? name.toStdString() : scene.picture);
-}
-
-struct TargetRow {
-    const char* suffix;
-    ImageReader reader;
-    SceneWriter write;
-};
-constexpr std::array kTargets{TargetRow{"pov", ImageReader::PovRay, WritePovRay},
-                              TargetRow{"rib", ImageReader::RenderMan, WriteRib}};
-
-const TargetRow& TargetOf(const QString& path)
-{
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    for (const TargetRow& row : kTargets) {
-        if (suffix == QLatin1String(row.suffix)) {
-            return row;
-        }
+    const SceneWriter* writer = WriterFor(path);
+    if (writer == nullptr) {
+        throw Error(Status::InvalidArgument,
+                    Tr("%1: the name must end in %2.", path,
+                       QString::fromStdString(CorvexMaterial::SceneNames({}, " or "))));
     }
-    throw Error(Status::InvalidArgument, Tr("%1: the name must end in .pov or .rib.", path));
+    return *writer;
 }
 
 /// Texture coordinates 0 to 1 from its lower left.
@@ -158,11 +132,22 @@ RaytraceScene FlatSampleOf(const RaytraceScene& scene)
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
                         const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place)
 {
-    const TargetRow& target = TargetOf(path);
+    WriteRaytraceScene(path, scene, textures, place, ExpectedWriter(path));
+}
+
+void WriteRaytraceScene(const QString& path, const RaytraceScene& given,
+                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place,
+                        const SceneWriter& writer)
+{
+    RaytraceScene scene = given;
+    if (scene.picture.empty()) {
+        scene.picture = QFileInfo(path).completeBaseName().toStdString() + '.' +
+                        std::string(writer.raytracer->scene.pictureSuffix);
+    }
     CorvexMaterial::FileWriter file(path.toStdString(), place.lifetime);
     TextStream out([&](std::string_view text) { file.Write(text); });
-    RaytraceImages images(target.reader, textures, place);
-    target.write(out, scene, images, path);
+    RaytraceImages images(writer.images, textures, place);
+    writer.write(out, scene, images);
     file.Finish();
 }
 

@@ -13,6 +13,7 @@
 namespace studio {
 
 class StudioScene;
+struct SceneWriter;
 
 /// Where the exporters get what is not in the scene itself.
 struct RaytraceSources {
@@ -45,11 +46,15 @@ private:
 /// The material of the scene's first shape on a square that fills the picture, without its images.
 [[nodiscard]] RaytraceScene FlatSampleOf(const RaytraceScene& scene);
 
-/// Writes the scene for the raytracer that the path's ending names, `.pov` or `.rib`, whole or not
-/// at all, to last as long as the images in their place. Errors: InvalidArgument for another
-/// ending, FileFailed.
+/// Writes the scene for the raytracer that the path's ending names, whole or not at all, to last as
+/// long as the images in their place. Errors: InvalidArgument for another ending, FileFailed.
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
                         const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place);
+
+/// The same for a raytracer whatever the path ends in.
+void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
+                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place,
+                        const SceneWriter& writer);
 
 /// Images that have to be saved for a scene file go into a folder beside it.
 [[nodiscard]] RaytraceImages::Place

@@ -1,7 +1,7 @@
 #include "raytrace/PatternColours.h"
 #include "raytrace/RaytraceAmounts.h"
-#include "raytrace/RenderProgress.h"
 #include "raytrace/TextureRules.h"
+#include "raytracers/RenderProgress.h"
 #include "record/SimulationTexture.h"
 
 #include <gtest/gtest.h>
@@ -57,10 +57,10 @@ TEST(PatternColours, EveryByteComesBackAndAlphaIsNeverTouched)
 TEST(TextureRules, TheTwoRaytracersWantOppositeFiles)
 {
     const auto povRay = [](const std::vector<std::string>& files) {
-        return TexturesFit(CorvexDB::Raytracer::PovRay, files);
+        return TexturesFit(TiffRule::NoTiff, files);
     };
     const auto renderMan = [](const std::vector<std::string>& files) {
-        return TexturesFit(CorvexDB::Raytracer::RenderMan, files);
+        return TexturesFit(TiffRule::OnlyTiff, files);
     };
     EXPECT_TRUE(povRay({}) && renderMan({}) && povRay({""}) && renderMan({""}));
     EXPECT_TRUE(povRay({"/a/b.png", "/tif", "/a.tif/b"}));

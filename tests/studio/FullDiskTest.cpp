@@ -9,6 +9,7 @@
 #include "studio/libraries/MaterialDocument.h"
 #include "studio/raytrace/SimulationPictures.h"
 #include "studio/raytrace/StudioSceneExporter.h"
+#include "studio/raytrace/povray/PovRayScene.h"
 #include "tests/support/SampleFolder.h"
 #include "tests/support/Testing.h"
 
@@ -100,7 +101,7 @@ constexpr WriterRow kWriters[] = {
      [](const SampleFolder& folder, int version) {
          studio::Texture texture;
          texture.image = PictureOf(version);
-         static_cast<void>(studio::RaytraceImages(studio::ImageReader::PovRay, {},
+         static_cast<void>(studio::RaytraceImages(studio::kPovRayImages, {},
                                                   studio::ImagesBeside(folder.PathOf("a.pov")))
                                .ImageOf(texture));
      }},

@@ -119,6 +119,7 @@ class OwnSettings : public testing::Test {
 protected:
     CorvexTest::CallLog log;
     CorvexTest::RecordingStore store{log};
+    CorvexTest::RecordingProcesses processes{log};
     studio::StudioSettings settings{store, "Corvex"};
 };
 
@@ -156,10 +157,10 @@ TEST(CustomFieldNames, TakeTheirValuesAlongWhenTheirLinesChange)
 
 TEST_F(OwnSettings, NamesOfCustomFieldsKeepTheirPlaces)
 {
-    studio::OptionsDialog first(settings, nullptr);
+    studio::OptionsDialog first(settings, processes);
     first.findChild<QPlainTextEdit*>("customFields")->setPlainText("\nSupplier");
     first.Store();
-    studio::OptionsDialog(settings, nullptr).Store();
+    studio::OptionsDialog(settings, processes).Store();
     EXPECT_EQ(studio::StudioCustomFields(settings).GetCustomMaterialFieldNames(),
               (std::vector<std::string>{"", "Supplier"}));
 }

@@ -24,7 +24,7 @@ void StudioRig::Start()
         desktop.settings, prompts, desktop.choosers, desktop.processes, desktop.temporaryFiles,
         desktop.library, desktop.imageFormats, desktop.libraryFiles});
     m_host = std::make_unique<studio::StudioHost>(studio::ProfileIn(files.Path()),
-                                                  m_desktop->OwnSettings());
+                                                  m_desktop->OwnSettings(), desktop.processes);
     m_window = std::make_unique<studio::MainWindow>(
         *m_host, *m_platform, studio::ImportProgram{QStringLiteral(STUDIO_PROGRAM)},
         [this] { return now; });

@@ -1,6 +1,6 @@
 // The same material in the viewport and in POV-Ray.
 
-#include "studio/raytrace/povray/PovRayStage.h"
+#include "studio/raytrace/SceneWriters.h"
 #include "tests/studio_raytrace/PictureDifference.h"
 #include "tests/studio_raytrace/SphereGrid.h"
 
@@ -249,14 +249,29 @@ TEST(Mirrors, HaveAnEndInsideOfAShape)
     }
 }
 
-TEST(Environment, IsOneForAllAndTheShapesThatMissTheirsAreCounted)
+TEST(Losses, AreToldWithTheirShapes)
 {
     SphereGrid grid;
     for (const char* file : {"", "/sky.png", "/room.png", "/sky.png", "/room.png"}) {
         grid.materials.emplace_back().Textures.environment = file;
     }
-    grid.materials.back().RayTrace.MaterialType = 1;  // mirrors whatever there is
-    EXPECT_EQ(studio::ShapesWithForeignEnvironment(grid.Scene()), 1);
+    grid.materials[4].RayTrace.MaterialType = 1;  // mirrors whatever there is
+    grid.materials[0].Textures.bump = "/bump.png";
+    grid.materials[0].RayTrace.Brilliance = 7.0F;
+    grid.materials[1].RayTrace.ColorPattern = 3;
+    grid.materials[1].Textures.primary = "/~CVX1.jpg";
+    grid.materials[2].RayTrace.ColorPattern = 3;
+    const studio::RaytraceScene scene = grid.Scene();
+    const auto note = [&scene](CorvexDB::Raytracer kind) {
+        return studio::LossNote(CorvexMaterial::RowOf(kind), scene, {}).toStdString();
+    };
+    EXPECT_EQ(note(CorvexDB::Raytracer::PovRay),
+              "POV-Ray does not show: environment maps but the first (shapes: 1).");
+    EXPECT_EQ(note(CorvexDB::Raytracer::RenderMan),
+              "RenderMan does not show: brilliance (shapes: 1), color patterns (shapes: 1), "
+              "predefined materials (shapes: 1), bump maps (shapes: 1), "
+              "textures and environment maps at once (shapes: 1).");
+    EXPECT_EQ(studio::LossNote(CorvexMaterial::RowOf(CorvexDB::Raytracer::PovRay), {}, {}), "");
 }
 
 }  // namespace

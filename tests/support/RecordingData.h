@@ -39,11 +39,11 @@ public:
     }
     std::string ScenePath() override
     {
-        return m_log.Answer<std::string>("ApplicationState.ScenePath", "/scenes/");
+        return m_log.Answer("ApplicationState.ScenePath", scenePath);
     }
     std::vector<std::string> SearchFolders() override
     {
-        return m_log.Answer("ApplicationState.SearchFolders", std::vector<std::string>{"/media/"});
+        return m_log.Answer("ApplicationState.SearchFolders", searchFolders);
     }
     void OpenWebSite(CorvexDB::WebSite site) override;
 
@@ -52,6 +52,8 @@ public:
     bool raytracerAvailable = true;
     CorvexDB::Raytracer raytracer = CorvexDB::Raytracer::PovRay;
     std::string povRayProgram = "/programs/povray";
+    std::string scenePath = "/scenes/";
+    std::vector<std::string> searchFolders{"/media/"};
     std::int32_t antialias = 0;
 };
 

@@ -6,7 +6,7 @@
 #include "platform/SearchPath.h"
 #include "platform/TemporaryFolder.h"
 #include "platform/TerminalText.h"
-#include "raytrace/JobEnd.h"
+#include "raytracers/JobEnd.h"
 #include "studio/raytrace/launcher/Aliases.h"
 #include "studio/raytrace/launcher/IniTranslation.h"
 #include "studio/raytrace/launcher/RaytracerRun.h"

@@ -1,6 +1,7 @@
 #include "studio/raytrace/povray/PovRayIncludes.h"
 
 #include "platform/QtRegularFile.h"
+#include "raytracers/PovRayJob.h"
 #include "studio/raytrace/RaytracerPrograms.h"
 
 #include <QDir>
@@ -14,7 +15,8 @@ constexpr const char* kCopyPrefix = "srgb-";
 /// As POV-Ray is installed everywhere: its program in `bin`, its files in `share` beside it.
 QString IncludeFolder()
 {
-    const QFileInfo program(FindPovRay(qEnvironmentVariable("CORVEX_POVRAY")));
+    const auto& facts = CorvexMaterial::kPovRay.program;
+    const QFileInfo program(FindProgram(facts, PassedProgram(facts)));
     const QDir share(QFileInfo(program.canonicalFilePath()).path() + QStringLiteral("/../share"));
     for (const QString& version : share.entryList({QStringLiteral("povray-3*")}, QDir::Dirs)) {
         const QString folder = share.filePath(version) + QStringLiteral("/include");

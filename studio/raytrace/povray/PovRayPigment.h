@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/raytrace/writing/SurfaceDraft.h"
+#include "studio/raytrace/povray/SurfaceDraft.h"
 
 namespace studio {
 

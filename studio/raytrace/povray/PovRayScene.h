@@ -1,10 +1,13 @@
 #pragma once
 
+#include "studio/raytrace/povray/PovRayImageFile.h"
 #include "studio/raytrace/writing/RaytraceImages.h"
 #include "studio/raytrace/writing/RaytraceScene.h"
 #include "studio/raytrace/writing/TextStream.h"
 
 namespace studio {
+
+inline constexpr ImageReader kPovRayImages{"png", ".png", "png", PovRayTypeOf};
 
 /// Writes the scene for POV-Ray 3.7: what the viewport shows, in light, camera, backdrop and
 /// materials. Errors: FileFailed, for an image that cannot be saved.

@@ -1,6 +1,5 @@
 #include "studio/raytrace/povray/PovRayStage.h"
 
-#include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayMesh.h"
 #include "studio/raytrace/writing/MirrorModel.h"
 #include "studio/raytrace/writing/Quoting.h"
@@ -74,27 +73,6 @@ void WriteGradientColours(TextStream& out, const BackdropColours& colours, float
     out << " }";
 }
 
-/// Empty when its material mirrors none.
-const std::string& EnvironmentOf(const FrameItem& item)
-{
-    static const std::string kNone;
-    const CorvexDB::udtMaterial& material = MaterialOf(item);
-    return CorvexMaterial::PredefinedLookOf(material.RayTrace) == nullptr
-               ? material.Textures.environment
-               : kNone;
-}
-
-const std::string& EnvironmentOf(const RaytraceScene& scene)
-{
-    static const std::string kNone;
-    for (const FrameItem& item : scene.frame.items) {
-        if (const std::string& file = EnvironmentOf(item); !file.empty()) {
-            return file;
-        }
-    }
-    return kNone;
-}
-
 }  // namespace
 
 void WriteCamera(TextStream& out, const RaytraceScene& scene)
@@ -161,7 +139,7 @@ void WriteBackdrop(TextStream& out, const RaytraceScene& scene)
 
 void WriteSurroundings(TextStream& out, const RaytraceScene& scene, RaytraceImages& images)
 {
-    if (const std::string& file = EnvironmentOf(scene); !file.empty()) {
+    if (const std::string file = SharedEnvironment(scene); !file.empty()) {
         const RaytraceImage image = images.ImageOf(file);
         out << "sky_sphere { pigment { image_map { " << image.kind << ' '
             << PovRayString(image.path)
@@ -174,15 +152,6 @@ void WriteSurroundings(TextStream& out, const RaytraceScene& scene, RaytraceImag
         out << " [" << band.height << " rgb " << band.light << ']';
     }
     out << " } scale 2 translate -y } }\n";
-}
-
-int ShapesWithForeignEnvironment(const RaytraceScene& scene)
-{
-    const std::string& shared = EnvironmentOf(scene);
-    return static_cast<int>(std::count_if(
-        scene.frame.items.begin(), scene.frame.items.end(), [&](const FrameItem& item) {
-            return !EnvironmentOf(item).empty() && EnvironmentOf(item) != shared;
-        }));
 }
 
 }  // namespace studio

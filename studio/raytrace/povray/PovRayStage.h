@@ -15,7 +15,5 @@ void WriteLights(TextStream& out, const RaytraceScene& scene);
 void WriteBackdrop(TextStream& out, const RaytraceScene& scene);
 /// What mirrors show: the environment map of the first material that has one, else a plain sky.
 void WriteSurroundings(TextStream& out, const RaytraceScene& scene, RaytraceImages& images);
-/// How many shapes mirror that one instead of an environment map of their own.
-[[nodiscard]] int ShapesWithForeignEnvironment(const RaytraceScene& scene);
 
 }  // namespace studio

@@ -74,11 +74,10 @@ void WriteShape(TextStream& out, const RaytraceScene& scene, std::size_t index,
 
 }  // namespace
 
-void WriteRibScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
-                   const std::string& picture)
+void WriteRibScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& images)
 {
     RibTextures textures(images);
-    WriteRibHead(out, scene, picture);
+    WriteRibHead(out, scene, scene.picture);
     WriteEnvironments(out, scene, images, textures);
     out << "WorldBegin\n";
     WriteRibLights(out, scene);

@@ -8,11 +8,11 @@
 
 namespace studio {
 
+inline constexpr ImageReader kRibImages{"tiff", ".tif", "tiff", nullptr};
+
 /// Writes the scene as a RIB for renderers of the RenderMan Interface 3.2, with no shaders but the
-/// standard ones, so that it opens everywhere. `picture` is the image that the renderer is to
-/// write, relative to the folder it works in. Errors: FileFailed, for an image that cannot be
+/// standard ones, so that it opens everywhere. Errors: FileFailed, for an image that cannot be
 /// saved.
-void WriteRibScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& images,
-                   const std::string& picture);
+void WriteRibScene(TextStream& out, const RaytraceScene& scene, RaytraceImages& images);
 
 }  // namespace studio

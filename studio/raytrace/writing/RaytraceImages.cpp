@@ -2,7 +2,6 @@
 
 #include "platform/QtRegularFile.h"
 #include "studio/images/PictureFile.h"
-#include "studio/raytrace/povray/PovRayImageFile.h"
 #include "studio/raytrace/writing/Quoting.h"
 
 #include <QCryptographicHash>
@@ -11,18 +10,6 @@
 
 namespace studio {
 namespace {
-
-struct SavedType {
-    const char* format;
-    const char* suffix;
-    std::string_view kind;
-};
-
-constexpr SavedType SavedTypeOf(ImageReader reader)
-{
-    return reader == ImageReader::PovRay ? SavedType{"png", ".png", "png"}
-                                         : SavedType{"tiff", ".tif", "tiff"};
-}
 
 /// Names what a file holds, so that no other file, of the user or of an earlier scene that still
 /// needs it, is ever replaced by it.
@@ -54,7 +41,7 @@ TexturePointer RaytraceImages::TextureOf(const std::string& file) const
 
 std::string_view RaytraceImages::OwnKind(const std::string& file) const
 {
-    if (m_reader != ImageReader::PovRay || !IsPlainPath(file) ||
+    if (m_reader.kindOf == nullptr || !IsPlainPath(file) ||
         !QDir::isAbsolutePath(QString::fromStdString(file))) {
         return {};
     }
@@ -62,7 +49,7 @@ std::string_view RaytraceImages::OwnKind(const std::string& file) const
     if (!CorvexMaterial::OpenRegular(opened, CorvexMaterial::kMostPictureFileBytes).empty()) {
         return {};
     }
-    return PovRayTypeOf(QString::fromStdString(file));
+    return m_reader.kindOf(QString::fromStdString(file));
 }
 
 RaytraceImage RaytraceImages::ImageOf(const std::string& file)
@@ -94,13 +81,13 @@ RaytraceImage RaytraceImages::ImageOf(const Texture& drawn)
     if (known != m_saved.end()) {
         return known->second;
     }
-    const SavedType type = SavedTypeOf(m_reader);
     const QString name = QStringLiteral("texture-") + QString::fromLatin1(DigestOf(drawn.image)) +
-                         QLatin1String(type.suffix);
+                         QLatin1String(m_reader.savedSuffix);
     CorvexMaterial::MakeFolder(m_place.folder.toStdString());
-    SavePicture(drawn.image, m_place.folder + u'/' + name, {type.format, -1, m_place.lifetime});
+    SavePicture(drawn.image, m_place.folder + u'/' + name,
+                {m_reader.savedType, -1, m_place.lifetime});
     return m_saved
-        .emplace(drawn.id, RaytraceImage{m_place.reference + name.toStdString(), type.kind,
+        .emplace(drawn.id, RaytraceImage{m_place.reference + name.toStdString(), m_reader.savedKind,
                                          drawn.image.size()})
         .first->second;
 }

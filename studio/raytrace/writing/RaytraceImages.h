@@ -20,8 +20,15 @@ struct RaytraceImage {
     QSize size;             ///< pixels
 };
 
-/// Which files a raytracer reads by itself.
-enum class ImageReader { PovRay, RenderMan };
+/// Which image files a raytracer reads.
+struct ImageReader {
+    const char* savedType;    ///< that all others are saved as, by the toolkit's word
+    const char* savedSuffix;  ///< with its dot
+    std::string_view savedKind;
+    /// The raytracer's word for the type of a file that it reads as it is; empty for others. Null
+    /// when it is to read none.
+    std::string_view (*kindOf)(const QString& file);
+};
 
 /// Finds or makes an image file that the raytracer can read for each texture of a scene. The user's
 /// own file serves as it is when its type and path allow; anything else, drawn textures and the

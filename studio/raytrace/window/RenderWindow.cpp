@@ -1,4 +1,4 @@
-#include "studio/raytrace/RenderWindow.h"
+#include "studio/raytrace/window/RenderWindow.h"
 
 #include "host/Status.h"
 #include "studio/images/PictureFile.h"
@@ -16,9 +16,9 @@
 
 namespace studio {
 
-RenderWindow::RenderWindow(QWidget* parent)
-    : QDialog(parent), m_run(new RaytraceRun(this)), m_picture(new QLabel(this)),
-      m_status(new QLabel(tr("The raytracer is starting."), this)),
+RenderWindow::RenderWindow(CorvexMaterial::ProcessStarter& processes, QWidget* parent)
+    : QDialog(parent), m_run(new RaytraceRun(processes, this)), m_picture(new QLabel(this)),
+      m_status(new QLabel(tr("The raytracer is starting."), this)), m_losses(new QLabel(this)),
       m_progress(new QProgressBar(this)), m_save(new QPushButton(tr("&Save As PNG..."), this)),
       m_cancel(new QPushButton(tr("Cancel"), this))
 {
@@ -28,6 +28,10 @@ RenderWindow::RenderWindow(QWidget* parent)
     m_status->setObjectName(QStringLiteral("renderStatus"));
     m_status->setWordWrap(true);
     m_status->setTextFormat(Qt::PlainText);  // it shows what a program wrote
+    m_losses->setObjectName(QStringLiteral("renderLosses"));
+    m_losses->setWordWrap(true);
+    m_losses->setTextFormat(Qt::PlainText);
+    m_losses->hide();
     m_progress->setRange(0, 100);
     m_save->setObjectName(QStringLiteral("saveRendered"));
     m_save->setEnabled(false);
@@ -43,6 +47,7 @@ RenderWindow::RenderWindow(QWidget* parent)
     buttons->addWidget(m_cancel);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(area, 1);
+    layout->addWidget(m_losses);
     layout->addLayout(buttons);
     connect(m_run, &RaytraceRun::Progress, this, [this](int percent) {
         if (m_cancel->isEnabled()) {
@@ -63,6 +68,8 @@ void RenderWindow::Start(const RaytracerProgram& program, const RaytraceScene& s
     m_picture->setMinimumSize(size);
     const QSize room = screen()->availableSize() * 9 / 10;
     resize((size + QSize(40, 80)).boundedTo(room));
+    m_losses->setText(LossNote(*program.writer->raytracer, scene, textures));
+    m_losses->setVisible(!m_losses->text().isEmpty());
     m_run->Start(program, scene, textures, antialias);
 }
 

@@ -16,7 +16,8 @@ class RenderWindow : public QDialog {
     Q_OBJECT
 
 public:
-    explicit RenderWindow(QWidget* parent = nullptr);
+    /// They outlive it.
+    explicit RenderWindow(CorvexMaterial::ProcessStarter& processes, QWidget* parent = nullptr);
 
     /// Something to look at until there is a picture, shown dimmed.
     void ShowMeanwhile(const QPixmap& picture);
@@ -41,6 +42,7 @@ private:
     RaytraceRun* m_run;
     QLabel* m_picture;
     QLabel* m_status;
+    QLabel* m_losses;  ///< what the picture goes without
     QProgressBar* m_progress;
     QPushButton* m_save;
     QPushButton* m_cancel;

@@ -1,4 +1,4 @@
-#include "studio/raytrace/writing/SurfaceDraft.h"
+#include "studio/raytrace/povray/SurfaceDraft.h"
 
 #include "record/Looks.h"
 #include "studio/raytrace/povray/PovRayMesh.h"

@@ -1,6 +1,6 @@
-#include "raytrace/JobEnd.h"
+#include "raytracers/JobEnd.h"
 
-#include "raytrace/RenderProgress.h"
+#include "raytracers/RenderProgress.h"
 
 #include <algorithm>
 #include <array>
@@ -85,8 +85,7 @@ std::string Verdict(const JobEnd& end)
     if (end.exitCode != 0) {
         return "The raytracer ended with " + code + '.';
     }
-    // POV-Ray's exit code can be relied on.
-    if (end.raytracer == CorvexDB::Raytracer::RenderMan && !ErrorLineIn(end.messages).empty()) {
+    if (!end.exitCodeTells && !ErrorLineIn(end.messages).empty()) {
         return "The raytracer reports an error.";
     }
     if (!end.picture) {

@@ -1,4 +1,4 @@
-#include "raytrace/RenderProgress.h"
+#include "raytracers/RenderProgress.h"
 
 #include "platform/TerminalText.h"
 

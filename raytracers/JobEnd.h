@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/CorvexDB.h"
 #include "host/CorvexViewport.h"
 
 #include <cstdint>
@@ -11,7 +10,7 @@ namespace CorvexMaterial {
 
 /// How a raytracer's job came out.
 struct JobEnd {
-    CorvexDB::Raytracer raytracer = CorvexDB::Raytracer::PovRay;
+    bool exitCodeTells = true;  ///< of every error; else what is printed does too
     bool crashed = false;
     std::int32_t exitCode = 0;
     std::string messages;                              ///< what it printed at its end

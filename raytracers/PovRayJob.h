@@ -1,0 +1,53 @@
+#pragma once
+
+#include "raytracers/Raytracers.h"
+
+#include <array>
+
+namespace CorvexMaterial {
+
+/// With a file of settings in the host's folders, whose names are given as the host writes them. A
+/// folder whose name has a line break cannot be said in such a file and is left out. Errors:
+/// InvalidArgument when the scene file's own path has one.
+[[nodiscard]] RenderStart PovRayStart(const RenderTask& task, CorvexDB::ApplicationState& state);
+
+[[nodiscard]] CorvexDB::CommandLine PovRayCommandLine(const RenderTask& task);
+
+/// The image that belongs to a scene file: its name with the last three characters replaced.
+[[nodiscard]] std::string BitmapOf(const std::string& sceneFile);
+
+inline constexpr std::array kNotOfPovRay{RaytraceOption::OtherEnvironment,
+                                         RaytraceOption::PatternedBump};
+
+inline constexpr RaytracerRow kPovRay{
+    .kind = CorvexDB::Raytracer::PovRay,
+    .word = "povRay",
+    .name = "POV-Ray",
+    .program = {.noun = "POV-Ray 3.7",
+                .label = "&POV-Ray",
+                .usualName = "povray",
+                .variable = "CORVEX_POVRAY",
+                .locationKey = {},
+                .launcher = "corvex-povray",
+                .launcherVariable = "CORVEX_POVRAY_LAUNCHER"},
+    .check = {.notFound = "POVRay was not found. Corvex requires POVRay version 3.5 or higher. "
+                          "Would you like to visit the POVRay web site for this free download?",
+              .select = {},
+              .visit = {},
+              .chooserDescription = {},
+              .site = CorvexDB::WebSite::PovRay,
+              .hintKey = "POVRayConfiguration"},
+    .scene = {.suffix = "pov",
+              .pictureSuffix = "png",
+              .title = "&POV-Ray Scene",
+              .filter = "POV-Ray scenes",
+              .tiff = TiffRule::NoTiff,
+              .wrongTextures = "POVRay does not support the use of TIF textures. This scene uses "
+                               "TIF textures."},
+    .panelStart = PovRayStart,
+    .plainStart = PovRayCommandLine,
+    .exitCodeTells = true,
+    .cannotShow = kNotOfPovRay,
+};
+
+}  // namespace CorvexMaterial
