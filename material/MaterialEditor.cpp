@@ -219,12 +219,20 @@ void MaterialEditor::RefreshPreviewMaterial()
     TellHost();
 }
 
+// Shapes take the whole material in every mode but one.
+MaterialEdit MaterialEditor::EditWithValues()
+{
+    const auto gathered = m_gatherer.Gather();
+    return gathered->applyMode == CorvexDB::ApplyMode::FilesOnly
+               ? m_pending.WithValues(m_gatherer.Whole(), gathered->applyMode)
+               : m_pending.WithValues(gathered->material, gathered->applyMode);
+}
+
 void MaterialEditor::TellHost()
 {
     const QPointer<MaterialEditor> alive(this);  // the host hears of it and may close the control
     if (!m_pending.IsEmpty()) {
-        const MaterialEdit edit =
-            m_pending.WithValues(m_gatherer.Whole(), m_attributes.ApplyRelative());
+        const MaterialEdit edit = EditWithValues();
         m_pending.Forget();
         Q_EMIT Edited(edit);
     }

@@ -150,6 +150,7 @@ private:
     void ConnectLibraries();
     [[nodiscard]] Status LoadSavedLibraries();
     void OnEdited(const TouchedRows& touched);
+    [[nodiscard]] MaterialEdit EditWithValues();
     void TellHost();
     void ShowFactory(const TouchedRows& rows);
     void FollowAttributes();
