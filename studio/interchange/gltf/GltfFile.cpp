@@ -116,7 +116,7 @@ void GltfFile::ParseText(const QByteArray& bytes)
                                                        : error.errorString().toUtf8().constData());
     }
     m_root = document.object();
-    if (!m_root["asset"].isObject()) {
+    if (!m_root[u"asset"].isObject()) {
         Refuse("it is no glTF document");
     }
     for (const QString& list : m_root.keys()) {
@@ -140,7 +140,7 @@ QByteArray GltfFile::Buffer(int index)
         return known->second;
     }
     const QJsonObject buffer = At("buffers", index);
-    const QString uri = buffer["uri"].toString();
+    const QString uri = buffer[u"uri"].toString();
     if (uri.isEmpty()) {
         return known->second = m_binary;
     }
@@ -159,9 +159,9 @@ QByteArray GltfFile::Buffer(int index)
 QByteArray GltfFile::View(const QJsonValue& index)
 {
     const QJsonObject view = At("bufferViews", index);
-    const QByteArray buffer = Buffer(view["buffer"].toInt(-1));
-    const std::size_t offset = SizeIn(view["byteOffset"]);
-    const std::size_t length = SizeIn(view["byteLength"]);
+    const QByteArray buffer = Buffer(view[u"buffer"].toInt(-1));
+    const std::size_t offset = SizeIn(view[u"byteOffset"]);
+    const std::size_t length = SizeIn(view[u"byteLength"]);
     const auto all = static_cast<std::size_t>(buffer.size());
     if (offset > all || length > all - offset) {
         Refuse("a part of the data is missing");
@@ -173,18 +173,19 @@ QByteArray GltfFile::View(const QJsonValue& index)
 GltfFile::Elements GltfFile::ElementsOf(const QJsonObject& accessor, const QJsonObject& place)
 {
     Elements elements;
-    elements.type = (place.contains("componentType") ? place : accessor)["componentType"].toInt();
-    elements.components = ComponentsOf(accessor["type"].toString());
-    elements.normalised = accessor["normalized"].toBool();
-    elements.count = SizeIn(place["count"]);
+    elements.type = (place.contains(u"componentType") ? place : accessor)[u"componentType"].toInt();
+    elements.components = ComponentsOf(accessor[u"type"].toString());
+    elements.normalised = accessor[u"normalized"].toBool();
+    elements.count = SizeIn(place[u"count"]);
     const ComponentRow* row = RowOfType(elements.type);
     if (row == nullptr) {
         Refuse("the data is of an unknown kind");
     }
     const std::size_t size = row->size * elements.components;
-    elements.stride = std::max(SizeIn(At("bufferViews", place["bufferView"])["byteStride"]), size);
-    const QByteArray view = View(place["bufferView"]);
-    const std::size_t offset = SizeIn(place["byteOffset"]);
+    elements.stride =
+        std::max(SizeIn(At("bufferViews", place[u"bufferView"])[u"byteStride"]), size);
+    const QByteArray view = View(place[u"bufferView"]);
+    const std::size_t offset = SizeIn(place[u"byteOffset"]);
     const auto all = static_cast<std::size_t>(view.size());
     const bool fits =
         elements.count == 0 || (offset <= all && size <= all - offset &&
@@ -250,18 +251,18 @@ std::vector<std::array<float, components>> GltfFile::Floats(const QJsonValue& in
             value[i] = from.Number(element, i);
         }
     };
-    if (accessor.contains("bufferView")) {
+    if (accessor.contains(u"bufferView")) {
         const Elements elements = ElementsOf(accessor, accessor);
         values.resize(elements.count);
         for (std::size_t element = 0; element < elements.count; ++element) {
             put(elements, element, values[element]);
         }
     }
-    if (const QJsonObject sparse = accessor["sparse"].toObject(); !sparse.isEmpty()) {
-        values.resize(SizeIn(accessor["count"]));
+    if (const QJsonObject sparse = accessor[u"sparse"].toObject(); !sparse.isEmpty()) {
+        values.resize(SizeIn(accessor[u"count"]));
         const auto placeOf = [&sparse](const char* part) {
             QJsonObject place = sparse[QLatin1String(part)].toObject();
-            place["count"] = sparse["count"];
+            place[u"count"] = sparse[u"count"];
             return place;
         };
         const Elements places = ElementsOf({{"type", "SCALAR"}}, placeOf("indices"));
@@ -281,7 +282,7 @@ template std::vector<std::array<float, 3>> GltfFile::Floats<3>(const QJsonValue&
 std::vector<std::uint32_t> GltfFile::Indices(const QJsonValue& index)
 {
     const QJsonObject accessor = At("accessors", index);
-    if (!accessor.contains("bufferView")) {
+    if (!accessor.contains(u"bufferView")) {
         return {};
     }
     const Elements elements = ElementsOf(accessor, accessor);

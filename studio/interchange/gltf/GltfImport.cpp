@@ -33,10 +33,10 @@ private:
     /// A copy, which outlasts the file.
     [[nodiscard]] QByteArray BytesOf(const QJsonObject& image)
     {
-        if (const auto data = DataOfUri(image["uri"].toString())) {
+        if (const auto data = DataOfUri(image[u"uri"].toString())) {
             return *data;
         }
-        const QByteArray view = m_file.View(image["bufferView"]);
+        const QByteArray view = m_file.View(image[u"bufferView"]);
         return {view.constData(), view.size()};
     }
 
@@ -49,10 +49,10 @@ private:
 void AddMaterials(GltfFile& file, ImportedModel& model)
 {
     GltfPictures pictures(file, model);
-    const QJsonArray sources = file.Root()["materials"].toArray();
+    const QJsonArray sources = file.Root()[u"materials"].toArray();
     for (const QJsonValue source : sources) {
         const std::size_t number = model.materials.size();
-        const std::string name = ReadableName(source["name"].toString().toStdString(),
+        const std::string name = ReadableName(source[u"name"].toString().toStdString(),
                                               "Material " + std::to_string(number + 1));
         const GltfSurface surface =
             SurfaceOfGltf(source.toObject(), file, MaterialNotes(model.report, name));
@@ -72,7 +72,8 @@ NamedMaterial PlainMaterial(const GltfFile& file)
 
 bool IsPacked(const GltfFile& file)
 {
-    return file.Root()["extensionsRequired"].toArray().contains("KHR_draco_mesh_compression");
+    return file.Root()[u"extensionsRequired"].toArray().contains(
+        QStringLiteral("KHR_draco_mesh_compression"));
 }
 
 }  // namespace
@@ -80,7 +81,7 @@ bool IsPacked(const GltfFile& file)
 ImportedModel ModelOfGltf(const QByteArray& bytes, const std::string& path)
 {
     GltfFile file(bytes, path);
-    if (file.Root()["meshes"].isObject()) {
+    if (file.Root()[u"meshes"].isObject()) {
         return ReadWithAssimp(path);  // the format's first version, of another structure
     }
     ImportedModel model;

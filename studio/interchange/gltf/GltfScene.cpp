@@ -42,15 +42,15 @@ std::array<float, count> NumbersIn(const QJsonValue& value, std::array<float, co
 
 QMatrix4x4 ParentFromNode(const QJsonObject& node)
 {
-    if (node.contains("matrix")) {
+    if (node.contains(u"matrix")) {
         return QMatrix4x4(
-                   NumbersIn<16>(node["matrix"], {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1})
+                   NumbersIn<16>(node[u"matrix"], {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1})
                        .data())
             .transposed();
     }
-    const auto [x, y, z] = NumbersIn<3>(node["translation"], {});
-    const auto [qx, qy, qz, qw] = NumbersIn<4>(node["rotation"], {0, 0, 0, 1});
-    const auto [sx, sy, sz] = NumbersIn<3>(node["scale"], {1, 1, 1});
+    const auto [x, y, z] = NumbersIn<3>(node[u"translation"], {});
+    const auto [qx, qy, qz, qw] = NumbersIn<4>(node[u"rotation"], {0, 0, 0, 1});
+    const auto [sx, sy, sz] = NumbersIn<3>(node[u"scale"], {1, 1, 1});
     QMatrix4x4 matrix;
     matrix.translate(x, y, z);
     matrix.rotate(QQuaternion(qw, qx, qy, qz));
@@ -80,7 +80,7 @@ public:
     {
         std::vector<Visit> open;
         Open(Roots(), {}, open);
-        std::vector<bool> seen(static_cast<std::size_t>(m_file.Root()["nodes"].toArray().size()));
+        std::vector<bool> seen(static_cast<std::size_t>(m_file.Root()[u"nodes"].toArray().size()));
         while (!open.empty()) {
             const Visit visit = open.back();
             open.pop_back();
@@ -90,10 +90,10 @@ public:
             seen[visit.node] = true;
             const QJsonObject node = m_file.At("nodes", static_cast<qint64>(visit.node));
             const QMatrix4x4 worldFromNode = visit.worldFromParent * ParentFromNode(node);
-            if (node.contains("mesh")) {
+            if (node.contains(u"mesh")) {
                 AddMesh(node, Usable(worldFromNode));
             }
-            Open(node["children"].toArray(), worldFromNode, open);
+            Open(node[u"children"].toArray(), worldFromNode, open);
         }
     }
 
@@ -110,12 +110,12 @@ private:
 
     [[nodiscard]] QJsonArray Roots() const
     {
-        const QJsonObject scene = m_file.At("scenes", m_file.Root()["scene"].toInteger(0));
+        const QJsonObject scene = m_file.At("scenes", m_file.Root()[u"scene"].toInteger(0));
         if (!scene.isEmpty()) {
-            return scene["nodes"].toArray();
+            return scene[u"nodes"].toArray();
         }
         QJsonArray all;
-        for (qsizetype node = 0; node < m_file.Root()["nodes"].toArray().size(); ++node) {
+        for (qsizetype node = 0; node < m_file.Root()[u"nodes"].toArray().size(); ++node) {
             all.append(node);
         }
         return all;
@@ -132,10 +132,10 @@ private:
 
     void AddMesh(const QJsonObject& node, const QMatrix4x4& worldFromMesh)
     {
-        const QJsonObject mesh = m_file.At("meshes", node["mesh"]);
-        QString name = mesh["name"].toString();
-        name = name.isEmpty() ? node["name"].toString() : name;
-        for (const Part& part : PartsOf(node["mesh"].toInt(-1), mesh)) {
+        const QJsonObject mesh = m_file.At("meshes", node[u"mesh"]);
+        QString name = mesh[u"name"].toString();
+        name = name.isEmpty() ? node[u"name"].toString() : name;
+        for (const Part& part : PartsOf(node[u"mesh"].toInt(-1), mesh)) {
             const std::string numbered = "Shape " + std::to_string(m_model.shapes.size() + 1);
             const std::string own = name.isEmpty() ? "" : name.toStdString() + part.suffix;
             m_model.shapes.push_back({ReadableName(own, numbered), part.mesh, worldFromMesh});
@@ -145,10 +145,10 @@ private:
     const std::vector<Part>& PartsOf(int index, const QJsonObject& mesh)
     {
         const auto [known, isNew] = m_parts.try_emplace(index);
-        const QJsonArray primitives = mesh["primitives"].toArray();
+        const QJsonArray primitives = mesh[u"primitives"].toArray();
         for (qsizetype i = 0; isNew && i < primitives.size(); ++i) {
             const QJsonObject primitive = primitives.at(i).toObject();
-            const int mode = primitive["mode"].toInt(4);
+            const int mode = primitive[u"mode"].toInt(4);
             if (mode < 4 || mode > 6) {
                 continue;  // points and lines
             }
@@ -162,14 +162,14 @@ private:
 
     ImportedMesh MeshOf(const QJsonObject& primitive, Mode mode)
     {
-        const QJsonObject attributes = primitive["attributes"].toObject();
+        const QJsonObject attributes = primitive[u"attributes"].toObject();
         RawMesh raw;
-        const auto material = static_cast<std::size_t>(primitive["material"].toInteger(-1));
+        const auto material = static_cast<std::size_t>(primitive[u"material"].toInteger(-1));
         raw.material = std::min(material, m_plainMaterial);
-        const auto positions = m_file.Floats<3>(attributes["POSITION"]);
-        const auto normals = m_file.Floats<3>(attributes["NORMAL"]);
+        const auto positions = m_file.Floats<3>(attributes[u"POSITION"]);
+        const auto normals = m_file.Floats<3>(attributes[u"NORMAL"]);
         const auto uvs = m_file.Floats<2>(
-            attributes[CoordinatesOf(m_file.At("materials", primitive["material"]))]);
+            attributes[CoordinatesOf(m_file.At("materials", primitive[u"material"]))]);
         raw.hasNormals = !normals.empty();
         raw.hasCoordinates = !uvs.empty();
         raw.vertices.resize(positions.size());
@@ -179,13 +179,13 @@ private:
             vertex.normal = i < normals.size() ? normals[i] : vertex.normal;
             vertex.uv = i < uvs.size() ? std::array{uvs[i][0], 1.0F - uvs[i][1]} : vertex.uv;
         }
-        raw.indices = m_file.Indices(primitive["indices"]);
-        if (!primitive.contains("indices")) {
+        raw.indices = m_file.Indices(primitive[u"indices"]);
+        if (!primitive.contains(u"indices")) {
             raw.indices.resize(positions.size());
             std::iota(raw.indices.begin(), raw.indices.end(), 0U);
         }
         raw.indices = TrianglesOf(std::move(raw.indices), mode);
-        CountColours(attributes["COLOR_0"], raw);
+        CountColours(attributes[u"COLOR_0"], raw);
         return Finished(std::move(raw));
     }
 

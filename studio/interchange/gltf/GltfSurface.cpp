@@ -17,8 +17,8 @@ namespace {
 using CorvexDB::udtMaterial;
 
 constexpr std::int32_t kAlphaTestGreaterOrEqual = 6;
-constexpr const char* kTextureTransform = "KHR_texture_transform";
-constexpr const char* kGloss = "KHR_materials_pbrSpecularGlossiness";
+constexpr QLatin1String kTextureTransform("KHR_texture_transform");
+constexpr QLatin1String kGloss("KHR_materials_pbrSpecularGlossiness");
 constexpr const char* kGltfNoLayer =
     QT_TRANSLATE_NOOP("Interchange", "there is no layer for it in a material");
 constexpr const char* kGltfNoAmount =
@@ -57,16 +57,16 @@ bool SaysSomething(const QJsonValue& value)
 QJsonObject BaseTexture(const QJsonObject& source)
 {
     const QJsonObject base =
-        source["pbrMetallicRoughness"].toObject()["baseColorTexture"].toObject();
-    return base.isEmpty() ? source["extensions"][kGloss]["diffuseTexture"].toObject() : base;
+        source[u"pbrMetallicRoughness"].toObject()[u"baseColorTexture"].toObject();
+    return base.isEmpty() ? source[u"extensions"][kGloss][u"diffuseTexture"].toObject() : base;
 }
 
 class GltfSurfaceTaking {
 public:
     GltfSurfaceTaking(const QJsonObject& source, const GltfFile& file, MaterialNotes notes)
-        : m_source(source), m_extensions(source["extensions"].toObject()),
+        : m_source(source), m_extensions(source[u"extensions"].toObject()),
           m_gloss(m_extensions[kGloss].toObject()),
-          m_surface(source["pbrMetallicRoughness"].toObject()), m_file(file),
+          m_surface(source[u"pbrMetallicRoughness"].toObject()), m_file(file),
           m_notes(std::move(notes))
     {
     }
@@ -74,7 +74,7 @@ public:
     GltfSurface Take()
     {
         m_base = EachCutToUnit(ColourIn(
-            Glossy() ? m_gloss["diffuseFactor"] : m_surface["baseColorFactor"], kWhiteRgb));
+            Glossy() ? m_gloss[u"diffuseFactor"] : m_surface[u"baseColorFactor"], kWhiteRgb));
         TakeGlow();
         TakeShine();
         TakeAlpha();
@@ -94,8 +94,8 @@ private:
     void TakeGlow()
     {
         const float strength =
-            NumberIn(m_extensions["KHR_materials_emissive_strength"]["emissiveStrength"], 1.0F);
-        const Rgb glow = EachCutToUnit(ColourIn(m_source["emissiveFactor"], kBlack) * strength);
+            NumberIn(m_extensions[u"KHR_materials_emissive_strength"][u"emissiveStrength"], 1.0F);
+        const Rgb glow = EachCutToUnit(ColourIn(m_source[u"emissiveFactor"], kBlack) * strength);
         const Share emission = ShareOf(glow, m_base);
         Material().Color = ColourOfLight(emission.exceeds ? glow : m_base);
         Material().Emissive = PercentOf(EncodedFromLinear(emission.share));
@@ -111,7 +111,7 @@ private:
             m_notes.Approximated("emissiveStrength",
                                  QT_TRANSLATE_NOOP("Interchange", "cut at white"));
         }
-        if (m_extensions.contains("KHR_materials_unlit")) {
+        if (m_extensions.contains(u"KHR_materials_unlit")) {
             Material().Emissive = 100;
             m_notes.Mapped("KHR_materials_unlit",
                            QT_TRANSLATE_NOOP("Interchange", "unlit: emissive 100"));
@@ -121,7 +121,7 @@ private:
 
     void NoteGlowImage()
     {
-        const QJsonObject texture = m_source["emissiveTexture"].toObject();
+        const QJsonObject texture = m_source[u"emissiveTexture"].toObject();
         if (texture.isEmpty()) {
             return;
         }
@@ -133,14 +133,14 @@ private:
     void TakeShine()
     {
         if (Glossy()) {
-            Material().Specular = PercentOf(NumberIn(m_gloss["glossinessFactor"], 1.0F));
+            Material().Specular = PercentOf(NumberIn(m_gloss[u"glossinessFactor"], 1.0F));
             m_notes.Approximated("glossinessFactor", kAsShine);
             return;
         }
         Material().Specular =
-            PercentOf(1.0F - CutToUnit(NumberIn(m_surface["roughnessFactor"], 1.0F)));
+            PercentOf(1.0F - CutToUnit(NumberIn(m_surface[u"roughnessFactor"], 1.0F)));
         m_notes.Approximated("roughnessFactor", kAsShine);
-        const float metallic = NumberIn(m_surface["metallicFactor"], 1.0F);
+        const float metallic = NumberIn(m_surface[u"metallicFactor"], 1.0F);
         Material().RayTrace.Metallic = metallic >= 0.5F;
         const bool clear = metallic == 0.0F || metallic == 1.0F;
         m_notes.Add("metallicFactor", clear ? Outcome::Mapped : Outcome::Approximated,
@@ -150,14 +150,15 @@ private:
 
     void TakeAlpha()
     {
-        const QString mode = m_source["alphaMode"].toString();
-        const QJsonValue base = Glossy() ? m_gloss["diffuseFactor"] : m_surface["baseColorFactor"];
+        const QString mode = m_source[u"alphaMode"].toString();
+        const QJsonValue base =
+            Glossy() ? m_gloss[u"diffuseFactor"] : m_surface[u"baseColorFactor"];
         const float alpha = mode == u"BLEND" ? CutToUnit(NumberIn(base[3], 1.0F)) : 1.0F;
         const float through = CutToUnit(
-            NumberIn(m_extensions["KHR_materials_transmission"]["transmissionFactor"], 0.0F));
+            NumberIn(m_extensions[u"KHR_materials_transmission"][u"transmissionFactor"], 0.0F));
         Material().Transparency = PercentOf(1.0F - alpha * (1.0F - through));
         if (mode == u"MASK") {
-            const float cutoff = CutToUnit(NumberIn(m_source["alphaCutoff"], 0.5F));
+            const float cutoff = CutToUnit(NumberIn(m_source[u"alphaCutoff"], 0.5F));
             Material().AlphaTest = kAlphaTestGreaterOrEqual;
             Material().AlphaTestReference = static_cast<std::int32_t>(std::lround(255.0F * cutoff));
             m_notes.Mapped("alphaCutoff");
@@ -176,13 +177,13 @@ private:
     void TakeCoat()
     {
         const float coat =
-            CutToUnit(NumberIn(m_extensions["KHR_materials_clearcoat"]["clearcoatFactor"], 0.0F));
+            CutToUnit(NumberIn(m_extensions[u"KHR_materials_clearcoat"][u"clearcoatFactor"], 0.0F));
         Material().RayTrace.Reflection = std::round(10.0F * coat);
         if (Material().RayTrace.Reflection > 0.0F) {
             m_notes.Approximated("clearcoatFactor",
                                  QT_TRANSLATE_NOOP("Interchange", "as a reflection"));
         }
-        Material().DoubleSided = m_source["doubleSided"].toBool();
+        Material().DoubleSided = m_source[u"doubleSided"].toBool();
         if (Material().DoubleSided) {
             m_notes.Mapped("doubleSided");
         }
@@ -191,13 +192,13 @@ private:
     /// Its number; -1 for none. Images of newer kinds are told of by extensions.
     [[nodiscard]] qint64 ImageOf(const QJsonObject& use) const
     {
-        const QJsonObject texture = m_file.At("textures", use["index"]);
-        if (texture.contains("source")) {
-            return texture["source"].toInteger(-1);
+        const QJsonObject texture = m_file.At("textures", use[u"index"]);
+        if (texture.contains(u"source")) {
+            return texture[u"source"].toInteger(-1);
         }
-        for (const QJsonValue extension : texture["extensions"].toObject()) {
-            if (extension["source"].isDouble()) {
-                return extension["source"].toInteger(-1);
+        for (const QJsonValue extension : texture[u"extensions"].toObject()) {
+            if (extension[u"source"].isDouble()) {
+                return extension[u"source"].toInteger(-1);
             }
         }
         return -1;
@@ -209,15 +210,15 @@ private:
         if (use.isEmpty()) {
             return;
         }
-        if (!TakePlacement(use["extensions"][kTextureTransform].toObject())) {
-            m_notes.Approximated(kTextureTransform,
+        if (!TakePlacement(use[u"extensions"][kTextureTransform].toObject())) {
+            m_notes.Approximated(kTextureTransform.data(),
                                  QT_TRANSLATE_NOOP("Interchange", "images repeat alike both ways, "
                                                                   "in whole tiles, unturned"));
         }
         const qint64 number = ImageOf(use);
         const QJsonObject image = m_file.At("images", number);
-        const QString uri = image["uri"].toString();
-        if (image.contains("bufferView") || uri.startsWith(u"data:")) {
+        const QString uri = image[u"uri"].toString();
+        if (image.contains(u"bufferView") || uri.startsWith(u"data:")) {
             m_result.imageInside = number;
             return;
         }
@@ -241,25 +242,25 @@ private:
 
     bool TakePlacement(const QJsonObject& transform)
     {
-        const QJsonArray offset = transform["offset"].toArray();
-        const QJsonArray scale = transform["scale"].toArray();
+        const QJsonArray offset = transform[u"offset"].toArray();
+        const QJsonArray scale = transform[u"scale"].toArray();
         const ImageWindow window{NumberIn(offset.at(0), 0.0F), NumberIn(offset.at(1), 0.0F),
                                  NumberIn(scale.at(0), 1.0F), NumberIn(scale.at(1), 1.0F)};
-        return PlaceWindow(window, Material()) && transform["rotation"].toDouble() == 0.0;
+        return PlaceWindow(window, Material()) && transform[u"rotation"].toDouble() == 0.0;
     }
 
     void NoteIgnored()
     {
-        if (!m_source["normalTexture"].isUndefined()) {
+        if (!m_source[u"normalTexture"].isUndefined()) {
             m_notes.Dropped(
                 "normalTexture",
                 QT_TRANSLATE_NOOP("Interchange",
                                   "it holds directions; a bump map here holds heights"));
         }
-        if (!m_source["occlusionTexture"].isUndefined()) {
+        if (!m_source[u"occlusionTexture"].isUndefined()) {
             m_notes.Dropped("occlusionTexture", kGltfNoLayer);
         }
-        if (!m_surface["metallicRoughnessTexture"].isUndefined()) {
+        if (!m_surface[u"metallicRoughnessTexture"].isUndefined()) {
             m_notes.Dropped("metallicRoughnessTexture", kGltfNoLayer);
         }
         for (const QString& name : m_extensions.keys()) {
@@ -303,8 +304,9 @@ private:
 QString CoordinatesOf(const QJsonObject& source)
 {
     const QJsonObject use = BaseTexture(source);
-    const QJsonValue moved = use["extensions"][kTextureTransform]["texCoord"];
-    return QStringLiteral("TEXCOORD_%1").arg((moved.isDouble() ? moved : use["texCoord"]).toInt(0));
+    const QJsonValue moved = use[u"extensions"][kTextureTransform][u"texCoord"];
+    return QStringLiteral("TEXCOORD_%1")
+        .arg((moved.isDouble() ? moved : use[u"texCoord"]).toInt(0));
 }
 
 GltfSurface SurfaceOfGltf(const QJsonObject& source, const GltfFile& file, MaterialNotes notes)
