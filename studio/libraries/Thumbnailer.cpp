@@ -5,6 +5,7 @@
 #include "studio/images/TextureCache.h"
 #include "studio/images/TextureFile.h"
 #include "studio/images/Thumbnail.h"
+#include "studio/render/MaterialModel.h"
 #include "studio/render/RenderService.h"
 #include "studio/scene/ParametricMesh.h"
 
@@ -83,7 +84,7 @@ QImage Thumbnailer::OfMaterial(const CorvexDB::udtMaterial& material) const
     Frame frame;
     frame.items.push_back(std::move(item));
     frame.camera = Framed(ThumbnailCamera(), frame.items);
-    if (material.Transparency > 0) {
+    if (IsTransparent(material)) {
         frame.items.push_back(Wall(frame.camera, m_checks));
     }
     frame.background = kBackdrop;

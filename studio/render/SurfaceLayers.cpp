@@ -19,7 +19,7 @@ PrimaryAlpha PrimaryAlphaUse(const CorvexDB::udtMaterial& material, const Textur
     }
     switch (material.TextureAlphaChannelUse) {
     case 0:
-        return material.AlphaIsTransparent ? PrimaryAlpha::Transparency : PrimaryAlpha::Opacity;
+        return material.AlphaIsTransparent ? PrimaryAlpha::InverseOpacity : PrimaryAlpha::Opacity;
     case 2:
         return PrimaryAlpha::Height;
     case 3:
@@ -42,7 +42,7 @@ const TexturePointer& GeneratedTexture(const FrameItem& item, Layer layer)
 bool LayerSet::ChangesOpacity() const
 {
     return Has(Layer::Alpha) || primaryAlpha == PrimaryAlpha::Opacity ||
-           primaryAlpha == PrimaryAlpha::Transparency;
+           primaryAlpha == PrimaryAlpha::InverseOpacity;
 }
 
 bool LayerSet::ChangesHighlight() const
@@ -53,7 +53,7 @@ bool LayerSet::ChangesHighlight() const
 LayerSet LayerSet::OpacityOnly() const
 {
     LayerSet set{present & Bit(Layer::Alpha), PrimaryAlpha::Nothing};
-    if (primaryAlpha == PrimaryAlpha::Opacity || primaryAlpha == PrimaryAlpha::Transparency) {
+    if (primaryAlpha == PrimaryAlpha::Opacity || primaryAlpha == PrimaryAlpha::InverseOpacity) {
         set.present |= Bit(Layer::Primary);
         set.primaryAlpha = primaryAlpha;
     }

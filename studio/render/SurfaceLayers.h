@@ -37,7 +37,7 @@ inline constexpr std::array<LayerRow, kLayerCount> kLayerRows{{
 }};
 
 /// What the alpha channel of the primary texture does.
-enum class PrimaryAlpha { Nothing, Opacity, Transparency, Height, Highlight, Reflection };
+enum class PrimaryAlpha { Nothing, Opacity, InverseOpacity, Height, Highlight, Reflection };
 
 /// Which layers a surface has; decides what its shader contains.
 struct LayerSet {

@@ -2,6 +2,7 @@
 #include "studio/interchange/ShapeNames.h"
 #include "studio/interchange/wavefront/MtlMaterials.h"
 #include "studio/interchange/wavefront/MtlTerms.h"
+#include "studio/render/MaterialModel.h"
 
 #include <QCoreApplication>
 
@@ -83,7 +84,7 @@ std::vector<NamedMaterial> MaterialsOfMtl(const QByteArray& bytes, const std::st
         CorvexDB::udtMaterial material;
         TakeMtlAmounts(source, notes, material);
         TakeMtlImages(source, folder, notes, material);
-        NoteTheRest(source, material.Transparency > 0, notes);
+        NoteTheRest(source, IsTransparent(material), notes);
         materials.push_back({name, material});
     }
     return materials;

@@ -11,7 +11,7 @@ std::string ImageCoverageText(const SurfaceDraft& surface)
     std::string text = set.Has(Layer::Alpha) ? LuminanceText(surface.name, Layer::Alpha) : "1";
     if (set.primaryAlpha == PrimaryAlpha::Opacity) {
         text += "*(1-" + ChannelText(surface.name, Layer::Primary, "transmit") + ')';
-    } else if (set.primaryAlpha == PrimaryAlpha::Transparency) {
+    } else if (set.primaryAlpha == PrimaryAlpha::InverseOpacity) {
         text += '*' + ChannelText(surface.name, Layer::Primary, "transmit");
     }
     return text;
