@@ -27,6 +27,7 @@ SurfacePanel::~SurfacePanel() = default;
 void SurfacePanel::ConnectColor()
 {
     m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, this);
+    TellOtherNames(*m_ui->cboColor, Attribute::Color);
     connect(m_color, &ColourField::Edited, this, [this] { Q_EMIT Edited({{Attribute::Color}}); });
     connect(m_color, &ColourField::EntryChosen, this, [this](int position) {
         m_trap("cboColor", [&] { m_color->ChooseEntry(position, m_choosers); });

@@ -1,5 +1,6 @@
 #include "textures/TexturePage.h"
 
+#include "controls/AttributeHints.h"
 #include "controls/WheelGuard.h"
 #include "platform/ArgumentChecks.h"
 #include "textures/ChannelIcons.h"
@@ -44,6 +45,11 @@ TexturePage::TexturePage(QWidget* parent)
     }
     m_ui->txtTexture2Translucency->setText(
         QString::fromUtf8(FactoryText(Attribute::OverlayTranslucency)));
+    TellOtherNames(*m_ui->txtTexture2Translucency, Attribute::OverlayTranslucency);
+    TellOtherNames(*m_ui->lblWrapType, Attribute::WrapType);
+    TellOtherNames(*m_ui->cmdFlatWrapOptions, Attribute::FlatWrapType);
+    TellOtherNames(*m_ui->chkFlipU, Attribute::WrapOrientationU);
+    TellOtherNames(*m_ui->chkFlipV, Attribute::WrapOrientationV);
     ConnectFields();
     ConnectButtons();
     GuardWheel(*this);
