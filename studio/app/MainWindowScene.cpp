@@ -78,17 +78,17 @@ void MainWindow::ShowModel(const QString& file, const ImportedModel& model)
     m_viewport->SetHomeCamera(m_scene.FramedBy(DefaultCamera()));
     m_host.Log().RecordEvent("Opened " + file.toStdString());
     const std::size_t count = m_scene.All().size();
-    const QString shapes = count == 1 ? tr("1 shape") : tr("%1 shapes").arg(count);
-    const std::size_t missing = MissingTexturePaths(m_scene.All()).size();
+    QStringList told{count == 1 ? tr("1 shape.") : tr("%1 shapes.").arg(count)};
+    if (const std::size_t missing = MissingTexturePaths(m_scene.All()).size(); missing > 0) {
+        told << tr("Textures that are missing: %1. File > Find Missing Textures looks for them.")
+                    .arg(missing);
+    }
     const QString losses =
         m_exchange->Keep(tr("Model Opened"), model.report, model.materials.size());
-    m_misc->Show(
-        (missing == 0 ? shapes
-                      : tr("%1. Textures that are missing: %2. File > Find Missing "
-                           "Textures looks for them.")
-                            .arg(shapes)
-                            .arg(missing)) +
-        (losses.isEmpty() ? QString() : tr(". %1 File > Last Report tells more.").arg(losses)));
+    if (!losses.isEmpty()) {
+        told << losses << tr("File > Last Report tells more.");
+    }
+    m_misc->Show(told.join(u' '));
     if (!losses.isEmpty()) {
         m_host.Log().RecordEvent(losses.toStdString());
     }

@@ -2,6 +2,7 @@
 
 #include "record/Schema.h"
 #include "studio/import/ByteStream.h"
+#include "studio/interchange/ShapeNames.h"
 
 #include <algorithm>
 #include <array>
@@ -128,7 +129,7 @@ void GetAttribute(ByteReader& reader, const AttributeRow& row, udtMaterial& mate
 
 NamedMaterial GetMaterial(ByteReader& reader)
 {
-    NamedMaterial named{reader.GetText(), {}};
+    NamedMaterial named{ReadableName(reader.GetText(), "Material"), {}};
     const auto rows = CorvexMaterial::AttributeRows();
     for (auto next = reader.Get<std::uint8_t>(); next != kLastAttribute;
          next = reader.Get<std::uint8_t>()) {
