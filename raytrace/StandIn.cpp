@@ -29,6 +29,7 @@ CorvexDB::udtMaterial StandInFor(const CorvexDB::udtMaterial& material)
         return StandInFor(*look);
     }
     CorvexDB::udtMaterial shown = material;
+    shown.RayTrace = {};
     if (!IsPredefined(material.RayTrace) &&
         FindColourPattern(material.RayTrace.ColorPattern) != nullptr) {
         shown.Color = ColourOfLight(LightOf(material.Color) * MeanPatternLight(material.RayTrace));

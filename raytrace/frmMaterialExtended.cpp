@@ -62,7 +62,11 @@ frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
     m_followSoon.setSingleShot(true);
     // Without a picture the dialog still edits.
     m_services.trap("picPreview", [this] {
-        m_picture.emplace(m_services.host, m_services.preview.NewShape(), *m_ui->picPreview);
+        m_picture.emplace(m_services.host, m_services.platform, m_raytrace,
+                          m_services.preview.NewShape(), *m_ui->picPreview);
+        connect(&*m_picture, &LivePicture::Shows, this, [this](bool raytraced) {
+            m_ui->lblPicture->setText(raytraced ? tr("Raytraced") : tr("Live view"));
+        });
     });
     FillLists();
     ConnectAmounts();
@@ -330,8 +334,10 @@ void frmMaterialExtended::ShowSameColours()
 
 void frmMaterialExtended::Follow()
 {
-    ReadControls();
-    ShowLive();
+    if (m_picture) {
+        ReadControls();
+        m_services.trap("picPreview", [this] { m_picture->Show(m_material); });
+    }
 }
 
 }  // namespace CorvexMaterial

@@ -91,9 +91,7 @@ private:
     void ShowSameColours();
     void Follow();
 
-    void ShowLive();
     void RaytracePicture();
-    void ShowRaytraced(const std::string& bitmap);
     void MakeSimulationTexture();
     void SaveSimulation(const std::string& bitmap);
 
@@ -104,9 +102,9 @@ private:
     std::array<Swatch*, 4> m_swatches{};
     std::array<bool, 4> m_swatchUsed{true, true, true, true};
     QTimer m_followSoon;
-    std::optional<LivePicture> m_picture;
     modRaytrace m_raytrace;
     RenderWait m_wait;
+    std::optional<LivePicture> m_picture;
     CorvexDB::cdtRayTraceMaterialAttributes m_record;
     std::string m_simulationTexture;
     TouchedRows m_touched;

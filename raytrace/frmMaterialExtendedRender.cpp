@@ -31,6 +31,10 @@ private:
     void Set(bool enabled)
     {
         m_dialog.m_rendering = !enabled;
+        if (!enabled && m_dialog.m_picture) {
+            m_dialog.m_followSoon.stop();
+            m_dialog.m_picture->LetBe();
+        }
         const Ui::frmMaterialExtended& form = *m_dialog.m_ui;
         for (QPushButton* button : {form.cmdOK, form.cmdCancel, form.cmdDefault, form.cmdPreview}) {
             button->setEnabled(enabled);
@@ -49,29 +53,12 @@ void frmMaterialExtended::RaytracePicture()
     m_raytrace.ReportingFailure([this] {
         ReadControls();
         const std::int32_t antialias = m_services.host.applicationState.AntialiasChoice();
-        m_picture.value().WithMaterial(
-            m_material, [&](CorvexSG::Scene& scene, CorvexViewport::PixelSize size) {
-                m_raytrace.Render({scene, CorvexSG::RaytraceView::Scene, size, antialias, &m_wait},
-                                  [this](const std::string& bitmap) { ShowRaytraced(bitmap); });
-            });
+        m_picture.value().WithMaterial(m_material, [&](CorvexSG::Scene& scene,
+                                                       CorvexViewport::PixelSize size) {
+            m_raytrace.Render({scene, CorvexSG::RaytraceView::Scene, size, antialias, &m_wait},
+                              [this](const std::string& bitmap) { m_picture->ShowBitmap(bitmap); });
+        });
     });
-}
-
-void frmMaterialExtended::ShowLive()
-{
-    m_services.trap("picPreview", [this] {
-        if (m_picture) {
-            m_picture->Show(m_material);
-            m_ui->lblPicture->setText(tr("Live view"));
-        }
-    });
-}
-
-void frmMaterialExtended::ShowRaytraced(const std::string& bitmap)
-{
-    m_followSoon.stop();
-    m_picture.value().ShowBitmap(bitmap);
-    m_ui->lblPicture->setText(tr("Raytraced"));
 }
 
 void frmMaterialExtended::accept()

@@ -1,31 +1,17 @@
 #pragma once
 
-#include "host/Host.h"
-#include "platform/Platform.h"
-#include "raytrace/JobFiles.h"
-#include "raytracers/Raytracers.h"
+#include "raytrace/PreparedJob.h"
 
 #include <functional>
+#include <memory>
+#include <span>
 #include <string>
 
 class QWidget;
 
 namespace CorvexMaterial {
 
-class PreviewTarget;
 struct ErrorReport;
-struct JobEnd;
-
-/// One picture to be rendered.
-struct RaytraceJob {
-    CorvexSG::Scene& scene;
-    CorvexSG::RaytraceView view = CorvexSG::RaytraceView::Scene;
-    CorvexViewport::PixelSize size;
-    std::int32_t antialias = 0;  ///< 0 off, 1 depth 2, any other value depth 4
-    /// Waits and shows progress; null leaves both to the host.
-    PreviewTarget* target = nullptr;
-    AfterJob afterJob = AfterJob::DeleteBitmap;
-};
 
 enum class RaytraceOutcome {
     Rendered,
@@ -50,6 +36,11 @@ public:
     RaytraceOutcome Render(const RaytraceJob& job,
                            const std::function<void(const std::string& bitmap)>& read);
 
+    /// A job for a `RaytraceProbe`, without a word to the user. Null when the raytracer is none
+    /// that renders unasked, is not there or does not read the scene's textures. Errors: those of
+    /// the export.
+    [[nodiscard]] std::unique_ptr<PreparedJob> PrepareUnasked(const RaytraceJob& job);
+
     /// Runs what prepares and shows a raytraced picture; tells the user when it fails. What was
     /// reported before goes on to the caller.
     void ReportingFailure(const std::function<void()>& body);
@@ -64,16 +55,10 @@ private:
     [[nodiscard]] bool Ask(std::string_view question);
     void ShowRule(std::string_view text);
 
-    [[nodiscard]] CorvexDB::CommandLine Prepare(const RaytracerRow& row, const RaytraceJob& job,
-                                                const JobFiles& files);
-    [[nodiscard]] std::string Export(const RaytraceJob& job, const JobFiles& files);
-    [[nodiscard]] bool TexturesAreTaken(const RaytracerRow& row, const RaytraceJob& job);
-    [[nodiscard]] RaytraceOutcome Run(const RaytracerRow& row, const RaytraceJob& job,
-                                      const CorvexDB::CommandLine& commandLine,
-                                      const std::string& bitmap);
+    [[nodiscard]] RaytraceOutcome Run(const RaytraceJob& job, PreparedJob& prepared);
     /// False when the user cancelled.
-    [[nodiscard]] bool StartAndWait(const RaytraceJob& job, const CorvexDB::CommandLine& command,
-                                    const std::string& bitmap, JobEnd& end);
+    [[nodiscard]] bool StartAndWait(const RaytraceJob& job, const PreparedJob& prepared,
+                                    JobEnd& end);
     void TellFailure(const ErrorReport& report, PreviewTarget* target);
 
     Host& m_host;

@@ -47,6 +47,7 @@ inline constexpr RaytracerRow kPovRay{
     .panelStart = PovRayStart,
     .plainStart = PovRayCommandLine,
     .exitCodeTells = true,
+    .rendersUnasked = true,
     .cannotShow = kNotOfPovRay,
 };
 

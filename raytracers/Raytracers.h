@@ -84,6 +84,8 @@ struct RaytracerRow {
     CorvexDB::CommandLine (*plainStart)(const RenderTask& task);
     /// Whether its exit code tells of every error; else what it prints does too.
     bool exitCodeTells;
+    /// Whether it costs no more than a second of a processor to follow the dialog with it.
+    bool rendersUnasked = false;
     /// What no scene can have it show.
     std::span<const RaytraceOption> cannotShow;
 };

@@ -2,7 +2,11 @@
 #include "tests/support/Testing.h"
 
 #include <QAbstractButton>
+#include <QFile>
+#include <QSlider>
 #include <QTabBar>
+
+#include <csignal>
 
 namespace {
 
@@ -287,10 +291,55 @@ TEST_F(Simulation, TheDialogsPictureFollowsItsAttributesAndLeavesThePanelsAlone)
     });
     rig.Press("cmdMaterialExtended");
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
-    ASSERT_EQ(rig.host.exporter.requests.size(), 1U);
-    EXPECT_EQ(rig.host.exporter.requests[0].attributes.ColorPattern, 5);
+    ASSERT_FALSE(rig.host.exporter.requests.empty());
+    EXPECT_EQ(rig.host.exporter.requests.back().attributes.ColorPattern, 5);
     EXPECT_EQ(rig.Previewed().RayTrace.ColorPattern, 0);
-    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+    EXPECT_TRUE(raytracer.Leftovers().isEmpty());
+}
+
+TEST_F(Simulation, AtRestThePictureIsRenderedUnaskedAndNothingIsSaidWhenItFails)
+{
+    FakeRaytracer raytracer(rig);
+    raytracer.Runs("cp \"$picture\" \"$out\"");
+    const DialogAnswer answer([&](QDialog& dialog) {
+        const auto& caption = *dialog.findChild<QLabel*>("lblPicture");
+        auto& reflection = *dialog.findChild<QSlider*>("sldReflection");
+        QTRY_COMPARE(caption.text(), "Raytraced");
+        EXPECT_TRUE(dialog.findChild<QAbstractButton*>("cmdOK")->isEnabled());
+        raytracer.Runs("exit 3");
+        reflection.setValue(7);
+        QTRY_COMPARE(caption.text(), "Live view");
+        reflection.setValue(0);
+        QTRY_COMPARE(caption.text(), "Raytraced");
+        EXPECT_EQ(rig.host.exporter.requests.size(), 2U) << "it was rendered before";
+        dialog.reject();
+    });
+    rig.Press("cmdMaterialExtended");
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
+    EXPECT_TRUE(raytracer.Leftovers().isEmpty());
+}
+
+TEST_F(Simulation, ClosingTheDialogEndsWhatIsRenderedUnasked)
+{
+    FakeRaytracer raytracer(rig);
+    raytracer.Runs("echo $$ > \"${ini%ini}pid\"; exec sleep 60");
+    pid_t process = 0;
+    const DialogAnswer answer([&](QDialog& dialog) {
+        const auto running = [&] {
+            for (const QString& name : raytracer.Leftovers()) {
+                QFile file(raytracer.Folder() + '/' + name);
+                if (name.endsWith("pid") && file.open(QIODevice::ReadOnly)) {
+                    process = file.readAll().trimmed().toInt();
+                    file.remove();
+                }
+            }
+            return process != 0;
+        };
+        QTRY_VERIFY(running());
+        dialog.reject();
+    });
+    rig.Press("cmdMaterialExtended");
+    EXPECT_NE(kill(process, 0), 0) << "it goes on";
     EXPECT_TRUE(raytracer.Leftovers().isEmpty());
 }
 
