@@ -51,6 +51,17 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
     EXPECT_EQ(Library().NameAt(3), "Elm");
 }
 
+TEST_F(Exchange, AnOpenedModelHasTheSameReport)
+{
+    rig.files.Write("two.mtl", "newmtl Oak\nKd 0.5 0.3 0.1\nNi 1.5\nd 0.5\nTf 1 0 0\n"
+                               "newmtl Elm\nKd 1 1 1\n");
+    rig.Open(rig.files.Write("two.obj", "mtllib two.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
+                                        "usemtl Oak\nf 1 2 3\n"));
+    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("0 approximated, 2 dropped."));
+    rig.Find<QAction>("lastReport").trigger();
+    EXPECT_EQ(rig.Find<QTableView>("rows").model()->rowCount(), 2);
+}
+
 TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)
 {
     OpenNewLibrary();
