@@ -26,11 +26,11 @@ std::int32_t ToWhole(const std::string& text)
 
 PanelAttributes::PanelAttributes(AttributePanel& panel) : m_panel(panel)
 {
+    BindKept();
     BindSurface();
     BindAdvanced();
     BindTextures();
     BindPlacement();
-    BindRaytrace();
     BindOthers();
 }
 
@@ -138,10 +138,11 @@ void PanelAttributes::BindPlacement()
         }};
 }
 
-void PanelAttributes::BindRaytrace()
+// Before the controls, each of which takes its attribute over.
+void PanelAttributes::BindKept()
 {
     for (const AttributeRow& row : AttributeRows()) {
-        if (row.group == AttributeGroup::Raytrace) {
+        if (row.path.LeadsIntoRecord()) {
             const Attribute attribute = row.attribute;
             At(attribute) = {[this, attribute] { return TextIn(m_kept, attribute).value(); },
                              [this, attribute](const std::string& text) {

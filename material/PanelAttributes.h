@@ -66,11 +66,11 @@ private:
     void BindAdvanced();
     void BindTextures();
     void BindPlacement();
-    void BindRaytrace();
+    void BindKept();
     void BindOthers();
 
     AttributePanel& m_panel;
-    CorvexDB::udtMaterial m_kept;  ///< what no control holds: the raytrace record
+    CorvexDB::udtMaterial m_kept;  ///< what no control holds, as the raytrace record
     std::int32_t m_previewPrimitive = 2;
     std::string m_textureLibrary{FactoryText(Attribute::TextureLibrary)};
     std::string m_materialLibrary{FactoryText(Attribute::MaterialLibrary)};

@@ -40,10 +40,33 @@ consteval auto List(Attributes... attributes)
     return std::array<Attribute, sizeof...(Attributes)>{attributes...};
 }
 
+constexpr Attribute kLastOfTheFirst = RaytraceColorPattern3Alpha;
+
+/// What came later comes last, in every order that its keys are for.
+template <std::string_view AttributeRow::*Key>
+consteval auto Later()
+{
+    constexpr auto kIsLater = [](const AttributeRow& row) {
+        return row.attribute > kLastOfTheFirst && !(row.*Key).empty();
+    };
+    std::array<Attribute, static_cast<std::size_t>(
+                              std::count_if(schema::kRows.begin(), schema::kRows.end(), kIsLater))>
+        later{};
+    auto* end = later.data();
+    for (const AttributeRow& row : schema::kRows) {
+        if (kIsLater(row)) {
+            *end++ = row.attribute;
+        }
+    }
+    return later;
+}
+inline constexpr auto kLater = Later<&AttributeRow::currentKey>();
+inline constexpr auto kLaterOfUser = Later<&AttributeRow::userKey>();
+
 /// Current keys. Apply-relative, the raytrace type, the colour pattern and the plug-in are written
 /// and never read back.
 inline constexpr auto kLoadOrder = Joined(Run<PreviewPrimitive, RaytraceNormalTurbulence>(),
-                                          List(TextureLibrary, MaterialLibrary));
+                                          List(TextureLibrary, MaterialLibrary), kLater);
 
 inline constexpr auto kWritten =
     Joined(Run<Emissive, Ambient>(), List(Color, WrapType, ApplyRelative),
@@ -56,17 +79,18 @@ inline constexpr auto kWrittenOfRaytracer =
            Run<RaytraceColorPattern0Red, RaytraceNormalTurbulence>());
 
 /// Current keys. Custom fields belong to a material, not to the state.
-inline constexpr auto kTerminateOrder = Joined(
-    kWritten, kWrittenOfRaytracer, List(Plugin, PluginParameters, TextureLibrary, MaterialLibrary));
+inline constexpr auto kTerminateOrder =
+    Joined(kWritten, kWrittenOfRaytracer,
+           List(Plugin, PluginParameters, TextureLibrary, MaterialLibrary), kLater);
 
 /// User keys. The libraries are no default of a material.
-inline constexpr auto kRememberOrder =
-    Joined(kWritten, List(Plugin, PluginParameters, CustomFields), kWrittenOfRaytracer);
+inline constexpr auto kRememberOrder = Joined(
+    kWritten, List(Plugin, PluginParameters, CustomFields), kWrittenOfRaytracer, kLaterOfUser);
 
 /// User keys. Leaves out four attributes that are remembered.
 inline constexpr auto kUserResetOrder =
     Joined(Run<Color, TextureEnvironmentMap>(), List(Plugin, PluginParameters, CustomFields),
-           Run<RayTraceBrilliance, RaytraceNormalTurbulence>());
+           Run<RayTraceBrilliance, RaytraceNormalTurbulence>(), kLaterOfUser);
 
 constexpr bool EachOnce(auto order)
 {

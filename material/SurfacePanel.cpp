@@ -36,14 +36,14 @@ void SurfacePanel::ConnectColor()
             [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(m_choosers); }); });
 }
 
-std::array<SurfacePanel::Amount, 4> SurfacePanel::Amounts() const
+std::vector<SurfacePanel::Amount> SurfacePanel::Amounts() const
 {
-    return {{{Attribute::Ambient, *m_ui->txtAmbient, *m_ui->sldAmbient, *m_ui->lblAmbient},
-             {Attribute::Emissive, *m_ui->txtEmissive, *m_ui->sldEmissive, *m_ui->lblEmissive},
-             {Attribute::Specular, *m_ui->txtSpecular, *m_ui->sldSpecular,
-              *m_ui->lblSpecularHighlighting},
-             {Attribute::Transparency, *m_ui->txtTransparency, *m_ui->sldTransparency,
-              *m_ui->lblTransparency}}};
+    return {{Attribute::Ambient, *m_ui->txtAmbient, *m_ui->sldAmbient, *m_ui->lblAmbient},
+            {Attribute::Emissive, *m_ui->txtEmissive, *m_ui->sldEmissive, *m_ui->lblEmissive},
+            {Attribute::Specular, *m_ui->txtSpecular, *m_ui->sldSpecular,
+             *m_ui->lblSpecularHighlighting},
+            {Attribute::Transparency, *m_ui->txtTransparency, *m_ui->sldTransparency,
+             *m_ui->lblTransparency}};
 }
 
 void SurfacePanel::ConnectAmounts()

@@ -5,8 +5,8 @@
 
 #include <QWidget>
 
-#include <array>
 #include <memory>
+#include <vector>
 
 class QLabel;
 class QSlider;
@@ -36,7 +36,7 @@ public:
     };
 
     ColourField& Color() { return *m_color; }
-    [[nodiscard]] std::array<Amount, 4> Amounts() const;
+    [[nodiscard]] std::vector<Amount> Amounts() const;
     /// The amounts with their labels; the colour stays usable.
     void SetAmountsEnabled(bool enabled);
 

@@ -13,8 +13,10 @@ namespace {
 
 using namespace schema;
 
-// A member without a row, a row out of order, two rows for one member: none of them compiles.
-static_assert(RowsFollowEnum(kRows, RaytraceColorPattern3Alpha));
+// An enumerator or a member without a row, a row out of order, two rows for one member: none of them compiles.
+static_assert(IsNamed<static_cast<Attribute>(kAttributeCount - 1)>());
+static_assert(!IsNamed<static_cast<Attribute>(kAttributeCount)>());
+static_assert(RowsFollowEnum(kRows));
 static_assert(NoTwoRowsShareAMember(kRows));
 static_assert(MembersWithRows(kRows) == MemberCount<M>());
 static_assert(MembersWithRows(kRows, paths::kSteps<&M::Textures>) == MemberCount<Files>());

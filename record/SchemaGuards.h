@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 namespace CorvexMaterial::schema {
 
@@ -26,15 +27,23 @@ consteval std::size_t MemberCount()
     }
 }
 
+/// Whether the enumeration has a name for the value; compilers write a number where there is none.
+template <Attribute Value>
+consteval bool IsNamed()
+{
+    const std::string_view told = __PRETTY_FUNCTION__;  // "... = Name]" or "... = (Type)7]"
+    return told[told.find('=') + 2] != '(';
+}
+
 template <std::size_t Count>
-consteval bool RowsFollowEnum(const std::array<AttributeRow, Count>& rows, Attribute last)
+consteval bool RowsFollowEnum(const std::array<AttributeRow, Count>& rows)
 {
     for (std::size_t i = 0; i < Count; ++i) {
         if (rows[i].attribute != static_cast<Attribute>(i)) {
             return false;
         }
     }
-    return Count == static_cast<std::size_t>(last) + 1;
+    return Count == kAttributeCount;
 }
 
 template <std::size_t Count>

@@ -38,7 +38,14 @@ struct Wider {
 using Wider = Placement;
 #endif
 
-static_assert(RowsFollowEnum(Faulty(), RaytraceColorPattern3Alpha));
+#ifdef ENUMERATOR_BEHIND_THE_COUNT
+constexpr std::size_t kCounted = kAttributeCount - 1;
+#else
+constexpr std::size_t kCounted = kAttributeCount;
+#endif
+
+static_assert(!IsNamed<static_cast<Attribute>(kCounted)>());
+static_assert(RowsFollowEnum(Faulty()));
 static_assert(NoTwoRowsShareAMember(Faulty()));
 static_assert(MembersWithRows(Faulty()) == MemberCount<M>());
 static_assert(MembersWithRows(Faulty(), paths::kSteps<&M::Placement>) == MemberCount<Wider>());
