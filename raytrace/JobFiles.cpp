@@ -1,7 +1,5 @@
 #include "raytrace/JobFiles.h"
 
-#include "raytracers/PovRayJob.h"
-
 namespace CorvexMaterial {
 
 JobFiles::JobFiles(TemporaryFiles& files, CorvexDB::Diagnostics& diagnostics,
@@ -29,7 +27,7 @@ std::string JobFiles::Ini() const
 
 std::string JobFiles::Bitmap() const
 {
-    return BitmapOf(m_scene);
+    return WithExtension("bmp");
 }
 
 std::string JobFiles::WithExtension(const char* extension) const

@@ -65,12 +65,6 @@ private:
 
 }  // namespace
 
-std::string BitmapOf(const std::string& sceneFile)
-{
-    constexpr std::size_t kExtension = 3;
-    return sceneFile.substr(0, sceneFile.size() - std::min(kExtension, sceneFile.size())) + "bmp";
-}
-
 RenderStart PovRayStart(const RenderTask& task, CorvexDB::ApplicationState& state)
 {
     if (!IsOneLine(task.scene)) {
@@ -95,7 +89,7 @@ RenderStart PovRayStart(const RenderTask& task, CorvexDB::ApplicationState& stat
     for (std::size_t i = 0; i < std::min(folders.size(), kMostFolders); ++i) {
         ini.Folder(i + 1, folders[i]);
     }
-    ini.Line("Output_File_Name", BitmapOf(task.scene));
+    ini.Line("Output_File_Name", task.picture);
     start.command = {task.program + " /exit /nr " + " " + task.settings,
                      task.program,
                      {"/exit", "/nr", task.settings},

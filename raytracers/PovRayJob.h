@@ -13,9 +13,6 @@ namespace CorvexMaterial {
 
 [[nodiscard]] CorvexDB::CommandLine PovRayCommandLine(const RenderTask& task);
 
-/// The image that belongs to a scene file: its name with the last three characters replaced.
-[[nodiscard]] std::string BitmapOf(const std::string& sceneFile);
-
 inline constexpr std::array kNotOfPovRay{RaytraceOption::OtherEnvironment,
                                          RaytraceOption::PatternedBump};
 

@@ -21,8 +21,8 @@ protected:
 
     CorvexTest::CallLog log;
     CorvexTest::RecordingApplicationState state{log};
-    RenderTask task{
-        "/opt/my programs/povray", "/tmp/~CVX17.pov", {}, "/tmp/a b/~CVX17.ini", {}, {320, 240}};
+    RenderTask task{"/opt/my programs/povray", "/tmp/~CVX17.pov", {},
+                    "/tmp/a b/~CVX17.ini",     "/tmp/~CVX17.bmp", {320, 240}};
 };
 
 TEST_F(PovRayIni, IsWrittenLineByLine)

@@ -39,8 +39,8 @@ QString Shown(std::string_view text)
 
 RaytracerField::RaytracerField(const SceneWriter& writer, CorvexMaterial::ProcessStarter& processes,
                                const QString& program, QWidget* parent)
-    : QWidget(parent), m_writer(writer), m_program(program), m_choose(tr("Choose...")),
-      m_test(tr("Test")), m_run(processes)
+    : QWidget(parent), m_writer(writer), m_program(program), m_choose(tr("&Choose...")),
+      m_test(tr("T&est")), m_run(processes)
 {
     NameControls();
     Arrange();
@@ -152,7 +152,7 @@ void RaytracerField::Test()
         return End(tr("The test was cancelled."));
     }
     m_picture.clear();
-    m_test.setText(tr("Cancel"));
+    m_test.setText(tr("Canc&el"));
     m_status.setText(tr("Rendering a small picture."));
     m_limit.start(kLimitMilliseconds);
     try {
@@ -172,7 +172,7 @@ void RaytracerField::End(const QString& why)
 void RaytracerField::Conclude(const QString& outcome)
 {
     m_limit.stop();
-    m_test.setText(tr("Test"));
+    m_test.setText(tr("T&est"));
     ShowProgram();
     if (!outcome.isEmpty()) {
         m_status.setText(outcome);

@@ -66,10 +66,11 @@ void RenderWindow::Start(const RaytracerProgram& program, const RaytraceScene& s
 {
     const QSize size(scene.frame.width, scene.frame.height);
     m_picture->setMinimumSize(size);
-    const QSize room = screen()->availableSize() * 9 / 10;
-    resize((size + QSize(40, 80)).boundedTo(room));
     m_losses->setText(LossNote(*program.writer->raytracer, scene, textures));
     m_losses->setVisible(!m_losses->text().isEmpty());
+    const int around = 80 + (m_losses->text().isEmpty() ? 0 : 2 * m_losses->sizeHint().height());
+    const QSize room = screen()->availableSize() * 9 / 10;
+    resize((size + QSize(40, around)).boundedTo(room));
     m_run->Start(program, scene, textures, antialias);
 }
 
