@@ -1,6 +1,6 @@
-#include "raytracers/JobEnd.h"
+#include "JobEnd.h"
 
-#include "raytracers/RenderProgress.h"
+#include "RenderProgress.h"
 
 #include <algorithm>
 #include <array>

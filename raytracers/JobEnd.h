@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/CorvexViewport.h"
+#include <CorvexMaterial/CorvexViewport.h>
 
 #include <cstdint>
 #include <optional>

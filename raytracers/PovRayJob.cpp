@@ -1,6 +1,6 @@
-#include "raytracers/PovRayJob.h"
+#include "PovRayJob.h"
 
-#include "host/Status.h"
+#include <CorvexMaterial/Status.h>
 
 #include <algorithm>
 

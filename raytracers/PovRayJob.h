@@ -1,6 +1,6 @@
 #pragma once
 
-#include "raytracers/Raytracers.h"
+#include "Raytracers.h"
 
 #include <array>
 

@@ -1,7 +1,7 @@
-#include "raytracers/RaytraceOptions.h"
+#include "RaytraceOptions.h"
 
-#include "record/Looks.h"
-#include "record/SimulationTexture.h"
+#include <CorvexMaterial/Looks.h>
+#include <CorvexMaterial/SimulationTexture.h>
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/MaterialRecord.h"
+#include <CorvexMaterial/MaterialRecord.h>
 
 #include <cstdint>
 #include <span>

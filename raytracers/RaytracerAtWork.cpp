@@ -1,4 +1,4 @@
-#include "raytracers/RaytracerAtWork.h"
+#include "RaytracerAtWork.h"
 
 namespace CorvexMaterial {
 

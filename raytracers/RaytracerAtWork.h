@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/Processes.h"
-#include "raytracers/JobEnd.h"
-#include "raytracers/Raytracers.h"
-#include "raytracers/RenderProgress.h"
+#include "JobEnd.h"
+#include "Raytracers.h"
+#include "RenderProgress.h"
+#include <CorvexMaterial/Processes.h>
 
 #include <chrono>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "raytracers/PovRayJob.h"
-#include "raytracers/RenderManJob.h"
+#include "PovRayJob.h"
+#include "RenderManJob.h"
 
 #include <array>
 

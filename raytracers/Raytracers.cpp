@@ -1,6 +1,6 @@
-#include "raytracers/Raytracers.h"
+#include "Raytracers.h"
 
-#include "raytracers/RaytracerTable.h"
+#include "RaytracerTable.h"
 
 #include <algorithm>
 

@@ -3,9 +3,9 @@
 // What is known of each raytracer: one row each, which panel, studio and command line loop over.
 // The folder of a host's scene writers has the rest of it.
 
-#include "host/CorvexDB.h"
-#include "host/CorvexViewport.h"
-#include "raytracers/RaytraceOptions.h"
+#include "RaytraceOptions.h"
+#include <CorvexMaterial/CorvexDB.h>
+#include <CorvexMaterial/CorvexViewport.h>
 
 #include <cstdint>
 #include <span>

@@ -1,4 +1,4 @@
-#include "raytracers/RenderManJob.h"
+#include "RenderManJob.h"
 
 namespace CorvexMaterial {
 

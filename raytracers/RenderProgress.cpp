@@ -1,6 +1,6 @@
-#include "raytracers/RenderProgress.h"
+#include "RenderProgress.h"
 
-#include "platform/TerminalText.h"
+#include "TerminalText.h"
 
 #include <algorithm>
 #include <cctype>

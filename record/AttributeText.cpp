@@ -1,7 +1,7 @@
-#include "record/AttributeText.h"
+#include <CorvexMaterial/AttributeText.h>
 
-#include "host/Colour.h"
-#include "record/NumberText.h"
+#include <CorvexMaterial/Colour.h>
+#include <CorvexMaterial/NumberText.h>
 
 namespace CorvexMaterial {
 

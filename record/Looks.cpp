@@ -1,4 +1,4 @@
-#include "record/LookTable.h"
+#include <CorvexMaterial/LookTable.h>
 
 #include <algorithm>
 

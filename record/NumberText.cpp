@@ -1,4 +1,4 @@
-#include "record/NumberText.h"
+#include <CorvexMaterial/NumberText.h>
 
 #include <algorithm>
 #include <array>

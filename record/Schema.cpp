@@ -1,7 +1,7 @@
-#include "record/Schema.h"
+#include <CorvexMaterial/Schema.h>
 
-#include "record/SchemaGuards.h"
-#include "record/SchemaTable.h"
+#include <CorvexMaterial/SchemaGuards.h>
+#include <CorvexMaterial/SchemaTable.h>
 
 #include <algorithm>
 #include <tuple>
@@ -13,7 +13,8 @@ namespace {
 
 using namespace schema;
 
-// An enumerator or a member without a row, a row out of order, two rows for one member: none of them compiles.
+// An enumerator or a member without a row, a row out of order, two rows for one member: none of
+// them compiles.
 static_assert(IsNamed<static_cast<Attribute>(kAttributeCount - 1)>());
 static_assert(!IsNamed<static_cast<Attribute>(kAttributeCount)>());
 static_assert(RowsFollowEnum(kRows));

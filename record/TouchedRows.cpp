@@ -1,6 +1,6 @@
-#include "record/TouchedRows.h"
+#include <CorvexMaterial/TouchedRows.h>
 
-#include "record/Schema.h"
+#include <CorvexMaterial/Schema.h>
 
 #include <algorithm>
 #include <initializer_list>

@@ -1,21 +1,15 @@
-#include "platform/SearchPath.h"
-#include "studio/app/CommandLine.h"
-#include "studio/app/Studio.h"
-#include "studio/import/ImportProcess.h"
-
-#include <QStringList>
+#include "Commands.h"
+#include "Studio.h"
 
 int main(int argc, char** argv)
 {
-    CorvexMaterial::DropRelativeSearchPaths();
-    // Before the rest: the importing process has to be free of everything that a crash could
-    // harm.
-    if (const auto importExit = studio::RunImportIfAsked(argc, argv)) {
+    // Before the rest: the importing process has to be free of everything that a crash could harm.
+    if (const auto importExit = studio::BeginProgram(argc, argv)) {
         return *importExit;
     }
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i) {
-        arguments << QString::fromLocal8Bit(argv[i]);
-    }
-    return static_cast<int>(studio::RunStudio(argc, argv, studio::ReadCommandLine(arguments)));
+    const studio::CommandLine line = studio::ReadCommandLine(studio::ArgumentsOf(argc, argv));
+    const auto exit = line.action == studio::Action::OpenWindow
+                          ? studio::RunStudio(argc, argv, line.model)
+                          : studio::RunCommand(argc, argv, line);
+    return static_cast<int>(exit);
 }

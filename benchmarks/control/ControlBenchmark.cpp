@@ -1,6 +1,6 @@
 // What the control itself costs: its host, desktop and shapes do next to nothing.
 
-#include "tests/support/ControlRig.h"
+#include "ControlRig.h"
 
 #include <QApplication>
 

@@ -1,10 +1,10 @@
 // One edit of a user, from the edited widget to drawn pixels, against drawing the same frame alone.
 // Both are measured turn by turn in one run, so that their ratio holds on a busy machine too.
 
-#include "benchmarks/edit/PreviewedControl.h"
-#include "studio/images/TextureCache.h"
-#include "studio/render/GlContext.h"
-#include "studio/render/Renderer.h"
+#include "GlContext.h"
+#include "PreviewedControl.h"
+#include "Renderer.h"
+#include "TextureCache.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,10 +1,10 @@
 // Dragging a slider of a plug-in material: from the changed slider to the picture with the texture
 // of the new values, which the plug-in has to draw first.
 
-#include "benchmarks/edit/PreviewedControl.h"
-#include "studio/app/PluginMaterials.h"
-#include "studio/plugins/PluginFolder.h"
-#include "studio/plugins/PluginTextures.h"
+#include "PluginFolder.h"
+#include "PluginMaterials.h"
+#include "PluginTextures.h"
+#include "PreviewedControl.h"
 
 #include <QComboBox>
 #include <QSignalBlocker>

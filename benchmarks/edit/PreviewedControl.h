@@ -1,13 +1,13 @@
 #pragma once
 
-#include "benchmarks/Timing.h"
-#include "material/Material.h"
-#include "platform/QtPlatform.h"
-#include "studio/render/RenderService.h"
-#include "studio/render/ViewportWidget.h"
-#include "studio/scene/HostViewport.h"
-#include "tests/support/RecordingHost.h"
-#include "tests/support/RecordingPlatform.h"
+#include "HostViewport.h"
+#include "RecordingHost.h"
+#include "RecordingPlatform.h"
+#include "RenderService.h"
+#include "Timing.h"
+#include "ViewportWidget.h"
+#include <CorvexMaterial/Material.h>
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QEventLoop>
 

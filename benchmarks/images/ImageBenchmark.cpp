@@ -3,9 +3,9 @@
 // a busy machine too. Types that no library here reads are compared with the bmp of the same
 // pixels.
 
-#include "benchmarks/Timing.h"
-#include "benchmarks/images/SampleFiles.h"
-#include "studio/images/TextureFile.h"
+#include "SampleFiles.h"
+#include "TextureFile.h"
+#include "Timing.h"
 
 #include <QFile>
 #include <QGuiApplication>

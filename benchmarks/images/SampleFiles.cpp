@@ -1,4 +1,4 @@
-#include "benchmarks/images/SampleFiles.h"
+#include "SampleFiles.h"
 
 #include <QDataStream>
 #include <QIODevice>

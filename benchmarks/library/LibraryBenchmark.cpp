@@ -2,9 +2,9 @@
 // SQLite statements that do the same. Both are measured turn by turn in one run, so that their
 // ratio holds on a busy machine too.
 
-#include "benchmarks/Timing.h"
-#include "benchmarks/library/SampleLibrary.h"
-#include "studio/libraries/LibraryQuery.h"
+#include "LibraryQuery.h"
+#include "SampleLibrary.h"
+#include "Timing.h"
 
 #include <QGuiApplication>
 #include <QImage>

@@ -1,7 +1,7 @@
-#include "benchmarks/library/SampleLibrary.h"
+#include "SampleLibrary.h"
 
-#include "studio/libraries/MaterialText.h"
-#include "studio/libraries/Thumbnailer.h"
+#include "MaterialText.h"
+#include "Thumbnailer.h"
 
 #include <QPainter>
 #include <QRadialGradient>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/libraries/LibraryFile.h"
+#include "LibraryFile.h"
 
 #include <QTemporaryDir>
 

@@ -1,11 +1,11 @@
-#include "benchmarks/raytrace/PanelJob.h"
+#include "PanelJob.h"
 
-#include "dialogs/WarningCatalogue.h"
-#include "studio/app/SettingNames.h"
-#include "studio/app/StudioProfile.h"
-#include "studio/app/StudioSettings.h"
-#include "studio/render/ViewportWidget.h"
-#include "studio/scene/StudioScene.h"
+#include "SettingNames.h"
+#include "StudioProfile.h"
+#include "StudioScene.h"
+#include "StudioSettings.h"
+#include "ViewportWidget.h"
+#include <CorvexMaterial/WarningCatalogue.h>
 
 #include <QAbstractButton>
 #include <QFile>

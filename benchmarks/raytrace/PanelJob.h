@@ -1,8 +1,8 @@
 #pragma once
 
-#include "material/Material.h"
-#include "platform/QtPlatform.h"
-#include "studio/app/StudioHost.h"
+#include "StudioHost.h"
+#include <CorvexMaterial/Material.h>
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QTemporaryDir>
 

@@ -1,10 +1,10 @@
 // How long the panel's job takes beside the bare POV-Ray run of its scene, and how fast a large
 // model is written.
 
-#include "benchmarks/Timing.h"
-#include "benchmarks/raytrace/PanelJob.h"
-#include "studio/raytrace/StudioSceneExporter.h"
-#include "studio/scene/ParametricMesh.h"
+#include "PanelJob.h"
+#include "ParametricMesh.h"
+#include "StudioSceneExporter.h"
+#include "Timing.h"
 
 #include <QApplication>
 #include <QFile>

@@ -3,15 +3,15 @@
 //     stock_materials_benchmark [--limit SECONDS] [--named PATTERN] [--keep FOLDER]
 //                               [--sheet PICTURE.png] [LIBRARY.cvm]
 
-#include "studio/images/TextureCache.h"
-#include "studio/libraries/LibraryFile.h"
-#include "studio/libraries/LibraryReading.h"
-#include "studio/libraries/NamedMaterials.h"
-#include "studio/raytrace/StudioSceneExporter.h"
-#include "studio/render/RenderService.h"
-#include "studio/scene/DefaultScene.h"
-#include "studio/scene/ParametricMesh.h"
-#include "studio/scene/StudioScene.h"
+#include "DefaultScene.h"
+#include "LibraryFile.h"
+#include "LibraryReading.h"
+#include "NamedMaterials.h"
+#include "ParametricMesh.h"
+#include "RenderService.h"
+#include "StudioScene.h"
+#include "StudioSceneExporter.h"
+#include "TextureCache.h"
 
 #include <QCommandLineParser>
 #include <QDir>

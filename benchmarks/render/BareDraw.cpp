@@ -1,10 +1,10 @@
 // One 256 x 256 picture of a ball with read-back, without any thread, widget or host around it;
 // bare, and with all six texture layers of 512 x 512.
 
-#include "studio/images/TextureCache.h"
-#include "studio/render/Frame.h"
-#include "studio/render/GlContext.h"
-#include "studio/render/Renderer.h"
+#include "Frame.h"
+#include "GlContext.h"
+#include "Renderer.h"
+#include "TextureCache.h"
 
 #include <QGuiApplication>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <host/CorvexEditport.h>
+#include <CorvexMaterial/CorvexEditport.h>
 
 #include <QListWidget>
 

@@ -1,6 +1,6 @@
 #include "Services.h"
 
-#include <host/Status.h>
+#include <CorvexMaterial/Status.h>
 
 #include <QDesktopServices>
 #include <QImage>

@@ -3,7 +3,7 @@
 #include "Browser.h"
 #include "Swatch.h"
 
-#include <host/Host.h>
+#include <CorvexMaterial/Host.h>
 
 /// No raytracer, no search folders, one fixed settings name.
 class HostState final : public CorvexDB::ApplicationState {

@@ -1,6 +1,6 @@
 #include "Swatch.h"
 
-#include <host/Status.h>
+#include <CorvexMaterial/Status.h>
 
 #include <QFileInfo>
 #include <QPainter>

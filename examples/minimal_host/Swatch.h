@@ -1,7 +1,7 @@
 #pragma once
 
-#include <host/CorvexSG.h>
-#include <host/CorvexViewport.h>
+#include <CorvexMaterial/CorvexSG.h>
+#include <CorvexMaterial/CorvexViewport.h>
 
 #include <QWidget>
 

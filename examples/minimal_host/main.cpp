@@ -6,8 +6,8 @@
 #include "Services.h"
 #include "Swatch.h"
 
-#include <material/Material.h>
-#include <platform/QtPlatform.h>
+#include <CorvexMaterial/Material.h>
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QApplication>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <plugin/MaterialPlugin.h>
+#include <CorvexMaterial/MaterialPlugin.h>
 
 #include <QObject>
 

@@ -1,9 +1,9 @@
-#include "studio/browser/LibraryBrowser.h"
-#include "studio/browser/LibraryDrag.h"
-#include "studio/browser/LibraryView.h"
-#include "studio/browser/SearchField.h"
-#include "tests/browser/SampleLibrary.h"
-#include "tests/support/Testing.h"
+#include "LibraryBrowser.h"
+#include "LibraryDrag.h"
+#include "LibraryView.h"
+#include "SampleEntries.h"
+#include "SearchField.h"
+#include "Testing.h"
 
 #include <QDrag>
 #include <QScrollBar>

@@ -1,6 +1,6 @@
-#include "studio/browser/LibraryDrag.h"
-#include "studio/browser/LibraryToolTip.h"
-#include "tests/browser/SampleLibrary.h"
+#include "LibraryDrag.h"
+#include "LibraryToolTip.h"
+#include "SampleEntries.h"
 
 #include <QMimeData>
 #include <QUrl>

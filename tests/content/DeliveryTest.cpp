@@ -1,5 +1,5 @@
-#include "studio/app/ShippedLibraries.h"
-#include "tests/support/SampleFolder.h"
+#include "SampleFolder.h"
+#include "ShippedLibraries.h"
 
 #include <QDir>
 

@@ -1,9 +1,9 @@
-#include "studio/libraries/LibraryFile.h"
-#include "studio/libraries/MaterialText.h"
-#include "studio/libraries/NamedMaterials.h"
-#include "studio/libraries/TextureText.h"
-#include "studio/scene/DefaultScene.h"
-#include "textures/TextureLayers.h"
+#include "DefaultScene.h"
+#include "LibraryFile.h"
+#include "MaterialText.h"
+#include "NamedMaterials.h"
+#include "TextureText.h"
+#include <CorvexMaterial/TextureLayers.h>
 
 #include <QFileInfo>
 #include <QImage>

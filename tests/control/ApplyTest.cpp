@@ -1,6 +1,6 @@
-#include "tests/control/SampleMaterial.h"
-#include "tests/support/ControlRig.h"
-#include "tests/support/Testing.h"
+#include "ControlRig.h"
+#include "SampleMaterial.h"
+#include "Testing.h"
 
 #include <QTabBar>
 

@@ -1,7 +1,7 @@
-#include "record/Schema.h"
-#include "record/TouchedRows.h"
-#include "tests/control/FaultSteps.h"
-#include "tests/support/Testing.h"
+#include "FaultSteps.h"
+#include "Testing.h"
+#include <CorvexMaterial/Schema.h>
+#include <CorvexMaterial/TouchedRows.h>
 
 #include <QSlider>
 

@@ -1,5 +1,5 @@
-#include "tests/control/FaultSteps.h"
-#include "tests/support/Testing.h"
+#include "FaultSteps.h"
+#include "Testing.h"
 
 #include <QRegularExpression>
 

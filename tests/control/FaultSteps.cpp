@@ -1,7 +1,7 @@
-#include "tests/control/FaultSteps.h"
+#include "FaultSteps.h"
 
-#include "tests/control/SampleMaterial.h"
-#include "tests/support/RecordingPlugin.h"
+#include "RecordingPlugin.h"
+#include "SampleMaterial.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>

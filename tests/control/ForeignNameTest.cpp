@@ -1,6 +1,6 @@
-#include "tests/control/LibraryFixture.h"
-#include "tests/support/RecordingPlugin.h"
-#include "tests/support/ShownMarkup.h"
+#include "LibraryFixture.h"
+#include "RecordingPlugin.h"
+#include "ShownMarkup.h"
 
 namespace {
 

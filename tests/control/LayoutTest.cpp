@@ -1,5 +1,5 @@
-#include "tests/support/ControlRig.h"
-#include "tests/support/Testing.h"
+#include "ControlRig.h"
+#include "Testing.h"
 
 namespace {
 

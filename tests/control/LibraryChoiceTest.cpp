@@ -1,4 +1,4 @@
-#include "tests/control/LibraryFixture.h"
+#include "LibraryFixture.h"
 
 #include <QTabBar>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/ControlRig.h"
+#include "ControlRig.h"
 
 #include <QScrollBar>
 

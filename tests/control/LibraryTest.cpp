@@ -1,5 +1,5 @@
-#include "dialogs/ErrorTexts.h"
-#include "tests/control/LibraryFixture.h"
+#include "ErrorTexts.h"
+#include "LibraryFixture.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "tests/control/FaultSteps.h"
-#include "tests/control/SampleMaterial.h"
-#include "tests/support/CommaLocale.h"
-#include "tests/support/Testing.h"
+#include "CommaLocale.h"
+#include "FaultSteps.h"
+#include "SampleMaterial.h"
+#include "Testing.h"
 
 namespace {
 

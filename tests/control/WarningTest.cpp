@@ -1,6 +1,6 @@
-#include "dialogs/modDialog.h"
-#include "tests/support/ControlRig.h"
-#include "tests/support/Testing.h"
+#include "ControlRig.h"
+#include "Testing.h"
+#include "modDialog.h"
 
 #include <QTabBar>
 

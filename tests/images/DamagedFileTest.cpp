@@ -1,8 +1,8 @@
-#include "studio/images/OwnFormats.h"
-#include "studio/images/OwnImage.h"
-#include "studio/images/TextureFile.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "OwnFormats.h"
+#include "OwnImage.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "TextureFile.h"
 
 #include <random>
 

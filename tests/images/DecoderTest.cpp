@@ -1,5 +1,5 @@
-#include "studio/images/OwnFormats.h"
-#include "tests/support/Testing.h"
+#include "OwnFormats.h"
+#include "Testing.h"
 
 #include <array>
 

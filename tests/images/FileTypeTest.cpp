@@ -1,5 +1,5 @@
-#include "studio/images/TextureFile.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
+#include "TextureFile.h"
 
 #include <QImageReader>
 

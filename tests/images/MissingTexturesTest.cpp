@@ -1,6 +1,6 @@
-#include "studio/images/MissingTextures.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "MissingTextures.h"
+#include "SampleFolder.h"
+#include "Testing.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "studio/images/TextureCache.h"
-#include "studio/images/Thumbnail.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "TextureCache.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "Thumbnail.h"
 
 #include <future>
 #include <set>

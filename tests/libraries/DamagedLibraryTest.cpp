@@ -1,8 +1,8 @@
-#include "tests/libraries/SampleMaterials.h"
+#include "SampleMaterials.h"
 
-#include "studio/libraries/LibraryReading.h"
-#include "tests/libraries/fuzz/FuzzLibrary.h"
-#include "tests/support/Testing.h"
+#include "FuzzLibrary.h"
+#include "LibraryReading.h"
+#include "Testing.h"
 
 #include <QtEndian>
 

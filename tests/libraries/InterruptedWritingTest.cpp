@@ -1,6 +1,6 @@
-#include "tests/libraries/SampleMaterials.h"
-#include "tests/libraries/WriterProcess.h"
-#include "tests/support/Testing.h"
+#include "SampleMaterials.h"
+#include "Testing.h"
+#include "WriterProcess.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "tests/libraries/SampleMaterials.h"
+#include "SampleMaterials.h"
 
-#include "studio/libraries/LibraryReading.h"
-#include "tests/support/Testing.h"
+#include "LibraryReading.h"
+#include "Testing.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,7 +1,7 @@
-#include "tests/libraries/SampleMaterials.h"
+#include "SampleMaterials.h"
 
-#include "studio/libraries/LibraryQuery.h"
-#include "studio/libraries/TextureText.h"
+#include "LibraryQuery.h"
+#include "TextureText.h"
 
 #include <gmock/gmock.h>
 

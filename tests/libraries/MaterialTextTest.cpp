@@ -1,9 +1,9 @@
-#include "tests/libraries/SampleMaterials.h"
+#include "SampleMaterials.h"
 
-#include "studio/libraries/LibraryReading.h"
-#include "studio/libraries/MaterialDocument.h"
-#include "studio/libraries/StoredPath.h"
-#include "tests/support/Testing.h"
+#include "LibraryReading.h"
+#include "MaterialDocument.h"
+#include "StoredPath.h"
+#include "Testing.h"
 
 namespace {
 

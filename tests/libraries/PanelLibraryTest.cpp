@@ -1,11 +1,11 @@
-#include "tests/libraries/SampleMaterials.h"
+#include "SampleMaterials.h"
 
-#include "studio/app/EventLog.h"
-#include "studio/libraries/SqliteMaterialLibrary.h"
-#include "studio/libraries/SqliteTextureLibrary.h"
-#include "studio/libraries/Thumbnailer.h"
-#include "studio/render/RenderService.h"
-#include "tests/support/Testing.h"
+#include "EventLog.h"
+#include "RenderService.h"
+#include "SqliteMaterialLibrary.h"
+#include "SqliteTextureLibrary.h"
+#include "Testing.h"
+#include "Thumbnailer.h"
 
 namespace {
 

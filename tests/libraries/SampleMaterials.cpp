@@ -1,4 +1,4 @@
-#include "tests/libraries/SampleMaterials.h"
+#include "SampleMaterials.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "host/Status.h"
-#include "studio/libraries/LibraryFile.h"
-#include "studio/libraries/MaterialText.h"
+#include "LibraryFile.h"
+#include "MaterialText.h"
+#include <CorvexMaterial/Status.h>
 
 #include <QTemporaryDir>
 

@@ -1,8 +1,8 @@
-#include "tests/libraries/WriterProcess.h"
+#include "WriterProcess.h"
 
-#include "host/Status.h"
-#include "tests/libraries/SampleMaterials.h"
-#include "tests/support/FullDisk.h"
+#include "FullDisk.h"
+#include "SampleMaterials.h"
+#include <CorvexMaterial/Status.h>
 
 #include <QCoreApplication>
 #include <QFileInfo>

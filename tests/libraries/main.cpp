@@ -1,5 +1,5 @@
-#include "tests/libraries/WriterProcess.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
+#include "WriterProcess.h"
 
 int main(int argc, char** argv)
 {

@@ -1,7 +1,7 @@
-#include "dialogs/ErrorTexts.h"
-#include "dialogs/WarningCatalogue.h"
-#include "record/AttributeText.h"
-#include "textures/TextureLayers.h"
+#include "ErrorTexts.h"
+#include <CorvexMaterial/AttributeText.h>
+#include <CorvexMaterial/TextureLayers.h>
+#include <CorvexMaterial/WarningCatalogue.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "record/NumberText.h"
-#include "host/Status.h"
-#include "platform/ArgumentChecks.h"
+#include "ArgumentChecks.h"
+#include <CorvexMaterial/NumberText.h>
+#include <CorvexMaterial/Status.h>
 
 #include <gtest/gtest.h>
 

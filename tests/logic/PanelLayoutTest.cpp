@@ -1,4 +1,4 @@
-#include "material/PanelLayout.h"
+#include "PanelLayout.h"
 
 #include <gtest/gtest.h>
 

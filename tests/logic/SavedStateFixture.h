@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/Status.h"
-#include "material/SavedState.h"
+#include "SavedState.h"
+#include <CorvexMaterial/Status.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/long/Household.h"
+#include "Household.h"
 
 #include <QDir>
 #include <QDirIterator>

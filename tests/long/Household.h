@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/support/SampleFolder.h"
+#include "SampleFolder.h"
 
 #include <QProcess>
 

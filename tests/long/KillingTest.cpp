@@ -1,6 +1,6 @@
-#include "platform/QtSettingsStore.h"
-#include "studio/libraries/LibraryFile.h"
-#include "tests/long/Household.h"
+#include "Household.h"
+#include "LibraryFile.h"
+#include "QtSettingsStore.h"
 
 #include <gmock/gmock.h>
 

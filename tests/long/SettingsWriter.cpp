@@ -1,4 +1,4 @@
-#include "platform/QtPlatform.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <cstdio>
 #include <cstdlib>

@@ -29,7 +29,7 @@ foreach(line IN LISTS lines)
     endforeach()
 endforeach()
 
-foreach(expected bin/corvex-studio bin/corvex-povray bin/plugins/wood.so)
+foreach(expected bin/corvex-studio bin/corvex bin/corvex-povray bin/plugins/wood.so)
     if(EXISTS ${built}/studio/corvex-studio AND NOT "${prefix}/${expected}" IN_LIST looked)
         message(SEND_ERROR "${prefix}/${expected} was not looked at.")
     endif()

@@ -1,6 +1,6 @@
-#include "platform/QtPlatform.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QAbstractButton>
 #include <QColorDialog>

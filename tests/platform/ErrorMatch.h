@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Status.h"
+#include <CorvexMaterial/Status.h>
 
 #include <gmock/gmock.h>
 

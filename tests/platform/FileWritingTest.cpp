@@ -1,7 +1,7 @@
-#include "platform/FileWriting.h"
-#include "tests/platform/ErrorMatch.h"
-#include "tests/support/FullDisk.h"
-#include "tests/support/SampleFolder.h"
+#include "FileWriting.h"
+#include "ErrorMatch.h"
+#include "FullDisk.h"
+#include "SampleFolder.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
-#include "platform/QtPlatform.h"
-#include "platform/TemporaryFolder.h"
-#include "tests/platform/ErrorMatch.h"
+#include "ErrorMatch.h"
+#include "TemporaryFolder.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -137,13 +137,6 @@ TEST(TemporaryFolderTest, IsTheSystemsWithoutTheVariable)
     const QString folder = QString::fromStdString(platform.Get().temporaryFiles.Folder());
     EXPECT_TRUE(QFileInfo(folder).isDir());
     EXPECT_FALSE(folder.endsWith('/'));
-}
-
-TEST(ControlLibraryTest, FolderHoldsTheLibrary)
-{
-    QtPlatform platform;
-    const QString folder = QString::fromStdString(platform.Get().library.Folder());
-    EXPECT_TRUE(QFile::exists(folder + "/libCorvexMaterial.so")) << folder.toStdString();
 }
 
 TEST(ImageFormatsTest, TiffIsReadAndJpegIsWritten)

@@ -1,7 +1,7 @@
-#include "platform/ProcessLeash.h"
-#include "platform/QtPlatform.h"
-#include "platform/SearchPath.h"
-#include "tests/platform/ErrorMatch.h"
+#include "ErrorMatch.h"
+#include "ProcessLeash.h"
+#include "SearchPath.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QTimer>
 #include <QWidget>

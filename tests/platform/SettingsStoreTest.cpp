@@ -1,7 +1,7 @@
-#include "platform/QtPlatform.h"
-#include "tests/platform/ErrorMatch.h"
-#include "tests/support/FullDisk.h"
-#include "tests/support/SampleFolder.h"
+#include "ErrorMatch.h"
+#include "FullDisk.h"
+#include "SampleFolder.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QDir>
 #include <QFile>

@@ -1,5 +1,5 @@
-#include "studio/plugins/CheckedPlugin.h"
-#include "studio/plugins/PluginFolder.h"
+#include "CheckedPlugin.h"
+#include "PluginFolder.h"
 
 #include <QColor>
 #include <QCoreApplication>

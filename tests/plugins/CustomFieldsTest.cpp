@@ -1,7 +1,7 @@
-#include "plugins/CustomFieldsPanel.h"
+#include "CustomFieldsPanel.h"
 
-#include "tests/support/Driving.h"
-#include "tests/support/Testing.h"
+#include "Driving.h"
+#include "Testing.h"
 
 #include <QClipboard>
 #include <QTextDocument>

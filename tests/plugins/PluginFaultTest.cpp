@@ -1,5 +1,5 @@
-#include "tests/plugins/PluginRig.h"
-#include "tests/support/Testing.h"
+#include "PluginRig.h"
+#include "Testing.h"
 
 #include <limits>
 

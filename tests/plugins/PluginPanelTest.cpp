@@ -1,8 +1,8 @@
-#include "tests/plugins/PluginRig.h"
+#include "PluginRig.h"
 
-#include "plugins/PluginParameters.h"
-#include "plugins/UpDownText.h"
-#include "tests/support/Testing.h"
+#include "PluginParameters.h"
+#include "Testing.h"
+#include "UpDownText.h"
 
 #include <QSlider>
 

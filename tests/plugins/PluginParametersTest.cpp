@@ -1,6 +1,6 @@
-#include "plugins/PluginParameters.h"
+#include "PluginParameters.h"
 
-#include "host/Status.h"
+#include <CorvexMaterial/Status.h>
 
 #include <gtest/gtest.h>
 

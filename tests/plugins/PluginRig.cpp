@@ -1,4 +1,4 @@
-#include "tests/plugins/PluginRig.h"
+#include "PluginRig.h"
 
 #include <QComboBox>
 

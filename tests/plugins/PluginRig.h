@@ -1,13 +1,13 @@
 #pragma once
 
-#include "dialogs/ErrorHandler.h"
-#include "dialogs/Trap.h"
-#include "plugins/PluginPanel.h"
-#include "tests/support/CallLog.h"
-#include "tests/support/Driving.h"
-#include "tests/support/RecordingData.h"
-#include "tests/support/RecordingPlatform.h"
-#include "tests/support/RecordingViews.h"
+#include "CallLog.h"
+#include "Driving.h"
+#include "ErrorHandler.h"
+#include "PluginPanel.h"
+#include "RecordingData.h"
+#include "RecordingPlatform.h"
+#include "RecordingViews.h"
+#include "Trap.h"
 
 #include <functional>
 

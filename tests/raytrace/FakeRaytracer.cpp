@@ -1,4 +1,4 @@
-#include "tests/raytrace/FakeRaytracer.h"
+#include "FakeRaytracer.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/QtPlatform.h"
-#include "tests/support/ControlRig.h"
+#include "ControlRig.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QString>
 #include <QStringList>
@@ -18,8 +18,8 @@ public:
     FakeRaytracer(const FakeRaytracer&) = delete;
     FakeRaytracer& operator=(const FakeRaytracer&) = delete;
 
-    /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one), in
-    /// an empty folder that only this user can enter; `make WIDTH HEIGHT` prints other pictures.
+    /// The shell commands run with $ini, $out (the image to be written) and $picture (a good one),
+    /// in an empty folder that only this user can enter; `make WIDTH HEIGHT` prints other pictures.
     void Runs(const QString& commands);
     /// The same for a selected RenderMan renderer, with $scene in place of $ini.
     void RunsAsRenderMan(const QString& commands);

@@ -1,8 +1,8 @@
-#include "host/Status.h"
-#include "raytracers/PovRayJob.h"
-#include "raytracers/RenderManJob.h"
-#include "tests/support/RecordingData.h"
-#include "tests/support/Testing.h"
+#include "PovRayJob.h"
+#include "RecordingData.h"
+#include "RenderManJob.h"
+#include "Testing.h"
+#include <CorvexMaterial/Status.h>
 
 namespace {
 

@@ -1,5 +1,5 @@
-#include "raytrace/RaytraceMessages.h"
-#include "tests/support/ControlRig.h"
+#include "ControlRig.h"
+#include "RaytraceMessages.h"
 
 #include <QAbstractButton>
 

@@ -1,8 +1,8 @@
-#include "raytrace/PatternColours.h"
-#include "raytrace/RaytraceAmounts.h"
-#include "raytrace/TextureRules.h"
-#include "raytracers/RenderProgress.h"
-#include "record/SimulationTexture.h"
+#include "PatternColours.h"
+#include "RaytraceAmounts.h"
+#include "RenderProgress.h"
+#include "TextureRules.h"
+#include <CorvexMaterial/SimulationTexture.h>
 
 #include <gtest/gtest.h>
 

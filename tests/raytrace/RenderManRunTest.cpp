@@ -1,8 +1,8 @@
 // Scripts in place of a RenderMan renderer, run as a user runs them.
 
-#include "raytrace/RaytraceMessages.h"
-#include "tests/raytrace/FakeRaytracer.h"
-#include "tests/support/Testing.h"
+#include "FakeRaytracer.h"
+#include "RaytraceMessages.h"
+#include "Testing.h"
 
 #include <QAbstractButton>
 

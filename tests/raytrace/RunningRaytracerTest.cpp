@@ -1,6 +1,6 @@
-#include "raytrace/RaytraceMessages.h"
-#include "tests/raytrace/FakeRaytracer.h"
-#include "tests/support/Testing.h"
+#include "FakeRaytracer.h"
+#include "RaytraceMessages.h"
+#include "Testing.h"
 
 #include <QAbstractButton>
 #include <QElapsedTimer>

@@ -1,5 +1,5 @@
-#include "tests/raytrace/FakeRaytracer.h"
-#include "tests/support/Testing.h"
+#include "FakeRaytracer.h"
+#include "Testing.h"
 
 #include <QAbstractButton>
 #include <QFile>

@@ -1,7 +1,7 @@
 // With one of these faults the rows must not compile; without any they do.
 
-#include "record/SchemaGuards.h"
-#include "record/SchemaTable.h"
+#include <CorvexMaterial/SchemaGuards.h>
+#include <CorvexMaterial/SchemaTable.h>
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "Drawing.h"
 
-#include "studio/render/RenderService.h"
-#include "tests/support/Testing.h"
+#include "RenderService.h"
+#include "Testing.h"
 
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/render/Frame.h"
+#include "Frame.h"
 
 #include <QImage>
 

@@ -1,5 +1,5 @@
 #include "Images.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
 
 namespace drawing {
 

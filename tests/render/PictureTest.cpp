@@ -1,7 +1,7 @@
 #include "Drawing.h"
-#include "host/Status.h"
-#include "studio/render/GlContext.h"
-#include "studio/render/Renderer.h"
+#include "GlContext.h"
+#include "Renderer.h"
+#include <CorvexMaterial/Status.h>
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "tests/support/Testing.h"
+#include "Testing.h"
 
 #include <assimp/Importer.hpp>
 #include <assimp/postprocess.h>

@@ -1,8 +1,8 @@
-#include "studio/render/RenderService.h"
+#include "RenderService.h"
 #include "Drawing.h"
-#include "host/Status.h"
-#include "studio/render/GlContext.h"
-#include "tests/support/Testing.h"
+#include "GlContext.h"
+#include "Testing.h"
+#include <CorvexMaterial/Status.h>
 
 #include <atomic>
 #include <future>

@@ -1,6 +1,6 @@
 #include "Drawing.h"
 #include "Images.h"
-#include "studio/images/TextureCache.h"
+#include "TextureCache.h"
 
 #include <gtest/gtest.h>
 

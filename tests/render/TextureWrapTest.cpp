@@ -1,8 +1,8 @@
 #include "Drawing.h"
+#include "GlContext.h"
 #include "Images.h"
-#include "studio/images/TextureCache.h"
-#include "studio/render/GlContext.h"
-#include "studio/render/Renderer.h"
+#include "Renderer.h"
+#include "TextureCache.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Drawing.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
 
 #include <cmath>
 

@@ -1,11 +1,11 @@
-#include "studio/render/ViewportWidget.h"
+#include "ViewportWidget.h"
 #include "Drawing.h"
+#include "FrameSource.h"
+#include "GlContext.h"
 #include "Images.h"
-#include "host/Status.h"
-#include "studio/images/TextureCache.h"
-#include "studio/render/FrameSource.h"
-#include "studio/render/GlContext.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
+#include "TextureCache.h"
+#include <CorvexMaterial/Status.h>
 
 #include <QWheelEvent>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "studio/scene/StudioShape.h"
+#include "StudioShape.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "studio/scene/DefaultScene.h"
+#include "DefaultScene.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "host/Status.h"
-#include "studio/render/RenderService.h"
-#include "studio/render/ViewportWidget.h"
-#include "studio/scene/HostViewport.h"
-#include "tests/scene/BoxShape.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "BoxShape.h"
+#include "HostViewport.h"
+#include "RenderService.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "ViewportWidget.h"
+#include <CorvexMaterial/Status.h>
 
 #include <QPointer>
 #include <QWheelEvent>

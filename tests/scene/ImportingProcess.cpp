@@ -1,4 +1,4 @@
-#include "studio/import/ImportProcess.h"
+#include "ImportProcess.h"
 
 // The importing process alone, as the studio's own main starts it.
 int main(int argc, char** argv)

@@ -1,7 +1,7 @@
-#include "host/Status.h"
-#include "studio/import/Formats.h"
-#include "studio/import/ModelPacking.h"
-#include "studio/interchange/ShapeNames.h"
+#include "Formats.h"
+#include "ModelPacking.h"
+#include "ShapeNames.h"
+#include <CorvexMaterial/Status.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "studio/import/Interchange.h"
-#include "studio/import/ModelShapes.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "Interchange.h"
+#include "ModelShapes.h"
+#include "SampleFolder.h"
+#include "Testing.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>

@@ -1,7 +1,7 @@
-#include "studio/scene/Picking.h"
-#include "studio/scene/ParametricMesh.h"
-#include "tests/scene/BoxShape.h"
-#include "tests/support/Testing.h"
+#include "Picking.h"
+#include "BoxShape.h"
+#include "ParametricMesh.h"
+#include "Testing.h"
 
 #include <random>
 

@@ -1,5 +1,5 @@
-#include "studio/scene/Selection.h"
-#include "tests/scene/BoxShape.h"
+#include "Selection.h"
+#include "BoxShape.h"
 
 #include <gtest/gtest.h>
 

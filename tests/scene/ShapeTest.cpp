@@ -1,9 +1,9 @@
-#include "host/Status.h"
-#include "studio/scene/MeshShading.h"
-#include "studio/scene/Selection.h"
-#include "studio/scene/StudioScene.h"
-#include "tests/scene/BoxShape.h"
-#include "tests/support/SampleFolder.h"
+#include "BoxShape.h"
+#include "MeshShading.h"
+#include "SampleFolder.h"
+#include "Selection.h"
+#include "StudioScene.h"
+#include <CorvexMaterial/Status.h>
 
 #include <gtest/gtest.h>
 

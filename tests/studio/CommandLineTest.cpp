@@ -1,4 +1,4 @@
-#include "tests/support/Testing.h"
+#include "Testing.h"
 
 #include <QProcess>
 
@@ -10,25 +10,38 @@ struct Outcome {
     QString errors;
 };
 
-Outcome Studio(const QStringList& arguments, const QTemporaryDir& configuration = {})
+Outcome RunProgram(const char* program, const QStringList& arguments,
+                   const QTemporaryDir& configuration = {})
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("XDG_CONFIG_HOME", configuration.path());
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(STUDIO_PROGRAM), arguments);
+    process.start(program, arguments);
     process.waitForFinished(240000);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()),
             QString::fromUtf8(process.readAllStandardError())};
 }
 
+Outcome Corvex(const QStringList& arguments)
+{
+    return RunProgram(COMMAND_PROGRAM, arguments);
+}
+
+Outcome Tour(const QStringList& arguments, const QTemporaryDir& configuration = {})
+{
+    return RunProgram(TOUR_PROGRAM, arguments, configuration);
+}
+
 TEST(CommandLine, VersionAndHelpNeedNoDisplay)
 {
     qunsetenv("QT_QPA_PLATFORM");
-    EXPECT_TRUE(Studio({"--version"}).output.startsWith("corvex-studio 1."));
+    for (const char* program : {COMMAND_PROGRAM, STUDIO_PROGRAM}) {
+        EXPECT_TRUE(RunProgram(program, {"--version"}).output.startsWith("corvex 1.")) << program;
+    }
     for (const char* line : {"--help", "render --help", "library add -h"}) {
-        const Outcome help = Studio(QString(line).split(' '));
+        const Outcome help = Corvex(QString(line).split(' '));
         EXPECT_EQ(help.exitCode, 0) << line;
         EXPECT_TRUE(help.output.contains("Exit codes")) << line;
     }
@@ -37,7 +50,7 @@ TEST(CommandLine, VersionAndHelpNeedNoDisplay)
 
 TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
 {
-    for (const char* line : {"--nonsense", "one.obj two.obj", "render --out refused.png",
+    for (const char* line : {"--nonsense", "one.obj", "one.obj two.obj", "render --out refused.png",
                              "render a.obj", "render a.obj --primitive cube --out refused.png",
                              "render --primitive pyramid --out refused.png",
                              "render --primitive cube --out refused.png --size 0x10",
@@ -46,7 +59,7 @@ TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
                              "render --primitive cube --out refused.png --material ambient=much",
                              "render --primitive cube --out refused.png --material alpha-test=8",
                              "render --primitive cube --out refused.png --material colour=Mud"}) {
-        const Outcome run = Studio(QString(line).split(' '));
+        const Outcome run = Corvex(QString(line).split(' '));
         EXPECT_EQ(run.exitCode, 2) << line;
         EXPECT_TRUE(run.errors.contains("--help")) << line;
     }
@@ -57,7 +70,7 @@ TEST(CommandLine, AResultThatCannotBeWrittenIsAFailure)
 {
     QTemporaryDir folder;
     const QString library = folder.filePath("a.cvm");
-    ASSERT_EQ(Studio({"library", "add", library, "--name", "Oak"}).exitCode, 0);
+    ASSERT_EQ(Corvex({"library", "add", library, "--name", "Oak"}).exitCode, 0);
     for (const char* line : {"--help", "--version", "library list %1", "library list %1 --json",
                              "library validate %1", "library add %1 --name Elm"}) {
         QProcess process;
@@ -76,7 +89,7 @@ protected:
     {
         const QString file = folder.filePath("picture.png");
         const Outcome run =
-            Studio(QStringList{"render", "--size", "160x120", "--out", file} + what);
+            Corvex(QStringList{"render", "--size", "160x120", "--out", file} + what);
         EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
         errors = run.errors;
         return QImage(file);
@@ -105,7 +118,7 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
 {
     const QImage picture = Draw({"file://" MODEL_FOLDER "/still-life%2Eobj"});
     EXPECT_NE(picture.pixelColor(80, 75), picture.pixelColor(5, 75));
-    EXPECT_FALSE(errors.contains("corvex-studio:")) << errors.toStdString();
+    EXPECT_FALSE(errors.contains("corvex:")) << errors.toStdString();
 
     const auto write = [&](const char* name, const char* text) {
         QFile file(folder.filePath(name));
@@ -130,11 +143,11 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
 TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
 {
     const QString missing = folder.filePath("missing.obj");
-    const Outcome unread = Studio({"render", missing, "--out", folder.filePath("a.png")});
+    const Outcome unread = Corvex({"render", missing, "--out", folder.filePath("a.png")});
     EXPECT_EQ(unread.exitCode, 1);
     EXPECT_TRUE(unread.errors.contains("missing.obj"));
     const QString nowhere = folder.filePath("no/such/folder/a.png");
-    const Outcome unwritten = Studio({"render", "--primitive", "cube", "--out", nowhere});
+    const Outcome unwritten = Corvex({"render", "--primitive", "cube", "--out", nowhere});
     EXPECT_EQ(unwritten.exitCode, 1);
     EXPECT_TRUE(unwritten.errors.contains(nowhere));
 
@@ -146,9 +159,9 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     qputenv("CORVEX_POVRAY", raytracer.toUtf8());
     const QStringList raytraced{"render", "--raytrace", "--primitive", "cube", "--out"};
-    EXPECT_EQ(Studio(raytraced + QStringList{nowhere}).exitCode, 1);
+    EXPECT_EQ(Corvex(raytraced + QStringList{nowhere}).exitCode, 1);
     EXPECT_FALSE(QFile::exists(raytracer + ".ran")) << "a picture that cannot be kept was made";
-    const Outcome failed = Studio(raytraced + QStringList{folder.filePath("b.png")});
+    const Outcome failed = Corvex(raytraced + QStringList{folder.filePath("b.png")});
     EXPECT_TRUE(failed.errors.contains("exit code 3. It says: broken"))
         << failed.errors.toStdString();
     qunsetenv("CORVEX_POVRAY");
@@ -158,7 +171,7 @@ TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)
 {
     const QTemporaryDir pictures;
     const QTemporaryDir configuration;
-    ASSERT_EQ(Studio({"--tour", pictures.path()}, configuration).exitCode, 0);
+    ASSERT_EQ(Tour({pictures.path()}, configuration).exitCode, 0);
     const QStringList names = QDir(pictures.path()).entryList({"*.png"});
     EXPECT_GE(names.size(), 12);
     for (const QString& name : names) {
@@ -172,9 +185,8 @@ TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)
 TEST(Tour, AStepThatFailsEndsItWithOne)
 {
     const QTemporaryDir pictures;
-    const QStringList tour{"--tour", pictures.path(), "--chapter"};
-    EXPECT_EQ(Studio(QStringList{"missing.obj"} + tour + QStringList{"large"}).exitCode, 1);
-    EXPECT_EQ(Studio(tour + QStringList{"none"}).exitCode, 1);
+    EXPECT_EQ(Tour({pictures.path(), "missing.obj", "--chapter", "large"}).exitCode, 1);
+    EXPECT_EQ(Tour({pictures.path(), "--chapter", "none"}).exitCode, 1);
 }
 
 }  // namespace

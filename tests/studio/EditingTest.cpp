@@ -1,7 +1,7 @@
-#include "tests/studio/StudioRig.h"
+#include "StudioRig.h"
 
-#include "material/NamedColours.h"
-#include "studio/libraries/SqliteMaterialLibrary.h"
+#include "SqliteMaterialLibrary.h"
+#include <CorvexMaterial/NamedColours.h>
 
 #include <QPlainTextEdit>
 

@@ -1,7 +1,7 @@
-#include "tests/studio/StudioRig.h"
+#include "StudioRig.h"
 
-#include "studio/app/MaterialExchange.h"
-#include "studio/libraries/SqliteMaterialLibrary.h"
+#include "MaterialExchange.h"
+#include "SqliteMaterialLibrary.h"
 
 #include <QTableView>
 

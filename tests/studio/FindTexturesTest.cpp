@@ -1,8 +1,8 @@
-#include "tests/studio/StudioRig.h"
+#include "StudioRig.h"
 
-#include "studio/app/FindTexturesDialog.h"
-#include "studio/app/TexturePaths.h"
-#include "textures/TextureLayers.h"
+#include "FindTexturesDialog.h"
+#include "TexturePaths.h"
+#include <CorvexMaterial/TextureLayers.h>
 
 #include <QTreeWidget>
 

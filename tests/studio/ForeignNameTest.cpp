@@ -1,10 +1,10 @@
-#include "tests/studio/StudioRig.h"
-#include "tests/support/ShownMarkup.h"
+#include "ShownMarkup.h"
+#include "StudioRig.h"
 
-#include "studio/app/FindTexturesDialog.h"
-#include "studio/app/StudioStyle.h"
-#include "studio/app/WaitDialog.h"
-#include "studio/interchange/ReportDialog.h"
+#include "FindTexturesDialog.h"
+#include "ReportDialog.h"
+#include "StudioStyle.h"
+#include "WaitDialog.h"
 
 #include <QMessageBox>
 

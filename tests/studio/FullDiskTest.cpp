@@ -1,17 +1,16 @@
-#include "tests/support/FullDisk.h"
-#include "host/Status.h"
-#include "platform/QtSettingsStore.h"
-#include "platform/QtTemporaryFiles.h"
-#include "studio/app/ShippedLibraries.h"
-#include "studio/images/PictureFile.h"
-#include "studio/import/Interchange.h"
-#include "studio/libraries/LastingPicture.h"
-#include "studio/libraries/MaterialDocument.h"
-#include "studio/raytrace/SimulationPictures.h"
-#include "studio/raytrace/StudioSceneExporter.h"
-#include "studio/raytrace/povray/PovRayScene.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "FullDisk.h"
+#include "Interchange.h"
+#include "LastingPicture.h"
+#include "MaterialDocument.h"
+#include "PictureFile.h"
+#include "PovRayScene.h"
+#include "SampleFolder.h"
+#include "ShippedLibraries.h"
+#include "SimulationPictures.h"
+#include "StudioSceneExporter.h"
+#include "Testing.h"
+#include <CorvexMaterial/QtPlatform.h>
+#include <CorvexMaterial/Status.h>
 
 #include <QDirIterator>
 #include <QProcess>
@@ -123,14 +122,17 @@ constexpr WriterRow kWriters[] = {
     {"shipped library", Deliver},
     {"settings",
      [](const SampleFolder& folder, int version) {
-         CorvexMaterial::QtSettingsStore store(folder.Path());
+         qputenv("XDG_CONFIG_HOME", folder.Path().toLocal8Bit());
+         CorvexMaterial::QtPlatform desktop;
+         auto& store = desktop.Get().settings;
          store.Write({"Host", "Section", "Key"}, std::to_string(version));
          store.Flush("Host");
      }},
     {"temporary file",
      [](const SampleFolder& folder, int version) {
-         CorvexMaterial::QtTemporaryFiles().Write(folder.PathOf("a.ini").toStdString(),
-                                                  std::to_string(version));
+         CorvexMaterial::QtPlatform desktop;
+         desktop.Get().temporaryFiles.Write(folder.PathOf("a.ini").toStdString(),
+                                            std::to_string(version));
      }},
 };
 

@@ -1,17 +1,18 @@
-#include "studio/app/EventLog.h"
-#include "studio/app/LatePrompts.h"
-#include "studio/app/NumberField.h"
-#include "studio/app/OptionsDialog.h"
-#include "studio/app/RecentFiles.h"
-#include "studio/app/StudioDesktop.h"
-#include "studio/app/StudioSettings.h"
-#include "studio/app/StudioTables.h"
-#include "studio/raytrace/writing/CombinedAttributes.h"
-#include "tests/support/CommaLocale.h"
-#include "tests/support/RecordingPlatform.h"
+#include "CombinedAttributes.h"
+#include "CommaLocale.h"
+#include "EventLog.h"
+#include "LatePrompts.h"
+#include "NumberField.h"
+#include "OptionsDialog.h"
+#include "RecentFiles.h"
+#include "RecordingPlatform.h"
+#include "StudioDesktop.h"
+#include "StudioSettings.h"
+#include "StudioTables.h"
 
-#include "host/Status.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
+#include <CorvexMaterial/QtPlatform.h>
+#include <CorvexMaterial/Status.h>
 
 #include <QFileInfo>
 #include <QPlainTextEdit>
@@ -98,6 +99,13 @@ TEST(FailingSettings, AreToldTheControlOnceAndTheStudioEachTime)
     settings.Write({"Corvex", "Studio", "Key"}, "value");
     EXPECT_NO_THROW(settings.Flush("Corvex"));
     EXPECT_EQ(settings.Read({"Corvex", "Studio", "Key"}), "value");
+}
+
+TEST(ControlLibraryTest, FolderHoldsTheLibrary)
+{
+    CorvexMaterial::QtPlatform platform;
+    const QString folder = QString::fromStdString(platform.Get().library.Folder());
+    EXPECT_TRUE(QFile::exists(folder + "/libCorvexMaterial.so")) << folder.toStdString();
 }
 
 TEST(LateMessages, WaitForTheWindowAndThenComeAtOnce)

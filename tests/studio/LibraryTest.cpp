@@ -1,11 +1,11 @@
-#include "studio/browser/LibraryBrowsers.h"
-#include "studio/browser/LibraryDrag.h"
-#include "studio/browser/LibraryView.h"
-#include "studio/libraries/MaterialText.h"
-#include "studio/libraries/SqliteTextureLibrary.h"
-#include "studio/render/ViewportWidget.h"
-#include "tests/studio/StudioRig.h"
-#include "tests/support/SampleFolder.h"
+#include "LibraryBrowsers.h"
+#include "LibraryDrag.h"
+#include "LibraryView.h"
+#include "MaterialText.h"
+#include "SampleFolder.h"
+#include "SqliteTextureLibrary.h"
+#include "StudioRig.h"
+#include "ViewportWidget.h"
 
 #include <QMenu>
 #include <QMimeData>

@@ -1,4 +1,4 @@
-#include "tests/studio/StudioRig.h"
+#include "StudioRig.h"
 
 namespace {
 

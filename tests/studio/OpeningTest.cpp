@@ -1,12 +1,12 @@
-#include "platform/QtRegularFile.h"
-#include "studio/images/TextureFile.h"
-#include "studio/import/ModelImport.h"
-#include "studio/interchange/DocumentFile.h"
-#include "studio/libraries/LibraryFile.h"
-#include "studio/libraries/MaterialDocument.h"
-#include "studio/plugins/PluginFolder.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "DocumentFile.h"
+#include "LibraryFile.h"
+#include "MaterialDocument.h"
+#include "ModelImport.h"
+#include "PluginFolder.h"
+#include "QtRegularFile.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "TextureFile.h"
 
 #include <QFileInfo>
 

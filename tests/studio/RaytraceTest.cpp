@@ -1,11 +1,11 @@
 // The panel's raytracing with the real POV-Ray, through the studio's launcher.
 
-#include "dialogs/WarningCatalogue.h"
-#include "studio/app/StudioApplicationState.h"
-#include "studio/libraries/SqliteMaterialLibrary.h"
-#include "studio/raytrace/SimulationPictures.h"
-#include "studio/render/ViewportWidget.h"
-#include "tests/studio/StudioRig.h"
+#include "SimulationPictures.h"
+#include "SqliteMaterialLibrary.h"
+#include "StudioApplicationState.h"
+#include "StudioRig.h"
+#include "ViewportWidget.h"
+#include <CorvexMaterial/WarningCatalogue.h>
 
 #include <QAbstractButton>
 #include <QRegularExpression>

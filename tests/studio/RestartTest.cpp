@@ -1,7 +1,7 @@
-#include "studio/app/EndRequests.h"
-#include "studio/libraries/LibraryFile.h"
-#include "tests/studio/StudioRig.h"
-#include "tests/support/CommaLocale.h"
+#include "CommaLocale.h"
+#include "EndRequests.h"
+#include "LibraryFile.h"
+#include "StudioRig.h"
 
 #include <QFileDialog>
 #include <QScreen>

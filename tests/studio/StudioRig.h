@@ -1,11 +1,11 @@
 #pragma once
 
-#include "studio/app/MainWindow.h"
-#include "studio/app/StudioDesktop.h"
-#include "studio/app/StudioHost.h"
-#include "tests/support/ControlRig.h"
-#include "tests/support/RecordingPlatform.h"
-#include "tests/support/SampleFolder.h"
+#include "ControlRig.h"
+#include "MainWindow.h"
+#include "RecordingPlatform.h"
+#include "SampleFolder.h"
+#include "StudioDesktop.h"
+#include "StudioHost.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -1,15 +1,12 @@
-// A raytracer that the product does not have: its row and its scene writer are all it takes.
-
-#include "platform/QtPlatform.h"
-#include "raytrace/RenderWait.h"
-#include "raytrace/frmMaterialExtended.h"
-#include "studio/app/OptionsDialog.h"
-#include "studio/app/StudioSettings.h"
-#include "studio/raytrace/RaytraceRun.h"
-#include "studio/raytrace/window/RaytracerField.h"
-#include "tests/support/ControlRig.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
+#include "ThirdRaytracer.h"
+#include "ControlRig.h"
+#include "OptionsDialog.h"
+#include "RaytraceRun.h"
+#include "RaytracerField.h"
+#include "SampleFolder.h"
+#include "StudioSettings.h"
+#include "Testing.h"
+#include <CorvexMaterial/QtPlatform.h>
 
 #include <QSignalSpy>
 
@@ -17,50 +14,11 @@ namespace {
 
 using namespace CorvexMaterial;
 
-CorvexDB::CommandLine ThirdLine(const RenderTask& task)
-{
-    return {{},
-            task.program,
-            {task.scene, task.picture, std::to_string(task.size.width),
-             std::to_string(task.size.height)},
-            {}};
-}
-
-RenderStart ThirdStart(const RenderTask& task, CorvexDB::ApplicationState& /*state*/)
-{
-    return {ThirdLine(task), {}, {"third"}};
-}
-
 void WriteThird(studio::TextStream& out, const studio::RaytraceScene& scene,
                 studio::RaytraceImages& /*images*/)
 {
     out << "shapes " << scene.frame.items.size() << '\n';
     out.Finish();
-}
-
-constexpr auto kThird = static_cast<CorvexDB::Raytracer>(2);
-constexpr std::array kNotOfThird{RaytraceOption::Metallic};
-
-const std::vector<RaytracerRow>& Rows()
-{
-    static const std::vector<RaytracerRow> kRows = [] {
-        std::vector<RaytracerRow> rows(Raytracers().begin(), Raytracers().end());
-        RaytracerRow third = rows.back();
-        third.kind = kThird;
-        third.word = "third";
-        third.name = "Third";
-        third.program.locationKey = "ThirdLocation";
-        third.check.notFound = "Is there a third?";
-        third.scene.suffix = "3rd";
-        third.scene.pictureSuffix = "ppm";
-        third.scene.tiff = TiffRule::Any;
-        third.panelStart = ThirdStart;
-        third.plainStart = ThirdLine;
-        third.cannotShow = kNotOfThird;
-        rows.push_back(third);
-        return rows;
-    }();
-    return kRows;
 }
 
 class ThirdRaytracer : public testing::Test {
@@ -76,11 +34,9 @@ protected:
 
     QtPlatform desktop;
     CorvexTest::SampleFolder folder;
-    QString program = folder.Write(
-        "program",
-        "#!/bin/sh\ngrep -q shapes \"$1\" || exit 7\n"
-        "(printf 'P6 %d %d 255\\n' $3 $4; head -c $(($3 * $4 * 3)) /dev/zero) > \"$2\"\n");
-    studio::SceneWriter third{&Rows().back(), {"png", ".png", "png", nullptr}, WriteThird};
+    QString program = folder.Write("program", CorvexTest::kThirdProgram);
+    studio::SceneWriter third{
+        &CorvexTest::RowsWithThird().back(), {"png", ".png", "png", nullptr}, WriteThird};
     std::vector<studio::SceneWriter> writers;
 };
 
@@ -108,38 +64,12 @@ TEST_F(ThirdRaytracer, IsChosenAndFoundInTheOptions)
     options.findChild<QLineEdit*>("thirdProgram")->setText(program);
     options.Store();
     EXPECT_EQ(settings.Number("Raytracer", 0), 2);
-    EXPECT_EQ(settings.RaytracerProgram(Rows().back().program), program);
-    EXPECT_EQ(settings.RaytracerProgram(Rows()[1].program), "");
+    EXPECT_EQ(settings.RaytracerProgram(CorvexTest::RowsWithThird().back().program), program);
+    EXPECT_EQ(settings.RaytracerProgram(CorvexTest::RowsWithThird()[1].program), "");
     options.findChild<QAbstractButton*>("testThird")->click();
     EXPECT_TRUE(QTest::qWaitFor(
         [&] { return options.findChild<QLabel*>("thirdStatus")->text() == "Third works."; },
         10000));
-}
-
-TEST_F(ThirdRaytracer, IsCheckedAndRunByThePanel)
-{
-    CorvexTest::ControlRig rig;
-    rig.Start();
-    rig.host.applicationState.raytracer = kThird;
-    rig.platform.prompts.answers = {true, true};
-    rig.platform.choosers.files = {program.toStdString()};
-    rig.platform.processes.passOn = &Processes();
-    Host host = rig.host.Get();
-    Platform platform = rig.platform.Get();
-    modRaytrace raytrace(host, platform, &rig.Control(), Rows());
-    EXPECT_TRUE(raytrace.CheckRaytracer());
-    EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo").front(), "Corvex: Is there a third?");
-    EXPECT_TRUE(raytrace.CheckRaytracer()) << "it is known now";
-    EXPECT_EQ(rig.log.CountOf("Prompts.AskYesNo"), 2U);
-    rig.host.exporter.textures = {"/a.tif", "/b.png"};
-    CorvexTest::RecordingScene scene{rig.log};
-    RenderWait wait(platform.processes, rig.Control());
-    EXPECT_EQ(raytrace.Render({scene, CorvexSG::RaytraceView::Scene, {8, 8}, 0, &wait},
-                              [](const std::string&) {}),
-              RaytraceOutcome::Failed)
-        << "the recording host writes no scene";
-    EXPECT_EQ(rig.platform.processes.requests.back().arguments.at(2), "8");
-    EXPECT_THAT(rig.platform.prompts.shown.back().details, testing::HasSubstr("exit code 7"));
 }
 
 }  // namespace

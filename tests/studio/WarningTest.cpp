@@ -1,7 +1,7 @@
-#include "tests/support/RecordingPlatform.h"
+#include "RecordingPlatform.h"
 
-#include "studio/app/WarningPresenter.h"
-#include "tests/support/Testing.h"
+#include "Testing.h"
+#include "WarningPresenter.h"
 
 #include <QDialogButtonBox>
 

@@ -1,6 +1,6 @@
-#include "tests/support/CallLog.h"
+#include "CallLog.h"
 
-#include "host/Status.h"
+#include <CorvexMaterial/Status.h>
 
 #include <algorithm>
 #include <new>

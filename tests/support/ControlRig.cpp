@@ -1,4 +1,4 @@
-#include "tests/support/ControlRig.h"
+#include "ControlRig.h"
 
 #include <QTabBar>
 

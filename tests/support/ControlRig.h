@@ -1,10 +1,10 @@
 #pragma once
 
-#include "material/Material.h"
-#include "tests/support/CallLog.h"
-#include "tests/support/Driving.h"
-#include "tests/support/RecordingHost.h"
-#include "tests/support/RecordingPlatform.h"
+#include "CallLog.h"
+#include "Driving.h"
+#include "RecordingHost.h"
+#include "RecordingPlatform.h"
+#include <CorvexMaterial/Material.h>
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "tests/support/Driving.h"
+#include "Driving.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "tests/support/RecordingData.h"
+#include "RecordingData.h"
 
 namespace CorvexTest {
 void RecordingApplicationState::OpenWebSite(CorvexDB::WebSite site)

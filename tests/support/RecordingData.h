@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/CorvexDB.h"
-#include "tests/support/CallLog.h"
+#include "CallLog.h"
+#include <CorvexMaterial/CorvexDB.h>
 
 #include <functional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "tests/support/RecordingHost.h"
+#include "RecordingHost.h"
 
 namespace CorvexTest {
 

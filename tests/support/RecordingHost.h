@@ -1,9 +1,9 @@
 #pragma once
 
-#include "host/Host.h"
-#include "tests/support/RecordingData.h"
-#include "tests/support/RecordingScene.h"
-#include "tests/support/RecordingViews.h"
+#include "RecordingData.h"
+#include "RecordingScene.h"
+#include "RecordingViews.h"
+#include <CorvexMaterial/Host.h>
 
 namespace CorvexTest {
 

@@ -1,4 +1,4 @@
-#include "tests/support/RecordingPlatform.h"
+#include "RecordingPlatform.h"
 
 namespace CorvexTest {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/Platform.h"
-#include "tests/support/CallLog.h"
+#include "CallLog.h"
+#include <CorvexMaterial/Platform.h>
 
 #include <deque>
 #include <map>

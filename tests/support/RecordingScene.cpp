@@ -1,6 +1,6 @@
-#include "tests/support/RecordingScene.h"
+#include "RecordingScene.h"
 
-#include "host/Status.h"
+#include <CorvexMaterial/Status.h>
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/CorvexSG.h"
-#include "tests/support/CallLog.h"
+#include "CallLog.h"
+#include <CorvexMaterial/CorvexSG.h>
 
 #include <memory>
 #include <set>

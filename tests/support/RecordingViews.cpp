@@ -1,4 +1,4 @@
-#include "tests/support/RecordingViews.h"
+#include "RecordingViews.h"
 
 namespace CorvexTest {
 

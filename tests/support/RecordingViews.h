@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/CorvexCommon.h"
-#include "host/CorvexEditport.h"
-#include "host/CorvexViewport.h"
-#include "tests/support/CallLog.h"
-#include "tests/support/RecordingScene.h"
+#include "CallLog.h"
+#include "RecordingScene.h"
+#include <CorvexMaterial/CorvexCommon.h>
+#include <CorvexMaterial/CorvexEditport.h>
+#include <CorvexMaterial/CorvexViewport.h>
 
 #include <QPointer>
 #include <QWidget>

@@ -1,4 +1,4 @@
-#include "tests/support/SampleFolder.h"
+#include "SampleFolder.h"
 
 #include <QDir>
 #include <QFile>

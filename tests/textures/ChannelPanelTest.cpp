@@ -1,9 +1,9 @@
-#include "dialogs/ErrorTexts.h"
-#include "dialogs/FileFilter.h"
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
-#include "tests/textures/PanelRig.h"
-#include "textures/TextureMessages.h"
+#include "ErrorTexts.h"
+#include "PanelRig.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "TextureMessages.h"
+#include <CorvexMaterial/FileFilter.h>
 
 #include <QTabBar>
 

@@ -1,8 +1,8 @@
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
-#include "tests/textures/PanelRig.h"
-#include "textures/CroppingPicture.h"
-#include "textures/frmOptionsTexture.h"
+#include "CroppingPicture.h"
+#include "PanelRig.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "frmOptionsTexture.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "record/NumberText.h"
-#include "tests/support/CommaLocale.h"
-#include "tests/support/Testing.h"
-#include "textures/CropFit.h"
-#include "textures/CropGrip.h"
-#include "textures/TexturePlacement.h"
+#include "CommaLocale.h"
+#include "CropFit.h"
+#include "CropGrip.h"
+#include "Testing.h"
+#include "TexturePlacement.h"
+#include <CorvexMaterial/NumberText.h>
 
 #include <cmath>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "textures/TextureFileTypes.h"
+#include <CorvexMaterial/TextureFileTypes.h>
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "tests/support/Testing.h"
-#include "tests/textures/PanelRig.h"
-#include "textures/TextureWrap.h"
+#include "PanelRig.h"
+#include "Testing.h"
+#include "TextureWrap.h"
 
 #include <QAbstractSpinBox>
 #include <QToolButton>

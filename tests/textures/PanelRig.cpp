@@ -1,4 +1,4 @@
-#include "tests/textures/PanelRig.h"
+#include "PanelRig.h"
 
 namespace CorvexTest {
 

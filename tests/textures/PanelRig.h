@@ -1,12 +1,12 @@
 #pragma once
 
-#include "dialogs/Trap.h"
-#include "tests/support/CallLog.h"
-#include "tests/support/Driving.h"
-#include "tests/support/RecordingHost.h"
-#include "tests/support/RecordingPlatform.h"
-#include "textures/ChannelPanel.h"
-#include "textures/TexturePage.h"
+#include "CallLog.h"
+#include "ChannelPanel.h"
+#include "Driving.h"
+#include "RecordingHost.h"
+#include "RecordingPlatform.h"
+#include "TexturePage.h"
+#include "Trap.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
-#include "dialogs/ErrorTexts.h"
-#include "tests/support/Testing.h"
-#include "tests/textures/PanelRig.h"
-#include "textures/TextureMessages.h"
+#include "ErrorTexts.h"
+#include "PanelRig.h"
+#include "Testing.h"
+#include "TextureMessages.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "tests/support/SampleFolder.h"
-#include "tests/support/Testing.h"
-#include "textures/TextureImage.h"
-#include "textures/ThumbnailCache.h"
+#include "SampleFolder.h"
+#include "Testing.h"
+#include "TextureImage.h"
+#include "ThumbnailCache.h"
 
 #include <QBuffer>
 

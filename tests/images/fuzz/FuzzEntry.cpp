@@ -1,6 +1,6 @@
-#include "tests/images/fuzz/FuzzEntry.h"
+#include "FuzzEntry.h"
 
-#include "studio/images/OwnFormats.h"
+#include "OwnFormats.h"
 
 #include <cstdlib>
 

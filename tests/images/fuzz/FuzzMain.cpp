@@ -1,5 +1,5 @@
-#include "studio/images/OwnFormats.h"
-#include "tests/images/fuzz/FuzzEntry.h"
+#include "FuzzEntry.h"
+#include "OwnFormats.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,9 +1,9 @@
-#include "tests/libraries/fuzz/FuzzLibrary.h"
+#include "FuzzLibrary.h"
 
-#include "host/Status.h"
-#include "studio/libraries/LibraryFile.h"
-#include "studio/libraries/LibraryQuery.h"
-#include "studio/libraries/LibraryReading.h"
+#include "LibraryFile.h"
+#include "LibraryQuery.h"
+#include "LibraryReading.h"
+#include <CorvexMaterial/Status.h>
 
 #include <cstdlib>
 

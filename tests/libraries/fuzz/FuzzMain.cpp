@@ -1,4 +1,4 @@
-#include "tests/libraries/fuzz/FuzzLibrary.h"
+#include "FuzzLibrary.h"
 
 #include <QTemporaryDir>
 

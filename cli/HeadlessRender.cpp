@@ -1,0 +1,211 @@
+#include "HeadlessRender.h"
+
+#include "DefaultScene.h"
+#include "Interchange.h"
+#include "MaterialAssignment.h"
+#include "ModelShapes.h"
+#include "PictureFile.h"
+#include "QtProcesses.h"
+#include "RaytraceRun.h"
+#include "RaytracerPrograms.h"
+#include "RenderService.h"
+#include "StudioSceneExporter.h"
+#include "SurfaceImages.h"
+#include "TemporaryFolder.h"
+#include "TextureCache.h"
+#include "Tr.h"
+#include <CorvexMaterial/PreviewPrimitives.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QFileInfo>
+
+#include <set>
+
+namespace studio {
+namespace {
+
+/// The first of them in full.
+void TellLosses(const ImportedModel& model, const Remark& remark)
+{
+    constexpr std::size_t kMostTold = 20;
+    const std::vector<std::string> notes = NotesOf(model.report, model.materials.size());
+    for (std::size_t i = 0; i + 1 < notes.size() && i < kMostTold; ++i) {
+        remark(QString::fromStdString(notes[i]));
+    }
+    if (notes.size() > 1) {
+        remark(QString::fromStdString(notes.back()));
+    }
+}
+
+StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFolder,
+                                  const Remark& remark)
+{
+    ImportProgram importer;
+    importer.pictureFolder = pictureFolder.toStdString();
+    const ImportOutcome outcome = ImportModelNow(file, importer);
+    if (!outcome.model) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    outcome.message.toStdString());
+    }
+    TellLosses(*outcome.model, remark);
+    return ShapesOf(*outcome.model);
+}
+
+StudioScene::Shapes PrimitiveShapes(int code)
+{
+    const auto* primitive = CorvexMaterial::FindPreviewPrimitive(code);
+    const std::string libraries =
+        QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" CORVEX_LIBRARY_FOLDER)
+            .toStdString();
+    const std::string file = libraries + '/' + std::string(CorvexMaterial::kPreviewMeshFolder) +
+                             '/' + std::string(primitive->meshFile);
+    auto shape = std::make_shared<StudioShape>();
+    shape->LoadMeshFile(file);
+    return {std::move(shape)};
+}
+
+void Assign(StudioShape& shape, const QStringList& assignments)
+{
+    CorvexDB::udtMaterial material = shape.Material();
+    for (const QString& assignment : assignments) {
+        if (const auto wrong = AssignMaterial(material, assignment)) {
+            throw CorvexMaterial::Error(CorvexMaterial::Status::InvalidArgument,
+                                        wrong->toStdString());
+        }
+    }
+    shape.SetApplied(WholeMaterial(std::move(material), shape.Applied().coordinates));
+}
+
+RaytraceImages::Lookup LookupIn(RenderService& rendering)
+{
+    return [&rendering](const std::string& file) { return rendering.Textures().Await(file); };
+}
+
+/// Pictures show a pattern in their place.
+void TellUnreadTextures(const Frame& frame, RenderService& rendering, const Remark& remark)
+{
+    std::set<std::string> seen;
+    for (const FrameItem& item : frame.items) {
+        for (const LayerRow& layer : kLayerRows) {
+            const std::string& file = MaterialOf(item).Textures.*layer.file;
+            if (!seen.insert(file).second) {
+                continue;
+            }
+            const TexturePointer texture = rendering.Textures().Await(file);
+            if (texture != nullptr && !texture->error.empty()) {
+                remark(
+                    Tr("The texture %1 cannot be read: %2")
+                        .arg(QString::fromStdString(file), QString::fromStdString(texture->error)));
+            }
+        }
+    }
+}
+
+void TellLosses(const SceneWriter& writer, const RaytraceScene& scene, RenderService& rendering,
+                const Remark& remark)
+{
+    if (const QString note = LossNote(*writer.raytracer, scene, LookupIn(rendering));
+        !note.isEmpty()) {
+        remark(note);
+    }
+}
+
+/// The job's shapes in view, with what a raytracer has to know of them. Pictures inside a model go
+/// into the folder.
+RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& pictureFolder,
+                      const Remark& remark)
+{
+    scene.SetShapes(job.model.isEmpty() ? PrimitiveShapes(job.primitive)
+                                        : ShapesOfModel(job.model, pictureFolder, remark));
+    for (const auto& shape : scene.All()) {
+        Assign(*shape, job.assignments);
+    }
+    RaytraceScene result = RaytraceSceneOf(scene, {});
+    result.frame.width = job.size.width();
+    result.frame.height = job.size.height();
+    result.frame.samples = 4;
+    return result;
+}
+
+QImage Raytraced(const SceneWriter& writer, const RaytraceScene& scene, RenderService& rendering,
+                 const Remark& remark)
+{
+    const CorvexMaterial::ProgramFacts& facts = writer.raytracer->program;
+    const QString program = FindProgram(facts, PassedProgram(facts));
+    if (program.isEmpty()) {
+        throw CorvexMaterial::Error(
+            CorvexMaterial::Status::FileFailed,
+            (facts.usualName.empty()
+                 ? Tr("No %1 is known: the variable %2 names its program.")
+                       .arg(QString::fromUtf8(facts.noun), QString::fromUtf8(facts.variable))
+                 : Tr("%1 was not found: there is no program named %2.")
+                       .arg(QString::fromUtf8(writer.raytracer->name),
+                            QString::fromUtf8(facts.usualName)))
+                .toStdString());
+    }
+    TellLosses(writer, scene, rendering, remark);
+    CorvexMaterial::QtProcessStarter processes;
+    RaytraceRun run(processes);
+    QEventLoop loop;
+    QImage picture;
+    QString failure;
+    QObject::connect(&run, &RaytraceRun::Finished, &loop, [&](const QImage& made) {
+        picture = made;
+        loop.quit();
+    });
+    QObject::connect(&run, &RaytraceRun::Failed, &loop, [&](const QString& message) {
+        failure = message;
+        loop.quit();
+    });
+    run.Start({program, &writer}, scene, LookupIn(rendering), 1);
+    loop.exec();
+    if (picture.isNull()) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::Failed, failure.toStdString());
+    }
+    return picture;
+}
+
+QImage Draw(const RenderJob& job, const Remark& remark)
+{
+    StudioScene scene;
+    const CorvexMaterial::TemporaryFolder pictures("pictures");
+    RaytraceScene all = SceneOf(job, scene, QString::fromStdString(pictures.Path()), remark);
+    RenderService rendering;
+    TellUnreadTextures(all.frame, rendering, remark);
+    return job.raytracer ? Raytraced(WriterOf(*job.raytracer), all, rendering, remark)
+                         : rendering.DrawNow(std::move(all.frame));
+}
+
+}  // namespace
+
+std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark)
+{
+    try {
+        // Before the picture is drawn, which may take long.
+        CorvexMaterial::FileWriter target(job.output.toStdString());
+        SavePicture(Draw(job, remark), target, job.output, {PictureTypeOf(job.output)});
+        return std::nullopt;
+    } catch (const CorvexMaterial::Error& error) {
+        return QString::fromStdString(error.what());
+    }
+}
+
+std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark)
+{
+    try {
+        StudioScene scene;
+        RenderService rendering;
+        const QString folder = QFileInfo(job.output).absolutePath();
+        const RaytraceScene all = SceneOf(job, scene, folder, remark);
+        TellUnreadTextures(all.frame, rendering, remark);
+        WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
+        TellLosses(*WriterFor(job.output), all, rendering, remark);
+        return std::nullopt;
+    } catch (const CorvexMaterial::Error& error) {
+        return QString::fromStdString(error.what());
+    }
+}
+
+}  // namespace studio

@@ -1,0 +1,54 @@
+#include "AmountField.h"
+
+#include <CorvexMaterial/NumberText.h>
+
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QVariant>
+
+namespace CorvexMaterial {
+
+namespace {
+
+const QColor kMarkColor(0xd8, 0x3a, 0x34);
+
+}  // namespace
+
+AmountField::AmountField(QWidget* parent) : QLineEdit(parent)
+{
+    connect(this, &QLineEdit::textChanged, this, &AmountField::Mark);
+    connect(this, &QLineEdit::editingFinished, this, [this] {
+        if (m_invalid) {
+            const QSignalBlocker quiet(this);  // the number that holds already
+            setText(QString::number(m_value));
+            Mark();
+        }
+    });
+}
+
+void AmountField::Mark()
+{
+    const auto value = WholeNumberFromText(text().toStdString());
+    m_value = value.value_or(m_value);
+    if (!m_invalid) {
+        m_tip = toolTip();
+    }
+    m_invalid = !value;
+    setProperty("invalid", m_invalid);
+    setToolTip(m_invalid ? tr("Not a whole number; %1 is used.").arg(m_value) : m_tip);
+    update();
+}
+
+void AmountField::paintEvent(QPaintEvent* event)
+{
+    QLineEdit::paintEvent(event);
+    if (!m_invalid) {
+        return;
+    }
+    // Painted here so that the mark shows under any style sheet of the host.
+    QPainter painter(this);
+    painter.setPen(QPen(kMarkColor, 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+}
+
+}  // namespace CorvexMaterial

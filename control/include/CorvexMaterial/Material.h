@@ -1,0 +1,170 @@
+#pragma once
+
+#include <CorvexMaterial/Export.h>
+#include <CorvexMaterial/Host.h>
+#include <CorvexMaterial/IMaterial.h>
+#include <CorvexMaterial/MaterialEdit.h>
+#include <CorvexMaterial/Platform.h>
+
+#include <QWidget>
+
+#include <memory>
+
+namespace CorvexMaterial {
+
+class MaterialEditor;
+class TexturePage;
+enum class TextureLayer : std::uint8_t;
+
+/// The material editor: one widget that edits one material. Host and platform outlive it. It calls
+/// the host on the user-interface thread only, and writes its state to the settings store when it
+/// is destroyed.
+///
+/// The constructor asks the host for a viewport and two browsers and lets out what it throws then.
+/// A slot of `MaterialChanged` that writes an attribute is answered by another `MaterialChanged`.
+class CORVEX_EXPORT Material : public QWidget, public IMaterial {
+    Q_OBJECT
+
+public:
+    Material(Host& host, Platform& platform, QWidget* parent);
+    ~Material() override;
+
+    Status GetPluginParameterValues(SingleArray& saPluginParameterValues) override;
+    Status SetRaytraceButtonImage(const QIcon& Image) override;
+    Status DefaultMaterial() override;
+    Status LoadSavedStatus() override;
+    Status SetMaxStatus(const std::int32_t& lAvailableSpace) override;
+    Status SaveStatus() override;
+    Status RenderMaterial() override;
+    Status SetTexturesAvoidStateChange(const std::string& stTextureFileName,
+                                       const std::string& stTextureAlphaFileName,
+                                       const std::string& stTextureOverlayFileName,
+                                       const std::string& stTextureBumpMapFileName,
+                                       const std::string& stTextureSpecularMapFileName,
+                                       const std::string& stTextureEnvironmentMapFileName) override;
+    Status InitializeMaterialPreviewScene() override;
+    Status ApplyShapeMaterial(CorvexSG::Scene& oScene, CorvexSG::Shape& csShape, const bool& bWrap,
+                              CorvexSG::Group* cgGroup, CorvexSG::Group* cgCamera,
+                              const CorvexSG::udtSelectionType& udtSelectionType,
+                              const LongArray& laSelectionDataLongs, const bool& bOptimizePoints,
+                              const CorvexSG::cdtCoordinateMode& cdtCoordinateMode,
+                              const SingleArray& saCoordinateModeData) override;
+    Status SetTextureCropping(const float& stTextureOriginU, const float& stTextureOriginV,
+                              const float& stTextureScaleU, const float& stTextureScaleV) override;
+    Status sCreateRayTraceCombinedAttributes(std::string& sCombinedAttributes) override;
+    Status LoadTextureLibrary(const std::string& stTextureLibraryFilename) override;
+    Status LoadMaterialLibrary(const std::string& sMaterialLibraryFileName) override;
+
+    Status get_bMaterialPanel(bool& bMaterialPanel) override;
+    Status put_bMaterialPanel(const bool& bMaterialPanel) override;
+    Status get_bTexturePanel(bool& bTexturePanel) override;
+    Status put_bTexturePanel(const bool& bTexturePanel) override;
+    Status get_bMaterialLibraryPanel(bool& bMaterialLibraryPanel) override;
+    Status put_bMaterialLibraryPanel(const bool& bMaterialLibraryPanel) override;
+    Status get_lVBColor(std::int32_t& lVBColor) override;
+    Status put_lVBColor(const std::int32_t& lVBColor) override;
+    Status get_lPreviewPrimitive(std::int32_t& lPreviewPrimitive) override;
+    Status put_lPreviewPrimitive(const std::int32_t& lPreviewPrimitive) override;
+    Status get_TextureFileName(std::string& TextureFileName) override;
+    Status put_TextureFileName(const std::string& TextureFileName) override;
+    Status get_TextureOverlayFileName(std::string& TextureOverlayFileName) override;
+    Status put_TextureOverlayFileName(const std::string& TextureOverlayFileName) override;
+    Status get_TextureBumpmapFileName(std::string& TextureBumpmapFileName) override;
+    Status put_TextureBumpmapFileName(const std::string& TextureBumpmapFileName) override;
+    Status get_TextureSpecularMapFileName(std::string& TextureSpecularMapFileName) override;
+    Status put_TextureSpecularMapFileName(const std::string& TextureSpecularMapFileName) override;
+    Status get_TextureEnvironmentMapFileName(std::string& TextureEnvironmentMapFileName) override;
+    Status
+    put_TextureEnvironmentMapFileName(const std::string& TextureEnvironmentMapFileName) override;
+    Status get_TextureAlphaFileName(std::string& TextureAlphaFileName) override;
+    Status put_TextureAlphaFileName(const std::string& TextureAlphaFileName) override;
+    Status get_FlatWrapType(CorvexDB::FlatWrapType& FlatWrapType) override;
+    Status put_FlatWrapType(const CorvexDB::FlatWrapType& FlatWrapType) override;
+    Status get_TextureTilesPerUnit(float& TextureTilesPerUnit) override;
+    Status put_TextureTilesPerUnit(const float& TextureTilesPerUnit) override;
+    Status get_TextureOriginU(float& TextureOriginU) override;
+    Status put_TextureOriginU(const float& TextureOriginU) override;
+    Status get_TextureOriginV(float& TextureOriginV) override;
+    Status put_TextureOriginV(const float& TextureOriginV) override;
+    Status get_TextureScaleU(float& TextureScaleU) override;
+    Status put_TextureScaleU(const float& TextureScaleU) override;
+    Status get_TextureScaleV(float& TextureScaleV) override;
+    Status put_TextureScaleV(const float& TextureScaleV) override;
+    Status get_WrapType(CorvexDB::WrapType& WrapType) override;
+    Status put_WrapType(const CorvexDB::WrapType& WrapType) override;
+    Status get_MaterialWrapOrientationU(float& MaterialWrapOrientationU) override;
+    Status get_MaterialWrapOrientationV(float& MaterialWrapOrientationV) override;
+    Status get_MaterialDoubleSided(bool& MaterialDoubleSided) override;
+    Status get_MaterialAlphaTest(std::int32_t& MaterialAlphaTest) override;
+    Status get_MaterialAlphaTestReference(std::int32_t& MaterialAlphaTestReference) override;
+    Status get_ApplyRelative(CorvexDB::ApplyMode& ApplyRelative) override;
+    Status put_ApplyRelative(const CorvexDB::ApplyMode& ApplyRelative) override;
+    Status get_stTextureLibraryFilename(std::string& stTextureLibraryFilename) override;
+    Status put_stTextureLibraryFilename(const std::string& stTextureLibraryFilename) override;
+    Status get_colTextures(CorvexDB::TextureCollection*& colTextures) override;
+    Status put_lRaytraceType(const std::int32_t& lRaytraceType) override;
+    Status put_lRaytracePredefinedType(const std::int32_t& lRaytracePredefinedType) override;
+    Status put_lRaytraceColorPatternType(const std::int32_t& lRaytraceColorPatternType) override;
+    Status get_csMaterialShape(CorvexSG::Shape*& csMaterialShape) override;
+    Status DisplayPluginParameters(const SingleArray& saParameters) override;
+    Status pReleaseMaterialLibrarySelection() override;
+    Status pReleaseTextureLibrarySelection() override;
+    Status CopyFieldToFormMaterial(const CorvexDB::udtMaterial& udtMaterial) override;
+    Status SetBackColor(const std::int32_t& MaterialViewportColor,
+                        const std::int32_t& MaterialLibraryColor,
+                        const std::int32_t& TextureLibraryColor) override;
+    Status ClearPluginList() override;
+    Status AddToPluginList(const std::string& Name) override;
+    Status ResetDevices() override;
+    Status ResetMiscellaneous() override;
+    Status get_Enabled(bool& Enabled) override;
+    Status put_Enabled(const bool& Enabled) override;
+    Status SetSceneDetails(CorvexSG::SceneGraph& CorvexSceneGraph) override;
+    Status get_hwnd(WId& hwnd) override;
+    Status pAlphaIsTransparentUpdated() override;
+
+public Q_SLOTS:
+    /// The host's names of the custom fields have changed: asks for them again. The control does so
+    /// by itself at its start and when a page is turned.
+    void UpdateCustomFieldNames();
+
+Q_SIGNALS:
+    void TextureLibraryExpanded();
+    void MaterialLibraryExpanded();
+    /// At the end of every refresh of the preview material.
+    void MaterialChanged();
+    void DisplayPositionInformation(const QString& PositionInformation);
+    void DisplayMiscInformation(const QString& MiscInformation);
+    /// A warning that the user may silence; the host shows it and keeps the choice.
+    void evtReqWarn(const QString& ApplicationRegistryKey, const QString& Warning,
+                    const QString& WarningRegistryEntry);
+
+    /// The user has edited the material: once per edit, right before the `MaterialChanged` that
+    /// ends it. The preview shape has the material by then, and `ApplyShapeMaterial` gives it to
+    /// others. What tells a host more than comparing materials: a value is an edit for the other
+    /// shapes of a selection also when the panel showed it before.
+    ///
+    /// Every control of the panel is told, its resets and defaults, the extended raytrace dialog
+    /// and what is chosen in the libraries. A change by the host is none: what it writes through
+    /// `IMaterial` or shows with `CopyFieldToFormMaterial`, it knows. Nor are the preview, its
+    /// primitive and the choice of libraries, which are the panel's own; those end in a
+    /// `MaterialChanged` alone.
+    ///
+    /// Where the host refuses to show an edit (its shape or viewport throws) neither signal is
+    /// raised; the rows come with those of the next edit, unless the host has changed the panel
+    /// before.
+    void Edited(const CorvexMaterial::MaterialEdit& edit);
+
+private:
+    TexturePage& Textures();
+    Status GetFile(const char* property, TextureLayer layer, std::string& file);
+    Status PutFile(const char* property, TextureLayer layer, const std::string& file);
+    Status GetPlacement(const char* property, float CorvexDB::TexturePlacement::*fraction,
+                        float& value);
+    Status PutPlacement(const char* property, float CorvexDB::TexturePlacement::*fraction,
+                        float value);
+
+    std::unique_ptr<MaterialEditor> m_editor;
+};
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,89 @@
+#include "AttributePanel.h"
+
+#include "AdvancedPanel.h"
+#include "ChannelPanel.h"
+#include "CustomFieldsPanel.h"
+#include "PluginPanel.h"
+#include "SurfacePanel.h"
+
+#include <QBoxLayout>
+#include <QPushButton>
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr int kSurfaceTab = 1;
+constexpr int kCustomFieldsTab = 8;
+constexpr int kAdvancedTab = 9;
+constexpr int kPluginTab = 10;
+
+}  // namespace
+
+AttributePanel::AttributePanel(const Trap& trap, const ChannelServices& services, QWidget* parent)
+    : QWidget(parent), m_channels(new ChannelPanel(trap, services, this)),
+      m_surface(new SurfacePanel(trap, services.platform.choosers, this)),
+      m_customFields(new CustomFieldsPanel(this)), m_advanced(new AdvancedPanel(this)),
+      m_plugins(new PluginPanel(trap, services.host.plugins, services.host.numbers,
+                                services.platform.choosers, this))
+{
+    PlacePages();
+    ConnectPages();
+}
+
+void AttributePanel::PlacePages()
+{
+    m_channels->SetPage(kSurfaceTab, m_surface);
+    m_channels->SetPage(kCustomFieldsTab, m_customFields);
+    m_channels->SetPage(kAdvancedTab, m_advanced);
+    m_channels->SetPage(kPluginTab, m_plugins);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 6);
+    column->setSpacing(8);
+    column->addWidget(m_channels);
+    AddDefaultsRow();
+}
+
+void AttributePanel::AddDefaultsRow()
+{
+    struct Row {
+        const char* name;
+        QString text;
+        QString tip;
+        void (AttributePanel::*pressed)();
+    };
+    const std::array rows{
+        Row{"cmdMaterialRemember", tr("Remember"), tr("Keep this material as my defaults"),
+            &AttributePanel::RememberPressed},
+        Row{"cmdMaterialResetUserDefaults", tr("My Defaults"), tr("Back to my remembered defaults"),
+            &AttributePanel::UserDefaultsPressed},
+        Row{"cmdMaterialResetDefaults", tr("Factory"), tr("Back to the factory defaults"),
+            &AttributePanel::FactoryDefaultsPressed},
+    };
+    auto* line = new QHBoxLayout;
+    line->setSpacing(4);
+    for (const Row& row : rows) {
+        auto* button = new QPushButton(row.text, this);
+        button->setObjectName(QString::fromLatin1(row.name));
+        button->setToolTip(row.tip);
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        connect(button, &QPushButton::clicked, this, row.pressed);
+        line->addWidget(button);
+    }
+    static_cast<QVBoxLayout*>(layout())->addLayout(line);
+}
+
+void AttributePanel::ConnectPages()
+{
+    connect(m_surface, &SurfacePanel::Edited, this, &AttributePanel::Edited);
+    connect(m_channels, &ChannelPanel::Edited, this, &AttributePanel::Edited);
+    connect(m_customFields, &CustomFieldsPanel::Edited, this, [this](std::size_t field) {
+        Q_EMIT Edited({{Attribute::CustomFields, field}});
+    });
+    connect(m_advanced, &AdvancedPanel::Edited, this, &AttributePanel::Edited);
+    const auto pluginEdited = [this] { Q_EMIT Edited({{Attribute::Plugin}}); };
+    connect(m_plugins, &PluginPanel::Edited, this, pluginEdited);
+    connect(m_plugins, &PluginPanel::PluginChosen, this, pluginEdited);
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,68 @@
+#include "ColourField.h"
+
+#include "Swatch.h"
+#include <CorvexMaterial/NamedColours.h>
+
+#include <QComboBox>
+#include <QPixmap>
+
+namespace CorvexMaterial {
+
+namespace {
+
+QIcon ColourIcon(Colour colour)
+{
+    const ColourBytes bytes = BytesOf(colour);
+    QPixmap pixmap(14, 14);
+    pixmap.fill(QColor(bytes.red, bytes.green, bytes.blue));
+    return QIcon(pixmap);
+}
+
+}  // namespace
+
+ColourField::ColourField(const Widgets& widgets, QObject* parent)
+    : QObject(parent), m_widgets(widgets)
+{
+    for (const NamedColour& row : kNamedColours) {
+        m_widgets.list.addItem(ColourIcon(row.colour), QString::fromUtf8(row.name));
+    }
+    m_widgets.list.addItem(QString::fromUtf8(kCustomColourName));
+    Show(m_colour);
+    connect(&m_widgets.list, &QComboBox::activated, this, &ColourField::EntryChosen);
+    connect(&m_widgets.swatch, &QAbstractButton::clicked, this, &ColourField::DialogWanted);
+    connect(&m_widgets.button, &QAbstractButton::clicked, this, &ColourField::DialogWanted);
+}
+
+void ColourField::Show(Colour colour)
+{
+    m_colour = colour;
+    m_widgets.swatch.SetColour(colour);
+    m_widgets.list.setCurrentIndex(static_cast<int>(ColourListPosition(colour)));
+}
+
+void ColourField::ChooseEntry(int position, Choosers& choosers)
+{
+    if (position < 0 || position >= static_cast<int>(kNamedColours.size())) {
+        ChooseFromDialog(choosers);
+        return;
+    }
+    Show(kNamedColours[static_cast<std::size_t>(position)].colour);
+    Q_EMIT Edited();
+}
+
+void ColourField::ChooseFromDialog(Choosers& choosers)
+{
+    std::optional<Colour> chosen;
+    try {
+        chosen = choosers.ChooseColour(m_colour);
+    } catch (...) {
+        Show(m_colour);
+        throw;
+    }
+    Show(chosen.value_or(m_colour));
+    if (chosen) {
+        Q_EMIT Edited();
+    }
+}
+
+}  // namespace CorvexMaterial

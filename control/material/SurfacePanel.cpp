@@ -1,0 +1,70 @@
+#include "SurfacePanel.h"
+
+#include "AmountField.h"
+#include "AmountLink.h"
+#include "AttributeHints.h"
+#include "Trap.h"
+#include "WheelGuard.h"
+#include "ui_SurfacePanel.h"
+#include <CorvexMaterial/Schema.h>
+
+namespace CorvexMaterial {
+
+SurfacePanel::SurfacePanel(const Trap& trap, Choosers& choosers, QWidget* parent)
+    : QWidget(parent), m_trap(trap), m_choosers(choosers),
+      m_ui(std::make_unique<Ui::SurfacePanel>())
+{
+    m_ui->setupUi(this);
+    ConnectColor();
+    ConnectAmounts();
+    connect(m_ui->cmdMiscellaneousResetToDefaults, &QToolButton::clicked, this,
+            &SurfacePanel::ResetPressed);
+    GuardWheel(*this);
+}
+
+SurfacePanel::~SurfacePanel() = default;
+
+void SurfacePanel::ConnectColor()
+{
+    m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, this);
+    TellOtherNames(*m_ui->cboColor, Attribute::Color);
+    connect(m_color, &ColourField::Edited, this, [this] { Q_EMIT Edited({{Attribute::Color}}); });
+    connect(m_color, &ColourField::EntryChosen, this, [this](int position) {
+        m_trap("cboColor", [&] { m_color->ChooseEntry(position, m_choosers); });
+    });
+    connect(m_color, &ColourField::DialogWanted, this,
+            [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(m_choosers); }); });
+}
+
+std::vector<SurfacePanel::Amount> SurfacePanel::Amounts() const
+{
+    return {{Attribute::Ambient, *m_ui->txtAmbient, *m_ui->sldAmbient, *m_ui->lblAmbient},
+            {Attribute::Emissive, *m_ui->txtEmissive, *m_ui->sldEmissive, *m_ui->lblEmissive},
+            {Attribute::Specular, *m_ui->txtSpecular, *m_ui->sldSpecular,
+             *m_ui->lblSpecularHighlighting},
+            {Attribute::Transparency, *m_ui->txtTransparency, *m_ui->sldTransparency,
+             *m_ui->lblTransparency}};
+}
+
+void SurfacePanel::ConnectAmounts()
+{
+    for (const Amount& amount : Amounts()) {
+        amount.field.setText(QString::fromUtf8(FactoryText(amount.attribute)));
+        OfferRange(amount.slider, amount.attribute);
+        TellOtherNames(amount.slider, amount.attribute);
+        LinkSlider(amount.slider, amount.field);
+        connect(&amount.field, &QLineEdit::textChanged, this,
+                [this, amount] { Q_EMIT Edited(amount.field.Touched(amount.attribute)); });
+    }
+}
+
+void SurfacePanel::SetAmountsEnabled(bool enabled)
+{
+    for (const Amount& amount : Amounts()) {
+        amount.field.setEnabled(enabled);
+        amount.slider.setEnabled(enabled);
+        amount.label.setEnabled(enabled);
+    }
+}
+
+}  // namespace CorvexMaterial

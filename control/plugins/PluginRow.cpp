@@ -1,0 +1,205 @@
+#include "PluginRow.h"
+
+#include "ArgumentChecks.h"
+#include "PluginParameters.h"
+#include "Swatch.h"
+#include "UpDownText.h"
+#include <CorvexMaterial/NumberText.h>
+#include <CorvexMaterial/PlainText.h>
+#include <CorvexMaterial/Status.h>
+#include <CorvexMaterial/Twips.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace CorvexMaterial {
+
+namespace {
+
+using CorvexDB::ParameterKind;
+
+constexpr int kCaptionShare = 38;  // percent of the width
+constexpr int kEditorGap = 6;
+constexpr int kPositionWidth = 38;
+
+template <typename Widget>
+Widget* Element(const char* array, std::size_t row, QWidget& panel)
+{
+    auto* widget = new Widget(&panel);
+    widget->setObjectName(QString::fromLatin1(array) + QLatin1Char('_') + QString::number(row));
+    widget->hide();
+    return widget;
+}
+
+}  // namespace
+
+PluginRow::PluginRow(std::size_t number, QWidget& panel)
+    : QObject(&panel), m_row(number), m_caption(Element<QLabel>("lblParameter", number, panel)),
+      m_slider(Element<QSlider>("sldParameter", number, panel)),
+      m_position(Element<QLabel>("lblParameterPosition", number, panel)),
+      m_number(Element<UpDownText>("txtParameter", number, panel)),
+      m_list(Element<QComboBox>("cboParameter", number, panel)),
+      m_tick(Element<QCheckBox>("chkParameter", number, panel)),
+      m_swatch(Element<Swatch>("picParameter", number, panel))
+{
+    m_caption->setTextFormat(Qt::PlainText);
+    m_slider->setOrientation(Qt::Horizontal);
+    m_slider->setFocusPolicy(Qt::StrongFocus);
+    m_slider->setSingleStep(1);
+    m_slider->setTickPosition(QSlider::TicksBelow);
+    m_position->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_list->setFocusPolicy(Qt::StrongFocus);
+    Connect();
+}
+
+void PluginRow::Connect()
+{
+    connect(m_slider, &QSlider::valueChanged, m_position, qOverload<int>(&QLabel::setNum));
+    connect(m_slider, &QSlider::valueChanged, this, &PluginRow::Edited);
+    connect(m_number, &UpDownText::Confirmed, this, &PluginRow::NumberConfirmed);
+    connect(m_list, &QComboBox::currentIndexChanged, this, &PluginRow::Edited);
+    connect(m_tick, &QCheckBox::toggled, this, &PluginRow::Edited);
+    connect(m_swatch, &Swatch::clicked, this, &PluginRow::SwatchPressed);
+}
+
+void PluginRow::Hide()
+{
+    const std::initializer_list<QWidget*> widgets{m_caption, m_slider, m_position, m_number,
+                                                  m_list,    m_tick,   m_swatch};
+    for (QWidget* widget : widgets) {
+        widget->hide();
+    }
+}
+
+void PluginRow::Show(const CorvexDB::PluginParameter& parameter, float value)
+{
+    m_parameter = parameter;
+    const QString name = QString::fromStdString(parameter.name);
+    m_caption->setText(name);
+    m_caption->setToolTip(PlainTip(name));
+    m_caption->setVisible(parameter.kind != ParameterKind::Tick);
+    switch (parameter.kind) {
+    case ParameterKind::Slider:
+        return ShowSlider(value);
+    case ParameterKind::Number:
+        return ShowNumber(value);
+    case ParameterKind::List:
+    case ParameterKind::Shape:
+    case ParameterKind::SimpleShape:
+        return ShowList(value);
+    case ParameterKind::Tick:
+        return ShowTick(value);
+    case ParameterKind::PackedColour:
+        ShowColour(UnpackColour(value));
+        m_swatch->setAccessibleName(name);
+        return m_swatch->show();
+    default:
+        return;
+    }
+}
+
+void PluginRow::ShowSlider(float value)
+{
+    const QSignalBlocker quiet(m_slider);
+    const SliderSetting setting = SliderSettingOf(m_parameter);
+    m_slider->setRange(setting.minimum, setting.maximum);
+    m_slider->setTickInterval(setting.tickFrequency);
+    m_slider->setPageStep(setting.largeChange);
+    m_slider->setValue(RoundHalfEven(std::clamp<double>(value, setting.minimum, setting.maximum)));
+    m_slider->setAccessibleName(m_caption->text());
+    m_position->setNum(m_slider->value());
+    m_slider->show();
+    m_position->show();
+}
+
+void PluginRow::ShowNumber(float value)
+{
+    m_number->SetNumbers(
+        {m_parameter.minimum, m_parameter.maximum, m_parameter.step, m_parameter.boxDefault});
+    m_number->ShowText(QString::fromStdString(TextOfSingle(value)));
+    m_number->setAccessibleName(m_caption->text());
+    m_number->show();
+}
+
+void PluginRow::ShowList(float value)
+{
+    const QSignalBlocker quiet(m_list);
+    m_list->clear();
+    for (const std::string& choice : ChoicesOf(m_parameter)) {
+        m_list->addItem(QString::fromStdString(choice));
+    }
+    m_list->setCurrentIndex(ListPositionOf(value, static_cast<std::size_t>(m_list->count())));
+    m_list->setAccessibleName(m_caption->text());
+    m_list->show();
+}
+
+void PluginRow::ShowTick(float value)
+{
+    const QSignalBlocker quiet(m_tick);
+    // A name's "&" is no mnemonic.
+    m_tick->setText(PlainCaption(m_caption->text()));
+    m_tick->setChecked(ListPositionOf(value, 2) == 1);
+    m_tick->show();
+}
+
+void PluginRow::ShowColour(Colour colour)
+{
+    m_colour = colour;
+    m_swatch->SetColour(colour);
+}
+
+float PluginRow::Value(ParameterKind kind) const
+{
+    switch (kind) {
+    case ParameterKind::Slider:
+        return static_cast<float>(m_slider->value());
+    case ParameterKind::Number: {
+        const std::string text = m_number->text().toStdString();
+        const auto value = SingleFromText(text);
+        if (!value) {
+            throw Error(Status::ConversionFailed,
+                        "\"" + text + "\", the text of \"" + m_parameter.name + "\", is no number");
+        }
+        return *value;
+    }
+    case ParameterKind::List:
+    case ParameterKind::Shape:
+    case ParameterKind::SimpleShape:
+        return static_cast<float>(m_list->currentIndex());
+    case ParameterKind::Tick:
+        return m_tick->isChecked() ? 1.0F : 0.0F;
+    case ParameterKind::PackedColour:
+        return PackColour(m_colour);
+    default:
+        return 0.0F;
+    }
+}
+
+std::string PluginRow::Text() const
+{
+    return m_parameter.kind == ParameterKind::Number ? m_number->text().toStdString()
+                                                     : TextOfSingle(Value(m_parameter.kind));
+}
+
+void PluginRow::Place(int width)
+{
+    const int top = ParameterRowTop(m_row) / kTwipsPerPixel;
+    const int height = kParameterEditorTwips / kTwipsPerPixel;
+    const int captionTop = top + kParameterCaptionDropTwips / kTwipsPerPixel;
+    const int left = width * kCaptionShare / 100;
+    const QRect editor(left, top, std::max(0, width - left), height);
+    m_caption->setGeometry(0, captionTop, std::max(0, left - kEditorGap), height);
+    m_slider->setGeometry(editor.adjusted(0, 0, -kPositionWidth - kEditorGap, 0));
+    m_position->setGeometry(editor.right() + 1 - kPositionWidth, top, kPositionWidth, height);
+    m_number->setGeometry(editor);
+    m_list->setGeometry(editor);
+    m_tick->setGeometry(left, top, std::max(0, width - left), height);
+    m_swatch->setGeometry(left, top, m_swatch->sizeHint().width(), height);
+}
+
+}  // namespace CorvexMaterial

@@ -1,0 +1,134 @@
+#include "frmOptionsTexture.h"
+
+#include "CropGrip.h"
+#include "FieldMessage.h"
+#include "TextureImage.h"
+#include "TextureMessages.h"
+#include "ui_frmOptionsTexture.h"
+#include <CorvexMaterial/NumberText.h>
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace CorvexMaterial {
+
+namespace {
+
+constexpr std::array kTexts{&CropTexts::originLeft, &CropTexts::originTop, &CropTexts::scaleWidth,
+                            &CropTexts::scaleHeight};
+
+}  // namespace
+
+frmOptionsTexture::frmOptionsTexture(QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::frmOptionsTexture>())
+{
+    m_ui->setupUi(this);
+    m_fields = {m_ui->txtOriginLeft, m_ui->txtOriginTop, m_ui->txtScaleWidth, m_ui->txtScaleHeight};
+    m_ui->lblMessage->hide();
+    m_ui->lblTooTall->hide();
+    m_ui->lblTooTall->setText(QString::fromUtf8(kTextureTooTall));
+    ShowTexts(DefaultCrop());
+    ConnectFields();
+    ConnectPicture();
+    connect(m_ui->cmdResetDefaults, &QPushButton::clicked, this,
+            [this] { ShowTexts(DefaultCrop()); });
+    connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsTexture::accept);
+    connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    m_ui->imgTextureCropping->setFocus();
+}
+
+frmOptionsTexture::~frmOptionsTexture() = default;
+
+void frmOptionsTexture::ConnectFields()
+{
+    for (QLineEdit* field : m_fields) {
+        connect(field, &QLineEdit::textChanged, this, &frmOptionsTexture::OnTextChanged);
+    }
+}
+
+void frmOptionsTexture::ConnectPicture()
+{
+    CroppingPicture* picture = m_ui->imgTextureCropping;
+    connect(picture, &CroppingPicture::DragStarted, this,
+            [this, picture](PicturePoint at) { ShowTexts(StartDrag(at, picture->Extent())); });
+    connect(picture, &CroppingPicture::DragMoved, this, [this, picture](PicturePoint at) {
+        ShowTexts(MoveDrag(Texts(), at, picture->Extent()));
+    });
+    connect(picture, &CroppingPicture::RectChanged, this,
+            [this](const CropRect& rect) { ShowTexts(TextsOf(rect)); });
+}
+
+void frmOptionsTexture::SetupForm(const std::string& file)
+{
+    const auto area = static_cast<int>(kCropAreaPixels * devicePixelRatioF());
+    const TextureImage picture = ReadTextureImage(QString::fromStdString(file), area);
+    const CropFit fit = FitIntoCropArea(picture.size.width(), picture.size.height());
+    m_ui->imgTextureCropping->SetImage(picture.image, fit);
+    m_ui->lblTooTall->setVisible(!fit.proportionsKept);
+    m_ui->lblTextureFile->SetFile(QString::fromStdString(file), tr("No texture"));
+    m_ui->lblImageSize->setText(
+        picture.image.isNull()
+            ? tr("No preview")
+            : tr("%1 x %2 pixels").arg(picture.size.width()).arg(picture.size.height()));
+}
+
+CropTexts frmOptionsTexture::Texts() const
+{
+    CropTexts texts;
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        texts.*kTexts[i] = m_fields[i]->text().toStdString();
+    }
+    return texts;
+}
+
+void frmOptionsTexture::ShowTexts(const CropTexts& texts)
+{
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        const QSignalBlocker quiet(m_fields[i]);
+        const QString text = QString::fromStdString(texts.*kTexts[i]);
+        if (m_fields[i]->text() != text) {
+            m_fields[i]->setText(text);
+        }
+    }
+    m_ui->lblMessage->hide();
+    ShowRect();
+}
+
+void frmOptionsTexture::OnTextChanged()
+{
+    m_ui->lblMessage->hide();
+    ShowTexts(Clamped(Texts()));
+}
+
+void frmOptionsTexture::ShowRect()
+{
+    // A text that is no number yet leaves the rectangle where it was.
+    if (const auto placement = PlacementOf(Texts())) {
+        m_ui->imgTextureCropping->SetRect(RectOf(*placement));
+    }
+}
+
+CorvexDB::TexturePlacement frmOptionsTexture::GetResults() const
+{
+    return m_results;
+}
+
+void frmOptionsTexture::accept()
+{
+    const auto placement = PlacementOf(Texts());
+    if (!placement) {
+        QLineEdit* field = *std::ranges::find_if(m_fields, [](const QLineEdit* candidate) {
+            return !SingleFromText(candidate->text().toStdString());
+        });
+        ShowNotANumber(*m_ui->lblMessage, field->text());
+        field->setFocus();
+        field->selectAll();
+        return;
+    }
+    m_results = *placement;
+    m_okClicked = true;
+    QDialog::accept();
+}
+
+}  // namespace CorvexMaterial

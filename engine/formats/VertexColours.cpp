@@ -1,0 +1,78 @@
+#include "VertexColours.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace studio {
+
+void VertexColours::Wearers::Add(Rgb colour, std::size_t times)
+{
+    const Components components{CutToUnit(colour.red), CutToUnit(colour.green),
+                                CutToUnit(colour.blue)};
+    for (std::size_t i = 0; i < components.size(); ++i) {
+        sum[i] += components[i] * static_cast<double>(times);
+        least[i] = std::min(least[i], components[i]);
+        most[i] = std::max(most[i], components[i]);
+    }
+    count += times;
+}
+
+Rgb VertexColours::Wearers::Average() const
+{
+    const auto average = [this](std::size_t i) {
+        return static_cast<float>(sum[i] / static_cast<double>(count));
+    };
+    return {average(0), average(1), average(2)};
+}
+
+bool VertexColours::Wearers::Differ() const
+{
+    constexpr double kVisible = 0.02;
+    return most[0] - least[0] > kVisible || most[1] - least[1] > kVisible ||
+           most[2] - least[2] > kVisible;
+}
+
+VertexColours::Wearers& VertexColours::WearersOf(std::size_t material)
+{
+    m_wearers.resize(std::max(m_wearers.size(), material + 1));
+    return m_wearers[material];
+}
+
+void VertexColours::Add(std::size_t material, const std::vector<Rgb>& colours)
+{
+    Wearers& wearers = WearersOf(material);
+    wearers.coloured = wearers.coloured || !colours.empty();
+    for (const Rgb colour : colours) {
+        wearers.Add(colour, 1);
+    }
+}
+
+void VertexColours::AddPlain(std::size_t material, std::size_t vertices)
+{
+    if (vertices > 0) {
+        WearersOf(material).Add(kWhiteRgb, vertices);
+    }
+}
+
+void VertexColours::Tint(ImportedModel& model, std::size_t material, Meaning meaning) const
+{
+    if (material >= m_wearers.size() || !m_wearers[material].coloured) {
+        return;
+    }
+    auto& [name, record] = model.materials[material];
+    const Rgb average = m_wearers[material].Average();
+    record.Color = meaning == Meaning::Light
+                       ? ColourOfLight(LightOf(record.Color) * average)
+                       : ColourOfDisplayed(DisplayedOf(record.Color) * average);
+    if (m_wearers[material].Differ()) {
+        MaterialNotes(model.report, name)
+            .Approximated("vertex colours",
+                          QT_TRANSLATE_NOOP("Interchange", "a surface has one colour: that of its "
+                                                           "vertices on average"));
+    } else {
+        MaterialNotes(model.report, name).Mapped("vertex colours");
+    }
+}
+
+}  // namespace studio

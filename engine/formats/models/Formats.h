@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ImportedModel.h"
+
+#include <QByteArray>
+
+#include <span>
+#include <string>
+
+namespace studio {
+
+/// A file format of other programs: its one reader, whichever way a file comes in, and its one
+/// writer of materials.
+struct Format {
+    const char* suffix;
+    const char* name;  ///< for a person, marked with QT_TRANSLATE_NOOP("Studio", ...)
+    ImportedModel (*read)(const std::string& path);
+    /// Null for a format that is only read.
+    QByteArray (*write)(std::span<const NamedMaterial> materials, const std::string& folder,
+                        Report& report);
+    /// Documents of materials are small, and their readers ours: they need no process of their own.
+    bool hasShapes;
+};
+
+[[nodiscard]] std::span<const Format> Formats();
+/// By the extension, in any case; null for one that is not in the list, which Assimp may know.
+[[nodiscard]] const Format* FormatOf(const std::string& path);
+
+/// Reads a file of any format in this very process, in which a damaged file may end it: only for
+/// our own files, and for a process made for it. Errors: FileFailed naming file and reason,
+/// OutOfMemory.
+[[nodiscard]] ImportedModel ReadForeignFile(const std::string& path);
+/// The same of a file that has shapes. Errors: as above, also for one without a surface.
+[[nodiscard]] ImportedModel ReadModel(const std::string& path);
+
+}  // namespace studio

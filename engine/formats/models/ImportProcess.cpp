@@ -1,0 +1,111 @@
+#include "ImportProcess.h"
+
+#include "FileWriting.h"
+#include "Formats.h"
+#include "ModelPacking.h"
+#include <CorvexMaterial/Status.h>
+
+#include <csignal>
+#include <iostream>
+#include <span>
+#include <string_view>
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+
+namespace studio {
+
+namespace {
+
+struct ProcessLimit {
+    __rlimit_resource resource;
+    rlim_t most;
+};
+
+constexpr rlim_t kGigabyte = rlim_t{1} << 30;
+
+constexpr ProcessLimit kLimits[] = {
+    {RLIMIT_CORE, 0},
+    {RLIMIT_FSIZE, 2 * kGigabyte},
+#ifndef CORVEX_SANITIZED  // its shadow memory alone is larger than any sensible limit
+    {RLIMIT_AS, 4 * kGigabyte},
+#endif
+};
+
+void LimitThisProcess()
+{
+    for (const auto& [resource, most] : kLimits) {
+        const rlimit limit{most, most};
+        setrlimit(resource, &limit);
+    }
+    LimitTime();
+    prctl(PR_SET_DUMPABLE, 0);
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+}
+
+int EndWith(ImportExit code, const char* reason)
+{
+    std::cerr << reason << std::flush;
+    return static_cast<int>(code);
+}
+
+QByteArray AnswerOf(const std::string& path, Wanted wanted)
+{
+    if (wanted == Wanted::Model) {
+        return PackModel(ReadModel(path));
+    }
+    ImportedModel model = ReadForeignFile(path);
+    model.meshes.clear();
+    model.shapes.clear();
+    return PackModel(model);
+}
+
+int Import(const std::string& path, const std::string& outputPath, Wanted wanted)
+{
+    const QByteArray packed = AnswerOf(path, wanted);
+    try {
+        CorvexMaterial::WriteFile(outputPath, packed, CorvexMaterial::Lifetime::Temporary);
+        return static_cast<int>(ImportExit::Done);
+    } catch (const CorvexMaterial::Error& error) {
+        return EndWith(ImportExit::NoOutput, error.what());
+    }
+}
+
+int RunContained(std::span<char* const> arguments, Wanted wanted)
+{
+    if (arguments.size() != 2) {
+        return EndWith(ImportExit::Misused, "a file to read and an output file are needed");
+    }
+    LimitThisProcess();
+    try {
+        return Import(arguments[0], arguments[1], wanted);
+    } catch (const CorvexMaterial::Error& error) {
+        return EndWith(error.Code() == CorvexMaterial::Status::OutOfMemory ? ImportExit::OutOfMemory
+                                                                           : ImportExit::Refused,
+                       error.what());
+    } catch (const std::bad_alloc&) {
+        return EndWith(ImportExit::OutOfMemory, "");
+    } catch (const std::exception& error) {
+        return EndWith(ImportExit::Refused, error.what());
+    }
+}
+
+}  // namespace
+
+const char* ArgumentFor(Wanted wanted)
+{
+    return wanted == Wanted::Model ? "--import-model" : "--import-materials";
+}
+
+std::optional<int> RunImportIfAsked(int argc, char** argv)
+{
+    const std::span<char* const> arguments(argv, static_cast<std::size_t>(argc));
+    for (const Wanted wanted : {Wanted::Model, Wanted::Materials}) {
+        if (arguments.size() > 1 && std::string_view(arguments[1]) == ArgumentFor(wanted)) {
+            return RunContained(arguments.subspan(2), wanted);
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace studio

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ExportedProperties.h"
+
+#include <QByteArray>
+
+namespace studio {
+
+/// What MTL makes of our properties. Its colours are taken as displayed (sRGB).
+[[nodiscard]] const FormatTable& MtlTable();
+
+/// The materials of an MTL file; the path is for messages and to find images. Any bytes will do;
+/// none may come of them. Errors: FileFailed when they are too many.
+[[nodiscard]] std::vector<NamedMaterial> MaterialsOfMtl(const QByteArray& bytes,
+                                                        const std::string& path, Report& report);
+
+/// A file to be put into the folder.
+[[nodiscard]] QByteArray MtlOf(std::span<const NamedMaterial> materials, const std::string& folder,
+                               Report& report);
+
+}  // namespace studio

@@ -1,0 +1,26 @@
+#pragma once
+
+// The attributes of a material as a JSON object: each stands where its word says.
+
+#include <CorvexMaterial/Schema.h>
+
+#include <QJsonObject>
+
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// A layer without a file is left out.
+[[nodiscard]] QJsonObject JsonOfRecord(const CorvexDB::udtMaterial& record);
+
+/// Several values of one attribute.
+[[nodiscard]] QJsonValue JsonOf(const CorvexMaterial::AttributeValue& value);
+
+/// What is missing leaves the record as it is; what is of the wrong type or out of range does so
+/// too and is a problem. A raytrace amount outside its range becomes the nearest inside, which is a
+/// problem too.
+void ReadRecord(const QJsonObject& json, CorvexDB::udtMaterial& record,
+                std::vector<std::string>& problems);
+
+}  // namespace studio

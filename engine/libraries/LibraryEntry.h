@@ -1,0 +1,37 @@
+#pragma once
+
+#include "SearchProperties.h"
+
+#include <cstdint>
+#include <string>
+
+namespace studio {
+
+/// Stays with an entry for good, through the trash and back. Never used again. Grows in file order.
+using EntryId = std::int64_t;
+
+/// Something to be added.
+struct NewEntry {
+    std::string name;
+    std::string json;  ///< one object, see MaterialText.h and TextureText.h
+    std::string png;   ///< the thumbnail; empty = none
+    SearchValues search;
+};
+
+/// What an edit makes of an entry.
+struct EntryContent {
+    std::string json;
+    std::string fields;  ///< see TextProperty::Fields
+};
+
+struct EntryPicture {
+    EntryId id = 0;
+    std::string png;
+};
+
+struct TrashedEntry {
+    EntryId id = 0;
+    std::string name;
+};
+
+}  // namespace studio

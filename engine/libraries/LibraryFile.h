@@ -1,0 +1,103 @@
+#pragma once
+
+#include "Database.h"
+#include "LibraryEntry.h"
+#include "LibrarySchema.h"
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace studio {
+
+struct LibraryQuery;
+
+/// A material or texture library: one SQLite file, read and changed in place. An index counts the
+/// entries that are not in the trash, in file order from 0; what it costs to reach an entry does
+/// not depend on how many there are.
+///
+/// A change is on the disk when its function returns, or has not happened at all. Every function
+/// may throw an Error of status FileFailed that names the file; indexes outside 0 to Count() - 1
+/// are SubscriptOutOfRange. Other processes may read and change the file meanwhile. One thread at a
+/// time.
+class LibraryFile {
+public:
+    static constexpr std::int32_t kAllOfTrash = -1;
+
+    /// A missing file is not made. Read-only where writing is not possible; a file that is refused
+    /// is left as it was.
+    [[nodiscard]] static LibraryFile Open(const std::string& path, LibraryKind kind);
+    /// Makes an empty library. An existing file is left alone and reported.
+    static void Create(const std::string& path, LibraryKind kind);
+
+    [[nodiscard]] const std::string& Path() const { return m_database.Path(); }  ///< absolute
+    [[nodiscard]] LibraryKind Kind() const { return m_kind; }
+    /// Why nothing can be changed, for a person; empty when changes are possible.
+    [[nodiscard]] const std::string& ReadOnlyReason() const { return m_readOnlyReason; }
+    /// Fails as every change would when there is such a reason.
+    void RequireWritable() const;
+
+    [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(m_ids.size()); }
+    [[nodiscard]] EntryId IdAt(std::int32_t index) const;
+    /// Nothing for an entry in the trash.
+    [[nodiscard]] std::optional<std::int32_t> IndexOf(EntryId id) const;
+
+    [[nodiscard]] std::string NameAt(std::int32_t index);  ///< valid UTF-8
+    /// Also of one in the trash; empty when there is no such entry.
+    [[nodiscard]] std::string NameOf(EntryId id);
+    [[nodiscard]] std::string JsonAt(std::int32_t index);
+    /// PNG as stored, empty when there is none.
+    [[nodiscard]] std::string ThumbnailAt(std::int32_t index);
+    /// Entries outside the trash that have this name, in any case.
+    [[nodiscard]] std::vector<EntryId> IdsNamed(const std::string& name);
+    /// Indexes in file order. Errors: FileFailed.
+    [[nodiscard]] std::vector<std::int32_t> Search(const LibraryQuery& query);
+
+    EntryId Add(const NewEntry& entry);
+    /// All in one change, in this order, at the end.
+    std::vector<EntryId> Add(std::span<const NewEntry> entries);
+    void Rename(EntryId id, const std::string& name);
+    /// All in one change.
+    void SetThumbnails(std::span<const EntryPicture> pictures);
+
+    /// Of every entry, those in the trash too, all in one change. Nothing for one that stays as it
+    /// is.
+    using ContentEdit = std::function<std::optional<EntryContent>(const std::string& json)>;
+    void EditContents(const ContentEdit& edit);
+
+    /// Into the trash, which is in the file too. Entries that are there already stay there.
+    void Remove(std::span<const EntryId> ids);
+    void Remove(EntryId id) { Remove(std::span(&id, 1)); }
+    /// Back to where they were.
+    void Restore(std::span<const EntryId> ids);
+    void Restore(EntryId id) { Restore(std::span(&id, 1)); }
+    /// Latest first; the latest of them when there are more.
+    [[nodiscard]] std::vector<TrashedEntry> Trash(std::int32_t most = kAllOfTrash);
+    [[nodiscard]] std::int64_t TrashCount();
+    /// Irrevocably, and gives the space back.
+    void EmptyTrash();
+
+    /// Whether another program changed the file since the last call or change; the entries are
+    /// counted anew then.
+    bool Refresh();
+    /// Everything that is wrong with the file's structure, for a person; reads all of it.
+    [[nodiscard]] std::vector<std::string> StructureProblems();
+
+private:
+    LibraryFile(Database database, LibraryKind kind);
+
+    template <typename Work>
+    void Change(const Work& work);
+    void Load();
+    EntryId Insert(const NewEntry& entry);
+    void SetTrashed(EntryId id, std::int64_t trashed);
+
+    Database m_database;
+    LibraryKind m_kind;
+    std::string m_readOnlyReason;
+    std::vector<EntryId> m_ids;  ///< ascending, not those in the trash
+    std::int64_t m_dataVersion = 0;
+};
+
+}  // namespace studio

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "SearchProperties.h"
+#include <CorvexMaterial/Colour.h>
+
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace studio {
+
+enum class Comparison : std::int32_t {
+    Less,
+    LessOrEqual,
+    Equal,
+    NotEqual,
+    GreaterOrEqual,
+    Greater
+};
+
+struct NameTest {
+    std::string part;  ///< without case
+};
+struct NumberTest {
+    NumberProperty property{};
+    Comparison comparison{};
+    double value = 0.0;
+};
+struct TextTest {
+    TextProperty property{};
+    std::string part;  ///< without case
+};
+/// Some bit of the mask is set in the number.
+struct MaskTest {
+    NumberProperty property{};
+    std::int64_t mask = 0;
+};
+struct ColourTest {
+    CorvexMaterial::Colour colour{};
+    double distance = 0.0;  ///< at most, in CIE L*a*b*
+};
+struct PresenceTest {
+    TextProperty property{};
+};
+struct ThumbnailTest {};
+
+using QueryTest =
+    std::variant<NameTest, NumberTest, TextTest, MaskTest, ColourTest, PresenceTest, ThumbnailTest>;
+
+struct QueryTerm {
+    QueryTest test;
+    bool isNegated = false;
+};
+
+/// Entries that pass all terms. No terms: all entries.
+struct LibraryQuery {
+    std::vector<QueryTerm> terms;
+};
+
+/// A query, or what is wrong with the text, for a person.
+using QueryReading = std::variant<LibraryQuery, std::string>;
+
+/// What a user types: words are parts of names, `transparency>30`, `has:bump`, `color~gold`,
+/// `plugin:brick`, `field:Supplier=Acme`; a leading minus negates. docs/libraries.md has it all.
+[[nodiscard]] QueryReading ReadLibraryQuery(std::string_view text);
+
+}  // namespace studio

@@ -1,0 +1,32 @@
+#include "StudioProfile.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+namespace studio {
+namespace {
+
+// Qt 6.4 has no location for state files, so the desktop's variable is read here.
+QString UserStateFolder()
+{
+    const QString configured = qEnvironmentVariable("XDG_STATE_HOME");
+    const QString base = QDir::isAbsolutePath(configured)
+                             ? configured
+                             : QDir::homePath() + QStringLiteral("/.local/state");
+    return base + u'/' + QLatin1String(kStudioName);
+}
+
+}  // namespace
+
+StudioProfile UserProfile()
+{
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return {kStudioName, data + u'/' + QLatin1String(kStudioName), UserStateFolder()};
+}
+
+StudioProfile ProfileIn(const QString& folder)
+{
+    return {kStudioName, folder + QStringLiteral("/data"), folder + QStringLiteral("/state")};
+}
+
+}  // namespace studio

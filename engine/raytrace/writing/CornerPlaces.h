@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Frame.h"
+
+#include <QVector2D>
+
+#include <array>
+#include <cstdint>
+
+namespace studio {
+
+struct WrapTerms;
+
+/// Where the corners of a triangle lie in the item's images: x to the right and y down, in tiles,
+/// before flips and crop. The shader decides this for every point; here it is decided once per
+/// triangle which side a flat wrap takes and on which side of the seam a round one lies.
+[[nodiscard]] std::array<QVector2D, 3>
+CornerPlaces(const Mesh& mesh, const std::array<std::uint32_t, 3>& corners, const WrapTerms& wrap);
+
+}  // namespace studio

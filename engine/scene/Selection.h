@@ -1,0 +1,43 @@
+#pragma once
+
+#include "StudioShape.h"
+
+#include <QObject>
+
+#include <memory>
+#include <unordered_set>
+#include <vector>
+
+namespace studio {
+
+/// The shapes that the user works on, in the order in which they were chosen.
+class Selection : public QObject {
+    Q_OBJECT
+
+public:
+    using Shapes = std::vector<std::shared_ptr<StudioShape>>;
+
+    using QObject::QObject;
+
+    [[nodiscard]] const Shapes& All() const { return m_shapes; }
+    [[nodiscard]] bool Contains(const StudioShape& shape) const;
+    /// The shape chosen last, null when nothing is selected.
+    [[nodiscard]] std::shared_ptr<StudioShape> Latest() const;
+
+    /// A click on a shape, null for a click beside all of them: selects it alone; with Ctrl adds it
+    /// or takes it away, and beside all shapes changes nothing.
+    void Click(const std::shared_ptr<StudioShape>& shape, Qt::KeyboardModifiers modifiers);
+    /// Nulls and repetitions are left out.
+    void Set(const Shapes& shapes);
+    void Clear() { Set({}); }
+
+Q_SIGNALS:
+    /// The selected shapes or their order are now others.
+    void Changed();
+
+private:
+    Shapes m_shapes;
+    std::unordered_set<const StudioShape*> m_members;
+};
+
+}  // namespace studio

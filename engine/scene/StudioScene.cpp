@@ -1,0 +1,60 @@
+#include "StudioScene.h"
+
+#include "Selection.h"
+#include <CorvexMaterial/Status.h>
+
+namespace studio {
+
+void StudioScene::ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape)
+{
+    if (shape == nullptr) {
+        m_shapes.clear();
+        return;
+    }
+    auto ours = std::dynamic_pointer_cast<StudioShape>(shape);
+    if (ours == nullptr) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::InvalidArgument,
+                                    "The shape belongs to another scene graph.");
+    }
+    m_shapes = {std::move(ours)};
+}
+
+void StudioScene::Fill(Frame& frame)
+{
+    frame.items.reserve(frame.items.size() + m_shapes.size());
+    for (const auto& shape : m_shapes) {
+        FrameItem item = shape->Item();
+        item.selected = m_selection != nullptr && m_selection->Contains(*shape);
+        frame.items.push_back(std::move(item));
+    }
+}
+
+void StudioScene::Add(std::shared_ptr<StudioShape> shape)
+{
+    if (shape != nullptr) {
+        m_shapes.push_back(std::move(shape));
+    }
+}
+
+Bounds StudioScene::Extent() const
+{
+    Bounds extent;
+    for (const auto& shape : m_shapes) {
+        extent.Include(WorldBounds(shape->Item()));
+    }
+    return extent;
+}
+
+Camera StudioScene::FramedBy(const Camera& camera)
+{
+    Frame frame;
+    Fill(frame);
+    return Framed(camera, frame.items);
+}
+
+std::shared_ptr<CorvexSG::Shape> StudioSceneGraph::CreateShape()
+{
+    return std::make_shared<StudioShape>();
+}
+
+}  // namespace studio

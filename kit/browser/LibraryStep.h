@@ -1,0 +1,54 @@
+#pragma once
+
+#include "LibraryEntry.h"
+#include "LibrarySchema.h"
+
+#include <QUndoStack>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// A change of one entry of a library, or of several in the same way.
+struct LibraryEdit {
+    enum class What { Add, Remove, Rename };
+
+    What what = What::Add;
+    LibraryKind kind = LibraryKind::Materials;
+    std::string path;  ///< of the library
+    std::vector<EntryId> ids;
+    std::string name;    ///< of one entry, as it is after the change
+    std::string before;  ///< of a rename
+
+    [[nodiscard]] LibraryEdit Reversed() const;
+    /// The entry's name, or how many there are.
+    [[nodiscard]] QString Described() const;
+};
+
+/// A step of the undo history: a change of a library, already made when the step is pushed.
+class LibraryStep : public QUndoCommand {
+public:
+    /// False when the change could not be made; the user knows then, and the step goes.
+    using Make = std::function<bool(const LibraryEdit&)>;
+
+    LibraryStep(LibraryEdit change, Make make);
+
+    void undo() override;
+    void redo() override;
+    /// The same step, as it was when it was pushed.
+    [[nodiscard]] std::unique_ptr<LibraryStep> AsPushed() const;
+
+private:
+    LibraryEdit m_change;
+    Make m_make;
+    bool m_made = true;
+};
+
+/// Takes every other step out of the history. Libraries outlive the scene that one works on; what
+/// was undone in them can no longer be redone.
+void KeepOnlyLibrarySteps(QUndoStack& history);
+
+}  // namespace studio

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "MaterialFields.h"
+#include "StudioShape.h"
+
+#include <QUndoCommand>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace studio {
+
+/// What one edit did to one shape.
+struct ShapeChange {
+    std::shared_ptr<StudioShape> shape;
+    AppliedMaterial before;
+    AppliedMaterial after;
+};
+
+/// Materials that are applied in the same way.
+[[nodiscard]] bool IsSame(const CorvexSG::GatheredMaterial& one,
+                          const CorvexSG::GatheredMaterial& other);
+[[nodiscard]] bool ChangesNothing(const ShapeChange& change);
+/// Whether the renderer draws the shape otherwise than before.
+[[nodiscard]] bool LooksDifferent(const ShapeChange& change);
+/// What differs in any of the shapes.
+[[nodiscard]] FieldSet Differences(const std::vector<ShapeChange>& changes);
+
+using ShapeList = std::vector<std::shared_ptr<StudioShape>>;
+
+/// What an edit of the record does to each of the shapes that it changes; those that share a
+/// material go on sharing it.
+[[nodiscard]] std::vector<ShapeChange>
+ChangesBy(const std::function<void(CorvexDB::udtMaterial&)>& edit, const ShapeList& shapes);
+
+/// One step of the undo history: a change of the materials of some shapes, already made when the
+/// step is pushed. Edits of the same fields of the same shapes that follow each other quickly, as
+/// typing and dragging produce them, become one step; one that ends where it began vanishes.
+class MaterialCommand : public QUndoCommand {
+public:
+    /// Edits further apart than this stay two steps.
+    static constexpr std::chrono::milliseconds kMergeWithin{1000};
+
+    /// Called after each undo and redo with the shapes that changed.
+    using Shown = std::function<void(const ShapeList&)>;
+
+    /// The fields are what the user edited, which the step is called after.
+    MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields,
+                    std::chrono::milliseconds madeAt, Shown shown);
+
+    void undo() override;
+    void redo() override;
+    int id() const override { return 1; }
+    bool mergeWith(const QUndoCommand* other) override;
+
+private:
+    [[nodiscard]] bool Continues(const MaterialCommand& earlier) const;
+    [[nodiscard]] ShapeList Shapes() const;
+
+    std::vector<ShapeChange> m_changes;
+    FieldSet m_fields;
+    std::chrono::milliseconds m_madeAt;
+    Shown m_shown;
+    bool m_made = true;
+};
+
+}  // namespace studio

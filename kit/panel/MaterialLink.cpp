@@ -1,0 +1,162 @@
+#include "MaterialLink.h"
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+using CorvexMaterial::Material;
+using CorvexMaterial::MaterialEdit;
+using CorvexMaterial::Status;
+
+constexpr bool MakesCoordinates(CorvexMaterial::Touches touches)
+{
+    return touches == CorvexMaterial::Touches::Coordinates;
+}
+
+/// A wrap that was chosen by itself; one that came with a whole material leaves coordinates alone
+/// that it would not change.
+bool WrapsAnew(const MaterialEdit& edit)
+{
+    return !edit.isWhole && std::ranges::any_of(edit.rows, [](const auto& row) {
+        return MakesCoordinates(CorvexMaterial::RowOf(row.attribute).touches);
+    });
+}
+
+void PutBack(const std::vector<ShapeChange>& changes)
+{
+    for (const ShapeChange& change : changes) {
+        change.shape->SetApplied(change.before);
+    }
+}
+
+}  // namespace
+
+MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
+    : QObject(parent), m_parts(parts), m_clock(std::move(clock))
+{
+    connect(&m_parts.material, &Material::Edited, this, &MaterialLink::ApplyEdit);
+    connect(&m_parts.selection, &Selection::Changed, this, &MaterialLink::ShowSelected);
+}
+
+std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialLink::Shown() const
+{
+    CorvexSG::Shape* preview = nullptr;
+    m_parts.material.get_csMaterialShape(preview);
+    const auto* shape = dynamic_cast<const StudioShape*>(preview);
+    return shape != nullptr ? shape->Applied().gathered : nullptr;
+}
+
+const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
+{
+    const auto shown = Shown();
+    return shown != nullptr ? &shown->material : nullptr;
+}
+
+void MaterialLink::ApplyEdit(const MaterialEdit& edit)
+{
+    const auto coordinates = WrapsAnew(edit) ? Coordinates::Wrapped : Coordinates::Kept;
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : m_parts.selection.All()) {
+        changes.push_back({shape, shape->Applied(), shape->Applied()});
+        if (const Status status = Apply(*shape, coordinates); status != Status::Success) {
+            PutBack(changes);
+            Q_EMIT Failed(tr("The material was not applied"), status);
+            return;
+        }
+        changes.back().after = shape->Applied();
+    }
+    Push(std::move(changes), FieldsOf(edit));
+}
+
+Status MaterialLink::Apply(StudioShape& shape, Coordinates coordinates)
+{
+    const CorvexDB::udtMaterial* const shown = ShownMaterial();
+    const bool makesNewCoordinates =
+        coordinates == Coordinates::Wrapped ||
+        (shown != nullptr && Differ(shape.Material(), *shown, MakesCoordinates));
+    return m_parts.material.ApplyShapeMaterial(m_parts.scene, shape, makesNewCoordinates,
+                                               m_parts.scene.RootGroup(),
+                                               m_parts.scene.CameraGroup(), {}, {}, false, {}, {});
+}
+
+void MaterialLink::Make(std::vector<ShapeChange> changes)
+{
+    for (const ShapeChange& change : changes) {
+        change.shape->SetApplied(change.after);
+    }
+    FieldSet fields = Differences(changes);
+    Push(std::move(changes), std::move(fields));
+    ShowSelected();
+}
+
+void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
+                       const CorvexDB::udtMaterial& material)
+{
+    const AppliedMaterial before = shape->Applied();
+    const auto coordinates = Differ(before.gathered->material, material, MakesCoordinates)
+                                 ? CorvexSG::CoordinateMode::FromWrap
+                                 : before.coordinates;
+    auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
+    gathered->material = material;
+    gathered->applyMode = before.gathered->applyMode;
+    Make({{shape, before, {std::move(gathered), coordinates}}});
+}
+
+void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
+{
+    if (std::ranges::all_of(changes, ChangesNothing)) {
+        return;
+    }
+    const bool isSeen = std::ranges::any_of(changes, LooksDifferent);
+    m_parts.history.push(
+        new MaterialCommand(std::move(changes), std::move(fields), m_clock(),
+                            [this](const ShapeList& shapes) { ShowAgain(shapes); }));
+    if (isSeen) {
+        Q_EMIT ShapesChanged();
+    }
+}
+
+void MaterialLink::ShowSelected()
+{
+    const auto latest = m_parts.selection.Latest();
+    if (latest == nullptr) {
+        return;
+    }
+    const Status status = Show(*latest->Applied().gathered);
+    if (status != Status::Success) {
+        Q_EMIT Failed(tr("The material of the shape cannot be shown"), status);
+    }
+}
+
+// The way of applying is no part of the record, but it is the shape's too: an edit of anything else
+// must leave it alone.
+Status MaterialLink::Show(const CorvexSG::GatheredMaterial& gathered)
+{
+    CorvexDB::ApplyMode shown{};
+    Status status = m_parts.material.get_ApplyRelative(shown);
+    if (status == Status::Success && shown != gathered.applyMode) {
+        status = m_parts.material.put_ApplyRelative(gathered.applyMode);
+    }
+    return status == Status::Success ? m_parts.material.CopyFieldToFormMaterial(gathered.material)
+                                     : status;
+}
+
+void MaterialLink::ShowAgain(const ShapeList& shapes)
+{
+    // The order matters: the last one is shown in the panel. A selection that stays tells nobody.
+    const bool selectionStays = m_parts.selection.All() == shapes;
+    m_parts.selection.Set(shapes);
+    if (selectionStays) {
+        ShowSelected();
+    }
+    Q_EMIT ShapesChanged();
+}
+
+std::chrono::milliseconds SteadyNow()
+{
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+}  // namespace studio

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "MaterialCommand.h"
+#include "Selection.h"
+#include "StudioScene.h"
+#include <CorvexMaterial/Material.h>
+
+#include <QObject>
+#include <QUndoStack>
+
+namespace studio {
+
+/// What the link connects; all of it outlives the link.
+struct LinkedParts {
+    CorvexMaterial::Material& material;
+    StudioScene& scene;
+    Selection& selection;
+    QUndoStack& history;
+};
+
+/// Keeps the material panel and the selected shapes together: an edit in the panel goes to every
+/// selected shape as one undo step, and the shape chosen last shows its material in the panel. A
+/// chosen wrap, be it the one that was chosen already, takes shapes the coordinates of their mesh.
+class MaterialLink : public QObject {
+    Q_OBJECT
+
+public:
+    /// Milliseconds of a clock that never goes back.
+    using Clock = std::function<std::chrono::milliseconds()>;
+
+    MaterialLink(LinkedParts parts, Clock clock, QObject* parent = nullptr);
+
+    /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
+    void Make(std::vector<ShapeChange> changes);
+    /// Gives one shape a material that does not come from the panel, as one undo step.
+    void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material);
+    /// The material that the panel shows now; null before the preview scene is built.
+    [[nodiscard]] const CorvexDB::udtMaterial* ShownMaterial() const;
+
+Q_SIGNALS:
+    /// Shapes look different now.
+    void ShapesChanged();
+    /// The control refused an operation.
+    void Failed(const QString& what, CorvexMaterial::Status status);
+
+private:
+    enum class Coordinates { Kept, Wrapped };
+
+    void ApplyEdit(const CorvexMaterial::MaterialEdit& edit);
+    [[nodiscard]] std::shared_ptr<const CorvexSG::GatheredMaterial> Shown() const;
+    [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
+    void Push(std::vector<ShapeChange> changes, FieldSet fields);
+    void ShowSelected();
+    [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);
+    void ShowAgain(const ShapeList& shapes);
+
+    LinkedParts m_parts;
+    Clock m_clock;
+};
+
+/// The clock of everyday use.
+[[nodiscard]] std::chrono::milliseconds SteadyNow();
+
+}  // namespace studio

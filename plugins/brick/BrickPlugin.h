@@ -1,0 +1,18 @@
+#pragma once
+
+#include <CorvexMaterial/MaterialPlugin.h>
+
+#include <QObject>
+
+/// Brickwork in several bonds.
+class BrickPlugin : public QObject, public CorvexPlugin::MaterialPlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID CorvexMaterialPlugin_iid)
+    Q_INTERFACES(CorvexPlugin::MaterialPlugin)
+
+public:
+    std::string Name() const override { return "Brick"; }
+    std::vector<CorvexPlugin::Parameter> Parameters() const override;
+    void Generate(const CorvexPlugin::Request& request,
+                  CorvexPlugin::Texture& texture) const override;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+// What the control's signal `Edited` tells. For hosts too: standard C++17, nothing but the standard
+// library.
+
+#include <CorvexMaterial/Attribute.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace CorvexMaterial {
+
+/// Of the type that the member of the record has; colours, list positions and enumerations are
+/// whole numbers, the parameters of a plug-in a list.
+using EditedValue = std::variant<std::int32_t, float, bool, std::string, std::vector<float>>;
+
+struct EditedRow {
+    Attribute attribute{};
+    std::size_t element = 0;  ///< which of the custom fields, from 0; 0 of every other attribute
+    EditedValue value;
+};
+
+/// One edit of the user: what he touched, with the values that he gave it, be they those that the
+/// panel showed before. Each attribute, and each custom field, stands in it once, in the order of
+/// `Attribute`.
+///
+/// What only means something together comes together: a plug-in and its parameters, the raytrace
+/// type with the predefined type and material, the fractions of a crop, those of a pattern colour.
+struct MaterialEdit {
+    std::vector<EditedRow> rows;  ///< never empty
+    /// Another material was put in the place of the old one, from a library or from the defaults,
+    /// and these are all the rows that it brings.
+    bool isWhole = false;
+};
+
+}  // namespace CorvexMaterial

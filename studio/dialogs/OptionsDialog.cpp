@@ -1,0 +1,172 @@
+#include "OptionsDialog.h"
+
+#include "RaytracerField.h"
+#include "SettingNames.h"
+#include "StudioSettings.h"
+#include "ui_OptionsDialog.h"
+#include <CorvexMaterial/SettingsNames.h>
+
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QPainter>
+
+namespace studio {
+
+using CorvexMaterial::kBackgroundMaterialKey;
+using CorvexMaterial::kBackgroundTextureKey;
+
+namespace {
+
+// The control's own are nearly white, which glares in a dark window.
+constexpr CorvexMaterial::Colour kGraphite = 0x2D2926;
+constexpr CorvexMaterial::Colour kSlate = 0x453D38;
+
+QColor Shown(CorvexMaterial::Colour colour)
+{
+    const auto bytes = CorvexMaterial::BytesOf(colour);
+    return {bytes.red, bytes.green, bytes.blue};
+}
+
+void PaintSwatch(QPushButton* button, CorvexMaterial::Colour colour)
+{
+    // The right end stays empty: a gap to the text.
+    const qreal ratio = button->devicePixelRatioF();
+    QPixmap swatch(button->iconSize() * ratio);
+    swatch.setDevicePixelRatio(ratio);
+    swatch.fill(Qt::transparent);
+    QPainter painter(&swatch);
+    painter.setPen(button->palette().color(QPalette::PlaceholderText));
+    painter.setBrush(Shown(colour));
+    painter.drawRect(QRectF(QPointF(0.5, 0.5), QSizeF(button->iconSize()) - QSizeF(9, 1)));
+    painter.end();
+    button->setIcon(swatch);
+    button->setText(Shown(colour).name());
+}
+
+}  // namespace
+
+StudioColours ReadColours(const StudioSettings& settings)
+{
+    return {settings.Number(kPreviewBackgroundSetting, kSlate),
+            settings.Number(kViewportBackgroundSetting, kSlate),
+            settings.LibraryBackground(kBackgroundMaterialKey, kGraphite),
+            settings.LibraryBackground(kBackgroundTextureKey, kGraphite)};
+}
+
+void ProvideColours(StudioSettings& settings)
+{
+    const StudioColours colours = ReadColours(settings);
+    settings.SetLibraryBackground(kBackgroundMaterialKey, colours.materialLibrary);
+    settings.SetLibraryBackground(kBackgroundTextureKey, colours.textureLibrary);
+}
+
+OptionsDialog::OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
+                             QWidget* parent, std::span<const SceneWriter> raytracers)
+    : QDialog(parent), m_settings(settings), m_ui(std::make_unique<Ui::OptionsDialog>()),
+      m_colours(ReadColours(settings))
+{
+    m_ui->setupUi(this);
+    AddRaytracers(raytracers, processes);
+    ShowSettings();
+    BindColour(m_ui->viewportColour, &StudioColours::viewport);
+    BindColour(m_ui->previewColour, &StudioColours::preview);
+    BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
+    BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
+    connect(m_ui->customFields, &QPlainTextEdit::textChanged, this, &OptionsDialog::ShowMoves);
+    connect(m_ui->moveFields, &QCheckBox::toggled, this, &OptionsDialog::ShowMoves);
+    connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
+    connect(m_ui->removeFolder, &QPushButton::clicked, this,
+            [this] { delete m_ui->folders->currentItem(); });
+    connect(m_ui->folders, &QListWidget::currentRowChanged, m_ui->removeFolder,
+            [this](int row) { m_ui->removeFolder->setEnabled(row >= 0); });
+}
+
+OptionsDialog::~OptionsDialog() = default;
+
+void OptionsDialog::ShowSettings()
+{
+    m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
+    const int raytracer = m_settings.Number(kRaytracerSetting, 0);
+    m_ui->raytracer->setCurrentIndex(std::max(0, m_ui->raytracer->findData(raytracer)));
+    m_ui->folders->addItems(m_settings.List(kSearchFoldersSetting));
+    m_fields = m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts);
+    m_ui->customFields->setPlainText(m_fields.join(u'\n'));
+    ShowMoves();
+    m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
+}
+
+// The n-th name is that of the n-th value in every material: an empty line keeps its place.
+QStringList OptionsDialog::FieldNames() const
+{
+    return m_ui->customFields->toPlainText().split(u'\n').mid(0, CorvexDB::kCustomFieldCount);
+}
+
+FieldMoves OptionsDialog::Moves() const
+{
+    return m_ui->moveFields->isChecked() ? MovesOf(m_fields, FieldNames()) : kNoFieldMoves;
+}
+
+void OptionsDialog::ShowMoves()
+{
+    m_ui->moveFields->setVisible(MovesOf(m_fields, FieldNames()) != kNoFieldMoves);
+    const QString note = NoteOn(Moves(), m_fields, FieldNames());
+    m_ui->fieldsNote->setText(note);
+    m_ui->fieldsNote->setVisible(!note.isEmpty());
+}
+
+void OptionsDialog::AddRaytracers(std::span<const SceneWriter> raytracers,
+                                  CorvexMaterial::ProcessStarter& processes)
+{
+    for (const SceneWriter& writer : raytracers) {
+        const CorvexMaterial::RaytracerRow& row = *writer.raytracer;
+        m_ui->raytracer->addItem(tr(row.name.data()), static_cast<int>(row.kind));
+        auto* field =
+            new RaytracerField(writer, processes, m_settings.RaytracerProgram(row.program), this);
+        m_ui->raytracingTabLayout->addRow(tr(row.program.label.data()), field);
+        m_raytracers.push_back(field);
+    }
+}
+
+void OptionsDialog::BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour)
+{
+    PaintSwatch(button, m_colours.*colour);
+    connect(button, &QPushButton::clicked, this, [this, button, colour] {
+        const QColor chosen = QColorDialog::getColor(Shown(m_colours.*colour), this);
+        if (chosen.isValid()) {
+            m_colours.*colour =
+                CorvexMaterial::MakeColour({chosen.red(), chosen.green(), chosen.blue()});
+            PaintSwatch(button, m_colours.*colour);
+        }
+    });
+}
+
+void OptionsDialog::AddFolder()
+{
+    const QString folder = QFileDialog::getExistingDirectory(this, tr("Search Folder"));
+    if (!folder.isEmpty() && m_ui->folders->findItems(folder, Qt::MatchExactly).isEmpty()) {
+        m_ui->folders->addItem(folder);
+    }
+}
+
+void OptionsDialog::Store() const
+{
+    QStringList folders;
+    for (int row = 0; row < m_ui->folders->count(); ++row) {
+        folders << m_ui->folders->item(row)->text();
+    }
+    m_settings.SetNumber(kPreviewBackgroundSetting, m_colours.preview);
+    m_settings.SetNumber(kViewportBackgroundSetting, m_colours.viewport);
+    m_settings.SetLibraryBackground(kBackgroundMaterialKey, m_colours.materialLibrary);
+    m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
+    m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
+    m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentData().toInt());
+    for (const RaytracerField* field : m_raytracers) {
+        m_settings.SetRaytracerProgram(field->Raytracer().program, field->Text());
+    }
+    m_settings.SetList(kSearchFoldersSetting, folders);
+    m_settings.SetList(kCustomFieldsSetting, FieldNames());
+    m_settings.SetText(kSupportSiteSetting, m_ui->supportSite->text().trimmed());
+    m_settings.Flush();
+}
+
+}  // namespace studio

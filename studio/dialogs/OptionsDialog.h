@@ -1,0 +1,67 @@
+#pragma once
+
+#include "FieldMoves.h"
+#include "SceneWriters.h"
+#include <CorvexMaterial/Colour.h>
+#include <CorvexMaterial/Processes.h>
+
+#include <QDialog>
+
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace Ui {
+class OptionsDialog;
+}
+
+namespace studio {
+
+class RaytracerField;
+class StudioSettings;
+
+/// The colours behind preview, viewport and the two library browsers.
+struct StudioColours {
+    CorvexMaterial::Colour preview = 0;
+    CorvexMaterial::Colour viewport = 0;
+    CorvexMaterial::Colour materialLibrary = 0;
+    CorvexMaterial::Colour textureLibrary = 0;
+};
+
+[[nodiscard]] StudioColours ReadColours(const StudioSettings& settings);
+/// Stores the colours of the libraries, which the panel's dialogs look up for themselves.
+void ProvideColours(StudioSettings& settings);
+
+/// Edits the studio's own settings. Nothing is written unless the user accepts.
+class OptionsDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Settings, processes and raytracers outlive the dialog.
+    OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
+                  QWidget* parent = nullptr,
+                  std::span<const SceneWriter> raytracers = SceneWriters());
+    ~OptionsDialog() override;
+
+    /// What the user wants done with the values of custom fields whose names have moved.
+    [[nodiscard]] FieldMoves Moves() const;
+    /// Writes what is shown to the settings. Errors: FileFailed.
+    void Store() const;
+
+private:
+    void ShowSettings();
+    void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);
+    void AddFolder();
+    void AddRaytracers(std::span<const SceneWriter> raytracers,
+                       CorvexMaterial::ProcessStarter& processes);
+    void ShowMoves();
+    [[nodiscard]] QStringList FieldNames() const;
+
+    StudioSettings& m_settings;
+    std::unique_ptr<Ui::OptionsDialog> m_ui;
+    StudioColours m_colours;
+    std::vector<RaytracerField*> m_raytracers;
+    QStringList m_fields;  ///< the names so far
+};
+
+}  // namespace studio

@@ -1,0 +1,37 @@
+#include "WaitDialog.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+
+namespace studio {
+namespace {
+
+constexpr int kShowAfterMilliseconds = 400;
+
+}  // namespace
+
+WaitDialog::WaitDialog(const QString& text, QWidget* parent, int steps)
+    : QProgressDialog({}, tr("Cancel"), 0, steps, parent)
+{
+    auto* label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    setLabel(label);
+    setWindowTitle(QStringLiteral("Corvex"));
+    setWindowModality(Qt::WindowModal);
+    setMinimumDuration(kShowAfterMilliseconds);
+    m_shownLater.start();
+}
+
+bool WaitDialog::Cancelled()
+{
+    if (m_shownLater.hasExpired(kShowAfterMilliseconds)) {
+        if (!isVisible() && !wasCanceled()) {
+            show();
+        }
+        QCoreApplication::processEvents();
+    }
+    return wasCanceled();
+}
+
+}  // namespace studio

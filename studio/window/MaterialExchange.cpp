@@ -1,0 +1,228 @@
+#include "MaterialExchange.h"
+
+#include "Interchange.h"
+#include "LibraryReading.h"
+#include "ReportDialog.h"
+#include "SqliteMaterialLibrary.h"
+#include "StoredPath.h"
+#include "StudioHost.h"
+#include "Thumbnailer.h"
+#include "WaitDialog.h"
+#include <CorvexMaterial/Status.h>
+
+#include <QAction>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+
+namespace studio {
+namespace {
+
+/// While one waits for a file.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+// An entry that is damaged keeps no other from being written; the report names it.
+std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
+{
+    std::vector<NamedMaterial> materials;
+    for (std::int32_t index = 0; index < library.Count(); ++index) {
+        std::string name = "?";
+        try {
+            name = library.NameAt(index);
+            MaterialReading reading = ReadMaterial(library, index);
+            for (const std::string& problem : reading.problems) {
+                report.Add({name, "entry of the library", Outcome::Approximated, problem});
+            }
+            materials.push_back({name, std::move(reading.material)});
+        } catch (const CorvexMaterial::Error& error) {
+            report.Add({name, "entry of the library", Outcome::Dropped, error.what()});
+        }
+    }
+    return materials;
+}
+
+}  // namespace
+
+MaterialExchange::MaterialExchange(StudioHost& host, ImportProgram importer, QWidget& window)
+    : QObject(&window), m_host(host), m_importer(std::move(importer)), m_window(window)
+{
+}
+
+void MaterialExchange::AddTo(QMenu& menu)
+{
+    menu.addAction(tr("&Import Materials..."), this, &MaterialExchange::ChooseImport)
+        ->setObjectName(QStringLiteral("importMaterials"));
+    menu.addAction(tr("E&xport Materials..."), this, &MaterialExchange::ChooseExport)
+        ->setObjectName(QStringLiteral("exportMaterials"));
+    m_lastReport = menu.addAction(tr("Last Repor&t..."), this, &MaterialExchange::ShowLast);
+    m_lastReport->setObjectName(QStringLiteral("lastReport"));
+    m_lastReport->setEnabled(false);
+}
+
+LibraryFile* MaterialExchange::OpenLibrary()
+{
+    LibraryFile* library = m_host.Materials().File();
+    if (library == nullptr) {
+        Q_EMIT Refused(tr("No material library is open. Open or create one first."));
+    }
+    return library;
+}
+
+template <typename Work>
+void MaterialExchange::Reporting(const Work& work)
+{
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+        Q_EMIT Refused(tr("There is not enough memory for it. Nothing was changed."));
+    } catch (const std::exception& error) {
+        Q_EMIT Refused(QString::fromUtf8(error.what()));
+    }
+}
+
+void MaterialExchange::ChooseImport()
+{
+    if (OpenLibrary() == nullptr) {
+        return;
+    }
+    const QString file = QFileDialog::getOpenFileName(&m_window, tr("Import Materials"), m_folder,
+                                                      ImportFilters().join(QStringLiteral(";;")));
+    if (!file.isEmpty()) {
+        Import(file);
+    }
+}
+
+void MaterialExchange::ChooseExport()
+{
+    if (OpenLibrary() == nullptr) {
+        return;
+    }
+    QFileDialog dialog(&m_window, tr("Export Materials"), m_folder);
+    // A desktop's own dialog would ask about the name before it has its extension.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(ExportFilters());
+    const auto follow = [&dialog](const QString& filter) {
+        dialog.setDefaultSuffix(SuffixOfFilter(filter));
+    };
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+    follow(dialog.selectedNameFilter());
+    if (dialog.exec() == QDialog::Accepted) {
+        Export(dialog.selectedFiles().value(0));
+    }
+}
+
+void MaterialExchange::Import(const QString& file)
+{
+    LibraryFile* library = OpenLibrary();
+    if (library == nullptr) {
+        return;
+    }
+    if (!library->ReadOnlyReason().empty()) {
+        Q_EMIT Refused(QString::fromStdString(library->ReadOnlyReason()));
+        return;
+    }
+    m_folder = QFileInfo(file).absolutePath();
+    Reporting([&] {
+        Report report;
+        const auto materials = Read(file, FolderOf(library->Path()), report);
+        const auto entries = materials ? EntriesOf(*materials, *library) : std::nullopt;
+        if (entries) {
+            const std::vector<EntryId> ids = library->Add(*entries);
+            Q_EMIT Imported({LibraryChange::Kind::Added, library->Path(), ids});
+            Show(tr("Materials Imported"), report, materials->size());
+        }
+    });
+}
+
+std::optional<std::vector<NamedMaterial>>
+MaterialExchange::Read(const QString& file, const std::string& pictureFolder, Report& report)
+{
+    WaitDialog progress(tr("Reading %1...").arg(QFileInfo(file).fileName()), &m_window);
+    ImportProgram importer = m_importer;
+    importer.cancelled = [&progress] { return progress.Cancelled(); };
+    const WaitCursor waiting;
+    try {
+        importer.pictureFolder = pictureFolder;
+        return ImportMaterials(file.toStdString(), report, importer);
+    } catch (const CorvexMaterial::Error&) {
+        if (progress.wasCanceled()) {
+            return std::nullopt;
+        }
+        throw;
+    }
+}
+
+std::optional<std::vector<NewEntry>>
+MaterialExchange::EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library)
+{
+    WaitDialog progress(tr("Drawing the thumbnails..."), &m_window,
+                        static_cast<int>(materials.size()));
+    const FieldNames fields = m_host.Get().customFields.GetCustomMaterialFieldNames();
+    std::vector<NewEntry> entries;
+    for (const NamedMaterial& named : materials) {
+        entries.push_back(EntryOfMaterial(named, FolderOf(library.Path()), fields));
+        entries.back().png = m_host.Thumbnails().PngIfPossible(named.material);
+        progress.setValue(static_cast<int>(entries.size()));
+        if (progress.wasCanceled()) {
+            return std::nullopt;
+        }
+    }
+    return entries;
+}
+
+void MaterialExchange::Export(const QString& file)
+{
+    LibraryFile* library = OpenLibrary();
+    if (library == nullptr) {
+        return;
+    }
+    m_folder = QFileInfo(file).absolutePath();
+    Reporting([&] {
+        Report report;
+        std::size_t count = 0;
+        {
+            const WaitCursor waiting;
+            const std::vector<NamedMaterial> materials = MaterialsIn(*library, report);
+            count = materials.size();
+            if (materials.empty()) {
+                throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                            library->Path() +
+                                                ": it has no material that can be written");
+            }
+            ExportMaterials(file.toStdString(), materials, report);
+        }
+        Show(tr("Materials Exported"), report, count);
+    });
+}
+
+QString MaterialExchange::Keep(const QString& title, const Report& report, std::size_t materials)
+{
+    m_title = title;
+    m_summary = SummaryOf(report, materials);
+    m_report = report;
+    m_lastReport->setEnabled(true);
+    return report.Count(Outcome::Mapped) == report.Rows().size() ? QString() : m_summary;
+}
+
+void MaterialExchange::Show(const QString& title, const Report& report, std::size_t materials)
+{
+    Keep(title, report, materials);
+    ShowLast();
+}
+
+void MaterialExchange::ShowLast()
+{
+    auto* dialog = new ReportDialog(m_title, m_summary, m_report, &m_window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+}
+
+}  // namespace studio

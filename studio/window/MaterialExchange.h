@@ -1,0 +1,67 @@
+#pragma once
+
+#include "LibraryChange.h"
+#include "MaterialText.h"
+#include "ModelImport.h"
+#include "Report.h"
+
+#include <QObject>
+
+#include <optional>
+
+class QAction;
+class QMenu;
+class QWidget;
+
+namespace studio {
+
+class LibraryFile;
+class StudioHost;
+
+/// Takes materials of other programs into the open library and writes those of it for them, and
+/// shows what became of their properties.
+class MaterialExchange : public QObject {
+    Q_OBJECT
+
+public:
+    /// The host outlives this object, the window is its parent.
+    MaterialExchange(StudioHost& host, ImportProgram importer, QWidget& window);
+
+    void AddTo(QMenu& menu);
+    void Import(const QString& file);
+    void Export(const QString& file);
+    /// Keeps what became of materials that came in another way, to be shown when it is asked for.
+    /// Returns a summary; empty when nothing was lost.
+    QString Keep(const QString& title, const Report& report, std::size_t materials);
+
+Q_SIGNALS:
+    /// The open library has new entries.
+    void Imported(const studio::LibraryChange& change);
+    /// Something could not be done; a person has to know.
+    void Refused(const QString& message);
+
+private:
+    void ChooseImport();
+    void ChooseExport();
+    [[nodiscard]] LibraryFile* OpenLibrary();
+    template <typename Work>
+    void Reporting(const Work& work);
+    // Both nothing when the user has cancelled.
+    [[nodiscard]] std::optional<std::vector<NamedMaterial>>
+    Read(const QString& file, const std::string& pictureFolder, Report& report);
+    [[nodiscard]] std::optional<std::vector<NewEntry>>
+    EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
+    void ShowLast();
+    void Show(const QString& title, const Report& report, std::size_t materials);
+
+    StudioHost& m_host;
+    ImportProgram m_importer;
+    QWidget& m_window;
+    QString m_folder;  ///< of the last file
+    QAction* m_lastReport = nullptr;
+    QString m_title;
+    QString m_summary;
+    Report m_report;
+};
+
+}  // namespace studio

@@ -1,0 +1,61 @@
+#include "Studio.h"
+
+#include "EndRequests.h"
+#include "EventLog.h"
+#include "MainWindow.h"
+#include "ShippedLibraries.h"
+#include "StudioDesktop.h"
+#include "StudioHost.h"
+#include "Terminal.h"
+#include "Theme.h"
+
+namespace studio {
+namespace {
+
+ExitCode RunWindow(const QString& model)
+{
+    const EndRequests requests;
+    const StudioProfile profile = UserProfile();
+    const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
+    StudioDesktop desktop;
+    StudioHost host(profile, desktop.OwnSettings(), desktop.Get().processes);
+    for (const QString& problem : problems) {
+        host.Log().RecordEvent(problem.toStdString());
+    }
+    MainWindow window(host, desktop.Get());
+    desktop.SetWindow(&window);
+    QObject::connect(&requests, &EndRequests::Asked, &window, [&] {
+        desktop.SetMuted(true);
+        window.QuitUnasked();
+    });
+    QObject::connect(&requests, &EndRequests::SaveAsked, &window, [&] {
+        desktop.SetMuted(true);
+        window.Save();
+        desktop.SetMuted(false);
+    });
+    window.show();
+    if (!model.isEmpty()) {
+        window.OpenFile(model);
+    }
+    return QApplication::exec() == 0 ? ExitCode::Done : ExitCode::Failed;
+}
+
+}  // namespace
+
+void NameApplication(QApplication& application)
+{
+    QApplication::setApplicationName(QLatin1String(kStudioName));
+    QApplication::setApplicationDisplayName(QStringLiteral("Corvex Studio"));
+    QApplication::setApplicationVersion(QStringLiteral(CORVEX_VERSION));
+    ApplyTheme(application);
+}
+
+ExitCode RunStudio(int& argc, char** argv, const QString& model)
+{
+    PrintMessagesOfToolkit();
+    QApplication application(argc, argv);
+    NameApplication(application);
+    return RunWindow(model);
+}
+
+}  // namespace studio

@@ -1,0 +1,277 @@
+// The same material in the viewport and in POV-Ray.
+
+#include "PictureDifference.h"
+#include "SceneWriters.h"
+#include "SphereGrid.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <span>
+
+namespace {
+
+using namespace StudioRaytraceTest;
+using CorvexDB::udtMaterial;
+
+constexpr int kSide = kSanitized ? 64 : 256;
+constexpr double kLargestMean = 5.0;
+
+QColor Checks(int x, int y)
+{
+    return (x / 8 + y / 8) % 2 == 0 ? QColor(230, 60, 40) : QColor(40, 4 * x, 4 * y);
+}
+
+QColor Bumps(int x, int y)
+{
+    const double height = std::sin(x * 0.39269908) * std::sin(y * 0.39269908);
+    const int grey = static_cast<int>(127.5 + 127.5 * height);
+    return {grey, grey, grey};
+}
+
+QColor Discs(int x, int y)
+{
+    const double radius = std::hypot(x % 16 - 8.0, y % 16 - 8.0);
+    return {90, 160, 60, radius < 6.0 ? 255 : 0};
+}
+
+QColor Sky(int x, int y)
+{
+    return y < 32 ? QColor(120 + 2 * x, 170, 250) : QColor(90, 60 + 2 * x, 40);
+}
+
+struct Case {
+    const char* name;
+    void (*change)(udtMaterial&, RaytraceRig&);
+    double mean = 1.0;         ///< at most; of 255
+    double similarity = 0.98;  ///< at least
+    bool wrapped = false;      ///< the material says where its images lie, not the mesh
+};
+
+const std::array kCases{
+    Case{"plain", [](udtMaterial& m, RaytraceRig&) { m.Color = 0x4060C0; }},
+    Case{"shiny",
+         [](udtMaterial& m, RaytraceRig&) {
+             m.Color = 0x208040;
+             m.Specular = 90;
+             m.Ambient = 0;
+         }},
+    Case{"emissive",
+         [](udtMaterial& m, RaytraceRig&) {
+             m.Color = 0x20A0F0;
+             m.Emissive = 80;
+         }},
+    Case{"transparent",
+         [](udtMaterial& m, RaytraceRig&) {
+             m.Color = 0xC08040;
+             m.Transparency = 60;
+             m.Specular = 50;
+         }},
+    Case{"textured, overlaid",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x80C0FF;
+             m.Textures.primary = rig.Image("p.png", Checks);
+             m.Textures.overlay = rig.Image("o.png", Discs);
+             m.OverlayTranslucency = 25.0F;
+         }},
+    Case{"cropped, flipped",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Textures.primary = rig.Image("p.png", Checks);
+             m.Placement = {0.25F, 0.125F, 0.5F, 0.25F};
+             m.WrapOrientationU = true;
+         }},
+    Case{"tiled flat",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Textures.primary = rig.Image("p.png", Checks);
+             m.Wrap = CorvexDB::WrapType::Flat;
+             m.TilesPerUnit = 1.5F;
+         },
+         3.0, 0.9, true},
+    Case{"cylindrical wrap",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Textures.primary = rig.Image("p.png", Checks);
+             m.Wrap = CorvexDB::WrapType::Cylindrical;
+         },
+         1.0, 0.98, true},
+    Case{"alpha-tested",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Textures.primary = rig.Image("d.png", Discs);
+             m.AlphaTest = 4;
+             m.AlphaTestReference = 128;
+             m.DoubleSided = true;
+         }},
+    Case{"specular map",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x3030B0;
+             m.Specular = 100;
+             m.Textures.specular = rig.Image("s.png", Checks);
+         }},
+    Case{"bumped",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x50A0E0;
+             m.Specular = 40;
+             m.Textures.bump = rig.Image("b.png", Bumps);
+         },
+         kLargestMean, 0.9},
+    Case{"bumped, wrapped",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x50A0E0;
+             m.Specular = 40;
+             m.Textures.bump = rig.Image("b.png", Bumps);
+             m.Wrap = CorvexDB::WrapType::Cylindrical;
+         },
+         3.0, 0.97, true},
+    Case{"bumped, wide image",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x50A0E0;
+             m.Textures.bump =
+                 rig.Image("w.png", [](int x, int y) { return Bumps(x, 4 * y); }, {64, 16});
+         },
+         kLargestMean, 0.9},
+    Case{"lacquer",
+         [](udtMaterial& m, RaytraceRig&) {
+             m.Color = 0x2020C0;
+             m.RayTrace.Reflection = 1;
+         },
+         5.0, 0.97},
+    Case{"environment",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
+         },
+         2.0, 0.95},
+    Case{"dark metal",
+         [](udtMaterial& m, RaytraceRig& rig) {
+             m.Color = 0x1B1816;
+             m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
+             m.RayTrace.Metallic = true;
+         },
+         4.0},
+};
+constexpr std::size_t kSurrounded = 2;  ///< the last ones
+
+/// A scene as both draw it, and without its shapes.
+struct Compared {
+    QImage drawn;
+    QImage raytraced;
+    QImage empty;
+    QString messages;
+};
+
+Compared Compare(RaytraceRig& rig, const studio::RaytraceScene& scene)
+{
+    Compared compared;
+    compared.drawn = rig.Draw(scene);
+    const Raytraced raytraced = rig.Raytrace(scene);
+    compared.raytraced = raytraced.picture.convertToFormat(QImage::Format_RGB32);
+    compared.messages = raytraced.messages;
+    studio::RaytraceScene nothing = scene;
+    nothing.frame.items.clear();
+    compared.empty = rig.Draw(nothing);
+    return compared;
+}
+
+/// The pictures side by side, for the documentation.
+struct Pairs {
+    std::vector<QImage> pictures;
+    QStringList captions;
+};
+
+void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
+{
+    SphereGrid grid;
+    grid.columns = std::min(static_cast<int>(cases.size()), 4);
+    grid.cell = kSide;
+    grid.yawDegrees = 32.0F;
+    grid.pitchDegrees = 24.0F;
+    for (const Case& each : cases) {
+        each.change(grid.materials.emplace_back(), rig);
+    }
+    studio::RaytraceScene scene = grid.Scene();
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        scene.frame.items[i].coordinates = cases[i].wrapped ? CorvexSG::CoordinateMode::FromWrap
+                                                            : CorvexSG::CoordinateMode::FromMesh;
+    }
+    const Compared compared = Compare(rig, scene);
+    ASSERT_FALSE(compared.raytraced.isNull()) << compared.messages.toStdString();
+    EXPECT_FALSE(compared.messages.contains("Parse Warning")) << compared.messages.toStdString();
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        constexpr int kBand = 2;
+        const Case& each = cases[i];
+        const QImage drawn = compared.drawn.copy(grid.Cell(i));
+        const QImage raytraced = compared.raytraced.copy(grid.Cell(i));
+        const PictureDifference difference = DifferenceOf(
+            drawn, raytraced, InnerMask(drawn, compared.empty.copy(grid.Cell(i)), kBand));
+        std::printf("| %-18s | %.2f | %.3f |\n", each.name, difference.mean, difference.similarity);
+        EXPECT_GT(difference.pixels, kSide * kSide / 8) << each.name;
+        EXPECT_LT(difference.mean, kSanitized ? kLargestMean : each.mean) << each.name;
+        EXPECT_GT(difference.similarity, kSanitized ? 0.0 : each.similarity) << each.name;
+        pairs.pictures.insert(pairs.pictures.end(), {drawn, raytraced});
+        pairs.captions << QLatin1String(each.name)
+                       << QStringLiteral("POV-Ray: %1, %2")
+                              .arg(difference.mean, 0, 'f', 2)
+                              .arg(difference.similarity, 0, 'f', 3);
+    }
+}
+
+TEST(Comparison, PovRayShowsWhatTheViewportShows)
+{
+    RaytraceRig rig;
+    Pairs pairs;
+    const std::span<const Case> cases(kCases);
+    CheckCases(rig, cases.first(cases.size() - kSurrounded), pairs);
+    for (std::size_t i = cases.size() - kSurrounded; i < cases.size(); ++i) {
+        CheckCases(rig, cases.subspan(i, 1), pairs);  // each would be mirrored by the others
+    }
+    Keep(Sheet(pairs.pictures, 6, pairs.captions), "raytrace-compare.png");
+}
+
+/// Rays that a shape's inside sends back to itself are the more the longer they may live.
+TEST(Mirrors, HaveAnEndInsideOfAShape)
+{
+    RaytraceRig rig;
+    const std::string grey = rig.Image("g.png", [](int, int) { return QColor(128, 128, 128); });
+    for (const bool glass : {false, true}) {
+        studio::RaytraceScene scene = SceneWith(Sphere(), [&](udtMaterial& m) {
+            m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
+            m.Textures.specular = grey;
+            m.DoubleSided = glass;
+            m.Transparency = glass ? 80 : 0;
+        });
+        scene.frame.width = scene.frame.height = 32;
+        const QString messages = rig.Raytrace(scene, false).messages;
+        const QRegularExpression count("Reflected Rays: +(\\d+)");
+        const auto found = count.match(messages);
+        ASSERT_TRUE(found.hasMatch()) << messages.toStdString();
+        EXPECT_LT(found.captured(1).toInt(), 10 * 32 * 32) << (glass ? "glass" : "stone");
+    }
+}
+
+TEST(Losses, AreToldWithTheirShapes)
+{
+    SphereGrid grid;
+    for (const char* file : {"", "/sky.png", "/room.png", "/sky.png", "/room.png"}) {
+        grid.materials.emplace_back().Textures.environment = file;
+    }
+    grid.materials[4].RayTrace.MaterialType = 1;  // mirrors whatever there is
+    grid.materials[0].Textures.bump = "/bump.png";
+    grid.materials[0].RayTrace.Brilliance = 7.0F;
+    grid.materials[1].RayTrace.ColorPattern = 3;
+    grid.materials[1].Textures.primary = "/~CVX1.jpg";
+    grid.materials[2].RayTrace.ColorPattern = 3;
+    const studio::RaytraceScene scene = grid.Scene();
+    const auto note = [&scene](CorvexDB::Raytracer kind) {
+        return studio::LossNote(CorvexMaterial::RowOf(kind), scene, {}).toStdString();
+    };
+    EXPECT_EQ(note(CorvexDB::Raytracer::PovRay),
+              "POV-Ray does not show: environment maps but the first (shapes: 1).");
+    EXPECT_EQ(note(CorvexDB::Raytracer::RenderMan),
+              "RenderMan does not show: brilliance (shapes: 1), color patterns (shapes: 1), "
+              "predefined materials (shapes: 1), bump maps (shapes: 1), "
+              "textures and environment maps at once (shapes: 1).");
+    EXPECT_EQ(studio::LossNote(CorvexMaterial::RowOf(CorvexDB::Raytracer::PovRay), {}, {}), "");
+}
+
+}  // namespace

@@ -1,0 +1,330 @@
+#include "ParametricMesh.h"
+#include "RaytraceRig.h"
+#include "RibReader.h"
+#include "StudioSceneExporter.h"
+#include "Testing.h"
+
+#include <cmath>
+
+namespace {
+
+using namespace StudioRaytraceTest;
+using CorvexDB::udtMaterial;
+using testing::IsEmpty;
+
+QColor Corners(int x, int y)
+{
+    return {x < 32 ? 250 : 20, y < 32 ? 250 : 20, 4 * ((x + y) % 32)};
+}
+
+class Rib : public testing::Test {
+protected:
+    RibFile Written(const Change& change)
+    {
+        RibFile file = ReadRib(rig.RibText(SceneWith(Sphere(), change)));
+        EXPECT_THAT(file.faults, IsEmpty());
+        CheckParameters(Surface(file));
+        return file;
+    }
+    /// The surface of the only shape; that of the backdrop comes before.
+    static const RibRequest& Surface(const RibFile& file) { return *file.All("Surface").back(); }
+    /// Each with its type, and only those that the standard's shader has.
+    static void CheckParameters(const RibRequest& surface)
+    {
+        static const std::map<std::string, std::string> kShaders{
+            {"matte", "Ka Kd"},
+            {"metal", "Ka Ks roughness"},
+            {"shinymetal", "Ka Ks roughness Kr texturename"},
+            {"plastic", "Ka Kd Ks roughness specularcolor"},
+            {"paintedplastic", "Ka Kd Ks roughness specularcolor texturename"},
+        };
+        for (std::size_t i = 1; i < surface.arguments.size(); i += 2) {
+            const std::string declaration = surface.Text(i);
+            const std::size_t blank = declaration.find(' ');
+            ASSERT_NE(blank, std::string::npos) << "no type: " << declaration;
+            EXPECT_THAT(kShaders.at(surface.Text()),
+                        testing::HasSubstr(declaration.substr(blank + 1)));
+        }
+    }
+    static float Value(const RibFile& file, const char* parameter)
+    {
+        const RibArgument* value = Surface(file).Parameter(parameter);
+        return value ? value->numbers.at(0) : -1.0F;
+    }
+
+    RaytraceRig rig;
+    std::string image = rig.Image("картинка.png", Corners);
+};
+
+TEST_F(Rib, ChoosesAStandardShaderThatSaysMost)
+{
+    const std::string simulation = rig.Image("~CVX7.jpg", Corners);
+    struct Look {
+        const char* name;
+        Change change;
+        const char* shader;
+    };
+    const auto stone = [](udtMaterial& m) {
+        m.RayTrace.MaterialType = 1;
+        m.RayTrace.PredefinedType = 2;
+    };
+    const std::vector<Look> looks{
+        {"dull", [](udtMaterial&) {}, "matte"},
+        {"shiny", [](udtMaterial& m) { m.Specular = 50; }, "plastic"},
+        {"mirror without surroundings",
+         [](udtMaterial& m) {
+             m.RayTrace.Reflection = 10;
+             m.RayTrace.Metallic = true;
+         },
+         "metal"},
+        {"mirror", [&](udtMaterial& m) { m.Textures.environment = image; }, "shinymetal"},
+        {"painted", [&](udtMaterial& m) { m.Textures.overlay = image; }, "paintedplastic"},
+        {"painted, mirrors a little",
+         [&](udtMaterial& m) { m.Textures.primary = m.Textures.environment = image; },
+         "paintedplastic"},
+        {"painted, mirrors all",
+         [&](udtMaterial& m) {
+             m.Textures.primary = m.Textures.environment = image;
+             m.RayTrace.Reflection = 9;
+         },
+         "shinymetal"},
+        {"stock stone in place of its images",
+         [&](udtMaterial& m) {
+             stone(m);
+             m.Textures.primary = m.Textures.environment = image;
+         },
+         "plastic"},
+        {"picture of a stock stone",
+         [&](udtMaterial& m) {
+             stone(m);
+             m.Textures.primary = simulation;
+         },
+         "paintedplastic"},
+    };
+    for (const Look& look : looks) {
+        SCOPED_TRACE(look.name);
+        EXPECT_EQ(Surface(Written(look.change)).Text(), look.shader);
+    }
+}
+
+TEST_F(Rib, ReflectionGoesFromTheBodyToWhatIsMirrored)
+{
+    for (const bool surrounded : {false, true}) {
+        const auto mirror = [&](float position) {
+            return Written([&](udtMaterial& m) {
+                m.RayTrace.Reflection = position;
+                m.Textures.environment = surrounded ? image : std::string();
+            });
+        };
+        const RibFile some = mirror(4);
+        const RibFile more = mirror(8);
+        EXPECT_LT(Value(more, "Ka"), Value(some, "Ka"));
+        EXPECT_GT(Value(more, "Ks"), Value(some, "Ks"));
+        EXPECT_FLOAT_EQ(Value(more, "Kr"), surrounded ? 0.8F : -1.0F);
+    }
+}
+
+TEST_F(Rib, APatternsColourIsItsOwnAndNoImagesPartOfIt)
+{
+    const auto colour = [&](const std::string& primary) {
+        const RibFile file = Written([&](udtMaterial& m) {
+            m.Color = 0x0000FF;
+            m.RayTrace.ColorPattern = 5;
+            m.RayTrace.ColorPatternColor = {{{1, 1, 1, 0}, {0, 0, 0, 0}, {}, {}}};
+            m.Textures.primary = primary;
+        });
+        EXPECT_FLOAT_EQ(file.Find("Color")->Numbers().at(1), 0.0F);
+        return file.Find("Color")->Numbers().at(0);
+    };
+    EXPECT_FLOAT_EQ(colour({}), 0.5F) << "two squares of a checker, not four colours";
+    EXPECT_FLOAT_EQ(colour(image), 0.5F);
+    EXPECT_FLOAT_EQ(colour(rig.Image("~CVX8.jpg", Corners)), 1.0F) << "the picture has it already";
+}
+
+QVector3D VectorAt(const std::vector<float>& numbers, std::size_t index)
+{
+    return {numbers.at(3 * index), numbers.at(3 * index + 1), numbers.at(3 * index + 2)};
+}
+
+TEST_F(Rib, HasTheAmountsOfTheMaterial)
+{
+    const RibFile file = Written([](udtMaterial& m) {
+        m.Transparency = 75;
+        m.Specular = 50;
+        m.DoubleSided = true;
+        m.RayTrace.Roughness = 5;
+    });
+    EXPECT_THAT(file.Find("Opacity")->Numbers(), testing::Each(testing::FloatEq(0.25F)));
+    EXPECT_FLOAT_EQ(Value(file, "roughness"), 1.0F / 60.0F);
+    const RibFile rough = Written([](udtMaterial& m) {
+        m.Specular = 50;
+        m.RayTrace.Roughness = 9;
+    });
+    EXPECT_GT(Value(rough, "roughness"), 2.0F / 60.0F);
+    EXPECT_EQ(file.All("Sides").back()->Numbers(), std::vector{2.0F});
+    EXPECT_EQ(rough.All("Sides").back()->Numbers(), std::vector{1.0F});
+}
+
+TEST_F(Rib, SeesAndLightsTheSceneAsTheViewportDoes)
+{
+    studio::RaytraceScene scene = SceneWith(Sphere(), [](udtMaterial&) {});
+    scene.frame.width = 96;
+    scene.frame.height = 64;
+    scene.frame.backdrop = studio::Backdrop::Gradient;
+    const RibFile file = ReadRib(rig.RibText(scene));
+    const studio::Camera& camera = scene.frame.camera;
+    EXPECT_EQ(file.Find("Format")->Numbers(), (std::vector{96.0F, 64.0F, 1.0F}));
+    EXPECT_FLOAT_EQ(file.Find("Projection")->Parameter("fov")->numbers.at(0), 30.0F);
+
+    // To x right, y up and z away.
+    QMatrix4x4 eye;
+    eye.scale(VectorAt(file.Find("Scale")->Numbers(), 0));
+    eye *= QMatrix4x4(file.Find("ConcatTransform")->Numbers().data()).transposed();
+    const auto near = [](const QVector3D& one, const QVector3D& other) {
+        return (one - other).length() < 1.0e-4F;
+    };
+    const QVector3D middle(0.0F, 0.0F, camera.distance);
+    EXPECT_TRUE(near(eye.map(camera.target), middle));
+    EXPECT_TRUE(near(eye.map(camera.target + camera.Right()), middle + QVector3D(1, 0, 0)));
+    EXPECT_TRUE(near(eye.map(camera.target + camera.Up()), middle + QVector3D(0, 1, 0)));
+
+    const auto from = [&](std::size_t light) {
+        return eye.mapVector(
+            VectorAt(file.All("LightSource").at(light)->Parameter("from")->numbers, 0));
+    };
+    const QVector3D key = from(1);
+    EXPECT_TRUE(key.x() < -0.2F && key.y() > 0.2F && key.z() < -0.2F) << "upper left, in front";
+    EXPECT_TRUE(from(2).x() > 0.2F && from(2).z() < -0.2F) << "right, in front";
+    EXPECT_GT(from(3).y(), 0.9F) << "the sky";
+
+    const auto strips = file.All("Polygon");
+    const std::vector<float> upper = strips.front()->Parameter("Cs")->numbers;
+    const std::vector<float> lower = strips.back()->Parameter("Cs")->numbers;
+    EXPECT_GT(upper[0], lower[0]) << "lighter above";
+    for (const auto* strip : {strips.front(), strips.back()}) {
+        for (std::size_t corner = 0; corner < 4; ++corner) {
+            EXPECT_GT(eye.map(VectorAt(strip->Parameter("P")->numbers, corner)).z(),
+                      camera.distance + 1.0F);
+        }
+    }
+}
+
+/// The colour of a painted plane's place, 0 to 1 from its lower left, by the polygons and the image
+/// that a RIB has for it.
+QColor PaintAt(const RibFile& file, const QString& folder, const QVector2D& place)
+{
+    const RibRequest& mesh = *file.All("PointsPolygons").back();
+    const std::vector<float>& corners = mesh.arguments[1].numbers;
+    std::size_t first = 0;
+    for (const float count : mesh.arguments[0].numbers) {
+        const auto at = [&](std::size_t i) {
+            const QVector3D p = VectorAt(mesh.Parameter("P")->numbers,
+                                         static_cast<std::size_t>(corners[first + i]));
+            return QVector2D(p.x(), p.y());
+        };
+        const auto image = [&](std::size_t i) {
+            const std::vector<float>& st = mesh.Parameter("st")->numbers;
+            return QVector2D(st.at(2 * (first + i)), st.at(2 * (first + i) + 1));
+        };
+        for (std::size_t i = 2; i < static_cast<std::size_t>(count); ++i) {
+            const QVector2D ab = at(i - 1) - at(0);
+            const QVector2D ac = at(i) - at(0);
+            const QVector2D ap = place - at(0);
+            const float area = ab.x() * ac.y() - ab.y() * ac.x();
+            const float b = (ap.x() * ac.y() - ap.y() * ac.x()) / area;
+            const float c = (ab.x() * ap.y() - ab.y() * ap.x()) / area;
+            if (b < 0.0F || c < 0.0F || b + c > 1.0F) {
+                continue;
+            }
+            const QVector2D st =
+                image(0) + b * (image(i - 1) - image(0)) + c * (image(i) - image(0));
+            const RibRequest& surface = *file.All("Surface").back();
+            const QImage tile(QDir(folder).filePath(
+                QString::fromStdString(surface.Parameter("texturename")->strings.at(0))));
+            EXPECT_TRUE(st.x() > 0.09F && st.x() < 0.91F && st.y() > 0.09F && st.y() < 0.91F);
+            return tile.pixelColor(static_cast<int>(st.x() * static_cast<float>(tile.width())),
+                                   static_cast<int>(st.y() * static_cast<float>(tile.height())));
+        }
+        first += static_cast<std::size_t>(count);
+    }
+    return {};
+}
+
+TEST_F(Rib, PutsImagesWhereCropFlipAndTilesDo)
+{
+    // The image is there 1.5 times in each direction, from the upper left.
+    const auto plane =
+        studio::ParametricMesh([](float u, float v) { return QVector3D(u, v, 0.0F); }, {1, 1});
+    std::vector<studio::Vertex> vertices = plane->vertices;
+    for (studio::Vertex& vertex : vertices) {
+        vertex.uv = {1.5F * vertex.uv[0], 1.5F * vertex.uv[1] - 0.5F};
+    }
+    const auto mesh = studio::MakeMesh(vertices, plane->indices);
+    for (const bool flip : {false, true}) {
+        studio::RaytraceScene scene = SceneWith(mesh, [&](udtMaterial& m) {
+            m.Textures.primary = image;
+            m.Placement = {0.5F, 0.25F, -0.5F, 1.5F};
+            m.WrapOrientationV = flip;
+        });
+        scene.frame.items.front().coordinates = CorvexSG::CoordinateMode::FromMesh;
+        const RibFile file = ReadRib(rig.RibText(scene));
+        for (const auto& [across, down] :
+             {std::pair{0.1F, 0.1F}, {0.3F, 0.5F}, {0.8F, 0.2F}, {0.9F, 0.8F}}) {
+            const auto tile = [](float tiles) { return tiles - std::floor(tiles); };
+            const float x = tile(0.5F - 0.5F * tile(1.5F * across));
+            const float y = tile(0.25F + 1.5F * tile(flip ? 1.0F - 1.5F * down : 1.5F * down));
+            const QColor painted = PaintAt(file, rig.Folder(), {across, 1.0F - down});
+            EXPECT_EQ(painted.red() > 100, x < 0.5F) << across << ' ' << down << ' ' << flip;
+            EXPECT_EQ(painted.green() > 100, y < 0.5F) << across << ' ' << down << ' ' << flip;
+        }
+    }
+}
+
+TEST_F(Rib, KeepsTheStepsOfDarkImages)
+{
+    const std::string dark = rig.Image("d.png", [](int, int) { return QColor(8, 8, 8); });
+    const RibFile file = Written([&](udtMaterial& m) { m.Textures.primary = dark; });
+    const QImage tile(QDir(rig.Folder())
+                          .filePath(QString::fromStdString(
+                              Surface(file).Parameter("texturename")->strings.at(0))));
+    EXPECT_NEAR(static_cast<double>(tile.pixelColor(9, 9).redF()), 8.0 / 255.0 / 12.92, 2.0e-5);
+}
+
+TEST_F(Rib, HasEachEnvironmentMapMadeBeforeTheWorld)
+{
+    studio::RaytraceScene scene =
+        SceneWith(Sphere(), [&](udtMaterial& m) { m.Textures.environment = image; });
+    scene.frame.items.push_back(scene.frame.items.front());
+    const RibFile file = ReadRib(rig.RibText(scene));
+    const auto made = file.All("MakeLatLongEnvironment");
+    ASSERT_EQ(made.size(), 1U);
+    EXPECT_LT(made.front(), file.Find("WorldBegin"));
+    EXPECT_TRUE(QFile::exists(rig.Folder() + '/' + QString::fromStdString(made.front()->Text())));
+    EXPECT_EQ(made.front()->Text(1), Surface(file).Parameter("texturename")->strings.at(0));
+}
+
+TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
+{
+    studio::RaytraceScene scene = studio::FlatSampleOf(SceneWith(Sphere(), [](udtMaterial& m) {
+        m.Specular = 100;
+        m.RayTrace.ColorPattern = 1;
+        m.RayTrace.ColorPatternColor.fill({0.0F, 1.0F, 0.0F, 0.0F});
+    }));
+    scene.frame.width = 60;
+    scene.frame.height = 20;
+    const RibFile file = ReadRib(rig.RibText(scene));
+    EXPECT_EQ(file.Find("Projection")->Text(), "orthographic");
+    EXPECT_EQ(file.Find("Scale")->Numbers(), (std::vector{3.0F, 1.0F, -1.0F}));
+    EXPECT_EQ(file.Find("Color")->Numbers(), (std::vector{0.0F, 1.0F, 0.0F}));
+    EXPECT_EQ(Surface(file).Text(), "matte") << "a highlight would lie over all of it";
+}
+
+TEST_F(Rib, AnExportNamesAPictureBesideItAndAJobTheOneThatIsLookedFor)
+{
+    studio::RaytraceScene scene = SceneWith(Sphere(), [](udtMaterial&) {});
+    EXPECT_EQ(ReadRib(rig.RibText(scene)).Find("Display")->Text(), "scene.tif");
+    scene.picture = "~CVX1.bmp";
+    EXPECT_EQ(ReadRib(rig.RibText(scene)).Find("Display")->Text(), "~CVX1.bmp");
+}
+
+}  // namespace
