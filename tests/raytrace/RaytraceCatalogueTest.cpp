@@ -13,21 +13,6 @@ namespace {
 
 using namespace CorvexMaterial;
 
-TEST(PatternColours, BlockPatternsTakeTheirColoursOnly)
-{
-    struct Row {
-        const char* name;
-        int swatches;
-        bool frequency;
-    };
-    for (const Row& row : {Row{"None", 0, false}, Row{"Checker", 2, false}, Row{"Brick", 2, false},
-                           Row{"Hexagon", 3, false}, Row{"Agate", 4, true}, Row{"Wood", 4, true}}) {
-        const PatternNeeds needs = NeedsOfColorPattern(row.name);
-        EXPECT_EQ(needs.swatches, row.swatches) << row.name;
-        EXPECT_EQ(needs.frequencyAndTurbulence, row.frequency) << row.name;
-    }
-}
-
 TEST(RaytraceAmounts, StayInsideTheirSlidersWhateverWasStored)
 {
     const float nan = std::numeric_limits<float>::quiet_NaN();
