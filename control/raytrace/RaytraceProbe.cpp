@@ -26,6 +26,11 @@ void RaytraceProbe::Start(std::unique_ptr<PreparedJob> job)
 void RaytraceProbe::End()
 {
     m_look.stop();
+    if (m_work) {
+        m_work->Cancel();
+        while (m_work->GoesOn(kBetweenLooks)) {
+        }
+    }
     m_work.reset();
     m_job.reset();
 }

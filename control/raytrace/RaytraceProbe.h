@@ -23,7 +23,7 @@ public:
     /// Errors: FileFailed when the program cannot be started.
     void Start(std::unique_ptr<PreparedJob> job);
     [[nodiscard]] bool GoesOn() const { return m_work.has_value(); }
-    /// Ends it and waits until it has ended.
+    /// Ends it and waits until it has ended; windows are repainted meanwhile.
     void End();
 
 Q_SIGNALS:

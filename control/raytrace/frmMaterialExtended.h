@@ -64,6 +64,7 @@ public:
     /// Stays where it is while a raytracer works.
     void accept() override;
     void reject() override;
+    void done(int result) override;
 
 private:
     struct SliderRow {

@@ -83,6 +83,16 @@ void frmMaterialExtended::reject()
     }
 }
 
+void frmMaterialExtended::done(int result)
+{
+    QDialog::done(result);
+    // Out of sight by now: a raytracer may need half a second to end.
+    m_followSoon.stop();
+    if (m_picture) {
+        m_picture->LetBe();
+    }
+}
+
 void frmMaterialExtended::MakeSimulationTexture()
 {
     if (!m_raytrace.CheckRaytracer()) {
