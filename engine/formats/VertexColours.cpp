@@ -28,9 +28,8 @@ Rgb VertexColours::Wearers::Average() const
 
 bool VertexColours::Wearers::Differ() const
 {
-    constexpr double kVisible = 0.02;
-    return most[0] - least[0] > kVisible || most[1] - least[1] > kVisible ||
-           most[2] - least[2] > kVisible;
+    constexpr double kSeen = 0.02;
+    return most[0] - least[0] > kSeen || most[1] - least[1] > kSeen || most[2] - least[2] > kSeen;
 }
 
 VertexColours::Wearers& VertexColours::WearersOf(std::size_t material)

@@ -17,10 +17,10 @@ struct ComponentRow {
     std::size_t size;
     float most;  ///< what 1 is when normalised
 };
-constexpr int kFloat = 5126;
+constexpr int kSingle = 5126;
 constexpr std::array kComponentRows{
     ComponentRow{5120, 1, 127.0F},   ComponentRow{5121, 1, 255.0F}, ComponentRow{5122, 2, 32767.0F},
-    ComponentRow{5123, 2, 65535.0F}, ComponentRow{5125, 4, 1.0F},   ComponentRow{kFloat, 4, 1.0F},
+    ComponentRow{5123, 2, 65535.0F}, ComponentRow{5125, 4, 1.0F},   ComponentRow{kSingle, 4, 1.0F},
 };
 
 const ComponentRow* RowOfType(int type)
@@ -243,7 +243,7 @@ std::vector<std::array<float, components>> GltfFile::Floats(const QJsonValue& in
     const QJsonObject accessor = At("accessors", index);
     std::vector<std::array<float, components>> values;
     const auto put = [](const Elements& from, std::size_t element, auto& value) {
-        if (from.type == kFloat && from.components >= components) {
+        if (from.type == kSingle && from.components >= components) {
             std::memcpy(value.data(), from.bytes.constData() + element * from.stride, sizeof value);
             return;
         }
