@@ -17,7 +17,7 @@ struct ObjPart {
 
 struct ObjFile {
     std::vector<ObjPart> parts;          ///< none without triangles
-    std::vector<std::string> libraries;  ///< of materials, as written, each once
+    std::vector<std::string> libraries;  ///< statements that name them, each once
 };
 
 /// Reads any text as a Wavefront OBJ: what is not understood is passed over, with lines, points and

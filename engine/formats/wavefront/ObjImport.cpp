@@ -15,19 +15,31 @@
 namespace studio {
 namespace {
 
-/// Beside the model under its own name where the file does not name it, or not rightly.
-FoundTexture LibraryFile(const std::string& library, const std::string& path)
+/// A statement names one library, whose name may have blanks, or several. Where the model does not
+/// name it rightly, it is beside the model under the model's name.
+std::vector<std::string> LibraryFiles(const std::string& statement, const std::string& path)
 {
     const std::string folder = FolderOfDocument(path);
-    const FoundTexture named = FindReferenced(library, folder);
+    const QString text = TextOfDocument(statement.c_str());
     const QString own = QFileInfo(QString::fromStdString(path)).completeBaseName() + ".mtl";
-    const FoundTexture beside = FindReferenced(own.toStdString(), folder);
-    return beside.exists && !named.exists ? beside : named;
+    std::vector<std::string> files;
+    for (const QStringList& names :
+         {QStringList(text), text.split(u' ', Qt::SkipEmptyParts), QStringList(own)}) {
+        for (const QString& name : names) {
+            const FoundTexture found = FindReferenced(name.toStdString(), folder);
+            if (found.exists) {
+                files.push_back(found.path);
+            }
+        }
+        if (!files.empty()) {
+            return files;
+        }
+    }
+    return {FindReferenced(text.toStdString(), folder).path};
 }
 
-void AddLibrary(const std::string& library, const std::string& path, ImportedModel& model)
+void AddLibrary(const std::string& file, ImportedModel& model)
 {
-    const std::string file = LibraryFile(TextOfDocument(library.c_str()).toStdString(), path).path;
     const ModelFile opened(file);
     if (!opened.Obstacle().empty()) {
         MaterialNotes(model.report, file)
@@ -86,8 +98,10 @@ ImportedModel ReadObj(const std::string& path)
     }
     ObjFile file = ParseObj(opened.Text());
     ImportedModel model;
-    for (const std::string& library : file.libraries) {
-        AddLibrary(library, path, model);
+    for (const std::string& statement : file.libraries) {
+        for (const std::string& library : LibraryFiles(statement, path)) {
+            AddLibrary(library, model);
+        }
     }
     PartMaterials materials(model);
     VertexColours colours;
