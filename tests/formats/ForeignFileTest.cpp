@@ -210,6 +210,7 @@ TEST(ForeignObj, ShapesWearWhatTheLibraryOfTheModelSays)
     const auto& steel = opened.model->materials[0].material;
     EXPECT_EQ(steel.Ambient, 100);
     EXPECT_EQ(steel.RayTrace.Roughness, 3.0F);
+    EXPECT_EQ(opened.model->materials.back().material.Emissive, 0) << "of what names none";
 }
 
 }  // namespace

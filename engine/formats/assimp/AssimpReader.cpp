@@ -135,9 +135,13 @@ private:
     PicturesInside m_pictures;
 };
 
-void AddMaterials(const aiScene& scene, const std::string& path, ImportedModel& model)
+/// Which of the model's materials each of the scene's is.
+using MaterialPlaces = std::vector<std::size_t>;
+
+MaterialPlaces AddMaterials(const aiScene& scene, const std::string& path, ImportedModel& model)
 {
     ImageFiles images(scene, path, model);
+    MaterialPlaces places;
     for (unsigned int index = 0; index < scene.mNumMaterials; ++index) {
         const aiString raw = scene.mMaterials[index]->GetName();
         const std::string name =
@@ -145,8 +149,25 @@ void AddMaterials(const aiScene& scene, const std::string& path, ImportedModel& 
         MaterialNotes notes(model.report, name);
         auto material = MaterialFrom(*scene.mMaterials[index], notes);
         images.FindFor(material.Textures, index, notes);
+        places.push_back(model.materials.size());
         model.materials.push_back({name, std::move(material)});
     }
+    return places;
+}
+
+/// By their names, for their order is that in which meshes wear them; the last for all others.
+MaterialPlaces FindMaterials(const aiScene& scene, const std::string& /*path*/,
+                             ImportedModel& model)
+{
+    MaterialPlaces places;
+    for (const aiMaterial* source : std::span(scene.mMaterials, scene.mNumMaterials)) {
+        const aiString raw = source->GetName();
+        const auto known = std::ranges::find(
+            model.materials, ReadableName({raw.data, raw.length}, {}), &NamedMaterial::name);
+        const auto place = static_cast<std::size_t>(known - model.materials.begin());
+        places.push_back(std::min(place, model.materials.size() - 1));
+    }
+    return places;
 }
 
 void CountColours(const aiMesh& mesh, std::size_t material, VertexColours& colours)
@@ -163,24 +184,28 @@ void CountColours(const aiMesh& mesh, std::size_t material, VertexColours& colou
     colours.Add(material, all);
 }
 
-void AddMeshes(const aiScene& scene, ImportedModel& model)
+void AddMeshes(const aiScene& scene, const MaterialPlaces& places, ImportedModel& model)
 {
     VertexColours colours;
     for (const aiMesh* mesh : std::span(scene.mMeshes, scene.mNumMeshes)) {
         RawMesh raw = MeshFrom(*mesh);
-        raw.material = std::min(raw.material, model.materials.size() - 1);
+        raw.material = places.at(raw.material);
         CountColours(*mesh, raw.material, colours);
         model.meshes.push_back(Finished(std::move(raw)));
     }
-    for (std::size_t index = 0; index < model.materials.size(); ++index) {
-        const bool light = index < scene.mNumMaterials && HasPhysicalLook(*scene.mMaterials[index]);
-        colours.Tint(model, index,
-                     light ? VertexColours::Meaning::Light : VertexColours::Meaning::Displayed);
+    std::vector<bool> tinted(model.materials.size());
+    for (std::size_t index = 0; index < places.size(); ++index) {
+        const bool light = HasPhysicalLook(*scene.mMaterials[index]);
+        if (!tinted[places[index]]) {
+            colours.Tint(model, places[index],
+                         light ? VertexColours::Meaning::Light : VertexColours::Meaning::Displayed);
+        }
+        tinted[places[index]] = true;
     }
 }
 
 ImportedModel Read(const std::string& path, ImportedModel model,
-                   void (*addMaterials)(const aiScene&, const std::string&, ImportedModel&))
+                   MaterialPlaces (*materials)(const aiScene&, const std::string&, ImportedModel&))
 {
     std::string refused;
     Assimp::Importer importer;
@@ -196,8 +221,7 @@ ImportedModel Read(const std::string& path, ImportedModel model,
     if (scene->mRootNode == nullptr || scene->mNumMaterials == 0) {
         Refuse(path, "the file holds no scene");
     }
-    addMaterials(*scene, path, model);
-    AddMeshes(*scene, model);
+    AddMeshes(*scene, materials(*scene, path, model), model);
     AddShapes(*scene, model);
     if (!refused.empty()) {
         MaterialNotes(model.report, refused)
@@ -215,7 +239,7 @@ ImportedModel ReadWithAssimp(const std::string& path)
 
 ImportedModel WithAssimpShapes(const std::string& path, ImportedModel model)
 {
-    return Read(path, std::move(model), [](const aiScene&, const std::string&, ImportedModel&) {});
+    return Read(path, std::move(model), FindMaterials);
 }
 
 }  // namespace studio

@@ -9,8 +9,8 @@ namespace studio {
 /// reason, OutOfMemory.
 [[nodiscard]] ImportedModel ReadWithAssimp(const std::string& path);
 
-/// Only the shapes of the file: the model has its materials, in the file's order, and behind them
-/// one for what names none. Errors: as above.
+/// Only the shapes of the file: the model has its materials, which are found by their names, and
+/// behind them one for what has none. Errors: as above.
 [[nodiscard]] ImportedModel WithAssimpShapes(const std::string& path, ImportedModel model);
 
 }  // namespace studio

@@ -57,6 +57,7 @@ std::size_t PlainMaterial(ImportedModel& model)
     constexpr CorvexMaterial::ColourBytes kPlainGrey{153, 153, 153};
     NamedMaterial plain{"Default", {}};
     plain.material.Color = CorvexMaterial::MakeColour(kPlainGrey);
+    plain.material.Emissive = 0;
     model.materials.push_back(std::move(plain));
     return model.materials.size() - 1;
 }
