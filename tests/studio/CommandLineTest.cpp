@@ -158,13 +158,21 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
     script.close();
     script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     qputenv("CORVEX_POVRAY", raytracer.toUtf8());
+    qputenv("CORVEX_RENDERMAN", raytracer.toUtf8());
     const QStringList raytraced{"render", "--raytrace", "--primitive", "cube", "--out"};
     EXPECT_EQ(Corvex(raytraced + QStringList{nowhere}).exitCode, 1);
     EXPECT_FALSE(QFile::exists(raytracer + ".ran")) << "a picture that cannot be kept was made";
-    const Outcome failed = Corvex(raytraced + QStringList{folder.filePath("b.png")});
-    EXPECT_TRUE(failed.errors.contains("exit code 3. It says: broken"))
-        << failed.errors.toStdString();
+    for (const char* word : {"povray", "renderman"}) {
+        const Outcome failed =
+            Corvex({"render", "--raytracer", word, "--primitive", "cube", "--material",
+                    "textures.bump=b.png", "--out", folder.filePath("b.png")});
+        EXPECT_TRUE(failed.errors.contains("exit code 3. It says: broken"))
+            << failed.errors.toStdString();
+        EXPECT_EQ(failed.errors.contains("RenderMan does not show: bump maps (shapes: 1)."),
+                  QString(word) == "renderman");
+    }
     qunsetenv("CORVEX_POVRAY");
+    qunsetenv("CORVEX_RENDERMAN");
 }
 
 TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)
