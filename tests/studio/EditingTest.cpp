@@ -235,6 +235,23 @@ TEST_F(Editing, NamesOfCustomFieldsAreShownAtOnceAndTakeTheValuesAlong)
     EXPECT_EQ(fields()[1], "Stone & Co");
 }
 
+TEST_F(Editing, OnlyWhatIsDrawnHasTheSceneDrawnAnew)
+{
+    const AppliedMaterial before = studio::WholeMaterial({});
+    const auto looksDifferent = [&](const std::function<void(CorvexSG::GatheredMaterial&)>& edit) {
+        auto gathered = std::make_shared<CorvexSG::GatheredMaterial>(*before.gathered);
+        edit(*gathered);
+        return studio::LooksDifferent({nullptr, before, {gathered, before.coordinates}});
+    };
+    EXPECT_FALSE(looksDifferent([](auto& edited) { edited.material.CustomFields[2] = "Acme"; }));
+    EXPECT_FALSE(looksDifferent([](auto& edited) { edited.material.RayTrace.Reflection = 3.0F; }));
+    EXPECT_TRUE(looksDifferent([](auto& edited) { edited.material.Ambient = 3; }));
+    EXPECT_TRUE(looksDifferent([](auto& edited) { edited.material.PluginParameters = {3.0F}; }));
+    EXPECT_TRUE(looksDifferent([](auto& edited) { edited.material.TilesPerUnit = 3.0F; }));
+    EXPECT_TRUE(
+        looksDifferent([](auto& edited) { edited.applyMode = CorvexDB::ApplyMode::Relative; }));
+}
+
 // A drag that never pauses is one step however long it takes.
 TEST_F(Editing, LongDragStaysOneStep)
 {
