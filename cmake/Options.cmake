@@ -12,6 +12,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 
+# A floor is compiled beside those that it uses, not after them.
+set(CMAKE_AUTOGEN_ORIGIN_DEPENDS OFF)
+set(CMAKE_OPTIMIZE_DEPENDENCIES ON)
+
 # A search path that CMake rewrites when it installs ends in ":" until then, which means the current
 # folder. So what is installed gets its final path at once, and the build tree has the same folders.
 # Folders whose programs are never installed switch this off.

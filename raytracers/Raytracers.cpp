@@ -17,7 +17,7 @@ constexpr bool RowsFollowKinds()
     }
     return true;
 }
-static_assert(RowsFollowKinds());
+static_assert(RowsFollowKinds() && kRaytracerRows.size() == CorvexDB::kRaytracerCount);
 
 }  // namespace
 

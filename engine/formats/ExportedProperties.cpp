@@ -2,6 +2,7 @@
 
 #include "Amounts.h"
 #include "MaterialModel.h"
+#include <CorvexMaterial/Looks.h>
 
 #include <QCoreApplication>
 
@@ -34,7 +35,7 @@ bool IsUsed(const AttributeRow& row, const udtMaterial& material)
     case Attribute::WrapType:
         return HasImages(material);
     case Attribute::RaytracePredefinedMaterial:
-        return material.RayTrace.MaterialType != 0;
+        return IsPredefined(material.RayTrace);
     default:
         const bool isAlways =
             row.group == AttributeGroup::Surface && row.kind != AttributeKind::Flag;

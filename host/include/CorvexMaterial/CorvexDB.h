@@ -15,6 +15,7 @@
 namespace CorvexDB {
 
 enum class Raytracer : std::int32_t { PovRay = 0, RenderMan = 1 };
+inline constexpr std::size_t kRaytracerCount = 2;
 enum class WebSite : std::int32_t { PovRay, RenderMan, Support };
 
 class ApplicationState {
