@@ -35,7 +35,7 @@ bool IsUsed(const AttributeRow& row, const udtMaterial& material)
     case Attribute::WrapType:
         return HasImages(material);
     case Attribute::RaytracePredefinedMaterial:
-        return IsPredefined(material.RayTrace);
+        return CorvexMaterial::IsPredefined(material.RayTrace);
     default:
         const bool isAlways =
             row.group == AttributeGroup::Surface && row.kind != AttributeKind::Flag;
