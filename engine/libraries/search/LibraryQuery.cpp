@@ -147,7 +147,9 @@ QueryTest HasOf(const QueryWord& word)
     NeedOperator(word, ":", "has:bump");
     const std::string what = Folded(word.value);
     auto layer = std::ranges::find(kSearchLayers, what) - kSearchLayers.begin();
-    if (const auto* row = CorvexMaterial::FindAttribute(what); row != nullptr) {
+    // The word of a layer may be that of an amount too.
+    if (const auto* row = CorvexMaterial::FindAttribute(what);
+        row != nullptr && layer == std::ssize(kSearchLayers)) {
         const auto& files = CorvexMaterial::kTextureFiles;
         layer = std::ranges::find(files, row->attribute) - files.begin();
     }
