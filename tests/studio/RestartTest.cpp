@@ -1,10 +1,14 @@
 #include "CommaLocale.h"
 #include "EndRequests.h"
 #include "LibraryFile.h"
+#include "SampleMaterial.h"
 #include "StudioRig.h"
 
 #include <QFileDialog>
+#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QScreen>
+#include <QSettings>
 #include <QToolButton>
 
 #include <csignal>
@@ -143,6 +147,65 @@ TEST(SettingsFile, GarbageIsKeptAsideAndToldOnce)
     EXPECT_NE(rig.prompts.shown.front().text.find("CorvexStudio.ini"), std::string::npos);
     rig.Start();
     EXPECT_EQ(rig.TextOf("txtAmbient"), "12");
+}
+
+// Written by the first program that had these keys.
+TEST(SettingsFile, OfAnOldStudioIsReadAndKept)
+{
+    StudioRig rig;
+    for (const auto* name : {"Materials.cvm", "Textures.cvt"}) {
+        rig.files.Write(QStringLiteral("data/") + name,
+                        CorvexTest::ContentOf(QStringLiteral(OLD_FILES "/") + name));
+    }
+    const QString file =
+        rig.files.Write(kSettings, CorvexTest::ContentOf(OLD_FILES "/CorvexStudio.ini"));
+    const auto values = [&file] {
+        const QSettings settings(file, QSettings::IniFormat);
+        std::map<std::string, std::string> stored;
+        for (const QString& key : settings.allKeys()) {
+            stored[key.toStdString()] = settings.value(key).toByteArray().toStdString();
+        }
+        return stored;
+    };
+    const auto before = values();
+    const auto shown = [&rig] {
+        return dynamic_cast<studio::StudioShape&>(*rig.Read(&IMaterial::get_csMaterialShape))
+            .Material();
+    };
+    rig.Start();
+    CorvexDB::udtMaterial kept = CorvexTest::KeptMaterial();
+    kept.Ambient = 99;
+    EXPECT_TRUE(shown() == kept);
+    EXPECT_EQ(rig.Read(&IMaterial::get_lPreviewPrimitive), 1);
+    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Materials.cvm");
+    EXPECT_EQ(rig.Find<QComboBox>("cboTextureLibrary").currentText(), "Textures.cvt");
+    EXPECT_EQ(rig.Window().size(), QSize(1010, 707));
+    const CorvexTest::DialogAnswer options([](QDialog& dialog) {
+        EXPECT_EQ(dialog.findChild<QComboBox*>("raytracer")->currentIndex(), 1);
+        EXPECT_EQ(dialog.findChild<QComboBox*>("antialias")->currentIndex(), 2);
+        EXPECT_EQ(dialog.findChild<QListWidget*>("folders")->item(1)->text(),
+                  "/tmp/models/St\u00FChle, 4");
+        EXPECT_EQ(dialog.findChild<QPlainTextEdit*>("customFields")->toPlainText(),
+                  "Supplier\n\nPreis, \u20AC");
+        dialog.accept();
+    });
+    rig.Trigger("Options...");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return options.Given(); }));
+    rig.Stop();
+    auto after = values();
+    EXPECT_EQ(after.size(), before.size());
+    after.erase("Studio/WindowGeometry");  // where the desktop put it
+    for (const auto& [key, value] : after) {
+        EXPECT_TRUE(before.contains(key) && before.at(key) == value) << key << " is " << value;
+    }
+
+    rig.Start();
+    rig.Press("cmdMaterialResetUserDefaults");
+    CorvexDB::udtMaterial ofUser = CorvexTest::FullMaterial();
+    ofUser.RayTrace.MaterialType = 0;
+    ofUser.RayTrace.ColorPattern = 0;
+    EXPECT_TRUE(shown() == ofUser);
+    EXPECT_TRUE(rig.prompts.shown.empty());
 }
 
 // A folder in its place cannot be written by anyone, the administrator included.
