@@ -58,9 +58,10 @@ const PovRayPattern* PatternAt(std::span<const Row> rows, std::int32_t position)
 
 std::span<const PredefinedLook> PredefinedLooks(std::int32_t type)
 {
-    const auto rows = std::ranges::equal_range(kPredefined, static_cast<PredefinedType>(type), {},
-                                               &PredefinedLook::type);
-    return {rows.begin(), rows.end()};
+    const auto wanted = static_cast<PredefinedType>(type);
+    const auto first = std::ranges::lower_bound(kPredefined, wanted, {}, &PredefinedLook::type);
+    const auto last = std::ranges::upper_bound(kPredefined, wanted, {}, &PredefinedLook::type);
+    return {first, last};
 }
 
 const PredefinedLook* PredefinedLookOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes)

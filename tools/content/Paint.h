@@ -12,7 +12,7 @@ namespace media {
 /// A colour as it is stored in an image: sRGB, 0 to 1. Mixed as stored, like paint by eye.
 using Paint = CorvexMaterial::Rgb;
 
-[[nodiscard]] constexpr Paint Hex(std::int32_t rgb)
+[[nodiscard]] constexpr Paint Hex(std::uint32_t rgb)
 {
     return CorvexMaterial::DisplayedOf(CorvexMaterial::ColourOfHex(rgb));
 }

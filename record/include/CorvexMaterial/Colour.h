@@ -34,9 +34,10 @@ inline constexpr Colour kWhite = 0xFFFFFF;
 }
 
 /// Of 0xRRGGBB.
-[[nodiscard]] constexpr Colour ColourOfHex(std::int32_t hex)
+[[nodiscard]] constexpr Colour ColourOfHex(std::uint32_t hex)
 {
-    return MakeColour({hex >> 16, hex >> 8, hex});
+    const auto bits = static_cast<std::int32_t>(hex);
+    return MakeColour({bits >> 16, bits >> 8, bits});
 }
 
 [[nodiscard]] constexpr ColourBytes BytesOf(Colour colour)
