@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <functional>
-#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
@@ -100,8 +99,9 @@ FileWriter::FileWriter(std::string path, Lifetime lifetime, Existing existing)
         return;
     }
     const bool replaces = exists && !isLink;
-    if (replaces && ::access(m_target.c_str(), W_OK) != 0) {
-        Fail(errno);
+    error = replaces ? WriteRefusal(m_target) : std::error_code();
+    if (error) {
+        Fail(error.value());
     }
     const bool isPrivate = replaces || lifetime == Lifetime::Temporary;
     OpenBeside(isPrivate ? kOwnFile : kNewFile);
@@ -248,6 +248,12 @@ void WriteFile(const std::string& path, std::span<const char> bytes, Lifetime li
     FileWriter file(path, lifetime, existing);
     file.Write(bytes);
     file.Finish();
+}
+
+std::error_code WriteRefusal(const std::string& path)
+{
+    const bool may = ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+    return may ? std::error_code() : std::error_code(errno, std::generic_category());
 }
 
 void MakeFolder(const std::string& path)

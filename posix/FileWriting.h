@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <system_error>
 
 namespace CorvexMaterial {
 
@@ -50,6 +51,9 @@ private:
 /// The whole file at once.
 void WriteFile(const std::string& path, std::span<const char> bytes,
                Lifetime lifetime = Lifetime::Lasting, Existing existing = Existing::Replaced);
+
+/// Why the user that this process acts for may not write to a file or folder; none if he may.
+[[nodiscard]] std::error_code WriteRefusal(const std::string& path);
 
 /// With the folders above it; one that is there is fine. Errors: FileFailed, as above.
 void MakeFolder(const std::string& path);

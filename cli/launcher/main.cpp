@@ -81,7 +81,7 @@ int Run(const fs::path& named)
     const std::string name = "job.ini";
     CorvexMaterial::WriteFile(name, launcher::TextOf(translated),
                               CorvexMaterial::Lifetime::Temporary);
-    const int code = launcher::RunRaytracer(RaytracerProgram(), name);
+    const int code = CorvexMaterial::RunRaytracer(RaytracerProgram(), name);
     if (const std::string full = CorvexMaterial::FullDiskText(work.Path());
         code != 0 && !full.empty()) {
         std::fprintf(stderr, "%s\n", full.c_str());
@@ -94,7 +94,7 @@ int Run(const fs::path& named)
 
 int main(int argc, char** argv)
 {
-    launcher::KeepSignals();
+    CorvexMaterial::KeepSignals();
     CorvexMaterial::DropRelativeSearchPaths();
     const std::string ini = IniAmong(argc, argv);
     if (ini.empty()) {

@@ -1,10 +1,10 @@
 #include "QtControlLibrary.h"
 
+#include "LoadedFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <dlfcn.h>
 
 namespace CorvexMaterial {
 
@@ -18,12 +18,9 @@ const char kMarker = 0;
 // Asked once and early: the loader's answer may be relative to the folder the program started in.
 QtControlLibrary::QtControlLibrary()
 {
-    Dl_info info{};
-    if (::dladdr(&kMarker, &info) != 0 && info.dli_fname != nullptr) {
-        m_folder = QFileInfo(QFile::decodeName(info.dli_fname))
-                       .absoluteDir()
-                       .canonicalPath()
-                       .toStdString();
+    if (const std::string file = LoadedFile(&kMarker); !file.empty()) {
+        m_folder =
+            QFileInfo(QFile::decodeName(file.c_str())).absoluteDir().canonicalPath().toStdString();
     }
 }
 

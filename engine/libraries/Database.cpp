@@ -7,9 +7,8 @@
 
 #include <array>
 #include <chrono>
+#include <filesystem>
 #include <thread>
-
-#include <unistd.h>
 
 namespace studio {
 namespace {
@@ -252,15 +251,16 @@ std::int64_t Database::LastId() const
 
 void Database::RemoveIdleJournal()
 {
-    const std::string journal = m_path + "-journal";
-    if (::access(journal.c_str(), F_OK) != 0) {
+    std::error_code ignored;
+    const std::filesystem::path journal = m_path + "-journal";
+    if (!std::filesystem::is_regular_file(journal, ignored)) {
         return;
     }
     sqlite3* const handle = m_handle.get();
     sqlite3_busy_handler(handle, nullptr, nullptr);
     // Else it is his who changes the library now.
     if (sqlite3_exec(handle, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr) == SQLITE_OK) {
-        ::unlink(journal.c_str());
+        std::filesystem::remove(journal, ignored);
         sqlite3_exec(handle, "ROLLBACK", nullptr, nullptr, nullptr);
     }
     sqlite3_busy_handler(handle, WaitForOthers, nullptr);

@@ -4,18 +4,13 @@
 #include "LibraryError.h"
 #include "LibraryQuery.h"
 #include "QuerySql.h"
+#include "StoredPath.h"
 #include <CorvexMaterial/Status.h>
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cerrno>
 #include <limits>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace studio {
 namespace {
@@ -33,25 +28,18 @@ std::string ValidUtf8(std::string_view text)
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
 }
 
-// Of the user the process acts for; plain `access` asks about the one who started it.
-bool MayWrite(const QString& path)
-{
-    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
-}
-
 std::string WriteObstacle(const Database& database)
 {
-    const QFileInfo file(QString::fromStdString(database.Path()));
-    if (!MayWrite(file.filePath())) {
-        return errno == EROFS ? "the file system may only be read"
-                              : "you have no right to write to the file";
+    if (const std::error_code error = CorvexMaterial::WriteRefusal(database.Path())) {
+        return error == std::errc::read_only_file_system ? "the file system may only be read"
+                                                         : "you have no right to write to the file";
     }
     if (database.IsReadOnly()) {
         return "the file may only be read";
     }
-    return MayWrite(file.absolutePath())
-               ? ""
-               : "you have no right to write to its folder, which every change needs";
+    return CorvexMaterial::WriteRefusal(FolderOf(database.Path()))
+               ? "you have no right to write to its folder, which every change needs"
+               : "";
 }
 
 void RefuseIndex(std::int32_t index)

@@ -6,10 +6,8 @@
 #include <array>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
+#include <filesystem>
 #include <string_view>
-
-#include <sys/stat.h>
 
 namespace studio {
 namespace {
@@ -31,15 +29,18 @@ bool IsJournalName(const char* name)
 // Before it is opened, since to open a pipe is to wait for its other end.
 int KindRefusal(const char* name, bool isJournal)
 {
-    struct stat found {};
-    if (::lstat(name, &found) != 0) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    const fs::file_status found = fs::symlink_status(name, error);
+    if (error || !fs::exists(found)) {
         return SQLITE_OK;
     }
+    const bool isFile = fs::is_regular_file(found);
     // What has a second name is also somebody else's file.
     if (isJournal) {
-        return S_ISREG(found.st_mode) && found.st_nlink == 1 ? SQLITE_OK : kJournalIsNoFile;
+        return isFile && fs::hard_link_count(name, error) == 1 ? SQLITE_OK : kJournalIsNoFile;
     }
-    return S_ISREG(found.st_mode) ? SQLITE_OK : SQLITE_CANTOPEN_SYMLINK;
+    return isFile ? SQLITE_OK : SQLITE_CANTOPEN_SYMLINK;
 }
 
 // A journal begins with the magic bytes, or with a zero once it no longer counts. If they are its

@@ -6,26 +6,21 @@
 #include <QCoreApplication>
 #include <QDir>
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
 namespace studio {
 
-SimulationPictures::SimulationPictures(QString folder)
-    : m_folder(std::move(folder)),
-      m_inUse(QDir().mkpath(m_folder) ? open(QFile::encodeName(m_folder).constData(),
-                                             O_RDONLY | O_DIRECTORY | O_CLOEXEC)
-                                      : -1)
+namespace {
+
+std::string Made(const QString& folder)
 {
-    flock(m_inUse, LOCK_SH | LOCK_NB);
+    QDir().mkpath(folder);
+    return QFile::encodeName(folder).toStdString();
 }
 
-SimulationPictures::~SimulationPictures()
+}  // namespace
+
+SimulationPictures::SimulationPictures(QString folder)
+    : m_folder(std::move(folder)), m_use(Made(m_folder))
 {
-    if (m_inUse >= 0) {
-        close(m_inUse);
-    }
 }
 
 std::string SimulationPictures::Keep(const std::string& picture)
@@ -48,18 +43,14 @@ std::string SimulationPictures::Keep(const std::string& picture)
 
 void SimulationPictures::KeepOnly(const std::set<std::string>& referredTo) const
 {
-    // The lock cannot become this program's own while another holds it.
-    if (flock(m_inUse, LOCK_EX | LOCK_NB) != 0) {
-        flock(m_inUse, LOCK_SH | LOCK_NB);
-        return;
-    }
-    QDir folder(m_folder);
-    for (const QString& name : folder.entryList({QStringLiteral("~CVX*.jpg")}, QDir::Files)) {
-        if (referredTo.count(folder.filePath(name).toStdString()) == 0) {
-            folder.remove(name);
+    m_use.WhileAlone([&] {
+        QDir folder(m_folder);
+        for (const QString& name : folder.entryList({QStringLiteral("~CVX*.jpg")}, QDir::Files)) {
+            if (referredTo.count(folder.filePath(name).toStdString()) == 0) {
+                folder.remove(name);
+            }
         }
-    }
-    flock(m_inUse, LOCK_SH | LOCK_NB);
+    });
 }
 
 }  // namespace studio

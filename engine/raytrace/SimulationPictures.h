@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FolderUse.h"
+
 #include <QString>
 
 #include <set>
@@ -13,9 +15,6 @@ namespace studio {
 class SimulationPictures {
 public:
     explicit SimulationPictures(QString folder);
-    ~SimulationPictures();
-    SimulationPictures(const SimulationPictures&) = delete;
-    SimulationPictures& operator=(const SimulationPictures&) = delete;
 
     /// Moves a finished picture here and returns its new path. Errors: FileFailed, and the picture
     /// is where it was.
@@ -25,7 +24,7 @@ public:
 
 private:
     QString m_folder;
-    int m_inUse;  ///< descriptor of the folder, locked for as long as this program uses it
+    CorvexMaterial::FolderUse m_use;
 };
 
 }  // namespace studio

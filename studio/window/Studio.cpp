@@ -14,7 +14,7 @@ namespace {
 
 ExitCode RunWindow(const QString& model)
 {
-    const EndRequests requests;
+    const CorvexMaterial::EndRequests requests;
     const StudioProfile profile = UserProfile();
     const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
     StudioDesktop desktop;
@@ -24,11 +24,11 @@ ExitCode RunWindow(const QString& model)
     }
     MainWindow window(host, desktop.Get());
     desktop.SetWindow(&window);
-    QObject::connect(&requests, &EndRequests::Asked, &window, [&] {
+    QObject::connect(&requests, &CorvexMaterial::EndRequests::Asked, &window, [&] {
         desktop.SetMuted(true);
         window.QuitUnasked();
     });
-    QObject::connect(&requests, &EndRequests::SaveAsked, &window, [&] {
+    QObject::connect(&requests, &CorvexMaterial::EndRequests::SaveAsked, &window, [&] {
         desktop.SetMuted(true);
         window.Save();
         desktop.SetMuted(false);

@@ -241,8 +241,8 @@ TEST(Ending, ASignalQuitsAndSavesWithoutAQuestion)
             ASSERT_TRUE(QFile::remove(rig.PathOf(kSettings)));
             ASSERT_TRUE(QDir().mkpath(rig.PathOf(kSettings)));
         }
-        const studio::EndRequests requests;
-        QObject::connect(&requests, &studio::EndRequests::Asked, &rig.Window(),
+        const CorvexMaterial::EndRequests requests;
+        QObject::connect(&requests, &CorvexMaterial::EndRequests::Asked, &rig.Window(),
                          &studio::MainWindow::QuitUnasked);
         QTimer::singleShot(0, [&rig] {
             QTimer::singleShot(100, [] { std::raise(SIGTERM); });

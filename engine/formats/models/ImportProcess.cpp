@@ -3,45 +3,16 @@
 #include "FileWriting.h"
 #include "Formats.h"
 #include "ModelPacking.h"
+#include "ProcessLimits.h"
 #include <CorvexMaterial/Status.h>
 
-#include <csignal>
 #include <iostream>
 #include <span>
 #include <string_view>
 
-#include <sys/prctl.h>
-#include <sys/resource.h>
-
 namespace studio {
 
 namespace {
-
-struct ProcessLimit {
-    __rlimit_resource resource;
-    rlim_t most;
-};
-
-constexpr rlim_t kGigabyte = rlim_t{1} << 30;
-
-constexpr ProcessLimit kLimits[] = {
-    {RLIMIT_CORE, 0},
-    {RLIMIT_FSIZE, 2 * kGigabyte},
-#ifndef CORVEX_SANITIZED  // its shadow memory alone is larger than any sensible limit
-    {RLIMIT_AS, 4 * kGigabyte},
-#endif
-};
-
-void LimitThisProcess()
-{
-    for (const auto& [resource, most] : kLimits) {
-        const rlimit limit{most, most};
-        setrlimit(resource, &limit);
-    }
-    LimitTime();
-    prctl(PR_SET_DUMPABLE, 0);
-    prctl(PR_SET_PDEATHSIG, SIGKILL);
-}
 
 int EndWith(ImportExit code, const char* reason)
 {
@@ -76,7 +47,8 @@ int RunContained(std::span<char* const> arguments, Wanted wanted)
     if (arguments.size() != 2) {
         return EndWith(ImportExit::Misused, "a file to read and an output file are needed");
     }
-    LimitThisProcess();
+    CorvexMaterial::ContainThisProcess();
+    LimitTime();
     try {
         return Import(arguments[0], arguments[1], wanted);
     } catch (const CorvexMaterial::Error& error) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace launcher {
+namespace CorvexMaterial {
 
 /// Starts the program on a settings file in the current folder, named without its path, and waits
 /// for it. It inherits the standard streams, so that its progress is seen as it comes. A request to
@@ -15,4 +15,4 @@ namespace launcher {
 /// it first of all.
 void KeepSignals();
 
-}  // namespace launcher
+}  // namespace CorvexMaterial

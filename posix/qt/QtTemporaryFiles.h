@@ -1,7 +1,6 @@
 #pragma once
 
 #include "OwnerLock.h"
-#include <CorvexMaterial/Export.h>
 #include <CorvexMaterial/Files.h>
 
 #include <cstdint>
@@ -13,7 +12,7 @@ namespace CorvexMaterial {
 /// claimed only when no file of any extension has it. As long as there are files of a number, a
 /// lock beside them, `~CVX<n>.lock`, tells other processes that they belong to a living one; what
 /// was left by killed ones is removed at the beginning.
-class CORVEX_EXPORT QtTemporaryFiles final : public TemporaryFiles {
+class QtTemporaryFiles final : public TemporaryFiles {
 public:
     QtTemporaryFiles();
     std::string Folder() override;

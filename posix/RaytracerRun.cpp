@@ -12,7 +12,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace launcher {
+namespace CorvexMaterial {
 namespace {
 
 /// POV-Ray takes half a second to end by itself; whoever ends us waits three.
@@ -30,7 +30,7 @@ sigset_t WaitedSignals()
 }
 
 [[noreturn]] void BecomeRaytracer(const std::string& program, const std::string& settingsName,
-                                  const CorvexMaterial::ProcessLeash& leash, int failurePipe)
+                                  const ProcessLeash& leash, int failurePipe)
 {
     const sigset_t waited = WaitedSignals();
     sigprocmask(SIG_UNBLOCK, &waited, nullptr);
@@ -53,8 +53,7 @@ int FailureToStart(int readEnd)
     return got == static_cast<ssize_t>(sizeof reason) ? reason : 0;
 }
 
-pid_t Start(const std::string& program, const std::string& settingsName,
-            const CorvexMaterial::ProcessLeash& leash)
+pid_t Start(const std::string& program, const std::string& settingsName, const ProcessLeash& leash)
 {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0) {
@@ -92,7 +91,7 @@ void KeepSignals()
 
 int RunRaytracer(const std::string& program, const std::string& settingsName)
 {
-    const CorvexMaterial::ProcessLeash leash;
+    const ProcessLeash leash;
     const pid_t child = Start(program, settingsName, leash);
     const sigset_t waited = WaitedSignals();
     bool asked = false;
@@ -112,4 +111,4 @@ int RunRaytracer(const std::string& program, const std::string& settingsName)
     }
 }
 
-}  // namespace launcher
+}  // namespace CorvexMaterial

@@ -8,7 +8,7 @@
 
 class QSocketNotifier;
 
-namespace studio {
+namespace CorvexMaterial {
 
 /// Hears that the program is to end from outside: SIGTERM, SIGINT and SIGHUP, and the end of the
 /// user's session. `Asked` comes first, then the application quits, as it does by its menu. A
@@ -39,4 +39,4 @@ private:
     int m_triesLeft = 50;
 };
 
-}  // namespace studio
+}  // namespace CorvexMaterial

@@ -1,7 +1,7 @@
 #include "EndRequests.h"
 
-#include <QApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QSocketNotifier>
 
 #include <cerrno>
@@ -10,7 +10,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace studio {
+namespace CorvexMaterial {
 
 namespace {
 
@@ -93,4 +93,4 @@ void EndRequests::Quit()
     }
 }
 
-}  // namespace studio
+}  // namespace CorvexMaterial
