@@ -6,9 +6,6 @@
 #include "Testing.h"
 
 #include <QDrag>
-#include <QScrollBar>
-
-#include <cmath>
 
 namespace {
 

@@ -1,11 +1,10 @@
 #include "LibraryDrag.h"
 #include "LibraryToolTip.h"
 #include "SampleEntries.h"
+#include "Testing.h"
 
 #include <QMimeData>
 #include <QUrl>
-
-#include <gtest/gtest.h>
 
 namespace {
 

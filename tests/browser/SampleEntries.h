@@ -3,12 +3,8 @@
 #include "LibraryFile.h"
 #include "MaterialText.h"
 #include "StoredPath.h"
+#include "Testing.h"
 #include "TextureText.h"
-
-#include <QTemporaryDir>
-
-#include <string>
-#include <vector>
 
 namespace BrowserTest {
 

@@ -1,12 +1,6 @@
 #include "SampleFolder.h"
 #include "ShippedLibraries.h"
-
-#include <QDir>
-
-#include <gmock/gmock.h>
-
-#include <map>
-#include <string>
+#include "Testing.h"
 
 using studio::DeliverLibraries;
 using testing::ElementsAre;

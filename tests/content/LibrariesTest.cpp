@@ -2,15 +2,9 @@
 #include "LibraryFile.h"
 #include "MaterialText.h"
 #include "NamedMaterials.h"
+#include "Testing.h"
 #include "TextureText.h"
 #include <CorvexMaterial/TextureLayers.h>
-
-#include <QFileInfo>
-#include <QImage>
-
-#include <gmock/gmock.h>
-
-#include <set>
 
 namespace {
 

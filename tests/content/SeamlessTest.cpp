@@ -1,10 +1,4 @@
-#include <QDir>
-#include <QImage>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cstdlib>
+#include "Testing.h"
 
 namespace {
 

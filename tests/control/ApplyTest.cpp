@@ -1,11 +1,5 @@
 #include "ControlRig.h"
 #include "SampleMaterial.h"
-#include "Testing.h"
-
-#include <QTabBar>
-
-#include <cmath>
-#include <utility>
 
 namespace {
 

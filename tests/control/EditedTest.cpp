@@ -1,9 +1,6 @@
 #include "FaultSteps.h"
-#include "Testing.h"
 #include <CorvexMaterial/Schema.h>
 #include <CorvexMaterial/TouchedRows.h>
-
-#include <QSlider>
 
 namespace {
 

@@ -1,8 +1,4 @@
 #include "FaultSteps.h"
-#include "Testing.h"
-
-#include <QSlider>
-#include <QTabBar>
 
 namespace {
 

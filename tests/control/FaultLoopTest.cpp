@@ -1,9 +1,4 @@
 #include "FaultSteps.h"
-#include "Testing.h"
-
-#include <QRegularExpression>
-
-#include <set>
 
 namespace {
 
@@ -88,7 +83,9 @@ protected:
             rig.Control().LoadTextureLibrary("Gems.cvt");
         }
         rig.Control().put_bMaterialPanel(true);
-        if (rig.Find<QComboBox>("cboPlugin").currentText() != "Marble") {
+        if (rig.Find<QComboBox>("cboPlugin").currentText() != "Marble" ||
+            rig.Previewed().AlphaTest == 0 ||
+            rig.Previewed().RayTrace != CorvexDB::cdtRayTraceMaterialAttributes()) {
             OfferPluginAndField(rig);
         }
         rig.log.Clear();
@@ -131,25 +128,6 @@ private:
     std::size_t m_faults = 0;
 };
 
-QString WithoutNumber(QString name)
-{
-    static const QRegularExpression kNumber("_\\d+$");
-    return name.remove(kNumber);
-}
-
-TEST_F(FaultLoop, KnowsEveryControl)
-{
-    std::set<QString> known;
-    for (const Step& step : UserActions()) {
-        known.insert(WithoutNumber(QString::fromStdString(step.name)));
-    }
-    static const QRegularExpression kControl("^(cmd|chk|opt|cbo|txt|sld|img|tab|dfe|dfv)[A-Z]");
-    for (const QWidget* widget : rig.Control().findChildren<QWidget*>(kControl)) {
-        EXPECT_EQ(known.count(WithoutNumber(widget->objectName())), 1U)
-            << widget->objectName().toStdString();
-    }
-}
-
 TEST_F(FaultLoop, EveryMemberReturnsAStatusAndLeavesAUsableControl)
 {
     Repeat(Members());
@@ -162,7 +140,9 @@ TEST_F(FaultLoop, EveryWrittenPropertyReturnsAStatusAndLeavesAUsableControl)
 
 TEST_F(FaultLoop, EveryUserActionLeavesAUsableControl)
 {
-    Repeat(UserActions());
+    const std::vector<Step> actions = UserActions(rig);
+    EXPECT_GT(actions.size(), 75U);
+    Repeat(actions);
 }
 
 TEST_F(FaultLoop, AFailedDisplayOfTheErrorIsNoFurtherError)

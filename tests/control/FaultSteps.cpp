@@ -3,14 +3,7 @@
 #include "RecordingPlugin.h"
 #include "SampleMaterial.h"
 
-#include <QAbstractButton>
 #include <QAbstractSpinBox>
-#include <QDialog>
-#include <QScrollBar>
-#include <QSlider>
-#include <QTabBar>
-
-#include <utility>
 
 namespace CorvexTest {
 namespace {
@@ -24,191 +17,75 @@ Step Put(std::string name, Status (CorvexMaterial::IMaterial::*put)(const Value&
     return {std::move(name), [=](ControlRig& rig) { return (rig.Control().*put)(value); }};
 }
 
-Step UserDoes(std::string name, std::function<void(ControlRig&)> act)
-{
-    return {std::move(name), [act](ControlRig& rig) {
-                act(rig);
-                return std::optional<Status>();
-            }};
-}
-
-Step Pressed(const char* name)
-{
-    return UserDoes(name, [name](ControlRig& rig) { rig.Press(name); });
-}
-
-Step Typed(const char* name)
-{
-    return UserDoes(name, [name](ControlRig& rig) {
-        auto& field = rig.Field(name);
-        Type(field, field.text() == "7" ? "8" : "7");
-    });
-}
-
-/// Whatever dialog the press opens is accepted as it came.
-Step PressedAndAccepted(const char* name)
-{
-    return UserDoes(name, [name](ControlRig& rig) {
-        const DialogAnswer answer(
-            [](QDialog& dialog) { Click(*dialog.findChild<QAbstractButton*>("cmdOK")); });
-        rig.Press(name);
-    });
-}
-
-Step Slid(const char* name)
-{
-    return UserDoes(name, [name](ControlRig& rig) {
-        auto& slider = rig.Find<QSlider>(name);
-        slider.setValue(slider.value() == 7 ? 8 : 7);
-    });
-}
-
 /// The first or the last entry, whichever is not shown.
-Step Chosen(const char* name)
+void ChooseOther(QComboBox& list)
 {
-    return UserDoes(name, [name](ControlRig& rig) {
-        auto& list = rig.List(name);
-        Choose(list, list.itemText(list.currentIndex() == 0 ? list.count() - 1 : 0));
-    });
+    Choose(list, list.itemText(list.currentIndex() == 0 ? list.count() - 1 : 0));
 }
 
-Step Coloured(const char* name)
+/// Whatever dialog comes up is accepted, with something in it chosen where that can be.
+void Accept(ControlRig& rig, QDialog& dialog)
 {
-    return UserDoes(name, [name](ControlRig& rig) {
-        rig.platform.choosers.colours = {0x010203};
-        rig.Press(name);
-    });
+    if (auto* browser = dialog.findChild<QWidget*>("dfeTextureDialog")) {
+        dynamic_cast<RecordingEditport&>(*browser).listener->ItemOpened(0);
+    } else if (auto* patterns = dialog.findChild<QComboBox*>("cboColorPattern")) {
+        ChooseOther(*patterns);
+    }
+    const bool isCone = rig.Read(&CorvexMaterial::IMaterial::get_lPreviewPrimitive) == 4;
+    for (const char* name : {"cmdOK", isCone ? "cmdPrimitive_1" : "cmdPrimitive_4"}) {
+        auto* button = dialog.findChild<QAbstractButton*>(name);
+        if (button != nullptr && button->isVisible()) {
+            button->click();
+        }
+    }
+    if (dialog.isVisible()) {
+        dialog.reject();
+    }
 }
 
-Step FileSelected(const char* name)
-{
-    return UserDoes(name, [name](ControlRig& rig) {
-        rig.Control().put_TextureFileName("");
-        rig.platform.choosers.files = {"/textures/a.tif"};
-        rig.Press(name);
-    });
-}
-
-RecordingEditport& BrowserOf(ControlRig& rig, const std::string& stem)
-{
-    return dynamic_cast<RecordingEditport&>(rig.Find<QWidget>(("dfe" + stem).c_str()));
-}
-
-void Unfold(ControlRig& rig)
+/// What a user meets behind the controls: entries, and new answers of the desktop.
+void Supply(ControlRig& rig)
 {
     rig.Control().put_bTexturePanel(true);
     rig.Control().put_bMaterialLibraryPanel(true);
+    rig.host.graphics.capable = false;
+    rig.host.materialLibrary.items.resize(2);
+    rig.host.textureLibrary.items = {"/t/agate.png", "/t/onyx.png"};
+    rig.host.textureLibrary.files = {"/t/agate.png"};
+    for (const char* extension : {".cvm", ".cvt"}) {
+        rig.platform.libraryFiles.paths.erase(std::string("/textures/a.tif") + extension);
+    }
+    rig.platform.choosers.files = {"/textures/a.tif"};
+    rig.platform.choosers.colours = {0x010203};
+    for (auto* browser : rig.Control().findChildren<QWidget*>(QRegularExpression("^dfe"))) {
+        dynamic_cast<RecordingEditport&>(*browser).selected = 0;
+    }
 }
 
-void AddLibraryActions(std::vector<Step>& steps)
+/// As a user operates a control of its kind.
+void Operate(ControlRig& rig, QWidget& widget)
 {
-    for (const std::string stem : {"MaterialLibrary", "TextureLibrary"}) {
-        const auto add = [&](const std::string& name, const std::function<void(ControlRig&)>& act) {
-            steps.push_back(UserDoes(name, [act](ControlRig& rig) {
-                Unfold(rig);
-                act(rig);
-            }));
-        };
-        for (const char* button : {"Add", "Delete"}) {
-            const std::string name = "cmd" + stem + button;
-            add(name, [name, stem](ControlRig& rig) {
-                rig.host.materialLibrary.items.resize(2);
-                rig.host.textureLibrary.items = {"/t/agate.png", "/t/onyx.png"};
-                BrowserOf(rig, stem).selected = 0;
-                rig.Press(name.c_str());
-            });
+    if (auto* slider = qobject_cast<QAbstractSlider*>(&widget)) {
+        slider->setValue(slider->value() == 7 ? 8 : 7);
+    } else if (auto* list = qobject_cast<QComboBox*>(&widget)) {
+        ChooseOther(*list);
+    } else if (auto* field = qobject_cast<QLineEdit*>(&widget)) {
+        Type(*field, field->text() == "7" ? "8" : "7");
+    } else if (auto* box = qobject_cast<QAbstractSpinBox*>(&widget)) {
+        box->stepBy(box->text().toDouble() < 5.0 ? 1 : -1);
+    } else if (auto* tabs = qobject_cast<QTabBar*>(&widget)) {
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            tabs->setCurrentIndex(tab);
         }
-        add("cmd" + stem + "Functions", [stem](ControlRig& rig) {
-            const std::string path =
-                "/libraries/New." + std::string(stem == "MaterialLibrary" ? "cvm" : "cvt");
-            rig.platform.libraryFiles.paths.erase(path);
-            rig.platform.choosers.files = {path};
-            rig.Press(("cmd" + stem + "Functions").c_str());
-        });
-        add("cbo" + stem, [stem](ControlRig& rig) {
-            auto& list = rig.List(("cbo" + stem).c_str());
-            Choose(list, list.itemText(0));
-        });
-        add("dfe" + stem, [stem](ControlRig& rig) {
-            rig.host.materialLibrary.items.resize(2);
-            rig.host.textureLibrary.items = {"/t/agate.png"};
-            BrowserOf(rig, stem).listener->ItemSelected(0);
-            BrowserOf(rig, stem).listener->Scrolled({0, 100, 10, 10});
-            rig.Find<QScrollBar>(("vsb" + stem).c_str()).setValue(7);
-        });
+    } else if (auto* browser = dynamic_cast<RecordingEditport*>(&widget)) {
+        browser->listener->Scrolled({0, 100, 10, 10});
+        browser->listener->ItemSelected(0);
+    } else if (&widget == rig.host.Viewport()) {
+        rig.host.Viewport()->listener->ViewChanged();
+        rig.host.Viewport()->listener->PositionChanged("here");
+    } else {
+        Click(widget);
     }
-}
-
-void AddTextureActions(std::vector<Step>& steps)
-{
-    for (const char* name : {"cmdSelectTexture", "imgTexture_1"}) {
-        steps.push_back(FileSelected(name));
-    }
-    steps.push_back(UserDoes("cmdTexturePopup", [](ControlRig& rig) {
-        rig.host.textureLibrary.files = {"/t/agate.png"};
-        const DialogAnswer answer([](QDialog& dialog) {
-            dynamic_cast<RecordingEditport&>(*dialog.findChild<QWidget*>("dfeTextureDialog"))
-                .listener->ItemOpened(0);
-            if (dialog.isVisible()) {
-                dialog.reject();
-            }
-        });
-        rig.Press("cmdTexturePopup");
-    }));
-    for (const char* name : {"cmdTexture", "cmdFlatWrapOptions"}) {
-        steps.push_back(PressedAndAccepted(name));
-    }
-    for (const char* name : {"optWrapType_2", "cmdDeleteTexture"}) {
-        steps.push_back(Pressed(name));
-    }
-    steps.push_back(Chosen("cboTextureAlphaChannelUse"));
-    steps.push_back(UserDoes("tabChannels", [](ControlRig& rig) {
-        rig.host.graphics.capable = false;
-        auto& tabs = rig.Find<QTabBar>("tabChannels");
-        for (int tab = 0; tab < tabs.count(); ++tab) {
-            tabs.setCurrentIndex(tab);
-        }
-    }));
-}
-
-void AddPluginActions(std::vector<Step>& steps)
-{
-    steps.push_back(UserDoes("cboPlugin", [](ControlRig& rig) {
-        Choose(rig.List("cboPlugin"), "None");
-        Choose(rig.List("cboPlugin"), "Marble");
-    }));
-    for (const char* name : {"cmdRemember", "cmdReset", "cmdResetUser", "chkParameter_2"}) {
-        steps.push_back(Pressed(name));
-    }
-    steps.push_back(Slid("sldParameter_0"));
-    steps.push_back(UserDoes("txtParameter_1", [](ControlRig& rig) {
-        auto& box = rig.Find<QAbstractSpinBox>("txtParameter_1");
-        box.stepBy(box.text().toDouble() < 5.0 ? 1 : -1);
-    }));
-    steps.push_back(Chosen("cboParameter_3"));
-    steps.push_back(Coloured("picParameter_4"));
-    steps.push_back(Typed("txtCustomMaterialFieldValue_0"));
-}
-
-void AddRaytraceActions(std::vector<Step>& steps)
-{
-    steps.push_back(Pressed("cmdPreview"));
-    // Without a raytracer it offers the way to one.
-    steps.push_back(UserDoes("cmdPreview", [](ControlRig& rig) {
-        std::string& program = rig.host.applicationState.povRayProgram;
-        const std::string installed = std::exchange(program, {});
-        rig.platform.prompts.answers = {true};
-        rig.Press("cmdPreview");
-        program = installed;
-    }));
-    steps.push_back(UserDoes("cmdMaterialExtended", [](ControlRig& rig) {
-        const DialogAnswer answer([](QDialog& dialog) {
-            auto& patterns = *dialog.findChild<QComboBox*>("cboColorPattern");
-            Choose(patterns, patterns.itemText(patterns.currentIndex() == 1 ? 2 : 1));
-            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
-        });
-        rig.Press("cmdMaterialExtended");
-    }));
 }
 
 }  // namespace
@@ -231,9 +108,11 @@ void OfferPluginAndField(ControlRig& rig)
     };
     rig.host.materialLibrary.creating = create;
     rig.host.textureLibrary.creating = create;
+    rig.Control().DefaultMaterial();
     rig.Control().ClearPluginList();
     rig.Control().AddToPluginList("Marble");
     Choose(rig.List("cboPlugin"), "Marble");
+    Choose(rig.List("cboAlphaTest"), "Less");
 }
 
 std::vector<Step> Members()
@@ -325,57 +204,33 @@ std::vector<Step> Properties()
     return steps;
 }
 
-std::vector<Step> UserActions()
+std::vector<Step> UserActions(ControlRig& rig)
 {
+    static const QRegularExpression kControls("^(cmd|chk|opt|cbo|txt|sld|img|tab|dfe|dfv|vsb)[A-Z]|"
+                                              "^pic(VBColor|Parameter)");
+    Supply(rig);
     std::vector<Step> steps;
-    for (const char* name :
-         {"chkFlipU", "chkFlipV", "chkDoubleSided", "chkApplyRelative", "chkAlphaIsTransparent",
-          "cmdMaterialRemember", "cmdMaterialResetUserDefaults", "cmdMaterialResetDefaults",
-          "cmdMiscellaneousResetToDefaults", "cmdAdvancedOptionsResetDefaults", "chkTextureLibrary",
-          "chkMaterialLibrary", "chkMaterialPanel"}) {
-        steps.push_back(Pressed(name));
-    }
-    for (const char* name : {"cmdSelectColor", "picVBColor"}) {
-        steps.push_back(Coloured(name));
-    }
-    for (const char* name : {"sldEmissive", "sldSpecular", "sldAmbient", "sldTransparency"}) {
-        steps.push_back(Slid(name));
-    }
-    steps.push_back(UserDoes("cboColor", [](ControlRig& rig) {
-        rig.platform.choosers.colours = {16775408};  // one that the list names
-        Choose(rig.List("cboColor"), "Custom");
-    }));
-    steps.push_back(UserDoes("cboAlphaTest",
-                             [](ControlRig& rig) { Choose(rig.List("cboAlphaTest"), "Less"); }));
-    for (const char* name : {"txtEmissive", "txtSpecular", "txtAmbient", "txtTransparency",
-                             "txtAlphaTestReference", "txtTexture2Translucency"}) {
-        steps.push_back(Typed(name));
-    }
-    steps.push_back(UserDoes("cmdPreviewPrimitive", [](ControlRig& rig) {
-        const bool isCone = rig.Read(&CorvexMaterial::IMaterial::get_lPreviewPrimitive) == 4;
-        const DialogAnswer answer([isCone](QDialog& dialog) {
-            Click(
-                *dialog.findChild<QAbstractButton*>(isCone ? "cmdPrimitive_1" : "cmdPrimitive_4"));
-        });
-        rig.Press("cmdPreviewPrimitive");
-    }));
-    steps.push_back(UserDoes("dfvMaterialViewport", [](ControlRig& rig) {
-        rig.host.Viewport()->listener->ViewChanged();
-        rig.host.Viewport()->listener->PositionChanged("here");
-    }));
-    for (const char* kind : {"Material", "Texture"}) {
-        for (const char* change : {"More", "Less"}) {
-            const std::string name = std::string("cmd") + kind + "Library" + change;
-            steps.push_back(UserDoes(name, [name](ControlRig& rig) {
-                Unfold(rig);
-                rig.Press(name.c_str());
-            }));
+    for (const QWidget* widget : rig.Control().findChildren<QWidget*>(kControls)) {
+        const std::string name = widget->objectName().toStdString();
+        if (rig.Shown(name.c_str()).isVisible()) {
+            steps.push_back({name, [name](ControlRig& operated) {
+                                 Supply(operated);
+                                 const DialogAnswer answer(
+                                     [&](QDialog& dialog) { Accept(operated, dialog); });
+                                 Operate(operated, operated.Shown(name.c_str()));
+                                 return std::optional<Status>();
+                             }});
         }
     }
-    AddLibraryActions(steps);
-    AddTextureActions(steps);
-    AddPluginActions(steps);
-    AddRaytraceActions(steps);
+    // Without a raytracer it offers the way to one.
+    steps.push_back({"no raytracer", [](ControlRig& operated) {
+                         std::string& program = operated.host.applicationState.povRayProgram;
+                         const std::string installed = std::exchange(program, {});
+                         operated.platform.prompts.answers = {true};
+                         operated.Press("cmdPreview");
+                         program = installed;
+                         return std::optional<Status>();
+                     }});
     return steps;
 }
 

@@ -2,11 +2,6 @@
 
 #include "ControlRig.h"
 
-#include <functional>
-#include <optional>
-#include <string>
-#include <vector>
-
 namespace CorvexTest {
 
 /// One thing that a host or a user does with a running control.
@@ -22,7 +17,7 @@ void OfferPluginAndField(ControlRig& rig);
 std::vector<Step> Members();
 /// Every property that can be written.
 std::vector<Step> Properties();
-/// Every control that a user can operate.
-std::vector<Step> UserActions();
+/// Every control that a user can see and operate.
+std::vector<Step> UserActions(ControlRig& rig);
 
 }  // namespace CorvexTest

@@ -1,5 +1,4 @@
 #include "ControlRig.h"
-#include "Testing.h"
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "LibraryFixture.h"
-
-#include <QTabBar>
+#include "Testing.h"
 
 namespace {
 

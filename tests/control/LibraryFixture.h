@@ -2,10 +2,6 @@
 
 #include "ControlRig.h"
 
-#include <QScrollBar>
-
-#include <gtest/gtest.h>
-
 namespace CorvexTest {
 
 /// What differs between the two libraries, as a user sees it.

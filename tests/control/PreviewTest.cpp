@@ -1,7 +1,4 @@
 #include "ControlRig.h"
-#include "Testing.h"
-
-#include <QAbstractButton>
 
 namespace {
 

@@ -1,8 +1,5 @@
 #include "ControlRig.h"
-#include "Testing.h"
 #include "modDialog.h"
-
-#include <QTabBar>
 
 namespace {
 

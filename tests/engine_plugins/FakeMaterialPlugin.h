@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Testing.h"
 #include <CorvexMaterial/MaterialPlugin.h>
 
 #include <atomic>
-#include <functional>
 
 /// A plug-in of one slider that draws a plain colour, or whatever a test sets.
 class FakeMaterialPlugin : public CorvexPlugin::MaterialPlugin {

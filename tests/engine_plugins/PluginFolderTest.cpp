@@ -6,9 +6,6 @@
 #include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <limits>
-#include <stdexcept>
-
 namespace studio {
 namespace {
 

@@ -5,10 +5,7 @@
 #include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <QElapsedTimer>
-
 #include <semaphore>
-#include <stdexcept>
 
 namespace studio {
 namespace {

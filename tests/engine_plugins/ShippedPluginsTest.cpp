@@ -1,10 +1,6 @@
 #include "CheckedPlugin.h"
 #include "PluginFolder.h"
-
-#include <gmock/gmock.h>
-
-#include <cmath>
-#include <set>
+#include "Testing.h"
 
 namespace studio {
 namespace {

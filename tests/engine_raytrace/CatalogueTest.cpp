@@ -4,11 +4,6 @@
 #include "Testing.h"
 #include <CorvexMaterial/Looks.h>
 
-#include <QRegularExpression>
-
-#include <cmath>
-#include <set>
-
 namespace {
 
 using namespace StudioRaytraceTest;

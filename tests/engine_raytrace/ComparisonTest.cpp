@@ -3,13 +3,8 @@
 #include "PictureDifference.h"
 #include "SceneWriters.h"
 #include "SphereGrid.h"
+#include "Testing.h"
 
-#include <QRegularExpression>
-
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
 #include <span>
 
 namespace {

@@ -2,11 +2,6 @@
 
 #include "Testing.h"
 
-#include <QElapsedTimer>
-#include <QProcess>
-
-#include <csignal>
-
 namespace {
 
 constexpr const char* kScene = "#version 3.7;\nglobal_settings { assumed_gamma 1.0 }\n"

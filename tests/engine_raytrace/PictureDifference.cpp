@@ -1,6 +1,5 @@
 #include "PictureDifference.h"
-
-#include <cstdlib>
+#include "Testing.h"
 
 namespace StudioRaytraceTest {
 namespace {

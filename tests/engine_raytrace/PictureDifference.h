@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QImage>
+#include "Testing.h"
 
 namespace StudioRaytraceTest {
 

@@ -5,10 +5,7 @@
 #include "ParametricMesh.h"
 #include "TextureCache.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPainter>
-#include <QProcess>
 
 namespace StudioRaytraceTest {
 

@@ -3,13 +3,7 @@
 #include "RaytraceImages.h"
 #include "RaytraceScene.h"
 #include "RenderService.h"
-
-#include <QImage>
-#include <QString>
-#include <QTemporaryDir>
-
-#include <functional>
-#include <vector>
+#include "Testing.h"
 
 namespace StudioRaytraceTest {
 

@@ -1,57 +1,50 @@
 #include "RibReader.h"
 
-#include <algorithm>
-#include <cctype>
-#include <cmath>
-#include <cstdlib>
+#include "Testing.h"
 
 namespace StudioRaytraceTest {
 namespace {
 
-bool Is(int (*kind)(int), char letter)
-{
-    return kind(static_cast<unsigned char>(letter)) != 0;
-}
-
-/// Strings in double quotes with backslashes, arrays in brackets, numbers, names, comments.
+/// Strings in double quotes with backslashes, arrays in brackets, names, numbers; what is none of
+/// them nor blank nor a comment is wrong.
 class Tokens {
 public:
-    Tokens(const std::string& text, RibFile& file) : m_text(text), m_file(file)
+    Tokens(const std::string& text, RibFile& file) : m_file(file)
     {
-        while (m_file.faults.empty() && Skip()) {
-            ReadToken();
+        static const QRegularExpression kToken(
+            R"re(\s+|#[^\r\n]*|(?<string>"(?:[^"\\[:cntrl:]]|\\.)*")|(?<bracket>[][]))re"
+            R"re(|(?<name>[A-Za-z]+)|(?<number>[-+]?[\d.]+(?:e[-+]?\d+)?)|(?<other>.))re");
+        auto tokens = kToken.globalMatch(QString::fromStdString(text));
+        while (tokens.hasNext()) {
+            Take(tokens.next());
         }
         Check(!m_inArray, "an array is left open");
     }
 
 private:
-    bool Skip()
+    void Take(const QRegularExpressionMatch& token)
     {
-        while (m_at < m_text.size() && (m_text[m_at] == '#' || Is(std::isspace, m_text[m_at]))) {
-            m_at = m_text[m_at] == '#' ? std::min(m_text.find_first_of("\r\n", m_at), m_text.size())
-                                       : m_at + 1;
-        }
-        return m_at < m_text.size();
-    }
-
-    void ReadToken()
-    {
-        const char letter = m_text[m_at];
-        if (Is(std::isalpha, letter)) {
-            ReadName();
+        if (const QString name = token.captured(u"name"); !name.isEmpty()) {
+            Check(!m_inArray, "a name in an array");
+            m_file.requests.push_back({name.toStdString(), {}});
         } else if (m_file.requests.empty()) {
-            Check(false, "nothing is requested yet");
-        } else if (letter == '"') {
-            ReadString();
-        } else if (letter == '[' || letter == ']') {
-            Check(m_inArray == (letter == ']'), "a bracket too many");
-            m_inArray = letter == '[';
+            Check(QString("# \n").contains(token.captured(0)[0]), "nothing is requested yet");
+        } else if (QString string = token.captured(u"string"); !string.isEmpty()) {
+            static const QRegularExpression kEscaped(R"re(\\(.))re");
+            Argument().strings.push_back(
+                string.mid(1, string.size() - 2).replace(kEscaped, "\\1").toStdString());
+        } else if (const QString bracket = token.captured(u"bracket"); !bracket.isEmpty()) {
+            Check(m_inArray == (bracket == u"]"), "a bracket too many");
+            m_inArray = bracket == u"[";
             if (m_inArray) {
                 m_file.requests.back().arguments.push_back({true, {}, {}});
             }
-            ++m_at;
+        } else if (const QString number = token.captured(u"number"); !number.isEmpty()) {
+            bool isNumber = false;
+            Argument().numbers.push_back(number.toFloat(&isNumber));
+            Check(isNumber, "no number: " + number.toStdString());
         } else {
-            ReadNumber();
+            Check(token.captured(u"other").isEmpty(), token.captured(u"other").toStdString());
         }
     }
 
@@ -64,55 +57,16 @@ private:
         return arguments.back();
     }
 
-    void ReadString()
-    {
-        std::string content;
-        for (++m_at; m_at < m_text.size() && m_text[m_at] != '"'; ++m_at) {
-            Check(!Is(std::iscntrl, m_text[m_at]), "a control letter in a string");
-            m_at += m_text[m_at] == '\\' ? 1 : 0;
-            content += m_at < m_text.size() ? m_text[m_at] : '\0';
-        }
-        Check(m_at++ < m_text.size(), "a string is left open");
-        Argument().strings.push_back(content);
-    }
-
-    void ReadName()
-    {
-        std::string name;
-        while (m_at < m_text.size() && Is(std::isalpha, m_text[m_at])) {
-            name += m_text[m_at++];
-        }
-        Check(!m_inArray, "a name in an array: " + name);
-        m_file.requests.push_back({name, {}});
-    }
-
-    void ReadNumber()
-    {
-        const char* begin = m_text.c_str() + m_at;
-        char* end = nullptr;
-        const float number = std::strtof(begin, &end);
-        Check(end != begin && std::isfinite(number), "no number: " + m_text.substr(m_at, 20));
-        m_at += static_cast<std::size_t>(end - begin);
-        Argument().numbers.push_back(number);
-    }
-
     void Check(bool fine, const std::string& otherwise)
     {
-        if (!fine && m_file.faults.empty()) {
-            m_file.faults.push_back(otherwise + " at " + std::to_string(m_at));
+        if (!fine) {
+            m_file.faults.push_back(otherwise);
         }
     }
 
-    const std::string& m_text;
     RibFile& m_file;
-    std::size_t m_at = 0;
     bool m_inArray = false;
 };
-
-std::string LastWord(const std::string& declaration)
-{
-    return declaration.substr(declaration.rfind(' ') + 1);
-}
 
 }  // namespace
 
@@ -135,18 +89,11 @@ std::vector<float> RibRequest::Numbers() const
 const RibArgument* RibRequest::Parameter(std::string_view parameter) const
 {
     for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
-        if (!arguments[i].isArray && LastWord(Text(i)) == parameter) {
+        if (!arguments[i].isArray && Text(i).ends_with(' ' + std::string(parameter))) {
             return &arguments[i + 1];
         }
     }
     return nullptr;
-}
-
-const RibRequest* RibFile::Find(std::string_view name) const
-{
-    const auto found = std::find_if(requests.begin(), requests.end(),
-                                    [&](const RibRequest& r) { return r.name == name; });
-    return found == requests.end() ? nullptr : &*found;
 }
 
 std::vector<const RibRequest*> RibFile::All(std::string_view name) const
@@ -158,6 +105,12 @@ std::vector<const RibRequest*> RibFile::All(std::string_view name) const
         }
     }
     return all;
+}
+
+const RibRequest* RibFile::Find(std::string_view name) const
+{
+    const auto all = All(name);
+    return all.empty() ? nullptr : all.front();
 }
 
 RibFile ReadRib(const std::string& text)

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <string>
+#include "Testing.h"
 #include <string_view>
-#include <vector>
 
 namespace StudioRaytraceTest {
 

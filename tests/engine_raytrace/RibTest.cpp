@@ -2,9 +2,6 @@
 #include "RaytraceRig.h"
 #include "RibReader.h"
 #include "StudioSceneExporter.h"
-#include "Testing.h"
-
-#include <cmath>
 
 namespace {
 

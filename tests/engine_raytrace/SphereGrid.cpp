@@ -1,7 +1,5 @@
 #include "SphereGrid.h"
-
-#include <algorithm>
-#include <cmath>
+#include "Testing.h"
 
 namespace StudioRaytraceTest {
 namespace {

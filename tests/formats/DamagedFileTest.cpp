@@ -3,36 +3,11 @@
 #include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <random>
-
 namespace {
 
 using CorvexMaterial::Error;
 using CorvexMaterial::Status;
 using CorvexTest::Import;
-
-/// Cut, with other bytes, and with a piece of it where it does not belong.
-QByteArray Damaged(QByteArray bytes, std::mt19937& dice)
-{
-    // The same on every system, which the distributions of the library are not.
-    const auto below = [&](qsizetype limit) {
-        return static_cast<qsizetype>(dice() % static_cast<std::uint32_t>(limit));
-    };
-    for (qsizetype changes = 1 + below(6); changes > 0 && !bytes.isEmpty(); --changes) {
-        const qsizetype at = below(bytes.size());
-        switch (below(4)) {
-        case 0:
-            bytes.truncate(at);
-            break;
-        case 1:
-            bytes.insert(below(bytes.size()), bytes.mid(at, below(200)));
-            break;
-        default:
-            bytes[at] = static_cast<char>(below(256));
-        }
-    }
-    return bytes;
-}
 
 class DamagedMaterials : public testing::Test {
 protected:
@@ -59,19 +34,8 @@ protected:
     CorvexTest::SampleFolder m_folder;
 };
 
-TEST_F(DamagedMaterials, GltfCostsNoMoreThanAMessage)
+TEST_F(DamagedMaterials, AnImporterThatCrashesOrHangsCostsNoMoreThanAMessage)
 {
-    const QByteArray good =
-        CorvexTest::ContentOf(QString::fromStdString(CorvexTest::SampleFile("worn.gltf")));
-    std::mt19937 dice(20261124);
-    for (int run = 0; run < 12; ++run) {
-        const std::string path = Write("damaged.gltf", Damaged(good, dice));
-        try {
-            EXPECT_FALSE(Import(path).materials.empty());
-        } catch (const Error& error) {
-            EXPECT_EQ(error.Code(), Status::FileFailed);
-        }
-    }
     for (const char* script : {"#!/bin/sh\nkill -SEGV $$\n", "#!/bin/sh\nexec sleep 60\n"}) {
         studio::ImportProgram program{m_folder.PathOf("importer"), std::chrono::seconds(60)};
         program.cancelled = [asked = 0]() mutable { return ++asked > 3; };

@@ -1,6 +1,5 @@
 #include "Exchange.h"
-
-#include <algorithm>
+#include "Testing.h"
 
 namespace CorvexTest {
 

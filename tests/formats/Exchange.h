@@ -1,11 +1,7 @@
 #pragma once
 
 #include "Interchange.h"
-
-#include <QString>
-#include <QTemporaryDir>
-
-#include <optional>
+#include "Testing.h"
 
 namespace CorvexTest {
 

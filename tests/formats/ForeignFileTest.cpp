@@ -1,6 +1,5 @@
 #include "Exchange.h"
-
-#include <gtest/gtest.h>
+#include "Testing.h"
 
 // Files as other programs write them, and what has to come of each.
 

@@ -3,9 +3,6 @@
 #include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <cmath>
-#include <random>
-
 #include <sys/stat.h>
 
 // Out into a format and in again: equal as far as the format can say it.

@@ -4,29 +4,9 @@
 #include "Testing.h"
 #include "TextureFile.h"
 
-#include <random>
-
 namespace {
 
 using CorvexTest::ContentOf;
-
-/// The same on every system, which the distributions of the library are not.
-qsizetype Below(qsizetype limit, std::mt19937& dice)
-{
-    return static_cast<qsizetype>(dice() % static_cast<std::uint32_t>(limit));
-}
-
-QByteArray WithFlippedBits(QByteArray bytes, std::mt19937& dice)
-{
-    // Most decisions are made by the first bytes.
-    const bool inHeader = Below(2, dice) == 0;
-    const qsizetype end = inHeader ? std::min<qsizetype>(bytes.size(), 128) : bytes.size();
-    for (qsizetype flips = 1 + Below(4, dice); flips > 0; --flips) {
-        const qsizetype at = Below(end, dice);
-        bytes[at] = static_cast<char>(bytes.at(at) ^ (1 << Below(8, dice)));
-    }
-    return bytes;
-}
 
 QFileInfoList SampleFiles()
 {
@@ -53,14 +33,13 @@ private:
 TEST_F(Damaged, FilesOfEveryTypeGiveAnImageOrAReason)
 {
     const QtMessageHandler loud = qInstallMessageHandler([](auto, const auto&, const auto&) {});
-    std::mt19937 dice(20250611);
     for (const QFileInfo& sample : SampleFiles()) {
         SCOPED_TRACE(sample.fileName().toStdString());
         const QByteArray good = ContentOf(sample.filePath());
         ASSERT_GT(good.size(), 0);
         for (int i = 0; i < 8; ++i) {
             ExpectImageOrReason(good.first(good.size() * i / 8), sample.suffix());
-            ExpectImageOrReason(WithFlippedBits(good, dice), sample.suffix());
+            ExpectImageOrReason(QByteArray(good).replace(16 * i, 8, "damaged!"), sample.suffix());
         }
     }
     qInstallMessageHandler(loud);

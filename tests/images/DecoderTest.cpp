@@ -1,8 +1,6 @@
 #include "OwnFormats.h"
 #include "Testing.h"
 
-#include <array>
-
 namespace {
 
 using studio::FindOwnFormat;

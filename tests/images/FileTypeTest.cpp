@@ -3,7 +3,6 @@
 
 #include <QImageReader>
 
-#include <array>
 #include <cstring>
 
 namespace {

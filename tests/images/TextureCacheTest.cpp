@@ -4,7 +4,6 @@
 #include "Thumbnail.h"
 
 #include <future>
-#include <set>
 
 namespace {
 

@@ -287,27 +287,4 @@ TEST(HostileEntries, CostOnlyThemselves)
     FuzzLibrary(temporary.Path());
 }
 
-// The same as the fuzzer does at length.
-TEST(DamagedLibraries, AreNoDangerWhateverTheirBytes)
-{
-    const TemporaryLibrary temporary;
-    Fill(temporary, 12);
-    const QByteArray good = temporary.Bytes();
-    std::mt19937 dice(3);
-    const auto below = [&](qsizetype limit) {
-        return static_cast<qsizetype>(dice() % static_cast<std::uint32_t>(limit));
-    };
-    for (int round = 0; round < 90; ++round) {
-        QByteArray bytes = round % 3 == 0 ? good.first(below(good.size())) : good;
-        for (auto flips = below(6); flips > 0 && !bytes.isEmpty(); --flips) {
-            const auto at =
-                below(round % 2 == 0 ? bytes.size() : std::min<qsizetype>(4096, bytes.size()));
-            bytes[at] = static_cast<char>(bytes.at(at) ^ (1 << below(8)));
-        }
-        temporary.SetBytes(bytes);
-        FuzzLibrary(temporary.Path());
-        QFile::remove(QString::fromStdString(temporary.Path()) + QStringLiteral("-journal"));
-    }
-}
-
 }  // namespace

@@ -1,27 +1,98 @@
+#include "FullDisk.h"
 #include "SampleMaterials.h"
-#include "Testing.h"
-#include "WriterProcess.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
+using CorvexTest::FullDisk;
 using LibraryTest::NamesIn;
-using LibraryTest::WriterProcess;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+/// Every third change takes out what the one two before has added.
+std::string NameOf(int number)
+{
+    return "entry " + std::to_string(number % 3 == 2 ? number - 2 : number);
+}
 
 std::vector<std::string> NamesAfter(int changes)
 {
     std::vector<std::string> names;
     for (int number = 0; number < changes; ++number) {
-        const auto change = LibraryTest::ChangeNumber(number);
-        if (change.isAdded) {
-            names.push_back(change.name);
+        if (number % 3 == 2) {
+            std::erase(names, NameOf(number));
         } else {
-            std::erase(names, change.name);
+            names.push_back(NameOf(number));
         }
     }
     return names;
 }
+
+/// A process of its own that changes a library, and says so after each change that is on the disk.
+class Writer {
+public:
+    Writer(const std::string& library, int first, int count, std::optional<rlim_t> mostBytes = {})
+    {
+        EXPECT_EQ(::pipe(m_ends), 0);
+        m_process = ::fork();
+        if (m_process == 0) {
+            Write(library, first, count, mostBytes);
+            ::_exit(0);
+        }
+        ::close(m_ends[1]);
+    }
+    ~Writer() { ::close(m_ends[0]); }
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
+
+    /// False when there is nothing more to come.
+    bool WaitForReport()
+    {
+        char letter = 0;
+        const bool came = ::read(m_ends[0], &letter, 1) == 1;
+        m_said.append(came ? 1 : 0, letter);
+        return came;
+    }
+    void End(int signal = 0)
+    {
+        ::kill(m_process, signal);
+        while (WaitForReport()) {
+        }
+        ::waitpid(m_process, nullptr, 0);
+    }
+    /// Of the changes.
+    [[nodiscard]] int Reported() const
+    {
+        return static_cast<int>(std::ranges::count(m_said, '\n'));
+    }
+    [[nodiscard]] std::string Error() const { return m_said.substr(m_said.rfind('\n') + 1); }
+
+private:
+    void Write(const std::string& path, int first, int count, std::optional<rlim_t> mostBytes)
+    {
+        const FullDisk disk(mostBytes.value_or(RLIM_INFINITY));
+        std::string error = LibraryTest::ErrorOf([&] {
+            auto library = studio::LibraryFile::Open(path, studio::LibraryKind::Materials);
+            for (int number = first; number < first + count; ++number) {
+                if (number % 3 == 2) {
+                    library.Remove(library.IdsNamed(NameOf(number)));
+                } else {
+                    studio::NewEntry entry = LibraryTest::EntryNamed(NameOf(number));
+                    entry.png.assign(5000, 'x');
+                    library.Add(entry);
+                }
+                EXPECT_EQ(::write(m_ends[1], "\n", 1), 1);
+            }
+        });
+        EXPECT_EQ(::write(m_ends[1], error.data(), error.size()), std::ssize(error));
+    }
+
+    int m_ends[2];
+    pid_t m_process = 0;
+    std::string m_said;
+};
 
 class InterruptedWriting : public testing::Test {
 protected:
@@ -48,7 +119,7 @@ TEST_F(InterruptedWriting, KeepsEveryCommittedChangeWhenKilled)
 {
     std::mt19937 dice(11);
     for (int round = 0; m_done < 500; ++round) {
-        WriterProcess writer(m_temporary.Path(), m_done, 500 - m_done, WriterProcess::Disk::Free);
+        Writer writer(m_temporary.Path(), m_done, 500 - m_done);
         // A reader at the same time sees whole changes only.
         auto reader = m_temporary.Open();
         const auto reportsToWait = 1 + dice() % 15;
@@ -59,10 +130,10 @@ TEST_F(InterruptedWriting, KeepsEveryCommittedChangeWhenKilled)
                 ASSERT_FALSE(reader.JsonAt(index).empty());
             }
         }
-        writer.Kill();
-        ASSERT_EQ(writer.Errors(), QString());
+        writer.End(SIGKILL);
+        ASSERT_EQ(writer.Error(), "");
         const int before = m_done;
-        ExpectStateAfter(m_done + static_cast<int>(writer.Reported().size()));
+        ExpectStateAfter(m_done + writer.Reported());
         ASSERT_GT(m_done, before);
         ASSERT_FALSE(HasFailure());
     }
@@ -70,18 +141,17 @@ TEST_F(InterruptedWriting, KeepsEveryCommittedChangeWhenKilled)
 
 TEST_F(InterruptedWriting, EndsInAMessageOnAFullDiskWithTheOldEntriesIntact)
 {
-    WriterProcess first(m_temporary.Path(), 0, 5, WriterProcess::Disk::Free);
-    first.WaitForEnd();
-    WriterProcess writer(m_temporary.Path(), 5, 300, WriterProcess::Disk::Full);
-    writer.WaitForEnd();
-    const auto reported = static_cast<int>(writer.Reported().size());
+    Writer(m_temporary.Path(), 0, 5).End();
+    Writer writer(m_temporary.Path(), 5, 300,
+                  static_cast<rlim_t>(m_temporary.Bytes().size() + 30000));
+    writer.End();
+    const int reported = writer.Reported();
     EXPECT_LT(reported, 100);
-    EXPECT_THAT(writer.Errors().toStdString(),
+    EXPECT_THAT(writer.Error(),
                 testing::AllOf(HasSubstr(m_temporary.Path()), HasSubstr("library is as it was")));
     ExpectStateAfter(5 + reported);
     // With some room it goes on.
-    WriterProcess more(m_temporary.Path(), m_done, 3, WriterProcess::Disk::Free);
-    more.WaitForEnd();
+    Writer(m_temporary.Path(), m_done, 3).End();
     ExpectStateAfter(m_done + 3);
 }
 

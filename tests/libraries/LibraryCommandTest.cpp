@@ -4,7 +4,6 @@
 #include "Testing.h"
 
 #include <QJsonDocument>
-#include <QProcess>
 
 namespace {
 

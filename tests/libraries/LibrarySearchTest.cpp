@@ -1,9 +1,8 @@
 #include "SampleMaterials.h"
 
 #include "LibraryQuery.h"
+#include "Testing.h"
 #include "TextureText.h"
-
-#include <gmock/gmock.h>
 
 namespace {
 

@@ -1,8 +1,5 @@
 #include "SampleMaterials.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
+#include "Testing.h"
 
 namespace LibraryTest {
 namespace {

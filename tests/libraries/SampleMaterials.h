@@ -2,11 +2,8 @@
 
 #include "LibraryFile.h"
 #include "MaterialText.h"
+#include "Testing.h"
 #include <CorvexMaterial/Status.h>
-
-#include <QTemporaryDir>
-
-#include <random>
 
 namespace LibraryTest {
 

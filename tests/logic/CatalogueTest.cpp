@@ -1,10 +1,7 @@
 #include "ErrorTexts.h"
+#include "Testing.h"
 #include <CorvexMaterial/AttributeText.h>
-#include <CorvexMaterial/TextureLayers.h>
 #include <CorvexMaterial/WarningCatalogue.h>
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <new>
 
@@ -25,17 +22,6 @@ TEST(AttributeCatalogue, FactoryTextsAreCanonical)
             }
         }
     }
-}
-
-TEST(TextureLayers, TabsBesideTheLayersGoToTheFirstAndTheLast)
-{
-    using enum TextureLayer;
-    const std::array layers{Primary,  Primary,     Primary,     Overlay,     Alpha,      Bump,
-                            Specular, Environment, Environment, Environment, Environment};
-    for (std::size_t tab = 0; tab < layers.size(); ++tab) {
-        EXPECT_EQ(LayerOfTab(static_cast<int>(tab)), layers[tab]) << tab;
-    }
-    EXPECT_EQ(LayerOfTab(-1), Primary);
 }
 
 TEST(Warnings, AreShownForAMissingChoiceAndForExactlyOne)

@@ -1,13 +1,9 @@
 #include "ArgumentChecks.h"
+#include "Testing.h"
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/Status.h>
 
-#include <gtest/gtest.h>
-
 #include <bit>
-#include <cmath>
-#include <limits>
-#include <random>
 
 namespace CorvexMaterial {
 

@@ -1,6 +1,5 @@
 #include "PanelLayout.h"
-
-#include <gtest/gtest.h>
+#include "Testing.h"
 
 #include <climits>
 #include <ostream>

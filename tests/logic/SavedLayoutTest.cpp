@@ -1,6 +1,5 @@
 #include "SavedStateFixture.h"
-
-#include <gmock/gmock.h>
+#include "Testing.h"
 
 namespace CorvexMaterial {
 

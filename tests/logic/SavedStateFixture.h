@@ -1,15 +1,10 @@
 #pragma once
 
 #include "SavedState.h"
+#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <gtest/gtest.h>
-
-#include <map>
 #include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace CorvexMaterial {
 

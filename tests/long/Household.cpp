@@ -1,11 +1,7 @@
 #include "Household.h"
+#include "Testing.h"
 
-#include <QDir>
 #include <QDirIterator>
-#include <QTest>
-
-#include <algorithm>
-#include <csignal>
 
 namespace LongTest {
 namespace {

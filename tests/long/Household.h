@@ -1,11 +1,7 @@
 #pragma once
 
 #include "SampleFolder.h"
-
-#include <QProcess>
-
-#include <chrono>
-#include <random>
+#include "Testing.h"
 
 namespace LongTest {
 

@@ -1,11 +1,7 @@
 #include "Household.h"
 #include "LibraryFile.h"
 #include "QtSettingsStore.h"
-
-#include <gmock/gmock.h>
-
-#include <QDir>
-#include <QTest>
+#include "Testing.h"
 
 namespace {
 

@@ -2,12 +2,10 @@
 #include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
 
-#include <QAbstractButton>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QListView>
 #include <QMessageBox>
-#include <QTimer>
 
 using namespace CorvexMaterial;
 using testing::Optional;

@@ -1,12 +1,7 @@
 #pragma once
 
+#include "Testing.h"
 #include <CorvexMaterial/Status.h>
-
-#include <gmock/gmock.h>
-
-#include <functional>
-#include <optional>
-#include <string>
 
 /// What the call reported as a failed file; nothing when it succeeded. Anything else fails.
 inline std::optional<std::string> FileFailure(const std::function<void()>& call)

@@ -2,9 +2,7 @@
 #include "ErrorMatch.h"
 #include "FullDisk.h"
 #include "SampleFolder.h"
-
-#include <QDir>
-#include <QFile>
+#include "Testing.h"
 
 #include <fcntl.h>
 #include <sys/inotify.h>

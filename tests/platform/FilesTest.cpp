@@ -1,15 +1,7 @@
 #include "ErrorMatch.h"
 #include "TemporaryFolder.h"
+#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
-
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-#include <QTemporaryDir>
-
-#include <csignal>
-#include <filesystem>
-#include <set>
 
 #include <sys/wait.h>
 #include <unistd.h>

@@ -1,13 +1,10 @@
 #include "ErrorMatch.h"
 #include "ProcessLeash.h"
 #include "SearchPath.h"
+#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
 
-#include <QTimer>
-#include <QWidget>
-
 #include <cerrno>
-#include <csignal>
 
 #include <sys/wait.h>
 #include <unistd.h>

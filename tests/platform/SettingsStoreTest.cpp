@@ -1,10 +1,8 @@
 #include "ErrorMatch.h"
 #include "FullDisk.h"
 #include "SampleFolder.h"
+#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
-
-#include <QDir>
-#include <QFile>
 
 #include <sys/stat.h>
 

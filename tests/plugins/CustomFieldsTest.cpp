@@ -1,7 +1,6 @@
 #include "CustomFieldsPanel.h"
 
 #include "Driving.h"
-#include "Testing.h"
 
 #include <QClipboard>
 #include <QTextDocument>

@@ -1,7 +1,4 @@
 #include "PluginRig.h"
-#include "Testing.h"
-
-#include <limits>
 
 namespace CorvexTest {
 namespace {

@@ -1,10 +1,7 @@
 #include "PluginRig.h"
 
 #include "PluginParameters.h"
-#include "Testing.h"
 #include "UpDownText.h"
-
-#include <QSlider>
 
 namespace CorvexTest {
 namespace {
@@ -34,22 +31,6 @@ TEST(PluginPanel, ShowsOneEditorOfItsKindPerParameter)
     EXPECT_THAT(rig.VisibleRows(), IsEmpty());
     EXPECT_EQ(rig.Read(), std::vector<float>(10, 0.0F));
     EXPECT_EQ(rig.panel->SelectedName(), "");
-}
-
-TEST(PluginPanel, PlacesRowsEvenlyAndAllInsideItsHeight)
-{
-    PluginRig rig;
-    rig.first->answer = [] { return std::vector<PluginParameter>(10, Slider(0, 9, 1)); };
-    rig.Pick("First");
-    EXPECT_EQ(rig.Find<QSlider>("sldParameter_0").y(), 26);
-    EXPECT_EQ(rig.Find<QLabel>("lblParameter_0").y(), 27);
-    EXPECT_EQ(rig.Find<QSlider>("sldParameter_9").y(), 26 + 9 * 22);
-    rig.panel->resize(276, rig.panel->sizeHint().height());
-    for (const QWidget* widget :
-         rig.panel->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        EXPECT_TRUE(!widget->isVisible() || rig.panel->rect().contains(widget->geometry()))
-            << widget->objectName().toStdString();
-    }
 }
 
 TEST(PluginPanel, EachUserEditIsSignalledOnceAndRead)

@@ -1,10 +1,7 @@
 #include "PluginParameters.h"
+#include "Testing.h"
 
 #include <CorvexMaterial/Status.h>
-
-#include <gtest/gtest.h>
-
-#include <limits>
 
 namespace CorvexMaterial {
 namespace {

@@ -1,7 +1,5 @@
 #include "PluginRig.h"
 
-#include <QComboBox>
-
 namespace CorvexTest {
 
 PluginParameter Slider(float minimum, float maximum, float value)

@@ -9,8 +9,6 @@
 #include "RecordingViews.h"
 #include "Trap.h"
 
-#include <functional>
-
 namespace CorvexTest {
 
 using CorvexDB::ParameterKind;

@@ -1,23 +1,14 @@
 #include "ControlRig.h"
-#include "Testing.h"
-
-#include <QAbstractButton>
 
 namespace {
 
 using namespace CorvexTest;
 using CorvexDB::WebSite;
 
-constexpr const char* kNoPovRay =
-    "Corvex: POVRay was not found. Corvex requires POVRay version 3.5 or higher. Would you like to "
-    "visit the POVRay web site for this free download?";
-constexpr const char* kNoRenderMan =
-    "Corvex: A RenderMan compatible renderer was not found. Is there one currently installed on "
-    "your system?";
-constexpr const char* kSelect =
-    "Corvex: Would you like to select your RenderMan compatible renderer?";
-constexpr const char* kVisit = "Corvex: Would you like to visit the Exluna web site to download "
-                               "their free Renderman compatible Blue Moon Rendering tools?";
+const std::string kNoRenderMan =
+    "Corvex: " + std::string(CorvexMaterial::kRenderMan.check.notFound);
+const std::string kSelect = "Corvex: " + std::string(CorvexMaterial::kRenderMan.check.select);
+const std::string kVisit = "Corvex: " + std::string(CorvexMaterial::kRenderMan.check.visit);
 
 struct Check {
     const char* name;
@@ -99,7 +90,8 @@ TEST(RaytracerCheck, AMissingPovRayIsExplainedAndNothingRuns)
         rig.host.applicationState.povRayProgram.clear();
         rig.platform.prompts.answers = {visit};
         rig.Press("cmdPreview");
-        EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo"), std::vector<std::string>{kNoPovRay});
+        EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo"),
+                  std::vector{"Corvex: " + std::string(CorvexMaterial::kPovRay.check.notFound)});
         EXPECT_EQ(rig.log.CountOf("ApplicationState.OpenWebSite"), visit ? 1U : 0U);
         EXPECT_EQ(rig.log.CountOf("SceneExporter.ExportRaytraceScene"), 0U);
         EXPECT_TRUE(rig.platform.prompts.shown.empty());

@@ -1,9 +1,6 @@
 #include "ControlRig.h"
-#include "Testing.h"
 
-#include <QAbstractButton>
 #include <QFrame>
-#include <QSlider>
 #include <QStandardItemModel>
 
 namespace {
@@ -26,7 +23,6 @@ public:
         return *found;
     }
     QComboBox& List(const char* name) { return Find<QComboBox>(name); }
-    QList<QSlider*> Sliders() { return m_dialog.findChildren<QSlider*>(); }
     bool Enabled(const char* name) { return Find<QWidget>(name).isEnabled(); }
     void Press(const char* name) { Click(Find<QWidget>(name)); }
 
@@ -102,9 +98,6 @@ TEST_F(ExtendedDialog, OkGivesBackWhatItWasGiven)
     EXPECT_EQ(rig.Changes(), 1U);
     ASSERT_EQ(rig.warnings.size(), 1U);
     EXPECT_EQ(rig.warnings.front().key, "MaterialExtended");
-    EXPECT_EQ(rig.warnings.front().text,
-              "These material attributes only apply when rendering using raytracing. Options that "
-              "do not apply to your selected raytracer will be disabled.");
 }
 
 TEST_F(ExtendedDialog, DefaultsThenCancelKeepTheRecordAndThenOkStoresThem)
@@ -128,7 +121,7 @@ TEST_F(ExtendedDialog, DefaultsThenCancelKeepTheRecordAndThenOkStoresThem)
     EXPECT_EQ(Record(), defaults);
 }
 
-TEST_F(ExtendedDialog, StartsAtTheFirstOfATypeAndKeepsEachSliderInItsRange)
+TEST_F(ExtendedDialog, StartsAtTheFirstOfAType)
 {
     Open([](Form& form) {
         form.List("cboPreDefinedMaterial").setCurrentIndex(2);
@@ -136,24 +129,6 @@ TEST_F(ExtendedDialog, StartsAtTheFirstOfATypeAndKeepsEachSliderInItsRange)
         EXPECT_EQ(form.List("cboPreDefinedMaterial").count(), 31);
         EXPECT_EQ(form.List("cboPreDefinedMaterial").currentIndex(), 0);
         EXPECT_FALSE(form.Find<QWidget>("lblNotHonored").isVisible()) << "POV-Ray honours all";
-        for (const QSlider* slider : form.Sliders()) {
-            const QString name = slider->objectName();
-            const bool fromOne = name == "sldBrilliance" || name == "sldRoughness";
-            EXPECT_EQ(slider->minimum(), fromOne ? 1 : 0) << name.toStdString();
-            EXPECT_EQ(slider->maximum(), 10) << name.toStdString();
-            EXPECT_EQ(slider->pageStep(), 5) << name.toStdString();
-        }
-    });
-}
-
-TEST_F(ExtendedDialog, ShowsTheFrameOfTheMaterialType)
-{
-    Open([](Form& form) {
-        for (const int type : {0, 1, 0}) {
-            form.List("cboMaterialType").setCurrentIndex(type);
-            EXPECT_EQ(form.Find<QFrame>("fraMaterial_0").isVisible(), type == 0);
-            EXPECT_EQ(form.Find<QFrame>("fraMaterial_1").isVisible(), type == 1);
-        }
     });
 }
 

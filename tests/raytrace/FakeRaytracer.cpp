@@ -1,8 +1,5 @@
 #include "FakeRaytracer.h"
 
-#include <QDir>
-#include <QFile>
-
 namespace CorvexTest {
 
 FakeRaytracer::FakeRaytracer(ControlRig& rig)

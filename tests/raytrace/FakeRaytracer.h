@@ -3,9 +3,7 @@
 #include "ControlRig.h"
 #include <CorvexMaterial/QtPlatform.h>
 
-#include <QString>
 #include <QStringList>
-#include <QTemporaryDir>
 
 namespace CorvexTest {
 

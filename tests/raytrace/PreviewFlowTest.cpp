@@ -1,10 +1,6 @@
 #include "ControlRig.h"
 #include "RaytraceMessages.h"
 
-#include <QAbstractButton>
-
-#include <gtest/gtest.h>
-
 namespace {
 
 using namespace CorvexTest;
@@ -122,11 +118,9 @@ TEST_F(PreviewFlow, AFileThatCannotBeRemovedIsOnlyTraced)
 {
     rig.log.FailEach("TemporaryFiles.Remove", Fault::ClassifiedError);
     rig.Press("cmdPreview");
-    EXPECT_LE(rig.platform.prompts.shown.size(), 1U);
-    EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
-    rig.log.Clear();
-    rig.Press("cmdPreview");
+    EXPECT_TRUE(rig.platform.prompts.shown.empty());
     EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+    EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
 }
 
 }  // namespace

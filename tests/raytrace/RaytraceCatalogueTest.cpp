@@ -1,13 +1,9 @@
 #include "PatternColours.h"
 #include "RaytraceAmounts.h"
 #include "RenderProgress.h"
+#include "Testing.h"
 #include "TextureRules.h"
 #include <CorvexMaterial/SimulationTexture.h>
-
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <limits>
 
 namespace {
 

@@ -1,9 +1,6 @@
 #include "FakeRaytracer.h"
 #include "RaytraceMessages.h"
-#include "Testing.h"
 
-#include <QAbstractButton>
-#include <QElapsedTimer>
 #include <QProgressBar>
 
 namespace {
@@ -32,40 +29,36 @@ private:
     QString m_workingFolder = QDir::currentPath();
 };
 
-TEST_F(RunningRaytracer, ThatRendersIsShown)
-{
-    raytracer.Runs("grep -q Display=off \"$ini\" && cp \"$picture\" \"$out\"");
-    rig.Press("cmdPreview");
-    EXPECT_TRUE(rig.platform.prompts.shown.empty());
-    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
-    ExpectCleanEnd();
-}
-
 struct Failure {
     const char* name;
     const char* commands;
-    const char* details;
+    const char* details;  ///< null when the picture is shown
+    bool isRenderMan = false;
 };
 
 class FailingRaytracer : public RunningRaytracer, public ::testing::WithParamInterface<Failure> {};
 
 TEST_P(FailingRaytracer, IsOneBoxThatCanSayWhy)
 {
-    raytracer.Runs(GetParam().commands);
+    const auto& [name, commands, details, isRenderMan] = GetParam();
+    isRenderMan ? raytracer.RunsAsRenderMan(commands) : raytracer.Runs(commands);
     rig.Press("cmdPreview");
-    ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
-    const Message& box = rig.platform.prompts.shown.front();
-    EXPECT_EQ(box.text, kRaytracerFailed);
-    EXPECT_EQ(box.title, "Corvex");
-    EXPECT_EQ(box.icon, PromptIcon::Critical);
-    EXPECT_THAT(box.details, HasSubstr(GetParam().details));
-    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 0U);
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), details == nullptr ? 1U : 0U);
+    ASSERT_EQ(rig.platform.prompts.shown.size(), details == nullptr ? 0U : 1U);
+    if (details != nullptr) {
+        const Message& box = rig.platform.prompts.shown.front();
+        EXPECT_EQ(box.text, kRaytracerFailed);
+        EXPECT_EQ(box.title, "Corvex");
+        EXPECT_EQ(box.icon, PromptIcon::Critical);
+        EXPECT_THAT(box.details, HasSubstr(details));
+    }
     ExpectCleanEnd();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Raytracers, FailingRaytracer,
     ::testing::Values(
+        Failure{"Rendering", "grep -q Display=off \"$ini\" && cp \"$picture\" \"$out\"", nullptr},
         Failure{"Errors", "cp \"$picture\" \"$out\"; echo 'no <light>' >&2; exit 1", "no <light>"},
         Failure{"SaysWhyOnStandardOutput", "echo 'bad scene'; exit 3", "exit code 3"},
         Failure{"Crashes", "cp \"$picture\" \"$out\"; kill -SEGV $$", "crashed"},
@@ -76,7 +69,21 @@ INSTANTIATE_TEST_SUITE_P(
                 "exit code 1. It says: \\u001b[2J \\u009b 3 | 4 | 5"},
         Failure{"WritesNothing", "exit 0", "made no picture (exit code 0)"},
         Failure{"WritesAnEmptyImage", ": > \"$out\"", "made no picture"},
-        Failure{"WritesAnotherSize", "make 8 8 > \"$out\"", "8 by 8 pixels instead of 256 by 256"}),
+        Failure{"WritesAnotherSize", "make 8 8 > \"$out\"", "8 by 8 pixels instead of 256 by 256"},
+        // A RenderMan renderer is judged by its words, too.
+        Failure{"Renders", "[ -f \"$scene\" ] && cp \"$picture\" \"$out\"", nullptr, true},
+        Failure{"RendersWhereItWorks", "cp \"$picture\" \"${out##*/}\"", nullptr, true},
+        Failure{"Warns", "cp \"$picture\" \"$out\"; echo 'R7 {WARNING} dull' >&2; echo 'ERRORS=0'",
+                nullptr, true},
+        Failure{"ErrsWithAnImage", "cp \"$picture\" \"$out\"; echo 'R12 {ERROR} no shader \"x\"'",
+                "an error. It says: R12 {ERROR} no shader \"x\"", true},
+        Failure{"ErrsAndGoesOnTalking",
+                "cp \"$picture\" \"$out\"; echo '3DL SEVERE: no memory' >&2; seq 9000",
+                "It says: 3DL SEVERE: no memory", true},
+        Failure{"ErrsInItsLastLine", "cp \"$picture\" \"$out\"; printf 'Error: no licence'",
+                "It says: Error: no licence", true},
+        Failure{"FailsAsARenderer", "cp \"$picture\" \"$out\"; echo 'bad scene' >&2; exit 3",
+                "bad scene", true}),
     [](const auto& test) { return std::string(test.param.name); });
 
 TEST_F(RunningRaytracer, ThatIsMissingIsTheSameBox)
@@ -113,6 +120,7 @@ TEST_F(RunningRaytracer, ShowsItsProgressWhileEverythingElseIsShut)
             }
         });
         watch->start(10);
+        QTimer::singleShot(5000, &dialog, [] { ADD_FAILURE() << "no progress is shown"; });
     });
     rig.Press("cmdPreview");
     EXPECT_TRUE(answer.Given());

@@ -1,26 +1,10 @@
 #include "FakeRaytracer.h"
-#include "Testing.h"
-
-#include <QAbstractButton>
-#include <QFile>
-#include <QSlider>
-#include <QTabBar>
-
-#include <csignal>
+#include <CorvexMaterial/WarningCatalogue.h>
 
 namespace {
 
 using namespace CorvexTest;
 using namespace CorvexMaterial;
-
-constexpr const char* kSeveral =
-    "A material has been created that simulates the effect produced by raytracing. Several Corvex "
-    "material attibutes will be disabled while this material is active to ensure the best match "
-    "with the Raytraced rendering.";
-constexpr const char* kAll =
-    "A material has been created that simulates the effect produced by raytracing. All Corvex "
-    "material attibutes will be disabled while this material is active to ensure the best match "
-    "with the Raytraced rendering.";
 
 class Simulation : public ::testing::Test {
 protected:
@@ -75,7 +59,7 @@ TEST_F(Simulation, OfAPatternBecomesThePrimaryTextureAndLocksItAlone)
     EXPECT_EQ(rig.platform.temporaryFiles.present, std::vector<std::string>{jpeg});
     EXPECT_EQ(rig.Changes(), 1U);
     ASSERT_EQ(rig.warnings.size(), 2U);
-    EXPECT_EQ(rig.warnings[1].text.toStdString(), kSeveral);
+    EXPECT_EQ(rig.warnings[1].text.toStdString(), RowOf(WarningId::RaytraceSimulation).text);
     EXPECT_EQ(rig.warnings[1].key, "RaytraceSimulation");
     ASSERT_EQ(rig.host.exporter.requests.size(), 1U);
     EXPECT_EQ(rig.host.exporter.requests[0].view, CorvexSG::RaytraceView::FlatSample);
@@ -105,7 +89,7 @@ TEST_F(Simulation, OfAPredefinedMaterialLocksTheListedControls)
 {
     ChoosePredefined();
     ASSERT_EQ(rig.warnings.size(), 2U);
-    EXPECT_EQ(rig.warnings[1].text.toStdString(), kAll);
+    EXPECT_EQ(rig.warnings[1].text.toStdString(), RowOf(WarningId::RaytraceSimulation).otherText);
     const char* const listed[] = {
         "cmdSelectTexture", "cmdDeleteTexture", "imgTexture_0", "imgTexture_5",
         "tabChannels",      "lblAmbient",       "lblEmissive",  "lblSpecularHighlighting",

@@ -2,7 +2,6 @@
 #include "ControlRig.h"
 #include "RenderWait.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include "modRaytrace.h"
 #include <CorvexMaterial/QtPlatform.h>
 

@@ -3,8 +3,6 @@
 #include "RenderService.h"
 #include "Testing.h"
 
-#include <cmath>
-
 namespace drawing {
 
 using studio::Frame;

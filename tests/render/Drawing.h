@@ -1,10 +1,7 @@
 #pragma once
 
 #include "Frame.h"
-
-#include <QImage>
-
-#include <memory>
+#include "Testing.h"
 
 namespace drawing {
 

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QImage>
-#include <QString>
-
-#include <functional>
-#include <string>
+#include "Testing.h"
 
 namespace drawing {
 

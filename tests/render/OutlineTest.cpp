@@ -1,6 +1,5 @@
 #include "Drawing.h"
-
-#include <gtest/gtest.h>
+#include "Testing.h"
 
 using namespace drawing;
 

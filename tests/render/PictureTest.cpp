@@ -1,11 +1,8 @@
 #include "Drawing.h"
 #include "GlContext.h"
 #include "Renderer.h"
+#include "Testing.h"
 #include <CorvexMaterial/Status.h>
-
-#include <gtest/gtest.h>
-
-#include <limits>
 
 using namespace drawing;
 

@@ -4,8 +4,6 @@
 #include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
-#include <cmath>
-
 namespace {
 
 class PreviewMesh : public testing::TestWithParam<const char*> {

@@ -1,10 +1,7 @@
 #include "Drawing.h"
 #include "Images.h"
+#include "Testing.h"
 #include "TextureCache.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
 
 using namespace drawing;
 

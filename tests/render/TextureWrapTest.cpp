@@ -2,11 +2,8 @@
 #include "GlContext.h"
 #include "Images.h"
 #include "Renderer.h"
+#include "Testing.h"
 #include "TextureCache.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
 
 using namespace drawing;
 using CorvexDB::FlatWrapType;

@@ -1,8 +1,6 @@
 #include "Drawing.h"
 #include "Testing.h"
 
-#include <cmath>
-
 using namespace drawing;
 
 namespace {

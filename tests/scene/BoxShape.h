@@ -1,8 +1,7 @@
 #pragma once
 
 #include "StudioShape.h"
-
-#include <memory>
+#include "Testing.h"
 
 /// A cube from -1 to 1 with flat sides, counter-clockwise seen from outside.
 inline std::shared_ptr<const studio::Mesh> BoxMesh()

@@ -1,8 +1,5 @@
 #include "DefaultScene.h"
-
-#include <gtest/gtest.h>
-
-#include <cmath>
+#include "Testing.h"
 
 namespace {
 

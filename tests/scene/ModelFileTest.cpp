@@ -1,14 +1,10 @@
 #include "Formats.h"
 #include "ModelPacking.h"
 #include "ShapeNames.h"
+#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <gtest/gtest.h>
-
-#include <cmath>
 #include <cstring>
-#include <limits>
-#include <random>
 
 namespace {
 

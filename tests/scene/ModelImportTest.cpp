@@ -4,8 +4,6 @@
 #include "Testing.h"
 
 #include <QBuffer>
-#include <QElapsedTimer>
-#include <QFileInfo>
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -3,8 +3,6 @@
 #include "ParametricMesh.h"
 #include "Testing.h"
 
-#include <random>
-
 namespace {
 
 using studio::HitDistance;

@@ -1,7 +1,6 @@
 #include "Selection.h"
 #include "BoxShape.h"
-
-#include <gtest/gtest.h>
+#include "Testing.h"
 
 namespace {
 

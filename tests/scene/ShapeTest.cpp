@@ -3,9 +3,8 @@
 #include "SampleFolder.h"
 #include "Selection.h"
 #include "StudioScene.h"
+#include "Testing.h"
 #include <CorvexMaterial/Status.h>
-
-#include <gtest/gtest.h>
 
 namespace {
 

@@ -1,7 +1,5 @@
 #include "Testing.h"
 
-#include <QProcess>
-
 namespace {
 
 struct Outcome {

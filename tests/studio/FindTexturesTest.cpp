@@ -6,8 +6,6 @@
 
 #include <QTreeWidget>
 
-#include <gmock/gmock.h>
-
 namespace {
 
 using CorvexDB::TextureFiles;

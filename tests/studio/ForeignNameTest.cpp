@@ -8,8 +8,6 @@
 
 #include <QMessageBox>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 using CorvexTest::ShownAsMarkup;

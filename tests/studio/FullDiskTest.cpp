@@ -13,7 +13,6 @@
 #include <CorvexMaterial/Status.h>
 
 #include <QDirIterator>
-#include <QProcess>
 
 namespace {
 

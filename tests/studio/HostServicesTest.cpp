@@ -14,7 +14,6 @@
 #include <CorvexMaterial/QtPlatform.h>
 #include <CorvexMaterial/Status.h>
 
-#include <QFileInfo>
 #include <QPlainTextEdit>
 
 namespace {

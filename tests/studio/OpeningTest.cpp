@@ -8,8 +8,6 @@
 #include "Testing.h"
 #include "TextureFile.h"
 
-#include <QFileInfo>
-
 #include <sys/stat.h>
 
 namespace {

@@ -7,11 +7,6 @@
 #include "ViewportWidget.h"
 #include <CorvexMaterial/WarningCatalogue.h>
 
-#include <QAbstractButton>
-#include <QRegularExpression>
-
-#include <set>
-
 namespace {
 
 using CorvexDB::udtMaterial;

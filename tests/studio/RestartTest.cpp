@@ -11,8 +11,6 @@
 #include <QSettings>
 #include <QToolButton>
 
-#include <csignal>
-
 namespace {
 
 using CorvexMaterial::IMaterial;

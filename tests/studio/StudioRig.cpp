@@ -1,7 +1,5 @@
 #include "StudioRig.h"
 
-#include <QTabBar>
-
 namespace StudioTest {
 
 StudioRig::StudioRig()

@@ -8,23 +8,8 @@
 #include "StudioHost.h"
 
 #include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialog>
 #include <QDialogButtonBox>
-#include <QDir>
 #include <QDockWidget>
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <chrono>
-#include <memory>
 
 namespace StudioTest {
 

@@ -5,10 +5,7 @@
 #include "RaytracerField.h"
 #include "SampleFolder.h"
 #include "StudioSettings.h"
-#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
-
-#include <QSignalSpy>
 
 namespace {
 

@@ -1,10 +1,9 @@
 #include "CallLog.h"
+#include "Testing.h"
 
 #include <CorvexMaterial/Status.h>
 
-#include <algorithm>
 #include <new>
-#include <stdexcept>
 
 namespace CorvexTest {
 

@@ -1,11 +1,8 @@
 #pragma once
 
+#include "Testing.h"
 #include <cstddef>
-#include <optional>
-#include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace CorvexTest {
 

@@ -1,7 +1,5 @@
 #include "ControlRig.h"
 
-#include <QTabBar>
-
 namespace CorvexTest {
 
 using CorvexMaterial::Material;
@@ -70,6 +68,11 @@ Widget& ControlRig::Reveal(const char* name)
         m_tabs[name] = tab;
     }
     return widget;
+}
+
+QWidget& ControlRig::Shown(const char* name)
+{
+    return Reveal<QWidget>(name);
 }
 
 QLineEdit& ControlRig::Field(const char* name)

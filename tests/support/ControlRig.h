@@ -6,16 +6,6 @@
 #include "RecordingPlatform.h"
 #include <CorvexMaterial/Material.h>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-
-#include <map>
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 namespace CorvexTest {
 
 /// One `evtReqWarn`.
@@ -75,6 +65,7 @@ public:
         return FindIn<Widget>(*m_control, QString::fromLatin1(name));
     }
     /// Brought into view as a user would, by the tab that holds it. Hidden when none does.
+    QWidget& Shown(const char* name);
     QLineEdit& Field(const char* name);
     QCheckBox& Tick(const char* name);
     QComboBox& List(const char* name);

@@ -1,16 +1,9 @@
 #include "Driving.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QDialog>
 #include <QDropEvent>
-#include <QLineEdit>
 #include <QMimeData>
-#include <QTest>
 #include <QUrl>
-
-#include <algorithm>
 
 namespace CorvexTest {
 namespace {

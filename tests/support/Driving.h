@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <QTimer>
-#include <QWidget>
-
-#include <functional>
-#include <stdexcept>
+#include "Testing.h"
 
 class QComboBox;
 class QDialog;

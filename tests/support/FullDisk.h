@@ -1,7 +1,6 @@
 #pragma once
 
-#include <csignal>
-
+#include "Testing.h"
 #include <sys/resource.h>
 
 namespace CorvexTest {

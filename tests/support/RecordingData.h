@@ -1,11 +1,8 @@
 #pragma once
 
 #include "CallLog.h"
+#include "Testing.h"
 #include <CorvexMaterial/CorvexDB.h>
-
-#include <functional>
-#include <string>
-#include <vector>
 
 namespace CorvexTest {
 

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "CallLog.h"
+#include "Testing.h"
 #include <CorvexMaterial/Platform.h>
 
 #include <deque>
-#include <map>
-#include <set>
 #include <tuple>
 
 namespace CorvexTest {

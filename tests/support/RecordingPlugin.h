@@ -1,10 +1,8 @@
 #pragma once
 
 #include "CallLog.h"
+#include "Testing.h"
 #include <CorvexMaterial/CorvexDB.h>
-
-#include <utility>
-#include <vector>
 
 namespace CorvexTest {
 

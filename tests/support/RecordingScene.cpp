@@ -1,8 +1,7 @@
 #include "RecordingScene.h"
+#include "Testing.h"
 
 #include <CorvexMaterial/Status.h>
-
-#include <stdexcept>
 
 namespace CorvexTest {
 namespace {

@@ -1,12 +1,8 @@
 #pragma once
 
 #include "CallLog.h"
+#include "Testing.h"
 #include <CorvexMaterial/CorvexSG.h>
-
-#include <memory>
-#include <set>
-#include <string>
-#include <vector>
 
 namespace CorvexTest {
 

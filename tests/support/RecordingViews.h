@@ -2,14 +2,12 @@
 
 #include "CallLog.h"
 #include "RecordingScene.h"
+#include "Testing.h"
 #include <CorvexMaterial/CorvexCommon.h>
 #include <CorvexMaterial/CorvexEditport.h>
 #include <CorvexMaterial/CorvexViewport.h>
 
 #include <QPointer>
-#include <QWidget>
-
-#include <vector>
 
 namespace CorvexTest {
 

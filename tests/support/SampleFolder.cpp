@@ -1,11 +1,5 @@
 #include "SampleFolder.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QImage>
-
-#include <gtest/gtest.h>
+#include "Testing.h"
 
 namespace CorvexTest {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "Testing.h"
 #include <QByteArray>
 #include <QColor>
 #include <QSize>
-#include <QTemporaryDir>
 
 class QImage;
 

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "Testing.h"
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QLabel>
 #include <QTextDocumentFragment>
 
 namespace CorvexTest {

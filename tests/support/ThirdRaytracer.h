@@ -3,9 +3,7 @@
 // A raytracer that the product does not have: its row and its scene writer are all it takes.
 
 #include "Raytracers.h"
-
-#include <string>
-#include <vector>
+#include "Testing.h"
 
 namespace CorvexTest {
 

@@ -1,11 +1,8 @@
 #include "ErrorTexts.h"
 #include "PanelRig.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include "TextureMessages.h"
 #include <CorvexMaterial/FileFilter.h>
-
-#include <QTabBar>
 
 namespace {
 

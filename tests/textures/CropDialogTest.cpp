@@ -1,7 +1,6 @@
 #include "CroppingPicture.h"
 #include "PanelRig.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include "frmOptionsTexture.h"
 
 namespace {

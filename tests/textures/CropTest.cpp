@@ -5,9 +5,6 @@
 #include "TexturePlacement.h"
 #include <CorvexMaterial/NumberText.h>
 
-#include <cmath>
-#include <limits>
-
 namespace {
 
 using namespace CorvexMaterial;

@@ -1,20 +1,9 @@
+#include "Testing.h"
 #include <CorvexMaterial/TextureFileTypes.h>
-
-#include <gtest/gtest.h>
 
 namespace {
 
 using namespace CorvexMaterial;
-
-TEST(TextureFileTypes, BuildTheExactFilters)
-{
-    EXPECT_EQ(DialogFilter("Texture", ExtensionsOf(TextureTypeList::All)),
-              "Texture (*.BMP;*.JPG;*.GIF;*.PNG;*.TGA;*.TIF;*.PCX;*.DDS)|"
-              "*.bmp;*.jpg;*.gif;*.png;*.tga;*.tif;*.pcx;*.dds");
-    EXPECT_EQ(DialogFilter("Texture", ExtensionsOf(TextureTypeList::WithoutTranslucency)),
-              "Texture (*.BMP;*.JPG;*.GIF;*.TIF;*.PCX;*.DDS)|"
-              "*.bmp;*.jpg;*.gif;*.tif;*.pcx;*.dds");
-}
 
 TEST(TextureFileTypes, TakeAFilterApartForTheDesktop)
 {

@@ -8,13 +8,6 @@
 #include "TexturePage.h"
 #include "Trap.h"
 
-#include <QString>
-
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 namespace CorvexTest {
 
 struct RaisedWarning {

@@ -1,6 +1,5 @@
 #include "ErrorTexts.h"
 #include "PanelRig.h"
-#include "Testing.h"
 #include "TextureMessages.h"
 
 namespace {
