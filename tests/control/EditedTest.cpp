@@ -52,8 +52,9 @@ protected:
 
 TEST_F(Edited, TellsAllThatAUserChangesRightBeforeTheMaterialChanged)
 {
-    for (const Step& step : UserActions()) {
+    for (const Step& step : UserActions(rig)) {
         rig.Control().put_bMaterialPanel(true);
+        OfferPluginAndField(rig);
         udtMaterial told = rig.Previewed();
         rig.edits.clear();
         rig.log.Clear();

@@ -1,5 +1,7 @@
 #include "FaultSteps.h"
 
+#include <QWheelEvent>
+
 namespace {
 
 using namespace CorvexTest;
@@ -151,6 +153,20 @@ TEST_F(Editing, AnAmountThatIsNoNumberLeavesTheLastOneInForceAndInTheField)
     Type(field, "2.5");
     EXPECT_EQ(rig.Previewed().Ambient, 2);
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
+}
+
+TEST_F(Editing, TheWheelPassesByWhatHasNotTheFocus)
+{
+    auto& list = rig.List("cboColor");
+    auto& slider = rig.Find<QSlider>("sldAmbient");
+    for (QWidget* widget : std::initializer_list<QWidget*>{&list, &slider}) {
+        widget->clearFocus();
+        QWheelEvent wheel({5, 5}, widget->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(widget, &wheel);
+    }
+    EXPECT_EQ(list.currentText(), "White");
+    EXPECT_EQ(slider.value(), 60);
 }
 
 TEST_F(Editing, AlphaTestReferenceIsOpenOnlyUnderATestAndKeepsItsText)

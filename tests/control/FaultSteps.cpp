@@ -78,7 +78,6 @@ void Operate(ControlRig& rig, QWidget& widget)
             tabs->setCurrentIndex(tab);
         }
     } else if (auto* browser = dynamic_cast<RecordingEditport*>(&widget)) {
-        browser->listener->Scrolled({0, 100, 10, 10});
         browser->listener->ItemSelected(0);
     } else if (&widget == rig.host.Viewport()) {
         rig.host.Viewport()->listener->ViewChanged();
@@ -113,6 +112,9 @@ void OfferPluginAndField(ControlRig& rig)
     rig.Control().AddToPluginList("Marble");
     Choose(rig.List("cboPlugin"), "Marble");
     Choose(rig.List("cboAlphaTest"), "Less");
+    for (auto* browser : rig.Control().findChildren<QWidget*>(QRegularExpression("^dfe"))) {
+        dynamic_cast<RecordingEditport&>(*browser).listener->Scrolled({0, 100, 10, 10});
+    }
 }
 
 std::vector<Step> Members()

@@ -85,18 +85,21 @@ TEST_F(Layout, SavedLayoutComesBackAndIsWrittenInItsOrder)
         EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 1U);
         EXPECT_EQ(rig.log.CountOf("Event.MaterialLibraryExpanded"), 1U) << "for its rows";
     }
+    rig.platform.settings.Put("TextureRows", "4");
+    rig.Control().LoadSavedStatus();
+    EXPECT_EQ(rig.log.CountOf("Event.TextureLibraryExpanded"), 2U);
     EXPECT_FALSE(rig.Tick("chkMaterialLibrary").isChecked());
     EXPECT_TRUE(rig.Tick("chkTextureLibrary").isChecked());
     EXPECT_TRUE(rig.Tick("chkMaterialPanel").isChecked());
     EXPECT_TRUE(rig.Find<QWidget>("txtAmbient").isVisible());
-    EXPECT_EQ(rig.Find<QWidget>("dfeTextureLibrary").height(), 3 * 990 / kTwipsPerPixel);
+    EXPECT_EQ(rig.Find<QWidget>("dfeTextureLibrary").height(), 4 * 990 / kTwipsPerPixel);
     EXPECT_FALSE(rig.Find<QWidget>("dfeMaterialLibrary").isVisible());
 
     rig.log.Clear();
     rig.Control().SaveStatus();
     EXPECT_EQ(rig.log.DetailsOf("Store.Write"),
               (Texts{"Application/MaterialPanel=True", "Application/TextureLibraryPanel=True",
-                     "Application/TextureRows=3", "Application/MaterialLibraryPanel=False",
+                     "Application/TextureRows=4", "Application/MaterialLibraryPanel=False",
                      "Application/MaterialRows=2"}));
     EXPECT_EQ(rig.log.CountOf("Store.Flush"), 1U);
 }

@@ -1,8 +1,11 @@
 #include "FakeMaterialPlugin.h"
 
+#include "Frame.h"
 #include "PluginFolder.h"
+#include "PluginMaterials.h"
 #include "PluginTextures.h"
 #include "Testing.h"
+#include "TextureCache.h"
 #include <CorvexMaterial/Status.h>
 
 #include <semaphore>
@@ -137,6 +140,25 @@ TEST_F(Textures, ProducingWaitsForTheFullSizeAndSharesIt)
     EXPECT_EQ(fake.drawings, 1);
     EXPECT_EQ(textures.Find("Unknown", {50}).key, 0U);
     EXPECT_THROW(static_cast<void>(textures.Produce("Unknown", {})), CorvexMaterial::Error);
+}
+
+TEST_F(Textures, HolesAreKnown)
+{
+    for (const float alpha : {1.0F, 0.0F}) {
+        fake.generate = [alpha](const auto& request, auto& texture) {
+            CorvexPlugin::Fill(request, CorvexPlugin::Relief::None, texture, [&](float, float) {
+                return CorvexPlugin::Point{{1.0F, 1.0F, 1.0F}, alpha, 0.0F};
+            });
+        };
+        CorvexDB::udtMaterial material;
+        material.Plugin = "Fake";
+        material.PluginParameters = {100.0F + alpha};
+        Frame frame;
+        frame.items.emplace_back().material = std::make_shared<CorvexDB::udtMaterial>(material);
+        PluginMaterials(textures).CompleteNow(frame);
+        ASSERT_NE(frame.items[0].generatedColor, nullptr);
+        EXPECT_EQ(frame.items[0].generatedColor->hasAlpha, alpha == 0.0F);
+    }
 }
 
 TEST_F(Textures, MoreThanFitComeToRestSmallerAndAreProducedWhole)

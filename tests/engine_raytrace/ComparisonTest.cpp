@@ -244,6 +244,20 @@ TEST(Mirrors, HaveAnEndInsideOfAShape)
     }
 }
 
+TEST(Mirrors, AreInsideOnlyWhereBothSidesAreSeen)
+{
+    RaytraceRig rig;
+    const auto count = [&](bool doubleSided) {
+        const auto scene = SceneWith(Sphere(), [&](udtMaterial& m) {
+            m.RayTrace.Reflection = 5;
+            m.Transparency = 50;
+            m.DoubleSided = doubleSided;
+        });
+        return QString::fromStdString(rig.PovRayText(scene)).count("reflection {");
+    };
+    EXPECT_EQ(count(true), 2 * count(false));
+}
+
 TEST(Losses, AreToldWithTheirShapes)
 {
     SphereGrid grid;

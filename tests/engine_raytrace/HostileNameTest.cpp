@@ -4,6 +4,9 @@
 #include "RibReader.h"
 #include "SampleFolder.h"
 #include "SphereGrid.h"
+#include "StudioScene.h"
+#include "StudioSceneExporter.h"
+#include "StudioShape.h"
 #include "Testing.h"
 
 #include <QLocale>
@@ -106,6 +109,26 @@ TEST(HostileNames, StayInTheirCommentOrString)
         EXPECT_EQ(StatementsOf(text), plainPovRay) << FirstLines(text);
         EXPECT_EQ(RequestsOf(rig.SceneText(scene, file + ".rib")), plainRib) << name;
     }
+}
+
+TEST(HostileNames, LeadToNoFolderThatPovRayCannotName)
+{
+    EXPECT_EQ(studio::ImagesBeside("/t/scene.pov").reference, "scene_textures/");
+    EXPECT_TRUE(studio::IsPlainPath(studio::ImagesBeside("/t/сцена.pov").reference));
+}
+
+TEST(Exporter, AsksForNoTextureThatIsHidden)
+{
+    studio::StudioScene scene;
+    const auto shape = std::make_shared<studio::StudioShape>();
+    udtMaterial material;
+    material.RayTrace.ColorPattern = 1;
+    material.Textures.primary = "hidden.tif";
+    material.Textures.bump = "bump.png";
+    shape->SetApplied(studio::WholeMaterial(material));
+    scene.SetShapes({shape});
+    studio::StudioSceneExporter exporter{{}};
+    EXPECT_EQ(exporter.TexturesInUse(scene), std::vector<std::string>{"bump.png"});
 }
 
 TEST(HostileNames, AreNothingToPovRay)

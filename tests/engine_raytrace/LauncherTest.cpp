@@ -4,9 +4,10 @@
 
 namespace {
 
-constexpr const char* kScene = "#version 3.7;\nglobal_settings { assumed_gamma 1.0 }\n"
-                               "camera { location -4*z look_at 0 }\n"
-                               "sphere { 0 1 pigment { rgb x } finish { emission 1 } }\n";
+constexpr const char* kScene =
+    "#version 3.7;\nglobal_settings { assumed_gamma 1.0 }\n"
+    "camera { location -4*z look_at 0 }\n"
+    "#include \"shared.inc\"\nsphere { 0 1 pigment { rgb x } finish { emission Full } }\n";
 constexpr const char* kEndless = "#version 3.7;\nglobal_settings { assumed_gamma 1.0 }\n"
                                  "#while (1) #end\n";
 
@@ -25,11 +26,13 @@ protected:
         base = below.isEmpty() ? QStringLiteral("~CVX7") : below + QStringLiteral("/~CVX7");
         QDir(folder.path()).mkpath(below.isEmpty() ? QStringLiteral(".") : below);
         const QString path = folder.filePath(base);
+        const QString here = QFileInfo(path).path();
         Write(base + ".pov", scene);
+        Write(QFileInfo(base).path() + "/shared.inc", "#declare Full = 1;\n");
         Write(base + ".ini", ("Input_File_Name=" + path +
                               ".pov\nWidth=64\nHeight=48\nOutput_File_Type=S\nQuality=11\n"
                               "Antialias=off\nDisplay=off\nLibrary_Path=" +
-                              folder.path() + "\nOutput_File_Name=" + path + ".bmp\n")
+                              here + "\nOutput_File_Name=" + path + ".bmp\n")
                                  .toUtf8());
     }
 
@@ -69,7 +72,7 @@ protected:
         QStringList names = QFileInfo(folder.filePath(base))
                                 .absoluteDir()
                                 .entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
-        for (const char* own : {"~CVX7.pov", "~CVX7.ini", "~CVX7.bmp", "fake.sh"}) {
+        for (const char* own : {"~CVX7.pov", "~CVX7.ini", "~CVX7.bmp", "fake.sh", "shared.inc"}) {
             names.removeAll(QLatin1String(own));
         }
         return names;

@@ -89,7 +89,7 @@ std::vector<float> RibRequest::Numbers() const
 const RibArgument* RibRequest::Parameter(std::string_view parameter) const
 {
     for (std::size_t i = 0; i + 1 < arguments.size(); ++i) {
-        if (!arguments[i].isArray && Text(i).ends_with(' ' + std::string(parameter))) {
+        if (!arguments[i].isArray && (' ' + Text(i)).ends_with(' ' + std::string(parameter))) {
             return &arguments[i + 1];
         }
     }

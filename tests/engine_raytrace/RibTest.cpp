@@ -158,6 +158,8 @@ TEST_F(Rib, HasTheAmountsOfTheMaterial)
         m.RayTrace.Roughness = 9;
     });
     EXPECT_GT(Value(rough, "roughness"), 2.0F / 60.0F);
+    const RibFile glass = Written([](udtMaterial& m) { m.RayTrace.MaterialType = 1; });
+    EXPECT_LT(glass.Find("Opacity")->Numbers().at(0), 0.9F);
     EXPECT_EQ(file.All("Sides").back()->Numbers(), std::vector{2.0F});
     EXPECT_EQ(rough.All("Sides").back()->Numbers(), std::vector{1.0F});
 }
@@ -304,6 +306,7 @@ TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
 {
     studio::RaytraceScene scene = studio::FlatSampleOf(SceneWith(Sphere(), [](udtMaterial& m) {
         m.Specular = 100;
+        m.Transparency = 80;
         m.RayTrace.ColorPattern = 1;
         m.RayTrace.ColorPatternColor.fill({0.0F, 1.0F, 0.0F, 0.0F});
     }));
@@ -311,6 +314,7 @@ TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
     scene.frame.height = 20;
     const RibFile file = ReadRib(rig.RibText(scene));
     EXPECT_EQ(file.Find("Projection")->Text(), "orthographic");
+    EXPECT_EQ(file.Find("Opacity")->Numbers(), std::vector(3, 1.0F));
     EXPECT_EQ(file.Find("Scale")->Numbers(), (std::vector{3.0F, 1.0F, -1.0F}));
     EXPECT_EQ(file.Find("Color")->Numbers(), (std::vector{0.0F, 1.0F, 0.0F}));
     EXPECT_EQ(Surface(file).Text(), "matte") << "a highlight would lie over all of it";

@@ -1,4 +1,5 @@
 #include "Exchange.h"
+#include "SampleFolder.h"
 #include "Testing.h"
 
 // Files as other programs write them, and what has to come of each.
@@ -77,6 +78,13 @@ TEST(ForeignMtl, AdditionsOptionsAndNonsense)
     for (const char* dropped : {"d", "Ka"}) {
         EXPECT_EQ(OutcomeFor(imported.report, "Material 2", dropped), "dropped") << dropped;
     }
+}
+
+TEST(ForeignMtl, UnlitIsEmissive)
+{
+    const CorvexTest::SampleFolder folder;
+    const QString file = folder.Write("unlit.mtl", "newmtl a\nKd 1 0 0\nillum 0\n");
+    EXPECT_EQ(Import(file.toStdString()).materials.at(0).material.Emissive, 100);
 }
 
 TEST(ForeignMtl, OfPublicTestModels)

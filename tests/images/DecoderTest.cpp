@@ -192,6 +192,16 @@ TEST(PcxDecoder, RefusesLinesShorterThanTheImage)
     EXPECT_THROW(Decode("pcx", start + "0100 0100" + Zeros(58) + "10 20 30 40 c250"), ImageError);
 }
 
+TEST(PcxDecoder, TakesAPaletteOnlyBehindItsMark)
+{
+    const auto file = [](const std::string& mark) {
+        return "0a05 00 08 0000 0000 0000 0000 00000000" + Zeros(48) + "00 01 0100 0100" +
+               Zeros(58) + "01" + mark + Zeros(3) + "102030" + Zeros(254 * 3);
+    };
+    EXPECT_EQ(PixelsOf("pcx", file("0c")), Colours{0x102030ff});
+    EXPECT_THROW(Decode("pcx", file("0b")), ImageError);
+}
+
 // What the header promises, the file does not hold: it must be refused before memory is taken.
 TEST(ImageDecoders, RefuseHeadersLargerThanTheirFileAtOnce)
 {

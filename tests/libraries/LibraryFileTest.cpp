@@ -31,6 +31,7 @@ TEST(LibraryFiles, KeepOrderNamesAndPicturesThroughTrashAndBack)
     library.Remove(ids[0]);
     EXPECT_THAT(NamesIn(library), ElementsAre("\xC3\x84hre"));
     EXPECT_EQ(library.Trash().front().name, "Oak") << "the latest first";
+    EXPECT_THAT(library.IdsNamed("Oak"), IsEmpty());
     library.Restore(std::vector{ids[1], ids[0], ids[1]});
     library.Rename(ids[3], "Ear");
 

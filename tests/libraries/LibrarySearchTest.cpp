@@ -23,7 +23,7 @@ protected:
             m.Transparency = 75;
             m.DoubleSided = true;
         });
-        Add("\xC3\x84hre", [](auto& m) {
+        Add("\xC3\x84hre - 2", [](auto& m) {
             m.Plugin = "Brick";
             m.Textures.bump = "/t/grain.png";
             m.CustomFields[1] = "Acme & Sons";
@@ -74,7 +74,7 @@ TEST_F(Searching, FindsByNameAndProperty)
              Search{"\xC3\xA4HR", "3"},
              Search{"%", ""},
              Search{"-oak", "123"},
-             Search{"-", ""},
+             Search{"-", "3"},
              Search{"name:ring", "1"},
              Search{"transparency>30", "2"},
              Search{"translucency>30", "2"},

@@ -51,6 +51,10 @@ TEST_F(TemporaryFilesTest, NoNumberIsUsedTwiceWhateverTheExtension)
         names.insert(WithoutExtension(second.Get().temporaryFiles.Claim("rib")));
     }
     EXPECT_EQ(names.size(), 40U);
+    QtPlatform third;
+    const std::string left = Files().Folder() + "/~CVX" + std::to_string(4194305 + ::getpid());
+    ASSERT_TRUE(QFile(QString::fromStdString(left + ".jpg")).open(QIODevice::WriteOnly));
+    EXPECT_NE(WithoutExtension(third.Get().temporaryFiles.Claim("pov")), left);
 }
 
 TEST_F(TemporaryFilesTest, ALeftOverLinkIsNeverFollowed)

@@ -108,6 +108,11 @@ TEST_F(SettingsStoreTest, TouchesTheDiskOnFlushOnlyAndMergesWithOtherWriters)
     one.Get().settings.Flush(kApplication);
     EXPECT_THAT(ReadAfresh(At("Mine")), Optional(std::string("1")));
     EXPECT_THAT(ReadAfresh(At("Theirs")), Optional(std::string("2")));
+    other.Get().settings.Write(At("Mine"), "3");
+    other.Get().settings.Flush(kApplication);
+    one.Get().settings.Write(At("More"), "4");
+    one.Get().settings.Flush(kApplication);
+    EXPECT_THAT(ReadAfresh(At("Mine")), Optional(std::string("3"))) << "written once already";
 }
 
 TEST_F(SettingsStoreTest, ReadsAFileThatAPersonEdited)

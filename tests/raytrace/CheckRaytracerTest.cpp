@@ -1,4 +1,6 @@
 #include "ControlRig.h"
+#include "PovRayJob.h"
+#include "RenderManJob.h"
 
 namespace {
 

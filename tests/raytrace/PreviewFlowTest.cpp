@@ -114,13 +114,16 @@ TEST_F(PreviewFlow, TexturesThatTheRaytracerDoesNotTakeAbandonTheJob)
     }
 }
 
-TEST_F(PreviewFlow, AFileThatCannotBeRemovedIsOnlyTraced)
+TEST_F(PreviewFlow, AnOldImageThatCannotBeRemovedIsNotShown)
 {
     rig.log.FailEach("TemporaryFiles.Remove", Fault::ClassifiedError);
     rig.Press("cmdPreview");
-    EXPECT_TRUE(rig.platform.prompts.shown.empty());
-    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
+    EXPECT_EQ(rig.platform.prompts.shown.size(), 1U);
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 0U);
     EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
+    rig.log.Clear();
+    rig.Press("cmdPreview");
+    EXPECT_EQ(rig.log.CountOf("Viewport.ShowBitmap"), 1U);
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include "JobEnd.h"
 #include "PatternColours.h"
 #include "RaytraceAmounts.h"
 #include "RenderProgress.h"
@@ -69,6 +70,14 @@ TEST(RenderProgress, FollowsTheLastCountInAnyPieces)
     }
     progress.Feed("Rendered 300 of 200 pixels (150%)\r");
     EXPECT_EQ(progress.Percent(), 100);
+}
+
+TEST(JobEnd, WordsAreCutInWholeLetters)
+{
+    JobEnd end;
+    end.exitCode = 1;
+    end.messages = std::string(599, 'x') + "\xC3\xA4";
+    EXPECT_THAT(FailureOf(end), testing::EndsWith("xxx..."));
 }
 
 TEST(RenderProgress, KeepsTheEndOfEndlessOutput)

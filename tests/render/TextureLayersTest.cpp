@@ -42,6 +42,21 @@ TEST(PrimaryTexture, IsUprightAndMultipliesTheColour)
     ExpectNear(MiddleOf(material), qRgb(Encoded(0.503 * 0.503), 188, 0), 2);
 }
 
+TEST(PrimaryTexture, OfOneShapeIsNotThatOfTheNext)
+{
+    std::vector<studio::FrameItem> items;
+    for (const auto& [x, colour] : {std::pair{-0.5F, Qt::red}, {0.5F, Qt::green}}) {
+        Material material = Glowing(CorvexMaterial::kWhite);
+        material.Textures.primary = WriteImage(x < 0.0F ? "a.png" : "b.png", Plain(colour));
+        QMatrix4x4 half = Moved(x, 0, 0);
+        half.scale(0.5F, 1.0F, 1.0F);
+        items.push_back(Item(Square(), material, half));
+    }
+    const QImage picture = Draw(items);
+    EXPECT_EQ(QColor(picture.pixel(25, 32)), QColor(Qt::red));
+    EXPECT_EQ(QColor(picture.pixel(39, 32)), QColor(Qt::green));
+}
+
 TEST(PrimaryTexture, FileThatCannotBeReadShowsThePlaceholder)
 {
     const QImage picture = Draw({Item(Square(), WithPrimary("/nowhere/at/all.png"))});

@@ -96,8 +96,21 @@ TEST(FlatWrap, TilesByUnitToFitAndBySize)
     EXPECT_EQ(byUnit.pixel(22, 18), kGreen);
     // 0.8 tiles a unit are 1.6 across: the nearest whole number is 2.
     EXPECT_EQ(ChangesAlongRow(draw(FlatWrapType::TileToFit, 0.8F), 18), 3);
+    EXPECT_EQ(ChangesAlongRow(draw(FlatWrapType::TileToFit, 0.6F), 18), 1);
     EXPECT_EQ(ChangesAlongRow(draw(FlatWrapType::TileToFit, 0.01F), 18), 1);
     EXPECT_EQ(ChangesAlongRow(draw(FlatWrapType::TileByUnit, NAN), 18), 3);
+}
+
+TEST(FlatWrap, RelativeTilesAreAsLargeOnAShapeThatIsScaled)
+{
+    Material material = FourColoured();
+    material.Wrap = WrapType::Flat;
+    QMatrix4x4 flat;
+    flat.scale(1.0F, 0.5F, 1.0F);  // one unit high: one tile
+    const QImage picture = Draw({Wrapped(Square(), material, CorvexDB::ApplyMode::Relative, flat)});
+    EXPECT_EQ(picture.pixel(20, 27), kRed);
+    EXPECT_EQ(picture.pixel(20, 30), kRed);
+    EXPECT_EQ(picture.pixel(20, 36), kBlue);
 }
 
 TEST(FlatWrap, AbsoluteTilesContinueFromShapeToShape)

@@ -91,6 +91,18 @@ TEST(ModelImport, NormalsThatAreNoneAreThoseOfTheFaces)
     }
 }
 
+TEST(ModelImport, EdgesOfAModelWithoutNormalsStaySharp)
+{
+    const Folder folder;
+    const QString file =
+        folder.Write("edge.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n");
+    const ImportOutcome outcome = ImportModelNow(file, Importer());
+    ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
+    for (const studio::Vertex& vertex : outcome.model->meshes.front().mesh->vertices) {
+        EXPECT_GT(std::max(vertex.normal[1], vertex.normal[2]), 0.99F);
+    }
+}
+
 TEST(ModelImport, KeepsTheLookOfTheMaterials)
 {
     const auto box = studio::ShapesOf(*ImportModelNow(Data("box.obj"), Importer()).model);
@@ -146,7 +158,7 @@ TEST(ModelImport, TexturesAreFoundBesideTheModelAndMissingOnesKeepTheirPath)
     const QString picture = folder.Write("bark.png", "a picture");
     folder.Write("tree.mtl", "newmtl a\nmap_Kd C:\\old\\bark.png\nmap_d bark.png\n"
                              "newmtl b\nKs 1 1 1\nNs 50\nmap_Kd away/gone.png\nmap_d holes.png\n"
-                             "map_Ks shine.png\nmap_Bump relief.png\n");
+                             "map_Ks C:\\old\\shine.png\nmap_Bump relief.png\n");
     const QString model = folder.Write("tree.obj", "mtllib tree.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
                                                    "usemtl a\nf 1 2 3\nusemtl b\nf 3 2 1\n");
     const auto shapes = studio::ShapesOf(*ImportModelNow(model, Importer()).model);
@@ -173,6 +185,7 @@ TEST(ModelImport, PicturesInsideAModelAreTakenOutAndMissedWithoutHarm)
     ASSERT_TRUE(dot.save(&buffer, "PNG"));
     const auto leafWith = [text = sample.readAll()](const QByteArray& picture) {
         return QByteArray(text)
+            .replace("leafage", "leaf/age")
             .replace("\"baseColorFactor\"",
                      "\"baseColorTexture\":{\"index\":0},\"baseColorFactor\"")
             .replace("\"accessors\"",
@@ -189,8 +202,8 @@ TEST(ModelImport, PicturesInsideAModelAreTakenOutAndMissedWithoutHarm)
         bool remarks;
     };
     for (const auto& [file, pictureFolder, picture, remarks] : std::initializer_list<Row>{
-             {red, folder.PathOf("data"), folder.PathOf("data/Textures/leafage.png"), false},
-             {red, folder.PathOf("data"), folder.PathOf("data/Textures/leafage.png"), false},
+             {red, folder.PathOf("data"), folder.PathOf("data/Textures/leaf_age.png"), false},
+             {red, folder.PathOf("data"), folder.PathOf("data/Textures/leaf_age.png"), false},
              {damaged, folder.PathOf("data"), {}, true},
              {red, "/proc", {}, true}}) {
         importer.pictureFolder = pictureFolder.toStdString();

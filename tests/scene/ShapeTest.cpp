@@ -140,6 +140,8 @@ TEST_F(ShapeFixture, MovingBackAndForthLeavesNoTrace)
     shape->Move(2.0F, 1);
     EXPECT_NEAR(shape->WorldFromMesh()(1, 3), 1.999F, 1e-6F);
     EXPECT_EQ(StatusOf([&] { shape->Move(1.0F, 3); }), Status::InvalidArgument);
+    shape->SetWorldFromMesh(placement);
+    EXPECT_EQ(shape->WorldFromMesh(), placement);
 }
 
 TEST_F(ShapeFixture, MeshFileThatCannotBeReadKeepsTheShape)

@@ -50,6 +50,17 @@ TEST_F(Channels, EachTabShowsItsOwnThumbnailAndFields)
     EXPECT_EQ(rig.customFieldsShown, 1);
 }
 
+TEST_F(Channels, ATabWithATextureIsMarked)
+{
+    auto& tabs = rig.Find<QTabBar>("tabChannels");
+    const auto picture = [&](int tab) { return tabs.grab(tabs.tabRect(tab - 1)).toImage(); };
+    const QImage bump = picture(5);
+    const QImage specular = picture(6);
+    rig.Page().SetFile(TextureLayer::Bump, "/b.png");
+    EXPECT_NE(picture(5), bump);
+    EXPECT_EQ(picture(6), specular);
+}
+
 TEST_F(Channels, TenTabsFitANarrowDock)
 {
     auto& tabs = rig.Find<QTabBar>("tabChannels");
