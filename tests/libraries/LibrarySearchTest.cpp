@@ -17,6 +17,7 @@ protected:
         Add("Gold ring", [](auto& m) {
             m.Color = CorvexMaterial::MakeColour({250, 210, 10});
             m.Specular = 90;
+            m.RayTrace.Brilliance = 8.0F;
         });
         Add("Window: blue", [](auto& m) {
             m.Color = CorvexMaterial::MakeColour({0, 0, 250});
@@ -89,6 +90,9 @@ TEST_F(Searching, FindsByNameAndProperty)
              Search{"has:thumbnail", ""},
              Search{"is:doublesided", "2"},
              Search{"is:two-sided", "2"},
+             Search{"raytrace.brilliance>7.5 raytrace.reflection=0", "1"},
+             Search{"tiles-per-unit=1 -is:metallic", "0123"},
+             Search{"is:metallic", ""},
              Search{"color~gold", "1"},
              Search{"base-colour~gold", "1"},
              Search{"colour~#0000ff", "2"},
@@ -138,6 +142,30 @@ TEST_F(Searching, TakesWhateverIsTyped)
         }
         static_cast<void>(Found(text));
     }
+}
+
+// As when the program that wrote the entry is older, or newer, than this one.
+TEST(LaterAttributes, AreSearchedByTheirDefaultAndKept)
+{
+    const LibraryTest::TemporaryLibrary temporary;
+    auto library = temporary.Open();
+    const auto add = [&library](const char* json) {
+        auto entry = LibraryTest::EntryNamed("some");
+        entry.json = json;
+        library.Add(entry);
+    };
+    add("{}");
+    add(R"({"tilesPerUnit":3,"later":{"x":[2]},"customFields":["a"]})");
+    add("{");
+    const auto found = [&library](const char* text) {
+        return library.Search(std::get<studio::LibraryQuery>(studio::ReadLibraryQuery(text)));
+    };
+    EXPECT_THAT(found("tilesPerUnit=1"), testing::ElementsAre(0));
+    EXPECT_THAT(found("tilesPerUnit>2"), testing::ElementsAre(1));
+    library.EditContents([](const std::string& json) {
+        return studio::WithMovedFields(json, {1, 0, 2, 3, 4, 5}, {});
+    });
+    EXPECT_THAT(library.JsonAt(1), HasSubstr(R"("later":{"x":[2]})"));
 }
 
 TEST(TextureSearch, FindsByFileAndSize)

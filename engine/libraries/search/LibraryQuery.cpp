@@ -182,15 +182,17 @@ QueryTest IsOf(const QueryWord& word)
     NeedOperator(word, ":", "is:doublesided");
     const std::string what = Folded(word.value);
     if (const auto* row = CorvexMaterial::FindAttribute(what);
-        row != nullptr && row->kind == AttributeKind::Flag) {
+        row != nullptr &&
+        (row->kind == AttributeKind::Flag || row->kind == AttributeKind::Switch)) {
         if (const auto* column = ColumnOf(row->attribute); column != nullptr) {
             return MaskTest{column->property, 1};
         }
+        return AttributeTest{row->attribute, Comparison::NotEqual, 0.0};
     }
     if (what == "raytraced") {
         return MaskTest{NumberProperty::Raytraced, 1};
     }
-    RefuseQuery("is: knows doublesided and raytraced.");
+    RefuseQuery("is: knows raytraced and what a material is or is not, as doublesided.");
 }
 
 struct KeyRow {
@@ -234,11 +236,17 @@ QueryTest TestOf(const QueryWord& word)
         if (column != nullptr && row->kind != AttributeKind::Flag) {
             return NumberOf(column->property, word);
         }
+        const bool isNumber = row->kind == AttributeKind::WholeNumber ||
+                              row->kind == AttributeKind::ListPosition ||
+                              row->kind == AttributeKind::Single;
+        if (isNumber && !row->word.empty()) {
+            return AttributeTest{row->attribute, ComparisonIn(word), NumberIn(word)};
+        }
     }
     const auto row = std::ranges::find(kKeys, word.key, &KeyRow::key);
     if (row == kKeys.end()) {
         RefuseQuery('"' + word.key + "\" cannot be searched for; known are " + KnownKeys() +
-                    ". Put a name with signs in quotes.");
+                    ", and the other numbers of a material. Put a name with signs in quotes.");
     }
     return row->read(word);
 }

@@ -27,6 +27,13 @@ struct NumberTest {
     Comparison comparison{};
     double value = 0.0;
 };
+/// Of an attribute without a column: looked up in the entry itself, which may be of a program that
+/// did not know it yet.
+struct AttributeTest {
+    CorvexMaterial::Attribute attribute{};
+    Comparison comparison{};
+    double value = 0.0;
+};
 struct TextTest {
     TextProperty property{};
     std::string part;  ///< without case
@@ -45,8 +52,8 @@ struct PresenceTest {
 };
 struct ThumbnailTest {};
 
-using QueryTest =
-    std::variant<NameTest, NumberTest, TextTest, MaskTest, ColourTest, PresenceTest, ThumbnailTest>;
+using QueryTest = std::variant<NameTest, NumberTest, AttributeTest, TextTest, MaskTest, ColourTest,
+                               PresenceTest, ThumbnailTest>;
 
 struct QueryTerm {
     QueryTest test;

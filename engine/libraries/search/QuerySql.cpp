@@ -5,6 +5,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -35,6 +36,32 @@ std::string SqlNumber(double value)
     return {text.data(), end};
 }
 
+// `a.0.b` is the member `b` of the first in the list `a`.
+std::string JsonPath(std::string_view word)
+{
+    std::string path = "$";
+    for (std::size_t begin = 0; begin <= word.size();) {
+        const std::size_t end = std::min(word.find('.', begin), word.size());
+        const std::string name(word.substr(begin, end - begin));
+        path += name.find_first_not_of("0123456789") == std::string::npos ? '[' + name + ']'
+                                                                          : '.' + name;
+        begin = end + 1;
+    }
+    return path;
+}
+
+double FactoryNumber(CorvexMaterial::Attribute attribute)
+{
+    return std::visit(
+        [](const auto& value) {
+            if constexpr (std::is_arithmetic_v<std::decay_t<decltype(value)>>) {
+                return static_cast<double>(value);
+            }
+            return 0.0;
+        },
+        RowOf(attribute).path.get(CorvexDB::udtMaterial()));
+}
+
 void SqlColourDistance(sqlite3_context* context, int, sqlite3_value** values)
 {
     if (sqlite3_value_type(values[0]) == SQLITE_INTEGER) {
@@ -54,6 +81,16 @@ public:
     std::string operator()(const NumberTest& test)
     {
         return ColumnOf(test.property) + OperatorOf(test.comparison) + SqlNumber(test.value);
+    }
+    std::string operator()(const AttributeTest& test)
+    {
+        // An entry with a colour is a material; what its writer did not know has its default.
+        return "(SELECT CASE WHEN colour NOT NULL AND json_valid(json) THEN coalesce("
+               "json_extract(json, '" +
+               JsonPath(RowOf(test.attribute).word) + "'), " +
+               SqlNumber(FactoryNumber(test.attribute)) +
+               ") END FROM contents WHERE entry = entries.id)" + OperatorOf(test.comparison) +
+               SqlNumber(test.value);
     }
     std::string operator()(const MaskTest& test)
     {
