@@ -44,6 +44,13 @@ TEST(LibraryDrag, OnlyImageFilesAreTextures)
     }
 }
 
+TEST(LibraryDrag, SeveralFilesAreNoTexture)
+{
+    QMimeData data;
+    data.setUrls({QUrl("file:///t/oak.png"), QUrl("file:///t/elm.png")});
+    EXPECT_TRUE(studio::DraggedTexture(data).isEmpty());
+}
+
 TEST(LibraryToolTip, SaysOfATextureThatItIsMissingOnlyWhenItIs)
 {
     const SampleLibraries libraries;

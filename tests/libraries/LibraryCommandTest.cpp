@@ -121,6 +121,18 @@ TEST_F(LibraryCommands, LetNoNameActOnATerminal)
     EXPECT_EQ(QJsonDocument::fromJson(json.toUtf8())["name"].toString().toStdString(), name);
 }
 
+TEST_F(LibraryCommands, RestoreWhatIsNamedAndAddNoFileThatIsNoPicture)
+{
+    for (const char* name : {"Oak", "Elm"}) {
+        Expect({"add", m_library, "--name", name});
+        Expect({"remove", m_library, name});
+    }
+    Expect({"restore", m_library, "oak"});
+    EXPECT_EQ(Library({"list", m_library}).output, "Oak\n");
+    EXPECT_EQ(Library({"add", PathOf("a.cvt"), m_library}).exitCode, 1);
+    EXPECT_EQ(Library({"list", PathOf("a.cvt")}).output, "");
+}
+
 TEST_F(LibraryCommands, ExplainWrongUseAndEndWithTwo)
 {
     for (const char* line :

@@ -51,6 +51,29 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
     EXPECT_EQ(Library().NameAt(3), "Elm");
 }
 
+TEST_F(Exchange, PicturesComeBesideTheLibrary)
+{
+    OpenNewLibrary();
+    const QString picture = rig.files.Save("dot.png", Qt::red);
+    rig.Window().Exchange().Import(rig.files.Write(
+        "dot.gltf",
+        "{\"asset\":{\"version\":\"2.0\"},\"textures\":[{\"source\":0}],\"images\":[{\"uri\":"
+        "\"data:image/png;base64," +
+            CorvexTest::ContentOf(picture).toBase64() +
+            "\"}],\"materials\":[{\"name\":\"Dot\",\"pbrMetallicRoughness\":"
+            "{\"baseColorTexture\":{\"index\":0}}}]}"));
+    EXPECT_TRUE(QFile::exists(rig.PathOf("Textures/Dot.png")));
+}
+
+TEST_F(Exchange, ASceneIsExportedWithWhatItGoesWithout)
+{
+    CorvexDB::udtMaterial bumpy;
+    bumpy.Textures.bump = "/b.png";
+    rig.Shape(0)->SetApplied(studio::WholeMaterial(bumpy));
+    rig.Window().ExportScene(rig.PathOf("scene.rib"));
+    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("does not show: bump maps"));
+}
+
 TEST_F(Exchange, AnOpenedModelHasTheSameReport)
 {
     rig.files.Write("two.mtl", "newmtl Oak\nKd 0.5 0.3 0.1\nNi 1.5\nd 0.5\nTf 1 0 0\n"

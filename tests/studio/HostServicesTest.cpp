@@ -6,6 +6,7 @@
 #include "OptionsDialog.h"
 #include "RecentFiles.h"
 #include "RecordingPlatform.h"
+#include "StatusMessage.h"
 #include "StudioDesktop.h"
 #include "StudioSettings.h"
 #include "StudioTables.h"
@@ -105,6 +106,16 @@ TEST(ControlLibraryTest, FolderHoldsTheLibrary)
     CorvexMaterial::QtPlatform platform;
     const QString folder = QString::fromStdString(platform.Get().library.Folder());
     EXPECT_TRUE(QFile::exists(folder + "/libCorvexMaterial.so")) << folder.toStdString();
+}
+
+TEST(StatusMessages, WhatLastsComesBehindWhatIsSaid)
+{
+    studio::StatusMessage line(nullptr);
+    line.Show("said");
+    line.SetLasting("lasts");
+    EXPECT_EQ(line.text(), "said");
+    line.Show({});
+    EXPECT_EQ(line.text(), "lasts");
 }
 
 TEST(LateMessages, WaitForTheWindowAndThenComeAtOnce)

@@ -94,6 +94,7 @@ TEST_F(Library, AddAndDeleteAreStepsOfTheHistory)
     History().undo();
     ASSERT_EQ(Names().size(), 2U);
     EXPECT_EQ(Names()[1], second) << "back to where it was";
+    EXPECT_EQ(View().currentIndex().row(), 0) << "and marked";
     EXPECT_TRUE(rig.prompts.shown.empty());
 
     rig.Select({0});
@@ -327,6 +328,11 @@ TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
     const auto data = studio::DraggedEntry(Materials(), 0);
     data->setData("application/x-corvex-material-name", {});  // another program may give none
     rig.Select({0});
+    for (const auto& shape : rig.Window().Scene().All()) {
+        auto relative = std::make_shared<CorvexSG::GatheredMaterial>(*shape->Applied().gathered);
+        relative->applyMode = CorvexDB::ApplyMode::Relative;
+        shape->SetApplied({relative, shape->Applied().coordinates});
+    }
     const int steps = History().count();
     ASSERT_TRUE(DropInTheMiddle(*data));
     EXPECT_EQ(History().count(), steps + 1);
@@ -334,6 +340,7 @@ TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
     const auto hit = std::ranges::find_if(
         shapes, [](const auto& shape) { return shape->Material().Ambient == 42; });
     ASSERT_NE(hit, shapes.end());
+    EXPECT_EQ((*hit)->Applied().gathered->applyMode, CorvexDB::ApplyMode::Relative);
 
     const CorvexTest::SampleFolder folder;
     const QString oak = folder.Write("oak.png", {});

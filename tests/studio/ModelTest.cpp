@@ -1,4 +1,8 @@
+#include "RecentFiles.h"
 #include "StudioRig.h"
+#include "ViewportWidget.h"
+
+#include <QProgressDialog>
 
 namespace {
 
@@ -10,7 +14,9 @@ TEST_F(OpeningAModel, ReplacesSceneSelectionAndHistory)
 {
     rig.Select({0});
     rig.Choose("cboColor", "Bronze");
+    const studio::Camera before = rig.Window().Viewport().Camera();
     rig.Open(kStillLife);
+    EXPECT_NE(rig.Window().Viewport().Camera(), before) << "it fills the picture";
     EXPECT_TRUE(rig.prompts.shown.empty());
     EXPECT_EQ(rig.Window().Scene().All().size(), 5U);
     EXPECT_TRUE(rig.Window().Selected().All().empty());
@@ -35,7 +41,9 @@ TEST_F(OpeningAModel, ABadOneIsNamedAndEverythingStays)
     for (const char* name :
          {"missing.obj", "empty.ply", "garbage.gltf", "words.xyz", "truncated.x"}) {
         rig.prompts.shown.clear();
+        studio::RecentFiles(rig.Host().Settings()).Add(rig.PathOf(name));
         rig.Open(rig.PathOf(name));
+        EXPECT_TRUE(studio::RecentFiles(rig.Host().Settings()).Files().isEmpty());
         ASSERT_EQ(rig.prompts.shown.size(), 1U) << name;
         EXPECT_NE(rig.prompts.shown.front().text.find(name), std::string::npos);
         EXPECT_EQ(rig.Window().Scene().All(), shapes);
@@ -45,6 +53,14 @@ TEST_F(OpeningAModel, ABadOneIsNamedAndEverythingStays)
     }
     rig.Open(kStillLife);
     EXPECT_EQ(rig.Window().Scene().All().size(), 5U);
+}
+
+TEST_F(OpeningAModel, CancelledIsSaidAndNoFault)
+{
+    rig.Window().OpenModel(kStillLife);
+    Q_EMIT rig.Window().findChild<QProgressDialog*>()->canceled();
+    EXPECT_TRUE(rig.prompts.shown.empty());
+    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("was not opened"));
 }
 
 TEST_F(OpeningAModel, TheLastOfTwoRequestsWins)

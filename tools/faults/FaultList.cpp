@@ -1,8 +1,10 @@
 #include "FaultList.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
+#include <QSet>
 
 #include <map>
 #include <stdexcept>
@@ -68,6 +70,19 @@ QStringList FilesOf(const QString& tree)
     return QString::fromUtf8(git.readAllStandardOutput()).split(QChar(u'\0'), Qt::SkipEmptyParts);
 }
 
+// A source that has moved would be compiled twice.
+void RemoveOthers(const QString& copy, const QSet<QString>& files, const QString& chooser)
+{
+    QDirIterator each(copy, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (each.hasNext()) {
+        const QString name = each.next().mid(copy.size() + 1);
+        if (!name.startsWith(QStringLiteral("build/")) && !files.contains(name) &&
+            each.filePath() != chooser) {
+            QFile::remove(each.filePath());
+        }
+    }
+}
+
 }  // namespace
 
 QString Fault::Building() const
@@ -130,7 +145,9 @@ void Seed(const std::vector<Fault>& faults, const QString& tree, const QString& 
         }
         place->second.replace(fault.stands, WithChoice(fault));
     }
-    for (const QString& file : FilesOf(tree)) {
+    const QStringList files = FilesOf(tree);
+    RemoveOthers(copy, {files.begin(), files.end()}, chooser);
+    for (const QString& file : files) {
         const QString from = tree + u'/' + file;
         const QString to = copy + u'/' + file;
         if (const auto own = seeded.find(file); own != seeded.end()) {
