@@ -30,6 +30,9 @@ function(corvex_floor target)
     target_link_libraries(${target} PUBLIC ${floor_USES} PRIVATE ${floor_NEEDS} corvex_warnings)
     if(floor_WIDGETS OR floor_QT)
         set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
+        # Else a new source is not looked at before an old one changes.
+        set_property(TARGET ${target} PROPERTY AUTOGEN_TARGET_DEPENDS
+            ${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}_autogen.dir/AutogenInfo.json)
         target_compile_definitions(${target} PRIVATE QT_NO_KEYWORDS)
     endif()
     if(floor_WIDGETS)
