@@ -1,4 +1,4 @@
-#include <CorvexMaterial/FileFilter.h>
+#include "FileFilter.h"
 
 namespace CorvexMaterial {
 

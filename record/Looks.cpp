@@ -1,4 +1,4 @@
-#include <CorvexMaterial/LookTable.h>
+#include "LookTable.h"
 
 #include <algorithm>
 
@@ -41,14 +41,14 @@ static_assert(PatternsFollowEnum(kColorPatterns, ColorPattern::Wrinkles));
 static_assert(PatternsFollowEnum(kNormalPatterns, NormalPattern::Waves));
 
 template <typename Row>
-const Row* At(std::span<const Row> rows, std::int32_t position)
+const Row* At(RowRange<Row> rows, std::int32_t position)
 {
     const auto index = static_cast<std::size_t>(position);
     return position >= 0 && index < rows.size() ? &rows[index] : nullptr;
 }
 
 template <typename Row>
-const PovRayPattern* PatternAt(std::span<const Row> rows, std::int32_t position)
+const PovRayPattern* PatternAt(RowRange<Row> rows, std::int32_t position)
 {
     const Row* row = At(rows, position);
     return row == nullptr || row->povRay.text.empty() ? nullptr : &row->povRay;
@@ -56,7 +56,7 @@ const PovRayPattern* PatternAt(std::span<const Row> rows, std::int32_t position)
 
 }  // namespace
 
-std::span<const PredefinedLook> PredefinedLooks(std::int32_t type)
+RowRange<PredefinedLook> PredefinedLooks(std::int32_t type)
 {
     const auto wanted = static_cast<PredefinedType>(type);
     const auto first = std::ranges::lower_bound(kPredefined, wanted, {}, &PredefinedLook::type);
@@ -71,12 +71,12 @@ const PredefinedLook* PredefinedLookOf(const CorvexDB::cdtRayTraceMaterialAttrib
                : nullptr;
 }
 
-std::span<const ColorPatternLook> ColorPatternLooks()
+RowRange<ColorPatternLook> ColorPatternLooks()
 {
     return kColorPatterns;
 }
 
-std::span<const NormalPatternLook> NormalPatternLooks()
+RowRange<NormalPatternLook> NormalPatternLooks()
 {
     return kNormalPatterns;
 }

@@ -1,7 +1,7 @@
 #include <CorvexMaterial/Schema.h>
 
-#include <CorvexMaterial/SchemaGuards.h>
-#include <CorvexMaterial/SchemaTable.h>
+#include "SchemaGuards.h"
+#include "SchemaTable.h"
 
 #include <algorithm>
 #include <tuple>
@@ -86,7 +86,7 @@ static_assert(NamesAreUnique());
 
 }  // namespace
 
-std::span<const AttributeRow> AttributeRows()
+const std::array<AttributeRow, kAttributeCount>& AttributeRows()
 {
     return kRows;
 }
@@ -142,3 +142,43 @@ const AttributeRow* FindAttribute(std::string_view word)
 }
 
 }  // namespace CorvexMaterial
+
+namespace CorvexDB {
+
+namespace {
+
+/// In records that have nothing else: the rows know every member of a part.
+template <typename Part>
+bool IsSame(Part udtMaterial::*part, const Part& one, const Part& other)
+{
+    udtMaterial first;
+    udtMaterial second;
+    first.*part = one;
+    second.*part = other;
+    return first == second;
+}
+
+}  // namespace
+
+bool operator==(const udtMaterial& one, const udtMaterial& other)
+{
+    return !CorvexMaterial::Differ(one, other, [](CorvexMaterial::Touches) { return true; });
+}
+
+bool operator==(const TextureFiles& one, const TextureFiles& other)
+{
+    return IsSame(&udtMaterial::Textures, one, other);
+}
+
+bool operator==(const TexturePlacement& one, const TexturePlacement& other)
+{
+    return IsSame(&udtMaterial::Placement, one, other);
+}
+
+bool operator==(const cdtRayTraceMaterialAttributes& one,
+                const cdtRayTraceMaterialAttributes& other)
+{
+    return IsSame(&udtMaterial::RayTrace, one, other);
+}
+
+}  // namespace CorvexDB

@@ -1,5 +1,7 @@
 #include <CorvexMaterial/TextureFileTypes.h>
 
+#include "FileFilter.h"
+
 #include <algorithm>
 #include <array>
 
@@ -14,7 +16,7 @@ constexpr std::array kWithoutTranslucency{"bmp"sv, "jpg"sv, "gif"sv, "tif"sv, "p
 
 }  // namespace
 
-std::span<const std::string_view> ExtensionsOf(TextureTypeList list)
+RowRange<std::string_view> ExtensionsOf(TextureTypeList list)
 {
     if (list == TextureTypeList::WithoutTranslucency) {
         return kWithoutTranslucency;

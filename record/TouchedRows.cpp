@@ -1,4 +1,4 @@
-#include <CorvexMaterial/TouchedRows.h>
+#include "TouchedRows.h"
 
 #include <CorvexMaterial/Schema.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CorvexMaterial/TouchedRows.h>
+#include "TouchedRows.h"
 
 #include <QWidget>
 

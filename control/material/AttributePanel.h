@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ChannelServices.h"
-#include <CorvexMaterial/TouchedRows.h>
+#include "TouchedRows.h"
 
 #include <QWidget>
 

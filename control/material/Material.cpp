@@ -203,6 +203,28 @@ Status Material::AddToPluginList(const std::string& Name)
     });
 }
 
+std::shared_ptr<const CorvexSG::GatheredMaterial> Material::ShownMaterial()
+{
+    std::shared_ptr<const CorvexSG::GatheredMaterial> shown;
+    m_editor->Guard()("ShownMaterial", [&] { shown = m_editor->Gatherer().Gather(); });
+    return shown;
+}
+
+Status Material::LoadSavedLayout()
+{
+    return m_editor->Guard()("LoadSavedLayout", [&] { m_editor->Layout().Restore(); });
+}
+
+void Material::DeleteFromLibrary(CorvexEditport::BrowserKind library)
+{
+    m_editor->Form().Library(library).PressDelete();
+}
+
+void Material::ChooseLibrary(CorvexEditport::BrowserKind library)
+{
+    m_editor->Form().Library(library).PressFunctions();
+}
+
 void Material::UpdateCustomFieldNames()
 {
     m_editor->Guard()("UpdateCustomFieldNames", [this] { m_editor->FillCustomFields(); });

@@ -10,10 +10,10 @@
 #include "PreviewScene.h"
 #include "SavedState.h"
 #include "TextureLibraryFlow.h"
+#include "TouchedRows.h"
 #include "Trap.h"
 #include <CorvexMaterial/Host.h>
 #include <CorvexMaterial/Platform.h>
-#include <CorvexMaterial/TouchedRows.h>
 
 #include <QObject>
 

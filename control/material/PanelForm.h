@@ -26,6 +26,10 @@ public:
     AttributePanel& Attributes() { return *m_attributes; }
     LibraryPanel& Materials() { return *m_materials; }
     LibraryPanel& Textures() { return *m_textures; }
+    LibraryPanel& Library(CorvexEditport::BrowserKind kind)
+    {
+        return kind == CorvexEditport::BrowserKind::Materials ? *m_materials : *m_textures;
+    }
 
     [[nodiscard]] int HeightTwips() const;
     [[nodiscard]] LibraryRows Rows() const;

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "TouchedRows.h"
 #include <CorvexMaterial/Colour.h>
 #include <CorvexMaterial/MaterialRecord.h>
 #include <CorvexMaterial/Schema.h>
 #include <CorvexMaterial/SettingsNames.h>
 #include <CorvexMaterial/SettingsStore.h>
-#include <CorvexMaterial/TouchedRows.h>
 
 #include <array>
 #include <exception>

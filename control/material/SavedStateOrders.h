@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CorvexMaterial/SchemaTable.h>
+#include "SchemaTable.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ColourField.h"
-#include <CorvexMaterial/TouchedRows.h>
+#include "TouchedRows.h"
 
 #include <QWidget>
 

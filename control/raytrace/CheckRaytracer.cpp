@@ -1,10 +1,10 @@
 #include "modRaytrace.h"
 
 #include "ErrorTexts.h"
+#include "FileFilter.h"
 #include "RaytraceMessages.h"
 #include "WorkingFolder.h"
 #include "modDialog.h"
-#include <CorvexMaterial/FileFilter.h>
 #include <CorvexMaterial/SettingsNames.h>
 #include <CorvexMaterial/WarningCatalogue.h>
 

@@ -1,6 +1,6 @@
 #include "TextureRules.h"
 
-#include <CorvexMaterial/FileFilter.h>
+#include "FileFilter.h"
 
 #include <algorithm>
 

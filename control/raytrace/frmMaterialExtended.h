@@ -2,10 +2,10 @@
 
 #include "LivePicture.h"
 #include "RenderWait.h"
+#include "TouchedRows.h"
 #include "modRaytrace.h"
 #include <CorvexMaterial/Host.h>
 #include <CorvexMaterial/Platform.h>
-#include <CorvexMaterial/TouchedRows.h>
 
 #include <QDialog>
 #include <QTimer>
@@ -13,6 +13,7 @@
 #include <array>
 #include <memory>
 #include <optional>
+#include <span>
 
 namespace Ui {
 class frmMaterialExtended;

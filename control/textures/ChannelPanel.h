@@ -2,7 +2,7 @@
 
 #include "ChannelServices.h"
 #include "ChannelTabBar.h"
-#include <CorvexMaterial/TouchedRows.h>
+#include "TouchedRows.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ChannelServices.h"
+#include "TouchedRows.h"
 #include <CorvexMaterial/TextureLayers.h>
-#include <CorvexMaterial/TouchedRows.h>
 
 #include <QObject>
 

@@ -1,6 +1,7 @@
 #include "TextureFileDialog.h"
 
 #include "ErrorTexts.h"
+#include "FileFilter.h"
 #include "TextureMessages.h"
 #include "modDialog.h"
 #include <CorvexMaterial/WarningCatalogue.h>

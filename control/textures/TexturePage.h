@@ -1,8 +1,8 @@
 #pragma once
 
+#include "TouchedRows.h"
 #include <CorvexMaterial/MaterialRecord.h>
 #include <CorvexMaterial/TextureLayers.h>
-#include <CorvexMaterial/TouchedRows.h>
 
 #include <QWidget>
 

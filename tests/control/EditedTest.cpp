@@ -1,6 +1,6 @@
 #include "FaultSteps.h"
+#include "TouchedRows.h"
 #include <CorvexMaterial/Schema.h>
-#include <CorvexMaterial/TouchedRows.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // With one of these faults the rows must not compile; without any they do.
 
-#include <CorvexMaterial/SchemaGuards.h>
-#include <CorvexMaterial/SchemaTable.h>
+#include "SchemaGuards.h"
+#include "SchemaTable.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #include "ErrorTexts.h"
+#include "FileFilter.h"
 #include "PanelRig.h"
 #include "SampleFolder.h"
 #include "TextureMessages.h"
-#include <CorvexMaterial/FileFilter.h>
 
 namespace {
 

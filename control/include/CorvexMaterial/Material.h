@@ -1,5 +1,7 @@
 #pragma once
 
+#include <CorvexMaterial/CorvexEditport.h>
+#include <CorvexMaterial/CorvexSG.h>
 #include <CorvexMaterial/Export.h>
 #include <CorvexMaterial/Host.h>
 #include <CorvexMaterial/IMaterial.h>
@@ -123,7 +125,22 @@ public:
     Status get_hwnd(WId& hwnd) override;
     Status pAlphaIsTransparentUpdated() override;
 
+    // Beside the published interface.
+
+    /// What the panel shows, as `ApplyShapeMaterial` hands it to shapes. Null, and the user has
+    /// been told, when the host fails in what it is asked for meanwhile.
+    [[nodiscard]] std::shared_ptr<const CorvexSG::GatheredMaterial> ShownMaterial();
+    /// The layout of the panels and their background colours alone, as `SaveStatus` left them and
+    /// `LoadSavedStatus` reads them with everything else. Gives the layout back to the user after
+    /// `SetMaxStatus`.
+    Status LoadSavedLayout();
+
 public Q_SLOTS:
+    /// As if the user had pressed the button of the library's panel that deletes the selected
+    /// entry, or the one that chooses or creates a library. Nothing happens where the button is
+    /// disabled.
+    void DeleteFromLibrary(CorvexEditport::BrowserKind library);
+    void ChooseLibrary(CorvexEditport::BrowserKind library);
     /// The host's names of the custom fields have changed: asks for them again. The control does so
     /// by itself at its start and when a page is turned.
     void UpdateCustomFieldNames();

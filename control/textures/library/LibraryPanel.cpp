@@ -223,6 +223,16 @@ void LibraryPanel::SetDeleteEnabled(bool enabled)
     m_delete->setEnabled(enabled);
 }
 
+void LibraryPanel::PressDelete()
+{
+    m_delete->click();
+}
+
+void LibraryPanel::PressFunctions()
+{
+    m_functions->click();
+}
+
 void LibraryPanel::SetLayoutEnabled(bool headerEnabled, bool rowsEnabled)
 {
     m_header->setEnabled(headerEnabled);

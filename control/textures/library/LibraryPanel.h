@@ -55,6 +55,9 @@ public:
     /// Add and Delete.
     void SetChangesEnabled(bool enabled);
     void SetDeleteEnabled(bool enabled);
+    /// A disabled button does nothing.
+    void PressDelete();
+    void PressFunctions();
 
     CorvexEditport::Editport& Browser() { return *m_browser; }
     /// The heading and both row buttons.

@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+#include <span>
+
 namespace studio {
 
 /// What glTF makes of our properties. Its colours are light, its images as displayed.

@@ -130,7 +130,7 @@ void GetAttribute(ByteReader& reader, const AttributeRow& row, udtMaterial& mate
 NamedMaterial GetMaterial(ByteReader& reader)
 {
     NamedMaterial named{ReadableName(reader.GetText(), "Material"), {}};
-    const auto rows = CorvexMaterial::AttributeRows();
+    const auto& rows = CorvexMaterial::AttributeRows();
     for (auto next = reader.Get<std::uint8_t>(); next != kLastAttribute;
          next = reader.Get<std::uint8_t>()) {
         Require(next < rows.size() && rows[next].path.LeadsIntoRecord(),

@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+#include <span>
+
 namespace studio {
 
 /// What MaterialX makes of our properties: a standard_surface and its images. Its colours are light

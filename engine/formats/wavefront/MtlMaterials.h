@@ -4,6 +4,8 @@
 
 #include <QByteArray>
 
+#include <span>
+
 namespace studio {
 
 /// What MTL makes of our properties. Its colours are taken as displayed (sRGB).

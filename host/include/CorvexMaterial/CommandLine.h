@@ -12,8 +12,6 @@ struct CommandLine {
     std::string program;
     std::vector<std::string> arguments;
     std::string workingFolder;  ///< empty = the current one
-
-    bool operator==(const CommandLine&) const = default;
 };
 
 }  // namespace CorvexDB

@@ -16,9 +16,13 @@ struct ScrollRange {
     std::int32_t maximum = 0;  ///< last position; 0 when everything can be seen
     std::int32_t page = 1;     ///< height of what can be seen
     std::int32_t step = 1;     ///< height of a row
-
-    bool operator==(const ScrollRange&) const = default;
 };
+
+[[nodiscard]] constexpr bool operator==(const ScrollRange& one, const ScrollRange& other)
+{
+    return one.position == other.position && one.maximum == other.maximum &&
+           one.page == other.page && one.step == other.step;
+}
 
 enum class BrowserKind : std::int32_t { Materials, Textures };
 

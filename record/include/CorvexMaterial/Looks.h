@@ -6,11 +6,11 @@
 
 #include <CorvexMaterial/Colour.h>
 #include <CorvexMaterial/RaytraceAttributes.h>
+#include <CorvexMaterial/RowRange.h>
 #include <CorvexMaterial/Vector.h>
 
 #include <array>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 namespace CorvexMaterial {
@@ -115,13 +115,13 @@ struct NormalPatternLook {
 
 /// The predefined materials of a type, in the order of their positions; none for a type outside its
 /// list.
-[[nodiscard]] std::span<const PredefinedLook> PredefinedLooks(std::int32_t type);
+[[nodiscard]] RowRange<PredefinedLook> PredefinedLooks(std::int32_t type);
 /// What the attributes name; null when they are custom, or name what no list has.
 [[nodiscard]] const PredefinedLook*
 PredefinedLookOf(const CorvexDB::cdtRayTraceMaterialAttributes& attributes);
 
-[[nodiscard]] std::span<const ColorPatternLook> ColorPatternLooks();
-[[nodiscard]] std::span<const NormalPatternLook> NormalPatternLooks();
+[[nodiscard]] RowRange<ColorPatternLook> ColorPatternLooks();
+[[nodiscard]] RowRange<NormalPatternLook> NormalPatternLooks();
 /// Null for "None" and for a position outside the list.
 [[nodiscard]] const PovRayPattern* FindColourPattern(std::int32_t position);
 [[nodiscard]] const PovRayPattern* FindNormalPattern(std::int32_t position);

@@ -27,8 +27,6 @@ struct TextureFiles {
     std::string bump;
     std::string specular;
     std::string environment;
-
-    bool operator==(const TextureFiles&) const = default;
 };
 
 /// Fractions of the image, 0 to 1, from its left and top; a negative scale mirrors.
@@ -37,8 +35,6 @@ struct TexturePlacement {
     float originV = 0.0F;
     float scaleU = 1.0F;
     float scaleV = 1.0F;
-
-    bool operator==(const TexturePlacement&) const = default;
 };
 
 inline constexpr int kCustomFieldCount = 6;
@@ -71,8 +67,17 @@ struct udtMaterial {
     std::string Plugin;                   ///< name in the host's table, empty = none
     std::vector<float> PluginParameters;  ///< at most ten
     std::array<std::string, kCustomFieldCount> CustomFields;
-
-    bool operator==(const udtMaterial&) const = default;
 };
+
+/// Of all members, as are those of the parts below.
+[[nodiscard]] bool operator==(const udtMaterial& one, const udtMaterial& other);
+[[nodiscard]] bool operator==(const TextureFiles& one, const TextureFiles& other);
+[[nodiscard]] bool operator==(const TexturePlacement& one, const TexturePlacement& other);
+[[nodiscard]] bool operator==(const cdtRayTraceMaterialAttributes& one,
+                              const cdtRayTraceMaterialAttributes& other);
+[[nodiscard]] inline bool operator!=(const udtMaterial& one, const udtMaterial& other)
+{
+    return !(one == other);
+}
 
 }  // namespace CorvexDB

@@ -11,8 +11,6 @@ struct PatternColour {
     float green = 1.0F;
     float blue = 1.0F;
     float alpha = 0.0F;
-
-    bool operator==(const PatternColour&) const = default;
 };
 
 /// What only a raytracer honours. Amounts are slider positions, whole numbers held as floats;
@@ -37,8 +35,6 @@ struct cdtRayTraceMaterialAttributes {
     float ColorPatternTurbulence = 0.0F;   ///< 0 to 10
     float NormalPatternFrequency = 0.0F;   ///< 0 to 10
     float NormalPatternTurbulence = 0.0F;  ///< 0 to 10
-
-    bool operator==(const cdtRayTraceMaterialAttributes&) const = default;
 };
 
 }  // namespace CorvexDB

@@ -8,7 +8,6 @@
 
 #include <array>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 namespace CorvexMaterial {
@@ -88,7 +87,7 @@ inline constexpr std::array kTextureFiles{
     Attribute::TextureBumpmap, Attribute::TextureSpecularMap, Attribute::TextureEnvironmentMap};
 
 /// Every attribute, in enum order.
-[[nodiscard]] std::span<const AttributeRow> AttributeRows();
+[[nodiscard]] const std::array<AttributeRow, kAttributeCount>& AttributeRows();
 [[nodiscard]] const AttributeRow& RowOf(Attribute attribute);
 [[nodiscard]] std::string_view FactoryText(Attribute attribute);
 /// Whether a picture made from the record, without a raytracer, shows the attribute.

@@ -11,8 +11,11 @@ namespace CorvexMaterial {
 /// it does.
 [[nodiscard]] constexpr bool IsSimulationTexture(std::string_view path)
 {
+    constexpr std::string_view kStart = "~CVX";
+    constexpr std::string_view kEnd = ".jpg";
     const std::string_view name = path.substr(path.find_last_of('/') + 1);
-    return name.starts_with("~CVX") && name.ends_with(".jpg");
+    return name.size() >= kEnd.size() && name.substr(0, kStart.size()) == kStart &&
+           name.substr(name.size() - kEnd.size()) == kEnd;
 }
 
 /// Whether such attributes are rendered once into a picture that stands for them in real time.

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <CorvexMaterial/FileFilter.h>
+#include <CorvexMaterial/RowRange.h>
 
-#include <span>
 #include <string_view>
 
 namespace CorvexMaterial {
@@ -15,7 +14,7 @@ enum class TextureTypeList {
 };
 
 /// In the dialog's order, lower case, without a dot.
-[[nodiscard]] std::span<const std::string_view> ExtensionsOf(TextureTypeList list);
+[[nodiscard]] RowRange<std::string_view> ExtensionsOf(TextureTypeList list);
 
 inline constexpr std::string_view kTextureDescription = "Texture";
 

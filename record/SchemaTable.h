@@ -2,6 +2,7 @@
 
 // The rows themselves, for `Schema.cpp` and for what checks them.
 
+#include "MemberPath.h"
 #include <CorvexMaterial/Schema.h>
 
 namespace CorvexMaterial::schema {
