@@ -5,6 +5,7 @@
 #include "MaterialEditor.h"
 #include "PluginPanel.h"
 #include "PreviewPanel.h"
+#include "QtControlLibrary.h"
 #include "SectionHeader.h"
 
 #include <QAbstractButton>
@@ -24,6 +25,7 @@ Status StatusOf(LibraryFlow::Outcome outcome)
 Material::Material(Host& host, Platform& platform, QWidget* parent)
     : QWidget(parent), m_editor(std::make_unique<MaterialEditor>(host, platform, *this, *this))
 {
+    OfferImageFormats();
     connect(m_editor.get(), &MaterialEditor::Edited, this, &Material::Edited);
     connect(m_editor.get(), &MaterialEditor::Changed, this, &Material::MaterialChanged);
     connect(&m_editor->Layout(), &LayoutFlow::TextureLibraryExpanded, this,

@@ -2,6 +2,7 @@
 
 #include "LoadedFile.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -27,6 +28,15 @@ QtControlLibrary::QtControlLibrary()
 std::string QtControlLibrary::Folder()
 {
     return m_folder;
+}
+
+void OfferImageFormats()
+{
+    // An absolute folder of our own, or nothing: whatever lies there is loaded.
+    const std::string folder = QtControlLibrary().Folder();
+    if (!folder.empty()) {
+        QCoreApplication::addLibraryPath(QString::fromStdString(folder + "/CorvexMaterial"));
+    }
 }
 
 }  // namespace CorvexMaterial

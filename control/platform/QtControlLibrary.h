@@ -13,4 +13,8 @@ private:
     std::string m_folder;
 };
 
+/// Lets Qt's image readers find the formats that are installed beside this library. For as long as
+/// the application lives; doing it again does nothing.
+void OfferImageFormats();
+
 }  // namespace CorvexMaterial

@@ -9,11 +9,8 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
-#include <QtPlugin>
 
 #include <exception>
-
-Q_IMPORT_PLUGIN(ImageFormatPlugin)
 
 namespace studio {
 

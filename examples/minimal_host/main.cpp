@@ -10,6 +10,7 @@
 #include <CorvexMaterial/QtPlatform.h>
 
 #include <QApplication>
+#include <QImageReader>
 #include <QLabel>
 #include <QMainWindow>
 #include <QScrollArea>
@@ -22,14 +23,24 @@ using CorvexMaterial::Material;
 
 namespace {
 
+/// Of a picture that can be read: the control has brought the readers for tga, pcx and dds along.
+QString Described(const std::string& texture)
+{
+    const QSize size =
+        texture.empty() ? QSize() : QImageReader(QString::fromStdString(texture)).size();
+    return size.isValid() ? QString(", texture %1 x %2").arg(size.width()).arg(size.height())
+                          : QString();
+}
+
 QString Described(const CorvexDB::udtMaterial& material)
 {
     const CorvexMaterial::ColourBytes colour = CorvexMaterial::BytesOf(material.Color);
     return QString("red %1, green %2, blue %3, ambient %4 %")
-        .arg(colour.red)
-        .arg(colour.green)
-        .arg(colour.blue)
-        .arg(material.Ambient);
+               .arg(colour.red)
+               .arg(colour.green)
+               .arg(colour.blue)
+               .arg(material.Ambient) +
+           Described(material.Textures.primary);
 }
 
 int WritePicture(QMainWindow& window, const QString& path)

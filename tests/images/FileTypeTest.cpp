@@ -104,6 +104,7 @@ TEST(TextureFile, HasItsColoursInItsCorners)
 
 TEST(TextureFile, IsReadTheSameByEveryImageReaderOfTheProcess)
 {
+    QCoreApplication::addLibraryPath(QStringLiteral(IMAGES_PLUGIN_PATH));
     for (const auto& [picture, tolerance, files] : kGroups) {
         for (const char* file : files) {
             SCOPED_TRACE(file);

@@ -1,4 +1,5 @@
-# Installs the control, builds the example against nothing but the installed package, and runs it.
+# Installs the control, compiles each of its headers, builds the example against nothing but the
+# installed package, and runs it.
 set(prefix ${scratch}/prefix)
 set(settings "${scratch}/config/Corvex/Minimal Host.ini")
 set(picture ${scratch}/minimal_host.png)
@@ -7,21 +8,38 @@ function(run)
     execute_process(COMMAND ${ARGN} TIMEOUT 240 COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
-file(REMOVE_RECURSE ${prefix} ${scratch}/config ${picture})
+file(REMOVE_RECURSE ${prefix} ${prefix}_moved ${scratch}/config ${picture})
 run(${CMAKE_COMMAND} --install ${built} --prefix ${prefix} --component Control)
+file(GLOB folders RELATIVE ${prefix}/include ${prefix}/include/*)
+if(NOT folders STREQUAL "CorvexMaterial")
+    message(FATAL_ERROR "The include path gets more than one folder of ours: ${folders}")
+endif()
+find_program(clang clang++)
+foreach(one IN ITEMS ${compiler} ${clang})
+    get_filename_component(name ${one} NAME)
+    file(REMOVE_RECURSE ${scratch}/headers_${name})
+    run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR}/headers -B ${scratch}/headers_${name} -G Ninja
+        -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${one})
+    run(${CMAKE_COMMAND} --build ${scratch}/headers_${name})
+endforeach()
+
 run(${CMAKE_COMMAND} -S ${example} -B ${scratch}/example -G Ninja
     -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${compiler}
     "-DCMAKE_CXX_FLAGS=${flags}")
 run(${CMAKE_COMMAND} --build ${scratch}/example)
 
-# A saved state must reach the host's shape, by way of settings, control and MaterialChanged.
-file(WRITE ${settings} "[Application]\nMaterialColor=255\nMaterialAmbient=35\n")
+# A saved state must reach the host's shape, by way of settings, control and MaterialChanged. Its
+# texture is one that only our reader can read; the package finds that wherever it was moved to.
+file(RENAME ${prefix} ${prefix}_moved)
+file(WRITE ${settings}
+    "[Application]\nMaterialColor=255\nMaterialAmbient=35\nMaterialTexture=${texture}\n")
 execute_process(
     COMMAND ${CMAKE_COMMAND} -E env XDG_CONFIG_HOME=${scratch}/config
+        LD_LIBRARY_PATH=${prefix}_moved/${libraries}
         ${scratch}/example/minimal_host --picture ${picture}
     TIMEOUT 60 OUTPUT_VARIABLE said COMMAND_ECHO STDOUT COMMAND_ERROR_IS_FATAL ANY)
 message(STATUS "The host said: ${said}")
-if(NOT said MATCHES "red 255, green 0, blue 0, ambient 35 %")
+if(NOT said MATCHES "red 255, green 0, blue 0, ambient 35 %, texture 30 x 22")
     message(FATAL_ERROR "The saved material did not reach the host's shape.")
 endif()
 if(NOT EXISTS ${picture})

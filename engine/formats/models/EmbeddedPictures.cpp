@@ -1,6 +1,8 @@
 #include "EmbeddedPictures.h"
 
 #include "LastingPicture.h"
+#include "OwnFormats.h"
+#include "OwnImage.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QBuffer>
@@ -15,6 +17,9 @@ namespace {
 /// "png" and the like, empty for what is no image. The file's own word for it does not count.
 QString SuffixOf(QByteArray bytes)
 {
+    if (const OwnFormat* own = FindOwnFormat(BytesOf(bytes), {})) {
+        return QString::fromLatin1(own->name);
+    }
     QBuffer buffer(&bytes);
     QImageReader reader(&buffer);
     reader.setDecideFormatFromContent(true);

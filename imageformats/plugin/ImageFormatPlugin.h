@@ -4,8 +4,7 @@
 
 namespace studio {
 
-/// Gives the image readers of the whole process our own formats. Part of the program: linking
-/// TextureFile.cpp registers it.
+/// Gives the image readers of the whole process our own formats.
 class ImageFormatPlugin : public QImageIOPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QImageIOHandlerFactoryInterface_iid FILE "ImageFormatPlugin.json")
