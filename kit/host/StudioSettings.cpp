@@ -100,11 +100,6 @@ std::set<std::string> StudioSettings::SavedPictures() const
     return pictures;
 }
 
-void StudioSettings::SetLibraryName(const char* key, const std::string& name)
-{
-    m_store.Write({m_application, kApplicationSection, key}, name);
-}
-
 bool StudioSettings::HasPanelLayout() const
 {
     return m_store.Read({m_application, kApplicationSection, kMaterialPanelKey}).has_value();

@@ -44,8 +44,6 @@ public:
     /// defaults.
     [[nodiscard]] std::set<std::string> SavedPictures() const;
 
-    /// The library that the control opens when it reads its saved state.
-    void SetLibraryName(const char* key, const std::string& name);
     /// Whether the control has ever saved its layout.
     [[nodiscard]] bool HasPanelLayout() const;
 

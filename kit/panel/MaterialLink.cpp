@@ -39,20 +39,6 @@ MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
     connect(&m_parts.selection, &Selection::Changed, this, &MaterialLink::ShowSelected);
 }
 
-std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialLink::Shown() const
-{
-    CorvexSG::Shape* preview = nullptr;
-    m_parts.material.get_csMaterialShape(preview);
-    const auto* shape = dynamic_cast<const StudioShape*>(preview);
-    return shape != nullptr ? shape->Applied().gathered : nullptr;
-}
-
-const CorvexDB::udtMaterial* MaterialLink::ShownMaterial() const
-{
-    const auto shown = Shown();
-    return shown != nullptr ? &shown->material : nullptr;
-}
-
 void MaterialLink::ApplyEdit(const MaterialEdit& edit)
 {
     const auto coordinates = WrapsAnew(edit) ? Coordinates::Wrapped : Coordinates::Kept;
@@ -71,10 +57,10 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
 
 Status MaterialLink::Apply(StudioShape& shape, Coordinates coordinates)
 {
-    const CorvexDB::udtMaterial* const shown = ShownMaterial();
+    const auto shown = m_parts.material.ShownMaterial();
     const bool makesNewCoordinates =
         coordinates == Coordinates::Wrapped ||
-        (shown != nullptr && Differ(shape.Material(), *shown, MakesCoordinates));
+        (shown != nullptr && Differ(shape.Material(), shown->material, MakesCoordinates));
     return m_parts.material.ApplyShapeMaterial(m_parts.scene, shape, makesNewCoordinates,
                                                m_parts.scene.RootGroup(),
                                                m_parts.scene.CameraGroup(), {}, {}, false, {}, {});

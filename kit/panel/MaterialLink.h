@@ -34,8 +34,6 @@ public:
     void Make(std::vector<ShapeChange> changes);
     /// Gives one shape a material that does not come from the panel, as one undo step.
     void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material);
-    /// The material that the panel shows now; null before the preview scene is built.
-    [[nodiscard]] const CorvexDB::udtMaterial* ShownMaterial() const;
 
 Q_SIGNALS:
     /// Shapes look different now.
@@ -47,7 +45,6 @@ private:
     enum class Coordinates { Kept, Wrapped };
 
     void ApplyEdit(const CorvexMaterial::MaterialEdit& edit);
-    [[nodiscard]] std::shared_ptr<const CorvexSG::GatheredMaterial> Shown() const;
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
     void Push(std::vector<ShapeChange> changes, FieldSet fields);
     void ShowSelected();

@@ -1,6 +1,5 @@
 #include "PanelFill.h"
 
-#include "MaterialLink.h"
 #include <CorvexMaterial/Material.h>
 #include <CorvexMaterial/Twips.h>
 
@@ -9,8 +8,8 @@
 
 namespace studio {
 
-PanelFill::PanelFill(CorvexMaterial::Material& material, MaterialLink& link, QScrollArea& area)
-    : QObject(&area), m_material(material), m_link(link), m_area(area)
+PanelFill::PanelFill(CorvexMaterial::Material& material, QScrollArea& area)
+    : QObject(&area), m_material(material), m_area(area)
 {
     m_area.viewport()->installEventFilter(this);
 }
@@ -52,27 +51,8 @@ void PanelFill::Restore()
         return;
     }
     m_filled = false;
-    Q_EMIT AboutToReload();
-    ReloadLayout();
+    Done(m_material.LoadSavedLayout());
     Q_EMIT Changed(false);
-}
-
-// The control reads its layout only together with the saved material, which is the one of the last
-// start; so what is shown now is carried across.
-void PanelFill::ReloadLayout()
-{
-    const CorvexDB::udtMaterial* shown = m_link.ShownMaterial();
-    const CorvexDB::udtMaterial material = shown != nullptr ? *shown : CorvexDB::udtMaterial();
-    std::int32_t primitive = 0;
-    CorvexDB::ApplyMode applyMode{};
-    const bool known = Done(m_material.get_lPreviewPrimitive(primitive)) &&
-                       Done(m_material.get_ApplyRelative(applyMode));
-    if (!known || !Done(m_material.LoadSavedStatus())) {
-        return;
-    }
-    Done(m_material.CopyFieldToFormMaterial(material));
-    Done(m_material.put_lPreviewPrimitive(primitive));
-    Done(m_material.put_ApplyRelative(applyMode));
 }
 
 bool PanelFill::eventFilter(QObject* watched, QEvent* event)

@@ -1,30 +1,26 @@
 #include "MainWindow.h"
 
-#include "DefaultScene.h"
-#include "EventLog.h"
+#include "AboutBox.h"
+#include "HistoryMenu.h"
 #include "MaterialExchange.h"
-#include "ModelOpener.h"
+#include "ModelFiles.h"
 #include "OptionsDialog.h"
-#include "PanelArea.h"
-#include "PanelFill.h"
-#include "PluginFolder.h"
-#include "PluginTextures.h"
+#include "OptionsEditing.h"
+#include "PanelDock.h"
+#include "PanelLibraries.h"
+#include "ScenePane.h"
+#include "SceneRaytracing.h"
 #include "SettingNames.h"
-#include "ShapeToolTip.h"
-#include "StatusMessage.h"
-#include "StatusText.h"
-#include "StudioApplicationState.h"
 #include "StudioHost.h"
 #include "StudioIcon.h"
-#include "StudioRaytraceServices.h"
-#include "UndoKeys.h"
-#include "ViewportWidget.h"
+#include "StudioSettings.h"
+#include "TextureFinder.h"
+#include "WindowMessages.h"
 
-#include <QAbstractButton>
-#include <QButtonGroup>
+#include <QCloseEvent>
 #include <QDockWidget>
-#include <QFileInfo>
-#include <QStatusBar>
+#include <QMenuBar>
+#include <QScreen>
 
 namespace studio {
 
@@ -36,195 +32,143 @@ constexpr QSize kFrame(8, 48);
 /// Each may hold two materials for every shape of a large scene.
 constexpr int kUndoSteps = 200;
 
-ImportProgram KeepingPictures(ImportProgram importer, std::string folder)
-{
-    importer.pictureFolder = std::move(folder);
-    return importer;
-}
-
 }  // namespace
-
-using CorvexMaterial::Material;
-using CorvexMaterial::PromptIcon;
-using CorvexMaterial::Status;
 
 MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, ImportProgram importer,
                        MaterialLink::Clock clock)
-    : m_host(host), m_platform(platform), m_recent(host.Settings()),
-      m_warnings(platform.settings, *this), m_exchange(new MaterialExchange(host, importer, *this)),
-      m_opener(new ModelOpener(*this,
-                               KeepingPictures(std::move(importer), host.State().LibraryFolder())))
+    : m_host(host),
+      m_messages(std::make_unique<WindowMessages>(host.Log(), platform.prompts, *this)),
+      m_scene(std::make_unique<ScenePane>(host, *m_messages, *this)),
+      m_panel(std::make_unique<PanelDock>(
+          PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
+          std::move(clock))),
+      m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel, m_history)),
+      m_exchange(std::make_unique<MaterialExchange>(host, importer, *this)),
+      m_files(std::make_unique<ModelFiles>(
+          ModelFiles::Parts{host, *m_messages, *m_scene, m_history, *m_exchange, *this},
+          std::move(importer))),
+      m_raytracing(std::make_unique<SceneRaytracing>(
+          SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *this})),
+      m_textures(std::make_unique<TextureFinder>(
+          TextureFinder::Parts{*m_messages, m_scene->Scene(), m_panel->Link(),
+                               [this] { return m_files->Folder(); }, *this})),
+      m_options(std::make_unique<OptionsEditing>(
+          OptionsEditing::Parts{host, platform.processes, *m_messages, *m_scene, *m_panel, *this}))
 {
     m_history.setUndoLimit(kUndoSteps);
     setWindowIcon(StudioIcon());
-    setAcceptDrops(true);
-    BuildStatusBar();
-    BuildViewport();
-    BuildDock();
-    m_link = new MaterialLink({*m_material, m_scene, m_selection, m_history}, std::move(clock));
-    m_fill = new PanelFill(*m_material, *m_link, *m_area);
-    ConnectPanel();
-    ConnectPlugins();
-    ConnectLibraries();
+    ConnectParts();
     BuildMenus();
-    ConnectExchange();
-    StartPanel();
-    ResetScene();
+    Start();
     RestoreGeometry();
 }
 
-// The control saves its state when it goes and calls the host meanwhile; the scene and the history
-// are members, so the control and what leans on it have to go before them.
-MainWindow::~MainWindow()
-{
-    DisconnectLibraries();
-    m_viewport->SetSource(nullptr);
-    m_host.Raytracing().SetAbandoned({});
-    m_scene.MarkSelection(nullptr);
-    delete m_opener;
-    delete m_fill;
-    delete m_link;
-    delete m_material;
-}
+MainWindow::~MainWindow() = default;
 
-void MainWindow::BuildStatusBar()
+void MainWindow::ConnectParts()
 {
-    m_misc = new StatusMessage(this);
-    m_misc->setObjectName(QStringLiteral("miscField"));
-    connect(&m_selection, &Selection::Changed, this, &MainWindow::TellSelection);
-    TellSelection();
-    m_position = new QLabel(this);
-    m_position->setObjectName(QStringLiteral("positionField"));
-    statusBar()->addWidget(m_misc, 1);
-    statusBar()->addPermanentWidget(m_position);
-}
-
-void MainWindow::TellSelection()
-{
-    const StudioScene::Shapes& shapes = m_selection.All();
-    if (shapes.empty()) {
-        m_misc->SetLasting(tr("Click a shape to select it"));
-    } else if (shapes.size() == 1) {
-        m_misc->SetLasting(tr("%1 selected").arg(QString::fromStdString(shapes.front()->Name())));
-    } else {
-        m_misc->SetLasting(tr("%1 shapes selected").arg(shapes.size()));
-    }
-}
-
-void MainWindow::BuildViewport()
-{
-    m_viewport = new ViewportWidget(m_host.Rendering(), this);
-    m_viewport->setMinimumSize(200, 160);
-    m_scene.MarkSelection(&m_selection);
-    m_viewport->SetSource(&m_scene);
-    setCentralWidget(m_viewport);
-    connect(m_viewport, &ViewportWidget::clicked, this, &MainWindow::PickAt);
-    connect(m_viewport, &ViewportWidget::positionText, m_position, &QLabel::setText);
-    new ShapeToolTip(
-        *m_viewport, [this](QPoint position) { return ShapeAt(position); },
-        [this] { return m_host.Get().customFields.GetCustomMaterialFieldNames(); });
-    connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
-    connect(m_viewport, &ViewportWidget::failed, this, [this](const QString& message) {
-        m_host.Log().RecordEvent("Viewport: " + message.toStdString());
-        m_misc->Show(message);
-    });
-}
-
-void MainWindow::BuildDock()
-{
-    m_area = new PanelArea(this);
-    m_material = new Material(m_host.Get(), m_platform, m_area);
-    m_area->setWidget(m_material);
-    m_dock = new QDockWidget(tr("Material"), this);
-    m_dock->setObjectName(QStringLiteral("materialDock"));
-    m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    m_dock->setWidget(m_area);
-    addDockWidget(Qt::RightDockWidgetArea, m_dock);
-    new UndoKeys(*m_area, m_area);
+    m_libraries->DropOn(*m_scene);
+    m_files->AcceptDropsOn(*this);
     // A floating panel is a window of its own, but what is dropped on it is for this one.
-    m_dock->setAcceptDrops(true);
-    m_dock->installEventFilter(this);
+    m_files->AcceptDropsOn(m_panel->Dock());
+    connect(m_files.get(), &ModelFiles::LibraryOpened, m_libraries.get(), &PanelLibraries::Open);
+    connect(m_files.get(), &ModelFiles::SceneOpened, this, &MainWindow::SceneOpened);
+    connect(m_files.get(), &ModelFiles::SceneRefused, this, &MainWindow::SceneRefused);
+    connect(m_exchange.get(), &MaterialExchange::Refused, m_messages.get(), &WindowMessages::Tell);
+    connect(m_exchange.get(), &MaterialExchange::Imported, m_libraries.get(),
+            &PanelLibraries::ShowImported);
 }
 
-void MainWindow::ConnectPanel()
+void MainWindow::BuildMenus()
 {
-    connect(m_material, &Material::DisplayPositionInformation, m_position, &QLabel::setText);
-    connect(m_material, &Material::DisplayMiscInformation, m_misc, &StatusMessage::Show);
-    connect(m_material, &Material::evtReqWarn, this,
-            [this](const QString& application, const QString& warning, const QString& key) {
-                m_warnings.Present(application, warning, key);
-            });
-    connect(m_link, &MaterialLink::ShapesChanged, m_viewport, &ViewportWidget::Draw);
-    const auto report = [this](const QString& what, Status status) { Check(status, what); };
-    connect(m_link, &MaterialLink::Failed, this, report);
-    connect(m_fill, &PanelFill::Failed, this, report);
-    // The control read its own colours again with its layout.
-    connect(m_fill, &PanelFill::Changed, this, [this](bool filled) {
-        if (!filled) {
-            ApplyColours();
-        }
-    });
-    connect(m_opener, &ModelOpener::Opened, this, &MainWindow::ShowModel);
-    connect(m_opener, &ModelOpener::Refused, this, &MainWindow::RefuseModel);
-    connect(m_opener, &ModelOpener::Cancelled, this, [this](const QString& file) {
-        m_misc->Show(tr("%1 was not opened.").arg(QFileInfo(file).fileName()));
-        Q_EMIT SceneRefused(m_misc->text());
-    });
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    m_files->AddTo(*file);
+    m_textures->AddTo(*file);
+    file->addSeparator();
+    m_raytracing->AddTo(*file);
+    file->addSeparator();
+    m_exchange->AddTo(*file);
+    file->addSeparator();
+    file->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    AddHistory(*edit, m_history);
+    edit->addSeparator();
+    m_scene->AddSelectionTo(*edit);
+    edit->addSeparator();
+    m_options->AddTo(*edit);
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    m_scene->AddFramingTo(*view);
+    view->addSeparator();
+    m_panel->AddTo(*view);
+
+    m_libraries->AddTo(*menuBar());
+
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("Show Silenced &Messages Again"), m_panel.get(),
+                    &PanelDock::RestoreWarnings);
+    help->addSeparator();
+    help->addAction(tr("&About Corvex Studio"), this, [this] { ShowAbout(*this); });
 }
 
-void MainWindow::ConnectPlugins()
+void MainWindow::Start()
 {
-    connect(&m_host.PluginPictures(), &PluginTextures::Ready, this, [this] {
-        m_viewport->Draw();
-        Check(m_material->RenderMaterial(), tr("The preview cannot be drawn"));
-    });
-    connect(&m_host.PluginPictures(), &PluginTextures::Refused, this,
-            [this](const QString& message) {
-                m_host.Log().RecordEvent(message.toStdString());
-                m_misc->Show(message);
-            });
-}
-
-void MainWindow::ListPlugins()
-{
-    const QString what = tr("The plug-ins cannot be listed");
-    Check(m_material->ClearPluginList(), what);
-    for (const std::string& name : m_host.Plugins().Names()) {
-        Check(m_material->AddToPluginList(name), what);
-    }
-    for (const QString& message : m_host.Plugins().Messages()) {
-        m_host.Log().RecordEvent(message.toStdString());
-        m_misc->Show(message);
-    }
-}
-
-void MainWindow::StartPanel()
-{
-    const bool firstStart = !m_host.Settings().HasPanelLayout();
-    const QString what = tr("The material panel did not start completely");
-    if (firstStart) {
-        ProvideFirstLibraries();
+    const bool isFirstStart = !m_host.Settings().HasPanelLayout();
+    if (isFirstStart) {
+        PanelLibraries::ProvideFirst(m_host, *m_messages);
         ProvideColours(m_host.Settings());
     }
-    ListPlugins();
-    Check(m_material->SetSceneDetails(m_host.SceneGraph()), what);
-    Check(m_material->InitializeMaterialPreviewScene(), tr("The preview cannot be built"));
-    Check(m_material->LoadSavedStatus(), tr("The saved material cannot be read"));
-    ApplyColours();
-    if (firstStart) {
-        Check(m_material->put_bMaterialPanel(true), what);
-        Check(m_material->put_bMaterialLibraryPanel(true), what);
-    }
+    m_panel->Start(isFirstStart);
+    ResetScene();
 }
 
-void MainWindow::ApplyColours()
+void MainWindow::OpenFile(const QString& file)
 {
-    const StudioColours colours = ReadColours(m_host.Settings());
-    m_viewport->SetBackground(colours.viewport);
-    m_viewport->Draw();
-    Check(
-        m_material->SetBackColor(colours.preview, colours.materialLibrary, colours.textureLibrary),
-        tr("The background colours cannot be set"));
+    m_files->Open(file);
+}
+
+void MainWindow::OpenModel(const QString& file)
+{
+    m_files->OpenModel(file);
+}
+
+void MainWindow::ResetScene()
+{
+    m_files->ResetScene();
+}
+
+CorvexMaterial::Material& MainWindow::Panel()
+{
+    return m_panel->Panel();
+}
+
+const StudioScene& MainWindow::Scene() const
+{
+    return m_scene->Scene();
+}
+
+Selection& MainWindow::Selected()
+{
+    return m_scene->Selected();
+}
+
+ViewportWidget& MainWindow::Viewport()
+{
+    return m_scene->Viewport();
+}
+
+QDockWidget& MainWindow::Dock()
+{
+    return m_panel->Dock();
+}
+
+bool MainWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && m_libraries != nullptr) {
+        m_libraries->LookForChanges();
+    }
+    return QMainWindow::event(event);
 }
 
 void MainWindow::RestoreGeometry()
@@ -243,8 +187,8 @@ void MainWindow::RestoreGeometry()
 void MainWindow::showEvent(QShowEvent* event)
 {
     QMainWindow::showEvent(event);
-    if (m_dock->isFloating()) {
-        QMetaObject::invokeMethod(m_dock, &QWidget::raise, Qt::QueuedConnection);
+    if (Dock().isFloating()) {
+        QMetaObject::invokeMethod(&Dock(), &QWidget::raise, Qt::QueuedConnection);
     }
 }
 
@@ -260,17 +204,14 @@ bool MainWindow::SettingsAreSaved()
         try {
             settings.Flush();
             // A damaged file that has been replaced is told of once.
-            Tell(QString::fromStdString(failure.what()), PromptIcon::Exclamation);
+            m_messages->Tell(QString::fromStdString(failure.what()));
         } catch (const CorvexMaterial::Error& error) {
-            m_host.Log().RecordEvent(error.what());
-            if (m_quitsUnasked) {
-                return true;
-            }
-            const QString question = tr("%1\n\nThe material and the layout of the panel would be "
-                                        "lost. Quit all the same?")
-                                         .arg(QString::fromStdString(error.what()));
-            return m_platform.prompts.AskYesNo(
-                {PromptIcon::Exclamation, "Corvex", question.toStdString()});
+            const QString cause = QString::fromStdString(error.what());
+            m_messages->Log(cause);
+            return m_quitsUnasked ||
+                   m_messages->Ask(tr("%1\n\nThe material and the layout of the panel would be "
+                                      "lost. Quit all the same?")
+                                       .arg(cause));
         }
     }
     return true;
@@ -278,44 +219,19 @@ bool MainWindow::SettingsAreSaved()
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    m_warnings.CloseAll();
+    m_panel->CloseWarnings();
     if (!SettingsAreSaved()) {
         event->ignore();
         return;
     }
-    SaveLayout();
+    m_panel->SaveLayout();
     QMainWindow::closeEvent(event);
-}
-
-void MainWindow::SaveLayout()
-{
-    // A layout that fills the dock is not the user's own, which is in the settings already.
-    if (!m_fill->Filled()) {
-        Check(m_material->SaveStatus(), tr("The layout cannot be saved"));
-    }
 }
 
 void MainWindow::Save()
 {
     static_cast<void>(SettingsAreSaved());
-    SaveLayout();
-}
-
-void MainWindow::Tell(const QString& text, PromptIcon icon)
-{
-    m_platform.prompts.Show({icon, "Corvex", text.toStdString()});
-}
-
-// The control has told the user about an error already; the window says what it means for the work
-// at hand.
-void MainWindow::Check(Status status, const QString& what)
-{
-    if (status == Status::Success) {
-        return;
-    }
-    const QString text = tr("%1: %2.").arg(what, TextOf(status));
-    m_host.Log().RecordEvent(text.toStdString());
-    m_misc->Show(text);
+    m_panel->SaveLayout();
 }
 
 }  // namespace studio

@@ -1,6 +1,7 @@
 #include "StudioRig.h"
 
 #include "FindTexturesDialog.h"
+#include "TextureFinder.h"
 #include "TexturePaths.h"
 #include <CorvexMaterial/TextureLayers.h>
 
@@ -45,7 +46,7 @@ protected:
     void Search()
     {
         QDir().mkpath(Folder());
-        rig.Window().FindTexturesIn(Folder());
+        rig.Window().Textures().FindIn(Folder());
     }
 
     QTreeWidgetItem& Row(int row) { return *rig.Find<QTreeWidget>("textures").topLevelItem(row); }

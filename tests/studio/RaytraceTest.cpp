@@ -1,5 +1,6 @@
 // The panel's raytracing with the real POV-Ray, through the studio's launcher.
 
+#include "SceneRaytracing.h"
 #include "SimulationPictures.h"
 #include "SqliteMaterialLibrary.h"
 #include "StudioApplicationState.h"
@@ -117,7 +118,7 @@ TEST_F(Raytracing, ThePreviewBecomesPovRaysPicture)
 
 TEST_F(Raytracing, ARenderedSceneCanBeCancelled)
 {
-    rig.Window().RenderScene();
+    rig.Window().Raytracing().Render();
     auto* window = rig.Window().findChild<QDialog*>("renderWindow");
     ASSERT_NE(window, nullptr);
     auto* cancel = window->findChild<QAbstractButton*>("cancelRender");

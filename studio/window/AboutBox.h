@@ -1,0 +1,9 @@
+#pragma once
+
+class QWidget;
+
+namespace studio {
+
+void ShowAbout(QWidget& window);
+
+}  // namespace studio

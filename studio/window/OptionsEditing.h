@@ -1,0 +1,48 @@
+#pragma once
+
+#include "FieldMoves.h"
+
+#include <QObject>
+
+class QMenu;
+class QWidget;
+
+namespace CorvexMaterial {
+class ProcessStarter;
+}
+
+namespace studio {
+
+class PanelDock;
+class ScenePane;
+class StudioHost;
+class WindowMessages;
+
+/// The options, and what follows from them: colours, and where the values of custom fields go whose
+/// names change places.
+class OptionsEditing : public QObject {
+    Q_OBJECT
+
+public:
+    /// What it works with; all of it outlives this object.
+    struct Parts {
+        StudioHost& host;
+        CorvexMaterial::ProcessStarter& processes;
+        WindowMessages& messages;
+        ScenePane& scene;
+        PanelDock& panel;
+        QWidget& window;
+    };
+
+    explicit OptionsEditing(const Parts& parts) : m_parts(parts) {}
+
+    void AddTo(QMenu& menu);
+
+private:
+    void ShowDialog();
+    void MoveFieldValues(const FieldMoves& moves);
+
+    Parts m_parts;
+};
+
+}  // namespace studio

@@ -1,0 +1,168 @@
+#include "PanelDock.h"
+
+#include "OptionsDialog.h"
+#include "PanelArea.h"
+#include "PanelFill.h"
+#include "PluginFolder.h"
+#include "PluginTextures.h"
+#include "ScenePane.h"
+#include "StudioHost.h"
+#include "StudioSettings.h"
+#include "UndoKeys.h"
+#include "ViewportWidget.h"
+#include "WindowMessages.h"
+
+#include <QDockWidget>
+#include <QMainWindow>
+#include <QMenu>
+
+namespace studio {
+
+using CorvexMaterial::Material;
+using CorvexMaterial::Status;
+
+PanelDock::PanelDock(const Parts& parts, MaterialLink::Clock clock)
+    : m_parts(parts), m_warnings(parts.platform.settings, parts.window),
+      m_area(new PanelArea(&parts.window)),
+      m_material(new Material(parts.host.Get(), parts.platform, m_area)),
+      m_link(new MaterialLink(
+          {*m_material, parts.scene.Scene(), parts.scene.Selected(), parts.history},
+          std::move(clock))),
+      m_fill(new PanelFill(*m_material, *m_area)),
+      m_dock(new QDockWidget(tr("Material"), &parts.window))
+{
+    Build();
+    ConnectPanel();
+    ConnectPlugins();
+}
+
+// The control saves its state when it goes and calls the host meanwhile, so it and what leans on it
+// go before the scene and the history; the dock goes later, with the window.
+PanelDock::~PanelDock()
+{
+    delete m_fill;
+    delete m_link;
+    delete m_material;
+}
+
+void PanelDock::Build()
+{
+    m_area->setWidget(m_material);
+    m_dock->setObjectName(QStringLiteral("materialDock"));
+    m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
+    m_dock->setWidget(m_area);
+    m_parts.window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
+    new UndoKeys(*m_area, m_area);
+}
+
+void PanelDock::ConnectPanel()
+{
+    WindowMessages& messages = m_parts.messages;
+    connect(m_material, &Material::DisplayPositionInformation, &messages,
+            &WindowMessages::ShowPosition);
+    connect(m_material, &Material::DisplayMiscInformation, &messages, &WindowMessages::Show);
+    connect(m_material, &Material::evtReqWarn, this,
+            [this](const QString& application, const QString& warning, const QString& key) {
+                m_warnings.Present(application, warning, key);
+            });
+    connect(m_link, &MaterialLink::ShapesChanged, &m_parts.scene.Viewport(), &ViewportWidget::Draw);
+    const auto report = [&messages](const QString& what, Status status) {
+        messages.Check(status, what);
+    };
+    connect(m_link, &MaterialLink::Failed, this, report);
+    connect(m_fill, &PanelFill::Failed, this, report);
+    // The control read its own colours again with its layout.
+    connect(m_fill, &PanelFill::Changed, this, [this](bool filled) {
+        if (!filled) {
+            ApplyColours();
+        }
+    });
+}
+
+void PanelDock::ConnectPlugins()
+{
+    const PluginTextures& pictures = m_parts.host.PluginPictures();
+    connect(&pictures, &PluginTextures::Ready, this, [this] {
+        m_parts.scene.Viewport().Draw();
+        m_parts.messages.Check(m_material->RenderMaterial(), tr("The preview cannot be drawn"));
+    });
+    connect(&pictures, &PluginTextures::Refused, &m_parts.messages, &WindowMessages::ShowAndLog);
+}
+
+void PanelDock::ListPlugins()
+{
+    const QString what = tr("The plug-ins cannot be listed");
+    m_parts.messages.Check(m_material->ClearPluginList(), what);
+    for (const std::string& name : m_parts.host.Plugins().Names()) {
+        m_parts.messages.Check(m_material->AddToPluginList(name), what);
+    }
+    for (const QString& message : m_parts.host.Plugins().Messages()) {
+        m_parts.messages.ShowAndLog(message);
+    }
+}
+
+void PanelDock::Start(bool isFirstStart)
+{
+    WindowMessages& messages = m_parts.messages;
+    const QString what = tr("The material panel did not start completely");
+    ListPlugins();
+    messages.Check(m_material->SetSceneDetails(m_parts.host.SceneGraph()), what);
+    messages.Check(m_material->InitializeMaterialPreviewScene(), tr("The preview cannot be built"));
+    messages.Check(m_material->LoadSavedStatus(), tr("The saved material cannot be read"));
+    ApplyColours();
+    if (isFirstStart) {
+        messages.Check(m_material->put_bMaterialPanel(true), what);
+        messages.Check(m_material->put_bMaterialLibraryPanel(true), what);
+    }
+}
+
+void PanelDock::ApplyColours()
+{
+    const StudioColours colours = ReadColours(m_parts.host.Settings());
+    m_parts.scene.Viewport().SetBackground(colours.viewport);
+    m_parts.scene.Viewport().Draw();
+    m_parts.messages.Check(
+        m_material->SetBackColor(colours.preview, colours.materialLibrary, colours.textureLibrary),
+        tr("The background colours cannot be set"));
+}
+
+void PanelDock::AddTo(QMenu& view)
+{
+    QAction* dock = m_dock->toggleViewAction();
+    dock->setText(tr("&Material Panel"));
+    dock->setShortcut(QKeySequence(tr("F4")));
+    view.addAction(dock);
+    QAction* fill = view.addAction(tr("&Fill the Dock"), m_fill, &PanelFill::Fill);
+    QAction* saved = view.addAction(tr("Saved &Layout"), m_fill, &PanelFill::Restore);
+    saved->setEnabled(false);
+    connect(m_fill, &PanelFill::Changed, this, [fill, saved](bool filled) {
+        fill->setEnabled(!filled);
+        saved->setEnabled(filled);
+    });
+}
+
+void PanelDock::RevealSoon(QWidget& widget)
+{
+    QMetaObject::invokeMethod(
+        &widget, [this, &widget] { m_area->ensureWidgetVisible(&widget); }, Qt::QueuedConnection);
+}
+
+void PanelDock::SaveLayout()
+{
+    // A layout that fills the dock is not the user's own, which is in the settings already.
+    if (!m_fill->Filled()) {
+        m_parts.messages.Check(m_material->SaveStatus(), tr("The layout cannot be saved"));
+    }
+}
+
+void PanelDock::RestoreWarnings()
+{
+    const bool areRestored = m_parts.messages.Telling([this] {
+        m_warnings.RestoreAll(QString::fromStdString(m_parts.host.Settings().Application()));
+    });
+    if (areRestored) {
+        m_parts.messages.Show(tr("All messages are shown again."));
+    }
+}
+
+}  // namespace studio

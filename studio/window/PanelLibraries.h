@@ -1,0 +1,56 @@
+#pragma once
+
+#include "LibrarySchema.h"
+
+#include <QObject>
+#include <QPoint>
+
+class QMenuBar;
+class QUndoStack;
+
+namespace studio {
+
+class LibraryBrowser;
+class LibraryDesk;
+class PanelDock;
+class ScenePane;
+class StudioHost;
+class WindowMessages;
+struct LibraryChange;
+
+/// What the window does with the libraries of the panel: its menu, the menus of their entries,
+/// their changes as undo steps, and what is dragged out of them onto the scene.
+class PanelLibraries : public QObject {
+    Q_OBJECT
+
+public:
+    /// All of it outlives this object.
+    PanelLibraries(StudioHost& host, WindowMessages& messages, PanelDock& panel,
+                   QUndoStack& history);
+    ~PanelLibraries() override;
+
+    /// Where no libraries are shipped the user begins with empty ones.
+    static void ProvideFirst(StudioHost& host, WindowMessages& messages);
+
+    void AddTo(QMenuBar& bar);
+    /// Lets what is dragged out of the libraries be dropped on the shapes.
+    void DropOn(ScenePane& scene);
+    /// Shows the library in the panel.
+    void Open(const QString& file, LibraryKind kind);
+    /// New entries, which are made already, become an undo step.
+    void ShowImported(const LibraryChange& change);
+    /// Of other programs.
+    void LookForChanges();
+
+private:
+    void ConnectDesk();
+    void EmptyTrash();
+    void ShowEntryMenu(LibraryBrowser& browser, QPoint globalPosition);
+
+    StudioHost& m_host;
+    WindowMessages& m_messages;
+    PanelDock& m_panel;
+    LibraryDesk* m_desk;
+};
+
+}  // namespace studio

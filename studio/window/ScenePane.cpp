@@ -1,0 +1,101 @@
+#include "ScenePane.h"
+
+#include "Picking.h"
+#include "ShapeToolTip.h"
+#include "StudioHost.h"
+#include "ViewportWidget.h"
+#include "WindowMessages.h"
+
+#include <QMainWindow>
+#include <QMenu>
+
+namespace studio {
+
+ScenePane::ScenePane(StudioHost& host, WindowMessages& messages, QMainWindow& window)
+    : m_messages(messages), m_viewport(new ViewportWidget(host.Rendering(), &window))
+{
+    m_viewport->setMinimumSize(200, 160);
+    m_scene.MarkSelection(&m_selection);
+    m_viewport->SetSource(&m_scene);
+    window.setCentralWidget(m_viewport);
+    connect(m_viewport, &ViewportWidget::clicked, this,
+            [this](QPoint position, Qt::KeyboardModifiers modifiers) {
+                m_selection.Click(ShapeAt(position), modifiers);
+            });
+    connect(m_viewport, &ViewportWidget::positionText, &messages, &WindowMessages::ShowPosition);
+    connect(m_viewport, &ViewportWidget::failed, &messages, [&messages](const QString& message) {
+        messages.Log(QStringLiteral("Viewport: ") + message);
+        messages.Show(message);
+    });
+    new ShapeToolTip(
+        *m_viewport, [this](QPoint position) { return ShapeAt(position); },
+        [&host] { return host.Get().customFields.GetCustomMaterialFieldNames(); });
+    connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
+    connect(&m_selection, &Selection::Changed, this, &ScenePane::TellSelection);
+    TellSelection();
+}
+
+// The viewport goes later, with the window.
+ScenePane::~ScenePane()
+{
+    m_viewport->SetSource(nullptr);
+    m_scene.MarkSelection(nullptr);
+}
+
+void ScenePane::TellSelection()
+{
+    const StudioScene::Shapes& shapes = m_selection.All();
+    if (shapes.empty()) {
+        m_messages.SetLasting(tr("Click a shape to select it"));
+    } else if (shapes.size() == 1) {
+        m_messages.SetLasting(
+            tr("%1 selected").arg(QString::fromStdString(shapes.front()->Name())));
+    } else {
+        m_messages.SetLasting(tr("%1 shapes selected").arg(shapes.size()));
+    }
+}
+
+void ScenePane::Show(StudioScene::Shapes shapes)
+{
+    m_selection.Clear();
+    m_scene.SetShapes(std::move(shapes));
+    m_viewport->Draw();
+}
+
+std::shared_ptr<StudioShape> ScenePane::ShapeAt(QPoint position) const
+{
+    const Ray ray = m_viewport->Camera().RayThrough(position, m_viewport->size());
+    const auto hit = PickNearest(ray, m_scene.All());
+    return hit ? hit->shape : nullptr;
+}
+
+void ScenePane::AddSelectionTo(QMenu& menu)
+{
+    menu.addAction(tr("Select &All"), QKeySequence::SelectAll, this,
+                   [this] { m_selection.Set(m_scene.All()); });
+    menu.addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
+                   [this] { m_selection.Clear(); });
+}
+
+void ScenePane::AddFramingTo(QMenu& menu)
+{
+    QAction* selection =
+        menu.addAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")), this, [this] {
+            StudioScene selected;
+            selected.SetShapes(m_selection.All());
+            Frame(selected);
+        });
+    selection->setEnabled(false);
+    connect(&m_selection, &Selection::Changed, this,
+            [this, selection] { selection->setEnabled(!m_selection.All().empty()); });
+    menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
+                   [this] { Frame(m_scene); });
+}
+
+void ScenePane::Frame(StudioScene& scene)
+{
+    m_viewport->SetCamera(scene.FramedBy(m_viewport->Camera()));
+    m_viewport->Draw();
+}
+
+}  // namespace studio

@@ -1,0 +1,124 @@
+#include "SceneRaytracing.h"
+
+#include "RenderWindow.h"
+#include "ScenePane.h"
+#include "SceneWriters.h"
+#include "SettingNames.h"
+#include "StudioApplicationState.h"
+#include "StudioHost.h"
+#include "StudioRaytraceServices.h"
+#include "StudioSceneExporter.h"
+#include "StudioSettings.h"
+#include "ViewportWidget.h"
+#include "WindowMessages.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+
+namespace studio {
+namespace {
+
+QString NoProgramText(const CorvexMaterial::ProgramFacts& facts)
+{
+    const QString text =
+        facts.usualName.empty()
+            ? SceneRaytracing::tr("No %1 is chosen. Edit > Options > Raytracing has a field for "
+                                  "its program.")
+            : SceneRaytracing::tr(
+                  "%1 was not found. Edit > Options > Raytracing says where it is looked for.");
+    return text.arg(QString::fromUtf8(facts.noun));
+}
+
+}  // namespace
+
+SceneRaytracing::SceneRaytracing(const Parts& parts) : m_parts(parts)
+{
+    parts.host.Raytracing().SetAbandoned(
+        [this] { m_parts.messages.Show(tr("The raytracer was not started.")); });
+}
+
+SceneRaytracing::~SceneRaytracing()
+{
+    m_parts.host.Raytracing().SetAbandoned({});
+}
+
+void SceneRaytracing::AddTo(QMenu& menu)
+{
+    menu.addAction(tr("&Render..."), QKeySequence(tr("Ctrl+R")), this, &SceneRaytracing::Render)
+        ->setObjectName(QStringLiteral("renderScene"));
+    QMenu* exports = menu.addMenu(tr("&Export"));
+    for (const SceneWriter& writer : SceneWriters()) {
+        const CorvexMaterial::SceneFacts& scene = writer.raytracer->scene;
+        exports->addAction(tr(scene.title.data()) + QStringLiteral("..."), this,
+                           [this, &scene] { ChooseExport(scene); });
+    }
+}
+
+RaytraceScene SceneRaytracing::SceneToRaytrace()
+{
+    StudioScene& scene = m_parts.scene.Scene();
+    const Frame frame = m_parts.scene.Viewport().CurrentFrame();
+    scene.SetView({frame.camera, frame.background, frame.backdrop, {frame.width, frame.height}});
+    return RaytraceSceneOf(scene, m_parts.host.RaytraceData());
+}
+
+void SceneRaytracing::Render()
+{
+    const RaytracerProgram program = m_parts.host.State().Raytracer();
+    if (program.path.isEmpty()) {
+        m_parts.messages.Tell(NoProgramText(program.writer->raytracer->program));
+        return;
+    }
+    auto* window = new RenderWindow(m_parts.processes, &m_parts.window);
+    window->setObjectName(QStringLiteral("renderWindow"));
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->SetFolder(m_parts.host.Settings().Text(kExportFolderSetting));
+    connect(window, &RenderWindow::FolderChosen, this, &SceneRaytracing::KeepFolder);
+    const bool isStarted = m_parts.messages.Telling([&] {
+        window->ShowMeanwhile(m_parts.scene.Viewport().grab());
+        window->Start(program, SceneToRaytrace(), m_parts.host.RaytraceData().textures,
+                      m_parts.host.State().AntialiasChoice());
+        window->show();
+    });
+    if (!isStarted) {
+        delete window;
+    }
+}
+
+void SceneRaytracing::ChooseExport(const CorvexMaterial::SceneFacts& scene)
+{
+    const QString suffix = QString::fromUtf8(scene.suffix);
+    QFileDialog dialog(&m_parts.window, tr("Export Scene"),
+                       m_parts.host.Settings().Text(kExportFolderSetting),
+                       QStringLiteral("%1 (*.%2)").arg(tr(scene.filter.data()), suffix));
+    // A desktop's own dialog would ask about the name before it has its extension.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(QStringLiteral("scene.") + suffix);
+    if (dialog.exec() == QDialog::Accepted) {
+        KeepFolder(dialog.directory().absolutePath());
+        Export(dialog.selectedFiles().value(0));
+    }
+}
+
+void SceneRaytracing::KeepFolder(const QString& folder)
+{
+    m_parts.host.Settings().SetText(kExportFolderSetting, folder);
+}
+
+void SceneRaytracing::Export(const QString& file)
+{
+    m_parts.messages.Telling([&] {
+        const RaytraceScene scene = SceneToRaytrace();
+        const auto& textures = m_parts.host.RaytraceData().textures;
+        WriteRaytraceScene(file, scene, textures, ImagesBeside(file));
+        const QString written = tr("%1 was written.").arg(QFileInfo(file).fileName());
+        const QString note = LossNote(*WriterFor(file)->raytracer, scene, textures);
+        m_parts.messages.Show(note.isEmpty() ? written : written + u' ' + note);
+    });
+}
+
+}  // namespace studio
