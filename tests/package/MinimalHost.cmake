@@ -28,6 +28,15 @@ run(${CMAKE_COMMAND} -S ${example} -B ${scratch}/example -G Ninja
     "-DCMAKE_CXX_FLAGS=${flags}")
 run(${CMAKE_COMMAND} --build ${scratch}/example)
 
+# What the first page shows must compile with the example's classes.
+file(READ ${example}/../../README.md page)
+string(REGEX MATCH "```cpp\n([^`]*)```" code "${page}")
+file(COPY ${example}/ DESTINATION ${scratch}/page)
+file(WRITE ${scratch}/page/main.cpp "${CMAKE_MATCH_1}")
+run(${CMAKE_COMMAND} -S ${scratch}/page -B ${scratch}/page_built -G Ninja
+    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${compiler})
+run(${CMAKE_COMMAND} --build ${scratch}/page_built --target CMakeFiles/minimal_host.dir/main.cpp.o)
+
 # A saved state must reach the host's shape, by way of settings, control and MaterialChanged. Its
 # texture is one that only our reader can read; the package finds that wherever it was moved to.
 file(RENAME ${prefix} ${prefix}_moved)
