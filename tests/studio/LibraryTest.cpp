@@ -140,10 +140,18 @@ TEST_F(Library, MissingOneLeavesNothingOpenBehindAnEmptyPanel)
     EXPECT_EQ(rig.Host().Browsers().Open(LibraryKind::Materials), nullptr);
     EXPECT_TRUE(Names().empty());
     EXPECT_EQ(rig.Find<QLabel>("miscField").text(), "Lost.cvm was not opened.");
+}
+
+TEST_F(Library, GetsItsRowsBackAndNothingElseAfterItFilledTheDock)
+{
+    const int rows = rig.Find<QWidget>("dfeMaterialLibrary").height();
+    rig.Type("txtAmbient", "33");
     rig.Trigger("Fill the Dock");
-    rig.Trigger("Saved Layout");  // the control reads its saved state again
-    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").placeholderText(), "Lost.cvm");
-    EXPECT_EQ(rig.Host().Browsers().Open(LibraryKind::Materials), nullptr);
+    EXPECT_FALSE(rig.Find<QAbstractButton>("cmdMaterialLibraryMore").isEnabled());
+    rig.Trigger("Saved Layout");
+    EXPECT_TRUE(rig.Find<QAbstractButton>("cmdMaterialLibraryMore").isEnabled());
+    EXPECT_EQ(rig.Find<QWidget>("dfeMaterialLibrary").height(), rows);
+    EXPECT_EQ(rig.TextOf("txtAmbient"), "33");
 }
 
 TEST_F(Library, ShowsWhatAnotherProgramChangedWhenTheWindowIsBack)
