@@ -14,28 +14,29 @@ namespace {
 /// Any object of this library tells the loader which library is meant.
 const char kMarker = 0;
 
-}  // namespace
+// Asked once, when the library is loaded: the loader's answer may be relative to the folder that
+// the program started in.
+const std::string kFolder = [] {
+    const std::string file = LoadedFile(&kMarker);
+    return file.empty() ? std::string()
+                        : QFileInfo(QFile::decodeName(file.c_str()))
+                              .absoluteDir()
+                              .canonicalPath()
+                              .toStdString();
+}();
 
-// Asked once and early: the loader's answer may be relative to the folder the program started in.
-QtControlLibrary::QtControlLibrary()
-{
-    if (const std::string file = LoadedFile(&kMarker); !file.empty()) {
-        m_folder =
-            QFileInfo(QFile::decodeName(file.c_str())).absoluteDir().canonicalPath().toStdString();
-    }
-}
+}  // namespace
 
 std::string QtControlLibrary::Folder()
 {
-    return m_folder;
+    return kFolder;
 }
 
 void OfferImageFormats()
 {
     // An absolute folder of our own, or nothing: whatever lies there is loaded.
-    const std::string folder = QtControlLibrary().Folder();
-    if (!folder.empty()) {
-        QCoreApplication::addLibraryPath(QString::fromStdString(folder + "/CorvexMaterial"));
+    if (!kFolder.empty()) {
+        QCoreApplication::addLibraryPath(QString::fromStdString(kFolder + "/CorvexMaterial"));
     }
 }
 

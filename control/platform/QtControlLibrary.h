@@ -6,11 +6,7 @@ namespace CorvexMaterial {
 
 class QtControlLibrary final : public ControlLibrary {
 public:
-    QtControlLibrary();
     std::string Folder() override;
-
-private:
-    std::string m_folder;
 };
 
 /// Lets Qt's image readers find the formats that are installed beside this library. For as long as
