@@ -1,6 +1,7 @@
 #include "StudioRig.h"
 
 #include "MaterialExchange.h"
+#include "SceneRaytracing.h"
 #include "SqliteMaterialLibrary.h"
 
 #include <QTableView>
@@ -70,7 +71,7 @@ TEST_F(Exchange, ASceneIsExportedWithWhatItGoesWithout)
     CorvexDB::udtMaterial bumpy;
     bumpy.Textures.bump = "/b.png";
     rig.Shape(0)->SetApplied(studio::WholeMaterial(bumpy));
-    rig.Window().ExportScene(rig.PathOf("scene.rib"));
+    rig.Window().Raytracing().Export(rig.PathOf("scene.rib"));
     EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("does not show: bump maps"));
 }
 
