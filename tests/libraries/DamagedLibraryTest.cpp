@@ -2,7 +2,6 @@
 
 #include "FuzzLibrary.h"
 #include "LibraryReading.h"
-#include "Testing.h"
 
 #include <QtEndian>
 
@@ -10,7 +9,6 @@
 
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -32,61 +30,63 @@ void Sql(const std::string& path, const char* statements)
 
 void Fill(const TemporaryLibrary& temporary, int entries)
 {
-    auto library = temporary.Open();
-    std::mt19937 dice(1);
     std::vector<studio::NewEntry> all;
     for (int i = 0; i < entries; ++i) {
         all.push_back(studio::EntryOfMaterial(
-            {"entry " + std::to_string(i), LibraryTest::AnyMaterial(dice)}, "/"));
+            {"entry " + std::to_string(i), LibraryTest::WholeMaterial()}, "/"));
         all.back().png.assign(300, 'x');
     }
-    library.Add(all);
+    temporary.Open().Add(all);
+}
+
+using Step = std::function<void(const TemporaryLibrary&)>;
+
+Step Statements(const char* statements)
+{
+    return [statements](const auto& temporary) { Sql(temporary.Path(), statements); };
+}
+
+QByteArray Patched(QByteArray bytes, int offset, const QByteArray& patch)
+{
+    return bytes.replace(offset, patch.size(), patch);
+}
+
+Step Bytes(int offset, const QByteArray& patch)
+{
+    return [=](const auto& temporary) {
+        temporary.SetBytes(Patched(temporary.Bytes(), offset, patch));
+    };
 }
 
 struct Damage {
     const char* name;
-    void (*apply)(const TemporaryLibrary&);
+    Step apply;
     const char* cause;
 };
 
-void ReplaceBytes(const TemporaryLibrary& temporary, int offset, const QByteArray& bytes)
-{
-    temporary.SetBytes(temporary.Bytes().replace(offset, bytes.size(), bytes));
-}
-
-const std::array kDamages{
-    Damage{"Empty", [](const auto& t) { t.SetBytes({}); }, "it is empty"},
-    Damage{"Text", [](const auto& t) { t.SetBytes("Not a library at all\n"); }, "not a library"},
-    Damage{"HeaderOnly", [](const auto& t) { t.SetBytes(t.Bytes().first(100)); }, "truncated"},
-    Damage{"LastPageGone", [](const auto& t) { t.SetBytes(t.Bytes().chopped(4096)); }, "truncated"},
-    Damage{"OtherKind", [](const auto& t) { ReplaceBytes(t, 68, "CvxT"); }, "texture library"},
-    Damage{"OtherProgram", [](const auto& t) { ReplaceBytes(t, 68, "abcd"); }, "another program"},
-    Damage{"LaterVersion", [](const auto& t) { Sql(t.Path(), "PRAGMA user_version = 7"); },
-           "later version of the studio (format 7"},
-    Damage{"WriteAheadLog", [](const auto& t) { ReplaceBytes(t, 18, "\x02\x02"); }, "header"},
-    Damage{"SchemaOverwritten",
-           [](const auto& t) { ReplaceBytes(t, 100, QByteArray(3000, '\xAA')); }, "damaged"},
-    Damage{"ViewAsTable",
-           [](const auto& t) {
-               Sql(t.Path(),
-                   "ALTER TABLE entries RENAME TO hidden; DROP INDEX entries_in_order;"
-                   "DROP INDEX entries_by_name; CREATE VIEW entries AS SELECT * FROM hidden");
-           },
-           "not those of a library"},
-    Damage{"ViewWithTheTablesText",
-           [](const auto& t) {
-               Sql(t.Path(), "PRAGMA writable_schema = 1; UPDATE sqlite_schema SET type = 'view' "
-                             "WHERE name = 'contents'");
-           },
-           "damaged"},
-    Damage{"Trigger",
-           [](const auto& t) {
-               Sql(t.Path(),
-                   "CREATE TRIGGER gone AFTER INSERT ON entries BEGIN DELETE FROM contents; END");
-           },
-           "not those of a library"},
-    Damage{"TableMissing", [](const auto& t) { Sql(t.Path(), "DROP TABLE thumbnails"); },
-           "are missing"},
+const Damage kDamages[] = {
+    {"Empty", [](const auto& t) { t.SetBytes({}); }, "it is empty"},
+    {"Text", [](const auto& t) { t.SetBytes("Not a library at all\n"); }, "not a library"},
+    {"HeaderOnly", [](const auto& t) { t.SetBytes(t.Bytes().first(100)); }, "truncated"},
+    {"LastPageGone", [](const auto& t) { t.SetBytes(t.Bytes().chopped(4096)); }, "truncated"},
+    {"OtherKind", Bytes(68, "CvxT"), "texture library"},
+    {"OtherProgram", Bytes(68, "abcd"), "another program"},
+    {"LaterVersion", Statements("PRAGMA user_version = 7"),
+     "later version of the studio (format 7"},
+    {"WriteAheadLog", Bytes(18, "\x02\x02"), "header"},
+    {"SchemaOverwritten", Bytes(100, QByteArray(3000, '\xAA')), "damaged"},
+    {"ViewAsTable",
+     Statements("ALTER TABLE entries RENAME TO hidden; DROP INDEX entries_in_order;"
+                "DROP INDEX entries_by_name; CREATE VIEW entries AS SELECT * FROM hidden"),
+     "not those of a library"},
+    {"ViewWithTheTablesText",
+     Statements("PRAGMA writable_schema = 1;"
+                "UPDATE sqlite_schema SET type = 'view' WHERE name = 'contents'"),
+     "damaged"},
+    {"Trigger",
+     Statements("CREATE TRIGGER gone AFTER INSERT ON entries BEGIN DELETE FROM contents; END"),
+     "not those of a library"},
+    {"TableMissing", Statements("DROP TABLE thumbnails"), "are missing"},
 };
 
 class RefusedLibrary : public testing::TestWithParam<Damage> {};
@@ -116,111 +116,89 @@ QByteArray Word(qsizetype value)
 
 const QByteArray kJournalMagic = QByteArray::fromHex("d9d505f920a163d7");
 
-// As a crash leaves it: so many pages to be put back, each as it is given.
-QByteArray JournalOf(const TemporaryLibrary& temporary, const QList<QByteArray>& pages)
+// As a crash leaves it: the first page to be put back, if it is given.
+QByteArray JournalOf(const TemporaryLibrary& temporary, const QByteArray& page = {})
 {
     const QByteArray library = temporary.Bytes();
-    QByteArray journal = kJournalMagic + Word(pages.size()) + Word(0) +
+    QByteArray journal = kJournalMagic + Word(page.isEmpty() ? 0 : 1) + Word(0) +
                          Word(library.size() / 4096) + Word(512) + Word(4096);
     journal.resize(512);
-    for (qsizetype i = 0; i < pages.size(); ++i) {
+    if (!page.isEmpty()) {
         qsizetype sum = 0;
         for (qsizetype at = 4096 - 200; at > 0; at -= 200) {
-            sum += static_cast<unsigned char>(pages[i][at]);
+            sum += static_cast<unsigned char>(page[at]);
         }
-        journal += Word(i + 1) + pages[i] + Word(sum);
+        journal += Word(1) + page + Word(sum);
     }
     return journal;
 }
 
-// With the name of a second journal at its end, whose file SQLite would delete.
-QByteArray JournalNaming(const TemporaryLibrary& temporary, const QByteArray& victim)
-{
-    const auto sum = std::accumulate(victim.begin(), victim.end(), 0);
-    return JournalOf(temporary, {}) + Word(0x40000000 / 4096 + 1) + victim + Word(victim.size()) +
-           Word(sum) + kJournalMagic;
-}
+/// A library whose journal somebody else has made, and a file that is none of SQLite's business.
+struct Scene {
+    const TemporaryLibrary library;
+    const std::string journal = library.Path() + "-journal";
+    const std::string victim = library.PathOf("victim");
+
+    void Write(const std::string& path, const QByteArray& bytes) const
+    {
+        QFile file(QString::fromStdString(path));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    /// With the name of a second journal at its end, whose file SQLite would delete.
+    [[nodiscard]] QByteArray JournalNamingTheVictim() const
+    {
+        const auto sum = std::accumulate(victim.begin(), victim.end(), 0);
+        return JournalOf(library) + Word(0x40000000 / 4096 + 1) + victim.c_str() +
+               Word(std::ssize(victim)) + Word(sum) + kJournalMagic;
+    }
+    void WriteFirstPage(int offset, const QByteArray& patch) const
+    {
+        Write(journal, JournalOf(library, Patched(library.Bytes().first(4096), offset, patch)));
+    }
+};
 
 struct Planted {
     const char* name;
-    void (*apply)(const TemporaryLibrary&, const QString& journal, const QString& victim);
+    void (*apply)(const Scene&);
     const char* cause;
     bool isRolledBack = false;
 };
 
-void PlantBytes(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-}
-
-const std::array kPlanted{
-    Planted{"NamesAVictim",
-            [](const auto& t, const auto& journal, const auto& victim) {
-                PlantBytes(journal, JournalNaming(t, victim.toUtf8()));
-            },
-            "may name other files"},
-    Planted{"NamesAJournal",
-            [](const auto& t, const auto& journal, const auto& victim) {
-                ASSERT_TRUE(QFile::copy(victim, t.PathOf("other-journal").c_str()));
-                PlantBytes(journal, JournalNaming(t, t.PathOf("other-journal").c_str()));
-            },
-            "may name other files"},
-    Planted{"IsAText",
-            [](const auto&, const auto& journal, const auto&) {
-                PlantBytes(journal, "Dear diary, today");
-            },
-            "none that the studio wrote"},
-    Planted{"IsAPipe",
-            [](const auto&, const auto& journal, const auto&) {
-                ASSERT_EQ(::mkfifo(journal.toUtf8().constData(), 0600), 0);
-            },
-            "not a plain file"},
-    Planted{
-        "IsAFolder",
-        [](const auto&, const auto& journal, const auto&) { ASSERT_TRUE(QDir().mkpath(journal)); },
-        "not a plain file"},
-    Planted{"IsALink",
-            [](const auto&, const auto& journal, const auto& victim) {
-                ASSERT_TRUE(QFile::link(victim, journal));
-            },
-            "not a plain file"},
-    Planted{"IsAnotherNameOfAFile",
-            [](const auto&, const auto& journal, const auto& victim) {
-                ASSERT_EQ(::link(victim.toUtf8().constData(), journal.toUtf8().constData()), 0);
-            },
-            "not a plain file"},
-    Planted{"SwitchesTheLogOn",
-            [](const auto& t, const auto& journal, const auto&) {
-                const QByteArray page = t.Bytes().first(4096).replace(18, 2, "\x02\x02");
-                PlantBytes(journal, JournalOf(t, {page}));
-            },
-            "write-ahead log", true},
-    Planted{"ChangesTheKind",
-            [](const auto& t, const auto& journal, const auto&) {
-                const QByteArray page = t.Bytes().first(4096).replace(68, 4, "CvxT");
-                PlantBytes(journal, JournalOf(t, {page}));
-            },
-            "texture library", true},
+const Planted kPlanted[] = {
+    {"NamesAVictim", [](const Scene& s) { s.Write(s.journal, s.JournalNamingTheVictim()); },
+     "may name other files"},
+    {"IsAText", [](const Scene& s) { s.Write(s.journal, "Dear diary, today"); },
+     "none that the studio wrote"},
+    {"IsAPipe", [](const Scene& s) { std::ignore = ::mkfifo(s.journal.c_str(), 0600); },
+     "not a plain file"},
+    {"IsAFolder", [](const Scene& s) { std::filesystem::create_directory(s.journal); },
+     "not a plain file"},
+    {"IsALink", [](const Scene& s) { std::filesystem::create_symlink(s.victim, s.journal); },
+     "not a plain file"},
+    {"IsAnotherNameOfAFile",
+     [](const Scene& s) { std::filesystem::create_hard_link(s.victim, s.journal); },
+     "not a plain file"},
+    {"SwitchesTheLogOn", [](const Scene& s) { s.WriteFirstPage(18, "\x02\x02"); },
+     "write-ahead log", true},
+    {"ChangesTheKind", [](const Scene& s) { s.WriteFirstPage(68, "CvxT"); }, "texture library",
+     true},
 };
 
 class PlantedJournal : public testing::TestWithParam<Planted> {};
 
 TEST_P(PlantedJournal, TouchesNothingButTheLibrary)
 {
-    const TemporaryLibrary temporary;
-    Fill(temporary, 3);
-    const QByteArray before = temporary.Bytes();
-    const QString journal = QString::fromStdString(temporary.Path() + "-journal");
-    const QString victim = QString::fromStdString(temporary.PathOf("victim"));
-    PlantBytes(victim, "precious");
-    ASSERT_NO_FATAL_FAILURE(GetParam().apply(temporary, journal, victim));
-    const auto open = [&] { static_cast<void>(temporary.Open()); };
-    EXPECT_THAT(ErrorOf(open), AllOf(HasSubstr(temporary.Path()), HasSubstr(GetParam().cause)));
+    const Scene scene;
+    Fill(scene.library, 3);
+    const QByteArray before = scene.library.Bytes();
+    scene.Write(scene.victim, "precious");
+    GetParam().apply(scene);
+    const auto open = [&] { static_cast<void>(scene.library.Open()); };
+    EXPECT_THAT(ErrorOf(open), AllOf(HasSubstr(scene.library.Path()), HasSubstr(GetParam().cause)));
     EXPECT_THAT(ErrorOf(open), HasSubstr(GetParam().cause)) << "again";
-    EXPECT_EQ(QFileInfo(victim).size(), 8);
-    EXPECT_EQ(temporary.Bytes() == before, !GetParam().isRolledBack);
-    EXPECT_EQ(QFileInfo::exists(journal), !GetParam().isRolledBack);
+    EXPECT_EQ(std::filesystem::file_size(scene.victim), 8U);
+    EXPECT_EQ(scene.library.Bytes() == before, !GetParam().isRolledBack);
+    EXPECT_EQ(std::filesystem::exists(scene.journal), !GetParam().isRolledBack);
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, PlantedJournal, testing::ValuesIn(kPlanted),
@@ -228,29 +206,16 @@ INSTANTIATE_TEST_SUITE_P(Files, PlantedJournal, testing::ValuesIn(kPlanted),
 
 TEST(IdleJournal, IsRemovedUnlessSomebodyWrites)
 {
-    const TemporaryLibrary temporary;
-    const QString journal = QString::fromStdString(temporary.Path() + "-journal");
-    studio::Database other(temporary.Path(), studio::Database::Mode::Existing);
+    const Scene scene;
+    studio::Database other(scene.library.Path(), studio::Database::Mode::Existing);
     std::optional<studio::Transaction> change(std::in_place, other,
                                               studio::Transaction::Purpose::Write);
-    PlantBytes(journal, {});
-    static_cast<void>(temporary.Open());
-    EXPECT_TRUE(QFileInfo::exists(journal));
+    scene.Write(scene.journal, {});
+    static_cast<void>(scene.library.Open());
+    EXPECT_TRUE(std::filesystem::exists(scene.journal));
     change.reset();
-    static_cast<void>(temporary.Open());
-    EXPECT_FALSE(QFileInfo::exists(journal));
-}
-
-TEST(RefusedPaths, AreNamed)
-{
-    const TemporaryLibrary temporary;
-    for (const std::string& path : {temporary.PathOf("missing.cvm"), temporary.PathOf(""),
-                                    std::string("/dev/null"), std::string("file:///dev/zero")}) {
-        const auto open = [&] {
-            static_cast<void>(studio::LibraryFile::Open(path, studio::LibraryKind::Materials));
-        };
-        EXPECT_THAT(ErrorOf(open), HasSubstr("Library '/")) << path;
-    }
+    static_cast<void>(scene.library.Open());
+    EXPECT_FALSE(std::filesystem::exists(scene.journal));
 }
 
 TEST(HostileEntries, CostOnlyThemselves)

@@ -1,31 +1,16 @@
+#include "RunProgram.h"
 #include "SampleMaterials.h"
 
 #include "LibraryReading.h"
-#include "Testing.h"
 
 #include <QJsonDocument>
 
 namespace {
 
+using CorvexTest::Outcome;
 using LibraryTest::NamesIn;
 using namespace std::string_literals;
 using testing::ElementsAre;
-
-struct Outcome {
-    int exitCode = -1;
-    QString output;
-    QString errors;
-};
-
-Outcome OutcomeOf(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished(60000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
-}
 
 studio::NewEntry Broken(const std::string& name)
 {
@@ -38,7 +23,7 @@ class LibraryCommands : public testing::Test {
 protected:
     Outcome Library(const QStringList& arguments)
     {
-        return OutcomeOf(QStringLiteral(STUDIO_PROGRAM), QStringList("library") + arguments);
+        return CorvexTest::RunProgram(STUDIO_PROGRAM, QStringList("library") + arguments);
     }
     void Expect(const QStringList& arguments)
     {
@@ -157,7 +142,7 @@ TEST_F(LibraryCommands, DrawThumbnailsInParallelProcesses)
     const QString script =
         QStringLiteral("parallel -j 2 %1 library thumbnails %2 --shard {}/3 ::: 1 2 3")
             .arg(STUDIO_PROGRAM, m_library);
-    const Outcome run = OutcomeOf("sh", {"-c", script});
+    const Outcome run = CorvexTest::RunProgram("sh", {"-c", script});
     EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
     auto library = m_temporary.Open();
     for (std::int32_t index = 0; index < library.Count(); ++index) {

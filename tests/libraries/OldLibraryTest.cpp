@@ -1,10 +1,9 @@
-#include "SampleMaterial.h"
+#include "SampleFolder.h"
 #include "SampleMaterials.h"
 
 #include "LibraryQuery.h"
 #include "LibraryReading.h"
 #include "MaterialDocument.h"
-#include "Testing.h"
 
 // Files of the first program that had this format. They stay as they are.
 
@@ -16,33 +15,9 @@ using studio::LibraryKind;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-CorvexDB::udtMaterial FirstMaterial()
-{
-    CorvexDB::udtMaterial material = CorvexTest::FullMaterial();
-    material.Plugin = "Marble";
-    material.PluginParameters = {0.5F, -3.0F, 1e10F};
-    float alpha = 0.0F;
-    for (auto& colour : material.RayTrace.ColorPatternColor) {
-        colour.alpha = alpha += 0.25F;
-    }
-    return material;
-}
-
 class OldLibrary : public testing::TestWithParam<LibraryKind> {
 protected:
-    OldLibrary() : temporary(GetParam())
-    {
-        QFile old(Name());
-        EXPECT_TRUE(old.open(QIODevice::ReadOnly));
-        bytes = old.readAll();
-        temporary.SetBytes(bytes);
-    }
-
-    static QString Name()
-    {
-        return QStringLiteral(OLD_FILES) +
-               (GetParam() == LibraryKind::Materials ? "/Materials.cvm" : "/Textures.cvt");
-    }
+    OldLibrary() { temporary.SetBytes(bytes); }
 
     static void ExpectOldEntries(LibraryFile& library, const std::string& folder)
     {
@@ -53,7 +28,7 @@ protected:
         }
         const auto first = ReadMaterial(library, 0);
         EXPECT_EQ(NamesIn(library).front(), "M\u00F6rtel \u77F3");
-        EXPECT_TRUE(first.material == FirstMaterial());
+        EXPECT_TRUE(first.material == LibraryTest::WholeMaterial());
         EXPECT_THAT(first.problems, IsEmpty());
         CorvexDB::udtMaterial oak;
         oak.Color = 0x28624F;
@@ -61,8 +36,10 @@ protected:
         EXPECT_TRUE(ReadMaterial(library, 1).material == oak);
     }
 
-    LibraryTest::TemporaryLibrary temporary;
-    QByteArray bytes;
+    const LibraryTest::TemporaryLibrary temporary{GetParam()};
+    const QByteArray bytes =
+        CorvexTest::ContentOf(GetParam() == LibraryKind::Materials ? OLD_FILES "/Materials.cvm"
+                                                                   : OLD_FILES "/Textures.cvt");
 };
 
 TEST_P(OldLibrary, IsReadAndSearchedAndStaysAsItIs)
@@ -104,7 +81,7 @@ TEST(OldDocument, HasEveryValue)
     std::vector<std::string> problems;
     const auto materials = studio::ReadMaterialDocument(OLD_FILES "/Materials.json", problems);
     ASSERT_EQ(materials.size(), 2U);
-    EXPECT_TRUE(materials[0].material == FirstMaterial());
+    EXPECT_TRUE(materials[0].material == LibraryTest::WholeMaterial());
     EXPECT_EQ(materials[1].name, "Oak");
     EXPECT_EQ(materials[1].material.Textures.primary, OLD_FILES "/Textures/oak.png");
     EXPECT_THAT(problems, IsEmpty());

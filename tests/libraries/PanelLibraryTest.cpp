@@ -4,7 +4,6 @@
 #include "RenderService.h"
 #include "SqliteMaterialLibrary.h"
 #include "SqliteTextureLibrary.h"
-#include "Testing.h"
 #include "Thumbnailer.h"
 
 namespace {
@@ -88,9 +87,13 @@ TEST_F(PanelLibrary, TellsTheLogWhatOfAnEntryCannotBeRead)
 
 TEST_F(PanelLibrary, HasNothingOpenAfterARefusal)
 {
-    static_cast<void>(m_library.Open(m_temporary.Path()));
-    EXPECT_NE(ErrorOf([&] { static_cast<void>(m_library.Open("/dev/null")); }), "");
-    EXPECT_EQ(m_library.File(), nullptr);
+    for (const std::string& path :
+         {m_temporary.PathOf(""), std::string("/dev/null"), std::string("file:///dev/zero")}) {
+        static_cast<void>(m_library.Open(m_temporary.Path()));
+        EXPECT_THAT(ErrorOf([&] { static_cast<void>(m_library.Open(path)); }),
+                    HasSubstr("Library '/"));
+        EXPECT_EQ(m_library.File(), nullptr) << path;
+    }
     EXPECT_THAT(ErrorOf([&] { m_library.AddMaterialToLibrary({}); }),
                 HasSubstr("No material library"));
 }

@@ -7,8 +7,8 @@
 
 namespace LibraryTest {
 
-/// Every attribute different from its default and from any other call's.
-[[nodiscard]] CorvexDB::udtMaterial AnyMaterial(std::mt19937& dice);
+/// Every attribute different from its default.
+[[nodiscard]] CorvexDB::udtMaterial WholeMaterial();
 
 [[nodiscard]] studio::NewEntry EntryNamed(const std::string& name);
 

@@ -12,6 +12,13 @@ QString SampleFolder::Write(const QString& name, const QByteArray& bytes) const
     return file.fileName();
 }
 
+QString SampleFolder::WriteScript(const QString& name, const QByteArray& lines) const
+{
+    const QString path = Write(name, "#!/bin/sh\n" + lines + '\n');
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return path;
+}
+
 QString SampleFolder::Save(const QString& name, const QImage& image) const
 {
     const QString path = PathOf(name);

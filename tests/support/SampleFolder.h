@@ -17,6 +17,8 @@ public:
 
     // Each makes the folders on the way and gives the file's path back.
     QString Write(const QString& name, const QByteArray& bytes) const;
+    /// A program for the shell.
+    QString WriteScript(const QString& name, const QByteArray& lines) const;
     QString Save(const QString& name, const QImage& image) const;
     QString Save(const QString& name, const QColor& colour, QSize size = {64, 64}) const;
 
