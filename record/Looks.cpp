@@ -1,4 +1,5 @@
 #include "LookTable.h"
+#include <CorvexMaterial/EnumEnd.h>
 
 #include <algorithm>
 
@@ -27,18 +28,19 @@ consteval bool PredefinedFollowTheirTypes()
 }
 static_assert(PredefinedFollowTheirTypes());
 
-template <typename Rows, typename Pattern>
-consteval bool PatternsFollowEnum(const Rows& rows, Pattern last)
+template <typename Rows>
+consteval bool PatternsFollowEnum(const Rows& rows)
 {
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (rows[i].pattern != static_cast<Pattern>(i)) {
+        if (static_cast<std::size_t>(rows[i].pattern) != i) {
             return false;
         }
     }
-    return rows.size() == static_cast<std::size_t>(last) + 1;
+    return true;
 }
-static_assert(PatternsFollowEnum(kColorPatterns, ColorPattern::Wrinkles));
-static_assert(PatternsFollowEnum(kNormalPatterns, NormalPattern::Waves));
+static_assert(PatternsFollowEnum(kColorPatterns) && EndsAt<ColorPattern, kColorPatterns.size()>());
+static_assert(PatternsFollowEnum(kNormalPatterns) &&
+              EndsAt<NormalPattern, kNormalPatterns.size()>());
 
 template <typename Row>
 const Row* At(RowRange<Row> rows, std::int32_t position)

@@ -15,8 +15,7 @@ using namespace schema;
 
 // An enumerator or a member without a row, a row out of order, two rows for one member: none of
 // them compiles.
-static_assert(IsNamed<static_cast<Attribute>(kAttributeCount - 1)>());
-static_assert(!IsNamed<static_cast<Attribute>(kAttributeCount)>());
+static_assert(EndsAt<Attribute, kAttributeCount>());
 static_assert(RowsFollowEnum(kRows));
 static_assert(NoTwoRowsShareAMember(kRows));
 static_assert(MembersWithRows(kRows) == MemberCount<M>());

@@ -2,12 +2,12 @@
 
 // What must hold of the rows before anything compiles.
 
+#include <CorvexMaterial/EnumEnd.h>
 #include <CorvexMaterial/Schema.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <string_view>
 
 namespace CorvexMaterial::schema {
 
@@ -25,14 +25,6 @@ consteval std::size_t MemberCount()
     } else {
         return sizeof...(Members);
     }
-}
-
-/// Whether the enumeration has a name for the value; compilers write a number where there is none.
-template <Attribute Value>
-consteval bool IsNamed()
-{
-    const std::string_view told = __PRETTY_FUNCTION__;  // "... = Name]" or "... = (Type)7]"
-    return told[told.find('=') + 2] != '(';
 }
 
 template <std::size_t Count>

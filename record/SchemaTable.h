@@ -2,8 +2,13 @@
 
 // The rows themselves, for `Schema.cpp` and for what checks them.
 
+#include "LookTable.h"
 #include "MemberPath.h"
+#include <CorvexMaterial/AlphaTests.h>
+#include <CorvexMaterial/PreviewPrimitives.h>
 #include <CorvexMaterial/Schema.h>
+
+#include <algorithm>
 
 namespace CorvexMaterial::schema {
 
@@ -22,14 +27,23 @@ inline constexpr NumberRange kFlag{0, 1};
 inline constexpr NumberRange kPercent{0, 100};
 inline constexpr NumberRange kFraction{0, 1};
 inline constexpr NumberRange kSteps{0, 10};
-inline constexpr NumberRange kAlphaTests{0, 7};
+
+/// A longer list is a wider range: a position beyond it is not read back.
+template <std::size_t Count, typename Entry>
+consteval NumberRange PositionsIn(const std::array<Entry, Count>& /*list*/)
+{
+    return {0, Count - 1};
+}
+/// In the list of the type that has most of them.
+inline constexpr NumberRange kPredefinedPositions{
+    0, std::ranges::max(looks::kPredefined, {}, &PredefinedLook::position).position};
 
 // Two keys are misspelled; stores in use hold them so.
 // clang-format off
 inline constexpr std::array kRows = std::to_array<AttributeRow>({
     {PreviewPrimitive, kPanelState, "MaterialPreviewPrimitive", "MaterialUserPreviewPrimitive", "",
-     "Preview primitive", Kind::WholeNumber, Unit::None, {0, 4}, "2", Group::Panel,
-     Touches::Nothing},
+     "Preview primitive", Kind::WholeNumber, Unit::None, PositionsIn(kPreviewPrimitives), "2",
+     Group::Panel, Touches::Nothing},
     {Color, kPath<&M::Color>, "MaterialColor", "MaterialUserColor", "colour", "Color",
      Kind::PackedColour, Unit::None, {0, 0xFFFFFF}, "16777215", Group::Surface, Touches::Uniform,
      "color, base color, base colour, albedo, diffuse color"},
@@ -59,8 +73,8 @@ inline constexpr std::array kRows = std::to_array<AttributeRow>({
      Touches::Uniform,
      "two-sided, backfaces"},
     {AlphaTest, kPath<&M::AlphaTest>, "MaterialAlphaTest", "MaterialUserAlphaTest", "alphaTest",
-     "Alpha test", Kind::ListPosition, Unit::None, kAlphaTests, "0", Group::Blending,
-     Touches::Uniform,
+     "Alpha test", Kind::ListPosition, Unit::None, PositionsIn(kAlphaTestNames), "0",
+     Group::Blending, Touches::Uniform,
      "alpha mode, cutout"},
     {AlphaTestReference, kPath<&M::AlphaTestReference>, "MaterialAlphaTestReference",
      "MaterialUserAlphaTestReference", "alphaTestReference", "Alpha test reference",
@@ -132,8 +146,8 @@ inline constexpr std::array kRows = std::to_array<AttributeRow>({
      "reflectivity, mirror"},
     {RayTraceNormalPattern, kPath<&M::RayTrace, &Raytrace::NormalPattern>,
      "MaterialRayTraceNormalPattern", "MaterialUserRayTraceNormalPattern", "raytrace.normalPattern",
-     "Normal pattern", Kind::ListPosition, Unit::None, {0, 14}, "0", Group::Raytrace,
-     Touches::Raytracer},
+     "Normal pattern", Kind::ListPosition, Unit::None, PositionsIn(looks::kNormalPatterns), "0",
+     Group::Raytrace, Touches::Raytracer},
     {RayTraceNormalSize, kPath<&M::RayTrace, &Raytrace::NormalDepth>, "MaterialRayTraceNormalSize",
      "MaterialUserRayTraceNormalSize", "raytrace.normalDepth", "Normal depth", Kind::Single,
      Unit::Steps, kSteps, "5", Group::Raytrace, Touches::Raytracer},
@@ -163,12 +177,12 @@ inline constexpr std::array kRows = std::to_array<AttributeRow>({
      "metalness, metallic"},
     {RaytracePredefinedType, kPath<&M::RayTrace, &Raytrace::PredefinedType>,
      "MaterialRaytracePredefinedType", "MaterialUserRaytracePredefinedType",
-     "raytrace.predefinedType", "Predefined type", Kind::ListPosition, Unit::None, {0, 4}, "0",
-     Group::Raytrace, Touches::Raytracer},
+     "raytrace.predefinedType", "Predefined type", Kind::ListPosition, Unit::None,
+     PositionsIn(kPredefinedTypeNames), "0", Group::Raytrace, Touches::Raytracer},
     {RaytracePredefinedMaterial, kPath<&M::RayTrace, &Raytrace::PreDefinedMaterial>,
      "MaterialRaytracePredefinedMaterial", "MaterialUserRaytracePredefinedMaterial",
-     "raytrace.predefinedMaterial", "Predefined material", Kind::ListPosition, Unit::None, {0, 30},
-     "0", Group::Raytrace, Touches::Raytracer},
+     "raytrace.predefinedMaterial", "Predefined material", Kind::ListPosition, Unit::None,
+     kPredefinedPositions, "0", Group::Raytrace, Touches::Raytracer},
     {RaytraceColorPattern0Red,
      kPath<&M::RayTrace, &Raytrace::ColorPatternColor, Element{0}, &PatternColour::red>,
      "MaterialRaytraceColorPattern0Red", "MaterialUserRaytraceColorPattern0Red",
@@ -253,11 +267,12 @@ inline constexpr std::array kRows = std::to_array<AttributeRow>({
      "Apply relative", Kind::ListPosition, Unit::None, {0, 2}, "0", Group::Panel, Touches::Nothing},
     {RayTraceType, kPath<&M::RayTrace, &Raytrace::MaterialType>, "MaterialRayTraceType",
      "MaterialUserRayTraceType", "raytrace.materialType", "Raytrace material type",
-     Kind::ListPosition, Unit::None, {0, 1}, "0", Group::Raytrace, Touches::Raytracer},
+     Kind::ListPosition, Unit::None, PositionsIn(kMaterialTypeNames), "0",
+     Group::Raytrace, Touches::Raytracer},
     {RaytraceColorPattern, kPath<&M::RayTrace, &Raytrace::ColorPattern>,
      "MaterialRaytraceColorPattern", "MaterialUserRaytraceColorPattern", "raytrace.colourPattern",
-     "Color pattern", Kind::ListPosition, Unit::None, {0, 23}, "0", Group::Raytrace,
-     Touches::Raytracer},
+     "Color pattern", Kind::ListPosition, Unit::None, PositionsIn(looks::kColorPatterns),
+     "0", Group::Raytrace, Touches::Raytracer},
     {Plugin, kPath<&M::Plugin>, "MaterialPlugin", "MaterialPlugin", "plugin", "Plug-in", Kind::Text,
      Unit::None, kNoRange, "", Group::Plugin, Touches::Texture,
      "procedural material"},

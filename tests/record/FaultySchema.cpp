@@ -44,7 +44,7 @@ constexpr std::size_t kCounted = kAttributeCount - 1;
 constexpr std::size_t kCounted = kAttributeCount;
 #endif
 
-static_assert(!IsNamed<static_cast<Attribute>(kCounted)>());
+static_assert(EndsAt<Attribute, kCounted>());
 static_assert(RowsFollowEnum(Faulty()));
 static_assert(NoTwoRowsShareAMember(Faulty()));
 static_assert(MembersWithRows(Faulty()) == MemberCount<M>());
