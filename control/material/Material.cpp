@@ -22,9 +22,9 @@ Status StatusOf(LibraryFlow::Outcome outcome)
 
 }  // namespace
 
-Material::Material(Host& host, Platform& platform, QWidget* parent)
-    : QWidget(parent), m_editor(std::make_unique<MaterialEditor>(host, platform, *this, *this))
+Material::Material(Host& host, Platform& platform, QWidget* parent) : QWidget(parent)
 {
+    m_editor = std::make_unique<MaterialEditor>(host, platform, *this, *this);
     OfferImageFormats();
     connect(m_editor.get(), &MaterialEditor::Edited, this, &Material::Edited);
     connect(m_editor.get(), &MaterialEditor::Changed, this, &Material::MaterialChanged);

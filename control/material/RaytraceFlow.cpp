@@ -22,13 +22,8 @@ namespace CorvexMaterial {
 
 namespace {
 
-/// What shows the picture of a predefined material as it is.
-std::array<std::pair<Attribute, std::string>, 3> AsRendered()
-{
-    return {{{Attribute::Color, TextOfWholeNumber(kWhite)},
-             {Attribute::Specular, "0"},
-             {Attribute::Transparency, "0"}}};
-}
+/// With their factory values they show the picture of a predefined material as it is.
+constexpr std::array kInThePicture{kTints[0], kTints[1], Attribute::Specular};
 
 class ButtonOff {
 public:
@@ -178,9 +173,9 @@ void RaytraceFlow::ShowAsRendered(const std::string& texture)
     if (!IsPredefined(attributes.RayTrace())) {
         return;
     }
-    for (const auto& [attribute, text] : AsRendered()) {
+    for (const Attribute attribute : kInThePicture) {
         replaced.values.emplace_back(attribute, attributes.TextOf(attribute));
-        attributes.Show(attribute, text);
+        attributes.Show(attribute, std::string(FactoryText(attribute)));
     }
 }
 
@@ -191,10 +186,8 @@ void RaytraceFlow::PutBack(const std::string& texture)
     const Replaced replaced = known != m_replaced.end() ? known->second : Replaced{};
     m_editor.Form().Attributes().Channels().Textures().SetFile(TextureLayer::Primary,
                                                                replaced.texture);
-    const auto rendered = AsRendered();
-    for (std::size_t i = 0; i < replaced.values.size(); ++i) {
-        const auto& [attribute, text] = replaced.values[i];
-        if (m_editor.Attributes().TextOf(attribute) == rendered[i].second) {
+    for (const auto& [attribute, text] : replaced.values) {
+        if (m_editor.Attributes().TextOf(attribute) == FactoryText(attribute)) {
             m_editor.Attributes().Show(attribute, text);
         }
     }

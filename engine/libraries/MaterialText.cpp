@@ -91,11 +91,8 @@ SearchValues SearchValuesOf(const Material& material, const std::string& folder,
                             const FieldNames& names)
 {
     SearchValues search;
-    for (const auto& column : kNumberColumns) {
-        if (column.attribute) {
-            search[column.property] = NumberIn(material, *column.attribute);
-        }
-    }
+    std::ranges::transform(AttributesOfColumns(), search.numbers.begin(),
+                           [&](Attribute attribute) { return NumberIn(material, attribute); });
     search[NumberProperty::Raytraced] = IsRaytraced(material.RayTrace) ? 1 : 0;
     search[TextProperty::Plugin] = Folded(material.Plugin);
     search[TextProperty::Fields] = FieldLines(material.CustomFields, names);

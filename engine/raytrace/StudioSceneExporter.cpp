@@ -5,6 +5,8 @@
 #include "SceneWriters.h"
 #include "StudioScene.h"
 #include <CorvexMaterial/Looks.h>
+#include <CorvexMaterial/Schema.h>
+#include <CorvexMaterial/SimulationTexture.h>
 #include <CorvexMaterial/Status.h>
 
 #include <QCoreApplication>
@@ -120,9 +122,10 @@ RaytraceScene FlatSampleOf(const RaytraceScene& scene)
     if (!scene.frame.items.empty() && scene.frame.items.front().material) {
         CorvexDB::udtMaterial material = *scene.frame.items.front().material;
         material.Textures = {};
-        // The shape puts its own colour and transparency on the sample.
-        material.Color = CorvexMaterial::kWhite;
-        material.Transparency = 0;
+        for (const CorvexMaterial::Attribute tint : CorvexMaterial::kTints) {
+            const auto& path = CorvexMaterial::RowOf(tint).path;
+            path.set(material, path.get(CorvexDB::udtMaterial()));
+        }
         square.material = std::make_shared<CorvexDB::udtMaterial>(std::move(material));
     }
     sample.frame.items.push_back(std::move(square));

@@ -1,8 +1,12 @@
 #include "DefaultScene.h"
 
 #include "ParametricMesh.h"
+#include <CorvexMaterial/AttributeText.h>
+
+#include <QString>
 
 #include <array>
+#include <tuple>
 
 namespace studio {
 
@@ -57,9 +61,7 @@ std::shared_ptr<const Mesh> Cube()
 struct Look {
     const char* material;  // of the shipped library; what follows is for want of it
     CorvexMaterial::ColourBytes colour;
-    std::int32_t specular;      // percent
-    std::int32_t transparency;  // percent
-    std::int32_t emissive;      // percent
+    const char* attributes;  // word=value
 };
 
 struct ShapeRow {
@@ -71,16 +73,36 @@ struct ShapeRow {
 };
 
 constexpr std::array kShapes{
-    ShapeRow{"Plate", Plate, {0.0F, 0.0F, 0.0F}, 0.0F, {"Black Marble", {150, 143, 135}, 10, 0, 0}},
-    ShapeRow{"Vase", Vase, {-1.15F, 0.0F, -0.75F}, 0.0F, {"Celadon", {36, 146, 148}, 70, 0, 4}},
-    ShapeRow{"Knot", KnotRing, {1.05F, 1.08F, -0.95F}, 24.0F, {"Gold", {222, 156, 76}, 85, 0, 4}},
-    ShapeRow{"Ball", Ball, {0.10F, 0.62F, 0.85F}, 0.0F, {"Ruby", {204, 38, 44}, 90, 0, 4}},
-    ShapeRow{"Cube", Cube, {1.75F, 0.52F, 0.75F}, 28.0F, {"Terrazzo", {70, 114, 190}, 45, 0, 4}},
+    ShapeRow{"Plate",
+             Plate,
+             {0.0F, 0.0F, 0.0F},
+             0.0F,
+             {"Black Marble", {150, 143, 135}, "specular=10 emissive=0"}},
+    ShapeRow{"Vase",
+             Vase,
+             {-1.15F, 0.0F, -0.75F},
+             0.0F,
+             {"Celadon", {36, 146, 148}, "specular=70 emissive=4"}},
+    ShapeRow{"Knot",
+             KnotRing,
+             {1.05F, 1.08F, -0.95F},
+             24.0F,
+             {"Gold", {222, 156, 76}, "specular=85 emissive=4"}},
+    ShapeRow{"Ball",
+             Ball,
+             {0.10F, 0.62F, 0.85F},
+             0.0F,
+             {"Ruby", {204, 38, 44}, "specular=90 emissive=4"}},
+    ShapeRow{"Cube",
+             Cube,
+             {1.75F, 0.52F, 0.75F},
+             28.0F,
+             {"Terrazzo", {70, 114, 190}, "specular=45 emissive=4"}},
     ShapeRow{"Glass ball",
              GlassBall,
              {-1.25F, 0.40F, 1.35F},
              0.0F,
-             {"Cobalt Glass", {96, 205, 196}, 100, 48, 6}},
+             {"Cobalt Glass", {96, 205, 196}, "specular=100 transparency=48 emissive=6"}},
 };
 
 AppliedMaterial MaterialOf(const Look& look, const MaterialNamed& library)
@@ -92,9 +114,11 @@ AppliedMaterial MaterialOf(const Look& look, const MaterialNamed& library)
     }
     CorvexDB::udtMaterial material;
     material.Color = MakeColour(look.colour);
-    material.Specular = look.specular;
-    material.Transparency = look.transparency;
-    material.Emissive = look.emissive;
+    for (const QString& part : QString::fromLatin1(look.attributes).split(u' ')) {
+        const auto* row = CorvexMaterial::FindAttribute(part.section(u'=', 0, 0).toStdString());
+        std::ignore =
+            CorvexMaterial::SetText(material, row->attribute, part.section(u'=', 1).toStdString());
+    }
     return WholeMaterial(std::move(material));
 }
 

@@ -4,9 +4,9 @@
 #include <CorvexMaterial/CorvexSG.h>
 #include <CorvexMaterial/Export.h>
 #include <CorvexMaterial/Host.h>
-#include <CorvexMaterial/IMaterial.h>
 #include <CorvexMaterial/MaterialEdit.h>
 #include <CorvexMaterial/Platform.h>
+#include <CorvexMaterial/TextureMembers.h>
 
 #include <QWidget>
 
@@ -14,17 +14,13 @@
 
 namespace CorvexMaterial {
 
-class MaterialEditor;
-class TexturePage;
-enum class TextureLayer : std::uint8_t;
-
 /// The material editor: one widget that edits one material. Host and platform outlive it. It calls
 /// the host on the user-interface thread only, and writes its state to the settings store when it
 /// is destroyed.
 ///
 /// The constructor asks the host for a viewport and two browsers and lets out what it throws then.
 /// A slot of `MaterialChanged` that writes an attribute is answered by another `MaterialChanged`.
-class CORVEX_EXPORT Material : public QWidget, public IMaterial {
+class CORVEX_EXPORT Material : public QWidget, public TextureMembers {
     Q_OBJECT
 
 public:
@@ -38,12 +34,6 @@ public:
     Status SetMaxStatus(const std::int32_t& lAvailableSpace) override;
     Status SaveStatus() override;
     Status RenderMaterial() override;
-    Status SetTexturesAvoidStateChange(const std::string& stTextureFileName,
-                                       const std::string& stTextureAlphaFileName,
-                                       const std::string& stTextureOverlayFileName,
-                                       const std::string& stTextureBumpMapFileName,
-                                       const std::string& stTextureSpecularMapFileName,
-                                       const std::string& stTextureEnvironmentMapFileName) override;
     Status InitializeMaterialPreviewScene() override;
     Status ApplyShapeMaterial(CorvexSG::Scene& oScene, CorvexSG::Shape& csShape, const bool& bWrap,
                               CorvexSG::Group* cgGroup, CorvexSG::Group* cgCamera,
@@ -51,8 +41,6 @@ public:
                               const LongArray& laSelectionDataLongs, const bool& bOptimizePoints,
                               const CorvexSG::cdtCoordinateMode& cdtCoordinateMode,
                               const SingleArray& saCoordinateModeData) override;
-    Status SetTextureCropping(const float& stTextureOriginU, const float& stTextureOriginV,
-                              const float& stTextureScaleU, const float& stTextureScaleV) override;
     Status sCreateRayTraceCombinedAttributes(std::string& sCombinedAttributes) override;
     Status LoadTextureLibrary(const std::string& stTextureLibraryFilename) override;
     Status LoadMaterialLibrary(const std::string& sMaterialLibraryFileName) override;
@@ -67,35 +55,6 @@ public:
     Status put_lVBColor(const std::int32_t& lVBColor) override;
     Status get_lPreviewPrimitive(std::int32_t& lPreviewPrimitive) override;
     Status put_lPreviewPrimitive(const std::int32_t& lPreviewPrimitive) override;
-    Status get_TextureFileName(std::string& TextureFileName) override;
-    Status put_TextureFileName(const std::string& TextureFileName) override;
-    Status get_TextureOverlayFileName(std::string& TextureOverlayFileName) override;
-    Status put_TextureOverlayFileName(const std::string& TextureOverlayFileName) override;
-    Status get_TextureBumpmapFileName(std::string& TextureBumpmapFileName) override;
-    Status put_TextureBumpmapFileName(const std::string& TextureBumpmapFileName) override;
-    Status get_TextureSpecularMapFileName(std::string& TextureSpecularMapFileName) override;
-    Status put_TextureSpecularMapFileName(const std::string& TextureSpecularMapFileName) override;
-    Status get_TextureEnvironmentMapFileName(std::string& TextureEnvironmentMapFileName) override;
-    Status
-    put_TextureEnvironmentMapFileName(const std::string& TextureEnvironmentMapFileName) override;
-    Status get_TextureAlphaFileName(std::string& TextureAlphaFileName) override;
-    Status put_TextureAlphaFileName(const std::string& TextureAlphaFileName) override;
-    Status get_FlatWrapType(CorvexDB::FlatWrapType& FlatWrapType) override;
-    Status put_FlatWrapType(const CorvexDB::FlatWrapType& FlatWrapType) override;
-    Status get_TextureTilesPerUnit(float& TextureTilesPerUnit) override;
-    Status put_TextureTilesPerUnit(const float& TextureTilesPerUnit) override;
-    Status get_TextureOriginU(float& TextureOriginU) override;
-    Status put_TextureOriginU(const float& TextureOriginU) override;
-    Status get_TextureOriginV(float& TextureOriginV) override;
-    Status put_TextureOriginV(const float& TextureOriginV) override;
-    Status get_TextureScaleU(float& TextureScaleU) override;
-    Status put_TextureScaleU(const float& TextureScaleU) override;
-    Status get_TextureScaleV(float& TextureScaleV) override;
-    Status put_TextureScaleV(const float& TextureScaleV) override;
-    Status get_WrapType(CorvexDB::WrapType& WrapType) override;
-    Status put_WrapType(const CorvexDB::WrapType& WrapType) override;
-    Status get_MaterialWrapOrientationU(float& MaterialWrapOrientationU) override;
-    Status get_MaterialWrapOrientationV(float& MaterialWrapOrientationV) override;
     Status get_MaterialDoubleSided(bool& MaterialDoubleSided) override;
     Status get_MaterialAlphaTest(std::int32_t& MaterialAlphaTest) override;
     Status get_MaterialAlphaTestReference(std::int32_t& MaterialAlphaTestReference) override;
@@ -171,17 +130,6 @@ Q_SIGNALS:
     /// raised; the rows come with those of the next edit, unless the host has changed the panel
     /// before.
     void Edited(const CorvexMaterial::MaterialEdit& edit);
-
-private:
-    TexturePage& Textures();
-    Status GetFile(const char* property, TextureLayer layer, std::string& file);
-    Status PutFile(const char* property, TextureLayer layer, const std::string& file);
-    Status GetPlacement(const char* property, float CorvexDB::TexturePlacement::*fraction,
-                        float& value);
-    Status PutPlacement(const char* property, float CorvexDB::TexturePlacement::*fraction,
-                        float value);
-
-    std::unique_ptr<MaterialEditor> m_editor;
 };
 
 }  // namespace CorvexMaterial

@@ -170,11 +170,13 @@ QueryTest HasOf(const QueryWord& word)
         "thumbnail.");
 }
 
-const SearchColumn<NumberProperty>* ColumnOf(CorvexMaterial::Attribute attribute)
+std::optional<NumberProperty> ColumnOf(CorvexMaterial::Attribute attribute)
 {
-    const auto column =
-        std::ranges::find(kNumberColumns, attribute, &SearchColumn<NumberProperty>::attribute);
-    return column == kNumberColumns.end() ? nullptr : &*column;
+    const auto& attributes = AttributesOfColumns();
+    const auto at = std::ranges::find(attributes, attribute);
+    return at == attributes.end()
+               ? std::nullopt
+               : std::optional(static_cast<NumberProperty>(at - attributes.begin()));
 }
 
 QueryTest IsOf(const QueryWord& word)
@@ -184,8 +186,8 @@ QueryTest IsOf(const QueryWord& word)
     if (const auto* row = CorvexMaterial::FindAttribute(what);
         row != nullptr &&
         (row->kind == AttributeKind::Flag || row->kind == AttributeKind::Switch)) {
-        if (const auto* column = ColumnOf(row->attribute); column != nullptr) {
-            return MaskTest{column->property, 1};
+        if (const auto column = ColumnOf(row->attribute)) {
+            return MaskTest{*column, 1};
         }
         return AttributeTest{row->attribute, Comparison::NotEqual, 0.0};
     }
@@ -212,9 +214,9 @@ std::string KnownKeys()
     const auto add = [&keys](std::string_view key) {
         keys.append(keys.empty() ? "" : ", ").append(key);
     };
-    for (const auto& column : kNumberColumns) {
-        if (column.attribute && RowOf(*column.attribute).kind != AttributeKind::Flag) {
-            add(column.name);
+    for (std::size_t i = 0; i < AttributesOfColumns().size(); ++i) {
+        if (RowOf(AttributesOfColumns().at(i)).kind != AttributeKind::Flag) {
+            add(kNumberColumns.at(i));
         }
     }
     for (const KeyRow& row : kKeys) {
@@ -229,12 +231,12 @@ QueryTest TestOf(const QueryWord& word)
         return NameTest{Folded(word.value)};
     }
     if (const auto* row = CorvexMaterial::FindAttribute(word.key); row != nullptr) {
-        const auto* column = ColumnOf(row->attribute);
-        if (column != nullptr && row->kind == AttributeKind::PackedColour) {
+        const auto column = ColumnOf(row->attribute);
+        if (column && row->kind == AttributeKind::PackedColour) {
             return ColourOf(word);
         }
-        if (column != nullptr && row->kind != AttributeKind::Flag) {
-            return NumberOf(column->property, word);
+        if (column && row->kind != AttributeKind::Flag) {
+            return NumberOf(*column, word);
         }
         const bool isNumber = row->kind == AttributeKind::WholeNumber ||
                               row->kind == AttributeKind::ListPosition ||

@@ -14,12 +14,12 @@ namespace {
 
 std::string ColumnOf(NumberProperty property)
 {
-    return std::string(kNumberColumns.at(static_cast<std::size_t>(property)).name);
+    return std::string(kNumberColumns.at(static_cast<std::size_t>(property)));
 }
 
 std::string ColumnOf(TextProperty property)
 {
-    return std::string(kTextColumns.at(static_cast<std::size_t>(property)).name);
+    return std::string(kTextColumns.at(static_cast<std::size_t>(property)));
 }
 
 const char* OperatorOf(Comparison comparison)

@@ -2,7 +2,22 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <span>
+
 namespace studio {
+
+const ColumnAttributes& AttributesOfColumns()
+{
+    static const ColumnAttributes attributes = [] {
+        ColumnAttributes found{};
+        std::ranges::transform(
+            std::span(kNumberColumns).first<found.size()>(), found.begin(),
+            [](std::string_view word) { return CorvexMaterial::FindAttribute(word)->attribute; });
+        return found;
+    }();
+    return attributes;
+}
 
 std::string Folded(std::string_view text)
 {

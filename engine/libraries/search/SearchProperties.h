@@ -11,56 +11,35 @@
 
 namespace studio {
 
-/// What a search looks at beside the name: stored with every entry, in a column each. Properties
-/// that an entry of the other kind of library does not have stay empty.
-enum class NumberProperty : std::int32_t {
-    Colour,
-    Ambient,
-    Emissive,
-    Specular,
-    Transparency,
-    DoubleSided,
-    AlphaTest,
-    Layers,  ///< a bit for each used layer, see `kSearchLayers`
+/// What a search looks at beside the name: stored with every entry, in a column each, whose name
+/// stands in a query too. Properties that an entry of the other kind of library does not have stay
+/// empty. The first columns are attributes of a material, by their words.
+inline constexpr std::array<std::string_view, 11> kNumberColumns{
+    "colour",    "ambient", "emissive",  "specular", "transparency", "doublesided",
+    "alphatest", "layers",  "raytraced", "width",    "height"};
+
+/// A position in `kNumberColumns`; those of attributes have no name.
+enum class NumberProperty : std::uint8_t {
+    Layers = 7,  ///< a bit for each used layer, see `kSearchLayers`
     Raytraced,
     Width,  ///< of a texture, pixels
     Height,
 };
+static_assert(kNumberColumns[static_cast<std::size_t>(NumberProperty::Height)] == "height");
+
+/// The attributes of the first columns, in their order.
+using ColumnAttributes =
+    std::array<CorvexMaterial::Attribute, static_cast<std::size_t>(NumberProperty::Layers)>;
+[[nodiscard]] const ColumnAttributes& AttributesOfColumns();
 
 /// Stored without case.
-enum class TextProperty : std::int32_t {
+enum class TextProperty : std::uint8_t {
     Plugin,
     Files,   ///< all file names
     Fields,  ///< `FieldLine`s of the custom fields in use
 };
 
-template <typename Property>
-struct SearchColumn {
-    Property property;
-    std::string_view name;  ///< of the column, and in a query
-    /// Whose value it is; nothing where it is worked out.
-    std::optional<CorvexMaterial::Attribute> attribute = std::nullopt;
-};
-
-inline constexpr std::array<SearchColumn<NumberProperty>, 11> kNumberColumns{{
-    {NumberProperty::Colour, "colour", CorvexMaterial::Attribute::Color},
-    {NumberProperty::Ambient, "ambient", CorvexMaterial::Attribute::Ambient},
-    {NumberProperty::Emissive, "emissive", CorvexMaterial::Attribute::Emissive},
-    {NumberProperty::Specular, "specular", CorvexMaterial::Attribute::Specular},
-    {NumberProperty::Transparency, "transparency", CorvexMaterial::Attribute::Transparency},
-    {NumberProperty::DoubleSided, "doublesided", CorvexMaterial::Attribute::DoubleSided},
-    {NumberProperty::AlphaTest, "alphatest", CorvexMaterial::Attribute::AlphaTest},
-    {NumberProperty::Layers, "layers"},
-    {NumberProperty::Raytraced, "raytraced"},
-    {NumberProperty::Width, "width"},
-    {NumberProperty::Height, "height"},
-}};
-
-inline constexpr std::array<SearchColumn<TextProperty>, 3> kTextColumns{{
-    {TextProperty::Plugin, "plugin"},
-    {TextProperty::Files, "files"},
-    {TextProperty::Fields, "fields"},
-}};
+inline constexpr std::array<std::string_view, 3> kTextColumns{"plugin", "files", "fields"};
 
 struct SearchValues {
     std::array<std::optional<std::int64_t>, kNumberColumns.size()> numbers;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <CorvexMaterial/Attribute.h>
 #include <CorvexMaterial/Looks.h>
 
+#include <array>
 #include <string_view>
 
 namespace CorvexMaterial {
@@ -17,6 +19,10 @@ namespace CorvexMaterial {
     return name.size() >= kEnd.size() && name.substr(0, kStart.size()) == kStart &&
            name.substr(name.size() - kEnd.size()) == kEnd;
 }
+
+/// What a shape puts on the picture, whose colours come out as they are where these have their
+/// factory values.
+inline constexpr std::array kTints{Attribute::Color, Attribute::Transparency};
 
 /// Whether such attributes are rendered once into a picture that stands for them in real time.
 [[nodiscard]] constexpr bool
