@@ -11,15 +11,6 @@
 
 namespace CorvexMaterial {
 
-namespace {
-
-constexpr int kSurfaceTab = 1;
-constexpr int kCustomFieldsTab = 8;
-constexpr int kAdvancedTab = 9;
-constexpr int kPluginTab = 10;
-
-}  // namespace
-
 AttributePanel::AttributePanel(const Trap& trap, const ChannelServices& services, QWidget* parent)
     : QWidget(parent), m_channels(new ChannelPanel(trap, services, this)),
       m_surface(new SurfacePanel(trap, services.platform.choosers, this)),
@@ -33,10 +24,14 @@ AttributePanel::AttributePanel(const Trap& trap, const ChannelServices& services
 
 void AttributePanel::PlacePages()
 {
-    m_channels->SetPage(kSurfaceTab, m_surface);
-    m_channels->SetPage(kCustomFieldsTab, m_customFields);
-    m_channels->SetPage(kAdvancedTab, m_advanced);
-    m_channels->SetPage(kPluginTab, m_plugins);
+    using Page = std::pair<ChannelTab, QWidget*>;
+    const std::array pages{
+        Page{ChannelTab::Surface, m_surface}, Page{ChannelTab::CustomFields, m_customFields},
+        Page{ChannelTab::Advanced, m_advanced}, Page{ChannelTab::Plugin, m_plugins}};
+    static_assert(pages.size() + kTextureLayerCount == kChannelTabs.size(), "a tab without a page");
+    for (const auto& [tab, page] : pages) {
+        m_channels->SetPage(tab, page);
+    }
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 6);
     column->setSpacing(8);

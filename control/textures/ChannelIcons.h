@@ -4,7 +4,7 @@
 
 namespace CorvexMaterial {
 
-/// Signs drawn in the palette's colours, sharp at any size. The channels come in tab order.
+/// Signs drawn in the palette's colours, sharp at any size.
 enum class ChannelSign {
     Surface,
     Primary,

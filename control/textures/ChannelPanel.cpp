@@ -1,6 +1,5 @@
 #include "ChannelPanel.h"
 
-#include "ChannelIcons.h"
 #include "ChannelWarnings.h"
 #include "TextureCommands.h"
 #include "TexturePage.h"
@@ -10,25 +9,6 @@
 #include <QPushButton>
 
 namespace CorvexMaterial {
-
-namespace {
-
-constexpr std::array kTabTitles{QT_TRANSLATE_NOOP("ChannelPanel", "Surface"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Primary Texture"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Overlay Texture"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Alpha (Translucency) Map"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Bump Map"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Specular Map"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Environment Map"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Custom Material Fields"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Advanced Options"),
-                                QT_TRANSLATE_NOOP("ChannelPanel", "Plug-in Material")};
-static_assert(kTabTitles.size() == kChannelTabCount);
-
-constexpr int kCustomFieldsTab = 8;
-constexpr int kPluginTab = 10;
-
-}  // namespace
 
 ChannelPanel::ChannelPanel(const Trap& trap, ChannelServices services, QWidget* parent)
     : QWidget(parent), m_trap(trap), m_services(services),
@@ -51,11 +31,10 @@ ChannelPanel::~ChannelPanel() = default;
 
 void ChannelPanel::AddTabs()
 {
-    for (std::size_t i = 0; i < kTabTitles.size(); ++i) {
-        const int index = m_ui->tabChannels->addTab(QString());
-        m_ui->tabChannels->setTabIcon(index, ChannelIcon(static_cast<ChannelSign>(i)));
-        m_ui->tabChannels->setTabToolTip(index, tr(kTabTitles[i]));
-        m_ui->tabChannels->setAccessibleTabName(index, tr(kTabTitles[i]));
+    for (const ChannelTabRow& row : kChannelTabs) {
+        const int index = m_ui->tabChannels->addTab(ChannelIcon(row.sign), QString());
+        m_ui->tabChannels->setTabToolTip(index, tr(row.title));
+        m_ui->tabChannels->setAccessibleTabName(index, tr(row.title));
     }
     m_ui->tabChannels->setIconSize({18, 18});
     m_ui->tabChannels->SetFileTabs(kTextureLayers.front().tab, kTextureLayers.back().tab);
@@ -97,12 +76,13 @@ void ChannelPanel::PutPopupLast()
     }
 }
 
-void ChannelPanel::SetPage(int tab, QWidget* page)
+void ChannelPanel::SetPage(ChannelTab tab, QWidget* page)
 {
-    Q_ASSERT(m_pages.at(static_cast<std::size_t>(tab - 1)) == nullptr);
+    QWidget*& place = m_pages.at(static_cast<std::size_t>(tab) - 1);
+    Q_ASSERT(place == nullptr);
     page->setParent(m_ui->fraOption);
     m_ui->pages->addWidget(page);
-    m_pages.at(static_cast<std::size_t>(tab - 1)) = page;
+    place = page;
     PutPopupLast();
     ShowPage(CurrentTab());
 }
@@ -131,6 +111,7 @@ void ChannelPanel::OnTabChanged()
 
 void ChannelPanel::ShowPage(int tab)
 {
+    const ChannelTabRow& row = kChannelTabs[static_cast<std::size_t>(tab - 1)];
     QWidget* const shown = m_pages[static_cast<std::size_t>(tab - 1)];
     // All others first, or the frame grows to hold two pages for a moment.
     for (QWidget* page : m_pages) {
@@ -139,13 +120,12 @@ void ChannelPanel::ShowPage(int tab)
         }
     }
     m_ui->fraOption->setVisible(shown != nullptr);
-    // The other pages have a heading of their own.
-    m_ui->lblPage->setText(tr(kTabTitles[static_cast<std::size_t>(tab - 1)]));
-    m_ui->lblPage->setVisible(tab == kCustomFieldsTab || tab == kPluginTab);
+    m_ui->lblPage->setText(tr(row.title));
+    m_ui->lblPage->setVisible(row.titleAbovePage);
     if (shown != nullptr) {
         shown->setVisible(true);
     }
-    if (tab == kCustomFieldsTab) {
+    if (row.tab == ChannelTab::CustomFields) {
         Q_EMIT CustomFieldsShown();
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ChannelServices.h"
-#include "ChannelTabBar.h"
+#include "ChannelTabs.h"
 #include "TouchedRows.h"
 
 #include <QWidget>
@@ -20,8 +20,8 @@ class TextureCommands;
 class TexturePage;
 class Trap;
 
-/// The material's channels: a strip of ten tabs over one option frame. Tabs count from 1; 2 to 7
-/// are the texture layers and share one page, the others get theirs from the owner.
+/// The material's channels: a strip of tabs over one option frame. The texture layers share one
+/// page, the other tabs get theirs from the owner.
 class ChannelPanel : public QWidget {
     Q_OBJECT
 
@@ -30,8 +30,8 @@ public:
     ~ChannelPanel() override;
 
     /// Shown in the option frame while this tab is the current one; the frame takes the page over.
-    /// Only for tabs without a layer (1, 8, 9, 10); the frame follows the page's own height.
-    void SetPage(int tab, QWidget* page);
+    /// Only for tabs without a layer; the frame follows the page's own height.
+    void SetPage(ChannelTab tab, QWidget* page);
 
     [[nodiscard]] int CurrentTab() const;
     /// The same as the user's click on the tab, warnings included.
@@ -73,7 +73,7 @@ private:
     const Trap& m_trap;
     ChannelServices m_services;
     std::unique_ptr<Ui::ChannelPanel> m_ui;
-    std::array<QWidget*, kChannelTabCount> m_pages{};
+    std::array<QWidget*, kChannelTabs.size()> m_pages{};
     TexturePage* m_textures = nullptr;
     TextureCommands* m_commands = nullptr;
 };

@@ -25,7 +25,7 @@ ChannelTabBar::ChannelTabBar(QWidget* parent) : QTabBar(parent)
 
 void ChannelTabBar::SetUsed(int tab, bool used)
 {
-    m_used.at(static_cast<std::size_t>(tab - 1)) = used;
+    setTabData(tab - 1, used);
     update(tabRect(tab - 1));
 }
 
@@ -37,14 +37,14 @@ void ChannelTabBar::SetFileTabs(int first, int last)
 
 QSize ChannelTabBar::minimumSizeHint() const
 {
-    return {kLeastTabWidth * kChannelTabCount, kTabHeight};
+    return {kLeastTabWidth * count(), kTabHeight};
 }
 
 QSize ChannelTabBar::tabSizeHint(int index) const
 {
     // The remainder of the division goes to the first tabs, one pixel each.
-    const int extra = index < width() % kChannelTabCount ? 1 : 0;
-    return {std::max(width() / kChannelTabCount + extra, kLeastTabWidth), kTabHeight};
+    const int extra = index < width() % count() ? 1 : 0;
+    return {std::max(width() / count() + extra, kLeastTabWidth), kTabHeight};
 }
 
 QSize ChannelTabBar::minimumTabSizeHint(int /*index*/) const
@@ -75,7 +75,7 @@ void ChannelTabBar::PaintTab(QStylePainter& painter, int index) const
     QRect area(QPoint(), iconSize());
     area.moveCenter(option.rect.center());
     tabIcon(index).paint(&painter, area, Qt::AlignCenter, mode);
-    if (m_used[static_cast<std::size_t>(index)]) {
+    if (tabData(index).toBool()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
         painter.setBrush(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,

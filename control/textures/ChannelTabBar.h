@@ -2,15 +2,11 @@
 
 #include <QTabBar>
 
-#include <array>
-
 class QStylePainter;
 
 namespace CorvexMaterial {
 
-inline constexpr int kChannelTabCount = 10;
-
-/// Ten tabs of one width, a sign on each, that share the bar's width however narrow it is. Takes
+/// Tabs of one width, a sign on each, that share the bar's width however narrow it is. Takes
 /// image files dropped on a tab. Tabs count from 1.
 class ChannelTabBar : public QTabBar {
     Q_OBJECT
@@ -41,7 +37,6 @@ private:
     void PaintTab(QStylePainter& painter, int index) const;
     [[nodiscard]] bool TakesFiles(int tab) const;
 
-    std::array<bool, kChannelTabCount> m_used{};
     int m_firstFileTab = 0;
     int m_lastFileTab = -1;
 };

@@ -31,9 +31,9 @@ protected:
 TEST_F(Channels, EachTabShowsItsOwnThumbnailAndFields)
 {
     auto* surface = new QLabel("surface");
-    rig.panel->SetPage(1, surface);
+    rig.panel->SetPage(ChannelTab::Surface, surface);
     auto* plugin = new QLabel("plug-in");
-    rig.panel->SetPage(10, plugin);
+    rig.panel->SetPage(ChannelTab::Plugin, plugin);
     for (int tab = 1; tab <= 10; ++tab) {
         rig.Enter(tab);
         for (int image = 0; image < 6; ++image) {
