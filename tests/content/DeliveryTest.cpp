@@ -1,6 +1,7 @@
 #include "SampleFolder.h"
 #include "ShippedLibraries.h"
-#include "Testing.h"
+
+#include <QDirIterator>
 
 using studio::DeliverLibraries;
 using testing::ElementsAre;
@@ -34,13 +35,11 @@ protected:
     {
         const QDir home(PathOf("home/libraries"));
         Contents contents;
-        for (const char* part : {"", "Textures/"}) {
-            const QDir folder(home.filePath(QLatin1String(part)));
-            for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden)) {
-                QFile file(folder.filePath(name));
-                EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-                contents[part + name.toStdString()] = file.readAll().toStdString();
-            }
+        QDirIterator files(home.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString file = files.next();
+            contents[home.relativeFilePath(file).toStdString()] =
+                CorvexTest::ContentOf(file).toStdString();
         }
         return contents;
     }

@@ -3,7 +3,6 @@
 #include "CheckedPlugin.h"
 #include "PluginFolder.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
 namespace studio {
@@ -30,7 +29,7 @@ TEST(PluginFolder, RefusesForeignAndFaultyFilesByName)
     for (const char* refused : {"ThrowsAtStart.so", "WrongVersion.so", "text.so", "cut.so"}) {
         EXPECT_TRUE(messages.contains(refused)) << refused;
     }
-    EXPECT_THAT(messages.toStdString(), HasSubstr("no licence"));
+    EXPECT_EQ(messages.count("no licence"), 1);
     EXPECT_THAT(messages.toStdString(), HasSubstr("version 999"));
     EXPECT_TRUE(messages.contains("brick.so")) << "the second one of a name is left out";
     EXPECT_THAT(plugins.Names(),

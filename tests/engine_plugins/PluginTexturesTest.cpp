@@ -4,7 +4,6 @@
 #include "PluginFolder.h"
 #include "PluginMaterials.h"
 #include "PluginTextures.h"
-#include "Testing.h"
 #include "TextureCache.h"
 #include <CorvexMaterial/Status.h>
 

@@ -1,6 +1,6 @@
 #include "CheckedPlugin.h"
 #include "PluginFolder.h"
-#include "Testing.h"
+#include "Seam.h"
 
 namespace studio {
 namespace {
@@ -34,44 +34,25 @@ TEST(ShippedPlugins, UseEveryKindOfParameter)
     EXPECT_EQ(kinds.size(), 7U);
 }
 
-// How much two neighbouring rows or columns differ, on average of their pixels.
-double RowStep(const QImage& image, int row, int next, bool columns)
-{
-    double sum = 0.0;
-    for (int i = 0; i < image.width(); ++i) {
-        const QColor a = columns ? image.pixelColor(row, i) : image.pixelColor(i, row);
-        const QColor b = columns ? image.pixelColor(next, i) : image.pixelColor(i, next);
-        sum += std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) +
-               std::abs(a.blue() - b.blue());
-    }
-    return sum / image.width();
-}
-
 class ShippedPlugin : public testing::TestWithParam<int> {
 protected:
     std::string name = Shipped().Names().at(static_cast<std::size_t>(GetParam()));
     std::shared_ptr<const CheckedPlugin> plugin = Shipped().Find(name);
 };
 
-TEST_P(ShippedPlugin, ContinuesAcrossItsEdges)
+void ExpectTiles(const PluginTexture& texture, const std::string& what)
 {
-    for (const QImage& image : {Drawn(*plugin, {}).color, Drawn(*plugin, {}).bump}) {
-        for (const bool columns : {false, true}) {
-            const int last = image.width() - 1;
-            double worst = 0.0;
-            for (int i = 0; i < last; ++i) {
-                worst = std::max(worst, RowStep(image, i, i + 1, columns));
-            }
-            EXPECT_LE(image.isNull() ? 0.0 : RowStep(image, last, 0, columns), worst * 1.1)
-                << name << (columns ? " columns" : " rows");
-        }
+    CorvexTest::ExpectTiles(texture.color, what + ", colors", 1.1);
+    if (!texture.bump.isNull()) {
+        CorvexTest::ExpectTiles(texture.bump, what + ", bumps", 1.1);
     }
 }
 
-TEST_P(ShippedPlugin, DrawsTheSameAgainAndSomethingElseForEveryParameter)
+TEST_P(ShippedPlugin, DrawsTheSameAgainAndForEveryParameterSomethingElseThatTiles)
 {
     const PluginTexture first = Drawn(*plugin, {});
     EXPECT_EQ(Drawn(*plugin, {}).color, first.color);
+    ExpectTiles(first, name);
     const auto parameters = ParametersOf(static_cast<std::size_t>(GetParam()));
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         for (const float extreme : {-1e9F, 1e9F}) {
@@ -81,9 +62,12 @@ TEST_P(ShippedPlugin, DrawsTheSameAgainAndSomethingElseForEveryParameter)
             if (plugin->Fitted(values)[i] == before) {
                 continue;
             }
+            const std::string what = name + ", " + parameters[i].name;
             const PluginTexture other = Drawn(*plugin, values);
-            EXPECT_TRUE(other.color != first.color || other.bump != first.bump)
-                << name << ", " << parameters[i].name;
+            EXPECT_TRUE(other.color != first.color || other.bump != first.bump) << what;
+            if (what != "Wood, Boards") {  // a single one ends where the next begins
+                ExpectTiles(other, what);
+            }
         }
     }
 }
