@@ -1,11 +1,14 @@
-#include "FuzzLibrary.h"
-
 #include "LibraryFile.h"
 #include "LibraryQuery.h"
 #include "LibraryReading.h"
 #include <CorvexMaterial/Status.h>
 
+#include <QTemporaryDir>
+
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 
 namespace {
 
@@ -57,8 +60,14 @@ void Change(LibraryFile& library)
 
 }  // namespace
 
-void FuzzLibrary(const std::string& path)
+// Opens any bytes as a library of either kind and does everything with it that the studio does;
+// being refused is fine. Ends the process when a promise is broken.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    static const QTemporaryDir folder;
+    const std::string path = folder.filePath("library").toStdString();
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
     for (const auto kind : {studio::LibraryKind::Materials, studio::LibraryKind::Textures}) {
         Try([&] {
             LibraryFile library = LibraryFile::Open(path, kind);
@@ -69,4 +78,6 @@ void FuzzLibrary(const std::string& path)
             Try([&] { Change(library); });
         });
     }
+    std::remove((path + "-journal").c_str());
+    return 0;
 }
