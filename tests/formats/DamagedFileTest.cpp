@@ -1,6 +1,5 @@
 #include "Exchange.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
 namespace {

@@ -1,6 +1,5 @@
 #include "Exchange.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -61,24 +60,16 @@ QByteArray AsBinary(const QByteArray& picture)
 
 class PictureTest : public testing::Test {
 protected:
-    Imported ImportBytes(const char* name, const QByteArray& bytes, bool toLibrary = true)
+    Imported ImportBytes(const char* name, const QByteArray& bytes, const std::string& library)
     {
-        QFile file(m_folder.filePath(QLatin1String(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
-        return Import(file.fileName().toStdString(), toLibrary ? Path("library") : "");
+        return Import(m_folder.Write(name, bytes).toStdString(), library);
     }
     [[nodiscard]] std::string Path(const char* name) const
     {
-        return m_folder.filePath(QLatin1String(name)).toStdString();
-    }
-    [[nodiscard]] QStringList Pictures() const
-    {
-        return QDir(m_folder.filePath("library/Textures")).entryList(QDir::Files);
+        return m_folder.PathOf(name).toStdString();
     }
 
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
     QByteArray m_leaf = ContentOf(SampleFile("leaf.png"));
     QByteArray m_steel = ContentOf(SampleFile("steel plate.png"));
 };
@@ -98,7 +89,7 @@ TEST_F(PictureTest, InsideAFileAreTakenOutBesideTheLibrary)
     };
     for (const auto& [file, bytes, picture] : rows) {
         SCOPED_TRACE(file);
-        const Imported imported = ImportBytes(file, bytes);
+        const Imported imported = ImportBytes(file, bytes, Path("library"));
         const auto& painted = imported.materials.at(0).material;
         const bool kept = *picture != '\0';
         const std::string path = Path("library/Textures/") + picture;
@@ -107,25 +98,23 @@ TEST_F(PictureTest, InsideAFileAreTakenOutBesideTheLibrary)
                   kept ? "mapped" : "dropped");
         EXPECT_EQ(painted.Placement, (CorvexDB::TexturePlacement{0.25F, 0.5F, 0.5F, 0.25F}));
     }
-    EXPECT_EQ(Pictures(), (QStringList{"Painted-2.png", "Painted.png"}));
+    EXPECT_EQ(QDir(m_folder.PathOf("library/Textures")).entryList(QDir::Files),
+              (QStringList{"Painted-2.png", "Painted.png"}));
     EXPECT_EQ(ContentOf(Path("library/Textures/Painted.png")), m_leaf);
     EXPECT_EQ(ContentOf(Path("library/Textures/Painted-2.png")), m_steel);
 }
 
 TEST_F(PictureTest, InsideAFileStayThereWithoutALibrary)
 {
-    const Imported imported = ImportBytes("alone.gltf", AsText(m_leaf), false);
+    const Imported imported = ImportBytes("alone.gltf", AsText(m_leaf), "");
     EXPECT_EQ(imported.materials.at(0).material.Textures.primary, "");
     EXPECT_EQ(OutcomeFor(imported.report, "Painted", "baseColorTexture"), "dropped");
 }
 
 TEST_F(PictureTest, InTheTemporaryFolderAreCopiedBesideTheExport)
 {
-    const QDir temporary(m_folder.filePath("temporary"));
-    ASSERT_TRUE(temporary.mkpath("."));
-    qputenv("temp", temporary.path().toUtf8());
-    const QString simulated = temporary.filePath("~CVX12.jpg");
-    ASSERT_TRUE(QFile::copy(QString::fromStdString(SampleFile("leaf.png")), simulated));
+    const QString simulated = m_folder.Write("temporary/~CVX12.jpg", m_leaf);
+    qputenv("temp", m_folder.PathOf("temporary").toUtf8());
     studio::NamedMaterial stone{"Stone", {}};
     stone.material.Textures.primary = simulated.toStdString();
     for (const char* file : {"out.mtl", "out.gltf", "out.mtlx"}) {

@@ -1,5 +1,4 @@
 #include "Exchange.h"
-#include "Testing.h"
 
 namespace CorvexTest {
 

@@ -1,6 +1,5 @@
 #include "Exchange.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 
 // Files as other programs write them, and what has to come of each.
 
@@ -179,20 +178,19 @@ TEST_P(EitherWay, TheSameMaterialsAndTheSameReport)
     const auto opened =
         studio::ImportModelNow(QString::fromStdString(path), CorvexTest::MaterialImporter());
     ASSERT_TRUE(opened.model) << opened.message.toStdString();
-    ASSERT_EQ(opened.model->materials.size(), imported.materials.size());
-    for (std::size_t index = 0; index < imported.materials.size(); ++index) {
-        EXPECT_EQ(opened.model->materials[index].name, imported.materials[index].name);
-        EXPECT_EQ(opened.model->materials[index].material, imported.materials[index].material);
-    }
-    const auto lines = [](const studio::Report& report) {
+    const auto lines = [](const std::vector<studio::NamedMaterial>& materials,
+                          const studio::Report& report) {
         std::vector<std::string> all;
-        for (const studio::ReportRow& row : report.Rows()) {
-            all.push_back(row.material + '|' + row.property + '|' + TextOf(row.outcome) + '|' +
-                          row.note);
+        for (const auto& [name, material] : materials) {
+            all.push_back(name + studio::JsonOfMaterial(material, "/"));
+        }
+        for (const auto& [material, property, outcome, note] : report.Rows()) {
+            all.push_back(material + '|' + property + '|' + TextOf(outcome) + '|' + note);
         }
         return all;
     };
-    EXPECT_EQ(lines(opened.model->report), lines(imported.report));
+    EXPECT_EQ(lines(opened.model->materials, opened.model->report),
+              lines(imported.materials, imported.report));
     EXPECT_FALSE(imported.report.Rows().empty());
 }
 

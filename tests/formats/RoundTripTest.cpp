@@ -1,6 +1,6 @@
 #include "Amounts.h"
 #include "Exchange.h"
-#include "Testing.h"
+#include "SampleFolder.h"
 #include <CorvexMaterial/Status.h>
 
 #include <sys/stat.h>
@@ -205,15 +205,15 @@ class RoundTrip : public testing::TestWithParam<FormatCase> {
 protected:
     [[nodiscard]] std::string File(const char* name) const
     {
-        return m_folder.filePath(QLatin1String(name)).toStdString() + GetParam().suffix;
+        return m_folder.PathOf(name).toStdString() + GetParam().suffix;
     }
 
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
 };
 
 TEST_P(RoundTrip, KeepsWhatTheFormatCanSay)
 {
-    const std::vector<NamedMaterial> out = Samples(m_folder.path()).Make();
+    const std::vector<NamedMaterial> out = Samples(m_folder.Path()).Make();
     studio::Report exported;
     studio::ExportMaterials(File("library"), out, exported);
     const Imported in = Import(File("library"));
@@ -235,19 +235,17 @@ TEST_P(RoundTrip, KeepsWhatTheFormatCanSay)
 TEST_P(RoundTrip, NeverHidesALoss)
 {
     // Whatever differs after the way out and in must have been announced on the way out.
-    const std::vector<NamedMaterial> out = Samples(m_folder.path()).Make();
+    const std::vector<NamedMaterial> out = Samples(m_folder.Path()).Make();
     for (std::size_t index = 3; index < 60; ++index) {
         studio::Report exported;
         studio::ExportMaterials(File("one"), std::span(&out[index], 1), exported);
         udtMaterial reduced = out[index].material;
         GetParam().reduce(reduced);
-        const bool loses = reduced.Textures != out[index].material.Textures ||
-                           reduced.Ambient != out[index].material.Ambient ||
-                           reduced.DoubleSided != out[index].material.DoubleSided ||
-                           reduced.Plugin != out[index].material.Plugin ||
-                           reduced.CustomFields != out[index].material.CustomFields ||
-                           reduced.RayTrace != out[index].material.RayTrace;
-        if (loses) {
+        const udtMaterial& whole = out[index].material;
+        if (std::tie(reduced.Textures, reduced.Ambient, reduced.DoubleSided, reduced.Plugin,
+                     reduced.CustomFields, reduced.RayTrace) !=
+            std::tie(whole.Textures, whole.Ambient, whole.DoubleSided, whole.Plugin,
+                     whole.CustomFields, whole.RayTrace)) {
             EXPECT_GT(exported.Count(studio::Outcome::Dropped), 0U) << out[index].name;
         }
     }
@@ -255,13 +253,10 @@ TEST_P(RoundTrip, NeverHidesALoss)
 
 TEST_P(RoundTrip, KnowsTheAlphaChannelOfEveryTypeAndReadsNoPipe)
 {
-    const QString translucent = m_folder.filePath("glass.tga");
-    const QString pipe = m_folder.filePath("pipe.tga");
-    QFile file(translucent);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray::fromHex("000002000000000000000000010001002008"
-                                   "0000ff80"));
-    file.close();
+    const QString translucent =
+        m_folder.Write("glass.tga", QByteArray::fromHex("000002000000000000000000010001002008"
+                                                        "0000ff80"));
+    const QString pipe = m_folder.PathOf("pipe.tga");
     ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
     std::vector<NamedMaterial> out{{"Glass", {}}, {"Pipe", {}}};
     out[0].material.Textures.primary = translucent.toStdString();
