@@ -1,4 +1,6 @@
-#include "Testing.h"
+#include "OwnFormats.h"
+#include "OwnImage.h"
+#include "SampleFolder.h"
 #include "TextureFile.h"
 
 #include <QImageReader>
@@ -143,16 +145,41 @@ TEST(TextureFile, KeepsProportionsAndHiddenColoursWhenScaledDown)
 
 TEST(TextureFile, OfFewBytesAPixelMayHaveAsManyPixelsAsAnyOther)
 {
-    QTemporaryDir folder;
-    const QString file = folder.filePath("grey.pgm");
+    const CorvexTest::SampleFolder folder;
     QImage image(12000, 12000, QImage::Format_Grayscale8);
     image.fill(0);
     std::memset(image.scanLine(6000), 0xFF, std::size_t{6000} * 12000);
-    ASSERT_TRUE(image.save(file));
+    const QString file = folder.Save("grey.pgm", image);
     const FileImage read = ReadTextureFile(file.toStdString(), {100, 1 << 20});
     ASSERT_EQ(read.image.size(), QSize(100, 100)) << read.error;
     EXPECT_EQ(read.image.pixelColor(50, 49), QColor(Qt::black));
     EXPECT_EQ(read.image.pixelColor(50, 50), QColor(Qt::white));
+}
+
+// The own formats never show half of a file; the toolkit's may, within the bounds.
+TEST(TextureFile, ThatIsDamagedGivesAnImageOrAReason)
+{
+    const CorvexTest::SampleFolder folder;
+    const ImageBounds bounds{64, 64 * 64 * 4};
+    const QtMessageHandler loud = qInstallMessageHandler([](auto, const auto&, const auto&) {});
+    for (const QFileInfo& sample : QDir(IMAGES_TEST_DATA).entryInfoList(QDir::Files)) {
+        SCOPED_TRACE(sample.fileName().toStdString());
+        const QByteArray good = CorvexTest::ContentOf(sample.filePath());
+        const QString suffix = sample.suffix();
+        const auto* own = studio::FindOwnFormat(studio::BytesOf(good), suffix.toStdString());
+        for (int i = 0; i < 8; ++i) {
+            for (const QByteArray& bytes : {good.first(good.size() * i / 8),
+                                            QByteArray(good).replace(16 * i, 8, "damaged!")}) {
+                const QString path = folder.Write("damaged." + suffix, bytes);
+                const FileImage read = ReadTextureFile(path.toStdString(), bounds);
+                EXPECT_EQ(read.image.isNull(), !read.error.empty());
+                EXPECT_LE(read.image.sizeInBytes(), bounds.bytes);
+                EXPECT_TRUE(own == nullptr || read.image.isNull() || bytes.size() > good.size() / 2)
+                    << bytes.size();
+            }
+        }
+    }
+    qInstallMessageHandler(loud);
 }
 
 TEST(TextureFile, SaysWhyThereIsNoImage)

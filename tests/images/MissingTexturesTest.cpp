@@ -1,6 +1,5 @@
 #include "MissingTextures.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "TextureCache.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include "Thumbnail.h"
 
 #include <future>
