@@ -1,5 +1,4 @@
 #include "Drawing.h"
-#include "Testing.h"
 
 #include <climits>
 
@@ -65,11 +64,8 @@ TEST(Amounts, SpecularMakesASmallBrightHighlight)
         before = now;
     }
     EXPECT_GT(before, 220);
-    const QImage glossy = DrawBall(red);
-    int bright = 0;
-    for (int i = 0; i < 64 * 64; ++i) {
-        bright += qGray(glossy.pixel(i % 64, i / 64)) > 120 ? 1 : 0;
-    }
+    const auto bright = std::ranges::count_if(PixelsOf(DrawBall(red)),
+                                              [](QRgb pixel) { return qGray(pixel) > 120; });
     EXPECT_GT(bright, 5);
     EXPECT_LT(bright, 120);
 }

@@ -1,14 +1,13 @@
 #include "Drawing.h"
 
+#include "ParametricMesh.h"
 #include "RenderService.h"
-#include "Testing.h"
 
 namespace drawing {
 
 using studio::Frame;
 using studio::FrameItem;
 using studio::Mesh;
-using studio::Vertex;
 
 namespace {
 
@@ -27,41 +26,13 @@ const auto* const theSession = testing::AddGlobalTestEnvironment(new Session);
 
 std::shared_ptr<const Mesh> Square()
 {
-    std::vector<Vertex> corners(4);
-    for (std::size_t i = 0; i < 4; ++i) {
-        corners[i].position = {i % 2 == 0 ? -1.0F : 1.0F, i < 2 ? -1.0F : 1.0F, 0.0F};
-        corners[i].normal = {0.0F, 0.0F, 1.0F};
-        corners[i].uv = {i % 2 == 0 ? 0.0F : 1.0F, i < 2 ? 0.0F : 1.0F};
-    }
-    return studio::MakeMesh(corners, {0, 1, 3, 0, 3, 2});
+    return studio::ParametricMesh(
+        [](float u, float v) { return QVector3D(2.0F * u - 1.0F, 2.0F * v - 1.0F, 0.0F); }, {1, 1});
 }
 
 std::shared_ptr<const Mesh> Ball()
 {
-    constexpr std::uint32_t kColumns = 48;
-    constexpr std::uint32_t kRows = 24;
-    std::vector<Vertex> vertices;
-    std::vector<std::uint32_t> indices;
-    for (std::uint32_t row = 0; row <= kRows; ++row) {
-        for (std::uint32_t column = 0; column <= kColumns; ++column) {
-            const float up = 3.14159265F * (static_cast<float>(row) / kRows - 0.5F);
-            const float around = 6.2831853F * static_cast<float>(column) / kColumns;
-            Vertex vertex;
-            vertex.position = {std::cos(up) * std::sin(around), std::sin(up),
-                               std::cos(up) * std::cos(around)};
-            vertex.normal = vertex.position;
-            vertex.uv = {static_cast<float>(column) / kColumns, static_cast<float>(row) / kRows};
-            vertices.push_back(vertex);
-        }
-    }
-    for (std::uint32_t corner = 0; corner + kColumns + 2 < vertices.size(); ++corner) {
-        const std::uint32_t above = corner + kColumns + 1;
-        if (corner % (kColumns + 1) < kColumns) {
-            indices.insert(indices.end(),
-                           {corner, corner + 1, above + 1, corner, above + 1, above});
-        }
-    }
-    return studio::MakeMesh(std::move(vertices), std::move(indices));
+    return studio::SphereMesh(1.0F);
 }
 
 FrameItem Item(const std::shared_ptr<const Mesh>& mesh, const Material& material,
@@ -116,19 +87,25 @@ QMatrix4x4 TurnedAboutY(float degrees)
     return matrix;
 }
 
+std::vector<QRgb> PixelsOf(const QImage& picture)
+{
+    const QImage image = picture.convertToFormat(QImage::Format_ARGB32);
+    const auto* const first = reinterpret_cast<const QRgb*>(image.constBits());
+    return {first, first + image.width() * image.height()};
+}
+
 int Difference(const QImage& a, const QImage& b)
 {
     if (a.size() != b.size()) {
         return 255;
     }
+    const auto one = PixelsOf(a);
+    const auto other = PixelsOf(b);
     int largest = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x) {
-            const QRgb p = a.pixel(x, y);
-            const QRgb q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q))});
-        }
+    for (std::size_t i = 0; i < one.size(); ++i) {
+        largest = std::max({largest, std::abs(qRed(one[i]) - qRed(other[i])),
+                            std::abs(qGreen(one[i]) - qGreen(other[i])),
+                            std::abs(qBlue(one[i]) - qBlue(other[i]))});
     }
     return largest;
 }
@@ -147,16 +124,13 @@ int Encoded(double light)
     return static_cast<int>(std::lround(255.0 * encoded));
 }
 
-Range BrightnessOf(const QImage& picture, QRgb background)
+Range BrightnessOf(const QImage& picture)
 {
     Range range;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixel(x, y) != background) {
-                const int gray = qGray(picture.pixel(x, y));
-                range.darkest = std::min(range.darkest, gray);
-                range.brightest = std::max(range.brightest, gray);
-            }
+    for (const QRgb pixel : PixelsOf(picture)) {
+        if (pixel != kBlack) {
+            range.darkest = std::min(range.darkest, qGray(pixel));
+            range.brightest = std::max(range.brightest, qGray(pixel));
         }
     }
     return range;
@@ -164,13 +138,7 @@ Range BrightnessOf(const QImage& picture, QRgb background)
 
 int CountOf(const QImage& picture, QRgb colour)
 {
-    int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            count += picture.pixel(x, y) == colour ? 1 : 0;
-        }
-    }
-    return count;
+    return static_cast<int>(std::ranges::count(PixelsOf(picture), colour));
 }
 
 }  // namespace drawing

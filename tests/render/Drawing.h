@@ -30,17 +30,19 @@ QImage Draw(std::vector<studio::FrameItem> items);
 QMatrix4x4 Moved(float x, float y, float z);
 QMatrix4x4 TurnedAboutY(float degrees);
 
+/// Row by row.
+std::vector<QRgb> PixelsOf(const QImage& picture);
 /// Largest difference of any channel of any pixel; 255 for pictures of different size.
 int Difference(const QImage& a, const QImage& b);
 void ExpectNear(QRgb seen, QRgb expected, int tolerance);
 /// The byte of light that is a mixture of black and white.
 int Encoded(double light);
-/// Brightness of the darkest and the brightest pixel that differs from the background.
+/// Brightness of the darkest and the brightest pixel that is not black.
 struct Range {
     int darkest = 255;
     int brightest = 0;
 };
-Range BrightnessOf(const QImage& picture, QRgb background = kBlack);
+Range BrightnessOf(const QImage& picture);
 int CountOf(const QImage& picture, QRgb colour);
 
 }  // namespace drawing

@@ -1,5 +1,4 @@
 #include "Images.h"
-#include "Testing.h"
 
 namespace drawing {
 

@@ -1,7 +1,6 @@
 #include "Drawing.h"
 #include "GlContext.h"
 #include "Renderer.h"
-#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
 using namespace drawing;
@@ -11,32 +10,26 @@ namespace {
 /// The middle of all pixels that are not black.
 QPointF MiddleOf(const QImage& picture)
 {
+    const auto pixels = PixelsOf(picture);
     QPointF sum;
     int count = 0;
-    for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixel(x, y) != kBlack) {
-                sum += QPointF(x + 0.5, y + 0.5);
-                ++count;
-            }
+    for (int i = 0; i < static_cast<int>(pixels.size()); ++i) {
+        if (pixels[static_cast<std::size_t>(i)] != kBlack) {
+            sum += QPointF(i % picture.width() + 0.5, i / picture.width() + 0.5);
+            ++count;
         }
     }
-    return count == 0 ? QPointF(-1, -1) : sum / count;
-}
-
-QMatrix4x4 SmallAt(const QVector3D& place)
-{
-    QMatrix4x4 matrix;
-    matrix.translate(place);
-    matrix.scale(0.05F);
-    return matrix;
+    return sum / count;
 }
 
 TEST(Picture, RayThroughAPixelMeetsWhatIsDrawnThere)
 {
     const QVector3D place(0.4F, 0.9F, -0.3F);
+    QMatrix4x4 small;
+    small.translate(place);
+    small.scale(0.05F);
     for (const QSize size : {QSize(300, 200), QSize(150, 260)}) {
-        studio::Frame frame = FrameOf({Item(Ball(), Glowing(0xFFFFFF), SmallAt(place))});
+        studio::Frame frame = FrameOf({Item(Ball(), Glowing(0xFFFFFF), small)});
         frame.width = size.width();
         frame.height = size.height();
         frame.camera = studio::Camera{{0.1F, 0.2F, 0.0F}, 130.0F, 35.0F, 5.0F, 40.0F};

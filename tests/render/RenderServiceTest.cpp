@@ -1,7 +1,6 @@
 #include "RenderService.h"
 #include "Drawing.h"
 #include "GlContext.h"
-#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
 #include <atomic>

@@ -1,6 +1,5 @@
 #include "Drawing.h"
 #include "Images.h"
-#include "Testing.h"
 #include "TextureCache.h"
 
 using namespace drawing;

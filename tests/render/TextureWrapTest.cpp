@@ -2,7 +2,6 @@
 #include "GlContext.h"
 #include "Images.h"
 #include "Renderer.h"
-#include "Testing.h"
 #include "TextureCache.h"
 
 using namespace drawing;

@@ -1,5 +1,4 @@
 #include "Drawing.h"
-#include "Testing.h"
 
 using namespace drawing;
 

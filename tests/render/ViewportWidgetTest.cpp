@@ -3,7 +3,6 @@
 #include "FrameSource.h"
 #include "GlContext.h"
 #include "Images.h"
-#include "Testing.h"
 #include "TextureCache.h"
 #include <CorvexMaterial/Status.h>
 
