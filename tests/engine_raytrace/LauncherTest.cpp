@@ -1,6 +1,6 @@
 // The launcher as the control uses it, with the real POV-Ray and with scripts that misbehave.
 
-#include "Testing.h"
+#include "SampleFolder.h"
 
 namespace {
 
@@ -13,35 +13,25 @@ constexpr const char* kEndless = "#version 3.7;\nglobal_settings { assumed_gamma
 
 class Launcher : public testing::Test {
 protected:
-    void Write(const QString& name, const QByteArray& content)
-    {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << name.toStdString();
-        file.write(content);
-    }
-
     /// In a folder below, as the control writes it.
     void WriteJob(const QString& below, const QByteArray& scene)
     {
-        base = below.isEmpty() ? QStringLiteral("~CVX7") : below + QStringLiteral("/~CVX7");
-        QDir(folder.path()).mkpath(below.isEmpty() ? QStringLiteral(".") : below);
-        const QString path = folder.filePath(base);
-        const QString here = QFileInfo(path).path();
-        Write(base + ".pov", scene);
-        Write(QFileInfo(base).path() + "/shared.inc", "#declare Full = 1;\n");
-        Write(base + ".ini", ("Input_File_Name=" + path +
-                              ".pov\nWidth=64\nHeight=48\nOutput_File_Type=S\nQuality=11\n"
-                              "Antialias=off\nDisplay=off\nLibrary_Path=" +
-                              here + "\nOutput_File_Name=" + path + ".bmp\n")
-                                 .toUtf8());
+        base = below + QStringLiteral("/~CVX7");
+        const QString path = folder.PathOf(base);
+        folder.Write(base + ".pov", scene);
+        folder.Write(below + "/shared.inc", "#declare Full = 1;\n");
+        folder.Write(base + ".ini", ("Input_File_Name=" + path +
+                                     ".pov\nWidth=64\nHeight=48\nOutput_File_Type=S\nQuality=11\n"
+                                     "Antialias=off\nDisplay=off\nLibrary_Path=" +
+                                     folder.PathOf(below) + "\nOutput_File_Name=" + path + ".bmp\n")
+                                        .toUtf8());
     }
 
     void Script(const QByteArray& body)
     {
-        Write("fake.sh", "#!/bin/sh\n" + body);
-        QFile::setPermissions(folder.filePath("fake.sh"),
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        UseRaytracer(folder.filePath("fake.sh"));
+        const QString program = folder.Write("fake.sh", "#!/bin/sh\n" + body);
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        UseRaytracer(program);
     }
 
     void UseRaytracer(const QString& program)
@@ -53,7 +43,7 @@ protected:
 
     void Start()
     {
-        process.start(LAUNCHER_PROGRAM, {"/exit", "/nr", folder.filePath(base) + ".ini"});
+        process.start(LAUNCHER_PROGRAM, {"/exit", "/nr", folder.PathOf(base) + ".ini"});
         ASSERT_TRUE(process.waitForStarted());
     }
 
@@ -64,28 +54,27 @@ protected:
         return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     }
 
-    QImage Picture() { return QImage(folder.filePath(base) + ".bmp"); }
+    QImage Picture() { return QImage(folder.PathOf(base) + ".bmp"); }
 
     /// Names in the job's folder that are neither the scene, its settings nor its picture.
     QStringList Leftovers()
     {
-        QStringList names = QFileInfo(folder.filePath(base))
-                                .absoluteDir()
-                                .entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
+        const QDir job = QFileInfo(folder.PathOf(base)).absoluteDir();
+        QStringList names = job.entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
         for (const char* own : {"~CVX7.pov", "~CVX7.ini", "~CVX7.bmp", "fake.sh", "shared.inc"}) {
             names.removeAll(QLatin1String(own));
         }
         return names;
     }
 
-    QTemporaryDir folder;
+    CorvexTest::SampleFolder folder;
     QString base;
     QProcess process;
 };
 
 TEST_F(Launcher, DrawsAJobInWhateverFolder)
 {
-    for (const char* below : {"", "häßlich 石 тест, a \"quoted\" #1; b=[c] %d"}) {
+    for (const char* below : {".", "häßlich 石 тест, a \"quoted\" #1; b=[c] %d"}) {
         WriteJob(QString::fromUtf8(below), kScene);
         EXPECT_EQ(Run(), 0) << below << process.readAllStandardError().toStdString();
         ASSERT_EQ(Picture().size(), QSize(64, 48)) << below;
@@ -100,12 +89,11 @@ TEST_F(Launcher, TwoAtOnceInOneFolderDoNotMeet)
     WriteJob("Ω", kScene);
     Start();
     QProcess other;
-    const QString second = folder.filePath(QString::fromUtf8("Ω/other"));
+    const QString second = folder.PathOf(QString::fromUtf8("Ω/other"));
     for (const char* suffix : {".ini", ".pov"}) {
-        QFile file(folder.filePath(base) + suffix);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        Write(QString::fromUtf8("Ω/other") + suffix,
-              file.readAll().replace("~CVX7", "other").replace("rgb x", "rgb z"));
+        QByteArray content = CorvexTest::ContentOf(folder.PathOf(base) + suffix);
+        folder.Write(QString::fromUtf8("Ω/other") + suffix,
+                     content.replace("~CVX7", "other").replace("rgb x", "rgb z"));
     }
     other.start(LAUNCHER_PROGRAM, {"/exit", "/nr", second + ".ini"});
     ASSERT_TRUE(other.waitForFinished(60000));
@@ -117,7 +105,7 @@ TEST_F(Launcher, TwoAtOnceInOneFolderDoNotMeet)
 
 TEST_F(Launcher, AFaultySceneIsAnErrorWithoutAPicture)
 {
-    WriteJob({}, "nonsense {");
+    WriteJob(".", "nonsense {");
     EXPECT_NE(Run(), 0);
     EXPECT_TRUE(Picture().isNull());
     EXPECT_TRUE(Leftovers().isEmpty());
@@ -125,7 +113,7 @@ TEST_F(Launcher, AFaultySceneIsAnErrorWithoutAPicture)
 
 TEST_F(Launcher, CancelEndsPovRayAndCleansUp)
 {
-    WriteJob({}, kEndless);
+    WriteJob(".", kEndless);
     Start();
     QTest::qWait(600);
     QElapsedTimer timer;
@@ -140,9 +128,9 @@ TEST_F(Launcher, CancelEndsPovRayAndCleansUp)
 TEST_F(Launcher, ARaytracerThatIgnoresTheRequestIsKilled)
 {
     Script("trap '' TERM\necho $$ > \"${0%/*}/pid\"\nwhile :; do sleep 0.1; done\n");
-    WriteJob({}, kScene);
+    WriteJob(".", kScene);
     Start();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.filePath("pid")); }, 5000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(folder.PathOf("pid")); }, 5000));
     process.terminate();
     ASSERT_TRUE(process.waitForFinished(10000));
     EXPECT_EQ(process.exitCode(), 128 + SIGKILL);
@@ -151,12 +139,11 @@ TEST_F(Launcher, ARaytracerThatIgnoresTheRequestIsKilled)
 TEST_F(Launcher, ItsOwnEndEndsTheRaytracer)
 {
     Script("echo $$ > \"${0%/*}/pid\"\nwhile :; do sleep 0.1; done\n");
-    WriteJob({}, kScene);
+    WriteJob(".", kScene);
     Start();
-    QFile file(folder.filePath("pid"));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return file.size() > 0; }, 5000));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const pid_t raytracer = file.readAll().trimmed().toInt();
+    const auto pid = [&] { return CorvexTest::ContentOf(folder.PathOf("pid")).toInt(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pid() > 0; }, 5000));
+    const pid_t raytracer = pid();
     process.kill();
     process.waitForFinished();
     EXPECT_TRUE(QTest::qWaitFor([&] { return kill(raytracer, 0) != 0; }, 5000));
@@ -172,26 +159,26 @@ TEST_F(Launcher, ItsOwnEndEndsTheRaytracer)
 // picture written to where a link of his leads.
 TEST_F(Launcher, TakesNothingThatIsPlantedBesideAJob)
 {
-    WriteJob({}, kScene);
-    Write("povray.ini", "this is no settings file\n");
-    Write("victim", "mine");
-    ASSERT_TRUE(QFile::link(folder.filePath("victim"), folder.filePath("~CVX7.bmp")));
+    WriteJob(".", kScene);
+    folder.Write("povray.ini", "this is no settings file\n");
+    folder.Write("victim", "mine");
+    ASSERT_TRUE(QFile::link(folder.PathOf("victim"), folder.PathOf("~CVX7.bmp")));
     Script("echo > ran\n");
-    ASSERT_TRUE(QFile::rename(folder.filePath("fake.sh"), folder.filePath("povray")));
+    ASSERT_TRUE(QFile::rename(folder.PathOf("fake.sh"), folder.PathOf("povray")));
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("PATH", ":.:" + environment.value("PATH"));
     environment.remove("CORVEX_POVRAY");
     process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(folder.path());
+    process.setWorkingDirectory(folder.Path());
     EXPECT_EQ(Run(), 0) << process.readAllStandardError().toStdString();
     EXPECT_EQ(Picture().size(), QSize(64, 48));
-    EXPECT_EQ(QFileInfo(folder.filePath("victim")).size(), 4);
+    EXPECT_EQ(QFileInfo(folder.PathOf("victim")).size(), 4);
     EXPECT_EQ(Leftovers(), QStringList({"povray", "povray.ini", "victim"}));
 }
 
 TEST_F(Launcher, PassesOnHowTheRaytracerEnded)
 {
-    WriteJob({}, kScene);
+    WriteJob(".", kScene);
     Script("echo progress >&2\nexit 7\n");
     EXPECT_EQ(Run(), 7);
     EXPECT_TRUE(process.readAllStandardError().contains("progress"));

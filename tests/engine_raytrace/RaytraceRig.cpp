@@ -20,9 +20,7 @@ std::string RaytraceRig::Image(const char* name, const std::function<QColor(int 
             image.setPixelColor(x, y, colour(x, y));
         }
     }
-    const QString file = m_folder.filePath(QString::fromUtf8(name));
-    image.save(file);
-    return file.toStdString();
+    return m_folder.Save(QString::fromUtf8(name), image).toStdString();
 }
 
 QImage RaytraceRig::Draw(const RaytraceScene& scene)
@@ -34,12 +32,11 @@ QImage RaytraceRig::Draw(const RaytraceScene& scene)
 
 std::string RaytraceRig::SceneText(const RaytraceScene& scene, const QString& name)
 {
-    const QString file = m_folder.filePath(name);
+    const QString file = m_folder.PathOf(name);
     studio::WriteRaytraceScene(
         file, scene, [this](const std::string& path) { return m_rendering.Textures().Await(path); },
         studio::ImagesBeside(file));
-    QFile written(file);
-    return written.open(QIODevice::ReadOnly) ? written.readAll().toStdString() : std::string();
+    return CorvexTest::ContentOf(file).toStdString();
 }
 
 std::string RaytraceRig::PovRayText(const RaytraceScene& scene)
@@ -58,17 +55,15 @@ Raytraced RaytraceRig::Raytrace(const RaytraceScene& scene, bool antialias)
     if (text.empty()) {
         return {};
     }
-    const QString picture = m_folder.filePath(QStringLiteral("scene.png"));
+    const QString picture = m_folder.PathOf("scene.png");
     QFile::remove(picture);
     QProcess process;
-    process.setWorkingDirectory(m_folder.path());
+    process.setWorkingDirectory(m_folder.Path());
     process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start(QStringLiteral("povray"),
-                  {QStringLiteral("+Iscene.pov"), QStringLiteral("+Oscene.png"),
+    process.start("povray",
+                  {"+Iscene.pov", "+Oscene.png", "-D", "+Q11",
                    QStringLiteral("+W%1").arg(scene.frame.width),
-                   QStringLiteral("+H%1").arg(scene.frame.height), QStringLiteral("-D"),
-                   QStringLiteral("+Q11"),
-                   antialias ? QStringLiteral("+A0.1") : QStringLiteral("-A")});
+                   QStringLiteral("+H%1").arg(scene.frame.height), antialias ? "+A0.1" : "-A"});
     process.waitForFinished(120000);
     return {QImage(picture), QString::fromUtf8(process.readAll()), process.exitCode()};
 }
@@ -93,6 +88,13 @@ RaytraceScene SceneWith(std::shared_ptr<const studio::Mesh> mesh, const Change& 
     scene.frame.camera = studio::Framed(scene.frame.camera, scene.frame.items);
     scene.names = {"shape"};
     return scene;
+}
+
+double Distance(QRgb one, QRgb other)
+{
+    return (std::abs(qRed(one) - qRed(other)) + std::abs(qGreen(one) - qGreen(other)) +
+            std::abs(qBlue(one) - qBlue(other))) /
+           3.0;
 }
 
 QImage Sheet(const std::vector<QImage>& pictures, int columns, const QStringList& captions)

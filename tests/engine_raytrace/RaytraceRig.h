@@ -3,7 +3,7 @@
 #include "RaytraceImages.h"
 #include "RaytraceScene.h"
 #include "RenderService.h"
-#include "Testing.h"
+#include "SampleFolder.h"
 
 namespace StudioRaytraceTest {
 
@@ -27,7 +27,7 @@ public:
     /// The path of an image file of this content in the rig's folder.
     std::string Image(const char* name, const std::function<QColor(int x, int y)>& colour,
                       QSize size = {64, 64});
-    [[nodiscard]] QString Folder() const { return m_folder.path(); }
+    [[nodiscard]] const CorvexTest::SampleFolder& Folder() const { return m_folder; }
 
     [[nodiscard]] QImage Draw(const studio::RaytraceScene& scene);
     [[nodiscard]] Raytraced Raytrace(const studio::RaytraceScene& scene, bool antialias = true);
@@ -37,7 +37,7 @@ public:
     [[nodiscard]] std::string SceneText(const studio::RaytraceScene& scene, const QString& name);
 
 private:
-    QTemporaryDir m_folder;
+    CorvexTest::SampleFolder m_folder;
     studio::RenderService m_rendering;
 };
 
@@ -47,6 +47,9 @@ using Change = std::function<void(CorvexDB::udtMaterial&)>;
 [[nodiscard]] studio::RaytraceScene SceneWith(std::shared_ptr<const studio::Mesh> mesh,
                                               const Change& change);
 [[nodiscard]] std::shared_ptr<const studio::Mesh> Sphere();
+
+/// How far two colours are apart, the mean of their channels.
+[[nodiscard]] double Distance(QRgb one, QRgb other);
 
 /// Several pictures of one size beside each other, in rows.
 [[nodiscard]] QImage Sheet(const std::vector<QImage>& pictures, int columns,

@@ -1,5 +1,4 @@
 #include "SphereGrid.h"
-#include "Testing.h"
 
 namespace StudioRaytraceTest {
 namespace {
