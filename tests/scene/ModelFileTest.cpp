@@ -111,26 +111,20 @@ TEST(ModelFile, NumbersThatAreNoCoordinatesAreRefused)
     }
 }
 
-struct NameCase {
-    std::string raw;
-    std::string readable;
-};
-
 TEST(ShapeNames, AnythingBecomesOneReadableLine)
 {
-    const std::vector<NameCase> cases{
-        {"Left wheel", "Left wheel"},
-        {"  two\n\tlines ", "two lines"},
-        {"Käfer 車 🚗", "Käfer 車 🚗"},
-        {"bad \xC3\x28 bytes \xFF", "bad \uFFFD( bytes \uFFFD"},
-        {"right\u202Eleft\x1B[31m", "rightleft[31m"},
-        {"", "fallback"},
-        {"\x01\x02\n", "fallback"},
-        {std::string(5, '\0') + "x", "x"},
-        {std::string(200000, 'n'), std::string(80, 'n')},
-    };
-    for (const NameCase& row : cases) {
-        EXPECT_EQ(studio::ReadableName(row.raw, "fallback"), row.readable);
+    for (const auto& [raw, readable] : std::map<std::string, std::string>{
+             {"Left wheel", "Left wheel"},
+             {"  two\n\tlines ", "two lines"},
+             {"Käfer 車 🚗", "Käfer 車 🚗"},
+             {"bad \xC3\x28 bytes \xFF", "bad \uFFFD( bytes \uFFFD"},
+             {"right\u202Eleft\x1B[31m", "rightleft[31m"},
+             {"", "fallback"},
+             {"\x01\x02\n", "fallback"},
+             {std::string(5, '\0') + "x", "x"},
+             {std::string(200000, 'n'), std::string(80, 'n')},
+         }) {
+        EXPECT_EQ(studio::ReadableName(raw, "fallback"), readable);
     }
 }
 

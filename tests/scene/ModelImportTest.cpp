@@ -1,16 +1,14 @@
 #include "Interchange.h"
 #include "ModelShapes.h"
 #include "SampleFolder.h"
-#include "Testing.h"
-
-#include <QBuffer>
 
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
 using namespace std::chrono_literals;
+using CorvexTest::SampleFolder;
+using studio::ImportedModel;
 using studio::ImportFailure;
 using studio::ImportModelNow;
 using studio::ImportOutcome;
@@ -21,10 +19,10 @@ QString Data(const QString& name)
     return QStringLiteral(SCENE_TEST_DATA "/") + name;
 }
 
-QString Losses(const ImportOutcome& outcome)
+QString Losses(const ImportedModel& model)
 {
     QString text;
-    for (const std::string& note : studio::NotesOf(outcome.model->report, 1)) {
+    for (const std::string& note : studio::NotesOf(model.report, 1)) {
         text += QString::fromStdString(note) + '\n';
     }
     return text;
@@ -35,16 +33,14 @@ ImportProgram Importer()
     return {QStringLiteral(IMPORTING_PROCESS), 30s};
 }
 
-// Files and importing programs of the test's own.
-class Folder : public CorvexTest::SampleFolder {
-public:
-    ImportProgram Script(const QByteArray& lines, std::chrono::milliseconds limit = 20s) const
-    {
-        const QString path = Write(QStringLiteral("importer"), "#!/bin/sh\n" + lines + "\n");
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
-        return {path, limit};
+ImportedModel Imported(const QString& file, const ImportProgram& importer = Importer())
+{
+    const ImportOutcome outcome = ImportModelNow(file, importer);
+    if (!outcome.model) {
+        throw std::runtime_error(outcome.message.toStdString());
     }
-};
+    return *outcome.model;
+}
 
 TEST(ModelImport, EveryFormatArrivesWithItsShapesInPlace)
 {
@@ -55,17 +51,14 @@ TEST(ModelImport, EveryFormatArrivesWithItsShapesInPlace)
         QVector3D low;
         QVector3D high;
     };
-    for (const Row& row : std::initializer_list<Row>{{"box.obj", 2, 12, {-1, -1, -1}, {1, 1, 1}},
-                                                     {"tetra.ply", 1, 4, {0, 0, 0}, {1, 1, 1}},
-                                                     {"tetra.stl", 1, 4, {0, 0, 0}, {1, 1, 1}},
-                                                     {"leaf.gltf", 1, 1, {10, 5, 0}, {12, 8, 0}},
-                                                     {"frames.x", 2, 2, {0, 0, 0}, {5, 1, 0}}}) {
+    for (const Row& row : {Row{"box.obj", 2, 12, {-1, -1, -1}, {1, 1, 1}},
+                           Row{"tetra.ply", 1, 4, {0, 0, 0}, {1, 1, 1}},
+                           Row{"tetra.stl", 1, 4, {0, 0, 0}, {1, 1, 1}},
+                           Row{"leaf.gltf", 1, 1, {10, 5, 0}, {12, 8, 0}},
+                           Row{"frames.x", 2, 2, {0, 0, 0}, {5, 1, 0}}}) {
         SCOPED_TRACE(row.file);
-        const ImportOutcome outcome = ImportModelNow(Data(row.file), Importer());
-        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-        EXPECT_EQ(outcome.failure, ImportFailure::None);
         studio::StudioScene scene;
-        scene.SetShapes(studio::ShapesOf(*outcome.model));
+        scene.SetShapes(studio::ShapesOf(Imported(Data(row.file))));
         EXPECT_EQ(scene.All().size(), row.shapes);
         std::size_t triangles = 0;
         for (const auto& shape : scene.All()) {
@@ -78,34 +71,25 @@ TEST(ModelImport, EveryFormatArrivesWithItsShapesInPlace)
     }
 }
 
-TEST(ModelImport, NormalsThatAreNoneAreThoseOfTheFaces)
+TEST(ModelImport, NormalsThatAreMissingAreThoseOfTheFaces)
 {
+    const SampleFolder folder;
     QByteArray text = CorvexTest::ContentOf(Data("tetra.stl"));
     text.replace("facet normal 0 0 -1", "facet normal 0 0 0");
-    const Folder folder;
-    const ImportOutcome outcome = ImportModelNow(folder.Write("null.stl", text), Importer());
-    ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-    const auto& mesh = *outcome.model->meshes.front().mesh;
+    const auto tetra = Imported(folder.Write("null.stl", text)).meshes.front().mesh;
     for (std::size_t i = 0; i < 3; ++i) {  // the face whose normal was taken away
-        EXPECT_EQ(mesh.vertices[mesh.indices[i]].normal, (std::array{0.0F, 0.0F, -1.0F}));
+        EXPECT_EQ(tetra->vertices[tetra->indices[i]].normal, (std::array{0.0F, 0.0F, -1.0F}));
     }
-}
-
-TEST(ModelImport, EdgesOfAModelWithoutNormalsStaySharp)
-{
-    const Folder folder;
-    const QString file =
+    const QString edge =
         folder.Write("edge.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n");
-    const ImportOutcome outcome = ImportModelNow(file, Importer());
-    ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-    for (const studio::Vertex& vertex : outcome.model->meshes.front().mesh->vertices) {
-        EXPECT_GT(std::max(vertex.normal[1], vertex.normal[2]), 0.99F);
+    for (const auto& vertex : Imported(edge).meshes.front().mesh->vertices) {
+        EXPECT_GT(std::max(vertex.normal[1], vertex.normal[2]), 0.99F) << "the edge stays sharp";
     }
 }
 
 TEST(ModelImport, KeepsTheLookOfTheMaterials)
 {
-    const auto box = studio::ShapesOf(*ImportModelNow(Data("box.obj"), Importer()).model);
+    const auto box = studio::ShapesOf(Imported(Data("box.obj")));
     const auto& copper = box[0]->Material();
     EXPECT_EQ(copper.Color, CorvexMaterial::MakeColour({204, 102, 51}));
     EXPECT_EQ(copper.Specular, 50);
@@ -115,7 +99,7 @@ TEST(ModelImport, KeepsTheLookOfTheMaterials)
     EXPECT_EQ(box[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromMesh);
     EXPECT_EQ(box[1]->Material().Transparency, 75);
 
-    const auto leaf = studio::ShapesOf(*ImportModelNow(Data("leaf.gltf"), Importer()).model);
+    const auto leaf = studio::ShapesOf(Imported(Data("leaf.gltf")));
     const auto& leafage = leaf[0]->Material();
     // 0.216 of linear light is displayed as 128 of 255.
     EXPECT_EQ(leafage.Color, CorvexMaterial::MakeColour({128, 0, 255}));
@@ -134,9 +118,9 @@ TEST(ModelImport, ColoursOfVerticesBecomeTheColourOfTheSurface)
         CorvexMaterial::ColourBytes colour;
         bool remarks;
     };
-    const Folder folder;
-    for (const auto& [last, colour, remarks] : std::initializer_list<Row>{
-             {"200 100 0", {200, 100, 0}, false}, {"50 100 255", {150, 100, 85}, true}}) {
+    const SampleFolder folder;
+    for (const auto& [last, colour, remarks] :
+         {Row{"200 100 0", {200, 100, 0}, false}, Row{"50 100 255", {150, 100, 85}, true}}) {
         const QString file = folder.Write(
             "scan.ply", QByteArray("ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\n"
                                    "property float y\nproperty float z\nproperty uchar red\n"
@@ -144,24 +128,22 @@ TEST(ModelImport, ColoursOfVerticesBecomeTheColourOfTheSurface)
                                    "property list uchar int vertex_indices\nend_header\n"
                                    "0 0 0 200 100 0\n1 0 0 200 100 0\n0 1 0 ") +
                             last + "\n3 0 1 2\n");
-        const ImportOutcome outcome = ImportModelNow(file, Importer());
-        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-        EXPECT_EQ(studio::ShapesOf(*outcome.model)[0]->Material().Color,
-                  CorvexMaterial::MakeColour(colour));
-        EXPECT_EQ(Losses(outcome).contains("on average"), remarks);
+        const ImportedModel model = Imported(file);
+        EXPECT_EQ(studio::ShapesOf(model)[0]->Material().Color, CorvexMaterial::MakeColour(colour));
+        EXPECT_EQ(Losses(model).contains("on average"), remarks);
     }
 }
 
 TEST(ModelImport, TexturesAreFoundBesideTheModelAndMissingOnesKeepTheirPath)
 {
-    const Folder folder;
+    const SampleFolder folder;
     const QString picture = folder.Write("bark.png", "a picture");
     folder.Write("tree.mtl", "newmtl a\nmap_Kd C:\\old\\bark.png\nmap_d bark.png\n"
                              "newmtl b\nKs 1 1 1\nNs 50\nmap_Kd away/gone.png\nmap_d holes.png\n"
                              "map_Ks C:\\old\\shine.png\nmap_Bump relief.png\n");
     const QString model = folder.Write("tree.obj", "mtllib tree.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
                                                    "usemtl a\nf 1 2 3\nusemtl b\nf 3 2 1\n");
-    const auto shapes = studio::ShapesOf(*ImportModelNow(model, Importer()).model);
+    const auto shapes = studio::ShapesOf(Imported(model));
     ASSERT_EQ(shapes.size(), 2U);
     EXPECT_EQ(shapes[0]->Material().Textures.primary, picture.toStdString());
     const std::string here = QFileInfo(model).path().toStdString();
@@ -175,16 +157,9 @@ TEST(ModelImport, TexturesAreFoundBesideTheModelAndMissingOnesKeepTheirPath)
 
 TEST(ModelImport, PicturesInsideAModelAreTakenOutAndMissedWithoutHarm)
 {
-    const Folder folder;
-    QFile sample(Data("leaf.gltf"));
-    ASSERT_TRUE(sample.open(QIODevice::ReadOnly));
-    QImage dot(1, 1, QImage::Format_RGB32);
-    dot.fill(Qt::red);
-    QByteArray png;
-    QBuffer buffer(&png);
-    ASSERT_TRUE(dot.save(&buffer, "PNG"));
-    const auto leafWith = [text = sample.readAll()](const QByteArray& picture) {
-        return QByteArray(text)
+    const SampleFolder folder;
+    const auto leafWith = [](const QByteArray& picture) {
+        return CorvexTest::ContentOf(Data("leaf.gltf"))
             .replace("leafage", "leaf/age")
             .replace("\"baseColorFactor\"",
                      "\"baseColorTexture\":{\"index\":0},\"baseColorFactor\"")
@@ -192,58 +167,49 @@ TEST(ModelImport, PicturesInsideAModelAreTakenOutAndMissedWithoutHarm)
                      "\"textures\":[{\"source\":0}],\"images\":[{\"uri\":\"data:image/png;base64," +
                          picture.toBase64() + "\"}],\"accessors\"");
     };
-    const QString red = folder.Write("red leaf.gltf", leafWith(png));
+    const QByteArray dot = CorvexTest::ContentOf(folder.Save("dot.png", Qt::red, {1, 1}));
+    const QString red = folder.Write("red leaf.gltf", leafWith(dot));
     const QString damaged = folder.Write("damaged.gltf", leafWith("no picture"));
+    const QString data = folder.PathOf("data");
     ImportProgram importer = Importer();
     struct Row {
         QString file;
         QString pictureFolder;
         QString picture;
-        bool remarks;
     };
-    for (const auto& [file, pictureFolder, picture, remarks] : std::initializer_list<Row>{
-             {red, folder.PathOf("data"), folder.PathOf("data/Textures/leaf_age.png"), false},
-             {red, folder.PathOf("data"), folder.PathOf("data/Textures/leaf_age.png"), false},
-             {damaged, folder.PathOf("data"), {}, true},
-             {red, "/proc", {}, true}}) {
+    for (const auto& [file, pictureFolder, picture] :
+         {Row{red, data, data + "/Textures/leaf_age.png"},
+          Row{red, data, data + "/Textures/leaf_age.png"}, Row{damaged, data, {}},
+          Row{red, "/proc", {}}}) {
         importer.pictureFolder = pictureFolder.toStdString();
-        const ImportOutcome outcome = ImportModelNow(file, importer);
-        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-        EXPECT_EQ(Losses(outcome).contains("baseColorTexture"), remarks);
-        const std::string texture =
-            studio::ShapesOf(*outcome.model)[0]->Material().Textures.primary;
-        EXPECT_EQ(texture, picture.toStdString());
+        const ImportedModel model = Imported(file, importer);
+        EXPECT_EQ(Losses(model).contains("baseColorTexture"), picture.isEmpty());
+        EXPECT_EQ(studio::ShapesOf(model)[0]->Material().Textures.primary, picture.toStdString());
         EXPECT_EQ(QImage(picture).pixelColor(0, 0).isValid(), !picture.isEmpty());
     }
 }
 
-struct BadFile {
-    const char* name;
-    QByteArray bytes;
-};
-
 TEST(ModelImport, BadFilesBecomeMessagesThatNameThem)
 {
-    const Folder folder;
+    const SampleFolder folder;
     const QByteArray head = "xof 0303txt 0032\n";
-    const std::vector<BadFile> files{
-        {"empty.obj", ""},
-        {"notes.txt", "just some words"},
-        {"points.obj", "v 0 0 0\nv 1 1 1\nv 2 2 2\n"},
-        {"cut.gltf", "{\"asset\":{\"version\":\"2.0\"},\"meshes\":[{\"primit"},
-        {"noise.ply", QByteArray("ply\nformat binary_little_endian 1.0\nelement vertex 4000000000\n"
-                                 "property float x\nend_header\n\x01\x02")},
-        {"longname.x", head + "Frame " + QByteArray(200000, 'n') + " { Mesh m { 0;; } }"},
-        {"many.x", head + "Mesh m { 4294967295; 0;0;0;, }"},
-    };
-    for (const BadFile& file : files) {
-        const QString path = folder.Write(file.name, file.bytes);
+    for (const auto& [name, bytes] : std::map<const char*, QByteArray>{
+             {"empty.obj", ""},
+             {"notes.txt", "just some words"},
+             {"points.obj", "v 0 0 0\nv 1 1 1\nv 2 2 2\n"},
+             {"cut.gltf", "{\"asset\":{\"version\":\"2.0\"},\"meshes\":[{\"primit"},
+             {"noise.ply", "ply\nformat binary_little_endian 1.0\nelement vertex 4000000000\n"
+                           "property float x\nend_header\n\x01\x02"},
+             {"longname.x", head + "Frame " + QByteArray(200000, 'n') + " { Mesh m { 0;; } }"},
+             {"many.x", head + "Mesh m { 4294967295; 0;0;0;, }"},
+         }) {
+        const QString path = folder.Write(name, bytes);
         const ImportOutcome outcome = ImportModelNow(path, Importer());
-        EXPECT_FALSE(outcome.model) << file.name;
-        EXPECT_NE(outcome.failure, ImportFailure::None) << file.name;
-        EXPECT_NE(outcome.failure, ImportFailure::TimedOut) << file.name;
+        EXPECT_FALSE(outcome.model) << name;
+        EXPECT_NE(outcome.failure, ImportFailure::None) << name;
+        EXPECT_NE(outcome.failure, ImportFailure::TimedOut) << name;
         EXPECT_TRUE(outcome.message.contains(path)) << outcome.message.toStdString();
-        EXPECT_LT(outcome.message.size(), 800) << file.name;
+        EXPECT_LT(outcome.message.size(), 800) << name;
     }
     EXPECT_EQ(ImportModelNow(Data("damaged.x"), Importer()).failure, ImportFailure::Crashed);
     EXPECT_EQ(ImportModelNow("/no/such.obj", Importer()).failure, ImportFailure::NotFound);
@@ -252,7 +218,7 @@ TEST(ModelImport, BadFilesBecomeMessagesThatNameThem)
 
 TEST(ModelImport, FilesThatAModelNamesAreReadOnlyIfTheyAreFiles)
 {
-    const Folder folder;
+    const SampleFolder folder;
     ASSERT_EQ(::mkfifo(QFile::encodeName(folder.PathOf("pipe.mtl")).constData(), 0600), 0);
     ASSERT_TRUE(QFile::link("/dev/zero", folder.PathOf("zero.mtl")));
     for (const char* cause : {"pipe.mtl: mtllib dropped, not read: it is a pipe",
@@ -260,16 +226,15 @@ TEST(ModelImport, FilesThatAModelNamesAreReadOnlyIfTheyAreFiles)
         const QString model =
             folder.Write("tree.obj", QByteArray("mtllib ") + QByteArray(cause, 8) +
                                          "\nv 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
-        const ImportOutcome outcome = ImportModelNow(model, Importer());
-        ASSERT_TRUE(outcome.model) << outcome.message.toStdString();
-        EXPECT_TRUE(Losses(outcome).contains(cause)) << Losses(outcome).toStdString();
+        const QString losses = Losses(Imported(model));
+        EXPECT_TRUE(losses.contains(cause)) << losses.toStdString();
     }
 }
 
 // Vertices of nothing, four thousand million of them.
 TEST(ModelImport, TimeIsMeasuredByTheSizeOfTheFile)
 {
-    const Folder folder;
+    const SampleFolder folder;
     const QString file =
         folder.Write("damaged.ply", "ply\nformat ascii 1.0\nelement vertex 4000000000\n"
                                     "element face 1\nproperty list uchar int vertex_indices\n"
@@ -279,30 +244,23 @@ TEST(ModelImport, TimeIsMeasuredByTheSizeOfTheFile)
     EXPECT_TRUE(outcome.message.contains("after 3 seconds")) << outcome.message.toStdString();
 }
 
-struct BadImporter {
-    const char* lines;
-    ImportFailure failure;
-};
-
 TEST(ModelImport, WhateverTheImportingProcessDoesIsSurvived)
 {
-    const Folder folder;
-    const std::vector<BadImporter> importers{
-        {"kill -SEGV $$", ImportFailure::Crashed},
-        {"kill -KILL $$", ImportFailure::Crashed},
-        {"exit 1", ImportFailure::Crashed},
-        {"exit 0", ImportFailure::Damaged},
-        {": > \"$3\"", ImportFailure::Damaged},
-        {"head -c 100000 /dev/urandom > \"$3\"", ImportFailure::Damaged},
-        {"mkdir \"$3\"", ImportFailure::Damaged},
-        {"mkfifo \"$3\"", ImportFailure::Damaged},
-        {"exit 21", ImportFailure::OutOfMemory},
-        {"head -c 3000000 /dev/zero | tr '\\0' x >&2; exit 20", ImportFailure::Refused},
-    };
-    for (const BadImporter& importer : importers) {
+    const SampleFolder folder;
+    for (const auto& [lines, failure] : std::map<const char*, ImportFailure>{
+             {"kill -SEGV $$", ImportFailure::Crashed},
+             {"exit 1", ImportFailure::Crashed},
+             {"exit 0", ImportFailure::Damaged},
+             {": > \"$3\"", ImportFailure::Damaged},
+             {"head -c 100000 /dev/urandom > \"$3\"", ImportFailure::Damaged},
+             {"mkdir \"$3\"", ImportFailure::Damaged},
+             {"mkfifo \"$3\"", ImportFailure::Damaged},
+             {"exit 21", ImportFailure::OutOfMemory},
+             {"head -c 3000000 /dev/zero | tr '\\0' x >&2; exit 20", ImportFailure::Refused},
+         }) {
         const ImportOutcome outcome =
-            ImportModelNow(Data("box.obj"), folder.Script(importer.lines));
-        EXPECT_EQ(outcome.failure, importer.failure) << importer.lines;
+            ImportModelNow(Data("box.obj"), {folder.WriteScript("importer", lines), 20s});
+        EXPECT_EQ(outcome.failure, failure) << lines;
         EXPECT_FALSE(outcome.model);
         EXPECT_TRUE(outcome.message.contains("box.obj")) << outcome.message.toStdString();
         EXPECT_LT(outcome.message.size(), 800);
@@ -313,8 +271,8 @@ TEST(ModelImport, WhateverTheImportingProcessDoesIsSurvived)
 
 TEST(ModelImport, HangingImporterIsStoppedAtTheLimitAndByCancel)
 {
-    const Folder folder;
-    const ImportProgram hanging = folder.Script("exec sleep 600", 300ms);
+    const SampleFolder folder;
+    const ImportProgram hanging{folder.WriteScript("importer", "exec sleep 600"), 300ms};
     QElapsedTimer clock;
     clock.start();
     EXPECT_EQ(ImportModelNow(Data("box.obj"), hanging).failure, ImportFailure::TimedOut);
@@ -337,35 +295,23 @@ TEST(ModelImport, HangingImporterIsStoppedAtTheLimitAndByCancel)
     EXPECT_EQ(cancellations[0][0].value<ImportOutcome>().failure, ImportFailure::Cancelled);
 }
 
-TEST(ModelImport, AnswersOfAnEarlierRunAreNotTakenForTheNext)
+TEST(ModelImport, StartsTheNextWhileAnAnswerWaitsAndFromItsOwnSignal)
 {
     studio::ModelImport import(Importer());
     QSignalSpy ends(&import, &studio::ModelImport::Finished);
+    const auto next = [&ends] { return ends.takeFirst()[0].value<ImportOutcome>(); };
     import.Start(QStringLiteral("/no/such.obj"));  // its answer waits in the event loop
     import.Start(Data("box.obj"));
     ASSERT_EQ(ends.size(), 1);
-    EXPECT_EQ(ends.takeFirst()[0].value<ImportOutcome>().failure, ImportFailure::Cancelled);
+    EXPECT_EQ(next().failure, ImportFailure::Cancelled);
+    QObject::connect(
+        &import, &studio::ModelImport::Finished, &import, [&] { import.Start("/no/such.obj"); },
+        Qt::SingleShotConnection);
     ASSERT_TRUE(ends.wait(30000));
-    const auto outcome = ends.takeFirst()[0].value<ImportOutcome>();
-    EXPECT_TRUE(outcome.model) << outcome.message.toStdString();
+    EXPECT_TRUE(next().model);
+    ASSERT_TRUE(ends.wait(30000));
+    EXPECT_EQ(next().failure, ImportFailure::NotFound);
     EXPECT_FALSE(import.Running());
-}
-
-TEST(ModelImport, StartsTheNextFromItsOwnSignal)
-{
-    studio::ModelImport import(Importer());
-    QSignalSpy ends(&import, &studio::ModelImport::Finished);
-    QObject::connect(&import, &studio::ModelImport::Finished, &import,
-                     [&](const ImportOutcome& outcome) {
-                         if (!outcome.model) {
-                             import.Start(Data("tetra.ply"));
-                         }
-                     });
-    import.Start(QStringLiteral("/no/such.obj"));
-    while (ends.size() < 2) {
-        ASSERT_TRUE(ends.wait(30000));
-    }
-    EXPECT_TRUE(ends[1][0].value<ImportOutcome>().model);
 }
 
 }  // namespace
