@@ -1,42 +1,31 @@
-#include "Testing.h"
+#include "RunProgram.h"
+#include "SampleFolder.h"
 
 namespace {
 
-struct Outcome {
-    int exitCode = -1;
-    QString output;
-    QString errors;
-};
+using CorvexTest::Outcome;
+using CorvexTest::SampleFolder;
 
-Outcome RunProgram(const char* program, const QStringList& arguments,
-                   const QTemporaryDir& configuration = {})
+Outcome OutcomeOf(const char* program, const QStringList& arguments,
+                  const SampleFolder& configuration = {})
 {
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("XDG_CONFIG_HOME", configuration.path());
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments);
-    process.waitForFinished(240000);
-    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-            QString::fromUtf8(process.readAllStandardOutput()),
-            QString::fromUtf8(process.readAllStandardError())};
+    return CorvexTest::RunProgram(program, arguments, [&](QProcess& process) {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("XDG_CONFIG_HOME", configuration.Path());
+        process.setProcessEnvironment(environment);
+    });
 }
 
 Outcome Corvex(const QStringList& arguments)
 {
-    return RunProgram(COMMAND_PROGRAM, arguments);
-}
-
-Outcome Tour(const QStringList& arguments, const QTemporaryDir& configuration = {})
-{
-    return RunProgram(TOUR_PROGRAM, arguments, configuration);
+    return OutcomeOf(COMMAND_PROGRAM, arguments);
 }
 
 TEST(CommandLine, VersionAndHelpNeedNoDisplay)
 {
     qunsetenv("QT_QPA_PLATFORM");
     for (const char* program : {COMMAND_PROGRAM, STUDIO_PROGRAM}) {
-        EXPECT_TRUE(RunProgram(program, {"--version"}).output.startsWith("corvex 1.")) << program;
+        EXPECT_TRUE(OutcomeOf(program, {"--version"}).output.startsWith("corvex 1.")) << program;
     }
     for (const char* line : {"--help", "render --help", "library add -h"}) {
         const Outcome help = Corvex(QString(line).split(' '));
@@ -66,18 +55,16 @@ TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
 
 TEST(CommandLine, AResultThatCannotBeWrittenIsAFailure)
 {
-    QTemporaryDir folder;
-    const QString library = folder.filePath("a.cvm");
+    const SampleFolder folder;
+    const QString library = folder.PathOf("a.cvm");
     ASSERT_EQ(Corvex({"library", "add", library, "--name", "Oak"}).exitCode, 0);
     for (const char* line : {"--help", "--version", "library list %1", "library list %1 --json",
                              "library validate %1", "library add %1 --name Elm"}) {
-        QProcess process;
-        process.setStandardOutputFile("/dev/full");
-        process.start(QStringLiteral(STUDIO_PROGRAM),
-                      QString(line).replace("%1", library).split(' '));
-        process.waitForFinished(60000);
-        EXPECT_EQ(process.exitCode(), 1) << line;
-        EXPECT_EQ(process.readAllStandardError().count("No space left on device"), 1) << line;
+        const Outcome run = CorvexTest::RunProgram(
+            STUDIO_PROGRAM, QString(line).replace("%1", library).split(' '),
+            [](QProcess& process) { process.setStandardOutputFile("/dev/full"); });
+        EXPECT_EQ(run.exitCode, 1) << line;
+        EXPECT_EQ(run.errors.count("No space left on device"), 1) << line;
     }
 }
 
@@ -85,7 +72,7 @@ class Rendering : public testing::Test {
 protected:
     QImage Draw(const QStringList& what)
     {
-        const QString file = folder.filePath("picture.png");
+        const QString file = folder.PathOf("picture.png");
         const Outcome run =
             Corvex(QStringList{"render", "--size", "160x120", "--out", file} + what);
         EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
@@ -93,7 +80,7 @@ protected:
         return QImage(file);
     }
 
-    QTemporaryDir folder;
+    const SampleFolder folder;
     QString errors;  ///< what the last picture came with
 };
 
@@ -118,43 +105,26 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
     EXPECT_NE(picture.pixelColor(80, 75), picture.pixelColor(5, 75));
     EXPECT_FALSE(errors.contains("corvex:")) << errors.toStdString();
 
-    const auto write = [&](const char* name, const char* text) {
-        QFile file(folder.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    };
-    write("coloured.ply",
-          "ply\nformat ascii 1.0\nelement vertex 3\nproperty float x\nproperty float y\n"
-          "property float z\nproperty uchar red\nproperty uchar green\nproperty uchar blue\n"
-          "element face 1\nproperty list uchar int vertex_indices\nend_header\n"
-          "0 0 0 255 0 0\n1 0 0 0 255 0\n0 1 0 0 0 255\n3 0 1 2\n");
-    Draw({folder.filePath("coloured.ply")});
-    EXPECT_TRUE(errors.contains("a surface has one colour")) << errors.toStdString();
-
-    write("no.png", "no picture");
-    write("no.mtl", "newmtl no\nmap_Kd no.png\n");
-    write("no.obj", "mtllib no.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl no\nf 1 2 3\n");
-    Draw({folder.filePath("no.obj")});
+    folder.Write("no.png", "no picture");
+    folder.Write("no.mtl", "newmtl no\nmap_Kd no.png\n");
+    Draw(
+        {folder.Write("no.obj", "mtllib no.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl no\nf 1 2 3\n")});
     EXPECT_TRUE(errors.contains("no.png cannot be read")) << errors.toStdString();
 }
 
 TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
 {
-    const QString missing = folder.filePath("missing.obj");
-    const Outcome unread = Corvex({"render", missing, "--out", folder.filePath("a.png")});
+    const QString missing = folder.PathOf("missing.obj");
+    const Outcome unread = Corvex({"render", missing, "--out", folder.PathOf("a.png")});
     EXPECT_EQ(unread.exitCode, 1);
     EXPECT_TRUE(unread.errors.contains("missing.obj"));
-    const QString nowhere = folder.filePath("no/such/folder/a.png");
+    const QString nowhere = folder.PathOf("no/such/folder/a.png");
     const Outcome unwritten = Corvex({"render", "--primitive", "cube", "--out", nowhere});
     EXPECT_EQ(unwritten.exitCode, 1);
     EXPECT_TRUE(unwritten.errors.contains(nowhere));
 
-    const QString raytracer = folder.filePath("raytracer");
-    QFile script(raytracer);
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\ntouch \"$0.ran\"\necho broken\nexit 3\n");
-    script.close();
-    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    const QString raytracer =
+        folder.WriteScript("raytracer", "touch \"$0.ran\"\necho broken\nexit 3");
     qputenv("CORVEX_POVRAY", raytracer.toUtf8());
     qputenv("CORVEX_RENDERMAN", raytracer.toUtf8());
     const QStringList raytraced{"render", "--raytrace", "--primitive", "cube", "--out"};
@@ -163,7 +133,7 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
     for (const char* word : {"povray", "renderman"}) {
         const Outcome failed =
             Corvex({"render", "--raytracer", word, "--primitive", "cube", "--material",
-                    "textures.bump=b.png", "--out", folder.filePath("b.png")});
+                    "textures.bump=b.png", "--out", folder.PathOf("b.png")});
         EXPECT_TRUE(failed.errors.contains("exit code 3. It says: broken"))
             << failed.errors.toStdString();
         EXPECT_EQ(failed.errors.contains("RenderMan does not show: bump maps (shapes: 1)."),
@@ -175,24 +145,24 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
 
 TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)
 {
-    const QTemporaryDir pictures;
-    const QTemporaryDir configuration;
-    ASSERT_EQ(Tour({pictures.path()}, configuration).exitCode, 0);
-    const QStringList names = QDir(pictures.path()).entryList({"*.png"});
+    const SampleFolder pictures;
+    const SampleFolder configuration;
+    ASSERT_EQ(OutcomeOf(TOUR_PROGRAM, {pictures.Path()}, configuration).exitCode, 0);
+    const QStringList names = QDir(pictures.Path()).entryList({"*.png"});
     EXPECT_GE(names.size(), 12);
     for (const QString& name : names) {
-        EXPECT_FALSE(QImage(pictures.filePath(name)).isNull()) << name.toStdString();
+        EXPECT_FALSE(QImage(pictures.PathOf(name)).isNull()) << name.toStdString();
     }
-    const QImage large(pictures.filePath("21-at-200-per-cent.png"));
+    const QImage large(pictures.PathOf("21-at-200-per-cent.png"));
     EXPECT_EQ(large.size(), QSize(2000, 1400));
-    EXPECT_FALSE(QDir(configuration.path()).exists("Corvex"));
+    EXPECT_FALSE(QDir(configuration.Path()).exists("Corvex"));
 }
 
 TEST(Tour, AStepThatFailsEndsItWithOne)
 {
-    const QTemporaryDir pictures;
-    EXPECT_EQ(Tour({pictures.path(), "missing.obj", "--chapter", "large"}).exitCode, 1);
-    EXPECT_EQ(Tour({pictures.path(), "--chapter", "none"}).exitCode, 1);
+    const QString pictures = SampleFolder().Path();
+    EXPECT_EQ(OutcomeOf(TOUR_PROGRAM, {pictures, "missing.obj", "--chapter", "large"}).exitCode, 1);
+    EXPECT_EQ(OutcomeOf(TOUR_PROGRAM, {pictures, "--chapter", "none"}).exitCode, 1);
 }
 
 }  // namespace

@@ -96,9 +96,7 @@ TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)
     EXPECT_FALSE(QFile::exists(rig.PathOf("none.mtl")));
     Library().Add(studio::EntryOfMaterial({"Good", {}}, "/"));
     rig.Window().Exchange().Export(rig.PathOf("rest.mtl"));
-    QFile written(rig.PathOf("rest.mtl"));
-    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(written.readAll().contains("newmtl Good"));
+    EXPECT_TRUE(CorvexTest::ContentOf(rig.PathOf("rest.mtl")).contains("newmtl Good"));
     auto& rows = *rig.Find<QTableView>("rows").model();
     EXPECT_EQ(rows.index(0, 0).data().toString(), "Broken");
     EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 1U);

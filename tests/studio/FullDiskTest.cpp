@@ -4,11 +4,11 @@
 #include "MaterialDocument.h"
 #include "PictureFile.h"
 #include "PovRayScene.h"
+#include "RunProgram.h"
 #include "SampleFolder.h"
 #include "ShippedLibraries.h"
 #include "SimulationPictures.h"
 #include "StudioSceneExporter.h"
-#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
 #include <CorvexMaterial/Status.h>
 
@@ -40,23 +40,6 @@ struct WriterRow {
     void (*write)(const SampleFolder& folder, int version);
 };
 
-void Export(const SampleFolder& folder, const char* name, int version)
-{
-    studio::Report report;
-    studio::ExportMaterials(folder.PathOf(name).toStdString(),
-                            std::vector<studio::NamedMaterial>{{std::to_string(version), {}}},
-                            report);
-}
-
-void ExportScene(const SampleFolder& folder, const char* name, int version)
-{
-    studio::RaytraceScene scene;
-    scene.frame.width = 100 * version;
-    scene.frame.height = 100;
-    const QString file = folder.PathOf(name);
-    studio::WriteRaytraceScene(file, scene, {}, studio::ImagesBeside(file));
-}
-
 QImage PictureOf(int version)
 {
     QImage picture(8, 8, QImage::Format_RGB32);
@@ -84,13 +67,21 @@ constexpr WriterRow kWriters[] = {
              folder.PathOf("a.json").toStdString(),
              std::vector<studio::NamedMaterial>{{std::to_string(version), {}}});
      }},
-    {"MTL", [](const SampleFolder& folder, int version) { Export(folder, "a.mtl", version); }},
-    {"glTF", [](const SampleFolder& folder, int version) { Export(folder, "a.gltf", version); }},
-    {"MaterialX",
-     [](const SampleFolder& folder, int version) { Export(folder, "a.mtlx", version); }},
-    {"POV-Ray",
-     [](const SampleFolder& folder, int version) { ExportScene(folder, "a.pov", version); }},
-    {"RIB", [](const SampleFolder& folder, int version) { ExportScene(folder, "a.rib", version); }},
+    {"glTF",
+     [](const SampleFolder& folder, int version) {
+         studio::Report report;
+         studio::ExportMaterials(folder.PathOf("a.gltf").toStdString(),
+                                 std::vector<studio::NamedMaterial>{{std::to_string(version), {}}},
+                                 report);
+     }},
+    {"scene",
+     [](const SampleFolder& folder, int version) {
+         studio::RaytraceScene scene;
+         scene.frame.width = 100 * version;
+         scene.frame.height = 100;
+         const QString file = folder.PathOf("a.pov");
+         studio::WriteRaytraceScene(file, scene, {}, studio::ImagesBeside(file));
+     }},
     {"rendered picture",
      [](const SampleFolder& folder, int version) {
          studio::SavePicture(PictureOf(version), folder.PathOf("a.png"), {"png"});
@@ -169,13 +160,11 @@ TEST(FullDiskTest, FailsACommand)
     const SampleFolder folder;
     folder.Save("a.png", Qt::red);
     const auto run = [&](const QString& line) {
-        QProcess process;
-        process.setWorkingDirectory(folder.Path());
-        process.start(QStringLiteral(STUDIO_PROGRAM), line.split(u' '));
-        process.waitForFinished(60000);
-        return std::pair(process.exitCode(), process.readAllStandardError().toStdString());
+        return CorvexTest::RunProgram(STUDIO_PROGRAM, line.split(u' '), [&](QProcess& process) {
+            process.setWorkingDirectory(folder.Path());
+        });
     };
-    ASSERT_EQ(run("library add a.cvm --name Oak").first, 0);
+    ASSERT_EQ(run("library add a.cvm --name Oak").exitCode, 0);
     const auto before = FilesIn(folder.Path());
     for (const auto& [line, file] :
          {std::pair("library export a.cvm --out a.json", "a.json"),
@@ -183,9 +172,10 @@ TEST(FullDiskTest, FailsACommand)
           std::pair("render --primitive cube --out a.png", "a.png"),
           std::pair("export a.pov --primitive cube", "a.pov")}) {
         const FullDisk disk;
-        const auto [code, errors] = run(line);
-        EXPECT_EQ(code, 1) << line;
-        EXPECT_THAT(errors, AllOf(HasSubstr(file), HasSubstr("File too large")));
+        const CorvexTest::Outcome outcome = run(line);
+        EXPECT_EQ(outcome.exitCode, 1) << line;
+        EXPECT_THAT(outcome.errors.toStdString(),
+                    AllOf(HasSubstr(file), HasSubstr("File too large")));
         EXPECT_EQ(FilesIn(folder.Path()), before) << line;
     }
 }

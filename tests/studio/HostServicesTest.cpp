@@ -6,12 +6,12 @@
 #include "OptionsDialog.h"
 #include "RecentFiles.h"
 #include "RecordingPlatform.h"
+#include "SampleFolder.h"
 #include "StatusMessage.h"
 #include "StudioDesktop.h"
 #include "StudioSettings.h"
 #include "StudioTables.h"
-
-#include "Testing.h"
+#include "ThirdRaytracer.h"
 #include <CorvexMaterial/QtPlatform.h>
 #include <CorvexMaterial/Status.h>
 
@@ -28,16 +28,11 @@ TEST(NumberFields, AcceptWithinRangeAndDecimals)
     };
     const CorvexTest::CommaLocale commas;
     for (const auto& [text, range, accepted] :
-         std::initializer_list<Row>{{"1.5", {0, 0, 10, 2}, "1.50"},
-                                    {"1,5", {0, 0, 10, 2}, "1.50"},
-                                    {" 7 ", {0, 0, 10, 0}, "7"},
-                                    {"11", {0, 0, 10, 1}, "10.0"},
-                                    {"-3", {0, -1, 10, 0}, "-1"},
-                                    {"", {4, 0, 10, 1}, "4.0"},
-                                    {"ten", {4, 0, 10, 0}, "4"},
-                                    {"nan", {4, 0, 10, 0}, "4"},
-                                    {"1e400", {4, 0, 10, 0}, "4"},
-                                    {"5", {0, 8, 2, 0}, "8"}}) {
+         {Row{"1.5", {0, 0, 10, 2}, "1.50"}, Row{"1,5", {0, 0, 10, 2}, "1.50"},
+          Row{" 7 ", {0, 0, 10, 0}, "7"}, Row{"11", {0, 0, 10, 1}, "10.0"},
+          Row{"-3", {0, -1, 10, 0}, "-1"}, Row{"", {4, 0, 10, 1}, "4.0"},
+          Row{"ten", {4, 0, 10, 0}, "4"}, Row{"nan", {4, 0, 10, 0}, "4"},
+          Row{"1e400", {4, 0, 10, 0}, "4"}, Row{"5", {0, 8, 2, 0}, "8"}}) {
         EXPECT_EQ(studio::NumberField().Accept(text, range), accepted) << text;
     }
 }
@@ -66,9 +61,7 @@ TEST(EventLogFile, StaysBoundedAndKeepsOneLinePerEvent)
     EXPECT_LE(QFileInfo(path).size(), 2000);
     EXPECT_LE(QFileInfo(path + ".1").size(), 2000);
     EXPECT_TRUE(QFileInfo::exists(path + ".1"));
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QList<QByteArray> lines = file.readAll().trimmed().split('\n');
+    const QList<QByteArray> lines = CorvexTest::ContentOf(path).trimmed().split('\n');
     for (const QByteArray& line : lines) {
         EXPECT_TRUE(line.contains(" line one forged line ")) << line.constData();
     }
@@ -77,10 +70,8 @@ TEST(EventLogFile, StaysBoundedAndKeepsOneLinePerEvent)
 
 TEST(EventLogFile, AFolderThatCannotBeMadeIsNoTrouble)
 {
-    const QTemporaryDir folder;
-    QFile inTheWay(folder.filePath("state"));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    studio::EventLog log(folder.filePath("state"));
+    const CorvexTest::SampleFolder folder;
+    studio::EventLog log(folder.Write("state", "a file"));
     EXPECT_NO_THROW(log.RecordEvent("lost"));
 }
 
@@ -159,12 +150,12 @@ TEST(CustomFieldNames, TakeTheirValuesAlongWhenTheirLinesChange)
         int notes;  ///< on values that are called otherwise
     };
     for (const auto& [before, after, moves, notes] :
-         std::initializer_list<Row>{{"A\nB", "A\nB\nC", studio::kNoFieldMoves, 0},
-                                    {"A\nB", "B\nA", {1, 0, 2, 3, 4, 5}, 0},
-                                    {"A\nB\nC", "New\nA\nB\nC", {3, 0, 1, 2, 4, 5}, 0},
-                                    {"A\nB", "A\nMaker", studio::kNoFieldMoves, 1},
-                                    {"A\nB", "B", {1, 0, 2, 3, 4, 5}, 1},
-                                    {"A\nA\nB", "B\nA\nA", {2, 0, 1, 3, 4, 5}, 0}}) {
+         {Row{"A\nB", "A\nB\nC", studio::kNoFieldMoves, 0},
+          Row{"A\nB", "B\nA", {1, 0, 2, 3, 4, 5}, 0},
+          Row{"A\nB\nC", "New\nA\nB\nC", {3, 0, 1, 2, 4, 5}, 0},
+          Row{"A\nB", "A\nMaker", studio::kNoFieldMoves, 1},
+          Row{"A\nB", "B", {1, 0, 2, 3, 4, 5}, 1},
+          Row{"A\nA\nB", "B\nA\nA", {2, 0, 1, 3, 4, 5}, 0}}) {
         const QStringList old = QString(before).split('\n');
         const QStringList names = QString(after).split('\n');
         EXPECT_EQ(studio::MovesOf(old, names), moves) << after;
@@ -181,6 +172,34 @@ TEST_F(OwnSettings, NamesOfCustomFieldsKeepTheirPlaces)
     studio::OptionsDialog(settings, processes).Store();
     EXPECT_EQ(studio::StudioCustomFields(settings).GetCustomMaterialFieldNames(),
               (std::vector<std::string>{"", "Supplier"}));
+}
+
+void WriteThird(studio::TextStream& out, const studio::RaytraceScene& scene,
+                studio::RaytraceImages& /*images*/)
+{
+    out << "shapes " << scene.frame.items.size() << '\n';
+    out.Finish();
+}
+
+TEST_F(OwnSettings, AThirdRaytracerIsChosenAndWorksWithItsRowAndItsWriter)
+{
+    const auto& rows = CorvexTest::RowsWithThird();
+    std::vector<studio::SceneWriter> writers(studio::SceneWriters().begin(),
+                                             studio::SceneWriters().end());
+    writers.push_back({&rows.back(), {"png", ".png", "png", nullptr}, WriteThird});
+    const CorvexTest::SampleFolder folder;
+    const QString program = folder.WriteScript("program", CorvexTest::kThirdProgram);
+    CorvexMaterial::QtPlatform desktop;
+    studio::OptionsDialog options(settings, desktop.Get().processes, nullptr, writers);
+    options.findChild<QComboBox*>("raytracer")->setCurrentText("Third");
+    options.findChild<QLineEdit*>("thirdProgram")->setText(program);
+    options.Store();
+    EXPECT_EQ(settings.Number("Raytracer", 0), 2);
+    EXPECT_EQ(settings.RaytracerProgram(rows[2].program), program);
+    EXPECT_EQ(settings.RaytracerProgram(rows[1].program), "");
+    options.findChild<QAbstractButton*>("testThird")->click();
+    const auto* status = options.findChild<QLabel*>("thirdStatus");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return status->text() == "Third works."; }, 10000));
 }
 
 }  // namespace

@@ -144,14 +144,27 @@ TEST_F(Library, MissingOneLeavesNothingOpenBehindAnEmptyPanel)
 
 TEST_F(Library, GetsItsRowsBackAndNothingElseAfterItFilledTheDock)
 {
-    const int rows = rig.Find<QWidget>("dfeMaterialLibrary").height();
-    rig.Type("txtAmbient", "33");
+    using CorvexMaterial::IMaterial;
+    LibraryFile::Create(rig.PathOf("data/Other.cvm").toStdString(), LibraryKind::Materials);
+    rig.Select({0});
+    rig.Choose("cboColor", "Bronze");
+    rig.Window().Panel().put_lPreviewPrimitive(4);
+    rig.Window().Panel().LoadMaterialLibrary("Other.cvm");
+    const int height = rig.Find<QWidget>("dfeMaterialLibrary").height();
+    const auto material = rig.Shape(0)->Material();
+    const int steps = History().count();
+    const auto& more = rig.Find<QWidget>("cmdMaterialLibraryMore");
+
     rig.Trigger("Fill the Dock");
-    EXPECT_FALSE(rig.Find<QAbstractButton>("cmdMaterialLibraryMore").isEnabled());
+    EXPECT_FALSE(more.isEnabled());
     rig.Trigger("Saved Layout");
-    EXPECT_TRUE(rig.Find<QAbstractButton>("cmdMaterialLibraryMore").isEnabled());
-    EXPECT_EQ(rig.Find<QWidget>("dfeMaterialLibrary").height(), rows);
-    EXPECT_EQ(rig.TextOf("txtAmbient"), "33");
+    EXPECT_TRUE(more.isEnabled());
+    EXPECT_EQ(rig.Find<QWidget>("dfeMaterialLibrary").height(), height);
+    EXPECT_EQ(rig.Read(&IMaterial::get_lPreviewPrimitive), 4);
+    EXPECT_EQ(rig.Find<QComboBox>("cboColor").currentText(), "Bronze");
+    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Other.cvm");
+    EXPECT_EQ(rig.Shape(0)->Material(), material);
+    EXPECT_EQ(History().count(), steps);
 }
 
 TEST_F(Library, ShowsWhatAnotherProgramChangedWhenTheWindowIsBack)
@@ -248,9 +261,9 @@ TEST_F(Library, DroppedOnTheWindowIsOpened)
     };
     rig.Window().Dock().hide();
     for (const auto& [file, kind, shown] :
-         std::initializer_list<Row>{{"data/Other.cvm", LibraryKind::Materials, "Other.cvm"},
-                                    {"Far.CVM", LibraryKind::Materials, rig.PathOf("Far.CVM")},
-                                    {"Far.cvt", LibraryKind::Textures, rig.PathOf("Far.cvt")}}) {
+         {Row{"data/Other.cvm", LibraryKind::Materials, "Other.cvm"},
+          Row{"Far.CVM", LibraryKind::Materials, rig.PathOf("Far.CVM")},
+          Row{"Far.cvt", LibraryKind::Textures, rig.PathOf("Far.cvt")}}) {
         LibraryFile::Create(rig.PathOf(file).toStdString(), kind);
         QWidget* const targets[] = {&rig.Window(), &rig.Window().Dock()};
         EXPECT_TRUE(CorvexTest::DropFile(*targets[kind == LibraryKind::Textures], rig.PathOf(file),

@@ -96,10 +96,8 @@ TEST_F(Raytracing, ThePreviewBecomesPovRaysPicture)
     udtMaterial checked = RedAndBlue();
     checked.RayTrace.ColorPattern = 5;
     udtMaterial textured;
-    const QString texture = folder.filePath(QString::fromUtf8("Bild #1, \"мрамор\" 石.tga.png"));
-    QImage purple(8, 8, QImage::Format_RGB32);
-    purple.fill(QColor(210, 30, 180));
-    ASSERT_TRUE(purple.save(texture));
+    const QString texture =
+        rig.files.Save(QString::fromUtf8("Bild #1, \"мрамор\" 石.tga.png"), QColor(210, 30, 180));
     textured.Textures.primary = texture.toStdString();
     const QString workingFolder = QDir::currentPath();
     for (const udtMaterial& material : {checked, textured}) {
@@ -166,9 +164,7 @@ TEST_F(Raytracing, ASimulationStaysForAsLongAsSomethingRefersToIt)
 
 TEST_F(Raytracing, TheOptionsTestTheProgramThatTheyNameAndNoOther)
 {
-    const QString stubborn =
-        rig.files.Write("stubborn", "#!/bin/sh\ntrap '' TERM\nexec sleep 60\n");
-    QFile(stubborn).setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    const QString stubborn = rig.files.WriteScript("stubborn", "trap '' TERM\nexec sleep 60");
     rig.Trigger("Options...");
     auto& program = rig.Find<QLineEdit>("povRayProgram");
     auto& test = rig.Find<QAbstractButton>("testPovRay");
@@ -200,30 +196,24 @@ TEST_F(Raytracing, TheOptionsTestTheProgramThatTheyNameAndNoOther)
 
 TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
 {
-    QImage green(8, 8, QImage::Format_RGB32);
-    green.fill(Qt::darkGreen);
-    green.save(rig.PathOf("green.tif"));
-    const QString renderer = rig.PathOf("a renderer");
-    QFile script(renderer);
-    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\n"
-                 "printf '%s ' \"$@\" >> \"$0.log\"\n"
-                 "grep -q '^WorldEnd$' \"$4\" || exit 1\n"
-                 "grep -q \"^Format $2 $3 1$\" \"$4\" || echo 'ERROR: another size'\n"
-                 "image=$(sed -n 's/.*\"string texturename\" .\"\\(.*\\)\".*/\\1/p' \"$4\")\n"
-                 "[ -f \"$image\" ] || echo \"ERROR: there is no image $image\"\n"
-                 "out=$(sed -n 's/^Display \"\\(.*\\)\" \"file\".*/\\1/p' \"$4\")\n"
-                 "(printf 'P6 %d %d 255\\n' $2 $3; head -c $(($2 * $3 * 3)) /dev/zero | tr '\\0' d)"
-                 " > \"$out\"\n");
-    script.close();
-    script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    const QString green = rig.files.Save("green.tif", Qt::darkGreen);
+    const QString renderer = rig.files.WriteScript(
+        "a renderer",
+        "printf '%s ' \"$@\" >> \"$0.log\"\n"
+        "grep -q '^WorldEnd$' \"$4\" || exit 1\n"
+        "grep -q \"^Format $2 $3 1$\" \"$4\" || echo 'ERROR: another size'\n"
+        "image=$(sed -n 's/.*\"string texturename\" .\"\\(.*\\)\".*/\\1/p' \"$4\")\n"
+        "[ -f \"$image\" ] || echo \"ERROR: there is no image $image\"\n"
+        "out=$(sed -n 's/^Display \"\\(.*\\)\" \"file\".*/\\1/p' \"$4\")\n"
+        "(printf 'P6 %d %d 255\\n' $2 $3; head -c $(($2 * $3 * 3)) /dev/zero | tr '\\0' d)"
+        " > \"$out\"");
     rig.Trigger("Options...");
     rig.Find<QComboBox>("raytracer").setCurrentIndex(1);
     rig.Find<QLineEdit>("renderManProgram").setText(renderer);
     rig.Find<QDialog>("OptionsDialog").accept();
 
     udtMaterial painted;
-    painted.Textures.primary = rig.PathOf("green.tif").toStdString();
+    painted.Textures.primary = green.toStdString();
     Show(painted);
     rig.Press("cmdPreview");
     ASSERT_TRUE(rig.prompts.shown.empty()) << rig.prompts.shown.front().details;
@@ -231,17 +221,14 @@ TEST_F(Raytracing, ARenderManRendererFindsPictureAndImagesWhereItWorks)
     EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(100, 100, 100));
     EXPECT_TRUE(QTest::qWaitFor([&] { return Files().isEmpty(); }, 5000))
         << "the images go with the scene";
-    QFile log(renderer + ".log");
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(QRegularExpression("^-res \\d+ \\d+ .*/~CVX\\d+\\.rib $")
-                    .match(QString::fromUtf8(log.readAll()))
-                    .hasMatch());
+    const auto log = [&] { return CorvexTest::ContentOf(renderer + ".log").toStdString(); };
+    EXPECT_THAT(log(), testing::MatchesRegex("-res [0-9]+ [0-9]+ .*/~CVX[0-9]+[.]rib "));
 
     rig.Find<QAction>("renderScene").trigger();
     const auto& status = rig.Find<QLabel>("renderStatus");
     EXPECT_TRUE(QTest::qWaitFor([&] { return status.text().endsWith(" pixels"); }, 5000))
         << status.text().toStdString();
-    EXPECT_TRUE(log.readAll().endsWith(" scene.rib "));
+    EXPECT_TRUE(log().ends_with(" scene.rib "));
 }
 
 }  // namespace

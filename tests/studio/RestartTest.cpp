@@ -1,6 +1,5 @@
 #include "CommaLocale.h"
 #include "EndRequests.h"
-#include "LibraryFile.h"
 #include "SampleMaterial.h"
 #include "StudioRig.h"
 
@@ -24,13 +23,16 @@ TEST(Restart, BringsMaterialPreviewAndWindowBackUnderACommaLocale)
     const CorvexTest::CommaLocale comma;
     StudioRig rig;
     rig.Start();
+    EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialPanel));
+    EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialLibraryPanel));
     rig.Choose("cboColor", "Bronze");
     rig.Type("txtAmbient", "85");
     rig.Choose("cboAlphaTest", "Greater/Eq.");
     rig.Press("chkDoubleSided");
     ASSERT_EQ(rig.Window().Panel().put_TextureTilesPerUnit(0.25F), Status::Success);
     ASSERT_EQ(rig.Window().Panel().put_lPreviewPrimitive(3), Status::Success);
-    ASSERT_EQ(rig.Window().Panel().put_bMaterialLibraryPanel(true), Status::Success);
+    ASSERT_EQ(rig.Window().Panel().put_bMaterialLibraryPanel(false), Status::Success);
+    ASSERT_EQ(rig.Window().Panel().put_bMaterialPanel(false), Status::Success);
     rig.Window().Dock().hide();
     rig.Window().resize(1010, 707);
     rig.Stop();
@@ -42,22 +44,11 @@ TEST(Restart, BringsMaterialPreviewAndWindowBackUnderACommaLocale)
     EXPECT_TRUE(rig.Find<QCheckBox>("chkDoubleSided").isChecked());
     EXPECT_EQ(rig.Read(&IMaterial::get_TextureTilesPerUnit), 0.25F);
     EXPECT_EQ(rig.Read(&IMaterial::get_lPreviewPrimitive), 3);
-    EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialLibraryPanel));
+    EXPECT_FALSE(rig.Read(&IMaterial::get_bMaterialLibraryPanel));
+    EXPECT_FALSE(rig.Read(&IMaterial::get_bMaterialPanel));
     EXPECT_TRUE(rig.Window().Dock().isHidden());
     EXPECT_EQ(rig.Window().size(), QSize(1010, 707));
     EXPECT_TRUE(rig.prompts.shown.empty());
-}
-
-TEST(Restart, FirstStartOpensThePanelAndALaterOneKeepsTheUsersChoice)
-{
-    StudioRig rig;
-    rig.Start();
-    EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialPanel));
-    EXPECT_TRUE(rig.Read(&IMaterial::get_bMaterialLibraryPanel));
-    rig.Window().Panel().put_bMaterialPanel(false);
-    rig.Stop();
-    rig.Start();
-    EXPECT_FALSE(rig.Read(&IMaterial::get_bMaterialPanel));
 }
 
 TEST(Restart, TheFirstWindowFitsTheScreenAndAFloatingPanelComesBackAboveIt)
@@ -105,32 +96,6 @@ TEST(Restart, ExportBeginsWhereTheLastOneEnded)
         EXPECT_EQ(dialog.directory().path(), folder);
         dialog.reject();
     });
-}
-
-TEST(PanelLayoutCommands, SavedLayoutKeepsWhatIsBeingEdited)
-{
-    StudioRig rig;
-    rig.Start();
-    studio::LibraryFile::Create(rig.PathOf("data/Other.cvm").toStdString(),
-                                studio::LibraryKind::Materials);
-    rig.Select({0});
-    rig.Choose("cboColor", "Bronze");
-    rig.Window().Panel().put_lPreviewPrimitive(4);
-    rig.Window().Panel().LoadMaterialLibrary("Other.cvm");
-    const auto material = rig.Shape(0)->Material();
-    const int steps = rig.Window().History().count();
-
-    rig.Trigger("Fill the Dock");
-    EXPECT_FALSE(rig.Find<QWidget>("cmdMaterialLibraryMore").isEnabled());
-    rig.Trigger("Saved Layout");
-    EXPECT_TRUE(rig.Find<QWidget>("cmdMaterialLibraryMore").isEnabled());
-
-    EXPECT_FALSE(rig.Read(&IMaterial::get_bTexturePanel));
-    EXPECT_EQ(rig.Read(&IMaterial::get_lPreviewPrimitive), 4);
-    EXPECT_EQ(rig.Find<QComboBox>("cboColor").currentText(), "Bronze");
-    EXPECT_EQ(rig.Find<QComboBox>("cboMaterialLibrary").currentText(), "Other.cvm");
-    EXPECT_EQ(rig.Shape(0)->Material(), material);
-    EXPECT_EQ(rig.Window().History().count(), steps);
 }
 
 TEST(SettingsFile, GarbageIsKeptAsideAndToldOnce)
