@@ -1,22 +1,23 @@
 #include "LibraryDrag.h"
 #include "LibraryToolTip.h"
-#include "SampleEntries.h"
-#include "Testing.h"
+#include "SampleMaterials.h"
+#include "StoredPath.h"
+#include "TextureText.h"
 
 #include <QMimeData>
 #include <QUrl>
 
 namespace {
 
-using BrowserTest::SampleLibraries;
+using LibraryTest::TemporaryLibrary;
 
 TEST(LibraryDrag, MaterialArrivesAsItWas)
 {
-    SampleLibraries libraries;
-    auto file = libraries.Materials("Drag.cvm", {});
+    const TemporaryLibrary library;
+    auto file = library.Open();
     studio::NamedMaterial ruby{"Ruby <b>&", {}};
     ruby.material.Color = 0x2010E0;
-    ruby.material.Textures.bump = libraries.PathOf("Textures/bump.png");
+    ruby.material.Textures.bump = library.PathOf("Textures/bump.png");
     ruby.material.Plugin = "Marble";
     ruby.material.PluginParameters = {1.0F, 0.1F};
     file.Add(studio::EntryOfMaterial(ruby, studio::FolderOf(file.Path())));
@@ -28,37 +29,27 @@ TEST(LibraryDrag, MaterialArrivesAsItWas)
     EXPECT_TRUE(studio::DraggedTexture(*data).isEmpty());
 }
 
-TEST(LibraryDrag, OnlyImageFilesAreTextures)
+TEST(LibraryDrag, OnlyOneImageFileIsATexture)
 {
-    struct Case {
-        const char* url;
-        bool isTexture;
-    };
-    for (const Case& row :
-         {Case{"file:///t/oak.PNG", true}, Case{"file:///t/oak.tga", true},
-          Case{"file:///t/teapot.obj", false}, Case{"https://host/oak.png", false}}) {
+    const auto isTexture = [](const QList<QUrl>& urls) {
         QMimeData data;
-        data.setUrls({QUrl(QLatin1String(row.url))});
-        EXPECT_EQ(!studio::DraggedTexture(data).isEmpty(), row.isTexture) << row.url;
+        data.setUrls(urls);
         EXPECT_FALSE(studio::DraggedMaterial(data).has_value());
-    }
-}
-
-TEST(LibraryDrag, SeveralFilesAreNoTexture)
-{
-    QMimeData data;
-    data.setUrls({QUrl("file:///t/oak.png"), QUrl("file:///t/elm.png")});
-    EXPECT_TRUE(studio::DraggedTexture(data).isEmpty());
+        return !studio::DraggedTexture(data).isEmpty();
+    };
+    EXPECT_TRUE(isTexture({QUrl("file:///t/oak.PNG")}));
+    EXPECT_TRUE(isTexture({QUrl("file:///t/oak.tga")}));
+    EXPECT_FALSE(isTexture({QUrl("file:///t/teapot.obj")}));
+    EXPECT_FALSE(isTexture({QUrl("https://host/oak.png")}));
+    EXPECT_FALSE(isTexture({QUrl("file:///t/oak.png"), QUrl("file:///t/elm.png")}));
 }
 
 TEST(LibraryToolTip, SaysOfATextureThatItIsMissingOnlyWhenItIs)
 {
-    const SampleLibraries libraries;
-    const std::string path = libraries.PathOf("Tips.cvt");
-    studio::LibraryFile::Create(path, studio::LibraryKind::Textures);
-    auto file = studio::LibraryFile::Open(path, studio::LibraryKind::Textures);
-    for (const std::string& texture : {path, path + ".png"}) {
-        file.Add(studio::EntryOfTexture(texture, studio::FolderOf(path)));
+    const TemporaryLibrary library(studio::LibraryKind::Textures);
+    auto file = library.Open();
+    for (const std::string& texture : {library.Path(), library.PathOf("gone.png")}) {
+        file.Add(studio::EntryOfTexture(texture, library.PathOf("")));
     }
     EXPECT_FALSE(studio::LibraryToolTipText(file, 0, {}).contains("(missing)"));
     EXPECT_TRUE(studio::LibraryToolTipText(file, 1, {}).contains("(missing)"));

@@ -50,29 +50,24 @@ Names NamesIn(const QString& library)
     return names;
 }
 
-struct Change {
-    QStringList arguments;
-    Names after;
-};
-
-Change NextChange(std::mt19937& dice, const Names& before, int number)
+/// Arguments of a command that changes the library, whose names become those it leaves.
+QStringList NextChange(std::mt19937& dice, Names& names, int number)
 {
-    Change change{{}, before};
     const auto kind = dice() % 10;
-    if (kind < 2 && !before.empty()) {
-        std::erase(change.after, before.front());
-        change.arguments = {"remove", "a.cvm", QString::fromStdString(before.front())};
-    } else if (kind == 2 && !before.empty()) {
-        change.arguments = {"empty-trash", "a.cvm"};
-    } else if (kind < 5) {
-        change.after.insert(change.after.end(), {"one", "two", "three"});
-        change.arguments = {"import", "a.cvm", "three.json"};
-    } else {
-        change.after.push_back("entry " + std::to_string(number));
-        change.arguments = {"add", "a.cvm", "--name", QString::fromStdString(change.after.back())};
+    if (kind < 2 && !names.empty()) {
+        const auto first = QString::fromStdString(names.front());
+        std::erase(names, names.front());
+        return {"library", "remove", "a.cvm", first};
     }
-    change.arguments.prepend("library");
-    return change;
+    if (kind == 2) {
+        return {"library", "empty-trash", "a.cvm"};
+    }
+    if (kind < 5) {
+        names.insert(names.end(), {"one", "two", "three"});
+        return {"library", "import", "a.cvm", "three.json"};
+    }
+    names.push_back("entry " + std::to_string(number));
+    return {"library", "add", "a.cvm", "--name", QString::fromStdString(names.back())};
 }
 
 TEST_F(Killing, LibraryChanges)
@@ -89,11 +84,12 @@ TEST_F(Killing, LibraryChanges)
             QFile::remove(library);
             names.clear();
         }
-        const Change change = NextChange(household->dice, names, number);
-        const bool isDone = household->RunAndKill(change.arguments, 150ms);
+        const Names before = names;
+        const QStringList change = NextChange(household->dice, names, number);
+        const bool isDone = household->RunAndKill(change, 150ms);
         const Names found = NamesIn(library);
-        EXPECT_TRUE(found == change.after || (!isDone && found == names))
-            << change.arguments.join(' ').toStdString();
+        EXPECT_TRUE(found == names || (!isDone && found == before))
+            << change.join(' ').toStdString();
         names = found;
     });
 }
