@@ -1,7 +1,6 @@
 #include "SampleMaterials.h"
 
 #include "LibraryReading.h"
-#include "Testing.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

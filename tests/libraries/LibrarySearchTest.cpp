@@ -1,7 +1,6 @@
 #include "SampleMaterials.h"
 
 #include "LibraryQuery.h"
-#include "Testing.h"
 #include "TextureText.h"
 
 namespace {
@@ -83,18 +82,15 @@ TEST_F(Searching, FindsByNameAndProperty)
              Search{"SPECULAR>=90 specular<1e3", "1"},
              Search{"specular!=0", "1"},
              Search{"has:bump", "3"},
-             Search{"has:height-map", "3"},
              Search{"has:texture", "0"},
              Search{"-has:plugin", "012"},
              Search{"has:field", "3"},
              Search{"has:thumbnail", ""},
              Search{"is:doublesided", "2"},
-             Search{"is:two-sided", "2"},
              Search{"raytrace.brilliance>7.5 raytrace.reflection=0", "1"},
              Search{"tiles-per-unit=1 -is:metallic", "0123"},
              Search{"is:metallic", ""},
              Search{"color~gold", "1"},
-             Search{"base-colour~gold", "1"},
              Search{"colour~#0000ff", "2"},
              Search{"color~\"alice blue\" -has:plugin", "0"},
              Search{"color=blue", ""},

@@ -1,5 +1,4 @@
 #include "Household.h"
-#include "Testing.h"
 
 #include <QDirIterator>
 

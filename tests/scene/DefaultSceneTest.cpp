@@ -1,5 +1,4 @@
 #include "DefaultScene.h"
-#include "Testing.h"
 
 namespace {
 

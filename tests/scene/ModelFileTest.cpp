@@ -1,7 +1,6 @@
 #include "Formats.h"
 #include "ModelPacking.h"
 #include "ShapeNames.h"
-#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
 #include <cstring>

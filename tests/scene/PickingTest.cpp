@@ -1,7 +1,6 @@
 #include "Picking.h"
 #include "BoxShape.h"
 #include "ParametricMesh.h"
-#include "Testing.h"
 
 namespace {
 

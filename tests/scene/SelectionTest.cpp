@@ -1,6 +1,5 @@
 #include "Selection.h"
 #include "BoxShape.h"
-#include "Testing.h"
 
 namespace {
 

@@ -81,25 +81,4 @@ void StudioRig::Reveal(const QWidget& control)
     }
 }
 
-void StudioRig::Type(const char* field, const QString& text)
-{
-    auto& target = Find<QLineEdit>(field);
-    Reveal(target);
-    CorvexTest::Type(target, text);
-}
-
-void StudioRig::Choose(const char* list, const QString& entry)
-{
-    auto& target = Find<QComboBox>(list);
-    Reveal(target);
-    CorvexTest::Choose(target, entry);
-}
-
-void StudioRig::Press(const char* control)
-{
-    auto& target = Find<QWidget>(control);
-    Reveal(target);
-    CorvexTest::Click(target);
-}
-
 }  // namespace StudioTest

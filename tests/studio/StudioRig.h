@@ -45,10 +45,23 @@ public:
     {
         return CorvexTest::ReadFrom(m_window->Panel(), get);
     }
-    // Each turns to the tab that holds the control first, as a user does.
-    void Type(const char* field, const QString& text);
-    void Choose(const char* list, const QString& entry);
-    void Press(const char* control);
+    /// Turns to the tab that holds the control first, as a user does.
+    template <typename Widget>
+    Widget& Shown(const char* name)
+    {
+        auto& control = Find<Widget>(name);
+        Reveal(control);
+        return control;
+    }
+    void Type(const char* field, const QString& text)
+    {
+        CorvexTest::Type(Shown<QLineEdit>(field), text);
+    }
+    void Choose(const char* list, const QString& entry)
+    {
+        CorvexTest::Choose(Shown<QComboBox>(list), entry);
+    }
+    void Press(const char* control) { CorvexTest::Click(Shown<QWidget>(control)); }
     [[nodiscard]] QString TextOf(const char* field) { return Find<QLineEdit>(field).text(); }
 
     /// Triggers what a menu offers.

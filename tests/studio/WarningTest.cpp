@@ -1,6 +1,5 @@
 #include "RecordingPlatform.h"
 
-#include "Testing.h"
 #include "WarningPresenter.h"
 
 #include <QDialogButtonBox>
