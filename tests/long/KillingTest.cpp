@@ -54,9 +54,9 @@ QStringList NextChange(std::mt19937& dice, Names& names, int number)
 {
     const auto kind = dice() % 10;
     if (kind < 2 && !names.empty()) {
-        const auto first = QString::fromStdString(names.front());
-        std::erase(names, names.front());
-        return {"library", "remove", "a.cvm", first};
+        const std::string first = names.front();
+        std::erase(names, first);
+        return {"library", "remove", "a.cvm", QString::fromStdString(first)};
     }
     if (kind == 2) {
         return {"library", "empty-trash", "a.cvm"};
