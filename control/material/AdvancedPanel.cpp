@@ -17,23 +17,12 @@ AdvancedPanel::AdvancedPanel(QWidget* parent)
     m_ui->txtAlphaTestReference->setText(
         QString::fromUtf8(FactoryText(Attribute::AlphaTestReference)));
     FillAlphaTests();
-    const auto edited = [this](Attribute attribute) {
-        return [this, attribute] { Q_EMIT Edited({{attribute}}); };
-    };
-    connect(m_ui->txtAlphaTestReference, &QLineEdit::textChanged, this, [this] {
-        Q_EMIT Edited(m_ui->txtAlphaTestReference->Touched(Attribute::AlphaTestReference));
-    });
-    connect(m_ui->chkDoubleSided, &QCheckBox::clicked, this, edited(Attribute::DoubleSided));
-    connect(m_ui->chkApplyRelative, &QCheckBox::clicked, this, edited(Attribute::ApplyRelative));
     // Partially ticked is set by program only, so a click must not pass through it.
     connect(m_ui->chkApplyRelative, &QCheckBox::stateChanged, this, [this](int state) {
         m_ui->chkApplyRelative->setTristate(state == Qt::PartiallyChecked);
     });
-    connect(m_ui->chkAlphaIsTransparent, &QCheckBox::clicked, this,
-            edited(Attribute::AlphaIsTransparent));
     connect(m_ui->cboAlphaTest, &QComboBox::currentIndexChanged, this,
             &AdvancedPanel::FollowAlphaTest);
-    connect(m_ui->cboAlphaTest, &QComboBox::activated, this, edited(Attribute::AlphaTest));
     connect(m_ui->cmdAdvancedOptionsResetDefaults, &QToolButton::clicked, this,
             &AdvancedPanel::ResetPressed);
     GuardWheel(*this);

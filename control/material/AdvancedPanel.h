@@ -1,7 +1,5 @@
 #pragma once
 
-#include "TouchedRows.h"
-
 #include <QWidget>
 
 #include <memory>
@@ -25,7 +23,6 @@ public:
     void FillAlphaTests();
 
 Q_SIGNALS:
-    void Edited(const CorvexMaterial::TouchedRows& touched);
     void ResetPressed();
 
 private:

@@ -22,6 +22,11 @@ std::int32_t ToWhole(const std::string& text)
     return WholeNumberFromText(text).value_or(0);
 }
 
+auto EditOf(Attribute attribute, AttributePanel& panel)
+{
+    return [attribute, &panel] { Q_EMIT panel.Edited({{attribute}}); };
+}
+
 }  // namespace
 
 PanelAttributes::PanelAttributes(AttributePanel& panel) : m_panel(panel)
@@ -41,6 +46,9 @@ void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
         [&field] { return field.text().toStdString(); },
         [&field](const std::string& text) { field.setText(QString::fromStdString(text)); },
         [&field] { return field.Value(); }};
+    QObject::connect(
+        &field, &QLineEdit::textChanged, &m_panel,
+        [attribute, &field, &panel = m_panel] { Q_EMIT panel.Edited(field.Touched(attribute)); });
 }
 
 void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)
@@ -49,6 +57,7 @@ void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)
     At(attribute) = {
         [&box] { return TextOfFlag(box.isChecked()); },
         [&box](const std::string& text) { box.setChecked(FlagFromText(text).value_or(false)); }};
+    QObject::connect(&box, &QCheckBox::clicked, &m_panel, EditOf(attribute, m_panel));
 }
 
 void PanelAttributes::BindList(Attribute attribute, QComboBox& list)
@@ -56,6 +65,7 @@ void PanelAttributes::BindList(Attribute attribute, QComboBox& list)
     TellOtherNames(list, attribute);
     At(attribute) = {[&list] { return TextOfWholeNumber(list.currentIndex()); },
                      [&list](const std::string& text) { list.setCurrentIndex(ToWhole(text)); }};
+    QObject::connect(&list, &QComboBox::activated, &m_panel, EditOf(attribute, m_panel));
 }
 
 void PanelAttributes::BindSurface()
@@ -66,6 +76,8 @@ void PanelAttributes::BindSurface()
     At(Attribute::Color) = {
         [this] { return TextOfWholeNumber(m_panel.Surface().Color().Value()); },
         [this](const std::string& text) { m_panel.Surface().Color().Show(ToWhole(text)); }};
+    QObject::connect(&m_panel.Surface().Color(), &ColourField::Edited, &m_panel,
+                     EditOf(Attribute::Color, m_panel));
 }
 
 void PanelAttributes::BindAdvanced()
@@ -80,6 +92,8 @@ void PanelAttributes::BindAdvanced()
         [this](const std::string& text) {
             ShowApplyRelative(static_cast<CorvexDB::ApplyMode>(ToWhole(text)));
         }};
+    QObject::connect(form.chkApplyRelative, &QCheckBox::clicked, &m_panel,
+                     EditOf(Attribute::ApplyRelative, m_panel));
 }
 
 void PanelAttributes::BindTextures()

@@ -70,12 +70,10 @@ void AttributePanel::AddDefaultsRow()
 
 void AttributePanel::ConnectPages()
 {
-    connect(m_surface, &SurfacePanel::Edited, this, &AttributePanel::Edited);
     connect(m_channels, &ChannelPanel::Edited, this, &AttributePanel::Edited);
     connect(m_customFields, &CustomFieldsPanel::Edited, this, [this](std::size_t field) {
         Q_EMIT Edited({{Attribute::CustomFields, field}});
     });
-    connect(m_advanced, &AdvancedPanel::Edited, this, &AttributePanel::Edited);
     const auto pluginEdited = [this] { Q_EMIT Edited({{Attribute::Plugin}}); };
     connect(m_plugins, &PluginPanel::Edited, this, pluginEdited);
     connect(m_plugins, &PluginPanel::PluginChosen, this, pluginEdited);

@@ -59,6 +59,7 @@ private:
     };
 
     Binding& At(Attribute attribute) { return m_bindings[static_cast<std::size_t>(attribute)]; }
+    /// With these the user's edit is told as one of the attribute.
     void BindAmount(Attribute attribute, AmountField& field);
     void BindFlag(Attribute attribute, QCheckBox& box);
     void BindList(Attribute attribute, QComboBox& list);

@@ -28,7 +28,6 @@ void SurfacePanel::ConnectColor()
 {
     m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, this);
     TellOtherNames(*m_ui->cboColor, Attribute::Color);
-    connect(m_color, &ColourField::Edited, this, [this] { Q_EMIT Edited({{Attribute::Color}}); });
     connect(m_color, &ColourField::EntryChosen, this, [this](int position) {
         m_trap("cboColor", [&] { m_color->ChooseEntry(position, m_choosers); });
     });
@@ -53,8 +52,6 @@ void SurfacePanel::ConnectAmounts()
         OfferRange(amount.slider, amount.attribute);
         TellOtherNames(amount.slider, amount.attribute);
         LinkSlider(amount.slider, amount.field);
-        connect(&amount.field, &QLineEdit::textChanged, this,
-                [this, amount] { Q_EMIT Edited(amount.field.Touched(amount.attribute)); });
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ColourField.h"
-#include "TouchedRows.h"
+#include <CorvexMaterial/Attribute.h>
 
 #include <QWidget>
 
@@ -41,7 +41,6 @@ public:
     void SetAmountsEnabled(bool enabled);
 
 Q_SIGNALS:
-    void Edited(const CorvexMaterial::TouchedRows& touched);
     void ResetPressed();
 
 private:
