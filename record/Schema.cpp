@@ -15,15 +15,19 @@ using namespace schema;
 
 // An enumerator or a member without a row, a row out of order, two rows for one member: none of
 // them compiles.
-static_assert(EndsAt<Attribute, kAttributeCount>());
-static_assert(RowsFollowEnum(kRows));
-static_assert(NoTwoRowsShareAMember(kRows));
-static_assert(MembersWithRows(kRows) == MemberCount<M>());
-static_assert(MembersWithRows(kRows, paths::kSteps<&M::Textures>) == MemberCount<Files>());
-static_assert(MembersWithRows(kRows, paths::kSteps<&M::Placement>) == MemberCount<Placement>());
-static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace>) == MemberCount<Raytrace>());
+static_assert(EndsAt<Attribute, kAttributeCount>(), "kAttributeCount names the last attribute");
+static_assert(RowsFollowEnum(kRows), "SchemaTable.h: an attribute without a row, or out of order");
+static_assert(NoTwoRowsShareAMember(kRows), "SchemaTable.h: two rows for one member");
+static_assert(MembersWithRows(kRows) == MemberCount<M>(), "udtMaterial: a member without a row");
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::Textures>) == MemberCount<Files>(),
+              "TextureFiles: a member without a row");
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::Placement>) == MemberCount<Placement>(),
+              "TexturePlacement: a member without a row");
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace>) == MemberCount<Raytrace>(),
+              "cdtRayTraceMaterialAttributes: a member without a row");
 static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace, &Raytrace::ColorPatternColor>) ==
-              std::tuple_size_v<decltype(Raytrace::ColorPatternColor)>);
+                  std::tuple_size_v<decltype(Raytrace::ColorPatternColor)>,
+              "a color without rows");
 template <std::size_t... Index>
 consteval bool EveryPatternColourIsWhole(std::index_sequence<Index...>)
 {
@@ -33,7 +37,8 @@ consteval bool EveryPatternColourIsWhole(std::index_sequence<Index...>)
          MemberCount<PatternColour>()) &&
         ...);
 }
-static_assert(EveryPatternColourIsWhole(std::make_index_sequence<4>()));
+static_assert(EveryPatternColourIsWhole(std::make_index_sequence<4>()),
+              "PatternColour: a member without a row for each color");
 
 /// Capitals, hyphens and blanks do not count.
 constexpr bool MeansTheSame(std::string_view typed, std::string_view word)
@@ -81,7 +86,7 @@ constexpr bool NamesAreUnique()
     }
     return true;
 }
-static_assert(NamesAreUnique());
+static_assert(NamesAreUnique(), "SchemaTable.h: a word or synonym that another row has");
 
 }  // namespace
 

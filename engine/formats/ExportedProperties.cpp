@@ -14,6 +14,51 @@ using CorvexMaterial::AttributeGroup;
 using CorvexMaterial::AttributeKind;
 using CorvexMaterial::AttributeRow;
 
+/// Attributes from the first to the last that another one in the report tells of.
+struct ToldTogether {
+    Attribute first;
+    Attribute last;
+    Attribute by;
+};
+
+/// So that a report is silent about nothing new.
+consteval bool EveryAttributeIsTold()
+{
+    using enum Attribute;
+    constexpr auto kNotListed = std::to_array<ToldTogether>({
+        {AlphaTestReference, AlphaTestReference, AlphaTest},
+        {AlphaIsTransparent, AlphaIsTransparent, TextureAlphaChannelUse},
+        {OverlayTranslucency, OverlayTranslucency, TextureOverlay},
+        {WrapOrientationU, WrapOrientationV, OriginU},
+        {OriginV, ScaleV, OriginU},
+        {FlatWrapType, FlatWrapType, WrapType},
+        {TilesPerUnit, TilesPerUnit, WrapType},
+        {RayTraceNormalSize, RayTraceNormalScale, RayTraceNormalPattern},
+        {RaytraceNormalFrequency, RaytraceNormalTurbulence, RayTraceNormalPattern},
+        {RayTraceIridescenceThickness, RayTraceIridescenceTurbulence, RayTraceIridescenceFactor},
+        {RaytraceColorPattern0Red, RaytraceColorPatternTurbulence, RaytraceColorPattern},
+        {RaytraceColorPattern0Alpha, RaytraceColorPattern3Alpha, RaytraceColorPattern},
+        {RaytracePredefinedType, RaytracePredefinedType, RaytracePredefinedMaterial},
+        {RayTraceType, RayTraceType, RaytracePredefinedMaterial},
+        {PluginParameters, PluginParameters, Plugin},
+        // The panel's own state is in no material.
+        {PreviewPrimitive, PreviewPrimitive, PreviewPrimitive},
+        {TextureLibrary, ApplyRelative, PreviewPrimitive},
+    });
+    std::array<int, CorvexMaterial::kAttributeCount> times{};
+    for (const Attribute attribute : kReported) {
+        ++times[static_cast<std::size_t>(attribute)];
+    }
+    for (const ToldTogether& run : kNotListed) {
+        for (auto i = static_cast<std::size_t>(run.first); i <= static_cast<std::size_t>(run.last);
+             ++i) {
+            ++times[i];
+        }
+    }
+    return std::ranges::all_of(times, [](int count) { return count == 1; });
+}
+static_assert(EveryAttributeIsTold(), "an attribute that reports do not list, or list twice");
+
 bool HasImages(const udtMaterial& material)
 {
     CorvexDB::TextureFiles placed = material.Textures;
