@@ -3,7 +3,6 @@
 #include "RenderProgress.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <vector>
 
@@ -17,17 +16,12 @@ constexpr std::int32_t kSignalCodes = 128;
 constexpr std::size_t kLastLines = 3;
 constexpr std::size_t kLongestWords = 600;
 
-/// What matters most first: what the launcher says, and then what POV-Ray complains about.
-constexpr std::array<std::string_view, 6> kReasons{kFullDisk,     "Parse Error", "cannot allocate",
-                                                   "Fatal error", "Cannot ",     "Unknown "};
-
-std::vector<std::string_view> LinesOf(std::string_view messages)
+std::vector<std::string_view> LinesOf(std::string_view messages, std::string_view usual)
 {
     std::vector<std::string_view> lines;
     while (!messages.empty()) {
         const std::string_view line = messages.substr(0, messages.find('\n'));
-        // That there are no settings of the user is said at every start.
-        if (!line.empty() && line.find("user configuration file") == std::string_view::npos) {
+        if (!line.empty() && (usual.empty() || line.find(usual) == std::string_view::npos)) {
             lines.push_back(line);
         }
         messages.remove_prefix(std::min(line.size() + 1, messages.size()));
@@ -35,18 +29,30 @@ std::vector<std::string_view> LinesOf(std::string_view messages)
     return lines;
 }
 
-std::string LastWords(std::string_view messages)
+/// From the reason on; empty when no line has it.
+std::string_view From(std::string_view reason, const std::vector<std::string_view>& lines)
+{
+    for (const std::string_view line : lines) {
+        if (const std::size_t at = line.find(reason); at != std::string_view::npos) {
+            return line.substr(at);
+        }
+    }
+    return {};
+}
+
+std::string LastWords(std::string_view messages, const OutputFacts& output)
 {
     if (const std::string_view error = ErrorLineIn(messages); !error.empty()) {
         return std::string(error);
     }
-    const std::vector<std::string_view> lines = LinesOf(messages);
-    for (const std::string_view reason : kReasons) {
-        for (const std::string_view line : lines) {
-            if (const std::size_t at = line.find(reason); at != std::string_view::npos) {
-                return std::string(line.substr(at));
-            }
-        }
+    const std::vector<std::string_view> lines = LinesOf(messages, output.usual);
+    // The launcher says it.
+    std::string_view complaint = From(kFullDisk, lines);
+    for (const std::string_view reason : output.complaints) {
+        complaint = complaint.empty() ? From(reason, lines) : complaint;
+    }
+    if (!complaint.empty()) {
+        return std::string(complaint);
     }
     std::string words;
     for (std::size_t i = lines.size() - std::min(lines.size(), kLastLines); i < lines.size(); ++i) {
@@ -85,7 +91,7 @@ std::string Verdict(const JobEnd& end)
     if (end.exitCode != 0) {
         return "The raytracer ended with " + code + '.';
     }
-    if (!end.exitCodeTells && !ErrorLineIn(end.messages).empty()) {
+    if (!end.output.exitCodeTells && !ErrorLineIn(end.messages).empty()) {
         return "The raytracer reports an error.";
     }
     if (!end.picture) {
@@ -115,7 +121,7 @@ std::string FailureOf(const JobEnd& end)
     }
     const std::string full = FullDiskText(end.folder);
     text.append(full.empty() ? "" : " ").append(full);
-    const std::string words = Cut(LastWords(end.messages));
+    const std::string words = Cut(LastWords(end.messages, end.output));
     return words.empty() ? text : text + " It says: " + words;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <CorvexMaterial/CorvexViewport.h>
+#include "Raytracers.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,7 +10,7 @@ namespace CorvexMaterial {
 
 /// How a raytracer's job came out.
 struct JobEnd {
-    bool exitCodeTells = true;  ///< of every error; else what is printed does too
+    OutputFacts output;
     bool crashed = false;
     std::int32_t exitCode = 0;
     std::string messages;                              ///< what it printed at its end

@@ -3,6 +3,7 @@
 #include <CorvexMaterial/Status.h>
 
 #include <algorithm>
+#include <charconv>
 
 namespace CorvexMaterial {
 
@@ -113,6 +114,22 @@ CorvexDB::CommandLine PovRayCommandLine(const RenderTask& task)
         arguments.emplace_back(task.antialias == 1 ? "+R2" : "+R4");
     }
     return {{}, task.program, std::move(arguments), {}};
+}
+
+std::optional<int> PovRayPercentIn(std::string_view line)
+{
+    constexpr std::string_view kOpening = "Rendered ";
+    constexpr std::string_view kPercentOpening = "pixels (";
+    const std::size_t start = line.find(kOpening);
+    const std::size_t bracket = line.find(kPercentOpening);
+    if (start == std::string_view::npos || bracket == std::string_view::npos) {
+        return std::nullopt;
+    }
+    line.remove_prefix(bracket + kPercentOpening.size());
+    int percent = 0;
+    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), percent);
+    const bool closed = error == std::errc() && end != line.data() + line.size() && *end == '%';
+    return closed ? std::optional(std::clamp(percent, 0, 100)) : std::nullopt;
 }
 
 }  // namespace CorvexMaterial

@@ -13,6 +13,12 @@ namespace CorvexMaterial {
 
 [[nodiscard]] CorvexDB::CommandLine PovRayCommandLine(const RenderTask& task);
 
+/// Of a line "Rendered N of M pixels (P%)".
+[[nodiscard]] std::optional<int> PovRayPercentIn(std::string_view line);
+
+inline constexpr std::array<std::string_view, 5> kPovRayComplaints{
+    "Parse Error", "cannot allocate", "Fatal error", "Cannot ", "Unknown "};
+
 inline constexpr std::array kNotOfPovRay{RaytraceOption::OtherEnvironment,
                                          RaytraceOption::PatternedBump};
 
@@ -43,7 +49,10 @@ inline constexpr RaytracerRow kPovRay{
                                "TIF textures."},
     .panelStart = PovRayStart,
     .plainStart = PovRayCommandLine,
-    .exitCodeTells = true,
+    .output = {.percentIn = PovRayPercentIn,
+               .complaints = kPovRayComplaints,
+               .usual = "user configuration file",
+               .exitCodeTells = true},
     .rendersUnasked = true,
     .cannotShow = kNotOfPovRay,
 };

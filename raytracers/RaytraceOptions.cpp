@@ -1,5 +1,6 @@
 #include "RaytraceOptions.h"
 
+#include <CorvexMaterial/EnumEnd.h>
 #include <CorvexMaterial/Looks.h>
 #include <CorvexMaterial/SimulationTexture.h>
 
@@ -80,7 +81,7 @@ constexpr bool RowsFollowEnum()
             return false;
         }
     }
-    return kRows.size() == static_cast<std::size_t>(RaytraceOption::EnvironmentOnImage) + 1;
+    return EndsAt<RaytraceOption, kRows.size()>();
 }
 static_assert(RowsFollowEnum());
 

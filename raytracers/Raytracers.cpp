@@ -1,6 +1,7 @@
 #include "Raytracers.h"
 
 #include "RaytracerTable.h"
+#include <CorvexMaterial/EnumEnd.h>
 
 #include <algorithm>
 
@@ -17,7 +18,9 @@ constexpr bool RowsFollowKinds()
     }
     return true;
 }
-static_assert(RowsFollowKinds() && kRaytracerRows.size() == CorvexDB::kRaytracerCount);
+static_assert(RowsFollowKinds() && kRaytracerRows.size() == CorvexDB::kRaytracerCount &&
+                  EndsAt<CorvexDB::Raytracer, kRaytracerRows.size()>(),
+              "RaytracerTable.h: a raytracer without a row, or kRaytracerCount too small");
 
 }  // namespace
 

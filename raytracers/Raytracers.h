@@ -8,6 +8,7 @@
 #include <CorvexMaterial/CorvexViewport.h>
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -71,6 +72,18 @@ struct RenderStart {
     std::vector<std::string> trace;  ///< lines for the debug trace
 };
 
+/// What is to be known of what it prints.
+struct OutputFacts {
+    /// How far it is, 0 to 100, when the line says so; null for one that never does.
+    std::optional<int> (*percentIn)(std::string_view line) = nullptr;
+    /// What its complaints begin with, what matters most first.
+    std::span<const std::string_view> complaints = {};
+    /// In lines that it prints whenever it runs and that are no complaint; empty for none.
+    std::string_view usual = {};
+    /// Whether its exit code tells of every error; else what it prints does too.
+    bool exitCodeTells = true;
+};
+
 struct RaytracerRow {
     CorvexDB::Raytracer kind;
     std::string_view word;  ///< on command lines, and in the names of its controls
@@ -82,8 +95,7 @@ struct RaytracerRow {
     RenderStart (*panelStart)(const RenderTask& task, CorvexDB::ApplicationState& state);
     /// How it is started in the folder of a scene, by its program itself.
     CorvexDB::CommandLine (*plainStart)(const RenderTask& task);
-    /// Whether its exit code tells of every error; else what it prints does too.
-    bool exitCodeTells;
+    OutputFacts output;
     /// Whether it costs no more than a second of a processor to follow the dialog with it.
     bool rendersUnasked = false;
     /// What no scene can have it show.

@@ -9,6 +9,9 @@ namespace CorvexMaterial {
 [[nodiscard]] RenderStart RenderManStart(const RenderTask& task, CorvexDB::ApplicationState& state);
 [[nodiscard]] CorvexDB::CommandLine RenderManCommandLine(const RenderTask& task);
 
+inline constexpr std::array<std::string_view, 4> kRenderManComplaints{
+    "cannot allocate", "Fatal error", "Cannot ", "Unknown "};
+
 /// Such a renderer is sure to have the shaders `matte`, `plastic`, `metal`, `shinymetal` and
 /// `paintedplastic` only, so it shows what those can say.
 inline constexpr std::array kNotOfRenderMan{
@@ -49,7 +52,10 @@ inline constexpr RaytracerRow kRenderMan{
                                "non-TIF textures."},
     .panelStart = RenderManStart,
     .plainStart = RenderManCommandLine,
-    .exitCodeTells = false,
+    .output = {.percentIn = nullptr,
+               .complaints = kRenderManComplaints,
+               .usual = {},
+               .exitCodeTells = false},
     .cannotShow = kNotOfRenderMan,
 };
 

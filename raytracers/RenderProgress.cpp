@@ -1,33 +1,30 @@
 #include "RenderProgress.h"
 
+#include "Raytracers.h"
 #include "TerminalText.h"
 
 #include <algorithm>
 #include <cctype>
-#include <charconv>
 
 namespace CorvexMaterial {
 
 namespace {
 
-constexpr std::string_view kOpening = "Rendered ";
-constexpr std::string_view kPercentOpening = "pixels (";
 /// A program that prints without an end costs no more than this.
 constexpr std::size_t kLongestLine = 4096;
 constexpr std::size_t kMostMessages = 16384;
 
+/// No two of them say it in the same words.
 std::optional<int> PercentIn(std::string_view line)
 {
-    const std::size_t start = line.find(kOpening);
-    const std::size_t bracket = line.find(kPercentOpening);
-    if (start == std::string_view::npos || bracket == std::string_view::npos) {
-        return std::nullopt;
+    for (const RaytracerRow& row : Raytracers()) {
+        const auto percent =
+            row.output.percentIn != nullptr ? row.output.percentIn(line) : std::optional<int>();
+        if (percent) {
+            return percent;
+        }
     }
-    line.remove_prefix(bracket + kPercentOpening.size());
-    int percent = 0;
-    const auto [end, error] = std::from_chars(line.data(), line.data() + line.size(), percent);
-    const bool closed = error == std::errc() && end != line.data() + line.size() && *end == '%';
-    return closed ? std::optional(std::clamp(percent, 0, 100)) : std::nullopt;
+    return std::nullopt;
 }
 
 bool IsLetter(char letter)

@@ -12,7 +12,7 @@ class RenderProgress {
 public:
     void Feed(std::string_view printed);
 
-    /// Of the last line "Rendered N of M pixels (P%)", 0 to 100.
+    /// Of the last line that says how far it is, 0 to 100.
     [[nodiscard]] std::optional<int> Percent() const { return m_percent; }
     /// The last lines that are no progress, to explain a failure, safe to be shown; the
     /// unfinished line included. The first line that says ERROR or SEVERE is always among them.

@@ -1,5 +1,6 @@
 #include <CorvexMaterial/WarningCatalogue.h>
 
+#include <CorvexMaterial/EnumEnd.h>
 #include <CorvexMaterial/NumberText.h>
 
 namespace CorvexMaterial {
@@ -52,7 +53,8 @@ constexpr bool RowsFollowEnum()
     }
     return true;
 }
-static_assert(RowsFollowEnum());
+static_assert(RowsFollowEnum() && EndsAt<WarningId, kWarningCount>(),
+              "a warning without a row, or kWarningCount too small");
 
 }  // namespace
 

@@ -75,7 +75,7 @@ CorvexDB::CommandLine PreparedJob::Prepare(Host& host, const std::string& progra
 
 std::string PreparedJob::FailureAfter(JobEnd end)
 {
-    end.exitCodeTells = m_row.exitCodeTells;
+    end.output = m_row.output;
     end.wanted = m_size;
     end.folder = m_platform.temporaryFiles.Folder();
     MoveTo(Bitmap(), m_command.workingFolder);

@@ -43,7 +43,7 @@ void RaytraceRun::Start(const RaytracerProgram& program, const RaytraceScene& sc
     const QString file = QString::fromStdString(m_folder->FilePath(m_task.scene));
     WriteRaytraceScene(file, scene, textures,
                        ImagesBeside(file, CorvexMaterial::Lifetime::Temporary), *program.writer);
-    m_exitCodeTells = row.exitCodeTells;
+    m_output = row.output;
     m_cancelled = false;
     CorvexDB::CommandLine command = row.plainStart(m_task);
     command.workingFolder = m_folder->Path();
@@ -75,7 +75,7 @@ void RaytraceRun::Conclude()
     m_watch.stop();
     const QImage picture = PictureIn(QString::fromStdString(m_folder->FilePath(m_task.picture)));
     CorvexMaterial::JobEnd end = m_work->End();
-    end.exitCodeTells = m_exitCodeTells;
+    end.output = m_output;
     end.wanted = m_task.size;
     end.folder = m_folder->Path();
     if (!picture.isNull()) {

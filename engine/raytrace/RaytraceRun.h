@@ -52,7 +52,7 @@ private:
     std::optional<CorvexMaterial::TemporaryFolder> m_folder;
     std::unique_ptr<CorvexMaterial::RaytracerAtWork> m_work;
     CorvexMaterial::RenderTask m_task;
-    bool m_exitCodeTells = true;
+    CorvexMaterial::OutputFacts m_output;
     bool m_cancelled = false;
 };
 
