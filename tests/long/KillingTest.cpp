@@ -29,6 +29,29 @@ protected:
         }
     }
 
+    /// What is made is that of the one command or of the other.
+    static void KillOutput(const char* file, int count, const std::array<QStringList, 2>& commands)
+    {
+        const QString path = household->PathOf(QStringLiteral("work/") + file);
+        std::array<QByteArray, 2> whole;
+        QElapsedTimer clock;
+        for (std::size_t i = 0; i < 2; ++i) {
+            clock.start();
+            ASSERT_EQ(household->Run(commands[i]), 0) << file;
+            whole[i] = CorvexTest::ContentOf(path);
+        }
+        const std::chrono::milliseconds usual(clock.elapsed() * 5 / 4);
+        ASSERT_NE(whole[0], whole[1]) << file;
+        std::size_t now = 1;
+        Kill(count, [&] {
+            const std::size_t next = 1 - now;
+            const bool isDone = household->RunAndKill(commands[next], usual);
+            const QByteArray found = CorvexTest::ContentOf(path);
+            EXPECT_TRUE(found == whole[next] || (!isDone && found == whole[now])) << file;
+            now = found == whole[next] ? next : now;
+        });
+    }
+
     static inline std::unique_ptr<Household> household;
 };
 
@@ -117,53 +140,20 @@ TEST_F(Killing, SettingsWrites)
     });
 }
 
-struct Output {
-    const char* file;
-    QStringList one;
-    QStringList other;
-    int kills;
-};
-
-/// What the command makes is that of the one or of the other.
-void KillOutput(Household& household, const Output& output)
-{
-    const QString path = household.PathOf(QStringLiteral("work/") + output.file);
-    QByteArray whole[2];
-    QElapsedTimer clock;
-    for (int i = 0; i < 2; ++i) {
-        clock.start();
-        ASSERT_EQ(household.Run(i == 0 ? output.one : output.other), 0) << output.file;
-        whole[i] = CorvexTest::ContentOf(path);
-    }
-    const std::chrono::milliseconds usual(clock.elapsed() * 5 / 4);
-    ASSERT_NE(whole[0], whole[1]) << output.file;
-    int now = 1;
-    for (const int goal = household.kills + output.kills; household.kills < goal;) {
-        const int next = 1 - now;
-        const bool isDone = household.RunAndKill(next == 0 ? output.one : output.other, usual);
-        const QByteArray found = CorvexTest::ContentOf(path);
-        const bool isNew = found == whole[next];
-        ASSERT_TRUE(isNew || (!isDone && found == whole[now])) << output.file;
-        now = isNew ? next : now;
-    }
-}
-
 TEST_F(Killing, Exports)
 {
     for (const char* name : {"x", "y"}) {
         ASSERT_EQ(household->Run({"library", "add", QString(name) + ".cvm", "--name", name}), 0);
     }
     for (const char* file : {"out.json", "out.mtl", "out.mtlx"}) {
-        KillOutput(*household, {file,
-                                {"library", "export", "x.cvm", "--out", file},
-                                {"library", "export", "y.cvm", "--out", file},
-                                20});
+        KillOutput(file, 20,
+                   {QStringList{"library", "export", "x.cvm", "--out", file},
+                    QStringList{"library", "export", "y.cvm", "--out", file}});
     }
     for (const char* file : {"scene.pov", "scene.rib"}) {
-        KillOutput(*household, {file,
-                                {"export", file, MODEL_FOLDER "/still-life.obj"},
-                                {"export", file, "--primitive", "torus"},
-                                30});
+        KillOutput(file, 30,
+                   {QStringList{"export", file, MODEL_FOLDER "/still-life.obj"},
+                    QStringList{"export", file, "--primitive", "torus"}});
     }
 }
 
@@ -173,8 +163,7 @@ TEST_F(Killing, Renders)
         const QString material = QStringLiteral("colour=") + colour;
         return {"render", "--primitive", "torus", "--out", file, "--material", material};
     };
-    KillOutput(*household,
-               {"live.png", render("live.png", "Bronze"), render("live.png", "Gold"), 60});
+    KillOutput("live.png", 60, {render("live.png", "Bronze"), render("live.png", "Gold")});
     ASSERT_EQ(household->Run(render("traced.png", "Bronze") << "--raytrace"), 0);
     Kill(20, [&] {
         household->RunAndKill(render("traced.png", "Gold") << "--raytrace", 1500ms);
