@@ -253,7 +253,7 @@ TEST(Mirrors, HaveAnEndInsideOfAShape)
     RaytraceRig rig;
     const std::string grey = rig.Image("g.png", [](int, int) { return QColor(128, 128, 128); });
     for (const bool glass : {false, true}) {
-        studio::RaytraceScene scene = SceneWith(Sphere(), [&](udtMaterial& m) {
+        studio::RaytraceScene scene = SceneWith([&](udtMaterial& m) {
             m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
             m.Textures.specular = grey;
             m.DoubleSided = glass;
@@ -272,7 +272,7 @@ TEST(Mirrors, AreInsideOnlyWhereBothSidesAreSeen)
 {
     RaytraceRig rig;
     const auto count = [&](bool doubleSided) {
-        const auto scene = SceneWith(Sphere(), [&](udtMaterial& m) {
+        const auto scene = SceneWith([&](udtMaterial& m) {
             m.RayTrace.Reflection = 5;
             m.Transparency = 50;
             m.DoubleSided = doubleSided;

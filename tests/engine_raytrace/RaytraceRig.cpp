@@ -1,8 +1,6 @@
 #include "RaytraceRig.h"
-
+#include "RunProgram.h"
 #include "StudioSceneExporter.h"
-
-#include "ParametricMesh.h"
 #include "TextureCache.h"
 
 #include <QPainter>
@@ -57,23 +55,15 @@ Raytraced RaytraceRig::Raytrace(const RaytraceScene& scene, bool antialias)
     }
     const QString picture = m_folder.PathOf("scene.png");
     QFile::remove(picture);
-    QProcess process;
-    process.setWorkingDirectory(m_folder.Path());
-    process.setProcessChannelMode(QProcess::MergedChannels);
-    process.start("povray",
-                  {"+Iscene.pov", "+Oscene.png", "-D", "+Q11",
-                   QStringLiteral("+W%1").arg(scene.frame.width),
-                   QStringLiteral("+H%1").arg(scene.frame.height), antialias ? "+A0.1" : "-A"});
-    process.waitForFinished(120000);
-    return {QImage(picture), QString::fromUtf8(process.readAll()), process.exitCode()};
+    const auto outcome = CorvexTest::RunProgram(
+        "povray",
+        {"+Iscene.pov", "+Oscene.png", "-D", "+Q11", QString("+W%1").arg(scene.frame.width),
+         QString("+H%1").arg(scene.frame.height), antialias ? "+A0.1" : "-A"},
+        [this](QProcess& process) { process.setWorkingDirectory(m_folder.Path()); });
+    return {QImage(picture), outcome.output + outcome.errors, outcome.exitCode};
 }
 
-std::shared_ptr<const studio::Mesh> Sphere()
-{
-    return studio::SphereMesh(1.0F);
-}
-
-RaytraceScene SceneWith(std::shared_ptr<const studio::Mesh> mesh, const Change& change)
+RaytraceScene SceneWith(const Change& change, std::shared_ptr<const studio::Mesh> mesh)
 {
     CorvexDB::udtMaterial material;
     change(material);

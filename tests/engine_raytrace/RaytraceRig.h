@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ParametricMesh.h"
 #include "RaytraceImages.h"
 #include "RaytraceScene.h"
 #include "RenderService.h"
@@ -43,10 +44,10 @@ private:
 
 using Change = std::function<void(CorvexDB::udtMaterial&)>;
 
-/// A sphere, cube, ... of the default scene's kind at the origin, filling a square picture.
-[[nodiscard]] studio::RaytraceScene SceneWith(std::shared_ptr<const studio::Mesh> mesh,
-                                              const Change& change);
-[[nodiscard]] std::shared_ptr<const studio::Mesh> Sphere();
+/// A sphere, or another mesh of its size, at the origin, filling a square picture.
+[[nodiscard]] studio::RaytraceScene
+SceneWith(const Change& change,
+          std::shared_ptr<const studio::Mesh> mesh = studio::SphereMesh(1.0F));
 
 /// How far two colours are apart, the mean of their channels.
 [[nodiscard]] double Distance(QRgb one, QRgb other);

@@ -1,4 +1,3 @@
-#include "ParametricMesh.h"
 #include "RaytraceRig.h"
 #include "RibReader.h"
 #include "StudioSceneExporter.h"
@@ -17,7 +16,7 @@ class Rib : public testing::Test {
 protected:
     RibFile Written(const Change& change)
     {
-        RibFile file = ReadRib(rig.RibText(SceneWith(Sphere(), change)));
+        RibFile file = ReadRib(rig.RibText(SceneWith(change)));
         CheckParameters(Surface(file));
         return file;
     }
@@ -170,7 +169,7 @@ TEST_F(Rib, HasTheAmountsOfTheMaterial)
 
 TEST_F(Rib, SeesAndLightsTheSceneAsTheViewportDoes)
 {
-    studio::RaytraceScene scene = SceneWith(Sphere(), [](udtMaterial&) {});
+    studio::RaytraceScene scene = SceneWith([](udtMaterial&) {});
     scene.frame.width = 96;
     scene.frame.height = 64;
     scene.frame.backdrop = studio::Backdrop::Gradient;
@@ -246,11 +245,13 @@ TEST_F(Rib, PutsImagesWhereCropFlipAndTilesDo)
     }
     const auto mesh = studio::MakeMesh(vertices, plane->indices);
     for (const bool flip : {false, true}) {
-        studio::RaytraceScene scene = SceneWith(mesh, [&](udtMaterial& m) {
-            m.Textures.primary = image;
-            m.Placement = {0.3F, 0.4F, -0.5F, 1.4F};
-            m.WrapOrientationV = flip;
-        });
+        studio::RaytraceScene scene = SceneWith(
+            [&](udtMaterial& m) {
+                m.Textures.primary = image;
+                m.Placement = {0.3F, 0.4F, -0.5F, 1.4F};
+                m.WrapOrientationV = flip;
+            },
+            mesh);
         scene.frame.items.front().coordinates = CorvexSG::CoordinateMode::FromMesh;
         const RibFile file = ReadRib(rig.RibText(scene));
         const QImage tile = Painted(file);
@@ -280,7 +281,7 @@ TEST_F(Rib, KeepsTheStepsOfDarkImages)
 TEST_F(Rib, HasEachEnvironmentMapMadeBeforeTheWorld)
 {
     studio::RaytraceScene scene =
-        SceneWith(Sphere(), [&](udtMaterial& m) { m.Textures.environment = image; });
+        SceneWith([&](udtMaterial& m) { m.Textures.environment = image; });
     scene.frame.items.push_back(scene.frame.items.front());
     const RibFile file = ReadRib(rig.RibText(scene));
     const auto made = file.All("MakeLatLongEnvironment");
@@ -292,7 +293,7 @@ TEST_F(Rib, HasEachEnvironmentMapMadeBeforeTheWorld)
 
 TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
 {
-    studio::RaytraceScene scene = studio::FlatSampleOf(SceneWith(Sphere(), [](udtMaterial& m) {
+    studio::RaytraceScene scene = studio::FlatSampleOf(SceneWith([](udtMaterial& m) {
         m.Specular = 100;
         m.Transparency = 80;
         m.RayTrace.ColorPattern = 1;
@@ -310,7 +311,7 @@ TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
 
 TEST_F(Rib, AnExportNamesAPictureBesideItAndAJobTheOneThatIsLookedFor)
 {
-    studio::RaytraceScene scene = SceneWith(Sphere(), [](udtMaterial&) {});
+    studio::RaytraceScene scene = SceneWith([](udtMaterial&) {});
     EXPECT_EQ(ReadRib(rig.RibText(scene)).Find("Display")->Text(), "scene.tif");
     scene.picture = "~CVX1.bmp";
     EXPECT_EQ(ReadRib(rig.RibText(scene)).Find("Display")->Text(), "~CVX1.bmp");

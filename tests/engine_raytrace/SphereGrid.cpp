@@ -31,7 +31,7 @@ studio::RaytraceScene SphereGrid::Scene() const
     camera.target = {};
     camera.distance = kSpacing * static_cast<float>(std::min(columns, Rows())) / 2.0F /
                       std::tan(kHalfView * 0.017453292F);
-    const auto sphere = Sphere();
+    const auto sphere = studio::SphereMesh(1.0F);
     for (std::size_t i = 0; i < materials.size(); ++i) {
         studio::FrameItem item;
         item.mesh = sphere;

@@ -1,69 +1,39 @@
 #include "OwnFormats.h"
+#include "OwnImage.h"
 #include "Testing.h"
+
+#include <QtEndian>
 
 namespace {
 
+using studio::BytesOf;
 using studio::FindOwnFormat;
 using studio::ImageError;
-using studio::OwnFormat;
 using studio::RgbaImage;
-
-using Bytes = std::vector<std::byte>;
-
-Bytes FromHex(std::string_view text)
-{
-    Bytes bytes;
-    std::string digits;
-    for (const char letter : text) {
-        if (letter != ' ') {
-            digits += letter;
-        }
-    }
-    for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
-        bytes.push_back(static_cast<std::byte>(std::stoi(digits.substr(i, 2), nullptr, 16)));
-    }
-    return bytes;
-}
 
 std::string Zeros(int bytes)
 {
     return std::string(static_cast<std::size_t>(bytes) * 2, '0');
 }
 
-const OwnFormat& FormatNamed(std::string_view name)
-{
-    for (const OwnFormat& format : studio::OwnFormats()) {
-        if (format.name == name) {
-            return format;
-        }
-    }
-    throw std::invalid_argument("no such format");
-}
-
 RgbaImage Decode(std::string_view format, const std::string& hex)
 {
-    return FormatNamed(format).decode(FromHex(hex));
+    const QByteArray file = QByteArray::fromHex(QByteArray::fromStdString(hex));
+    const auto found = std::ranges::find(studio::OwnFormats(), format, &studio::OwnFormat::name);
+    return found->decode(studio::BytesOf(file));
 }
 
-/// Pixels as RRGGBBAA, in reading order.
-std::vector<std::uint32_t> Pixels(const RgbaImage& image)
-{
-    std::vector<std::uint32_t> pixels;
-    for (std::size_t i = 0; i < image.pixels.size(); i += 4) {
-        std::uint32_t pixel = 0;
-        for (std::size_t part = 0; part < 4; ++part) {
-            pixel = pixel << 8U | image.pixels[i + part];
-        }
-        pixels.push_back(pixel);
-    }
-    return pixels;
-}
-
+/// As RRGGBBAA, in reading order.
 using Colours = std::vector<std::uint32_t>;
 
 Colours PixelsOf(std::string_view format, const std::string& hex)
 {
-    return Pixels(Decode(format, hex));
+    const RgbaImage image = Decode(format, hex);
+    Colours pixels;
+    for (std::size_t i = 0; i < image.pixels.size(); i += 4) {
+        pixels.push_back(qFromBigEndian<std::uint32_t>(&image.pixels[i]));
+    }
+    return pixels;
 }
 
 // Two by two, 24 bit: the file's pixels are red, green, blue, white.
@@ -225,15 +195,16 @@ TEST(ImageDecoders, RefuseHeadersLargerThanTheirFileAtOnce)
 
 TEST(OwnFormats, DoNotTakeOtherFilesForTheirs)
 {
-    const Bytes png = FromHex("89504e470d0a1a0a 0000000d49484452 0000001e 00000016 08020000");
-    const Bytes jpeg = FromHex("ffd8ffe000104a464946 0001010000010001 0000ffdb004300");
-    for (const Bytes& head : {png, jpeg}) {
-        EXPECT_EQ(FindOwnFormat(head, "tga"), nullptr);
-        EXPECT_EQ(FindOwnFormat(head, "pcx"), nullptr);
+    const auto head = [](const char* hex) { return QByteArray::fromHex(hex); };
+    const QByteArray png = head("89504e470d0a1a0a 0000000d49484452 0000001e 00000016 08020000");
+    const QByteArray jpeg = head("ffd8ffe000104a464946 0001010000010001 0000ffdb004300");
+    const QByteArray tga = head(FourColours("20").c_str());
+    for (const char* suffix : {"tga", "pcx"}) {
+        EXPECT_EQ(FindOwnFormat(BytesOf(png), suffix), nullptr);
+        EXPECT_EQ(FindOwnFormat(BytesOf(jpeg), suffix), nullptr);
     }
-    const Bytes tga = FromHex(FourColours("20"));
-    EXPECT_NE(FindOwnFormat(tga, "tga"), nullptr);
-    EXPECT_EQ(FindOwnFormat(tga, "png"), nullptr);
+    EXPECT_NE(FindOwnFormat(BytesOf(tga), "tga"), nullptr);
+    EXPECT_EQ(FindOwnFormat(BytesOf(tga), "png"), nullptr);
 }
 
 }  // namespace
