@@ -27,7 +27,7 @@ TEST(AlphaTest, ComparesAlphaWithReference)
             Material material = Glowing(CorvexMaterial::kWhite, transparency);
             material.AlphaTest = row.position;
             material.AlphaTestReference = reference;
-            return Seen(Draw({Item(Square(), material)}));
+            return Seen(DrawSquare(material));
         };
         for (const auto& [transparency, alpha] : {std::pair{0, 255}, {40, 153}, {80, 51}}) {
             EXPECT_EQ(seen(transparency, alpha), row.equal) << alpha;
@@ -45,7 +45,7 @@ TEST(AlphaTest, ComparesAlphaWithReference)
 TEST(Faces, BackIsSeenOnlyWhenDoubleSided)
 {
     Material material;
-    const QImage front = Draw({Item(Square(), material)});
+    const QImage front = DrawSquare(material);
     ASSERT_TRUE(Seen(front));
     EXPECT_FALSE(Seen(Draw({Item(Square(), material, TurnedAboutY(180.0F))})));
     material.DoubleSided = true;
@@ -68,7 +68,7 @@ TEST(Faces, UnevenScaleKeepsNormalsRight)
     QMatrix4x4 flat;
     flat.scale(1.6F, 1.6F, 0.001F);
     const QImage pressed = Draw({Item(Ball(), {}, flat)});
-    const QImage square = Draw({Item(Square(), {})});
+    const QImage square = DrawSquare({});
     EXPECT_NEAR(qGray(pressed.pixel(40, 40)), qGray(square.pixel(40, 40)), 2);
 }
 

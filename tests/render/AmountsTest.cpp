@@ -6,11 +6,6 @@ using namespace drawing;
 
 namespace {
 
-QImage DrawBall(const Material& material)
-{
-    return Draw({Item(Ball(), material)});
-}
-
 QImage BallWith(int Material::*amount, int percent)
 {
     Material material;

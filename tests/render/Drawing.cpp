@@ -73,6 +73,16 @@ QImage Draw(std::vector<FrameItem> items)
     return Draw(FrameOf(std::move(items)));
 }
 
+QImage DrawSquare(const Material& material)
+{
+    return Draw({Item(Square(), material)});
+}
+
+QImage DrawBall(const Material& material)
+{
+    return Draw({Item(Ball(), material)});
+}
+
 QMatrix4x4 Moved(float x, float y, float z)
 {
     QMatrix4x4 matrix;

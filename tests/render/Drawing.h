@@ -26,6 +26,8 @@ Material Glowing(CorvexMaterial::Colour colour, int transparency = 0);
 studio::Frame FrameOf(std::vector<studio::FrameItem> items);
 QImage Draw(const studio::Frame& frame);
 QImage Draw(std::vector<studio::FrameItem> items);
+QImage DrawSquare(const Material& material);
+QImage DrawBall(const Material& material);
 
 QMatrix4x4 Moved(float x, float y, float z);
 QMatrix4x4 TurnedAboutY(float degrees);

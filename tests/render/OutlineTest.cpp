@@ -11,7 +11,7 @@ bool IsOrange(QRgb pixel)
 
 class Outline : public testing::TestWithParam<int> {
 protected:
-    QImage DrawSquare(bool selected, int transparency, int alphaTest)
+    QImage DrawOne(bool selected, int transparency, int alphaTest)
     {
         Material material = Glowing(CorvexMaterial::MakeColour({80, 80, 200}), transparency);
         material.AlphaTest = alphaTest;
@@ -25,8 +25,8 @@ protected:
 TEST_P(Outline, RunsAroundTheShapeAndLeavesItAlone)
 {
     for (const int transparency : {0, 60}) {
-        const QImage plain = DrawSquare(false, transparency, 0);
-        const QImage selected = DrawSquare(true, transparency, 0);
+        const QImage plain = DrawOne(false, transparency, 0);
+        const QImage selected = DrawOne(true, transparency, 0);
         // The square covers the pixels 16 to 47.
         const QRect shape(16, 16, 32, 32);
         EXPECT_EQ(Difference(selected.copy(shape), plain.copy(shape)), 0);
@@ -42,7 +42,7 @@ TEST_P(Outline, RunsAroundTheShapeAndLeavesItAlone)
 TEST_P(Outline, NothingThatIsDrawnNothingIsOutlined)
 {
     constexpr int kEqual = 2;
-    EXPECT_EQ(Difference(DrawSquare(true, 50, kEqual), DrawSquare(false, 50, kEqual)), 0);
+    EXPECT_EQ(Difference(DrawOne(true, 50, kEqual), DrawOne(false, 50, kEqual)), 0);
 }
 
 TEST_P(Outline, ShowsThroughWhatHidesTheShape)

@@ -83,7 +83,7 @@ TEST(Picture, BrokenItemsDrawNothingAndHarmNothing)
     const QImage picture =
         Draw({Item(nullptr, {}), Item(studio::MakeMesh({}, {}), {}), Item(outside, {}),
               Item(Square(), Glowing(0x0000FF, 50), flat), Item(Square(), Glowing(0xFFFFFF))});
-    EXPECT_EQ(Difference(picture, Draw({Item(Square(), Glowing(0xFFFFFF))})), 0);
+    EXPECT_EQ(Difference(picture, DrawSquare(Glowing(0xFFFFFF))), 0);
     EXPECT_EQ(Draw({Item(Square(), Glowing(0xFFFFFF, 50), broken)}).size(), QSize(64, 64));
     EXPECT_EQ(Draw({{Square(), nullptr, {}, false}}).pixel(0, 0), kBlack);
 }

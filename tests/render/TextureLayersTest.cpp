@@ -10,7 +10,7 @@ constexpr QColor kClearWhite(255, 255, 255, 0);
 
 QRgb MiddleOf(const Material& material)
 {
-    return Draw({Item(Square(), material)}).pixel(30, 34);
+    return DrawSquare(material).pixel(30, 34);
 }
 
 Material WithPrimary(const std::string& file)
@@ -29,7 +29,7 @@ void ExpectLight(QRgb seen, double light)
 TEST(PrimaryTexture, IsUprightAndMultipliesTheColour)
 {
     Material material = WithPrimary(WriteImage("four.png", FourColours()));
-    const QImage picture = Draw({Item(Square(), material)});
+    const QImage picture = DrawSquare(material);
     EXPECT_EQ(picture.pixel(20, 20), qRgb(255, 0, 0));
     EXPECT_EQ(picture.pixel(44, 20), qRgb(0, 255, 0));
     EXPECT_EQ(picture.pixel(20, 44), qRgb(0, 0, 255));
@@ -96,7 +96,7 @@ TEST(PrimaryAlpha, HolesShowWhatIsBehindWithoutAHighlight)
 {
     Material leaf = WithPrimary(WriteImage("hole.png", Plain(kClearWhite)));
     leaf.Specular = 100;
-    EXPECT_EQ(CountOf(Draw({Item(Ball(), leaf)}), kBlack), 64 * 64);
+    EXPECT_EQ(CountOf(DrawBall(leaf), kBlack), 64 * 64);
     const Material red = Glowing(CorvexMaterial::MakeColour({255, 0, 0}));
     EXPECT_EQ(Draw({Item(Square(), red, Moved(0, 0, -0.5F)), Item(Square(), leaf)}).pixel(32, 32),
               qRgb(255, 0, 0));
@@ -148,7 +148,7 @@ TEST(BumpMap, SlopesAreLitFromTheirSide)
     material.Emissive = material.Ambient = 0;
     const int flat = qGray(MiddleOf(material));
     material.Textures.bump = WriteImage("valleys.png", Valleys(256));
-    const QImage picture = Draw({Item(Square(), material)});
+    const QImage picture = DrawSquare(material);
     const int falling = qGray(picture.pixel(34, 32));
     EXPECT_GT(qGray(picture.pixel(37, 32)), flat + 4);
     EXPECT_LT(falling, flat - 8);
@@ -165,9 +165,9 @@ TEST(BumpMap, DependsNeitherOnResolutionNorOnScale)
 {
     Material material;
     material.Textures.bump = WriteImage("valleys256.png", Valleys(256));
-    const QImage fine = Draw({Item(Square(), material)});
+    const QImage fine = DrawSquare(material);
     material.Textures.bump = WriteImage("valleys64.png", Valleys(64));
-    const QImage coarse = Draw({Item(Square(), material)});
+    const QImage coarse = DrawSquare(material);
     studio::Frame far = FrameOf({Item(Square(), material)});
     far.items[0].worldFromMesh.scale(10.0F);
     far.camera.distance *= 10.0F;
@@ -182,33 +182,33 @@ TEST(BumpMap, PrimaryAlphaDoesTheSame)
 {
     Material material;
     material.Textures.bump = WriteImage("valleys.png", Valleys(256));
-    const QImage fromMap = Draw({Item(Square(), material)});
+    const QImage fromMap = DrawSquare(material);
     material.Textures.bump.clear();
     material.Textures.primary = WriteImage("valleys-alpha.png", ImageOf(256, [](double x, double) {
                                                return QColor(255, 255, 255, ValleyAt(x));
                                            }));
     material.TextureAlphaChannelUse = 2;
-    EXPECT_LE(Difference(Draw({Item(Square(), material)}), fromMap), 2);
+    EXPECT_LE(Difference(DrawSquare(material), fromMap), 2);
 }
 
 TEST(SpecularMap, ScalesTheHighlightAndDecidesAloneAtZero)
 {
     Material material;
     material.Color = CorvexMaterial::MakeColour({120, 20, 20});
-    const QImage dull = Draw({Item(Ball(), material)});
+    const QImage dull = DrawBall(material);
     material.Specular = 100;
-    const QImage glossy = Draw({Item(Ball(), material)});
+    const QImage glossy = DrawBall(material);
     material.Textures.specular = WriteImage("white.png", Plain(Qt::white));
-    EXPECT_LE(Difference(Draw({Item(Ball(), material)}), glossy), 1);
+    EXPECT_LE(Difference(DrawBall(material), glossy), 1);
     material.Specular = 0;
-    EXPECT_LE(Difference(Draw({Item(Ball(), material)}), glossy), 1);
+    EXPECT_LE(Difference(DrawBall(material), glossy), 1);
     material.Textures.specular = WriteImage("black.png", Plain(Qt::black));
-    EXPECT_LE(Difference(Draw({Item(Ball(), material)}), dull), 1);
+    EXPECT_LE(Difference(DrawBall(material), dull), 1);
     // The alpha channel of the primary texture in its place.
     material.Textures.specular.clear();
     material.Textures.primary = WriteImage("dull.png", Plain(kClearWhite));
     material.TextureAlphaChannelUse = 3;
-    EXPECT_LE(Difference(Draw({Item(Ball(), material)}), dull), 1);
+    EXPECT_LE(Difference(DrawBall(material), dull), 1);
 }
 
 /// Up is blue, down is green, the half around +x is brighter red than the one around -x.
@@ -226,7 +226,7 @@ TEST(EnvironmentMap, IsMirroredNotTinted)
 {
     Material black = Glowing(0);
     black.Textures.environment = WriteImage("world.png", Surroundings());
-    const QImage ball = Draw({Item(Ball(), black)});
+    const QImage ball = DrawBall(black);
     // The front mirrors at 0.3; left of the middle the ball shows what is left of it, at -x, which
     // lies in the image's right half.
     EXPECT_NEAR(qRed(ball.pixel(36, 32)), Encoded(0.3), 6);
@@ -248,7 +248,7 @@ TEST(EnvironmentMap, StaysWithTheWorldAndIsMaskedByPrimaryAlpha)
     EXPECT_GT(qRed(fromSide.pixel(32, 32)), 140);
     black.Textures.primary = WriteImage("clear.png", Plain(kClearWhite));
     black.TextureAlphaChannelUse = 4;
-    EXPECT_EQ(CountOf(Draw({Item(Ball(), black)}), kBlack), 64 * 64);
+    EXPECT_EQ(CountOf(DrawBall(black), kBlack), 64 * 64);
 }
 
 TEST(GeneratedTextures, StandInForPrimaryAndBump)
@@ -261,7 +261,7 @@ TEST(GeneratedTextures, StandInForPrimaryAndBump)
     EXPECT_EQ(Draw({item}).pixel(44, 20), qRgb(0, 255, 0));
     Material material;
     material.Textures.bump = WriteImage("valleys.png", Valleys(256));
-    const QImage fromFile = Draw({Item(Square(), material)});
+    const QImage fromFile = DrawSquare(material);
     material.Textures.bump.clear();
     item = Item(Square(), material);
     item.generatedBump = made(~0ULL - 1, Valleys(256));

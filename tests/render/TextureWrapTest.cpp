@@ -28,11 +28,9 @@ TEST(Placement, FlipsTurnTheImageRound)
 {
     Material material = FourColoured();
     material.WrapOrientationU = true;
-    EXPECT_EQ(CornersOf(Draw({Item(Square(), material)})),
-              (std::vector<QRgb>{kGreen, kRed, kWhite, kBlue}));
+    EXPECT_EQ(CornersOf(DrawSquare(material)), (std::vector<QRgb>{kGreen, kRed, kWhite, kBlue}));
     material.WrapOrientationV = true;
-    EXPECT_EQ(CornersOf(Draw({Item(Square(), material)})),
-              (std::vector<QRgb>{kWhite, kBlue, kGreen, kRed}));
+    EXPECT_EQ(CornersOf(DrawSquare(material)), (std::vector<QRgb>{kWhite, kBlue, kGreen, kRed}));
 }
 
 TEST(Placement, CropShowsItsPartOfTheImageAlone)
@@ -49,7 +47,7 @@ TEST(Placement, CropShowsItsPartOfTheImageAlone)
     for (const auto& [crop, corners] : rows) {
         Material material = FourColoured();
         material.Placement = crop;
-        const QImage picture = Draw({Item(Square(), material)});
+        const QImage picture = DrawSquare(material);
         EXPECT_EQ(CornersOf(picture), corners);
         // Nothing of the neighbouring quarter is mixed in along the border.
         EXPECT_EQ(picture.pixel(17, 20), corners[0]);
@@ -58,7 +56,8 @@ TEST(Placement, CropShowsItsPartOfTheImageAlone)
 }
 
 studio::FrameItem Wrapped(const std::shared_ptr<const studio::Mesh>& mesh, Material material,
-                          CorvexDB::ApplyMode mode, const QMatrix4x4& worldFromMesh = {})
+                          const QMatrix4x4& worldFromMesh = {},
+                          CorvexDB::ApplyMode mode = CorvexDB::ApplyMode::Relative)
 {
     studio::FrameItem item = Item(mesh, material, worldFromMesh);
     item.coordinates = CorvexSG::CoordinateMode::FromWrap;
@@ -84,7 +83,7 @@ TEST(FlatWrap, TilesByUnitToFitAndBySize)
     const auto draw = [&](FlatWrapType type, float tiles) {
         material.FlatWrap = type;
         material.TilesPerUnit = tiles;
-        return Draw({Wrapped(Square(), material, CorvexDB::ApplyMode::Relative)});
+        return Draw({Wrapped(Square(), material)});
     };
     EXPECT_EQ(CornersOf(draw(FlatWrapType::SizeToFit, 3.0F)),
               (std::vector<QRgb>{kRed, kGreen, kBlue, kWhite}));
@@ -106,7 +105,7 @@ TEST(FlatWrap, RelativeTilesAreAsLargeOnAShapeThatIsScaled)
     material.Wrap = WrapType::Flat;
     QMatrix4x4 flat;
     flat.scale(1.0F, 0.5F, 1.0F);  // one unit high: one tile
-    const QImage picture = Draw({Wrapped(Square(), material, CorvexDB::ApplyMode::Relative, flat)});
+    const QImage picture = Draw({Wrapped(Square(), material, flat)});
     EXPECT_EQ(picture.pixel(20, 27), kRed);
     EXPECT_EQ(picture.pixel(20, 30), kRed);
     EXPECT_EQ(picture.pixel(20, 36), kBlue);
@@ -122,17 +121,17 @@ TEST(FlatWrap, AbsoluteTilesContinueFromShapeToShape)
     QMatrix4x4 right = Moved(0.5F, 0, 0);
     right.scale(0.5F, 1.0F, 1.0F);
     const auto mode = CorvexDB::ApplyMode::Absolute;
-    EXPECT_LE(Difference(Draw({Wrapped(Square(), material, mode, left),
-                               Wrapped(Square(), material, mode, right)}),
-                         Draw({Wrapped(Square(), material, mode)})),
+    EXPECT_LE(Difference(Draw({Wrapped(Square(), material, left, mode),
+                               Wrapped(Square(), material, right, mode)}),
+                         Draw({Wrapped(Square(), material, {}, mode)})),
               1);
     // Relative ones turn with their shape.
     QMatrix4x4 turned;
     turned.rotate(180.0F, 0, 0, 1);
     material.FlatWrap = FlatWrapType::SizeToFit;
-    EXPECT_EQ(CornersOf(Draw({Wrapped(Square(), material, mode, turned)})),
+    EXPECT_EQ(CornersOf(Draw({Wrapped(Square(), material, turned, mode)})),
               (std::vector<QRgb>{kRed, kGreen, kBlue, kWhite}));
-    EXPECT_EQ(CornersOf(Draw({Wrapped(Square(), material, CorvexDB::ApplyMode::Relative, turned)})),
+    EXPECT_EQ(CornersOf(Draw({Wrapped(Square(), material, turned)})),
               (std::vector<QRgb>{kWhite, kBlue, kGreen, kRed}));
 }
 
@@ -142,7 +141,7 @@ TEST(FlatWrap, NoSideIsSmearedOrMirrored)
     material.Wrap = WrapType::Flat;
     material.FlatWrap = FlatWrapType::SizeToFit;
     for (const float yaw : {0.0F, 90.0F, 180.0F, 270.0F}) {
-        studio::Frame frame = FrameOf({Wrapped(Ball(), material, CorvexDB::ApplyMode::Relative)});
+        studio::Frame frame = FrameOf({Wrapped(Ball(), material)});
         frame.camera.yawDegrees = yaw;
         const QImage picture = Draw(frame);
         EXPECT_EQ(picture.pixel(27, 27), kRed) << yaw;
@@ -181,8 +180,7 @@ std::array<double, 3> BallPointAt(int column, int row)
 TEST(RoundWraps, FollowLongitudeAndLatitudeOrHeight)
 {
     for (const WrapType wrap : {WrapType::Spherical, WrapType::Cylindrical}) {
-        const QImage picture =
-            Draw({Wrapped(Ball(), Measured(wrap), CorvexDB::ApplyMode::Relative)});
+        const QImage picture = Draw({Wrapped(Ball(), Measured(wrap))});
         for (const auto& [column, row] : {std::pair{32, 24}, {38, 32}, {26, 40}, {32, 20}}) {
             const auto [x, y, z] = BallPointAt(column, row);
             const double across = 0.5 + std::atan2(x, z) / 6.2831853;
@@ -204,7 +202,7 @@ TEST(RoundWraps, HaveNoSeamAtTheBack)
                    }));
     for (const WrapType wrap : {WrapType::Spherical, WrapType::Cylindrical}) {
         material.Wrap = wrap;
-        studio::Frame frame = FrameOf({Wrapped(Ball(), material, CorvexDB::ApplyMode::Relative)});
+        studio::Frame frame = FrameOf({Wrapped(Ball(), material)});
         frame.camera.yawDegrees = 180.0F;
         const QImage picture = Draw(frame);
         for (int x = 26; x < 38; ++x) {
@@ -223,8 +221,7 @@ TEST(RoundWraps, TopAndBottomRowsDoNotMeet)
         material.Wrap = wrap;
         for (const bool flipped : {false, true}) {
             material.WrapOrientationV = flipped;
-            studio::Frame frame =
-                FrameOf({Wrapped(Ball(), material, CorvexDB::ApplyMode::Relative)});
+            studio::Frame frame = FrameOf({Wrapped(Ball(), material)});
             frame.camera.pitchDegrees = 80.0F;
             EXPECT_EQ(CountOf(Draw(frame), flipped ? kRed : kBlue), 0);
             frame.camera.pitchDegrees = -80.0F;

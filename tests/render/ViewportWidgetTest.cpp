@@ -43,6 +43,14 @@ protected:
         ASSERT_TRUE(shown.wait());
     }
 
+    /// Until whatever was asked for is drawn.
+    void Settle()
+    {
+        QCoreApplication::processEvents();
+        (void)service.DrawNow(widget.CurrentFrame());
+        QCoreApplication::processEvents();
+    }
+
     QRgb MiddlePixel() { return widget.grab().toImage().pixel(100, 75); }
 
     void Drag(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint by)
@@ -95,9 +103,7 @@ TEST_F(ViewportWidgetTest, HiddenViewDrawsOnceItIsShown)
 {
     widget.Draw();
     QSignalSpy shown(&widget, &ViewportWidget::pictureShown);
-    QCoreApplication::processEvents();
-    (void)service.DrawNow(widget.CurrentFrame());
-    QCoreApplication::processEvents();
+    Settle();
     EXPECT_EQ(shown.count(), 0);
     ShowAndWait();
     EXPECT_EQ(MiddlePixel(), qRgb(255, 0, 0));
@@ -119,20 +125,15 @@ TEST_F(ViewportWidgetTest, SeveralDrawsBeforeTheEventLoopCostOnePicture)
 TEST_F(ViewportWidgetTest, PictureStaysUntilTheNextDraw)
 {
     ShowAndWait();
-    QImage green(40, 30, QImage::Format_RGB32);
-    green.fill(Qt::green);
     widget.Draw();
     QCoreApplication::processEvents();
-    widget.ShowPicture(green);
-    (void)service.DrawNow(widget.CurrentFrame());  // whatever was asked for is drawn by now
-    QCoreApplication::processEvents();
+    widget.ShowPicture(Plain(Qt::green));
+    Settle();
     EXPECT_EQ(MiddlePixel(), qRgb(0, 255, 0));
     widget.resize(210, 150);
     widget.hide();
     widget.show();
-    QCoreApplication::processEvents();
-    (void)service.DrawNow(widget.CurrentFrame());
-    QCoreApplication::processEvents();
+    Settle();
     EXPECT_EQ(MiddlePixel(), qRgb(0, 255, 0));
     QSignalSpy shown(&widget, &ViewportWidget::pictureShown);
     widget.Draw();
