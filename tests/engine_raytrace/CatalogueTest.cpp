@@ -110,11 +110,9 @@ TEST(Catalogue, EveryPredefinedMaterialIsAPictureOfItsOwn)
     std::vector<PredefinedLook> rows;
     for (int type = 0; type < 5; ++type) {
         for (const PredefinedLook& row : PredefinedLooks(type)) {
-            udtMaterial material;
-            material.RayTrace.MaterialType = 1;
-            material.RayTrace.PredefinedType = type;
-            material.RayTrace.PreDefinedMaterial = row.position;
-            contacts.materials.push_back(material);
+            contacts.materials.push_back({.RayTrace = {.MaterialType = 1,
+                                                       .PredefinedType = type,
+                                                       .PreDefinedMaterial = row.position}});
             rows.push_back(row);
         }
     }
@@ -133,20 +131,16 @@ TEST(Catalogue, EveryPatternIsAPictureOfItsOwn)
     contacts.cell = kCell;
     contacts.columns = 8;
     for (int i = 0; i <= 23; ++i) {
-        udtMaterial material;
-        material.RayTrace.ColorPattern = i;
-        material.RayTrace.ColorPatternColor = {{{0.9F, 0.2F, 0.1F, 0.0F},
-                                                {1.0F, 0.9F, 0.5F, 0.0F},
-                                                {0.1F, 0.4F, 0.7F, 0.0F},
-                                                {0.05F, 0.1F, 0.2F, 0.0F}}};
-        contacts.materials.push_back(material);
+        contacts.materials.push_back(
+            {.RayTrace = {.ColorPattern = i,
+                          .ColorPatternColor = {{{0.9F, 0.2F, 0.1F, 0.0F},
+                                                 {1.0F, 0.9F, 0.5F, 0.0F},
+                                                 {0.1F, 0.4F, 0.7F, 0.0F},
+                                                 {0.05F, 0.1F, 0.2F, 0.0F}}}}});
     }
     for (int i = 0; i <= 14; ++i) {
-        udtMaterial material;
-        material.Color = 0x60A0D0;
-        material.Specular = 60;
-        material.RayTrace.NormalPattern = i;
-        contacts.materials.push_back(material);
+        contacts.materials.push_back(
+            {.Color = 0x60A0D0, .Specular = 60, .RayTrace = {.NormalPattern = i}});
     }
     RaytraceRig rig;
     CheckContacts(rig, contacts, Rotated(contacts), "raytrace-patterns.png");
@@ -180,9 +174,7 @@ TEST(Catalogue, EverySliderChangesThePicture)
     SphereGrid contacts;
     contacts.cell = kCell;
     contacts.columns = 4;
-    udtMaterial plain;
-    plain.Color = 0x3070C0;
-    plain.Specular = 70;
+    udtMaterial plain{.Color = 0x3070C0, .Specular = 70};
     plain.RayTrace.ColorPatternColor[1] = {0.0F, 0.2F, 0.9F, 0.0F};
     SphereGrid references = contacts;
     for (const Row& row : rows) {

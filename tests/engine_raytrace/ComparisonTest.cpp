@@ -38,111 +38,63 @@ QColor Sky(int x, int y)
 
 struct Case {
     const char* name;
-    void (*change)(udtMaterial&, RaytraceRig&);
+    udtMaterial material;
     double mean = 1.0;          ///< at most; of 255
     double correlation = 0.99;  ///< at least
     bool wrapped = false;       ///< the material says where its images lie, not the mesh
 };
 
-const std::array kCases{
-    Case{"plain", [](udtMaterial& m, RaytraceRig&) { m.Color = 0x4060C0; }},
-    Case{"shiny",
-         [](udtMaterial& m, RaytraceRig&) {
-             m.Color = 0x208040;
-             m.Specular = 90;
-             m.Ambient = 0;
-         }},
-    Case{"emissive",
-         [](udtMaterial& m, RaytraceRig&) {
-             m.Color = 0x20A0F0;
-             m.Emissive = 80;
-         }},
-    Case{"transparent",
-         [](udtMaterial& m, RaytraceRig&) {
-             m.Color = 0xC08040;
-             m.Transparency = 60;
-             m.Specular = 50;
-         }},
-    Case{"textured, overlaid",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Color = 0x80C0FF;
-             m.Textures.primary = rig.Image("p.png", Checks);
-             m.Textures.overlay = rig.Image("o.png", Discs);
-             m.OverlayTranslucency = 25.0F;
-         }},
-    Case{"cropped, flipped",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Textures.primary = rig.Image("p.png", Checks);
-             m.Placement = {0.25F, 0.125F, 0.5F, 0.25F};
-             m.WrapOrientationU = true;
-         }},
-    Case{"tiled flat",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Textures.primary = rig.Image("p.png", Checks);
-             m.Wrap = CorvexDB::WrapType::Flat;
-             m.TilesPerUnit = 1.5F;
-         },
-         3.0, 0.98, true},
-    Case{"cylindrical wrap",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Textures.primary = rig.Image("p.png", Checks);
-             m.Wrap = CorvexDB::WrapType::Cylindrical;
-         },
-         1.0, 0.99, true},
-    Case{"alpha-tested",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Textures.primary = rig.Image("d.png", Discs);
-             m.AlphaTest = 4;
-             m.AlphaTestReference = 128;
-             m.DoubleSided = true;
-         }},
-    Case{"specular map",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Color = 0x3030B0;
-             m.Specular = 100;
-             m.Textures.specular = rig.Image("s.png", Checks);
-         }},
-    Case{"bumped",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Color = 0x50A0E0;
-             m.Specular = 40;
-             m.Textures.bump = rig.Image("b.png", Bumps);
-         },
-         kLargestMean, 0.95},
-    Case{"bumped, wrapped",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Color = 0x50A0E0;
-             m.Specular = 40;
-             m.Textures.bump = rig.Image("b.png", Bumps);
-             m.Wrap = CorvexDB::WrapType::Cylindrical;
-         },
-         3.0, 0.98, true},
-    Case{"bumped, wide image",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Color = 0x50A0E0;
-             m.Textures.bump =
-                 rig.Image("w.png", [](int x, int y) { return Bumps(x, 4 * y); }, {64, 16});
-         },
-         kLargestMean, 0.98},
-    Case{"lacquer",
-         [](udtMaterial& m, RaytraceRig&) {
-             m.Color = 0x2020C0;
-             m.RayTrace.Reflection = 1;
-         },
-         5.0, 0.97},
-    Case{"environment",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
-         },
-         2.0, 0.99},
-    Case{"dark metal",
-         [](udtMaterial& m, RaytraceRig& rig) {
-             m.Color = 0x1B1816;
-             m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
-             m.RayTrace.Metallic = true;
-         },
+std::vector<Case> Cases(RaytraceRig& rig)
+{
+    const std::string checks = rig.Image("p.png", Checks);
+    const std::string discs = rig.Image("d.png", Discs);
+    const std::string bumps = rig.Image("b.png", Bumps);
+    const std::string wide =
+        rig.Image("w.png", [](int x, int y) { return Bumps(x, 4 * y); }, {64, 16});
+    const std::string sky = rig.Image("e.png", Sky);
+    const auto round = CorvexDB::WrapType::Cylindrical;
+    return {
+        {"plain", {.Color = 0x4060C0}},
+        {"shiny", {.Color = 0x208040, .Ambient = 0, .Specular = 90}},
+        {"emissive", {.Color = 0x20A0F0, .Emissive = 80}},
+        {"transparent", {.Color = 0xC08040, .Specular = 50, .Transparency = 60}},
+        {"textured, overlaid",
+         {.Color = 0x80C0FF,
+          .OverlayTranslucency = 25.0F,
+          .Textures = {.primary = checks, .overlay = discs}}},
+        {"cropped, flipped",
+         {.WrapOrientationU = true,
+          .Textures = {.primary = checks},
+          .Placement = {0.25F, 0.125F, 0.5F, 0.25F}}},
+        {"tiled flat",
+         {.Wrap = CorvexDB::WrapType::Flat, .TilesPerUnit = 1.5F, .Textures = {.primary = checks}},
+         3.0,
+         0.98,
+         true},
+        {"cylindrical wrap", {.Wrap = round, .Textures = {.primary = checks}}, 1.0, 0.99, true},
+        {"alpha-tested",
+         {.DoubleSided = true,
+          .AlphaTest = 4,
+          .AlphaTestReference = 128,
+          .Textures = {.primary = discs}}},
+        {"specular map", {.Color = 0x3030B0, .Specular = 100, .Textures = {.specular = checks}}},
+        {"bumped",
+         {.Color = 0x50A0E0, .Specular = 40, .Textures = {.bump = bumps}},
+         kLargestMean,
+         0.95},
+        {"bumped, wrapped",
+         {.Color = 0x50A0E0, .Specular = 40, .Wrap = round, .Textures = {.bump = bumps}},
+         3.0,
+         0.98,
+         true},
+        {"bumped, wide image", {.Color = 0x50A0E0, .Textures = {.bump = wide}}, kLargestMean, 0.98},
+        {"lacquer", {.Color = 0x2020C0, .RayTrace = {.Reflection = 1}}, 5.0, 0.97},
+        {"environment", {.Textures = {.environment = sky}}, 2.0},
+        {"dark metal",
+         {.Color = 0x1B1816, .Textures = {.environment = sky}, .RayTrace = {.Metallic = true}},
          4.0},
-};
+    };
+}
 constexpr std::size_t kSurrounded = 2;  ///< the last ones
 
 /// How far two pictures of a shape are from each other.
@@ -207,7 +159,7 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
     grid.yawDegrees = 32.0F;
     grid.pitchDegrees = 24.0F;
     for (const Case& each : cases) {
-        each.change(grid.materials.emplace_back(), rig);
+        grid.materials.push_back(each.material);
     }
     studio::RaytraceScene scene = grid.Scene();
     for (std::size_t i = 0; i < cases.size(); ++i) {
@@ -239,7 +191,8 @@ TEST(Comparison, PovRayShowsWhatTheViewportShows)
 {
     RaytraceRig rig;
     Pairs pairs;
-    const std::span<const Case> cases(kCases);
+    const std::vector<Case> all = Cases(rig);
+    const std::span cases(all);
     CheckCases(rig, cases.first(cases.size() - kSurrounded), pairs);
     for (std::size_t i = cases.size() - kSurrounded; i < cases.size(); ++i) {
         CheckCases(rig, cases.subspan(i, 1), pairs);  // each would be mirrored by the others
@@ -252,13 +205,12 @@ TEST(Mirrors, HaveAnEndInsideOfAShape)
 {
     RaytraceRig rig;
     const std::string grey = rig.Image("g.png", [](int, int) { return QColor(128, 128, 128); });
+    const std::string sky = rig.Image("e.png", Sky);
     for (const bool glass : {false, true}) {
-        studio::RaytraceScene scene = SceneWith([&](udtMaterial& m) {
-            m.Textures.environment = rig.Image("e.png", Sky, {64, 64});
-            m.Textures.specular = grey;
-            m.DoubleSided = glass;
-            m.Transparency = glass ? 80 : 0;
-        });
+        studio::RaytraceScene scene =
+            SceneWith({.Transparency = glass ? 80 : 0,
+                       .DoubleSided = glass,
+                       .Textures = {.specular = grey, .environment = sky}});
         scene.frame.width = scene.frame.height = 32;
         const QString messages = rig.Raytrace(scene, false).messages;
         const QRegularExpression count("Reflected Rays: +(\\d+)");
@@ -272,11 +224,8 @@ TEST(Mirrors, AreInsideOnlyWhereBothSidesAreSeen)
 {
     RaytraceRig rig;
     const auto count = [&](bool doubleSided) {
-        const auto scene = SceneWith([&](udtMaterial& m) {
-            m.RayTrace.Reflection = 5;
-            m.Transparency = 50;
-            m.DoubleSided = doubleSided;
-        });
+        const auto scene = SceneWith(
+            {.Transparency = 50, .DoubleSided = doubleSided, .RayTrace = {.Reflection = 5}});
         return QString::fromStdString(rig.PovRayText(scene)).count("reflection {");
     };
     EXPECT_EQ(count(true), 2 * count(false));

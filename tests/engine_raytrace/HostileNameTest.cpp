@@ -133,8 +133,7 @@ TEST(SavedImages, OfAnEarlierSceneStay)
     RaytraceRig rig;
     const auto saved = [&](const QColor& colour) {
         const std::string file = rig.Image("changing.bmp", [&](int, int) { return colour; });
-        static_cast<void>(rig.PovRayText(
-            SceneWith([&](udtMaterial& material) { material.Textures.primary = file; })));
+        static_cast<void>(rig.PovRayText(SceneWith({.Textures = {.primary = file}})));
         return QDir(rig.Folder().PathOf("scene_textures")).entryList(QDir::Files);
     };
     const QStringList first = saved(Qt::red);
@@ -183,16 +182,16 @@ TEST(SavedImages, StandForFilesThatPovRayReadsOtherwise)
 TEST(HostileNames, NumbersKeepTheirDotAndNeverBreakTheFile)
 {
     RaytraceRig rig;
-    studio::RaytraceScene scene = SceneWith([](udtMaterial& material) {
-        material.RayTrace.NormalPattern = 3;
-        material.RayTrace.NormalDepth = std::numeric_limits<float>::quiet_NaN();
-        material.RayTrace.Roughness = std::numeric_limits<float>::infinity();
-        material.RayTrace.ColorPattern = 99;
-        material.RayTrace.PredefinedType = -7;
-        material.RayTrace.MaterialType = 1;
-        material.Placement = {0.0F, 0.0F, 0.0F, std::numeric_limits<float>::quiet_NaN()};
-        material.Transparency = 4000;
-    });
+    constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+    studio::RaytraceScene scene =
+        SceneWith({.Transparency = 4000,
+                   .Placement = {0.0F, 0.0F, 0.0F, kNaN},
+                   .RayTrace = {.Roughness = std::numeric_limits<float>::infinity(),
+                                .NormalDepth = kNaN,
+                                .NormalPattern = 3,
+                                .MaterialType = 1,
+                                .PredefinedType = -7,
+                                .ColorPattern = 99}});
     const QLocale own;
     QLocale::setDefault(QLocale(QLocale::German));
     const std::string text = rig.PovRayText(scene);

@@ -63,10 +63,8 @@ Raytraced RaytraceRig::Raytrace(const RaytraceScene& scene, bool antialias)
     return {QImage(picture), outcome.output + outcome.errors, outcome.exitCode};
 }
 
-RaytraceScene SceneWith(const Change& change, std::shared_ptr<const studio::Mesh> mesh)
+RaytraceScene SceneWith(CorvexDB::udtMaterial material, std::shared_ptr<const studio::Mesh> mesh)
 {
-    CorvexDB::udtMaterial material;
-    change(material);
     studio::FrameItem item;
     item.mesh = std::move(mesh);
     item.material = std::make_shared<CorvexDB::udtMaterial>(std::move(material));

@@ -42,11 +42,9 @@ private:
     studio::RenderService m_rendering;
 };
 
-using Change = std::function<void(CorvexDB::udtMaterial&)>;
-
 /// A sphere, or another mesh of its size, at the origin, filling a square picture.
 [[nodiscard]] studio::RaytraceScene
-SceneWith(const Change& change,
+SceneWith(CorvexDB::udtMaterial material,
           std::shared_ptr<const studio::Mesh> mesh = studio::SphereMesh(1.0F));
 
 /// How far two colours are apart, the mean of their channels.

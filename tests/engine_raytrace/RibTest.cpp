@@ -14,9 +14,9 @@ QColor Corners(int x, int y)
 
 class Rib : public testing::Test {
 protected:
-    RibFile Written(const Change& change)
+    RibFile Written(const udtMaterial& material)
     {
-        RibFile file = ReadRib(rig.RibText(SceneWith(change)));
+        RibFile file = ReadRib(rig.RibText(SceneWith(material)));
         CheckParameters(Surface(file));
         return file;
     }
@@ -61,49 +61,29 @@ TEST_F(Rib, ChoosesAStandardShaderThatSaysMost)
     const std::string simulation = rig.Image("~CVX7.jpg", Corners);
     struct Look {
         const char* name;
-        Change change;
+        udtMaterial material;
         const char* shader;
     };
-    const auto stone = [](udtMaterial& m) {
-        m.RayTrace.MaterialType = 1;
-        m.RayTrace.PredefinedType = 2;
-    };
-    const std::vector<Look> looks{
-        {"dull", [](udtMaterial&) {}, "matte"},
-        {"shiny", [](udtMaterial& m) { m.Specular = 50; }, "plastic"},
+    const CorvexDB::TextureFiles both{.primary = image, .environment = image};
+    const CorvexDB::cdtRayTraceMaterialAttributes stone{.MaterialType = 1, .PredefinedType = 2};
+    const Look looks[] = {
+        {"dull", {}, "matte"},
+        {"shiny", {.Specular = 50}, "plastic"},
         {"mirror without surroundings",
-         [](udtMaterial& m) {
-             m.RayTrace.Reflection = 10;
-             m.RayTrace.Metallic = true;
-         },
+         {.RayTrace = {.Reflection = 10, .Metallic = true}},
          "metal"},
-        {"mirror", [&](udtMaterial& m) { m.Textures.environment = image; }, "shinymetal"},
-        {"painted", [&](udtMaterial& m) { m.Textures.overlay = image; }, "paintedplastic"},
-        {"painted, mirrors a little",
-         [&](udtMaterial& m) { m.Textures.primary = m.Textures.environment = image; },
-         "paintedplastic"},
-        {"painted, mirrors all",
-         [&](udtMaterial& m) {
-             m.Textures.primary = m.Textures.environment = image;
-             m.RayTrace.Reflection = 9;
-         },
-         "shinymetal"},
-        {"stock stone in place of its images",
-         [&](udtMaterial& m) {
-             stone(m);
-             m.Textures.primary = m.Textures.environment = image;
-         },
-         "plastic"},
+        {"mirror", {.Textures = {.environment = image}}, "shinymetal"},
+        {"painted", {.Textures = {.overlay = image}}, "paintedplastic"},
+        {"painted, mirrors a little", {.Textures = both}, "paintedplastic"},
+        {"painted, mirrors all", {.Textures = both, .RayTrace = {.Reflection = 9}}, "shinymetal"},
+        {"stock stone in place of its images", {.Textures = both, .RayTrace = stone}, "plastic"},
         {"picture of a stock stone",
-         [&](udtMaterial& m) {
-             stone(m);
-             m.Textures.primary = simulation;
-         },
+         {.Textures = {.primary = simulation}, .RayTrace = stone},
          "paintedplastic"},
     };
     for (const Look& look : looks) {
         SCOPED_TRACE(look.name);
-        EXPECT_EQ(Surface(Written(look.change)).Text(), look.shader);
+        EXPECT_EQ(Surface(Written(look.material)).Text(), look.shader);
     }
 }
 
@@ -111,10 +91,8 @@ TEST_F(Rib, ReflectionGoesFromTheBodyToWhatIsMirrored)
 {
     for (const bool surrounded : {false, true}) {
         const auto mirror = [&](float position) {
-            return Written([&](udtMaterial& m) {
-                m.RayTrace.Reflection = position;
-                m.Textures.environment = surrounded ? image : std::string();
-            });
+            return Written({.Textures = {.environment = surrounded ? image : std::string()},
+                            .RayTrace = {.Reflection = position}});
         };
         const RibFile some = mirror(4);
         const RibFile more = mirror(8);
@@ -127,12 +105,11 @@ TEST_F(Rib, ReflectionGoesFromTheBodyToWhatIsMirrored)
 TEST_F(Rib, APatternsColourIsItsOwnAndNoImagesPartOfIt)
 {
     const auto colour = [&](const std::string& primary) {
-        const RibFile file = Written([&](udtMaterial& m) {
-            m.Color = 0x0000FF;
-            m.RayTrace.ColorPattern = 5;
-            m.RayTrace.ColorPatternColor = {{{1, 1, 1, 0}, {0, 0, 0, 0}, {}, {}}};
-            m.Textures.primary = primary;
-        });
+        const RibFile file =
+            Written({.Color = 0x0000FF,
+                     .Textures = {.primary = primary},
+                     .RayTrace = {.ColorPattern = 5,
+                                  .ColorPatternColor = {{{1, 1, 1, 0}, {0, 0, 0, 0}, {}, {}}}}});
         EXPECT_FLOAT_EQ(file.Find("Color")->Numbers().at(1), 0.0F);
         return file.Find("Color")->Numbers().at(0);
     };
@@ -148,20 +125,12 @@ QVector3D VectorAt(const std::vector<float>& numbers, std::size_t index)
 
 TEST_F(Rib, HasTheAmountsOfTheMaterial)
 {
-    const RibFile file = Written([](udtMaterial& m) {
-        m.Transparency = 75;
-        m.Specular = 50;
-        m.DoubleSided = true;
-        m.RayTrace.Roughness = 5;
-    });
+    const RibFile file = Written({.Specular = 50, .Transparency = 75, .DoubleSided = true});
     EXPECT_THAT(file.Find("Opacity")->Numbers(), testing::Each(testing::FloatEq(0.25F)));
     EXPECT_FLOAT_EQ(Value(file, "roughness"), 1.0F / 60.0F);
-    const RibFile rough = Written([](udtMaterial& m) {
-        m.Specular = 50;
-        m.RayTrace.Roughness = 9;
-    });
+    const RibFile rough = Written({.Specular = 50, .RayTrace = {.Roughness = 9}});
     EXPECT_GT(Value(rough, "roughness"), 2.0F / 60.0F);
-    const RibFile glass = Written([](udtMaterial& m) { m.RayTrace.MaterialType = 1; });
+    const RibFile glass = Written({.RayTrace = {.MaterialType = 1}});
     EXPECT_LT(glass.Find("Opacity")->Numbers().at(0), 0.9F);
     EXPECT_EQ(file.All("Sides").back()->Numbers(), std::vector{2.0F});
     EXPECT_EQ(rough.All("Sides").back()->Numbers(), std::vector{1.0F});
@@ -169,7 +138,7 @@ TEST_F(Rib, HasTheAmountsOfTheMaterial)
 
 TEST_F(Rib, SeesAndLightsTheSceneAsTheViewportDoes)
 {
-    studio::RaytraceScene scene = SceneWith([](udtMaterial&) {});
+    studio::RaytraceScene scene = SceneWith({});
     scene.frame.width = 96;
     scene.frame.height = 64;
     scene.frame.backdrop = studio::Backdrop::Gradient;
@@ -245,13 +214,10 @@ TEST_F(Rib, PutsImagesWhereCropFlipAndTilesDo)
     }
     const auto mesh = studio::MakeMesh(vertices, plane->indices);
     for (const bool flip : {false, true}) {
-        studio::RaytraceScene scene = SceneWith(
-            [&](udtMaterial& m) {
-                m.Textures.primary = image;
-                m.Placement = {0.3F, 0.4F, -0.5F, 1.4F};
-                m.WrapOrientationV = flip;
-            },
-            mesh);
+        studio::RaytraceScene scene = SceneWith({.WrapOrientationV = flip,
+                                                 .Textures = {.primary = image},
+                                                 .Placement = {0.3F, 0.4F, -0.5F, 1.4F}},
+                                                mesh);
         scene.frame.items.front().coordinates = CorvexSG::CoordinateMode::FromMesh;
         const RibFile file = ReadRib(rig.RibText(scene));
         const QImage tile = Painted(file);
@@ -273,15 +239,14 @@ TEST_F(Rib, PutsImagesWhereCropFlipAndTilesDo)
 TEST_F(Rib, KeepsTheStepsOfDarkImages)
 {
     const std::string dark = rig.Image("d.png", [](int, int) { return QColor(8, 8, 8); });
-    const RibFile file = Written([&](udtMaterial& m) { m.Textures.primary = dark; });
+    const RibFile file = Written({.Textures = {.primary = dark}});
     EXPECT_NEAR(static_cast<double>(Painted(file).pixelColor(9, 9).redF()), 8.0 / 255.0 / 12.92,
                 2.0e-5);
 }
 
 TEST_F(Rib, HasEachEnvironmentMapMadeBeforeTheWorld)
 {
-    studio::RaytraceScene scene =
-        SceneWith([&](udtMaterial& m) { m.Textures.environment = image; });
+    studio::RaytraceScene scene = SceneWith({.Textures = {.environment = image}});
     scene.frame.items.push_back(scene.frame.items.front());
     const RibFile file = ReadRib(rig.RibText(scene));
     const auto made = file.All("MakeLatLongEnvironment");
@@ -293,12 +258,11 @@ TEST_F(Rib, HasEachEnvironmentMapMadeBeforeTheWorld)
 
 TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
 {
-    studio::RaytraceScene scene = studio::FlatSampleOf(SceneWith([](udtMaterial& m) {
-        m.Specular = 100;
-        m.Transparency = 80;
-        m.RayTrace.ColorPattern = 1;
-        m.RayTrace.ColorPatternColor.fill({0.0F, 1.0F, 0.0F, 0.0F});
-    }));
+    const CorvexDB::PatternColour green{0.0F, 1.0F, 0.0F};
+    studio::RaytraceScene scene = studio::FlatSampleOf(SceneWith(
+        {.Specular = 100,
+         .Transparency = 80,
+         .RayTrace = {.ColorPattern = 1, .ColorPatternColor = {green, green, green, green}}}));
     scene.frame.width = 60;
     scene.frame.height = 20;
     const RibFile file = ReadRib(rig.RibText(scene));
@@ -311,7 +275,7 @@ TEST_F(Rib, AFlatSampleFillsItsPictureWithOneColour)
 
 TEST_F(Rib, AnExportNamesAPictureBesideItAndAJobTheOneThatIsLookedFor)
 {
-    studio::RaytraceScene scene = SceneWith([](udtMaterial&) {});
+    studio::RaytraceScene scene = SceneWith({});
     EXPECT_EQ(ReadRib(rig.RibText(scene)).Find("Display")->Text(), "scene.tif");
     scene.picture = "~CVX1.bmp";
     EXPECT_EQ(ReadRib(rig.RibText(scene)).Find("Display")->Text(), "~CVX1.bmp");
