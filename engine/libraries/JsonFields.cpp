@@ -280,6 +280,23 @@ private:
     std::vector<std::string>& m_problems;
 };
 
+QJsonObject Unknown(const Level& level, const QJsonObject& json)
+{
+    QJsonObject unknown;
+    for (auto member = json.begin(); member != json.end(); ++member) {
+        const auto known = std::ranges::find(level.inner, member.key(), &Level::name);
+        if (known == level.inner.end()) {
+            unknown.insert(member.key(), member.value());
+        } else if (known->row == nullptr && !known->IsArray()) {
+            if (const QJsonObject inner = Unknown(*known, member.value().toObject());
+                !inner.isEmpty()) {
+                unknown.insert(member.key(), inner);
+            }
+        }
+    }
+    return unknown;
+}
+
 }  // namespace
 
 QJsonValue JsonOf(const AttributeValue& value)
@@ -296,6 +313,24 @@ void ReadRecord(const QJsonObject& json, CorvexDB::udtMaterial& record,
                 std::vector<std::string>& problems)
 {
     RecordReader(record, problems).Read(Document(), json);
+}
+
+QJsonObject UnknownFields(const QJsonObject& json)
+{
+    return Unknown(Document(), json);
+}
+
+QJsonObject WithUnknown(QJsonObject json, const QJsonObject& unknown)
+{
+    for (auto member = unknown.begin(); member != unknown.end(); ++member) {
+        const QJsonValue present = json.value(member.key());
+        if (present.isUndefined()) {
+            json.insert(member.key(), member.value());
+        } else if (present.isObject()) {
+            json.insert(member.key(), WithUnknown(present.toObject(), member.value().toObject()));
+        }
+    }
+    return json;
 }
 
 }  // namespace studio

@@ -23,4 +23,9 @@ namespace studio {
 void ReadRecord(const QJsonObject& json, CorvexDB::udtMaterial& record,
                 std::vector<std::string>& problems);
 
+/// What of the object is no attribute: a later program's, which must not get lost.
+[[nodiscard]] QJsonObject UnknownFields(const QJsonObject& json);
+/// The members of both, `json`'s where both have one.
+[[nodiscard]] QJsonObject WithUnknown(QJsonObject json, const QJsonObject& unknown);
+
 }  // namespace studio

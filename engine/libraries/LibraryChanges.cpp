@@ -1,4 +1,4 @@
-#include "LibraryError.h"
+#include "DatabaseError.h"
 #include "LibraryFile.h"
 #include <CorvexMaterial/Status.h>
 
@@ -41,7 +41,7 @@ void LibraryFile::Change(const Work& work)
 void LibraryFile::RequireWritable() const
 {
     if (!m_readOnlyReason.empty()) {
-        ThrowLibraryError(Path(), "it cannot be changed: " + m_readOnlyReason);
+        ThrowDatabaseError(Path(), "it cannot be changed: " + m_readOnlyReason);
     }
 }
 

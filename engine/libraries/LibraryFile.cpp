@@ -1,7 +1,8 @@
 #include "LibraryFile.h"
 
 #include "FileWriting.h"
-#include "LibraryError.h"
+#include "DatabaseError.h"
+#include "DatabaseKind.h"
 #include "LibraryQuery.h"
 #include "QuerySql.h"
 #include "StoredPath.h"
@@ -123,7 +124,7 @@ std::string LibraryFile::JsonAt(std::int32_t index)
     Statement json = m_database.Use("SELECT json FROM contents WHERE entry = ?1");
     json.Bind(1, IdAt(index));
     if (!json.Step()) {
-        ThrowLibraryError(Path(), "entry " + std::to_string(index + 1) + " is no longer there");
+        ThrowDatabaseError(Path(), "entry " + std::to_string(index + 1) + " is no longer there");
     }
     return std::string(json.Text(0));
 }
@@ -209,7 +210,7 @@ void LibraryFile::Load()
         ids.push_back(rows.Integer(0));
     }
     if (ids.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
-        ThrowLibraryError(Path(), "it has too many entries");
+        ThrowDatabaseError(Path(), "it has too many entries");
     }
     m_dataVersion = m_database.Integer("PRAGMA data_version");
     m_ids = std::move(ids);

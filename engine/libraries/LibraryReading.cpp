@@ -1,6 +1,6 @@
 #include "LibraryReading.h"
 
-#include "LibraryError.h"
+#include "DatabaseError.h"
 #include "LibraryFile.h"
 #include "StoredPath.h"
 #include "TextureText.h"
@@ -16,7 +16,7 @@ auto ReadEntry(LibraryFile& library, std::int32_t index, const Read& read)
     try {
         return read(json, FolderOf(library.Path()));
     } catch (const CorvexMaterial::Error& error) {
-        ThrowLibraryError(library.Path(),
+        ThrowDatabaseError(library.Path(),
                           "entry \"" + library.NameAt(index) + "\" is damaged: " + error.what());
     }
 }

@@ -28,8 +28,4 @@ void MakeLibraryTables(Database& database, LibraryKind kind);
 /// Refuses a database whose tables are not exactly ours. In a transaction. Errors: FileFailed.
 void CheckLibraryTables(Database& database);
 
-/// Refuses a file that is shorter than it says. For one that could not be read: while another
-/// program writes, a good one may look like this too. Errors: FileFailed.
-void RefuseTruncated(const std::string& path);
-
 }  // namespace studio

@@ -128,8 +128,9 @@ StudioScene::Shapes DefaultShapes(const MaterialNamed& library)
 {
     StudioScene::Shapes shapes;
     for (const ShapeRow& row : kShapes) {
-        auto shape =
-            std::make_shared<StudioShape>(row.name, row.mesh(), MaterialOf(row.look, library));
+        AppliedMaterial applied = MaterialOf(row.look, library);
+        applied.identity = std::make_shared<SceneMaterial>(SceneMaterial{row.look.material, {}});
+        auto shape = std::make_shared<StudioShape>(row.name, row.mesh(), std::move(applied));
         QMatrix4x4 worldFromMesh;
         worldFromMesh.translate(row.position[0], row.position[1], row.position[2]);
         worldFromMesh.rotate(row.yawDegrees, 0.0F, 1.0F, 0.0F);

@@ -40,16 +40,24 @@ AppliedMaterial WholeMaterial(CorvexDB::udtMaterial material, CorvexSG::Coordina
 {
     auto gathered = std::make_shared<GatheredMaterial>();
     gathered->material = std::move(material);
-    return {std::move(gathered), coordinates};
+    return {std::move(gathered), coordinates, {}};
 }
 
-StudioShape::StudioShape() : m_applied(WholeMaterial({})) {}
+StudioShape::StudioShape() : StudioShape(ShapeState()) {}
 
 StudioShape::StudioShape(std::string name, std::shared_ptr<const Mesh> mesh,
                          AppliedMaterial applied)
-    : m_name(std::move(name)), m_loaded(std::move(mesh)), m_shown(m_loaded)
+    : StudioShape(ShapeState{.name = std::move(name),
+                             .mesh = std::move(mesh),
+                             .placement = {},
+                             .applied = std::move(applied)})
 {
-    SetApplied(std::move(applied));
+}
+
+StudioShape::StudioShape(ShapeState state) : m_state(std::move(state))
+{
+    SetApplied(std::move(m_state.applied));
+    ShowMesh(std::move(m_state.mesh), m_state.option);
 }
 
 void StudioShape::ApplyMaterial(const CorvexSG::MaterialApplication& application)
@@ -61,13 +69,13 @@ void StudioShape::ApplyMaterial(const CorvexSG::MaterialApplication& application
     if (application.optimizePoints) {
         m_shown = WithMergedPoints(m_shown);
     }
-    m_applied.gathered = std::move(gathered);
+    m_state.applied.gathered = std::move(gathered);
 }
 
 void StudioShape::ApplyMaterialWrapped(const CorvexSG::MaterialApplication& application)
 {
     ApplyMaterial(application);
-    m_applied.coordinates = CorvexSG::CoordinateMode::FromWrap;
+    m_state.applied.coordinates = CorvexSG::CoordinateMode::FromWrap;
 }
 
 void StudioShape::LoadMeshFile(const std::string& path)
@@ -76,7 +84,7 @@ void StudioShape::LoadMeshFile(const std::string& path)
     if (!std::filesystem::is_regular_file(path, error)) {
         throw Error(Status::FileFailed, path + ": there is no such file");
     }
-    ShowMesh(ReadMeshFile(path), m_option);
+    ShowMesh(ReadMeshFile(path), m_state.option);
 }
 
 void StudioShape::SetShapeOption(std::int32_t option)
@@ -85,8 +93,8 @@ void StudioShape::SetShapeOption(std::int32_t option)
         option != static_cast<std::int32_t>(ShapeOption::Smooth)) {
         throw Error(Status::InvalidArgument, "The shape knows the options 1 and 2.");
     }
-    if (static_cast<ShapeOption>(option) != m_option) {
-        ShowMesh(m_loaded, static_cast<ShapeOption>(option));
+    if (static_cast<ShapeOption>(option) != m_state.option) {
+        ShowMesh(m_state.mesh, static_cast<ShapeOption>(option));
     }
 }
 
@@ -94,8 +102,8 @@ void StudioShape::ShowMesh(std::shared_ptr<const Mesh> mesh, ShapeOption option)
 {
     const bool facets = option == ShapeOption::Flat && mesh != nullptr;
     m_shown = facets ? WithFlatNormals(*mesh) : mesh;
-    m_loaded = std::move(mesh);
-    m_option = option;
+    m_state.mesh = std::move(mesh);
+    m_state.option = option;
 }
 
 void StudioShape::Move(float distance, std::int32_t mode)
@@ -103,40 +111,42 @@ void StudioShape::Move(float distance, std::int32_t mode)
     if (mode < 0 || mode > static_cast<std::int32_t>(MoveMode::AlongZ)) {
         throw Error(Status::InvalidArgument, "A shape moves along the axes 0 to 2.");
     }
-    m_moved[static_cast<std::size_t>(mode)] += static_cast<double>(distance);
+    m_state.moved[static_cast<std::size_t>(mode)] += static_cast<double>(distance);
 }
 
 void StudioShape::SetApplied(AppliedMaterial applied)
 {
-    m_applied =
-        applied.gathered == nullptr ? WholeMaterial({}, applied.coordinates) : std::move(applied);
+    if (applied.gathered == nullptr) {
+        applied.gathered = WholeMaterial({}).gathered;
+    }
+    m_state.applied = std::move(applied);
 }
 
 QMatrix4x4 StudioShape::WorldFromMesh() const
 {
-    QMatrix4x4 worldFromMesh = m_placement;
+    QMatrix4x4 worldFromMesh = m_state.placement;
     for (int axis = 0; axis < 3; ++axis) {
-        const double moved = m_moved[static_cast<std::size_t>(axis)];
+        const double moved = m_state.moved[static_cast<std::size_t>(axis)];
         worldFromMesh(axis, 3) =
-            static_cast<float>(static_cast<double>(m_placement(axis, 3)) + moved);
+            static_cast<float>(static_cast<double>(m_state.placement(axis, 3)) + moved);
     }
     return worldFromMesh;
 }
 
 void StudioShape::SetWorldFromMesh(const QMatrix4x4& worldFromMesh)
 {
-    m_placement = worldFromMesh;
-    m_moved = {};
+    m_state.placement = worldFromMesh;
+    m_state.moved = {};
 }
 
 FrameItem StudioShape::Item() const
 {
     FrameItem item;
     item.mesh = m_shown;
-    item.material = {m_applied.gathered, &m_applied.gathered->material};
+    item.material = {m_state.applied.gathered, &m_state.applied.gathered->material};
     item.worldFromMesh = WorldFromMesh();
-    item.coordinates = m_applied.coordinates;
-    item.applyMode = m_applied.gathered->applyMode;
+    item.coordinates = m_state.applied.coordinates;
+    item.applyMode = m_state.applied.gathered->applyMode;
     return item;
 }
 

@@ -11,10 +11,19 @@
 
 namespace studio {
 
+/// What makes a material one that shapes share: those that point to the same have it in common. To
+/// rename it is to give all of them another one.
+struct SceneMaterial {
+    std::string name;
+    /// Attributes that a later program stored, as a JSON object; empty for none.
+    std::string unknown;
+};
+
 /// A shape's material as it was applied: enough to put it back later.
 struct AppliedMaterial {
     std::shared_ptr<const CorvexSG::GatheredMaterial> gathered;  ///< never null in a shape
     CorvexSG::CoordinateMode coordinates = CorvexSG::CoordinateMode::FromMesh;
+    std::shared_ptr<const SceneMaterial> identity{};  ///< null where nobody named or shared it
 
     bool operator==(const AppliedMaterial&) const = default;
 };
@@ -33,11 +42,25 @@ enum class ShapeOption : std::int32_t {
 /// What `Move` understands: the axis of the world along which the shape moves.
 enum class MoveMode : std::int32_t { AlongX = 0, AlongY = 1, AlongZ = 2 };
 
+/// All that a shape is.
+struct ShapeState {
+    std::string name;
+    std::shared_ptr<const Mesh> mesh;  ///< as it was loaded; null for an empty shape
+    ShapeOption option = ShapeOption::Smooth;
+    QMatrix4x4 placement;
+    std::array<double, 3> moved{};  ///< double, so that small steps leave no rounding behind
+    AppliedMaterial applied;
+
+    bool operator==(const ShapeState&) const = default;
+};
+
 class StudioShape : public CorvexSG::Shape {
 public:
     /// Empty, with the default material.
     StudioShape();
     StudioShape(std::string name, std::shared_ptr<const Mesh> mesh, AppliedMaterial applied);
+    /// As `State()` gave it. A null material becomes the default one.
+    explicit StudioShape(ShapeState state);
 
     /// Takes the material over, and leaves the way coordinates are made as it was. The mesh costs
     /// something only where its points are to be merged, and the material is shared, not copied,
@@ -53,14 +76,15 @@ public:
     /// position exactly. Errors: InvalidArgument.
     void Move(float distance, std::int32_t mode) override;
 
-    [[nodiscard]] const std::string& Name() const { return m_name; }
+    [[nodiscard]] const ShapeState& State() const { return m_state; }
+    [[nodiscard]] const std::string& Name() const { return m_state.name; }
     /// As drawn; null for an empty shape.
     [[nodiscard]] const std::shared_ptr<const Mesh>& SharedMesh() const { return m_shown; }
     [[nodiscard]] const CorvexDB::udtMaterial& Material() const
     {
-        return m_applied.gathered->material;
+        return m_state.applied.gathered->material;
     }
-    [[nodiscard]] const AppliedMaterial& Applied() const { return m_applied; }
+    [[nodiscard]] const AppliedMaterial& Applied() const { return m_state.applied; }
     /// A null material becomes the default one.
     void SetApplied(AppliedMaterial applied);
     [[nodiscard]] QMatrix4x4 WorldFromMesh() const;
@@ -70,13 +94,8 @@ public:
 private:
     void ShowMesh(std::shared_ptr<const Mesh> mesh, ShapeOption option);
 
-    std::string m_name;
-    std::shared_ptr<const Mesh> m_loaded;
+    ShapeState m_state;
     std::shared_ptr<const Mesh> m_shown;
-    ShapeOption m_option = ShapeOption::Smooth;
-    AppliedMaterial m_applied;
-    QMatrix4x4 m_placement;
-    std::array<double, 3> m_moved{};  ///< double, so that small steps leave no rounding behind
 };
 
 }  // namespace studio

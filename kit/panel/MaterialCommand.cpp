@@ -17,6 +17,11 @@ QString NameOfChange(const FieldSet& fields, const std::vector<ShapeChange>& cha
     if (!fields.empty()) {
         return NameOf(fields);
     }
+    if (!changes.empty() &&
+        IsSame(*changes.front().before.gathered, *changes.front().after.gathered) &&
+        changes.front().before.coordinates == changes.front().after.coordinates) {
+        return Tr("material name");
+    }
     return std::ranges::all_of(changes, keepsCoordinates) ? Tr("way of applying") : Tr("wrap");
 }
 
@@ -38,6 +43,7 @@ bool IsSame(const CorvexSG::GatheredMaterial& one, const CorvexSG::GatheredMater
 bool ChangesNothing(const ShapeChange& change)
 {
     return change.before.coordinates == change.after.coordinates &&
+           change.before.identity == change.after.identity &&
            IsSame(*change.before.gathered, *change.after.gathered);
 }
 
@@ -73,7 +79,7 @@ std::vector<ShapeChange> ChangesBy(const std::function<void(CorvexDB::udtMateria
             edit(after->material);
         }
         if (after->material != before.gathered->material) {
-            changes.push_back({shape, before, {after, before.coordinates}});
+            changes.push_back({shape, before, {after, before.coordinates, before.identity}});
         }
     }
     return changes;

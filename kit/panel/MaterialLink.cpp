@@ -1,5 +1,7 @@
 #include "MaterialLink.h"
 
+#include "MaterialNames.h"
+
 #include <algorithm>
 
 namespace studio {
@@ -52,6 +54,10 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
         }
         changes.back().after = shape->Applied();
     }
+    SplitShared(changes, m_parts.scene.All());
+    for (const ShapeChange& change : changes) {
+        change.shape->SetApplied(change.after);
+    }
     Push(std::move(changes), FieldsOf(edit));
 }
 
@@ -86,7 +92,10 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
     gathered->material = material;
     gathered->applyMode = before.gathered->applyMode;
-    Make({{shape, before, {std::move(gathered), coordinates}}});
+    std::vector<ShapeChange> changes{
+        {shape, before, {std::move(gathered), coordinates, before.identity}}};
+    SplitShared(changes, m_parts.scene.All());
+    Make(std::move(changes));
 }
 
 void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)

@@ -95,7 +95,7 @@ TEST_F(InterruptedWriting, EndsInAMessageOnAFullDiskWithTheOldEntriesIntact)
         const CorvexTest::FullDisk disk(static_cast<rlim_t>(m_temporary.Bytes().size() + 30000));
         EXPECT_THAT(
             ErrorOf([&] { Change(library, 5, 300); }),
-            testing::AllOf(HasSubstr(m_temporary.Path()), HasSubstr("library is as it was")));
+            testing::AllOf(HasSubstr(m_temporary.Path()), HasSubstr("it is as it was")));
     }
     const int done = Done();
     EXPECT_GT(done, 5);

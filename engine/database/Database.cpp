@@ -1,7 +1,7 @@
 #include "Database.h"
 
-#include "LibraryError.h"
-#include "LibraryVfs.h"
+#include "DatabaseError.h"
+#include "DatabaseVfs.h"
 
 #include <sqlite3.h>
 
@@ -30,7 +30,7 @@ constexpr std::array kJournalCauses{
     SqliteCause{kJournalIsNoFile, "is not a plain file of its own; move it away and try again"},
     SqliteCause{kJournalIsForeign,
                 "is none that the studio wrote and may name other files to be deleted; neither was "
-                "touched. Without it the library can be opened"},
+                "touched. Without it the file can be opened"},
 };
 
 constexpr std::array kSqliteCauses{
@@ -38,11 +38,11 @@ constexpr std::array kSqliteCauses{
                 "the file was moved, replaced or deleted meanwhile; choose it again"},
     SqliteCause{SQLITE_CANTOPEN_SYMLINK, "it is a symbolic link; choose the file that it leads to"},
     SqliteCause{SQLITE_CORRUPT, "the file is damaged"},
-    SqliteCause{SQLITE_NOTADB, "the file is damaged or not a library"},
-    SqliteCause{SQLITE_FULL, "the disk is full; the library is as it was"},
+    SqliteCause{SQLITE_NOTADB, "the file is damaged or of another kind"},
+    SqliteCause{SQLITE_FULL, "the disk is full; it is as it was"},
     SqliteCause{SQLITE_BUSY, "another program is changing it; try again in a moment"},
     SqliteCause{SQLITE_READONLY, "it may only be read"},
-    SqliteCause{SQLITE_IOERR, "the disk or the network folder failed; the library is as it was"},
+    SqliteCause{SQLITE_IOERR, "the disk or the network folder failed; it is as it was"},
     SqliteCause{SQLITE_CANTOPEN, "the file, or its folder for a change, cannot be opened"},
     SqliteCause{SQLITE_TOOBIG, "an entry is larger than 16 MB"},
 };
@@ -71,7 +71,7 @@ std::string SqliteCauseOf(sqlite3* handle)
 
 [[noreturn]] void FailWith(sqlite3* handle)
 {
-    ThrowLibraryError(PathOf(handle), SqliteCauseOf(handle));
+    ThrowDatabaseError(PathOf(handle), SqliteCauseOf(handle));
 }
 
 void ExpectOk(sqlite3_stmt* statement, int code)
@@ -102,10 +102,10 @@ sqlite3* OpenedConnection(const std::string& path, Database::Mode mode)
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX |
                       (mode == Database::Mode::New ? SQLITE_OPEN_CREATE : 0);
     sqlite3* handle = nullptr;
-    if (sqlite3_open_v2(path.c_str(), &handle, flags, LibraryVfs()) != SQLITE_OK) {
+    if (sqlite3_open_v2(path.c_str(), &handle, flags, DatabaseVfs()) != SQLITE_OK) {
         const std::string cause = SqliteCauseOf(handle);
         CloseConnection(handle);
-        ThrowLibraryError(path, cause);
+        ThrowDatabaseError(path, cause);
     }
     return handle;
 }

@@ -1,4 +1,4 @@
-#include "LibraryVfs.h"
+#include "DatabaseVfs.h"
 
 #include <sqlite3.h>
 
@@ -136,12 +136,12 @@ int PathAsItIs(sqlite3_vfs*, const char* name, int room, char* path)
 
 }  // namespace
 
-const char* LibraryVfs()
+const char* DatabaseVfs()
 {
     static sqlite3_vfs vfs = [] {
         sqlite3_initialize();
         sqlite3_vfs cut = *SystemVfs();
-        cut.zName = "corvex-library";
+        cut.zName = "corvex-guarded";
         cut.pNext = nullptr;
         cut.xOpen = OpenGuarded;
         cut.xDelete = DeleteJournal;

@@ -11,6 +11,6 @@ inline constexpr int kJournalIsForeign = 14 | (101 << 8);
 /// its `-journal` and nothing else, and only if they are plain files. Hence no write-ahead log, no
 /// journal that names a second one (SQLite would delete the file of that name), no symbolic link.
 /// Only SQLite's own nameless temporary files are free.
-[[nodiscard]] const char* LibraryVfs();
+[[nodiscard]] const char* DatabaseVfs();
 
 }  // namespace studio

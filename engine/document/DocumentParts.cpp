@@ -1,0 +1,279 @@
+#include "DocumentParts.h"
+
+#include "DatabaseError.h"
+#include "JsonFields.h"
+#include "MaterialText.h"
+#include "StoredPath.h"
+#include <CorvexMaterial/Status.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstring>
+
+namespace studio {
+namespace {
+
+static_assert(std::endian::native == std::endian::little,
+              "documents hold numbers as they are here");
+static_assert(sizeof(Vertex) == 32 && std::is_trivially_copyable_v<Vertex>);
+
+/// A coordinate beyond this is taken for damage.
+constexpr float kLargestCoordinate = 1.0e9F;
+
+QJsonObject ObjectOf(std::string_view json)
+{
+    return QJsonDocument::fromJson(
+               QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size())))
+        .object();
+}
+
+QByteArray Compact(const QJsonObject& object)
+{
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+template <typename Numbers>
+QJsonArray ArrayOf(const Numbers& numbers)
+{
+    QJsonArray array;
+    for (const auto number : numbers) {
+        array.append(static_cast<double>(number));
+    }
+    return array;
+}
+
+/// Left alone unless all numbers are there and can be used.
+template <typename Number>
+void ReadNumbers(const QJsonValue& json, std::span<Number> numbers)
+{
+    const QJsonArray array = json.toArray();
+    const auto isNumber = [](const QJsonValue& value) {
+        return value.isDouble() && std::abs(value.toDouble()) <= 1.0e30;
+    };
+    if (array.size() == std::ssize(numbers) && std::ranges::all_of(array, isNumber)) {
+        std::ranges::transform(array, numbers.begin(), [](const QJsonValue& value) {
+            return static_cast<Number>(value.toDouble());
+        });
+    }
+}
+
+template <typename Item>
+std::span<const char> BytesOf(const std::vector<Item>& items)
+{
+    const auto bytes = std::as_bytes(std::span(items));
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+template <typename Item>
+std::vector<Item> ReadItems(Database& database, ChunkOwner kind, std::int64_t owner,
+                            std::int64_t count)
+{
+    // Before so much memory is taken.
+    Statement stored =
+        database.Use("SELECT sum(length(bytes)) FROM chunks WHERE kind = ?1 AND owner = ?2");
+    stored.Bind(1, static_cast<std::int64_t>(kind)).Bind(2, owner);
+    const std::int64_t there = stored.Step() ? stored.Integer(0) : 0;
+    if (count < 0 || there % static_cast<std::int64_t>(sizeof(Item)) != 0 ||
+        there / static_cast<std::int64_t>(sizeof(Item)) != count) {
+        ThrowDatabaseError(database.Path(), "a mesh is damaged");
+    }
+    std::vector<Item> items(static_cast<std::size_t>(count));
+    const auto bytes = std::as_writable_bytes(std::span(items));
+    ReadChunks(database, kind, owner, {reinterpret_cast<char*>(bytes.data()), bytes.size()});
+    return items;
+}
+
+bool IsUsable(const Vertex& vertex)
+{
+    const auto isFine = [](float number) { return std::abs(number) <= kLargestCoordinate; };
+    return std::ranges::all_of(vertex.position, isFine) &&
+           std::ranges::all_of(vertex.normal, isFine) && std::ranges::all_of(vertex.uv, isFine);
+}
+
+constexpr QLatin1String kMatrix("matrix");
+constexpr QLatin1String kMoved("moved");
+constexpr QLatin1String kFlat("flat");
+constexpr QLatin1String kWrapped("wrapped");
+
+}  // namespace
+
+void WriteChunks(Database& database, ChunkOwner kind, std::int64_t owner,
+                 std::span<const char> bytes)
+{
+    RemoveChunks(database, kind, owner);
+    for (std::int64_t part = 0; !bytes.empty(); ++part) {
+        const auto piece = bytes.first(std::min(bytes.size(), kChunkBytes));
+        database.Use("INSERT INTO chunks (kind, owner, part, bytes) VALUES (?1, ?2, ?3, ?4)")
+            .Bind(1, static_cast<std::int64_t>(kind))
+            .Bind(2, owner)
+            .Bind(3, part)
+            .BindBlob(4, {piece.data(), piece.size()})
+            .Run();
+        bytes = bytes.subspan(piece.size());
+    }
+}
+
+void RemoveChunks(Database& database, ChunkOwner kind, std::int64_t owner)
+{
+    database.Use("DELETE FROM chunks WHERE kind = ?1 AND owner = ?2")
+        .Bind(1, static_cast<std::int64_t>(kind))
+        .Bind(2, owner)
+        .Run();
+}
+
+void ReadChunks(Database& database, ChunkOwner kind, std::int64_t owner, std::span<char> bytes)
+{
+    Statement pieces =
+        database.Use("SELECT bytes FROM chunks WHERE kind = ?1 AND owner = ?2 ORDER BY part");
+    pieces.Bind(1, static_cast<std::int64_t>(kind)).Bind(2, owner);
+    while (pieces.Step()) {
+        const std::string_view piece = pieces.Blob(0);
+        if (piece.size() > bytes.size()) {
+            break;
+        }
+        std::ranges::copy(piece, bytes.begin());
+        bytes = bytes.subspan(piece.size());
+    }
+    if (!bytes.empty()) {
+        ThrowDatabaseError(database.Path(), "parts of it are missing");
+    }
+}
+
+void WriteMesh(Database& database, std::int64_t id, const Mesh& mesh)
+{
+    database.Use("INSERT OR REPLACE INTO meshes (id, vertices, indices) VALUES (?1, ?2, ?3)")
+        .Bind(1, id)
+        .Bind(2, std::ssize(mesh.vertices))
+        .Bind(3, std::ssize(mesh.indices))
+        .Run();
+    WriteChunks(database, ChunkOwner::Vertices, id, BytesOf(mesh.vertices));
+    WriteChunks(database, ChunkOwner::Indices, id, BytesOf(mesh.indices));
+}
+
+std::shared_ptr<const Mesh> ReadMesh(Database& database, std::int64_t id)
+{
+    std::int64_t vertexCount = 0;
+    std::int64_t indexCount = 0;
+    {
+        Statement counts = database.Use("SELECT vertices, indices FROM meshes WHERE id = ?1");
+        counts.Bind(1, id);
+        if (!counts.Step()) {
+            ThrowDatabaseError(database.Path(), "a mesh is missing");
+        }
+        vertexCount = counts.Integer(0);
+        indexCount = counts.Integer(1);
+    }
+    auto vertices = ReadItems<Vertex>(database, ChunkOwner::Vertices, id, vertexCount);
+    if (!std::ranges::all_of(vertices, IsUsable)) {
+        ThrowDatabaseError(database.Path(), "a mesh is damaged");
+    }
+    return MakeMesh(std::move(vertices),
+                    ReadItems<std::uint32_t>(database, ChunkOwner::Indices, id, indexCount));
+}
+
+QByteArray JsonOfShape(const ShapeState& shape)
+{
+    QJsonObject json;
+    json.insert(kMatrix, ArrayOf(std::span(shape.placement.constData(), 16)));
+    if (shape.moved != std::array<double, 3>{}) {
+        json.insert(kMoved, ArrayOf(shape.moved));
+    }
+    json.insert(kFlat, shape.option == ShapeOption::Flat);
+    json.insert(kWrapped, shape.applied.coordinates == CorvexSG::CoordinateMode::FromWrap);
+    return Compact(json);
+}
+
+void ReadShape(std::string_view json, ShapeState& shape)
+{
+    const QJsonObject object = ObjectOf(json);
+    std::array<float, 16> matrix{};
+    std::copy_n(shape.placement.constData(), matrix.size(), matrix.begin());
+    ReadNumbers<float>(object.value(kMatrix), matrix);
+    // Columns stand one behind the other, here and there.
+    std::ranges::copy(matrix, shape.placement.data());
+    ReadNumbers<double>(object.value(kMoved), shape.moved);
+    shape.option = object.value(kFlat).toBool() ? ShapeOption::Flat : ShapeOption::Smooth;
+    shape.applied.coordinates = object.value(kWrapped).toBool()
+                                    ? CorvexSG::CoordinateMode::FromWrap
+                                    : CorvexSG::CoordinateMode::FromMesh;
+}
+
+QByteArray JsonOfCamera(const Camera& camera)
+{
+    return Compact({{QStringLiteral("target"),
+                     ArrayOf(std::array{camera.target.x(), camera.target.y(), camera.target.z()})},
+                    {QStringLiteral("yaw"), static_cast<double>(camera.yawDegrees)},
+                    {QStringLiteral("pitch"), static_cast<double>(camera.pitchDegrees)},
+                    {QStringLiteral("distance"), static_cast<double>(camera.distance)},
+                    {QStringLiteral("fieldOfView"), static_cast<double>(camera.fovDegrees)}});
+}
+
+std::optional<Camera> CameraOfJson(std::string_view json)
+{
+    const QJsonObject object = ObjectOf(json);
+    std::array<float, 3> target{};
+    ReadNumbers<float>(object.value(QLatin1String("target")), target);
+    const auto number = [&object](const char* key) {
+        return static_cast<float>(object.value(QLatin1String(key)).toDouble());
+    };
+    const Camera camera{{target[0], target[1], target[2]},
+                        number("yaw"),
+                        number("pitch"),
+                        number("distance"),
+                        number("fieldOfView")};
+    const bool isUsable =
+        camera.distance > 0.0F && camera.distance <= kLargestCoordinate &&
+        std::abs(camera.pitchDegrees) <= 90.0F && std::abs(camera.yawDegrees) <= 1.0e6F &&
+        camera.fovDegrees >= 1.0F && camera.fovDegrees <= 170.0F &&
+        std::ranges::all_of(target,
+                            [](float axis) { return std::abs(axis) <= kLargestCoordinate; });
+    return isUsable ? std::optional(camera) : std::nullopt;
+}
+
+QByteArray JsonOfSource(const SourceModel& source, const std::string& folder)
+{
+    return Compact(
+        {{QStringLiteral("path"), QString::fromStdString(StoredPath(source.path, folder))},
+         {QStringLiteral("bytes"), static_cast<double>(source.bytes)},
+         {QStringLiteral("modified"), static_cast<double>(source.modified)}});
+}
+
+SourceModel SourceOfJson(std::string_view json, const std::string& folder)
+{
+    const QJsonObject object = ObjectOf(json);
+    const std::string path = object.value(QLatin1String("path")).toString().toStdString();
+    return {path.empty() ? path : PathOfStored(path, folder),
+            static_cast<std::int64_t>(object.value(QLatin1String("bytes")).toDouble()),
+            static_cast<std::int64_t>(object.value(QLatin1String("modified")).toDouble())};
+}
+
+QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material, const std::string& unknown,
+                               const std::string& folder)
+{
+    return Compact(WithUnknown(ObjectOf(JsonOfMaterial(material, folder)), ObjectOf(unknown)));
+}
+
+AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& name,
+                                    const std::string& folder, std::vector<std::string>& problems)
+{
+    MaterialReading reading;
+    try {
+        reading = MaterialOfJson(json, folder);
+    } catch (const CorvexMaterial::Error& error) {
+        reading.problems = {error.what()};
+    }
+    for (const std::string& problem : reading.problems) {
+        problems.push_back("Material \"" + name + "\": " + problem);
+    }
+    AppliedMaterial applied = WholeMaterial(std::move(reading.material));
+    const QJsonObject unknown = UnknownFields(ObjectOf(json));
+    applied.identity = std::make_shared<SceneMaterial>(
+        SceneMaterial{name, unknown.isEmpty() ? std::string() : Compact(unknown).toStdString()});
+    return applied;
+}
+
+}  // namespace studio

@@ -1,0 +1,152 @@
+#include "DocumentTextures.h"
+
+#include "DatabaseError.h"
+#include "DocumentParts.h"
+#include "FileClaim.h"
+#include "FileWriting.h"
+#include "QtRegularFile.h"
+#include <CorvexMaterial/Status.h>
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+constexpr const char* kMark = "embedded:";
+
+std::string HashOf(const QByteArray& bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex().toStdString();
+}
+
+bool IsHash(const std::string& text)
+{
+    return text.size() == 64 && text.find_first_not_of("0123456789abcdef") == std::string::npos;
+}
+
+/// A name from a document may be anything.
+std::string PlainName(const std::string& name)
+{
+    const QString plain = QFileInfo(QString::fromStdString(name)).fileName().left(200);
+    return plain.isEmpty() || plain == u"." || plain == u".." ? "texture" : plain.toStdString();
+}
+
+std::string StoredAs(std::int64_t id, const std::string& name)
+{
+    return kMark + std::to_string(id) + '/' + name;
+}
+
+}  // namespace
+
+void DocumentTextures::Extract(Database& database)
+{
+    Statement pictures =
+        database.Compile("SELECT id, name, bytes, sha256 FROM textures ORDER BY id");
+    while (pictures.Step()) {
+        Row row{pictures.Integer(0),
+                PlainName(std::string(pictures.Text(1))),
+                {},
+                std::string(pictures.Text(3))};
+        const std::string file = ExtractOne(database, row, pictures.Integer(2));
+        row.identity = CorvexMaterial::FileIdentity(file);
+        m_rows.emplace(file, std::move(row));
+    }
+}
+
+// What is there was looked at when it was put there, so its content is that of its folder's name.
+std::string DocumentTextures::ExtractOne(Database& database, const Row& row,
+                                         std::int64_t bytes) const
+{
+    if (!IsHash(row.sha256) || bytes < 0 || bytes > CorvexMaterial::kMostPictureFileBytes) {
+        ThrowDatabaseError(database.Path(), "a texture in it is damaged");
+    }
+    const std::string folder = m_folder + '/' + row.sha256.substr(0, 32);
+    std::string file = folder + '/' + row.name;
+    const QFileInfo there(QString::fromStdString(file));
+    if (there.isFile() && !there.isSymLink() && there.size() == bytes) {
+        return file;
+    }
+    QByteArray content(static_cast<qsizetype>(bytes), Qt::Uninitialized);
+    ReadChunks(database, ChunkOwner::Texture, row.id,
+               {content.data(), static_cast<std::size_t>(content.size())});
+    if (HashOf(content) != row.sha256) {
+        ThrowDatabaseError(database.Path(), "a texture in it is damaged");
+    }
+    CorvexMaterial::MakeFolder(folder);
+    CorvexMaterial::WriteFile(file, {content.constData(), static_cast<std::size_t>(bytes)});
+    return file;
+}
+
+bool DocumentTextures::IsExtracted(const std::string& file) const
+{
+    return file.starts_with(m_folder + '/');
+}
+
+std::optional<std::string> DocumentTextures::Embed(Database& database, const std::string& file)
+{
+    const std::string identity = CorvexMaterial::FileIdentity(file);
+    if (const auto known = m_rows.find(file);
+        known != m_rows.end() && known->second.identity == identity) {
+        return StoredAs(known->second.id, known->second.name);
+    }
+    QByteArray content;
+    try {
+        content = CorvexMaterial::ReadRegular(QString::fromStdString(file),
+                                              CorvexMaterial::kMostPictureFileBytes);
+    } catch (const CorvexMaterial::Error&) {
+        return std::nullopt;
+    }
+    Row row{0, PlainName(file), identity, HashOf(content)};
+    const auto same = std::ranges::find_if(
+        m_rows, [&row](const auto& known) { return known.second.sha256 == row.sha256; });
+    if (same != m_rows.end()) {
+        row.id = same->second.id;
+    } else {
+        database.Use("INSERT INTO textures (name, bytes, sha256) VALUES (?1, ?2, ?3)")
+            .Bind(1, row.name)
+            .Bind(2, content.size())
+            .Bind(3, row.sha256)
+            .Run();
+        row.id = database.LastId();
+        WriteChunks(database, ChunkOwner::Texture, row.id,
+                    {content.constData(), static_cast<std::size_t>(content.size())});
+    }
+    const Row& kept = m_rows.insert_or_assign(file, std::move(row)).first->second;
+    return StoredAs(kept.id, kept.name);
+}
+
+std::optional<std::string> DocumentTextures::FileOf(const std::string& stored) const
+{
+    const std::size_t mark = stored.find(kMark);
+    if (mark == std::string::npos) {
+        return std::nullopt;
+    }
+    const std::int64_t id = std::atoll(stored.c_str() + mark + std::string_view(kMark).size());
+    const auto row =
+        std::ranges::find_if(m_rows, [id](const auto& known) { return known.second.id == id; });
+    return row == m_rows.end() ? std::nullopt : std::optional(row->first);
+}
+
+void DocumentTextures::Keep(Database& database, const std::set<std::string>& stored)
+{
+    std::erase_if(m_rows, [&](const auto& known) {
+        const Row& row = known.second;
+        if (stored.contains(StoredAs(row.id, row.name))) {
+            return false;
+        }
+        const auto isSame = [&row](const std::string& text) {
+            return text.starts_with(kMark + std::to_string(row.id) + '/');
+        };
+        if (std::ranges::none_of(stored, isSame)) {
+            database.Use("DELETE FROM textures WHERE id = ?1").Bind(1, row.id).Run();
+            RemoveChunks(database, ChunkOwner::Texture, row.id);
+        }
+        return true;
+    });
+}
+
+}  // namespace studio

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Camera.h"
+#include "StudioShape.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// What a scene was opened from, and how to tell that the file has changed since.
+struct SourceModel {
+    std::string path;  ///< absolute; empty for none
+    std::int64_t bytes = 0;
+    std::int64_t modified = 0;  ///< milliseconds since 1970, UTC
+
+    bool operator==(const SourceModel&) const = default;
+};
+
+/// As the file is now; without size and time when there is none.
+[[nodiscard]] SourceModel SourceModelAt(const std::string& path);
+
+/// Where a document keeps textures: inside itself, or as paths to files, relative to it where they
+/// are below or beside its folder.
+enum class TexturePlace : std::uint8_t { Referenced, Embedded };
+
+/// A scene as it is kept in a document: a value that costs little, since meshes and materials are
+/// shared and never changed once made.
+struct SceneContent {
+    std::vector<ShapeState> shapes;
+    std::vector<std::size_t> selection;  ///< places of shapes, in the order they were chosen
+    std::optional<Camera> camera;
+    SourceModel source;
+    TexturePlace textures = TexturePlace::Referenced;
+    std::string picture;  ///< a small one of the scene, PNG; may be empty
+};
+
+}  // namespace studio

@@ -1,0 +1,146 @@
+#include "MaterialNames.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <unordered_set>
+
+namespace studio {
+namespace {
+
+using Identity = std::shared_ptr<const SceneMaterial>;
+
+const Identity& IdentityOf(const std::shared_ptr<StudioShape>& shape)
+{
+    return shape->Applied().identity;
+}
+
+class Names {
+public:
+    explicit Names(const ShapeList& scene)
+    {
+        for (const auto& shape : scene) {
+            if (const Identity& identity = IdentityOf(shape); identity != nullptr) {
+                m_taken.insert(identity->name);
+            }
+        }
+    }
+
+    /// From now on taken.
+    std::string Unique(const std::string& name)
+    {
+        std::string unique = name;
+        for (int number = 2; !m_taken.insert(unique).second; ++number) {
+            unique = Stem(name) + ' ' + std::to_string(number);
+        }
+        return unique;
+    }
+
+private:
+    static std::string Stem(const std::string& name)
+    {
+        const std::size_t last = name.find_last_not_of("0123456789");
+        const bool isNumbered =
+            last != std::string::npos && last > 0 && last + 1 < name.size() && name[last] == ' ';
+        return isNumbered ? name.substr(0, last) : name;
+    }
+
+    std::set<std::string> m_taken;
+};
+
+Identity Named(const Identity& like, std::string name)
+{
+    return std::make_shared<SceneMaterial>(
+        SceneMaterial{std::move(name), like == nullptr ? std::string() : like->unknown});
+}
+
+}  // namespace
+
+void SplitShared(std::vector<ShapeChange>& changes, const ShapeList& scene)
+{
+    std::unordered_set<const StudioShape*> changed;
+    std::unordered_set<const SceneMaterial*> edited;
+    for (const ShapeChange& change : changes) {
+        changed.insert(change.shape.get());
+        edited.insert(change.before.identity.get());
+    }
+    edited.erase(nullptr);
+    std::unordered_set<const SceneMaterial*> staying;
+    for (const auto& shape : scene) {
+        if (edited.contains(IdentityOf(shape).get()) && !changed.contains(shape.get())) {
+            staying.insert(IdentityOf(shape).get());
+        }
+    }
+    if (staying.empty()) {
+        return;
+    }
+    Names names(scene);
+    std::map<Identity, Identity> split;
+    for (ShapeChange& change : changes) {
+        const Identity& former = change.before.identity;
+        if (staying.contains(former.get()) && change.before.gathered != change.after.gathered) {
+            Identity& own = split[former];
+            if (own == nullptr) {
+                own = Named(former, names.Unique(former->name));
+            }
+            change.after.identity = own;
+        }
+    }
+}
+
+std::vector<ShapeChange> RenamedMaterials(const ShapeList& shapes, const std::string& name,
+                                          const ShapeList& scene)
+{
+    Names names(scene);
+    std::map<Identity, Identity> renamed;
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : Sharers(shapes, scene)) {
+        ShapeChange change{shape, shape->Applied(), shape->Applied()};
+        if (IdentityOf(shape) == nullptr) {
+            change.after.identity = Named(nullptr, names.Unique(name));
+        } else if (IdentityOf(shape)->name != name) {
+            Identity& now = renamed[IdentityOf(shape)];
+            now = now == nullptr ? Named(IdentityOf(shape), names.Unique(name)) : now;
+            change.after.identity = now;
+        }
+        changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& scene)
+{
+    Names names(scene);
+    std::map<Identity, std::size_t> users;
+    for (const auto& shape : scene) {
+        ++users[IdentityOf(shape)];
+    }
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : shapes) {
+        const Identity& identity = IdentityOf(shape);
+        if (identity != nullptr && users[identity] > 1) {
+            --users[identity];
+            ShapeChange change{shape, shape->Applied(), shape->Applied()};
+            change.after.identity = Named(identity, names.Unique(identity->name));
+            changes.push_back(std::move(change));
+        }
+    }
+    return changes;
+}
+
+ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene)
+{
+    std::set<Identity> identities;
+    ShapeList sharers = shapes;
+    for (const auto& shape : shapes) {
+        identities.insert(IdentityOf(shape));
+    }
+    identities.erase(nullptr);
+    const std::set<std::shared_ptr<StudioShape>> given(shapes.begin(), shapes.end());
+    std::ranges::copy_if(scene, std::back_inserter(sharers), [&](const auto& shape) {
+        return identities.contains(IdentityOf(shape)) && !given.contains(shape);
+    });
+    return sharers;
+}
+
+}  // namespace studio

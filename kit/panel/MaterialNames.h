@@ -1,0 +1,23 @@
+#pragma once
+
+#include "MaterialCommand.h"
+
+#include <string>
+
+namespace studio {
+
+/// Shapes that share a material with others which do not get the change have one of their own from
+/// now on, which they share with those that do: "Oak" becomes "Oak 2".
+void SplitShared(std::vector<ShapeChange>& changes, const ShapeList& scene);
+
+/// For the shapes and all that share a material with one of them. A name that another material has
+/// gets a number.
+[[nodiscard]] std::vector<ShapeChange>
+RenamedMaterials(const ShapeList& shapes, const std::string& name, const ShapeList& scene);
+/// Gives each of them a material that it shares with no other shape.
+[[nodiscard]] std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& scene);
+
+/// All shapes of the scene that share a material with one of these, these included.
+[[nodiscard]] ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene);
+
+}  // namespace studio
