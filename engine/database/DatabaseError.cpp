@@ -6,7 +6,8 @@ namespace studio {
 
 void ThrowDatabaseError(const std::string& path, const std::string& cause)
 {
-    const std::string noun = path.ends_with(".cvm") || path.ends_with(".cvt") ? "Library" : "File";
+    const bool isDocument = path.ends_with(".corvex") || path.ends_with(".saving");
+    const std::string noun = isDocument ? "Document" : "Library";
     throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
                                 noun + " '" + path + "': " + cause + '.');
 }
