@@ -1,6 +1,7 @@
 #include "ModelFiles.h"
 
 #include "DefaultScene.h"
+#include "Interchange.h"
 #include "LibraryDrag.h"
 #include "LibraryStep.h"
 #include "MaterialExchange.h"
@@ -88,10 +89,9 @@ QString ModelFiles::Folder() const
 
 void ModelFiles::ChooseFile()
 {
-    const QString file =
-        QFileDialog::getOpenFileName(&m_parts.window, tr("Open"), Folder(),
-                                     tr("3D models (*.obj *.gltf *.glb *.ply *.stl *.x *.3ds *.fbx "
-                                        "*.dae *.off);;Libraries (*.cvm *.cvt);;All files (*)"));
+    const QString file = QFileDialog::getOpenFileName(
+        &m_parts.window, tr("Open"), Folder(),
+        tr("3D models (%1);;Libraries (*.cvm *.cvt);;All files (*)").arg(ModelPatterns()));
     if (!file.isEmpty()) {
         Open(file);
     }

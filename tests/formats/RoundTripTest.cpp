@@ -1,7 +1,10 @@
 #include "Amounts.h"
 #include "Exchange.h"
+#include "Formats.h"
 #include "SampleFolder.h"
 #include <CorvexMaterial/Status.h>
+
+#include <map>
 
 #include <sys/stat.h>
 
@@ -205,7 +208,7 @@ class RoundTrip : public testing::TestWithParam<FormatCase> {
 protected:
     [[nodiscard]] std::string File(const char* name) const
     {
-        return m_folder.PathOf(name).toStdString() + GetParam().suffix;
+        return m_folder.PathOf(name).toStdString() + "." + GetParam().suffix;
     }
 
     CorvexTest::SampleFolder m_folder;
@@ -267,10 +270,21 @@ TEST_P(RoundTrip, KnowsTheAlphaChannelOfEveryTypeAndReadsNoPipe)
     EXPECT_EQ(CorvexTest::OutcomeFor(report, "Pipe", "Alpha channel use"), "-");
 }
 
-INSTANTIATE_TEST_SUITE_P(Formats, RoundTrip,
-                         testing::Values(FormatCase{".mtl", ReduceForMtl},
-                                         FormatCase{".gltf", ReduceForGltf},
-                                         FormatCase{".mtlx", ReduceForMtlx}),
-                         [](const auto& row) { return std::string(row.param.suffix + 1); });
+/// A case for every format that is written, which does not start without a reduction.
+std::vector<FormatCase> WrittenFormats()
+{
+    const std::map<std::string, void (*)(udtMaterial&)> reductions{
+        {"mtl", ReduceForMtl}, {"gltf", ReduceForGltf}, {"mtlx", ReduceForMtlx}};
+    std::vector<FormatCase> cases;
+    for (const studio::Format& format : studio::Formats()) {
+        if (format.write != nullptr) {
+            cases.push_back({format.suffix, reductions.at(format.suffix)});
+        }
+    }
+    return cases;
+}
+
+INSTANTIATE_TEST_SUITE_P(Formats, RoundTrip, testing::ValuesIn(WrittenFormats()),
+                         [](const auto& row) { return std::string(row.param.suffix); });
 
 }  // namespace

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace studio {
 namespace {
@@ -48,6 +49,23 @@ ImportedModel Read(const std::string& path, const ImportProgram& importer)
     return std::move(*outcome.model);
 }
 
+/// Of the formats that are meant, their suffixes behind the opening.
+QString Suffixes(const char* opening, const char* between, bool (*isMeant)(const Format&))
+{
+    QStringList suffixes;
+    for (const Format& format : Formats()) {
+        if (isMeant(format)) {
+            suffixes << QLatin1String(opening) + QLatin1String(format.suffix);
+        }
+    }
+    return suffixes.join(QLatin1String(between));
+}
+
+bool IsWritten(const Format& format)
+{
+    return format.write != nullptr;
+}
+
 QString FilterOf(const Format& format)
 {
     return QStringLiteral("%1 (*.%2)").arg(Tr(format.name), QLatin1String(format.suffix));
@@ -72,8 +90,10 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
                      Report& report)
 {
     const Format* format = FormatOf(path);
-    if (format == nullptr || format->write == nullptr) {
-        RefuseDocument(path, Tr("only .mtl, .gltf and .mtlx files can be exported.").toStdString());
+    if (format == nullptr || !IsWritten(*format)) {
+        RefuseDocument(path, Tr("only these files can be exported: %1.")
+                                 .arg(Suffixes(".", ", ", IsWritten))
+                                 .toStdString());
     }
     Report rows;
     const std::string folder = FolderOfDocument(path);
@@ -84,15 +104,17 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
     }
 }
 
+QString ModelPatterns()
+{
+    return Suffixes("*.", " ", [](const Format& format) { return format.hasShapes; });
+}
+
 QStringList ImportFilters()
 {
-    QStringList all;
-    QStringList filters;
-    for (const Format& format : Formats()) {
-        all << QStringLiteral("*.%1").arg(QLatin1String(format.suffix));
-        filters << FilterOf(format);
-    }
-    filters.prepend(QStringLiteral("%1 (%2)").arg(Tr("Material files"), all.join(u' ')));
+    const auto isAny = [](const Format&) { return true; };
+    QStringList filters{
+        QStringLiteral("%1 (%2)").arg(Tr("Material files"), Suffixes("*.", " ", isAny))};
+    std::ranges::transform(Formats(), std::back_inserter(filters), FilterOf);
     return filters;
 }
 
@@ -100,7 +122,7 @@ QStringList ExportFilters()
 {
     QStringList filters;
     for (const Format& format : Formats()) {
-        if (format.write != nullptr) {
+        if (IsWritten(format)) {
             filters << FilterOf(format);
         }
     }

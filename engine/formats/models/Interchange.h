@@ -19,13 +19,15 @@ namespace studio {
 [[nodiscard]] std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& report,
                                                          const ImportProgram& importer = {});
 
-/// Writes a file for other programs, by its extension: .mtl, .gltf or .mtlx. Textures are named
+/// Writes a file for other programs, by its extension. Textures are named
 /// relative to it; one that does not last, in the temporary folder, is copied to `Textures/` beside
 /// it. Errors: FileFailed with a message that names file and cause; an existing file is
 /// then as it was.
 void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
                      Report& report);
 
+/// "*.obj *.gltf" and so on, of every format that has shapes.
+[[nodiscard]] QString ModelPatterns();
 /// Entries of a file dialog, the one for every format first.
 [[nodiscard]] QStringList ImportFilters();
 /// One for each format that can be written.
