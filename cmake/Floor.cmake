@@ -1,21 +1,31 @@
-# A floor of the house is one folder and one link target with the folder as its include path, so that
-# an include which runs upward or sideways does not compile. Header names are unique in the tree.
+# A floor of the house is one folder, with its subfolders, and one link target with these as its
+# include path, so that an include which runs upward or sideways does not compile. Header names are
+# unique in the tree.
 #
-# corvex_floor(TARGET [QT | WIDGETS] [TYPE STATIC] [FOLDERS SUBFOLDER...] [USES TARGET...]
+# corvex_floor(TARGET [QT | WIDGETS] [TYPE STATIC] [USES TARGET...]
 #              [NEEDS TARGET...] [WITHOUT FILE...] [ONLY FILE...] [ALSO FILE...])
 #   QT       Qt's Core and Gui; WIDGETS: its widgets too; neither: standard C++
-#   FOLDERS  subfolders that belong to it
 #   USES     what its headers show of other floors; NEEDS: what only its sources see
 #   WITHOUT  files of the folder that are not its own; ONLY: the sources that are
 #   ALSO     headers elsewhere that Qt's compiler has to read
 function(corvex_floor target)
-    cmake_parse_arguments(PARSE_ARGV 1 floor "QT;WIDGETS" "TYPE" "FOLDERS;USES;NEEDS;WITHOUT;ONLY;ALSO")
+    cmake_parse_arguments(PARSE_ARGV 1 floor "QT;WIDGETS" "TYPE" "USES;NEEDS;WITHOUT;ONLY;ALSO")
     if(NOT floor_TYPE)
         set(floor_TYPE STATIC)
     endif()
+    # Subfolders belong to it, but for those with a CMakeLists.txt of their own.
+    file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR} */*.h)
+    set(folders "")
+    foreach(header IN LISTS headers)
+        get_filename_component(folder ${header} DIRECTORY)
+        if(NOT EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/CMakeLists.txt)
+            list(APPEND folders ${folder})
+        endif()
+    endforeach()
+    list(REMOVE_DUPLICATES folders)
     set(sources ${floor_ONLY})
     if(NOT sources)
-        foreach(folder IN LISTS floor_FOLDERS ITEMS .)
+        foreach(folder IN LISTS folders ITEMS .)
             file(GLOB found CONFIGURE_DEPENDS RELATIVE ${CMAKE_CURRENT_SOURCE_DIR}
                 ${folder}/*.cpp ${folder}/*.h ${folder}/*.ui ${folder}/*.qrc)
             list(APPEND sources ${found})
@@ -24,7 +34,7 @@ function(corvex_floor target)
     endif()
     add_library(${target} ${floor_TYPE} ${sources} ${floor_ALSO})
     target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-    foreach(folder IN LISTS floor_FOLDERS)
+    foreach(folder IN LISTS folders)
         target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
     endforeach()
     target_link_libraries(${target} PUBLIC ${floor_USES} PRIVATE ${floor_NEEDS} corvex_warnings)
