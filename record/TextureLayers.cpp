@@ -1,3 +1,4 @@
+#include <CorvexMaterial/EnumEnd.h>
 #include <CorvexMaterial/TextureLayers.h>
 
 #include <algorithm>
@@ -19,7 +20,7 @@ constexpr bool LayersFollowEnum()
     }
     return true;
 }
-static_assert(LayersFollowEnum());
+static_assert(LayersFollowEnum() && EndsAt<TextureLayer, kTextureLayers.size()>());
 
 }  // namespace
 
