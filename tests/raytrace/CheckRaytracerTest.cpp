@@ -112,10 +112,7 @@ TEST(RaytracerCheck, AStoreThatCannotBeWrittenKeepsNothingFromRendering)
         rig.log.FailEach("Store.Flush", Fault::ClassifiedError);
         const DialogAnswer hint([](QDialog& dialog) {
             EXPECT_TRUE(
-                dialog.findChild<QLabel*>("lblWarning")
-                    ->text()
-                    .startsWith(
-                        "Please ensure that you have POVRay 3.5 or higher installed. Also"));
+                dialog.findChild<QLabel*>("lblWarning")->text().startsWith("Please ensure"));
             Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
         });
         rig.Press("cmdPreview");

@@ -16,11 +16,7 @@ public:
     template <typename Widget>
     Widget& Find(const char* name)
     {
-        auto* found = m_dialog.findChild<Widget*>(name);
-        if (found == nullptr) {
-            throw std::logic_error(std::string("there is no ") + name);
-        }
-        return *found;
+        return FindIn<Widget>(m_dialog, name);
     }
     QComboBox& List(const char* name) { return Find<QComboBox>(name); }
     bool Enabled(const char* name) { return Find<QWidget>(name).isEnabled(); }

@@ -32,23 +32,17 @@ protected:
 TEST_F(PreviewFlow, RunsInItsOrder)
 {
     rig.Press("cmdPreview");
-    EXPECT_EQ(rig.log.Order(
-                  {"Viewport.PrepareRaytracedPicture", "Viewport.Size",
-                   "ApplicationState.AntialiasChoice", "SceneExporter.ExportRaytraceScene",
-                   "TemporaryFiles.Claim", "TemporaryFiles.Write", "SceneExporter.TexturesInUse",
-                   "ProcessStarter.Start", "TemporaryFiles.HasContent", "Viewport.ShowBitmap",
-                   "SceneExporter.RaytraceEnded", "Event.MaterialChanged"}),
-              (std::vector<std::string>{"Viewport.PrepareRaytracedPicture", "Viewport.Size",
-                                        "ApplicationState.AntialiasChoice", "TemporaryFiles.Claim",
-                                        "SceneExporter.ExportRaytraceScene", "TemporaryFiles.Write",
-                                        "SceneExporter.TexturesInUse", "ProcessStarter.Start",
-                                        "TemporaryFiles.HasContent", "Viewport.ShowBitmap",
-                                        "SceneExporter.RaytraceEnded"}));
-    EXPECT_EQ(rig.log.DetailsOf("Viewport.ShowBitmap"),
-              std::vector<std::string>{"/temporary/~CVX1.bmp"});
+    const Texts order{"Viewport.PrepareRaytracedPicture",  "Viewport.Size",
+                      "ApplicationState.AntialiasChoice",  "TemporaryFiles.Claim",
+                      "SceneExporter.ExportRaytraceScene", "TemporaryFiles.Write",
+                      "SceneExporter.TexturesInUse",       "ProcessStarter.Start",
+                      "TemporaryFiles.HasContent",         "Viewport.ShowBitmap",
+                      "SceneExporter.RaytraceEnded"};
+    EXPECT_EQ(rig.log.Order(order), order);
+    EXPECT_EQ(rig.Changes(), 0U);
+    EXPECT_EQ(rig.log.DetailsOf("Viewport.ShowBitmap"), Texts{"/temporary/~CVX1.bmp"});
     EXPECT_EQ(rig.log.DetailsOf("Diagnostics.DebugTrace"),
-              (std::vector<std::string>{"POVRay Library_Path(0)=/scenes/",
-                                        "POVRay Library_Path(1)=/media/"}));
+              (Texts{"POVRay Library_Path(0)=/scenes/", "POVRay Library_Path(1)=/media/"}));
     const auto& request = rig.host.exporter.requests.at(0);
     EXPECT_EQ(request.aspectRatio, 1.0F);
     EXPECT_EQ(request.constant, 0.1F);
