@@ -59,15 +59,9 @@ consteval bool EveryAttributeIsTold()
 }
 static_assert(EveryAttributeIsTold(), "an attribute that reports do not list, or list twice");
 
-bool HasImages(const udtMaterial& material)
-{
-    CorvexDB::TextureFiles placed = material.Textures;
-    placed.environment.clear();
-    return placed != CorvexDB::TextureFiles();
-}
-
-/// Colour and amounts always; of the rest what is not as in a fresh material.
-bool IsUsed(const AttributeRow& row, const udtMaterial& material)
+/// Colour and amounts always where the format has them; of the rest what is not as in a fresh
+/// material.
+bool IsUsed(const AttributeRow& row, const udtMaterial& material, Outcome outcome)
 {
     static const udtMaterial kFresh;
     switch (row.attribute) {
@@ -76,14 +70,14 @@ bool IsUsed(const AttributeRow& row, const udtMaterial& material)
     case Attribute::TextureAlphaChannelUse:
         return material.TextureAlphaChannelUse != 0 || material.AlphaIsTransparent;
     case Attribute::OriginU:
-        return HasImages(material) && !WindowOf(material).IsWhole();
+        return HasPlacedImages(material) && !WindowOf(material).IsWhole();
     case Attribute::WrapType:
-        return HasImages(material);
+        return HasPlacedImages(material);
     case Attribute::RaytracePredefinedMaterial:
         return CorvexMaterial::IsPredefined(material.RayTrace);
     default:
-        const bool isAlways =
-            row.group == AttributeGroup::Surface && row.kind != AttributeKind::Flag;
+        const bool isAlways = row.group == AttributeGroup::Surface &&
+                              row.kind != AttributeKind::Flag && outcome != Outcome::Dropped;
         return isAlways || !row.path.same(material, kFresh);
     }
 }
@@ -97,9 +91,19 @@ QString NameOf(const AttributeRow& row)
 
 }  // namespace
 
-ExportNotes::ExportNotes(const NamedMaterial& named, const FormatTable& table)
+bool HasPlacedImages(const udtMaterial& material)
+{
+    CorvexDB::TextureFiles placed = material.Textures;
+    placed.environment.clear();
+    return placed != CorvexDB::TextureFiles();
+}
+
+ExportNotes::ExportNotes(const NamedMaterial& named, const FormatTable& table, Wearers wearers)
     : m_named(named), m_table(table)
 {
+    if (wearers == Wearers::Shapes && HasPlacedImages(named.material)) {
+        Say(Attribute::WrapType, Outcome::Mapped, "");
+    }
 }
 
 void ExportNotes::Say(Attribute attribute, Outcome outcome, const char* note)
@@ -113,8 +117,8 @@ void ExportNotes::AddTo(Report& report) const
     MaterialNotes notes(report, m_named.name);
     for (std::size_t index = 0; index < kReported.size(); ++index) {
         const AttributeRow& attribute = RowOf(kReported[index]);
-        if (m_said[index] || IsUsed(attribute, m_named.material)) {
-            const FormatRow& row = m_said[index] ? *m_said[index] : m_table[index];
+        const FormatRow& row = m_said[index] ? *m_said[index] : m_table[index];
+        if (m_said[index] || IsUsed(attribute, m_named.material, row.outcome)) {
             notes.Add(NameOf(attribute).toStdString(), row.outcome, row.note);
         }
     }

@@ -56,11 +56,18 @@ using FormatTable = std::array<FormatRow, kReported.size()>;
     return std::ranges::equal(table, kReported, {}, &FormatRow::attribute);
 }
 
+/// What wears the materials of a file: samples that only show them, or shapes with coordinates of
+/// their own, which say where images lie.
+enum class Wearers { Samples, Shapes };
+
+/// Whether an image lies somewhere on the surface.
+[[nodiscard]] bool HasPlacedImages(const CorvexDB::udtMaterial& material);
+
 /// Collects what becomes of one material and reports every attribute that the material makes use
 /// of.
 class ExportNotes {
 public:
-    ExportNotes(const NamedMaterial& named, const FormatTable& table);
+    ExportNotes(const NamedMaterial& named, const FormatTable& table, Wearers wearers);
 
     /// In place of the table's row.
     void Say(Attribute attribute, Outcome outcome, const char* note);

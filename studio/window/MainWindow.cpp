@@ -8,6 +8,7 @@
 #include "OptionsEditing.h"
 #include "PanelDock.h"
 #include "PanelLibraries.h"
+#include "SceneExchange.h"
 #include "ScenePane.h"
 #include "SceneRaytracing.h"
 #include "SettingNames.h"
@@ -47,6 +48,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_files(std::make_unique<ModelFiles>(
           ModelFiles::Parts{host, *m_messages, *m_scene, m_history, *m_exchange, *this},
           std::move(importer))),
+      m_handing(std::make_unique<SceneExchange>(
+          SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *this})),
       m_raytracing(std::make_unique<SceneRaytracing>(
           SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *this})),
       m_textures(std::make_unique<TextureFinder>(
@@ -85,6 +88,7 @@ void MainWindow::BuildMenus()
     m_files->AddTo(*file);
     m_textures->AddTo(*file);
     file->addSeparator();
+    m_handing->AddTo(*file);
     m_raytracing->AddTo(*file);
     file->addSeparator();
     m_exchange->AddTo(*file);

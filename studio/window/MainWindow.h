@@ -19,6 +19,7 @@ class OptionsEditing;
 class PanelDock;
 class PanelLibraries;
 class ScenePane;
+class SceneExchange;
 class SceneRaytracing;
 class StudioHost;
 class TextureFinder;
@@ -53,6 +54,7 @@ public:
     [[nodiscard]] Selection& Selected();
     [[nodiscard]] QUndoStack& History() { return m_history; }
     [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
+    [[nodiscard]] SceneExchange& Handing() { return *m_handing; }
     [[nodiscard]] SceneRaytracing& Raytracing() { return *m_raytracing; }
     [[nodiscard]] TextureFinder& Textures() { return *m_textures; }
     [[nodiscard]] ViewportWidget& Viewport();
@@ -84,6 +86,7 @@ private:
     std::unique_ptr<PanelLibraries> m_libraries;
     std::unique_ptr<MaterialExchange> m_exchange;
     std::unique_ptr<ModelFiles> m_files;
+    std::unique_ptr<SceneExchange> m_handing;
     std::unique_ptr<SceneRaytracing> m_raytracing;
     std::unique_ptr<TextureFinder> m_textures;
     std::unique_ptr<OptionsEditing> m_options;

@@ -3,30 +3,22 @@
 #include "Interchange.h"
 #include "LibraryReading.h"
 #include "ReportDialog.h"
+#include "SaveDialog.h"
 #include "SqliteMaterialLibrary.h"
 #include "StoredPath.h"
 #include "StudioHost.h"
 #include "Thumbnailer.h"
+#include "WaitCursor.h"
 #include "WaitDialog.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QAction>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMenu>
 
 namespace studio {
 namespace {
-
-/// While one waits for a file.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 // An entry that is damaged keeps no other from being written; the report names it.
 std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
@@ -104,18 +96,10 @@ void MaterialExchange::ChooseExport()
     if (OpenLibrary() == nullptr) {
         return;
     }
-    QFileDialog dialog(&m_window, tr("Export Materials"), m_folder);
-    // A desktop's own dialog would ask about the name before it has its extension.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilters(ExportFilters());
-    const auto follow = [&dialog](const QString& filter) {
-        dialog.setDefaultSuffix(SuffixOfFilter(filter));
-    };
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
-    follow(dialog.selectedNameFilter());
-    if (dialog.exec() == QDialog::Accepted) {
-        Export(dialog.selectedFiles().value(0));
+    const QString file =
+        AskForTarget(m_window, {tr("Export Materials"), m_folder, ExportFilters()});
+    if (!file.isEmpty()) {
+        Export(file);
     }
 }
 

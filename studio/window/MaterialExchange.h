@@ -33,6 +33,8 @@ public:
     /// Keeps what became of materials that came in another way, to be shown when it is asked for.
     /// Returns a summary; empty when nothing was lost.
     QString Keep(const QString& title, const Report& report, std::size_t materials);
+    /// The same, and shows it.
+    void Show(const QString& title, const Report& report, std::size_t materials);
 
 Q_SIGNALS:
     /// The open library has new entries.
@@ -52,7 +54,6 @@ private:
     [[nodiscard]] std::optional<std::vector<NewEntry>>
     EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
     void ShowLast();
-    void Show(const QString& title, const Report& report, std::size_t materials);
 
     StudioHost& m_host;
     ImportProgram m_importer;

@@ -1,6 +1,7 @@
 #include "SceneRaytracing.h"
 
 #include "RenderWindow.h"
+#include "SaveDialog.h"
 #include "ScenePane.h"
 #include "SceneWriters.h"
 #include "SettingNames.h"
@@ -12,8 +13,6 @@
 #include "ViewportWidget.h"
 #include "WindowMessages.h"
 
-#include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 
@@ -89,18 +88,16 @@ void SceneRaytracing::Render()
 
 void SceneRaytracing::ChooseExport(const CorvexMaterial::SceneFacts& scene)
 {
-    const QString suffix = QString::fromUtf8(scene.suffix);
-    QFileDialog dialog(&m_parts.window, tr("Export Scene"),
-                       m_parts.host.Settings().Text(kExportFolderSetting),
-                       QStringLiteral("%1 (*.%2)").arg(tr(scene.filter.data()), suffix));
-    // A desktop's own dialog would ask about the name before it has its extension.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(QStringLiteral("scene.") + suffix);
-    if (dialog.exec() == QDialog::Accepted) {
-        KeepFolder(dialog.directory().absolutePath());
-        Export(dialog.selectedFiles().value(0));
+    const QString filter =
+        QStringLiteral("%1 (*.%2)").arg(tr(scene.filter.data()), QString::fromUtf8(scene.suffix));
+    const QString file =
+        AskForTarget(m_parts.window, {tr("Export Scene"),
+                                      m_parts.host.Settings().Text(kExportFolderSetting),
+                                      {filter},
+                                      QStringLiteral("scene")});
+    if (!file.isEmpty()) {
+        KeepFolder(QFileInfo(file).absolutePath());
+        Export(file);
     }
 }
 

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <new>
+
 class QLabel;
 class QMainWindow;
 
@@ -44,6 +46,9 @@ public:
             work();
         } catch (const CorvexMaterial::Error& error) {
             Tell(QString::fromStdString(error.what()));
+            return false;
+        } catch (const std::bad_alloc&) {
+            Tell(tr("There is not enough memory for it."));
             return false;
         }
         return true;

@@ -1,6 +1,7 @@
 #include "StudioRig.h"
 
 #include "MaterialExchange.h"
+#include "SceneExchange.h"
 #include "SceneRaytracing.h"
 #include "SqliteMaterialLibrary.h"
 
@@ -73,6 +74,25 @@ TEST_F(Exchange, ASceneIsExportedWithWhatItGoesWithout)
     rig.Shape(0)->SetApplied(studio::WholeMaterial(bumpy));
     rig.Window().Raytracing().Export(rig.PathOf("scene.rib"));
     EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("does not show: bump maps"));
+}
+
+TEST_F(Exchange, TheSelectionAloneIsExportedAndCanBeOpened)
+{
+    auto& action = rig.Find<QAction>("exportSelection");
+    EXPECT_FALSE(action.isEnabled());
+    rig.Window().Selected().Set({rig.Shape(1)});
+    EXPECT_TRUE(action.isEnabled());
+    const std::string name = rig.Shape(1)->Name();
+    const QString file = rig.PathOf("one.glb");
+    rig.Window().Handing().Export(studio::SceneExchange::What::Selection, file);
+    EXPECT_TRUE(rig.Find<QLabel>("summary").text().startsWith("1 material: "));
+    rig.Find<QDialogButtonBox>("buttons").button(QDialogButtonBox::Close)->click();
+    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("one.glb was written."));
+    rig.Open(file);
+    ASSERT_EQ(rig.Window().Scene().All().size(), 1U);
+    EXPECT_EQ(rig.Shape(0)->Name(), name);
+    rig.Window().Handing().Export(studio::SceneExchange::What::Scene, rig.PathOf("no/such/a.obj"));
+    EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 1U);
 }
 
 TEST_F(Exchange, AnOpenedModelHasTheSameReport)

@@ -1,18 +1,16 @@
+#include "GltfExport.h"
+
 #include "Amounts.h"
+#include "GltfImages.h"
 #include "GltfMaterials.h"
-#include "GltfSpheres.h"
 #include "MaterialModel.h"
 #include "ShapeNames.h"
-#include "TextureReference.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
-#include <QUrl>
 
 #include <cmath>
-#include <map>
 
 namespace studio {
 namespace {
@@ -75,41 +73,6 @@ QJsonArray ArrayOf(Rgb colour)
 {
     return {double{colour.red}, double{colour.green}, double{colour.blue}};
 }
-
-/// The images of a document, each file once.
-class GltfImages {
-public:
-    explicit GltfImages(std::string folder) : m_folder(std::move(folder)) {}
-
-    int Take(const std::string& file)
-    {
-        const auto [entry, isNew] = m_indexes.try_emplace(file, static_cast<int>(m_images.size()));
-        if (isNew) {
-            const QString path = QString::fromStdString(ReferenceTo(file, m_folder));
-            const QByteArray uri = QUrl::toPercentEncoding(path, "/");
-            m_images.append(QJsonObject{{"uri", QString::fromLatin1(uri)}});
-            m_textures.append(QJsonObject{{"source", entry->second}});
-        }
-        return entry->second;
-    }
-
-    [[nodiscard]] bool HasAlpha(const std::string& file) { return m_alpha.In(file); }
-
-    void AddTo(QJsonObject& document) const
-    {
-        if (!m_images.isEmpty()) {
-            document["images"] = m_images;
-            document["textures"] = m_textures;
-        }
-    }
-
-private:
-    std::string m_folder;
-    std::map<std::string, int> m_indexes;
-    QJsonArray m_images;
-    QJsonArray m_textures;
-    AlphaChannels m_alpha;
-};
 
 /// The alpha test of the format: what is at least the cutoff is there. Nothing for other tests.
 std::optional<float> CutoffOf(const udtMaterial& material)
@@ -223,27 +186,22 @@ const FormatTable& GltfTable()
     return kGltfTable;
 }
 
-QByteArray GltfOf(std::span<const NamedMaterial> materials, const std::string& folder,
-                  Report& report)
+void PutGltfMaterials(std::span<const NamedMaterial> materials, Wearers wearers, GltfImages& images,
+                      QJsonObject& document, Report& report)
 {
-    GltfImages images(folder);
     QJsonArray objects;
     for (const NamedMaterial& named : materials) {
-        ExportNotes notes(named, kGltfTable);
+        ExportNotes notes(named, kGltfTable, wearers);
         objects.append(MaterialObject(named, images, notes));
         notes.AddTo(report);
     }
-    QJsonObject document{
-        {"asset", QJsonObject{{"version", "2.0"}, {"generator", "Corvex Studio"}}}};
     if (!objects.isEmpty()) {
         document["materials"] = objects;
-        PutSpheres(document, objects);
     }
     images.AddTo(document);
     if (const QJsonArray used = ExtensionsOf(materials); !used.isEmpty()) {
         document["extensionsUsed"] = used;
     }
-    return QJsonDocument(document).toJson();
 }
 
 }  // namespace studio

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ExportedProperties.h"
-#include "MaterialText.h"
+#include "ImportedModel.h"
 
 #include <QByteArray>
 
@@ -16,5 +16,10 @@ namespace studio {
 /// readers pass over materials that nothing wears. Needs no other file but the images.
 [[nodiscard]] QByteArray GltfOf(std::span<const NamedMaterial> materials, const std::string& folder,
                                 Report& report);
+
+/// A scene with its numbers in a .bin file beside it.
+void WriteGltfScene(const ImportedModel& scene, const std::string& path, Report& report);
+/// A scene in one binary file with its numbers and images.
+void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& report);
 
 }  // namespace studio

@@ -1,12 +1,13 @@
 #pragma once
 
-class QJsonArray;
-class QJsonObject;
+#include "ImportedModel.h"
+
+#include <span>
 
 namespace studio {
 
-/// Adds a scene of spheres side by side to a glTF document, one for each of its materials and named
-/// like it; all share one mesh, which is in the document itself.
-void PutSpheres(QJsonObject& document, const QJsonArray& materials);
+/// A scene of spheres side by side, one for each of the materials and named like it; all share one
+/// mesh.
+[[nodiscard]] ImportedModel SpheresWearing(std::span<const NamedMaterial> materials);
 
 }  // namespace studio

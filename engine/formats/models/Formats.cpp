@@ -19,9 +19,11 @@ namespace {
 
 constexpr std::array kFormats{
     Format{"mtl", QT_TRANSLATE_NOOP("Studio", "Wavefront MTL"), ReadMtl, MtlOf, false},
-    Format{"obj", QT_TRANSLATE_NOOP("Studio", "Wavefront OBJ"), ReadObj, nullptr, true},
-    Format{"gltf", QT_TRANSLATE_NOOP("Studio", "glTF"), ReadGltf, GltfOf, true},
-    Format{"glb", QT_TRANSLATE_NOOP("Studio", "glTF binary"), ReadGltf, nullptr, true},
+    Format{"obj", QT_TRANSLATE_NOOP("Studio", "Wavefront OBJ"), ReadObj, nullptr, true,
+           WriteObjScene},
+    Format{"gltf", QT_TRANSLATE_NOOP("Studio", "glTF"), ReadGltf, GltfOf, true, WriteGltfScene},
+    Format{"glb", QT_TRANSLATE_NOOP("Studio", "glTF binary"), ReadGltf, nullptr, true,
+           WriteGlbScene, true},
     Format{"mtlx", QT_TRANSLATE_NOOP("Studio", "MaterialX"), ReadMtlx, MtlxOf, false},
     Format{"3ds", QT_TRANSLATE_NOOP("Studio", "3DS"), ReadWithAssimp, nullptr, true},
     Format{"dae", QT_TRANSLATE_NOOP("Studio", "Collada"), ReadWithAssimp, nullptr, true},

@@ -9,17 +9,21 @@
 
 namespace studio {
 
-/// A file format of other programs: its one reader, whichever way a file comes in, and its one
-/// writer of materials.
+/// A file format of other programs: its one reader, whichever way a file comes in, and its writers.
 struct Format {
     const char* suffix;
     const char* name;  ///< for a person, marked with QT_TRANSLATE_NOOP("Studio", ...)
     ImportedModel (*read)(const std::string& path);
-    /// Null for a format that is only read.
+    /// Null for a format that holds no materials alone, or is only read.
     QByteArray (*write)(std::span<const NamedMaterial> materials, const std::string& folder,
                         Report& report);
     /// Documents of materials are small, and their readers ours: they need no process of their own.
     bool hasShapes;
+    /// Writes shapes and what they wear, all files of it or none. Null for a format that holds
+    /// none, or is only read. Errors: FileFailed.
+    void (*writeScene)(const ImportedModel& scene, const std::string& path,
+                       Report& report) = nullptr;
+    bool holdsPictures = false;  ///< when it writes a scene, which needs no other file then
 };
 
 [[nodiscard]] std::span<const Format> Formats();

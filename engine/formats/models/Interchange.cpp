@@ -5,6 +5,8 @@
 #include "Formats.h"
 #include "JobFolder.h"
 #include "LastingPicture.h"
+#include "ModelShapes.h"
+#include "SurfaceLayers.h"
 #include "Tr.h"
 #include <CorvexMaterial/Status.h>
 
@@ -12,7 +14,7 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
+#include <set>
 
 namespace studio {
 namespace {
@@ -66,9 +68,50 @@ bool IsWritten(const Format& format)
     return format.write != nullptr;
 }
 
+bool HoldsScene(const Format& format)
+{
+    return format.writeScene != nullptr;
+}
+
+void Append(const Report& rows, Report& report)
+{
+    for (const ReportRow& row : rows.Rows()) {
+        report.Add(row);
+    }
+}
+
+bool IsThereOrNone(const std::string& texture)
+{
+    return texture.empty() || QFileInfo(QString::fromStdString(texture)).isFile();
+}
+
+void AddMissing(ImportedModel& scene)
+{
+    for (const auto& [name, material] : scene.materials) {
+        for (const LayerRow& layer : kLayerRows) {
+            if (const std::string& file = material.Textures.*layer.file; !IsThereOrNone(file)) {
+                MaterialNotes(scene.report, name)
+                    .Add(Tr("Texture file").toStdString(), Outcome::Dropped,
+                         QT_TRANSLATE_NOOP("Interchange", "there is no file %1"), file);
+            }
+        }
+    }
+}
+
 QString FilterOf(const Format& format)
 {
     return QStringLiteral("%1 (*.%2)").arg(Tr(format.name), QLatin1String(format.suffix));
+}
+
+QStringList FiltersOf(bool (*isMeant)(const Format&))
+{
+    QStringList filters;
+    for (const Format& format : Formats()) {
+        if (isMeant(format)) {
+            filters << FilterOf(format);
+        }
+    }
+    return filters;
 }
 
 }  // namespace
@@ -80,9 +123,7 @@ std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& repo
     if (model.materials.empty()) {
         RefuseDocument(path, Tr("it holds no materials.").toStdString());
     }
-    for (const ReportRow& row : model.report.Rows()) {
-        report.Add(row);
-    }
+    Append(model.report, report);
     return std::move(model.materials);
 }
 
@@ -99,9 +140,41 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
     const std::string folder = FolderOfDocument(path);
     CorvexMaterial::WriteFile(path,
                               format->write(WithLastingPictures(materials, folder), folder, rows));
-    for (const ReportRow& row : rows.Rows()) {
-        report.Add(row);
+    Append(rows, report);
+}
+
+std::size_t ExportScene(const std::string& path, const StudioScene::Shapes& shapes, Report& report)
+{
+    if (!IsSceneFile(path)) {
+        RefuseDocument(path,
+                       Tr("a scene is exported as %1.").arg(SceneSuffixes(", ")).toStdString());
     }
+    ImportedModel scene = ModelOf(shapes);
+    if (scene.shapes.empty()) {
+        RefuseDocument(path, Tr("there is no surface that it could hold.").toStdString());
+    }
+    const Format& format = *FormatOf(path);
+    if (!format.holdsPictures) {
+        scene.materials = WithLastingPictures(scene.materials, FolderOfDocument(path));
+    }
+    AddMissing(scene);
+    Report rows;
+    format.writeScene(scene, path, rows);
+    Append(scene.report, report);
+    Append(rows, report);
+    return scene.materials.size();
+}
+
+std::vector<std::string> TexturesNotFound(const StudioScene::Shapes& shapes)
+{
+    std::set<std::string> files;
+    for (const auto& shape : shapes) {
+        for (const LayerRow& layer : kLayerRows) {
+            files.insert(shape->Material().Textures.*layer.file);
+        }
+    }
+    std::erase_if(files, IsThereOrNone);
+    return {files.begin(), files.end()};
 }
 
 QString ModelPatterns()
@@ -112,27 +185,29 @@ QString ModelPatterns()
 QStringList ImportFilters()
 {
     const auto isAny = [](const Format&) { return true; };
-    QStringList filters{
-        QStringLiteral("%1 (%2)").arg(Tr("Material files"), Suffixes("*.", " ", isAny))};
-    std::ranges::transform(Formats(), std::back_inserter(filters), FilterOf);
-    return filters;
+    const QString all = Suffixes("*.", " ", isAny);
+    return QStringList(QStringLiteral("%1 (%2)").arg(Tr("Material files"), all)) + FiltersOf(isAny);
 }
 
 QStringList ExportFilters()
 {
-    QStringList filters;
-    for (const Format& format : Formats()) {
-        if (IsWritten(format)) {
-            filters << FilterOf(format);
-        }
-    }
-    return filters;
+    return FiltersOf(IsWritten);
 }
 
-QString SuffixOfFilter(const QString& filter)
+QStringList SceneFilters()
 {
-    const auto format = std::ranges::find(Formats(), filter, FilterOf);
-    return format == Formats().end() ? QString() : u'.' + QString::fromLatin1(format->suffix);
+    return FiltersOf(HoldsScene);
+}
+
+QString SceneSuffixes(const char* between)
+{
+    return Suffixes(".", between, HoldsScene);
+}
+
+bool IsSceneFile(const std::string& path)
+{
+    const Format* format = FormatOf(path);
+    return format != nullptr && HoldsScene(*format);
 }
 
 QString SummaryOf(const Report& report, std::size_t materials)
@@ -145,13 +220,17 @@ QString SummaryOf(const Report& report, std::size_t materials)
         .arg(report.Count(Outcome::Dropped));
 }
 
+std::string NoteOf(const ReportRow& row)
+{
+    return row.material + ": " + row.property + " " + TextOf(row.outcome) + ", " + row.note;
+}
+
 std::vector<std::string> NotesOf(const Report& report, std::size_t materials)
 {
     std::vector<std::string> notes;
     for (const ReportRow& row : report.Rows()) {
         if (row.outcome != Outcome::Mapped) {
-            notes.push_back(row.material + ": " + row.property + " " + TextOf(row.outcome) + ", " +
-                            row.note);
+            notes.push_back(NoteOf(row));
         }
     }
     notes.push_back(SummaryOf(report, materials).toStdString());

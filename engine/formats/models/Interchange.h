@@ -3,6 +3,7 @@
 #include "MaterialText.h"
 #include "ModelImport.h"
 #include "Report.h"
+#include "StudioScene.h"
 
 #include <QStringList>
 
@@ -28,16 +29,31 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
 
 /// "*.obj *.gltf" and so on, of every format that has shapes.
 [[nodiscard]] QString ModelPatterns();
+
+/// Writes shapes and what they wear for other programs, by the file's extension. Textures are named
+/// relative to it or go into it; with them and with materials it is as in ExportMaterials. Returns
+/// how many materials there are. Errors: FileFailed, also for shapes without any surface; existing
+/// files are then as they were.
+std::size_t ExportScene(const std::string& path, const StudioScene::Shapes& shapes, Report& report);
+
+/// The textures of the shapes that are no files, each once.
+[[nodiscard]] std::vector<std::string> TexturesNotFound(const StudioScene::Shapes& shapes);
+
 /// Entries of a file dialog, the one for every format first.
 [[nodiscard]] QStringList ImportFilters();
 /// One for each format that can be written.
 [[nodiscard]] QStringList ExportFilters();
-/// ".mtl" and the like for an entry of ExportFilters().
-[[nodiscard]] QString SuffixOfFilter(const QString& filter);
+/// One for each format in which scenes are written.
+[[nodiscard]] QStringList SceneFilters();
+/// ".gltf, .glb" and so on: of the same formats.
+[[nodiscard]] QString SceneSuffixes(const char* between);
+[[nodiscard]] bool IsSceneFile(const std::string& path);
 
 /// "12 materials: 80 properties mapped, 6 approximated, 14 dropped."
 [[nodiscard]] QString SummaryOf(const Report& report, std::size_t materials);
 
+/// One of its lines.
+[[nodiscard]] std::string NoteOf(const ReportRow& row);
 /// A line for each property that is not mapped, and the summary.
 [[nodiscard]] std::vector<std::string> NotesOf(const Report& report, std::size_t materials);
 

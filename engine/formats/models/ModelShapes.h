@@ -8,4 +8,8 @@ namespace studio {
 /// One shape for every use of a mesh in the model; shapes of one material share it.
 [[nodiscard]] StudioScene::Shapes ShapesOf(const ImportedModel& model);
 
+/// The reverse, for a program that knows no wraps: coordinates that a wrap makes are made into
+/// meshes. A shape without a surface is left out, and the report says so.
+[[nodiscard]] ImportedModel ModelOf(const StudioScene::Shapes& shapes);
+
 }  // namespace studio

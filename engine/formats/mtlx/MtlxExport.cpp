@@ -209,7 +209,7 @@ QByteArray MtlxOf(std::span<const NamedMaterial> materials, const std::string& f
     for (const NamedMaterial& named : materials) {
         const MtlxCoverage coverage = CoverageOf(named.material, alpha);
         WriteMaterial(target, named, coverage);
-        ExportNotes notes(named, kMtlxTable);
+        ExportNotes notes(named, kMtlxTable, Wearers::Samples);
         NoteSpecialCases(named.material, coverage, notes);
         notes.AddTo(report);
     }

@@ -223,11 +223,17 @@ const FormatTable& MtlTable()
 QByteArray MtlOf(std::span<const NamedMaterial> materials, const std::string& folder,
                  Report& report)
 {
+    return MtlWornBy(Wearers::Samples, materials, folder, report);
+}
+
+QByteArray MtlWornBy(Wearers wearers, std::span<const NamedMaterial> materials,
+                     const std::string& folder, Report& report)
+{
     std::string text = "# Corvex Studio, " + std::to_string(materials.size()) + " materials\n";
     UniqueNames names;
     AlphaChannels alpha;
     for (const NamedMaterial& named : materials) {
-        ExportNotes notes(named, kMtlTable);
+        ExportNotes notes(named, kMtlTable, wearers);
         const std::string name = names.Take(ReadableName(named.name, "Material"));
         text += MtlStatements(named, folder, alpha, notes).Write(name);
         notes.AddTo(report);

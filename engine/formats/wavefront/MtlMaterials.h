@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExportedProperties.h"
+#include "ImportedModel.h"
 
 #include <QByteArray>
 
@@ -19,5 +20,10 @@ namespace studio {
 /// A file to be put into the folder.
 [[nodiscard]] QByteArray MtlOf(std::span<const NamedMaterial> materials, const std::string& folder,
                                Report& report);
+[[nodiscard]] QByteArray MtlWornBy(Wearers wearers, std::span<const NamedMaterial> materials,
+                                   const std::string& folder, Report& report);
+
+/// An .obj file with its .mtl beside it. Errors: FileFailed.
+void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& report);
 
 }  // namespace studio

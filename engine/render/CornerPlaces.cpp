@@ -45,15 +45,6 @@ struct FlatSide {
     QVector2D turn;
 };
 
-QVector2D RoundPlace(const QVector3D& p, CoordinateKind kind)
-{
-    const float longitude = 0.5F + std::atan2(p.x(), p.z()) / (2.0F * kHalfTurn);
-    const float down = kind == CoordinateKind::Spherical
-                           ? std::atan2(std::hypot(p.x(), p.z()), p.y()) / kHalfTurn
-                           : 0.5F - 0.5F * p.y();
-    return {longitude, down};
-}
-
 /// The three on one side of the seam, where the longitude jumps by a whole image.
 void JoinAtSeam(std::array<QVector2D, 3>& places)
 {
@@ -65,7 +56,27 @@ void JoinAtSeam(std::array<QVector2D, 3>& places)
     }
 }
 
+/// A pole has no longitude of its own.
+void PlacePoles(const std::array<QVector3D, 3>& points, std::array<QVector2D, 3>& places)
+{
+    constexpr float kAtPole = 1.0e-5F;
+    for (std::size_t i = 0; i < 3; ++i) {
+        if (std::hypot(points[i].x(), points[i].z()) < kAtPole) {
+            places[i].setX((places[(i + 1) % 3].x() + places[(i + 2) % 3].x()) / 2.0F);
+        }
+    }
+}
+
 }  // namespace
+
+QVector2D RoundPlace(const QVector3D& p, CoordinateKind kind)
+{
+    const float longitude = 0.5F + std::atan2(p.x(), p.z()) / (2.0F * kHalfTurn);
+    const float down = kind == CoordinateKind::Spherical
+                           ? std::atan2(std::hypot(p.x(), p.z()), p.y()) / kHalfTurn
+                           : 0.5F - 0.5F * p.y();
+    return {longitude, down};
+}
 
 std::array<QVector2D, 3> CornerPlaces(const Mesh& mesh, const std::array<std::uint32_t, 3>& corners,
                                       const WrapTerms& wrap)
@@ -87,10 +98,12 @@ std::array<QVector2D, 3> CornerPlaces(const Mesh& mesh, const std::array<std::ui
             places[i] = {vertex(i).uv[0], 1.0F - vertex(i).uv[1]};
         }
     } else {
+        const std::array points{wrapped(0), wrapped(1), wrapped(2)};
         for (std::size_t i = 0; i < 3; ++i) {
-            places[i] = RoundPlace(wrapped(i), wrap.kind);
+            places[i] = RoundPlace(points[i], wrap.kind);
         }
         JoinAtSeam(places);
+        PlacePoles(points, places);
     }
     return places;
 }

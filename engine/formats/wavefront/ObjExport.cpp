@@ -1,0 +1,161 @@
+#include "DocumentFile.h"
+#include "FileWriting.h"
+#include "MtlMaterials.h"
+#include "PlacedMesh.h"
+#include "ShapeNames.h"
+#include "TextStream.h"
+#include "UniqueNames.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <unordered_map>
+
+namespace studio {
+namespace {
+
+/// Many readers take a name to end at the first blank, and some read escapes.
+std::string WithoutBlanks(const std::string& name)
+{
+    constexpr std::string_view kUnsafe = " \t#\\/\"'";
+    std::string safe = name;
+    std::ranges::replace_if(
+        safe, [&](char letter) { return kUnsafe.find(letter) != std::string_view::npos; }, '_');
+    return safe;
+}
+
+class SafeNames {
+public:
+    explicit SafeNames(Report& report) : m_report(report) {}
+
+    [[nodiscard]] std::string Take(const std::string& name, std::string_view fallback)
+    {
+        const std::string safe = m_names.Take(WithoutBlanks(ReadableName(name, fallback)), "_");
+        if (safe != name && !name.empty()) {
+            MaterialNotes(m_report, name)
+                .Add(QCoreApplication::translate("Interchange", "Name").toStdString(),
+                     Outcome::Approximated,
+                     QT_TRANSLATE_NOOP("Interchange", "it is %1 there, where each name is one "
+                                                      "word and there only once"),
+                     safe);
+        }
+        return safe;
+    }
+
+private:
+    Report& m_report;
+    UniqueNames m_names;
+};
+
+/// The statements of one kind, each value once; what counts them goes on from shape to shape.
+template <std::size_t count>
+class ObjValues {
+public:
+    ObjValues(TextStream& out, const char* keyword) : m_out(out), m_keyword(keyword) {}
+
+    /// A number for each vertex. The mesh outlives the call only.
+    std::vector<std::size_t> Write(const Mesh& mesh, std::array<float, count> Vertex::*field)
+    {
+        std::unordered_map<std::string_view, std::size_t> known;
+        known.reserve(mesh.vertices.size());
+        std::vector<std::size_t> numbers;
+        numbers.reserve(mesh.vertices.size());
+        for (const Vertex& vertex : mesh.vertices) {
+            const auto& value = vertex.*field;
+            const std::string_view bytes(reinterpret_cast<const char*>(value.data()),
+                                         sizeof(value));
+            const auto [entry, isNew] = known.try_emplace(bytes, m_written + 1);
+            if (isNew) {
+                ++m_written;
+                WriteOne(value);
+            }
+            numbers.push_back(entry->second);
+        }
+        return numbers;
+    }
+
+private:
+    void WriteOne(const std::array<float, count>& value)
+    {
+        m_out << m_keyword;
+        for (const float number : value) {
+            m_out << ' ' << number;
+        }
+        m_out << '\n';
+    }
+
+    TextStream& m_out;
+    std::string_view m_keyword;
+    std::size_t m_written = 0;
+};
+
+class ObjShapes {
+public:
+    explicit ObjShapes(TextStream& out) : m_out(out) {}
+
+    void Write(const Mesh& mesh, bool hasCoordinates)
+    {
+        const auto positions = m_positions.Write(mesh, &Vertex::position);
+        const auto normals = m_normals.Write(mesh, &Vertex::normal);
+        const auto uvs =
+            hasCoordinates ? m_uvs.Write(mesh, &Vertex::uv) : std::vector<std::size_t>();
+        for (std::size_t i = 0; i + 2 < mesh.indices.size(); i += 3) {
+            m_out << 'f';
+            for (std::size_t corner = 0; corner < 3; ++corner) {
+                const std::uint32_t vertex = mesh.indices[i + corner];
+                m_out << ' ' << positions[vertex] << '/';
+                if (hasCoordinates) {
+                    m_out << uvs[vertex];
+                }
+                m_out << '/' << normals[vertex];
+            }
+            m_out << '\n';
+        }
+    }
+
+private:
+    TextStream& m_out;
+    ObjValues<3> m_positions{m_out, "v"};
+    ObjValues<3> m_normals{m_out, "vn"};
+    ObjValues<2> m_uvs{m_out, "vt"};
+};
+
+void WriteShapes(TextStream& out, const ImportedModel& scene,
+                 const std::vector<NamedMaterial>& materials, Report& report)
+{
+    SafeNames names(report);
+    ObjShapes shapes(out);
+    for (const ImportedShape& shape : scene.shapes) {
+        const ImportedMesh& mesh = scene.meshes[shape.mesh];
+        out << "o " << names.Take(shape.name, "Shape") << "\nusemtl "
+            << materials[mesh.material].name << '\n';
+        shapes.Write(*PlacedMesh(mesh.mesh, shape.worldFromMesh), mesh.hasCoordinates);
+    }
+}
+
+}  // namespace
+
+void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& report)
+{
+    std::vector<NamedMaterial> materials = scene.materials;
+    SafeNames names(report);
+    for (NamedMaterial& named : materials) {
+        named.name = names.Take(named.name, "Material");
+    }
+    const std::string folder = FolderOfDocument(path);
+    const std::string base =
+        QFileInfo(QString::fromStdString(path)).completeBaseName().toStdString();
+    const std::string library = WithoutBlanks(ReadableName(base, "scene")) + ".mtl";
+    CorvexMaterial::FileWriter mtl(folder + '/' + library);
+    CorvexMaterial::FileWriter obj(path);
+    mtl.Write(MtlWornBy(Wearers::Shapes, materials, folder, report));
+    TextStream out([&](std::string_view text) { obj.Write(text); });
+    out << "# Corvex Studio, " << scene.shapes.size() << " shapes\nmtllib " << library << '\n';
+    WriteShapes(out, scene, materials, report);
+    out.Finish();
+    // Only when both are complete, and the one that is named first.
+    mtl.Finish();
+    obj.Finish();
+}
+
+}  // namespace studio
