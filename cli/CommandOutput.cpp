@@ -30,6 +30,11 @@ void CommandOutput::Problem(const QString& text)
     PrintProblem(text);
 }
 
+void CommandOutput::Remark(const QString& text)
+{
+    PrintProblem(text);
+}
+
 void CommandOutput::Progress(qsizetype done, qsizetype all)
 {
     if (m_sinceProgress.elapsed() >= kProgressMilliseconds) {

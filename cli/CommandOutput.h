@@ -18,6 +18,8 @@ public:
     void Result(const QJsonObject& json, const QStringList& columns);
     /// The command goes on, but has failed in the end.
     void Problem(const QString& text);
+    /// A thing to know, on standard error.
+    static void Remark(const QString& text);
     /// At most once a second.
     void Progress(qsizetype done, qsizetype all);
 

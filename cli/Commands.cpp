@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "ConvertCommand.h"
 #include "HeadlessRender.h"
 #include "ImportProcess.h"
 #include "InterchangeFormats.h"
@@ -40,6 +41,8 @@ ExitCode RunJob(const CommandLine& line)
         return Conclude(DrawPicture(line.render, PrintProblem));
     case Action::Export:
         return Conclude(ExportPicture(line.render, PrintProblem));
+    case Action::Convert:
+        return Convert(line.convert);
     default:
         return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done
                                                                  : ExitCode::Failed;

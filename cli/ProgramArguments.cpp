@@ -1,5 +1,6 @@
 #include "ProgramArguments.h"
 
+#include "Interchange.h"
 #include "MaterialAssignment.h"
 #include "SceneWriters.h"
 #include "StudioProfile.h"
@@ -26,6 +27,9 @@ constexpr const char* kHelp = R"(Usage:
                                         draw a picture without a window
   corvex export %1 [MODEL] [options]
                                         write the scene for a raytracer
+  corvex convert MODEL TARGET [--json] [--strict]
+                                        write a model as %5, and tell what
+                                        becomes of it
   corvex --version | --help
 
 Options of render and export:
@@ -43,10 +47,16 @@ Options of render and export:
 
 )";
 
+constexpr const char* kConvertHelp = R"(Options of convert:
+  --json                 one JSON object per line on standard output: each property, the counts
+  --strict               end with 1 when something is dropped or a texture is missing
+
+)";
+
 constexpr const char* kExitCodes = R"(
 Exit codes:
   0  done
-  1  failed: a model cannot be read, a picture cannot be drawn or written, a library has a problem
+  1  failed: a file cannot be read, a picture cannot be drawn or written, a library has a problem
   2  wrong usage
 )";
 
@@ -201,6 +211,28 @@ CommandLine ReadExport(const QStringList& arguments)
     return line;
 }
 
+CommandLine ReadConvert(const QStringList& arguments)
+{
+    const QCommandLineOption json(QStringLiteral("json"));
+    const QCommandLineOption strict(QStringLiteral("strict"));
+    QCommandLineParser parser;
+    parser.addOptions({json, strict});
+    if (!parser.parse(arguments)) {
+        return Refused(parser.errorText());
+    }
+    const QStringList files = parser.positionalArguments();
+    if (files.size() != 2) {
+        return Refused(Tr("convert needs a model and the file to write."));
+    }
+    if (!IsSceneFile(files.at(1).toStdString())) {
+        return Refused(Tr("convert writes %1 files.").arg(SceneSuffixes(" or ")));
+    }
+    CommandLine line;
+    line.action = Action::Convert;
+    line.convert = {files.at(0), files.at(1), parser.isSet(json), parser.isSet(strict)};
+    return line;
+}
+
 CommandLine ReadLibrary(const QStringList& arguments)
 {
     const auto job = ReadLibraryCommand(arguments.mid(1));
@@ -218,8 +250,10 @@ CommandLine Help()
     const QString help = QString::fromUtf8(kHelp).arg(
         SceneFiles("|"), QString::fromUtf8(Raytracers().front().name), OfEachRaytracer(WordOf),
         OfEachRaytracer(
-            [](const RaytracerRow& row) { return QString::fromUtf8(row.program.variable); }));
-    return Shown(help + QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
+            [](const RaytracerRow& row) { return QString::fromUtf8(row.program.variable); }),
+        SceneSuffixes("|"));
+    return Shown(help + QLatin1String(kConvertHelp) + QLatin1String(LibraryHelp()) +
+                 QLatin1String(kExitCodes));
 }
 
 CommandLine ReadWindow(const QStringList& arguments)
@@ -258,6 +292,7 @@ struct CommandRow {
     CommandLine (*read)(const QStringList& arguments);
 };
 constexpr std::array kCommands{CommandRow{"render", ReadRender}, CommandRow{"export", ReadExport},
+                               CommandRow{"convert", ReadConvert},
                                CommandRow{"library", ReadLibrary}};
 
 }  // namespace

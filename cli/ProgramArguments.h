@@ -24,12 +24,21 @@ struct RenderJob {
     std::optional<CorvexDB::Raytracer> raytracer;  ///< none: drawn as in the window
 };
 
-enum class Action { OpenWindow, Render, Export, Library, ShowText, Refuse };
+/// One model to write as another.
+struct ConvertJob {
+    QString input;
+    QString output;
+    bool json = false;
+    bool strict = false;  ///< what is lost makes it a failure
+};
+
+enum class Action { OpenWindow, Render, Export, Convert, Library, ShowText, Refuse };
 
 struct CommandLine {
     Action action = Action::OpenWindow;
     QString model;  ///< to open in the window, may be empty
     RenderJob render;
+    ConvertJob convert;
     LibraryJob library;
     QString text;  ///< to show, or what is wrong
 };

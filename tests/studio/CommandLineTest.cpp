@@ -1,6 +1,9 @@
 #include "RunProgram.h"
 #include "SampleFolder.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
 namespace {
 
 using CorvexTest::Outcome;
@@ -37,15 +40,17 @@ TEST(CommandLine, VersionAndHelpNeedNoDisplay)
 
 TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
 {
-    for (const char* line : {"--nonsense", "one.obj", "one.obj two.obj", "render --out refused.png",
-                             "render a.obj", "render a.obj --primitive cube --out refused.png",
-                             "render --primitive pyramid --out refused.png",
-                             "render --primitive cube --out refused.png --size 0x10",
-                             "render --primitive cube --out refused.png --size 9000x10",
-                             "render --primitive cube --out refused.png --material shine=3",
-                             "render --primitive cube --out refused.png --material ambient=much",
-                             "render --primitive cube --out refused.png --material alpha-test=8",
-                             "render --primitive cube --out refused.png --material colour=Mud"}) {
+    for (const char* line :
+         {"--nonsense", "one.obj", "one.obj two.obj", "render --out refused.png", "convert a.obj",
+          "convert a.obj refused.png", "convert a.obj b.obj c.obj", "render a.obj",
+          "render a.obj --primitive cube --out refused.png",
+          "render --primitive pyramid --out refused.png",
+          "render --primitive cube --out refused.png --size 0x10",
+          "render --primitive cube --out refused.png --size 9000x10",
+          "render --primitive cube --out refused.png --material shine=3",
+          "render --primitive cube --out refused.png --material ambient=much",
+          "render --primitive cube --out refused.png --material alpha-test=8",
+          "render --primitive cube --out refused.png --material colour=Mud"}) {
         const Outcome run = Corvex(QString(line).split(' '));
         EXPECT_EQ(run.exitCode, 2) << line;
         EXPECT_TRUE(run.errors.contains("--help")) << line;
@@ -143,6 +148,35 @@ TEST_F(Rendering, FailuresNameTheFileAndEndWithOne)
     }
     qunsetenv("CORVEX_POVRAY");
     qunsetenv("CORVEX_RENDERMAN");
+}
+
+TEST(Converting, TellsWhatIsLostAndFailsForItOnlyWhenAsked)
+{
+    const SampleFolder folder;
+    folder.Write("no.mtl", "newmtl no\nTf 1 0 0\nmap_Kd gone.png\n");
+    const QString model =
+        folder.Write("no.obj", "mtllib no.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl no\nf 1 2 3\n");
+    const QString target = folder.PathOf("no.glb");
+    const Outcome run = Corvex({"convert", model, target, "--json"});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    EXPECT_TRUE(run.errors.contains("gone.png")) << run.errors.toStdString();
+    int dropped = 0;
+    QJsonObject last;
+    for (const QString& line : run.output.trimmed().split('\n')) {
+        last = QJsonDocument::fromJson(line.toUtf8()).object();
+        dropped += last["outcome"] == "dropped" ? 1 : 0;
+    }
+    EXPECT_EQ(last["dropped"].toInt(-1), dropped);
+    EXPECT_EQ(dropped, 2) << run.output.toStdString();
+    ASSERT_TRUE(QFile::remove(target));
+    EXPECT_EQ(Corvex({"convert", model, target, "--strict"}).exitCode, 1);
+    EXPECT_EQ(Corvex({"convert", target, folder.PathOf("out.obj")}).exitCode, 0)
+        << "it was written all the same";
+    const QString whole = folder.Write("whole.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    EXPECT_EQ(Corvex({"convert", whole, target, "--strict"}).exitCode, 0);
+    const Outcome unwritten = Corvex({"convert", whole, folder.PathOf("no/such/a.gltf")});
+    EXPECT_EQ(unwritten.exitCode, 1);
+    EXPECT_TRUE(unwritten.errors.contains("no/such/a.")) << unwritten.errors.toStdString();
 }
 
 TEST(Tour, ShowsEveryStepAndLeavesTheUsersSettingsAlone)

@@ -1,0 +1,81 @@
+#include "ConvertCommand.h"
+
+#include "CommandOutput.h"
+#include "Formats.h"
+#include "Interchange.h"
+#include "ModelShapes.h"
+#include "TemporaryFolder.h"
+#include "Tr.h"
+#include <CorvexMaterial/Status.h>
+
+#include <QFileInfo>
+
+namespace studio {
+namespace {
+
+void TellReport(const Report& report, std::size_t materials, CommandOutput& output)
+{
+    for (const ReportRow& row : report.Rows()) {
+        const QString text = QString::fromStdString(NoteOf(row));
+        output.Result({{"material", QString::fromStdString(row.material)},
+                       {"property", QString::fromStdString(row.property)},
+                       {"outcome", QString::fromStdString(TextOf(row.outcome))},
+                       {"note", QString::fromStdString(row.note)}},
+                      row.outcome == Outcome::Mapped ? QStringList() : QStringList{text});
+    }
+    QJsonObject counts{{"materials", static_cast<qint64>(materials)}};
+    for (const Outcome outcome : {Outcome::Mapped, Outcome::Approximated, Outcome::Dropped}) {
+        counts[QString::fromStdString(TextOf(outcome))] =
+            static_cast<qint64>(report.Count(outcome));
+    }
+    output.Result(counts, {SummaryOf(report, materials)});
+}
+
+ImportedModel ModelIn(const QString& file, const std::string& pictureFolder)
+{
+    ImportProgram importer;
+    importer.pictureFolder = pictureFolder;
+    ImportOutcome outcome = ImportModelNow(file, importer);
+    if (!outcome.model) {
+        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                    outcome.message.toStdString());
+    }
+    return std::move(*outcome.model);
+}
+
+/// Whether nothing of it was lost.
+bool ConvertNow(const ConvertJob& job, CommandOutput& output)
+{
+    const CorvexMaterial::TemporaryFolder passing("pictures");
+    const Format* target = FormatOf(job.output.toStdString());
+    const bool holdsPictures = target != nullptr && target->holdsPictures;
+    const std::string pictures =
+        holdsPictures ? passing.Path() : QFileInfo(job.output).absolutePath().toStdString();
+    const ImportedModel model = ModelIn(job.input, pictures);
+    const StudioScene::Shapes shapes = ShapesOf(model);
+    const std::vector<std::string> missing = TexturesNotFound(shapes);
+    for (const std::string& texture : missing) {
+        output.Remark(Tr("There is no texture %1.").arg(QString::fromStdString(texture)));
+    }
+    Report report = model.report;
+    const std::size_t materials = ExportScene(job.output.toStdString(), shapes, report);
+    TellReport(report, materials, output);
+    return missing.empty() && report.Count(Outcome::Dropped) == 0;
+}
+
+}  // namespace
+
+ExitCode Convert(const ConvertJob& job)
+{
+    CommandOutput output(job.json ? CommandOutput::Form::Json : CommandOutput::Form::Text);
+    bool isWhole = false;
+    try {
+        isWhole = ConvertNow(job, output);
+    } catch (const CorvexMaterial::Error& error) {
+        output.Problem(QString::fromUtf8(error.what()));
+    }
+    const bool isRefused = job.strict && !isWhole;
+    return output.HasProblems() || isRefused ? ExitCode::Failed : ExitCode::Done;
+}
+
+}  // namespace studio
