@@ -1,0 +1,111 @@
+#pragma once
+
+// The lines of a file of edits. Each has a check of its own in front, so that the one that a kill
+// cut off is told from the others.
+
+#include "SceneContent.h"
+
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace studio {
+
+/// What holds the meshes, and everything else that nobody edited.
+struct JournalBase {
+    enum class Kind : std::uint8_t { DefaultScene, Model, Document };
+
+    Kind kind = Kind::DefaultScene;
+    SourceModel file;  ///< of a model or document
+    std::string mark;  ///< how often a document was saved; empty for others
+
+    bool operator==(const JournalBase&) const = default;
+};
+
+/// As the file is now.
+[[nodiscard]] JournalBase BaseAt(JournalBase::Kind kind, const std::string& path);
+
+struct JournalHead {
+    JournalBase base;
+    std::string name;          ///< of the work, for a person
+    std::int64_t started = 0;  ///< milliseconds since 1970, UTC, as all times here
+};
+
+/// What a user edits of a shape.
+struct EditedShape {
+    std::size_t place = 0;
+    ShapeOption option = ShapeOption::Smooth;
+    QMatrix4x4 placement;
+    std::array<double, 3> moved{};
+    AppliedMaterial applied;
+
+    [[nodiscard]] bool IsAsIn(const ShapeState& state) const
+    {
+        return applied == state.applied && StandsAsIn(state);
+    }
+    [[nodiscard]] bool StandsAsIn(const ShapeState& state) const
+    {
+        return applied.coordinates == state.applied.coordinates && option == state.option &&
+               moved == state.moved && placement == state.placement;
+    }
+};
+
+/// What several edits have changed.
+struct JournalEdits {
+    std::int64_t made = 0;  ///< the latest
+    int count = 0;          ///< of edits, from the start
+    std::string what;       ///< the latest, as the undo history says it
+    std::optional<Camera> camera;
+};
+
+/// Makes lines and remembers what the file has.
+class JournalWriting {
+public:
+    /// Textures in the folder are stored relative to it.
+    JournalWriting(std::vector<ShapeState> base, std::string folder);
+
+    [[nodiscard]] const std::vector<ShapeState>& Base() const { return m_base; }
+    [[nodiscard]] static std::string HeadLine(const JournalHead& head);
+    [[nodiscard]] std::string EditsLine(const JournalEdits& edits,
+                                        const std::map<std::size_t, EditedShape>& shapes);
+    /// The lines that follow go to a new file.
+    void BeginFile();
+
+private:
+    using MaterialKey = std::pair<std::shared_ptr<const CorvexSG::GatheredMaterial>,
+                                  std::shared_ptr<const SceneMaterial>>;
+
+    [[nodiscard]] int IdentityOf(const std::shared_ptr<const SceneMaterial>& identity);
+
+    std::vector<ShapeState> m_base;
+    std::string m_folder;
+    std::map<MaterialKey, int> m_materials;
+    std::set<std::size_t> m_moved;  ///< places of which the file says more than the material
+    std::map<std::shared_ptr<const SceneMaterial>, int> m_identities;
+};
+
+/// What all lines together say.
+struct JournalContent {
+    struct Shape {
+        std::string name;
+        std::string state;  ///< JSON; empty for that of the base
+        int material = -1;
+    };
+    struct Material {
+        std::string name;
+        int identity = -1;  ///< those of the base are called after the first shape that has it
+        int mode = 0;
+        std::string json;
+    };
+
+    JournalHead head;
+    JournalEdits edits;
+    std::map<std::size_t, Shape> shapes;  ///< by place in the base
+    std::map<int, Material> materials;
+};
+
+/// A last line that was cut off is left out. Errors: FileFailed, with the cause alone.
+[[nodiscard]] JournalContent ReadJournal(std::string_view text);
+
+}  // namespace studio
