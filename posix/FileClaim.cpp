@@ -15,7 +15,7 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr mode_t kPermissions = 0777;
+constexpr mode_t kAccessBits = 0777;
 
 /// 0, or why it could not be synced; a file system that cannot do it keeps nobody from writing.
 int Sync(const std::string& path, int flags)
@@ -77,7 +77,7 @@ void MoveInPlace(const std::string& file, const std::string& target)
     struct stat there {};
     if (::stat(target.c_str(), &there) == 0) {
         // A file system without permissions refuses, which is no reason not to write there.
-        static_cast<void>(::chmod(file.c_str(), there.st_mode & kPermissions));
+        static_cast<void>(::chmod(file.c_str(), there.st_mode & kAccessBits));
     }
     int reason = Sync(file, 0);
     if (reason == 0 && ::rename(file.c_str(), target.c_str()) != 0) {

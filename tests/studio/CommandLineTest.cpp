@@ -60,7 +60,7 @@ TEST(CommandLine, WrongUsageIsExplainedAndEndsWithTwo)
 
 TEST(CommandLine, AResultThatCannotBeWrittenIsAFailure)
 {
-    const SampleFolder folder;
+    SampleFolder folder;
     const QString library = folder.PathOf("a.cvm");
     ASSERT_EQ(Corvex({"library", "add", library, "--name", "Oak"}).exitCode, 0);
     for (const char* line : {"--help", "--version", "library list %1", "library list %1 --json",
@@ -85,7 +85,7 @@ protected:
         return QImage(file);
     }
 
-    const SampleFolder folder;
+    SampleFolder folder;
     QString errors;  ///< what the last picture came with
 };
 
