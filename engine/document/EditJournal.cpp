@@ -62,17 +62,23 @@ public:
         m_wake.notify_all();
     }
 
-    void Take(const std::vector<EditedShape>& shapes, const Camera& camera, std::string_view what)
+    void Take(std::vector<EditedShape> shapes, const Camera& camera, std::string_view what)
     {
         const std::lock_guard lock(m_mutex);
-        for (const EditedShape& shape : shapes) {
+        if (m_next.shapes.empty()) {
+            for (std::size_t i = 0; i < shapes.size(); ++i) {
+                m_next.slots[shapes[i].place] = i;
+            }
+            m_next.shapes.swap(shapes);
+        }
+        for (EditedShape& shape : shapes) {
             // Only what a shape is in the end is written.
             std::size_t& slot = m_next.slots[shape.place];
             if (slot < m_next.shapes.size() && m_next.shapes[slot].place == shape.place) {
-                m_next.shapes[slot] = shape;
+                m_next.shapes[slot] = std::move(shape);
             } else {
                 slot = m_next.shapes.size();
-                m_next.shapes.push_back(shape);
+                m_next.shapes.push_back(std::move(shape));
             }
         }
         JournalEdits& edits = m_next.edits;
@@ -92,13 +98,14 @@ public:
         m_wake.notify_all();
     }
 
-    void Flush()
+    bool Flush()
     {
         std::unique_lock lock(m_mutex);
         m_isHurried = true;
         m_wake.notify_all();
         m_idle.wait(lock, [this] { return !m_next.Waits() && !m_isBusy; });
         m_isHurried = false;
+        return !m_isInTrouble;
     }
 
     void Leave()
@@ -320,7 +327,7 @@ void EditJournal::Record(const StudioScene::Shapes& shapes, const Camera& camera
         }
     }
     if (!changed.empty()) {
-        m_writer->Take(changed, camera, what);
+        m_writer->Take(std::move(changed), camera, what);
     }
 }
 
@@ -329,9 +336,9 @@ void EditJournal::Show(const QImage& picture)
     m_writer->Show(picture);
 }
 
-void EditJournal::Flush()
+bool EditJournal::Flush()
 {
-    m_writer->Flush();
+    return m_writer->Flush();
 }
 
 void EditJournal::Leave()

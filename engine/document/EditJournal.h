@@ -31,8 +31,8 @@ public:
     void Record(const StudioScene::Shapes& shapes, const Camera& camera, std::string_view what);
     /// What the scene looks like now, for a person who is asked whether he wants it back.
     void Show(const QImage& picture);
-    /// Returns when everything is on the disk, or could not be put there.
-    void Flush();
+    /// Whether everything is on the disk now.
+    bool Flush();
     /// The next start of the program shall find it.
     void Leave();
 
