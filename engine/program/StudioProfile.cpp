@@ -21,12 +21,15 @@ QString UserStateFolder()
 StudioProfile UserProfile()
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    return {kStudioName, data + u'/' + QLatin1String(kStudioName), UserStateFolder()};
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    const QString own = u'/' + QLatin1String(kStudioName);
+    return {kStudioName, data + own, UserStateFolder(), cache + own};
 }
 
 StudioProfile ProfileIn(const QString& folder)
 {
-    return {kStudioName, folder + QStringLiteral("/data"), folder + QStringLiteral("/state")};
+    return {kStudioName, folder + QStringLiteral("/data"), folder + QStringLiteral("/state"),
+            folder + QStringLiteral("/cache")};
 }
 
 }  // namespace studio

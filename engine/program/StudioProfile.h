@@ -12,6 +12,7 @@ struct StudioProfile {
     std::string settingsApplication;  ///< names the settings of studio and control alike
     QString dataFolder;               ///< libraries
     QString stateFolder;              ///< event log and trace
+    QString cacheFolder;              ///< what can be made again, such as pictures out of documents
 };
 
 inline constexpr const char* kStudioName = "CorvexStudio";

@@ -1,5 +1,6 @@
 #include "LibraryDesk.h"
 
+#include "LibraryUndoKeys.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QFileInfo>
@@ -63,9 +64,10 @@ QString Done(const LibraryEdit& change)
 
 }  // namespace
 
-LibraryDesk::LibraryDesk(LibraryBrowsers& browsers, QUndoStack& history, QObject* parent)
-    : QObject(parent), m_browsers(browsers), m_history(history)
+LibraryDesk::LibraryDesk(LibraryBrowsers& browsers, QObject* parent)
+    : QObject(parent), m_browsers(browsers)
 {
+    new LibraryUndoKeys(m_history, this);
     connect(&browsers, &LibraryBrowsers::RenameWanted, this, &LibraryDesk::Rename);
     connect(&browsers, &LibraryBrowsers::Message, this, &LibraryDesk::Message);
 }

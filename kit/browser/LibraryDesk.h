@@ -10,13 +10,16 @@
 namespace studio {
 
 /// What happens to libraries beside the panel's own buttons: every add, delete and rename becomes a
-/// step of the undo history, and the trash can be looked into and emptied.
+/// step of their own undo history, and the trash can be looked into and emptied.
 class LibraryDesk : public QObject {
     Q_OBJECT
 
 public:
-    /// Both outlive the desk.
-    LibraryDesk(LibraryBrowsers& browsers, QUndoStack& history, QObject* parent = nullptr);
+    /// The browsers outlive the desk.
+    explicit LibraryDesk(LibraryBrowsers& browsers, QObject* parent = nullptr);
+
+    /// Of the libraries alone: they outlive every scene that one works on.
+    [[nodiscard]] QUndoStack& History() { return m_history; }
 
     /// This change has been made already; it becomes one step, however many entries it has.
     void Record(LibraryKind kind, const LibraryChange& change);
@@ -46,7 +49,7 @@ private:
     bool Reporting(const std::function<void()>& work);
 
     LibraryBrowsers& m_browsers;
-    QUndoStack& m_history;
+    QUndoStack m_history;
 };
 
 }  // namespace studio

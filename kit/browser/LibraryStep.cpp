@@ -69,24 +69,4 @@ void LibraryStep::redo()
     }
 }
 
-std::unique_ptr<LibraryStep> LibraryStep::AsPushed() const
-{
-    return std::make_unique<LibraryStep>(m_change, m_make);
-}
-
-void KeepOnlyLibrarySteps(QUndoStack& history)
-{
-    // A stack gives none of its steps away.
-    std::vector<std::unique_ptr<LibraryStep>> steps;
-    for (int i = 0; i < history.index(); ++i) {
-        if (const auto* step = dynamic_cast<const LibraryStep*>(history.command(i))) {
-            steps.push_back(step->AsPushed());
-        }
-    }
-    history.clear();
-    for (auto& step : steps) {
-        history.push(step.release());
-    }
-}
-
 }  // namespace studio

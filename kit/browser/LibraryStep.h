@@ -6,7 +6,6 @@
 #include <QUndoStack>
 
 #include <functional>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -28,7 +27,8 @@ struct LibraryEdit {
     [[nodiscard]] QString Described() const;
 };
 
-/// A step of the undo history: a change of a library, already made when the step is pushed.
+/// A step of the libraries' undo history: a change of a library, already made when the step is
+/// pushed.
 class LibraryStep : public QUndoCommand {
 public:
     /// False when the change could not be made; the user knows then, and the step goes.
@@ -38,17 +38,11 @@ public:
 
     void undo() override;
     void redo() override;
-    /// The same step, as it was when it was pushed.
-    [[nodiscard]] std::unique_ptr<LibraryStep> AsPushed() const;
 
 private:
     LibraryEdit m_change;
     Make m_make;
     bool m_made = true;
 };
-
-/// Takes every other step out of the history. Libraries outlive the scene that one works on; what
-/// was undone in them can no longer be redone.
-void KeepOnlyLibrarySteps(QUndoStack& history);
 
 }  // namespace studio

@@ -13,7 +13,8 @@ public:
     /// The settings outlive this object.
     StudioApplicationState(StudioProfile profile, const StudioSettings& settings);
 
-    /// Empty for the default scene.
+    [[nodiscard]] const StudioProfile& Profile() const { return m_profile; }
+    /// A model or a scene document; empty for the default scene.
     void SetOpenModel(const QString& path) { m_openModel = path; }
 
     std::string SettingsApplicationName() override;

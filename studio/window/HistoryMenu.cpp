@@ -21,12 +21,14 @@ QString InMenu(QString step)
 
 }  // namespace
 
-void AddHistory(QMenu& menu, QUndoStack& history)
+void AddHistory(QMenu& menu, QUndoStack& history, HistoryKeys keys)
 {
     QAction* undo = menu.addAction(Tr("&Undo"), &history, &QUndoStack::undo);
-    undo->setShortcuts(QKeySequence::Undo);
     QAction* redo = menu.addAction(Tr("&Redo"), &history, &QUndoStack::redo);
-    redo->setShortcuts(QKeySequence::Redo);
+    if (keys == HistoryKeys::Standard) {
+        undo->setShortcuts(QKeySequence::Undo);
+        redo->setShortcuts(QKeySequence::Redo);
+    }
     undo->setEnabled(false);
     redo->setEnabled(false);
     QObject::connect(&history, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);

@@ -5,7 +5,9 @@ class QUndoStack;
 
 namespace studio {
 
+enum class HistoryKeys { Standard, None };
+
 /// Undo and Redo, with the step's name.
-void AddHistory(QMenu& menu, QUndoStack& history);
+void AddHistory(QMenu& menu, QUndoStack& history, HistoryKeys keys);
 
 }  // namespace studio

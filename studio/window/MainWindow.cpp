@@ -1,9 +1,13 @@
 #include "MainWindow.h"
 
 #include "AboutBox.h"
+#include "DocumentMenu.h"
+#include "DocumentWork.h"
+#include "FileOpening.h"
 #include "HistoryMenu.h"
 #include "MaterialExchange.h"
 #include "ModelFiles.h"
+#include "OpenDocument.h"
 #include "OptionsDialog.h"
 #include "OptionsEditing.h"
 #include "PanelDock.h"
@@ -22,6 +26,7 @@
 #include <QDockWidget>
 #include <QMenuBar>
 #include <QScreen>
+#include <QTimer>
 
 namespace studio {
 
@@ -43,18 +48,24 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_panel(std::make_unique<PanelDock>(
           PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
           std::move(clock))),
-      m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel, m_history)),
+      m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
       m_exchange(std::make_unique<MaterialExchange>(host, importer, *this)),
-      m_files(std::make_unique<ModelFiles>(
-          ModelFiles::Parts{host, *m_messages, *m_scene, m_history, *m_exchange, *this},
+      m_work(std::make_unique<DocumentWork>(*this)),
+      m_document(
+          std::make_unique<OpenDocument>(OpenDocument::Parts{host, *m_scene, m_history, *m_work})),
+      m_documentMenu(
+          std::make_unique<DocumentMenu>(DocumentMenu::Parts{*m_document, *m_messages, *this})),
+      m_models(std::make_unique<ModelFiles>(
+          ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *m_exchange, *this},
           std::move(importer))),
+      m_opening(std::make_unique<FileOpening>(host.Settings(), *this)),
       m_handing(std::make_unique<SceneExchange>(
           SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *this})),
       m_raytracing(std::make_unique<SceneRaytracing>(
           SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *this})),
       m_textures(std::make_unique<TextureFinder>(
           TextureFinder::Parts{*m_messages, m_scene->Scene(), m_panel->Link(),
-                               [this] { return m_files->Folder(); }, *this})),
+                               [this] { return m_opening->Folder(); }, *this})),
       m_options(std::make_unique<OptionsEditing>(
           OptionsEditing::Parts{host, platform.processes, *m_messages, *m_scene, *m_panel, *this}))
 {
@@ -71,32 +82,65 @@ MainWindow::~MainWindow() = default;
 void MainWindow::ConnectParts()
 {
     m_libraries->DropOn(*m_scene);
-    m_files->AcceptDropsOn(*this);
-    // A floating panel is a window of its own, but what is dropped on it is for this one.
-    m_files->AcceptDropsOn(m_panel->Dock());
-    connect(m_files.get(), &ModelFiles::LibraryOpened, m_libraries.get(), &PanelLibraries::Open);
-    connect(m_files.get(), &ModelFiles::SceneOpened, this, &MainWindow::SceneOpened);
-    connect(m_files.get(), &ModelFiles::SceneRefused, this, &MainWindow::SceneRefused);
+    ConnectFiles();
     connect(m_exchange.get(), &MaterialExchange::Refused, m_messages.get(), &WindowMessages::Tell);
     connect(m_exchange.get(), &MaterialExchange::Imported, m_libraries.get(),
             &PanelLibraries::ShowImported);
 }
 
+void MainWindow::ConnectFiles()
+{
+    m_opening->AcceptDropsOn(*this);
+    // A floating panel is a window of its own, but what is dropped on it is for this one.
+    m_opening->AcceptDropsOn(m_panel->Dock());
+    connect(m_opening.get(), &FileOpening::DocumentWanted, m_documentMenu.get(),
+            &DocumentMenu::Open);
+    connect(m_opening.get(), &FileOpening::LibraryWanted, m_libraries.get(), &PanelLibraries::Open);
+    connect(m_opening.get(), &FileOpening::MaterialsWanted, m_exchange.get(),
+            &MaterialExchange::Import);
+    connect(m_opening.get(), &FileOpening::ModelWanted, this, [this](const QString& file) {
+        if (m_documentMenu->MayGo()) {
+            m_models->Open(file);
+        }
+    });
+    const auto opened = [this](const QString& file) {
+        m_opening->Remember(file);
+        Q_EMIT SceneOpened();
+    };
+    const auto refused = [this](const QString& file, const QString& message) {
+        m_opening->Forget(file);
+        Q_EMIT SceneRefused(message);
+    };
+    connect(m_models.get(), &ModelFiles::Opened, this, opened);
+    connect(m_models.get(), &ModelFiles::Refused, this, refused);
+    connect(m_documentMenu.get(), &DocumentMenu::Opened, this, opened);
+    connect(m_documentMenu.get(), &DocumentMenu::Refused, this, refused);
+    connect(m_documentMenu.get(), &DocumentMenu::Saved, m_opening.get(), &FileOpening::Remember);
+}
+
 void MainWindow::BuildMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
-    m_files->AddTo(*file);
+    file->addAction(tr("&New"), QKeySequence::New, this, [this] {
+        if (m_documentMenu->MayGo()) {
+            ResetScene();
+        }
+    });
+    m_opening->AddTo(*file);
+    file->addSeparator();
+    m_documentMenu->AddTo(*file);
+    file->addSeparator();
     m_textures->AddTo(*file);
     file->addSeparator();
-    m_handing->AddTo(*file);
     m_raytracing->AddTo(*file);
     file->addSeparator();
+    m_handing->AddTo(*file);
     m_exchange->AddTo(*file);
     file->addSeparator();
     file->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
-    AddHistory(*edit, m_history);
+    AddHistory(*edit, m_history, HistoryKeys::Standard);
     edit->addSeparator();
     m_scene->AddSelectionTo(*edit);
     edit->addSeparator();
@@ -129,17 +173,17 @@ void MainWindow::Start()
 
 void MainWindow::OpenFile(const QString& file)
 {
-    m_files->Open(file);
+    m_opening->Open(file);
 }
 
 void MainWindow::OpenModel(const QString& file)
 {
-    m_files->OpenModel(file);
+    m_models->Open(file);
 }
 
 void MainWindow::ResetScene()
 {
-    m_files->ResetScene();
+    m_models->ShowDefaultScene();
 }
 
 CorvexMaterial::Material& MainWindow::Panel()
@@ -150,6 +194,11 @@ CorvexMaterial::Material& MainWindow::Panel()
 const StudioScene& MainWindow::Scene() const
 {
     return m_scene->Scene();
+}
+
+QUndoStack& MainWindow::LibraryHistory()
+{
+    return m_libraries->History();
 }
 
 Selection& MainWindow::Selected()
@@ -224,7 +273,14 @@ bool MainWindow::SettingsAreSaved()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     m_panel->CloseWarnings();
-    if (!SettingsAreSaved()) {
+    if (m_work->IsBusy()) {
+        constexpr std::chrono::milliseconds kUntilNextTry{100};
+        QTimer::singleShot(kUntilNextTry, this, &QWidget::close);
+        event->ignore();
+        return;
+    }
+    const bool mayGo = m_quitsUnasked || m_documentMenu->MayGo();
+    if (!mayGo || !SettingsAreSaved()) {
         event->ignore();
         return;
     }

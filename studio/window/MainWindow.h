@@ -13,8 +13,12 @@ class QDockWidget;
 
 namespace studio {
 
+class DocumentMenu;
+class DocumentWork;
+class FileOpening;
 class MaterialExchange;
 class ModelFiles;
+class OpenDocument;
 class OptionsEditing;
 class PanelDock;
 class PanelLibraries;
@@ -38,10 +42,11 @@ public:
                MaterialLink::Clock clock = SteadyNow);
     ~MainWindow() override;
 
-    /// A library is shown in the panel; everything else is a model.
+    /// As a user does: a scene document, a model, a library, materials; a path or an address. Asks
+    /// before changes are lost.
     void OpenFile(const QString& file);
     /// Reads the model in the background; `SceneOpened` or `SceneRefused` follows. What is shown
-    /// stays until it is read, and for good when it cannot be.
+    /// stays until it is read, and for good when it cannot be. Asks nothing.
     void OpenModel(const QString& file);
     void ResetScene();
     /// What closing the window saves.
@@ -52,7 +57,10 @@ public:
     [[nodiscard]] CorvexMaterial::Material& Panel();
     [[nodiscard]] const StudioScene& Scene() const;
     [[nodiscard]] Selection& Selected();
+    /// Of the scene.
     [[nodiscard]] QUndoStack& History() { return m_history; }
+    [[nodiscard]] QUndoStack& LibraryHistory();
+    [[nodiscard]] OpenDocument& Document() { return *m_document; }
     [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
     [[nodiscard]] SceneExchange& Handing() { return *m_handing; }
     [[nodiscard]] SceneRaytracing& Raytracing() { return *m_raytracing; }
@@ -72,6 +80,7 @@ protected:
 
 private:
     void ConnectParts();
+    void ConnectFiles();
     void BuildMenus();
     void Start();
     void RestoreGeometry();
@@ -85,7 +94,11 @@ private:
     std::unique_ptr<PanelDock> m_panel;
     std::unique_ptr<PanelLibraries> m_libraries;
     std::unique_ptr<MaterialExchange> m_exchange;
-    std::unique_ptr<ModelFiles> m_files;
+    std::unique_ptr<DocumentWork> m_work;
+    std::unique_ptr<OpenDocument> m_document;
+    std::unique_ptr<DocumentMenu> m_documentMenu;
+    std::unique_ptr<ModelFiles> m_models;
+    std::unique_ptr<FileOpening> m_opening;
     std::unique_ptr<SceneExchange> m_handing;
     std::unique_ptr<SceneRaytracing> m_raytracing;
     std::unique_ptr<TextureFinder> m_textures;

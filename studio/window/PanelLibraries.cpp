@@ -1,6 +1,7 @@
 #include "PanelLibraries.h"
 
 #include "EntryMenu.h"
+#include "HistoryMenu.h"
 #include "LibraryDesk.h"
 #include "LibraryMenu.h"
 #include "PanelDock.h"
@@ -30,10 +31,9 @@ CorvexEditport::BrowserKind OnPanel(LibraryKind kind)
 
 }  // namespace
 
-PanelLibraries::PanelLibraries(StudioHost& host, WindowMessages& messages, PanelDock& panel,
-                               QUndoStack& history)
+PanelLibraries::PanelLibraries(StudioHost& host, WindowMessages& messages, PanelDock& panel)
     : m_host(host), m_messages(messages), m_panel(panel),
-      m_desk(new LibraryDesk(host.Browsers(), history, this))
+      m_desk(new LibraryDesk(host.Browsers(), this))
 {
     ConnectDesk();
     connect(&m_host.Browsers(), &LibraryBrowsers::DeletePressed, this, [this](LibraryKind kind) {
@@ -77,10 +77,17 @@ void PanelLibraries::ProvideFirst(StudioHost& host, WindowMessages& messages)
     }
 }
 
+QUndoStack& PanelLibraries::History()
+{
+    return m_desk->History();
+}
+
 void PanelLibraries::AddTo(QMenuBar& bar)
 {
     auto* menu = new LibraryMenu(*m_desk, &bar);
     bar.addMenu(menu);
+    menu->addSeparator();
+    AddHistory(*menu, m_desk->History(), HistoryKeys::None);
     connect(menu, &LibraryMenu::ChooseLibrary, this,
             [this](LibraryKind kind) { m_panel.Panel().ChooseLibrary(OnPanel(kind)); });
     connect(menu, &LibraryMenu::EmptyTrashWanted, this, &PanelLibraries::EmptyTrash);

@@ -25,13 +25,13 @@ class PanelLibraries : public QObject {
 
 public:
     /// All of it outlives this object.
-    PanelLibraries(StudioHost& host, WindowMessages& messages, PanelDock& panel,
-                   QUndoStack& history);
+    PanelLibraries(StudioHost& host, WindowMessages& messages, PanelDock& panel);
     ~PanelLibraries() override;
 
     /// Where no libraries are shipped the user begins with empty ones.
     static void ProvideFirst(StudioHost& host, WindowMessages& messages);
 
+    [[nodiscard]] QUndoStack& History();
     void AddTo(QMenuBar& bar);
     /// Lets what is dragged out of the libraries be dropped on the shapes.
     void DropOn(ScenePane& scene);

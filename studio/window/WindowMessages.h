@@ -44,8 +44,8 @@ public:
     {
         try {
             work();
-        } catch (const CorvexMaterial::Error& error) {
-            Tell(QString::fromStdString(error.what()));
+        } catch (const std::exception& error) {
+            Tell(QString::fromUtf8(error.what()));
             return false;
         } catch (const std::bad_alloc&) {
             Tell(tr("There is not enough memory for it."));

@@ -38,11 +38,11 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
     rig.Find<QCheckBox>("showAll").click();
     EXPECT_EQ(rows.rowCount(), 5);
     rig.Find<QDialogButtonBox>("buttons").button(QDialogButtonBox::Close)->click();
-    EXPECT_EQ(rig.Window().History().count(), 1);
-    EXPECT_TRUE(rig.Window().History().undoText().contains("2"));
-    rig.Window().History().undo();
+    EXPECT_EQ(rig.Window().LibraryHistory().count(), 1);
+    EXPECT_TRUE(rig.Window().LibraryHistory().undoText().contains("2"));
+    rig.Window().LibraryHistory().undo();
     EXPECT_EQ(Library().Count(), 0);
-    rig.Window().History().redo();
+    rig.Window().LibraryHistory().redo();
     EXPECT_EQ(Library().Count(), 2);
 
     const QString out = rig.PathOf("out.mtlx");

@@ -35,6 +35,7 @@ protected:
         }
         return *file;
     }
+    QUndoStack& Steps() { return rig.Window().LibraryHistory(); }
     LibraryView& View() { return rig.Find<LibraryView>("materialEntries"); }
     std::vector<std::string> Names()
     {
@@ -79,11 +80,11 @@ TEST_F(Library, AddAndDeleteAreStepsOfTheHistory)
     ASSERT_EQ(Names().size(), 2U);
     const std::string second = Names()[1];
     EXPECT_EQ(View().currentIndex().row(), 1) << "what was added is marked";
-    EXPECT_EQ(History().count(), 2);
+    EXPECT_EQ(Steps().count(), 2);
 
-    History().undo();
+    Steps().undo();
     EXPECT_EQ(Names().size(), 1U);
-    History().redo();
+    Steps().redo();
     ASSERT_EQ(Names().size(), 2U);
     EXPECT_EQ(Names()[1], second);
 
@@ -91,7 +92,7 @@ TEST_F(Library, AddAndDeleteAreStepsOfTheHistory)
     QTest::keyClick(&View(), Qt::Key_Delete);
     QCoreApplication::processEvents();
     EXPECT_EQ(Names(), std::vector{second});
-    History().undo();
+    Steps().undo();
     ASSERT_EQ(Names().size(), 2U);
     EXPECT_EQ(Names()[1], second) << "back to where it was";
     EXPECT_EQ(View().currentIndex().row(), 0) << "and marked";
@@ -99,11 +100,15 @@ TEST_F(Library, AddAndDeleteAreStepsOfTheHistory)
 
     rig.Select({0});
     rig.Type("txtAmbient", "33");
-    const int steps = History().count();
+    const int steps = Steps().index();
     rig.Window().ResetScene();
-    EXPECT_EQ(History().count(), steps - 1) << "those of shapes that are gone are gone";
-    while (History().canUndo()) {
-        History().undo();
+    EXPECT_EQ(Steps().index(), steps);
+    EXPECT_EQ(History().count(), 0) << "those of shapes that are gone are gone";
+    View().setFocus();
+    QTest::keyClick(&View(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(Steps().index(), steps - 1) << "inside a library the key is the library's";
+    while (Steps().canUndo()) {
+        Steps().undo();
     }
     EXPECT_TRUE(Names().empty());
     rig.Stop();
@@ -226,9 +231,9 @@ TEST_F(Library, RenamingIsAStepAndMovesNothing)
     search.setText("onyx");
     EXPECT_EQ(Names(), std::vector<std::string>{"Onyx"});
     search.clear();
-    History().undo();
+    Steps().undo();
     EXPECT_EQ(Names(), names);
-    History().redo();
+    Steps().redo();
     EXPECT_EQ(Names()[0], "Onyx");
 }
 
@@ -297,16 +302,16 @@ TEST_F(Library, StepsOfALibraryThatIsNoLongerOpenStillWork)
     LibraryFile::Create(other, LibraryKind::Materials);
     EXPECT_EQ(rig.Window().Panel().LoadMaterialLibrary("Other.cvm"),
               CorvexMaterial::Status::Success);
-    History().undo();
+    Steps().undo();
     EXPECT_EQ(LibraryFile::Open(first, LibraryKind::Materials).Count(), 0);
-    History().redo();
+    Steps().redo();
     EXPECT_EQ(LibraryFile::Open(first, LibraryKind::Materials).Count(), 1);
     EXPECT_TRUE(Names().empty());
 
     QFile::remove(QString::fromStdString(first));
-    History().undo();
+    Steps().undo();
     EXPECT_EQ(rig.prompts.shown.size(), 1U) << "told, and the step is gone";
-    EXPECT_FALSE(History().canRedo());
+    EXPECT_FALSE(Steps().canRedo());
 }
 
 TEST_F(Library, TrashGivesBackUntilItIsEmptied)
@@ -330,7 +335,7 @@ TEST_F(Library, TrashGivesBackUntilItIsEmptied)
     trash->actions().front()->trigger();
     EXPECT_EQ(Names().size(), 1U);
 
-    History().undo();
+    Steps().undo();
     EXPECT_TRUE(Names().empty());
     rig.prompts.answers = {false, true};
     rig.Find<QAction>("emptyTrash").trigger();
@@ -338,7 +343,7 @@ TEST_F(Library, TrashGivesBackUntilItIsEmptied)
     rig.Find<QAction>("emptyTrash").trigger();
     EXPECT_TRUE(Materials().Trash().empty());
     EXPECT_TRUE(rig.Host().Browsers().Open(LibraryKind::Textures)->Trash().empty());
-    History().redo();
+    Steps().redo();
     EXPECT_TRUE(Names().empty());
     EXPECT_EQ(rig.prompts.shown.size(), 1U) << "what is gone for good is told";
 }

@@ -183,6 +183,7 @@ TEST(SettingsFile, UnwritableIsAskedAboutBeforeTheStudioQuits)
     rig.Press("cmdMaterialRemember");
     ASSERT_EQ(rig.prompts.shown.size(), 1U);
     EXPECT_NE(rig.prompts.shown.front().text.find("CorvexStudio.ini"), std::string::npos);
+    rig.Window().History().setClean();
     rig.prompts.answers = {false, true};
     EXPECT_FALSE(rig.Window().close());
     EXPECT_TRUE(rig.Window().close());

@@ -32,6 +32,7 @@ void StudioRig::Start()
 
 void StudioRig::Stop()
 {
+    m_window->History().setClean();  // nobody is there to be asked
     m_window->close();
     m_window.reset();
     m_host.reset();

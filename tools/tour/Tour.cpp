@@ -179,6 +179,7 @@ void RunChapter(const Chapter& chapter, const TourRequest& request)
     }
     const QString trouble = studio.TroubleTold();
     Expect(trouble.isEmpty(), trouble);
+    studio.Window().QuitUnasked();
     studio.Window().close();
 }
 

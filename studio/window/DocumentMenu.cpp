@@ -1,0 +1,155 @@
+#include "DocumentMenu.h"
+
+#include "DocumentSchema.h"
+#include "OpenDocument.h"
+#include "UnsavedQuestion.h"
+#include "WindowMessages.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMainWindow>
+#include <QMenu>
+
+namespace studio {
+
+DocumentMenu::DocumentMenu(const Parts& parts) : m_parts(parts)
+{
+    connect(&m_parts.document, &OpenDocument::MarkChanged, this, &DocumentMenu::ShowMark);
+}
+
+void DocumentMenu::AddTo(QMenu& menu)
+{
+    menu.addAction(tr("&Save"), QKeySequence::Save, this, &DocumentMenu::Save);
+    // Some desktops have no key of their own for it.
+    menu.addAction(tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")), this,
+                   &DocumentMenu::SaveAs);
+    menu.addAction(tr("Save a Cop&y..."), this, &DocumentMenu::SaveCopy);
+    m_revert = menu.addAction(tr("Re&vert"), this, &DocumentMenu::Revert);
+    ShowMark();
+}
+
+void DocumentMenu::ShowMark()
+{
+    const OpenDocument& document = m_parts.document;
+    // What stands for the mark in a title may be part of a name.
+    const QString name = document.Name().replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    const QString readOnly = document.ReadOnlyReason().isEmpty() ? QString() : tr(" [read-only]");
+    m_parts.window.setWindowTitle(name + QStringLiteral("[*]") + readOnly + tr(" - Corvex Studio"));
+    m_parts.window.setWindowModified(document.IsModified());
+    if (m_revert != nullptr) {
+        m_revert->setEnabled(!document.Path().isEmpty() && document.IsModified());
+    }
+}
+
+bool DocumentMenu::MayGo()
+{
+    const OpenDocument& document = m_parts.document;
+    if (!document.IsModified()) {
+        return true;
+    }
+    switch (AskAboutUnsaved(m_parts.window, document.Name(), document.SavedAt())) {
+    case Unsaved::Save:
+        return Save();
+    case Unsaved::Discard:
+        return true;
+    case Unsaved::Cancel:
+        break;
+    }
+    return false;
+}
+
+void DocumentMenu::Open(const QString& file)
+{
+    if (MayGo()) {
+        Read(file);
+    }
+}
+
+void DocumentMenu::Read(const QString& file)
+{
+    QStringList problems;
+    try {
+        for (const std::string& problem : m_parts.document.Open(file)) {
+            problems << QString::fromStdString(problem);
+        }
+    } catch (const std::exception& error) {
+        const QString message = QString::fromUtf8(error.what());
+        m_parts.messages.Tell(message);
+        Q_EMIT Refused(file, message);
+        return;
+    }
+    Q_EMIT Opened(m_parts.document.Path(), problems);
+    if (const QString reason = m_parts.document.ReadOnlyReason(); !reason.isEmpty()) {
+        m_parts.messages.Show(tr("%1 is read-only: %2.").arg(m_parts.document.Name(), reason));
+    }
+}
+
+void DocumentMenu::Revert()
+{
+    if (MayGo()) {
+        Read(m_parts.document.Path());
+    }
+}
+
+bool DocumentMenu::Save()
+{
+    OpenDocument& document = m_parts.document;
+    if (document.Path().isEmpty() || !document.ReadOnlyReason().isEmpty()) {
+        return SaveAs();
+    }
+    if (document.IsChangedByOthers()) {
+        switch (AskAboutChangedByOthers(m_parts.window, document.Name())) {
+        case ChangedByOthers::Overwrite:
+            return Saving([&document] { document.SaveAs(document.Path()); });
+        case ChangedByOthers::SaveAs:
+            return SaveAs();
+        case ChangedByOthers::Cancel:
+            return false;
+        }
+    }
+    return Saving([&document] { document.Save(); });
+}
+
+bool DocumentMenu::SaveAs()
+{
+    const QString file = ChooseFile(tr("Save As"));
+    return !file.isEmpty() && Saving([&] { m_parts.document.SaveAs(file); });
+}
+
+bool DocumentMenu::Saving(const std::function<void()>& write)
+{
+    if (!m_parts.messages.Telling(write)) {
+        return false;
+    }
+    m_parts.messages.Show(tr("%1 was saved.").arg(m_parts.document.Name()));
+    Q_EMIT Saved(m_parts.document.Path());
+    return true;
+}
+
+void DocumentMenu::SaveCopy()
+{
+    const QString file = ChooseFile(tr("Save a Copy"));
+    if (!file.isEmpty() && m_parts.messages.Telling([&] { m_parts.document.SaveCopy(file); })) {
+        m_parts.messages.Show(tr("%1 was saved.").arg(QFileInfo(file).fileName()));
+    }
+}
+
+QString DocumentMenu::ChooseFile(const QString& title)
+{
+    const OpenDocument& document = m_parts.document;
+    const QString source = QString::fromStdString(document.Source().path);
+    const QString beside = document.Path().isEmpty() ? source : document.Path();
+    const QDir folder = beside.isEmpty() ? QDir::home() : QFileInfo(beside).dir();
+    const QString suffix = QLatin1String(kDocumentSuffix);
+    QFileDialog dialog(&m_parts.window, title, folder.path());
+    // A desktop's own dialog would ask about the name before it has its extension.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilter(tr("Scene documents (*.%1)").arg(suffix));
+    dialog.setDefaultSuffix(suffix);
+    dialog.selectFile(QFileInfo(document.Name()).completeBaseName() + u'.' + suffix);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace studio

@@ -1,0 +1,222 @@
+#include "OpenDocument.h"
+
+#include "DefaultScene.h"
+#include "ScenePane.h"
+#include "StudioApplicationState.h"
+#include "StudioHost.h"
+#include "ViewportWidget.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QUndoStack>
+
+#include <unordered_map>
+
+namespace studio {
+namespace {
+
+constexpr QSize kPicture(320, 240);
+
+StudioScene::Shapes ShapesOf(const SceneContent& content)
+{
+    StudioScene::Shapes shapes;
+    for (const ShapeState& state : content.shapes) {
+        shapes.push_back(std::make_shared<StudioShape>(state));
+    }
+    return shapes;
+}
+
+/// The same file under another name too.
+QString CanonicalPath(const QString& path)
+{
+    const QFileInfo file(path);
+    const QString canonical = file.canonicalFilePath();
+    return canonical.isEmpty() ? file.absoluteFilePath() : canonical;
+}
+
+}  // namespace
+
+OpenDocument::OpenDocument(const Parts& parts) : m_parts(parts)
+{
+    connect(&m_parts.history, &QUndoStack::cleanChanged, this, &OpenDocument::MarkChanged);
+}
+
+OpenDocument::~OpenDocument() = default;
+
+bool OpenDocument::IsModified() const
+{
+    return m_differs || !m_parts.history.isClean();
+}
+
+QString OpenDocument::ReadOnlyReason() const
+{
+    return m_file ? QString::fromStdString(m_file->ReadOnlyReason()) : QString();
+}
+
+std::string OpenDocument::PictureFolder() const
+{
+    return (m_parts.host.State().Profile().cacheFolder + QStringLiteral("/Documents"))
+        .toStdString();
+}
+
+void OpenDocument::SetTextures(TexturePlace place)
+{
+    if (place != m_textures) {
+        m_textures = place;
+        m_differs = true;
+        Q_EMIT MarkChanged();
+    }
+}
+
+SceneContent OpenDocument::Content() const
+{
+    SceneContent content;
+    std::unordered_map<const StudioShape*, std::size_t> places;
+    for (const auto& shape : m_parts.scene.Scene().All()) {
+        places.emplace(shape.get(), content.shapes.size());
+        content.shapes.push_back(shape->State());
+    }
+    for (const auto& shape : m_parts.scene.Selected().All()) {
+        if (const auto place = places.find(shape.get()); place != places.end()) {
+            content.selection.push_back(place->second);
+        }
+    }
+    content.camera = m_parts.scene.Viewport().Camera();
+    content.source = m_source;
+    content.textures = m_textures;
+    return content;
+}
+
+SceneContent OpenDocument::ContentWithPicture() const
+{
+    SceneContent content = Content();
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    const QImage shown = m_parts.scene.Viewport().grab().toImage();
+    shown.scaled(kPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation).save(&buffer, "PNG");
+    content.picture = png.toStdString();
+    return content;
+}
+
+void OpenDocument::Show(StudioScene::Shapes shapes, const SceneContent& content)
+{
+    Selection::Shapes selected;
+    for (const std::size_t place : content.selection) {
+        selected.push_back(shapes.at(place));
+    }
+    m_parts.history.clear();
+    m_parts.scene.Show(std::move(shapes));
+    ViewportWidget& viewport = m_parts.scene.Viewport();
+    viewport.SetHomeCamera(m_parts.scene.Scene().FramedBy(DefaultCamera()));
+    if (content.camera) {
+        viewport.SetCamera(*content.camera);
+        viewport.Draw();
+    }
+    m_parts.scene.Selected().Set(selected);
+    m_source = content.source;
+    m_textures = content.textures;
+    m_parts.host.State().SetOpenModel(
+        m_source.path.empty() ? m_path : QString::fromStdString(m_source.path));
+}
+
+void OpenDocument::ShowUntitled(const QString& name, StudioScene::Shapes shapes,
+                                const SourceModel& source)
+{
+    m_file.reset();
+    m_path.clear();
+    m_savedAt = {};
+    m_name = name;
+    SceneContent content;
+    content.source = source;
+    Show(std::move(shapes), content);
+    Settle();
+}
+
+void OpenDocument::TakeOver(const SceneContent& content)
+{
+    Show(ShapesOf(content), content);
+    m_differs = true;
+    Q_EMIT MarkChanged();
+}
+
+std::vector<std::string> OpenDocument::Open(const QString& path)
+{
+    const QString file = CanonicalPath(path);
+    if (file == m_path) {
+        m_file.reset();  // one's own claim on it would make it read-only
+    }
+    std::optional<SceneDocument::Opened> opened;
+    StudioScene::Shapes shapes;
+    m_parts.work.Do(tr("Opening %1...").arg(QFileInfo(file).fileName()), [&] {
+        opened.emplace(SceneDocument::Open(file.toStdString(), PictureFolder()));
+        shapes = ShapesOf(opened->content);
+    });
+    m_path = file;
+    Show(std::move(shapes), opened->content);
+    SettleAt(file, std::move(opened->document));
+    return opened->problems;
+}
+
+void OpenDocument::Save()
+{
+    if (!m_file) {
+        SaveAs(m_path);
+        return;
+    }
+    const SceneContent content = ContentWithPicture();
+    m_parts.work.Do(tr("Saving %1...").arg(m_name), [&] { m_file->Save(content); });
+    m_savedAt = QDateTime::currentDateTime();
+    Settle();
+}
+
+void OpenDocument::SaveAs(const QString& path)
+{
+    const QString file = CanonicalPath(path);
+    if (file == m_path) {
+        m_file.reset();  // it is written anew, over whatever has its name now
+    }
+    const SceneContent content = ContentWithPicture();
+    std::optional<SceneDocument> document;
+    m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(file).fileName()), [&] {
+        document.emplace(SceneDocument::Create(file.toStdString(), content, PictureFolder()));
+    });
+    SettleAt(file, std::move(*document));
+}
+
+void OpenDocument::SaveCopy(const QString& path)
+{
+    const SceneContent content = ContentWithPicture();
+    m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(path).fileName()), [&] {
+        std::ignore = SceneDocument::Create(path.toStdString(), content, PictureFolder());
+    });
+}
+
+bool OpenDocument::IsChangedByOthers()
+{
+    bool isChanged = false;
+    if (m_file) {
+        m_parts.work.Do(tr("Looking at %1...").arg(m_name),
+                        [&] { isChanged = m_file->IsChangedByOthers(); });
+    }
+    return isChanged;
+}
+
+void OpenDocument::SettleAt(const QString& path, SceneDocument document)
+{
+    m_file.emplace(std::move(document));
+    m_path = path;
+    m_name = QFileInfo(path).fileName();
+    m_savedAt = QDateTime::currentDateTime();
+    Settle();
+}
+
+void OpenDocument::Settle()
+{
+    m_differs = false;
+    m_parts.history.setClean();
+    Q_EMIT Settled();
+    Q_EMIT MarkChanged();
+}
+
+}  // namespace studio

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "DocumentWork.h"
+#include "SceneDocument.h"
+#include "StudioScene.h"
+
+#include <QDateTime>
+#include <QObject>
+
+#include <optional>
+
+class QUndoStack;
+
+namespace studio {
+
+class ScenePane;
+class StudioHost;
+
+/// The document that the window works on: which file it is, and whether it is as it was saved.
+/// Whatever reads or writes the file may throw an Error that names it; then nothing has changed.
+class OpenDocument : public QObject {
+    Q_OBJECT
+
+public:
+    /// What it works with; all of it outlives this object.
+    struct Parts {
+        StudioHost& host;
+        ScenePane& scene;
+        QUndoStack& history;
+        DocumentWork& work;
+    };
+
+    explicit OpenDocument(const Parts& parts);
+    ~OpenDocument() override;
+
+    /// Absolute; empty for one that was never saved.
+    [[nodiscard]] QString Path() const { return m_path; }
+    [[nodiscard]] QString Name() const { return m_name; }
+    /// When the file was read or written last; invalid for one that was never saved.
+    [[nodiscard]] const QDateTime& SavedAt() const { return m_savedAt; }
+    [[nodiscard]] bool IsModified() const;
+    /// For a person; empty when it can be saved.
+    [[nodiscard]] QString ReadOnlyReason() const;
+    [[nodiscard]] const SourceModel& Source() const { return m_source; }
+    [[nodiscard]] TexturePlace Textures() const { return m_textures; }
+    void SetTextures(TexturePlace place);
+
+    /// The scene as it is now, without a picture.
+    [[nodiscard]] SceneContent Content() const;
+
+    /// A scene that no document holds yet.
+    void ShowUntitled(const QString& name, StudioScene::Shapes shapes, const SourceModel& source);
+    /// Takes another scene, of a recovery, into the document, which is modified then.
+    void TakeOver(const SceneContent& content);
+
+    /// Returns what could not be taken over, for a person. The document that is open already is
+    /// read again.
+    std::vector<std::string> Open(const QString& path);
+    void Save();
+    /// From now on it is the document of this file.
+    void SaveAs(const QString& path);
+    void SaveCopy(const QString& path);
+    [[nodiscard]] bool IsChangedByOthers();
+
+Q_SIGNALS:
+    /// It is now as its file is, or has none: opened, saved or new.
+    void Settled();
+    /// Its name, its being modified or its being read-only may have changed.
+    void MarkChanged();
+
+private:
+    void Show(StudioScene::Shapes shapes, const SceneContent& content);
+    [[nodiscard]] SceneContent ContentWithPicture() const;
+    [[nodiscard]] std::string PictureFolder() const;
+    void SettleAt(const QString& path, SceneDocument document);
+    void Settle();
+
+    Parts m_parts;
+    std::optional<SceneDocument> m_file;
+    QString m_path;
+    QString m_name;
+    QDateTime m_savedAt;
+    SourceModel m_source;
+    TexturePlace m_textures = TexturePlace::Referenced;
+    bool m_differs = false;  ///< in what is no step of the history
+};
+
+}  // namespace studio
