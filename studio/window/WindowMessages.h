@@ -44,11 +44,11 @@ public:
     {
         try {
             work();
-        } catch (const std::exception& error) {
-            Tell(QString::fromUtf8(error.what()));
-            return false;
         } catch (const std::bad_alloc&) {
             Tell(tr("There is not enough memory for it."));
+            return false;
+        } catch (const std::exception& error) {
+            Tell(QString::fromUtf8(error.what()));
             return false;
         }
         return true;
