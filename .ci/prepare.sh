@@ -4,7 +4,7 @@ studio_packages=(
     g++ cmake ninja-build pkg-config
     qt6-base-dev libqt6opengl6-dev qt6-image-formats-plugins
     libepoxy-dev libegl-dev libgl1-mesa-dri fonts-dejavu-core
-    libassimp-dev libsqlite3-dev povray povray-includes lld
+    libassimp-dev libsqlite3-dev nlohmann-json3-dev povray povray-includes lld
 )
 test_packages=(xvfb xauth libgtest-dev libgmock-dev clang libclang-rt-dev parallel)
 benchmark_packages=(libgtest-dev libgmock-dev libbenchmark-dev)

@@ -21,30 +21,37 @@ struct ToldTogether {
     Attribute by;
 };
 
+constexpr auto kNotListed = std::to_array<ToldTogether>({
+    {Attribute::AlphaTestReference, Attribute::AlphaTestReference, Attribute::AlphaTest},
+    {Attribute::AlphaIsTransparent, Attribute::AlphaIsTransparent,
+     Attribute::TextureAlphaChannelUse},
+    {Attribute::OverlayTranslucency, Attribute::OverlayTranslucency, Attribute::TextureOverlay},
+    {Attribute::WrapOrientationU, Attribute::WrapOrientationV, Attribute::OriginU},
+    {Attribute::OriginV, Attribute::ScaleV, Attribute::OriginU},
+    {Attribute::FlatWrapType, Attribute::FlatWrapType, Attribute::WrapType},
+    {Attribute::TilesPerUnit, Attribute::TilesPerUnit, Attribute::WrapType},
+    {Attribute::RayTraceNormalSize, Attribute::RayTraceNormalScale,
+     Attribute::RayTraceNormalPattern},
+    {Attribute::RaytraceNormalFrequency, Attribute::RaytraceNormalTurbulence,
+     Attribute::RayTraceNormalPattern},
+    {Attribute::RayTraceIridescenceThickness, Attribute::RayTraceIridescenceTurbulence,
+     Attribute::RayTraceIridescenceFactor},
+    {Attribute::RaytraceColorPattern0Red, Attribute::RaytraceColorPatternTurbulence,
+     Attribute::RaytraceColorPattern},
+    {Attribute::RaytraceColorPattern0Alpha, Attribute::RaytraceColorPattern3Alpha,
+     Attribute::RaytraceColorPattern},
+    {Attribute::RaytracePredefinedType, Attribute::RaytracePredefinedType,
+     Attribute::RaytracePredefinedMaterial},
+    {Attribute::RayTraceType, Attribute::RayTraceType, Attribute::RaytracePredefinedMaterial},
+    {Attribute::PluginParameters, Attribute::PluginParameters, Attribute::Plugin},
+    // The panel's own state is in no material.
+    {Attribute::PreviewPrimitive, Attribute::PreviewPrimitive, Attribute::PreviewPrimitive},
+    {Attribute::TextureLibrary, Attribute::ApplyRelative, Attribute::PreviewPrimitive},
+});
+
 /// So that a report is silent about nothing new.
 consteval bool EveryAttributeIsTold()
 {
-    using enum Attribute;
-    constexpr auto kNotListed = std::to_array<ToldTogether>({
-        {AlphaTestReference, AlphaTestReference, AlphaTest},
-        {AlphaIsTransparent, AlphaIsTransparent, TextureAlphaChannelUse},
-        {OverlayTranslucency, OverlayTranslucency, TextureOverlay},
-        {WrapOrientationU, WrapOrientationV, OriginU},
-        {OriginV, ScaleV, OriginU},
-        {FlatWrapType, FlatWrapType, WrapType},
-        {TilesPerUnit, TilesPerUnit, WrapType},
-        {RayTraceNormalSize, RayTraceNormalScale, RayTraceNormalPattern},
-        {RaytraceNormalFrequency, RaytraceNormalTurbulence, RayTraceNormalPattern},
-        {RayTraceIridescenceThickness, RayTraceIridescenceTurbulence, RayTraceIridescenceFactor},
-        {RaytraceColorPattern0Red, RaytraceColorPatternTurbulence, RaytraceColorPattern},
-        {RaytraceColorPattern0Alpha, RaytraceColorPattern3Alpha, RaytraceColorPattern},
-        {RaytracePredefinedType, RaytracePredefinedType, RaytracePredefinedMaterial},
-        {RayTraceType, RayTraceType, RaytracePredefinedMaterial},
-        {PluginParameters, PluginParameters, Plugin},
-        // The panel's own state is in no material.
-        {PreviewPrimitive, PreviewPrimitive, PreviewPrimitive},
-        {TextureLibrary, ApplyRelative, PreviewPrimitive},
-    });
     std::array<int, CorvexMaterial::kAttributeCount> times{};
     for (const Attribute attribute : kReported) {
         ++times[static_cast<std::size_t>(attribute)];
@@ -89,6 +96,15 @@ QString NameOf(const AttributeRow& row)
     return QCoreApplication::translate("Attribute", isGroup ? LabelOf(row.group) : row.label);
 }
 
+/// What comes back from every format that has it.
+constexpr std::array kReadExactly{Attribute::Color,
+                                  Attribute::Ambient,
+                                  Attribute::Emissive,
+                                  Attribute::Specular,
+                                  Attribute::Transparency,
+                                  Attribute::RayTraceMetallic,
+                                  Attribute::RayTraceRoughness};
+
 }  // namespace
 
 bool HasPlacedImages(const udtMaterial& material)
@@ -96,6 +112,21 @@ bool HasPlacedImages(const udtMaterial& material)
     CorvexDB::TextureFiles placed = material.Textures;
     placed.environment.clear();
     return placed != CorvexDB::TextureFiles();
+}
+
+bool DifferIn(Attribute attribute, const udtMaterial& one, const udtMaterial& other)
+{
+    const auto differ = [&](Attribute which) {
+        const AttributeRow& row = RowOf(which);
+        return row.path.LeadsIntoRecord() && !row.path.same(one, other);
+    };
+    return differ(attribute) ||
+           std::ranges::any_of(CorvexMaterial::AttributeRows(), [&](const AttributeRow& row) {
+               return std::ranges::any_of(kNotListed, [&](const ToldTogether& run) {
+                   return run.by == attribute && run.first <= row.attribute &&
+                          row.attribute <= run.last && differ(row.attribute);
+               });
+           });
 }
 
 ExportNotes::ExportNotes(const NamedMaterial& named, const FormatTable& table, Wearers wearers)
@@ -112,13 +143,45 @@ void ExportNotes::Say(Attribute attribute, Outcome outcome, const char* note)
     m_said.at(static_cast<std::size_t>(index)) = FormatRow{attribute, outcome, "", note};
 }
 
+void ExportNotes::SayMisread(const Rewriting& rewriting)
+{
+    const auto& [was, before, want, after] = rewriting;
+    for (const FormatRow& row : m_table) {
+        const bool isMeant = DifferIn(row.attribute, was, m_named.material);
+        if (!isMeant && DifferIn(row.attribute, before, after)) {
+            Say(row.attribute, Outcome::Dropped, row.note);
+        }
+        const bool isExact = std::ranges::find(kReadExactly, row.attribute) != kReadExactly.end();
+        if (isMeant && isExact && row.outcome != Outcome::Dropped &&
+            DifferIn(row.attribute, after, want)) {
+            Say(row.attribute, Outcome::Dropped,
+                QT_TRANSLATE_NOOP("Interchange", "what else the file says of the material leaves "
+                                                 "no place for it"));
+        }
+    }
+}
+
 void ExportNotes::AddTo(Report& report) const
+{
+    AddTo(report, nullptr);
+}
+
+void ExportNotes::AddChangesTo(Report& report, const udtMaterial& before) const
+{
+    AddTo(report, &before);
+}
+
+void ExportNotes::AddTo(Report& report, const udtMaterial* before) const
 {
     MaterialNotes notes(report, m_named.name);
     for (std::size_t index = 0; index < kReported.size(); ++index) {
         const AttributeRow& attribute = RowOf(kReported[index]);
         const FormatRow& row = m_said[index] ? *m_said[index] : m_table[index];
-        if (m_said[index] || IsUsed(attribute, m_named.material, row.outcome)) {
+        const bool isTold = before == nullptr
+                                ? m_said[index] || IsUsed(attribute, m_named.material, row.outcome)
+                                : DifferIn(kReported[index], *before, m_named.material) ||
+                                      (m_said[index] && row.outcome != Outcome::Mapped);
+        if (isTold) {
             notes.Add(NameOf(attribute).toStdString(), row.outcome, row.note);
         }
     }

@@ -63,6 +63,10 @@ enum class Wearers { Samples, Shapes };
 /// Whether an image lies somewhere on the surface.
 [[nodiscard]] bool HasPlacedImages(const CorvexDB::udtMaterial& material);
 
+/// Whether the materials differ in a reported attribute or in what it stands for.
+[[nodiscard]] bool DifferIn(Attribute attribute, const CorvexDB::udtMaterial& one,
+                            const CorvexDB::udtMaterial& other);
+
 /// Collects what becomes of one material and reports every attribute that the material makes use
 /// of.
 class ExportNotes {
@@ -71,9 +75,21 @@ public:
 
     /// In place of the table's row.
     void Say(Attribute attribute, Outcome outcome, const char* note);
+    /// A change within a file that somebody else wrote: what is misread now, or was hit by it.
+    struct Rewriting {
+        const CorvexDB::udtMaterial& was;     ///< the material as it was taken
+        const CorvexDB::udtMaterial& before;  ///< what the file said
+        const CorvexDB::udtMaterial& want;    ///< what it is to say
+        const CorvexDB::udtMaterial& after;   ///< what it says
+    };
+    void SayMisread(const Rewriting& rewriting);
     void AddTo(Report& report) const;
+    /// Only what differs from the material as it was before.
+    void AddChangesTo(Report& report, const CorvexDB::udtMaterial& before) const;
 
 private:
+    void AddTo(Report& report, const CorvexDB::udtMaterial* before) const;
+
     const NamedMaterial& m_named;
     const FormatTable& m_table;
     std::array<std::optional<FormatRow>, kReported.size()> m_said{};

@@ -18,6 +18,7 @@ struct ImportedMesh {
     std::shared_ptr<const Mesh> mesh;
     std::size_t material = 0;  ///< index into ImportedModel::materials
     bool hasCoordinates = false;
+    std::int32_t sourcePrimitive = -1;  ///< its number in a glTF document's mesh; -1 elsewhere
 };
 
 /// One use of a mesh. A file may place one mesh many times.
@@ -25,6 +26,7 @@ struct ImportedShape {
     std::string name;
     std::size_t mesh = 0;  ///< index into ImportedModel::meshes
     QMatrix4x4 worldFromMesh;
+    std::int32_t sourceNode = -1;  ///< its number in a glTF document; -1 elsewhere
 };
 
 /// An image that is inside a file, as it is there.
@@ -42,6 +44,8 @@ struct ImportedModel {
     Report report;
     std::vector<ImportedMesh> meshes;
     std::vector<ImportedShape> shapes;
+    /// Files beside the model that the materials are in, in their order.
+    std::vector<std::string> libraries;
     /// Their wearers have no path for them yet, or one that is missing.
     std::vector<EmbeddedPicture> pictures;
 };

@@ -74,4 +74,30 @@ void VertexColours::Tint(ImportedModel& model, std::size_t material, Meaning mea
     }
 }
 
+Untinted::Untinted(CorvexMaterial::Colour now, CorvexMaterial::Colour was,
+                   CorvexMaterial::Colour is, VertexColours::Meaning meaning)
+    : colour(now)
+{
+    if (was == is) {
+        return;
+    }
+    const bool light = meaning == VertexColours::Meaning::Light;
+    const auto read = [light](CorvexMaterial::Colour value) {
+        return light ? LightOf(value) : DisplayedOf(value);
+    };
+    const Rgb wanted = read(now);
+    const Rgb tinted = read(was);
+    const Rgb plain = read(is);
+    const auto part = [this](float want, float tint, float full) {
+        constexpr float kRounding = 1.02F;
+        const float value = tint > 0.0F ? want * full / tint : want;
+        isCut = isCut || value > kRounding || (tint <= 0.0F && want > 0.0F);
+        return CutToUnit(value);
+    };
+    const Rgb result{part(wanted.red, tinted.red, plain.red),
+                     part(wanted.green, tinted.green, plain.green),
+                     part(wanted.blue, tinted.blue, plain.blue)};
+    colour = now == was ? is : light ? ColourOfLight(result) : ColourOfDisplayed(result);
+}
+
 }  // namespace studio

@@ -3,6 +3,8 @@
 #include "Amounts.h"
 #include "ImportedModel.h"
 
+#include <QCoreApplication>
+
 #include <array>
 #include <vector>
 
@@ -12,11 +14,12 @@ namespace studio {
 /// that wear it, on average.
 class VertexColours {
 public:
+    enum class Meaning { Displayed, Light };
+
     /// The vertices of a mesh; those without a colour count as white, as often as is said.
     void Add(std::size_t material, const std::vector<Rgb>& colours);
     void AddPlain(std::size_t material, std::size_t vertices);
 
-    enum class Meaning { Displayed, Light };
     /// Reports it where a material's vertices visibly differ.
     void Tint(ImportedModel& model, std::size_t material, Meaning meaning) const;
 
@@ -38,6 +41,20 @@ private:
     Wearers& WearersOf(std::size_t material);
 
     std::vector<Wearers> m_wearers;  ///< by material
+};
+
+/// Of a colour that was cut.
+inline constexpr const char* kVerticesDarken =
+    QT_TRANSLATE_NOOP("Interchange", "the colours of the vertices darken it");
+
+/// The colour that a file has to say for a material to become `now` with its vertices, which make
+/// `was` of the file's `is`.
+struct Untinted {
+    Untinted(CorvexMaterial::Colour now, CorvexMaterial::Colour was, CorvexMaterial::Colour is,
+             VertexColours::Meaning meaning);
+
+    CorvexMaterial::Colour colour;
+    bool isCut = false;  ///< it would have to be lighter than white
 };
 
 }  // namespace studio

@@ -16,6 +16,7 @@
 #include "ScenePane.h"
 #include "SceneRaytracing.h"
 #include "SettingNames.h"
+#include "SourceSaving.h"
 #include "StudioHost.h"
 #include "StudioIcon.h"
 #include "StudioSettings.h"
@@ -61,6 +62,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_opening(std::make_unique<FileOpening>(host.Settings(), *this)),
       m_handing(std::make_unique<SceneExchange>(
           SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *this})),
+      m_saving(std::make_unique<SourceSaving>(
+          SourceSaving::Parts{*m_messages, *m_scene, *m_exchange, *this})),
       m_raytracing(std::make_unique<SceneRaytracing>(
           SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *this})),
       m_textures(std::make_unique<TextureFinder>(
@@ -90,6 +93,7 @@ void MainWindow::ConnectParts()
 
 void MainWindow::ConnectFiles()
 {
+    connect(m_models.get(), &ModelFiles::ModelShown, m_saving.get(), &SourceSaving::Remember);
     m_opening->AcceptDropsOn(*this);
     // A floating panel is a window of its own, but what is dropped on it is for this one.
     m_opening->AcceptDropsOn(m_panel->Dock());
@@ -129,6 +133,7 @@ void MainWindow::BuildMenus()
     m_opening->AddTo(*file);
     file->addSeparator();
     m_documentMenu->AddTo(*file);
+    m_saving->AddTo(*file);
     file->addSeparator();
     m_textures->AddTo(*file);
     file->addSeparator();

@@ -25,6 +25,7 @@ class PanelLibraries;
 class ScenePane;
 class SceneExchange;
 class SceneRaytracing;
+class SourceSaving;
 class StudioHost;
 class TextureFinder;
 class ViewportWidget;
@@ -100,6 +101,7 @@ private:
     std::unique_ptr<ModelFiles> m_models;
     std::unique_ptr<FileOpening> m_opening;
     std::unique_ptr<SceneExchange> m_handing;
+    std::unique_ptr<SourceSaving> m_saving;
     std::unique_ptr<SceneRaytracing> m_raytracing;
     std::unique_ptr<TextureFinder> m_textures;
     std::unique_ptr<OptionsEditing> m_options;

@@ -62,6 +62,7 @@ void ModelFiles::Show(const QString& file, const ImportedModel& model)
                                   SourceModelAt(file.toStdString()));
     m_parts.messages.Log(QStringLiteral("Opened ") + file);
     TellOf(model);
+    Q_EMIT ModelShown(file, model);
     Q_EMIT Opened(file);
 }
 

@@ -36,6 +36,8 @@ public:
     void ShowDefaultScene();
 
 Q_SIGNALS:
+    /// The scene has the model's shapes.
+    void ModelShown(const QString& file, const studio::ImportedModel& model);
     void Opened(const QString& file);
     /// The message has been shown to the user. No file when he cancelled it himself.
     void Refused(const QString& file, const QString& message);

@@ -106,6 +106,31 @@ TEST_F(Exchange, AnOpenedModelHasTheSameReport)
     EXPECT_EQ(rig.Find<QTableView>("rows").model()->rowCount(), 2);
 }
 
+TEST_F(Exchange, AnOpenedModelGetsItsMaterialsBackOnceTheUserAgrees)
+{
+    auto& saveBack = rig.Find<QAction>("saveBack");
+    EXPECT_FALSE(saveBack.isEnabled());
+    const QString library = rig.files.Write("a.mtl", "newmtl Oak\nKd 0 1 0\nown 1\n");
+    rig.Open(rig.files.Write("a.obj", "mtllib a.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
+                                      "usemtl Oak\nf 1 2 3\n"));
+    EXPECT_EQ(saveBack.text(), "Save &Back into \"a.obj\"...");
+    rig.Select({0});
+    rig.Press("chkDoubleSided");
+    rig.Type("txtSpecular", "50");
+
+    saveBack.trigger();
+    EXPECT_TRUE(CorvexTest::ContentOf(library).contains("Kd 0 1 0\nown 1\n"));
+    EXPECT_THAT(rig.log.Calls().back().detail, testing::HasSubstr("a.mtl"));
+    rig.prompts.answers = {true};
+    saveBack.trigger();
+    EXPECT_EQ(CorvexTest::ContentOf(library), "newmtl Oak\nKd 0 1 0\nown 1\nKs 0.5 0.5 0.5\n");
+    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("saved back"));
+
+    rig.Window().ResetScene();
+    saveBack.trigger();
+    EXPECT_EQ(rig.log.CountOf("Prompts.AskYesNo"), 2U);
+}
+
 TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)
 {
     OpenNewLibrary();

@@ -145,25 +145,6 @@ void PutGlow(const udtMaterial& material, QJsonObject& object, GltfImages& image
     }
 }
 
-QJsonObject MaterialObject(const NamedMaterial& named, GltfImages& images, ExportNotes& notes)
-{
-    const udtMaterial& material = named.material;
-    QJsonObject object{
-        {"name", QString::fromStdString(ReadableName(named.name, "Material"))},
-        {"pbrMetallicRoughness", SurfaceOf(material, images)},
-    };
-    PutGlow(material, object, images, notes);
-    PutAlpha(material, object, images, notes);
-    if (material.DoubleSided) {
-        object["doubleSided"] = true;
-    }
-    if (material.RayTrace.Reflection > 0.0F) {
-        const double coat = CutToUnit(material.RayTrace.Reflection / 10.0F);
-        object["extensions"] = QJsonObject{{kClearCoat, QJsonObject{{"clearcoatFactor", coat}}}};
-    }
-    return object;
-}
-
 QJsonArray ExtensionsOf(std::span<const NamedMaterial> materials)
 {
     QJsonArray used;
@@ -186,13 +167,32 @@ const FormatTable& GltfTable()
     return kGltfTable;
 }
 
+QJsonObject GltfMaterialOf(const NamedMaterial& named, GltfImages& images, ExportNotes& notes)
+{
+    const udtMaterial& material = named.material;
+    QJsonObject object{
+        {"name", QString::fromStdString(ReadableName(named.name, "Material"))},
+        {"pbrMetallicRoughness", SurfaceOf(material, images)},
+    };
+    PutGlow(material, object, images, notes);
+    PutAlpha(material, object, images, notes);
+    if (material.DoubleSided) {
+        object["doubleSided"] = true;
+    }
+    if (material.RayTrace.Reflection > 0.0F) {
+        const double coat = CutToUnit(material.RayTrace.Reflection / 10.0F);
+        object["extensions"] = QJsonObject{{kClearCoat, QJsonObject{{"clearcoatFactor", coat}}}};
+    }
+    return object;
+}
+
 void PutGltfMaterials(std::span<const NamedMaterial> materials, Wearers wearers, GltfImages& images,
                       QJsonObject& document, Report& report)
 {
     QJsonArray objects;
     for (const NamedMaterial& named : materials) {
         ExportNotes notes(named, kGltfTable, wearers);
-        objects.append(MaterialObject(named, images, notes));
+        objects.append(GltfMaterialOf(named, images, notes));
         notes.AddTo(report);
     }
     if (!objects.isEmpty()) {

@@ -42,12 +42,19 @@ GltfImages::GltfImages(std::string folder, GltfBuffer* inside)
 {
 }
 
+GltfImages::GltfImages(std::string folder, qsizetype images, qsizetype textures, bool makesFiles)
+    : m_folder(std::move(folder)), m_firstImage(images), m_firstTexture(textures),
+      m_makesFiles(makesFiles)
+{
+}
+
 int GltfImages::Take(const std::string& file)
 {
-    const auto [entry, isNew] = m_indexes.try_emplace(file, static_cast<int>(m_images.size()));
+    const auto next = static_cast<int>(m_firstTexture + m_textures.size());
+    const auto [entry, isNew] = m_indexes.try_emplace(file, next);
     if (isNew) {
+        m_textures.append(QJsonObject{{"source", m_firstImage + m_images.size()}});
         m_images.append(ImageOf(file));
-        m_textures.append(QJsonObject{{"source", entry->second}});
     }
     return entry->second;
 }
@@ -66,7 +73,7 @@ QJsonObject GltfImages::ImageOf(const std::string& file) const
         return Named(file);
     }
     const char* type = MediaTypeOf(opened.peek(kHead));
-    if (type != nullptr && m_inside == nullptr) {
+    if (!m_makesFiles || (type != nullptr && m_inside == nullptr)) {
         return Named(file);
     }
     const QByteArray bytes = type != nullptr ? opened.readAll() : AsPng(file);

@@ -91,7 +91,7 @@ public:
             const QJsonObject node = m_file.At("nodes", static_cast<qint64>(visit.node));
             const QMatrix4x4 worldFromNode = visit.worldFromParent * ParentFromNode(node);
             if (node.contains(u"mesh")) {
-                AddMesh(node, Usable(worldFromNode));
+                AddMesh(node, static_cast<std::int32_t>(visit.node), Usable(worldFromNode));
             }
             Open(node[u"children"].toArray(), worldFromNode, open);
         }
@@ -130,7 +130,7 @@ private:
         }
     }
 
-    void AddMesh(const QJsonObject& node, const QMatrix4x4& worldFromMesh)
+    void AddMesh(const QJsonObject& node, std::int32_t number, const QMatrix4x4& worldFromMesh)
     {
         const QJsonObject mesh = m_file.At("meshes", node[u"mesh"]);
         QString name = mesh[u"name"].toString();
@@ -138,7 +138,8 @@ private:
         for (const Part& part : PartsOf(node[u"mesh"].toInt(-1), mesh)) {
             const std::string numbered = "Shape " + std::to_string(m_model.shapes.size() + 1);
             const std::string own = name.isEmpty() ? "" : name.toStdString() + part.suffix;
-            m_model.shapes.push_back({ReadableName(own, numbered), part.mesh, worldFromMesh});
+            m_model.shapes.push_back(
+                {ReadableName(own, numbered), part.mesh, worldFromMesh, number});
         }
     }
 
@@ -156,6 +157,7 @@ private:
                                                                 ? std::string()
                                                                 : '-' + std::to_string(i)});
             m_model.meshes.push_back(MeshOf(primitive, static_cast<Mode>(mode)));
+            m_model.meshes.back().sourcePrimitive = static_cast<std::int32_t>(i);
         }
         return known->second;
     }

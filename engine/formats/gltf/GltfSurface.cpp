@@ -53,14 +53,6 @@ bool SaysSomething(const QJsonValue& value)
            std::ranges::any_of(numbers, [](auto number) { return number.toDouble() != 0.0; });
 }
 
-/// Where the base image is told of; empty when there is none.
-QJsonObject BaseTexture(const QJsonObject& source)
-{
-    const QJsonObject base =
-        source[u"pbrMetallicRoughness"].toObject()[u"baseColorTexture"].toObject();
-    return base.isEmpty() ? source[u"extensions"][kGloss][u"diffuseTexture"].toObject() : base;
-}
-
 class GltfSurfaceTaking {
 public:
     GltfSurfaceTaking(const QJsonObject& source, const GltfFile& file, MaterialNotes notes)
@@ -300,6 +292,13 @@ private:
 };
 
 }  // namespace
+
+QJsonObject BaseTexture(const QJsonObject& source)
+{
+    const QJsonObject base =
+        source[u"pbrMetallicRoughness"].toObject()[u"baseColorTexture"].toObject();
+    return base.isEmpty() ? source[u"extensions"][kGloss][u"diffuseTexture"].toObject() : base;
+}
 
 QString CoordinatesOf(const QJsonObject& source)
 {

@@ -6,6 +6,9 @@
 
 namespace studio {
 
+/// Where a material tells of its base image; empty when it has none.
+[[nodiscard]] QJsonObject BaseTexture(const QJsonObject& source);
+
 /// The attribute of a mesh's corners that says where the material's base image lies.
 [[nodiscard]] QString CoordinatesOf(const QJsonObject& source);
 

@@ -4,9 +4,11 @@
 #include "DocumentFile.h"
 #include "GltfImport.h"
 #include "GltfMaterials.h"
+#include "GltfPatch.h"
 #include "MtlMaterials.h"
 #include "MtlxMaterials.h"
 #include "ObjImport.h"
+#include "ObjPatch.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -20,10 +22,11 @@ namespace {
 constexpr std::array kFormats{
     Format{"mtl", QT_TRANSLATE_NOOP("Studio", "Wavefront MTL"), ReadMtl, MtlOf, false},
     Format{"obj", QT_TRANSLATE_NOOP("Studio", "Wavefront OBJ"), ReadObj, nullptr, true,
-           WriteObjScene},
-    Format{"gltf", QT_TRANSLATE_NOOP("Studio", "glTF"), ReadGltf, GltfOf, true, WriteGltfScene},
+           WriteObjScene, false, PatchOfObj},
+    Format{"gltf", QT_TRANSLATE_NOOP("Studio", "glTF"), ReadGltf, GltfOf, true, WriteGltfScene,
+           false, PatchOfGltf},
     Format{"glb", QT_TRANSLATE_NOOP("Studio", "glTF binary"), ReadGltf, nullptr, true,
-           WriteGlbScene, true},
+           WriteGlbScene, true, PatchOfGltf},
     Format{"mtlx", QT_TRANSLATE_NOOP("Studio", "MaterialX"), ReadMtlx, MtlxOf, false},
     Format{"3ds", QT_TRANSLATE_NOOP("Studio", "3DS"), ReadWithAssimp, nullptr, true},
     Format{"dae", QT_TRANSLATE_NOOP("Studio", "Collada"), ReadWithAssimp, nullptr, true},

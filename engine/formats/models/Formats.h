@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ImportedModel.h"
+#include "SourcePatch.h"
 
 #include <QByteArray>
 
@@ -24,6 +24,9 @@ struct Format {
     void (*writeScene)(const ImportedModel& scene, const std::string& path,
                        Report& report) = nullptr;
     bool holdsPictures = false;  ///< when it writes a scene, which needs no other file then
+    /// Null for a format that materials are not saved back into.
+    SourcePatch (*patch)(const MaterialSource& source, const DressedShapes& now,
+                         const QByteArray& bytes, PatchFor purpose) = nullptr;
 };
 
 [[nodiscard]] std::span<const Format> Formats();

@@ -18,7 +18,7 @@ using CorvexMaterial::AttributeRow;
 using CorvexMaterial::AttributeValue;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 7;
+constexpr std::uint32_t kVersion = 8;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
 constexpr std::uint8_t kLastAttribute = 0xFF;
 
@@ -162,6 +162,7 @@ void Put(ByteWriter& writer, const ImportedMesh& mesh)
 {
     writer.Put(static_cast<std::uint32_t>(mesh.material));
     writer.Put(static_cast<std::uint32_t>(mesh.hasCoordinates));
+    writer.Put(mesh.sourcePrimitive);
     writer.Put(static_cast<std::uint32_t>(mesh.mesh->vertices.size()));
     writer.Put(static_cast<std::uint32_t>(mesh.mesh->indices.size()));
     writer.PutAll(mesh.mesh->vertices);
@@ -174,6 +175,7 @@ ImportedMesh GetMesh(ByteReader& reader, std::size_t materialCount)
     result.material = reader.Get<std::uint32_t>();
     Require(result.material < materialCount, "a mesh names a material that does not exist");
     result.hasCoordinates = reader.Get<std::uint32_t>() != 0;
+    result.sourcePrimitive = reader.Get<std::int32_t>();
     const std::size_t vertexCount = reader.Get<std::uint32_t>();
     const std::size_t indexCount = reader.Get<std::uint32_t>();
     Require(indexCount % 3 == 0, "a mesh has an incomplete triangle");
@@ -191,6 +193,7 @@ void Put(ByteWriter& writer, const ImportedShape& shape)
 {
     writer.PutText(shape.name);
     writer.Put(static_cast<std::uint32_t>(shape.mesh));
+    writer.Put(shape.sourceNode);
     std::array<float, 16> rows{};
     shape.worldFromMesh.copyDataTo(rows.data());
     writer.Put(rows);
@@ -202,6 +205,7 @@ ImportedShape GetShape(ByteReader& reader, std::size_t meshCount)
     shape.name = reader.GetText();
     shape.mesh = reader.Get<std::uint32_t>();
     Require(shape.mesh < meshCount, "a shape names a mesh that does not exist");
+    shape.sourceNode = reader.Get<std::int32_t>();
     const auto rows = reader.Get<std::array<float, 16>>();
     Require(std::ranges::all_of(rows, [](float value) { return Reasonable(value); }),
             "a shape has no usable position");
@@ -216,6 +220,11 @@ void Put(ByteWriter& writer, const EmbeddedPicture& picture)
     for (const std::size_t wearer : picture.wearers) {
         writer.Put(static_cast<std::uint32_t>(wearer));
     }
+}
+
+void Put(ByteWriter& writer, const std::string& text)
+{
+    writer.PutText(text);
 }
 
 EmbeddedPicture GetPicture(ByteReader& reader, std::size_t materialCount)
@@ -249,6 +258,7 @@ QByteArray PackModel(const ImportedModel& model)
     putList(model.meshes);
     putList(model.shapes);
     putList(model.pictures);
+    putList(model.libraries);
     writer.Put(kEnd);
     return writer.Take();
 }
@@ -273,6 +283,9 @@ ImportedModel UnpackModel(std::span<const std::byte> bytes)
     }
     for (std::size_t left = reader.GetCount(kSmallestPicture); left > 0; --left) {
         model.pictures.push_back(GetPicture(reader, model.materials.size()));
+    }
+    for (std::size_t left = reader.GetCount(sizeof(std::uint32_t)); left > 0; --left) {
+        model.libraries.push_back(reader.GetText());
     }
     Require(reader.Get<std::uint32_t>() == kEnd && reader.AtEnd(), "the data is damaged");
     return model;

@@ -146,8 +146,7 @@ StudioScene::Shapes ShapesOf(const ImportedModel& model)
     materials.reserve(model.materials.size());
     for (const NamedMaterial& named : model.materials) {
         materials.push_back(WholeMaterial(named.material));
-        materials.back().identity =
-            std::make_shared<SceneMaterial>(SceneMaterial{named.name, {}});
+        materials.back().identity = std::make_shared<SceneMaterial>(SceneMaterial{named.name, {}});
     }
     StudioScene::Shapes shapes;
     shapes.reserve(model.shapes.size());

@@ -1,5 +1,6 @@
 #include "Amounts.h"
 #include "MtlMaterials.h"
+#include "MtlWriting.h"
 #include "PlainNumbers.h"
 #include "ShapeNames.h"
 #include "TextureReference.h"
@@ -67,15 +68,14 @@ public:
     {
     }
 
-    std::string Write(const std::string& name)
+    std::vector<MtlLine> Write()
     {
-        m_text = "\nnewmtl " + name + "\n";
         WriteColours();
         WriteAmounts();
         WriteImages();
         WriteAlpha();
         WriteRelief();
-        return m_text;
+        return std::move(m_lines);
     }
 
 private:
@@ -96,7 +96,7 @@ private:
 
     void Line(const std::string& keyword, const std::string& values)
     {
-        m_text += keyword + " " + values + "\n";
+        m_lines.push_back({keyword, {}, values});
     }
 
     void WriteColours()
@@ -153,7 +153,7 @@ private:
                         QT_TRANSLATE_NOOP("Interchange", "the format cannot hold its file's name"));
             return;
         }
-        Line(keyword, options + (reference.front() == '-' ? "./" : "") + reference);
+        m_lines.push_back({keyword, options, (reference.front() == '-' ? "./" : "") + reference});
     }
 
     void WriteImages()
@@ -210,7 +210,7 @@ private:
     AlphaChannels& m_alpha;
     ExportNotes& m_notes;
     std::string m_options;
-    std::string m_text;
+    std::vector<MtlLine> m_lines;
 };
 
 }  // namespace
@@ -218,6 +218,22 @@ private:
 const FormatTable& MtlTable()
 {
     return kMtlTable;
+}
+
+std::vector<MtlLine> MtlLinesOf(const NamedMaterial& named, const std::string& folder,
+                                AlphaChannels& alpha, ExportNotes& notes)
+{
+    return MtlStatements(named, folder, alpha, notes).Write();
+}
+
+std::string MtlBlock(const std::string& name, const std::vector<MtlLine>& lines,
+                     const std::string& lineEnd)
+{
+    std::string text = lineEnd + "newmtl " + name + lineEnd;
+    for (const MtlLine& line : lines) {
+        text += line.keyword + " " + line.options + line.value + lineEnd;
+    }
+    return text;
 }
 
 QByteArray MtlOf(std::span<const NamedMaterial> materials, const std::string& folder,
@@ -235,7 +251,7 @@ QByteArray MtlWornBy(Wearers wearers, std::span<const NamedMaterial> materials,
     for (const NamedMaterial& named : materials) {
         ExportNotes notes(named, kMtlTable, wearers);
         const std::string name = names.Take(ReadableName(named.name, "Material"));
-        text += MtlStatements(named, folder, alpha, notes).Write(name);
+        text += MtlBlock(name, MtlLinesOf(named, folder, alpha, notes), "\n");
         notes.AddTo(report);
     }
     return QByteArray::fromStdString(text);

@@ -54,6 +54,9 @@ constexpr std::array kMapOptions{
     MapOption{"-cc", 1, false},      MapOption{"-colorspace", 1, false},
 };
 
+/// Our own files have these.
+constexpr std::array<std::string_view, 4> kWrittenOptions{"-o", "-s", "-imfchan", "-type"};
+
 std::string Lower(std::string_view word)
 {
     std::string lower(word);
@@ -147,11 +150,15 @@ MtlMap MapIn(std::string_view rest)
         if (option == kMapOptions.end()) {
             break;  // a file's name may begin with a dash
         }
+        const std::string_view before = rest;
         rest = after;
         if (option->numbers) {
             Keep(map, word, TakeNumbers(rest, static_cast<std::size_t>(option->most)));
         } else if (word == "-type" || word == "-imfchan" || !rest.empty()) {
             Keep(map, word, TakeWord(rest));
+        }
+        if (std::ranges::find(kWrittenOptions, word) == kWrittenOptions.end()) {
+            map.foreign += before.substr(0, before.size() - rest.size());
         }
     }
     map.file = rest;
@@ -171,13 +178,20 @@ void NoteUnknown(MtlMaterial& material, std::string_view keyword)
     }
 }
 
+/// In lower case, and the first of its names.
+std::string KeptKeyword(std::string_view written)
+{
+    const std::string keyword = Lower(written);
+    const auto* map = std::ranges::find(kMapKeywords, keyword, &MapKeyword::written);
+    return map == kMapKeywords.end() ? keyword : std::string(map->kept);
+}
+
 void TakeStatement(MtlMaterial& material, std::string_view written, std::string_view rest)
 {
     constexpr std::size_t kMostNumbers = 4;
-    const std::string keyword = Lower(written);
-    const auto* map = std::ranges::find(kMapKeywords, keyword, &MapKeyword::written);
-    if (map != kMapKeywords.end()) {
-        material.maps[std::string(map->kept)] = MapIn(rest);
+    const std::string keyword = KeptKeyword(written);
+    if (std::ranges::find(kMapKeywords, keyword, &MapKeyword::kept) != kMapKeywords.end()) {
+        material.maps[keyword] = MapIn(rest);
         return;
     }
     if (keyword == "d" && rest.starts_with("-halo")) {
@@ -237,11 +251,13 @@ std::vector<MtlMaterial> ParseMtl(std::string_view text, const std::string& path
 {
     constexpr std::size_t kMostMaterials = 100'000;
     constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    const std::size_t all = text.size();
     if (text.starts_with(kByteOrderMark)) {
         text.remove_prefix(kByteOrderMark.size());
     }
     std::vector<MtlMaterial> materials;
     while (!text.empty()) {
+        const std::size_t left = text.size();
         const std::string line = TakeLine(text);
         std::string_view rest = line;
         const std::string_view keyword = TakeWord(rest);
@@ -257,6 +273,10 @@ std::vector<MtlMaterial> ParseMtl(std::string_view text, const std::string& path
             materials.emplace_back().name = rest;
         } else if (!materials.empty()) {
             TakeStatement(materials.back(), keyword, rest);
+        }
+        if (!materials.empty()) {
+            materials.back().statements.push_back(
+                {KeptKeyword(keyword), all - left, all - text.size()});
         }
     }
     return materials;

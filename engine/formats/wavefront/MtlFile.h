@@ -17,6 +17,14 @@ struct MtlMap {
     float bumpMultiplier = 1.0F;
     char channel = '\0';               ///< of -imfchan: r, g, b, m, l or z
     std::vector<std::string> ignored;  ///< options that are not kept here, as "-mm"
+    std::string foreign;               ///< as written, the options that no writer of ours sets
+};
+
+/// Where a statement is in the text, with the end of its line.
+struct MtlStatement {
+    std::string keyword;  ///< in lower case; of a map under several names the one that is kept
+    std::size_t begin = 0;
+    std::size_t end = 0;
 };
 
 /// A material of a Wavefront MTL file as it is written there. Keywords are in lower case.
@@ -25,6 +33,7 @@ struct MtlMaterial {
     std::map<std::string, std::vector<float>, std::less<>> numbers;  ///< finite; 1 to 4 each
     std::map<std::string, MtlMap, std::less<>> maps;
     std::vector<std::string> notUnderstood;  ///< keywords, each once
+    std::vector<MtlStatement> statements;    ///< of which newmtl is the first
 
     [[nodiscard]] bool Has(std::string_view keyword) const { return numbers.contains(keyword); }
     /// The first number.

@@ -89,10 +89,14 @@ public:
     {
         // Lines end as on any system.
         const char end = text.find('\n') == std::string_view::npos ? '\r' : '\n';
+        const std::size_t all = text.size();
         while (!text.empty()) {
-            TakeStatement(NextLine(text, end));
+            m_lineBegin = all - text.size();
+            const std::string_view line = NextLine(text, end);
+            m_lineEnd = all - text.size();
+            TakeStatement(line);
         }
-        std::erase_if(m_file.parts, [](const ObjPart& part) { return part.mesh.indices.empty(); });
+        LeaveOutEmptyParts();
         return std::move(m_file);
     }
 
@@ -143,6 +147,7 @@ private:
         if (keyword == "usemtl") {
             m_material = TextIn(rest);
             m_part = nullptr;
+            m_file.uses.push_back({m_lineBegin, m_lineEnd});
         } else if (keyword == "o" || keyword == "g") {
             m_group = TextIn(rest);
             m_partsOfGroup.clear();
@@ -220,6 +225,7 @@ private:
             m_cornersOfParts.emplace_back();
         }
         m_number = static_cast<std::uint32_t>(known->second);
+        m_file.runs.push_back({known->second, m_lineBegin});
         m_part = &m_file.parts[known->second];
         return *m_part;
     }
@@ -263,6 +269,23 @@ private:
         }
     }
 
+    void LeaveOutEmptyParts()
+    {
+        std::vector<std::size_t> numbers;
+        std::size_t next = 0;
+        for (const ObjPart& part : m_file.parts) {
+            numbers.push_back(next);
+            next += part.mesh.indices.empty() ? 0 : 1;
+        }
+        std::erase_if(m_file.runs, [this](const ObjRun& run) {
+            return m_file.parts[run.part].mesh.indices.empty();
+        });
+        for (ObjRun& run : m_file.runs) {
+            run.part = numbers[run.part];
+        }
+        std::erase_if(m_file.parts, [](const ObjPart& part) { return part.mesh.indices.empty(); });
+    }
+
     struct LastUse {
         std::uint32_t part = kNone;
         std::uint32_t vertex = kNone;
@@ -279,6 +302,8 @@ private:
     std::vector<Rgb> m_colours;  ///< of the first positions
     std::vector<LastUse> m_lastUse;
     std::vector<std::vector<KnownCorner>> m_cornersOfParts;  ///< by vertex
+    std::size_t m_lineBegin = 0;
+    std::size_t m_lineEnd = 0;
     std::string m_group;
     std::string m_material;
     std::map<std::string, std::size_t> m_partsOfGroup;  ///< by material

@@ -15,9 +15,22 @@ struct ObjPart {
     std::vector<Rgb> colours;  ///< of the vertices, or empty
 };
 
+/// Faces of one part that follow each other.
+struct ObjRun {
+    std::size_t part = 0;
+    std::size_t begin = 0;  ///< of the first one's line
+};
+/// A statement that names a material.
+struct ObjUse {
+    std::size_t begin = 0;
+    std::size_t end = 0;  ///< with the end of its line
+};
+
 struct ObjFile {
     std::vector<ObjPart> parts;          ///< none without triangles
     std::vector<std::string> libraries;  ///< statements that name them, each once
+    std::vector<ObjRun> runs;            ///< in the order of the text, as are the uses
+    std::vector<ObjUse> uses;
 };
 
 /// Reads any text as a Wavefront OBJ: what is not understood is passed over, with lines, points and

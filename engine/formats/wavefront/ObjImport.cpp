@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <map>
 
 namespace studio {
@@ -40,6 +41,9 @@ std::vector<std::string> LibraryFiles(const std::string& statement, const std::s
 
 void AddLibrary(const std::string& file, ImportedModel& model)
 {
+    if (std::ranges::find(model.libraries, file) != model.libraries.end()) {
+        return;
+    }
     const ModelFile opened(file);
     if (!opened.Obstacle().empty()) {
         MaterialNotes(model.report, file)
@@ -47,6 +51,7 @@ void AddLibrary(const std::string& file, ImportedModel& model)
                  opened.Obstacle());
         return;
     }
+    model.libraries.push_back(file);
     auto materials = MaterialsOfMtl(opened.Bytes(), file, model.report);
     std::ranges::move(materials, std::back_inserter(model.materials));
 }
@@ -54,9 +59,8 @@ void AddLibrary(const std::string& file, ImportedModel& model)
 /// Of a part that names no material, or one that is in no library.
 std::size_t PlainMaterial(ImportedModel& model)
 {
-    constexpr CorvexMaterial::ColourBytes kPlainGrey{153, 153, 153};
     NamedMaterial plain{"Default", {}};
-    plain.material.Color = CorvexMaterial::MakeColour(kPlainGrey);
+    plain.material.Color = PlainGrey();
     plain.material.Emissive = 0;
     model.materials.push_back(std::move(plain));
     return model.materials.size() - 1;
@@ -90,6 +94,12 @@ private:
 };
 
 }  // namespace
+
+CorvexMaterial::Colour PlainGrey()
+{
+    constexpr CorvexMaterial::ColourBytes kPlainGrey{153, 153, 153};
+    return CorvexMaterial::MakeColour(kPlainGrey);
+}
 
 ImportedModel ReadObj(const std::string& path)
 {

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ImportedModel.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace studio {
+
+/// Materials, and which of them each shape wears.
+struct DressedShapes {
+    std::vector<NamedMaterial> materials;
+    std::vector<std::size_t> ofShape;
+};
+
+/// How a file was when it was read.
+struct FileMark {
+    std::string path;
+    std::string identity;
+    QByteArray hash;  ///< of files that are read fast
+
+    [[nodiscard]] bool StillHolds() const;
+};
+[[nodiscard]] FileMark MarkOf(const std::string& path);
+
+/// Where a shape is in a glTF document; -1 elsewhere.
+struct ShapePlace {
+    std::int32_t node = -1;
+    std::int32_t primitive = -1;
+};
+
+/// A model file that materials can be saved back into, as it was read.
+struct MaterialSource {
+    std::string path;
+    std::vector<FileMark> files;          ///< the model's, then those of its libraries
+    DressedShapes asRead;                 ///< in the order of the files, then one for plain shapes
+    std::vector<ShapePlace> places = {};  ///< of the shapes
+};
+
+/// Only what is to be written has its images in files of a type that the format knows.
+enum class PatchFor { Showing, Writing };
+
+struct PatchedFile {
+    std::string path;
+    QByteArray bytes;
+};
+struct SourcePatch {
+    std::vector<PatchedFile> files;  ///< only those that change
+    Report report;                   ///< what becomes of each change
+    /// Of the materials: their numbers in the source from now on; nothing for plain shapes'.
+    std::vector<std::optional<std::size_t>> numbers;
+};
+
+}  // namespace studio
