@@ -20,24 +20,17 @@ public:
     std::function<void()> act = [] {};
 };
 
-class Apply : public ::testing::Test {
+class Apply : public WithStartedControl {
 protected:
-    void SetUp() override
-    {
-        rig.Start();
-        scene = std::make_unique<RecordingScene>(rig.log);
-    }
-
     Status ApplyTo(RecordingShape& target, bool wrap)
     {
         const CorvexSG::udtSelectionType kind{CorvexSG::SelectionKind::Faces};
         const CorvexSG::cdtCoordinateMode mode{CorvexSG::CoordinateMode::FromWrap};
-        return rig.Control().ApplyShapeMaterial(*scene, target, wrap, &group, &camera, kind,
+        return rig.Control().ApplyShapeMaterial(scene, target, wrap, &group, &camera, kind,
                                                 {4, 8, 15}, true, mode, {0.5F, 2.0F});
     }
 
-    ControlRig rig;
-    std::unique_ptr<RecordingScene> scene;
+    RecordingScene scene{rig.log};
     RecordingShape shape{rig.log, "selected", rig.host.sceneGraph.missingMeshes};
     CorvexSG::Group group;
     CorvexSG::Group camera;
@@ -64,7 +57,7 @@ TEST_F(Apply, HandsTheArgumentsOnAndChoosesTheFormByWrap)
     EXPECT_FALSE(shape.Applied()[0].wrapped);
     EXPECT_TRUE(shape.Applied()[1].wrapped);
     for (const AppliedMaterial& applied : shape.Applied()) {
-        EXPECT_EQ(applied.scene, scene.get());
+        EXPECT_EQ(applied.scene, &scene);
         EXPECT_EQ(applied.group, &group);
         EXPECT_EQ(applied.camera, &camera);
         EXPECT_EQ(applied.selectionKind, CorvexSG::SelectionKind::Faces);

@@ -37,17 +37,14 @@ TouchedRows RowsOf(const MaterialEdit& edit)
     return rows;
 }
 
-class Edited : public ::testing::Test {
+class Edited : public WithStartedControl {
 protected:
-    void SetUp() override
+    Edited()
     {
-        rig.Start();
         OfferPluginAndField(rig);
         rig.edits.clear();
         rig.log.Clear();
     }
-
-    ControlRig rig;
 };
 
 TEST_F(Edited, TellsAllThatAUserChangesRightBeforeTheMaterialChanged)

@@ -109,12 +109,7 @@ TEST_P(Edit, AppliesDrawsAndTellsTheHostOnceInThisOrder)
 INSTANTIATE_TEST_SUITE_P(Control, Edit, ::testing::ValuesIn(kEdits),
                          [](const auto& row) { return row.param.name; });
 
-class Editing : public ::testing::Test {
-protected:
-    void SetUp() override { rig.Start(); }
-
-    ControlRig rig;
-};
+using Editing = WithStartedControl;
 
 TEST_F(Editing, EveryKeyOfATextIsAnEditThatTheSliderFollows)
 {

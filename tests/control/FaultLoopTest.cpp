@@ -25,13 +25,9 @@ EnabledStates StatesOf(ControlRig& rig)
     return states;
 }
 
-class FaultLoop : public ::testing::Test {
+class FaultLoop : public WithStartedControl {
 protected:
-    void SetUp() override
-    {
-        rig.Start();
-        OfferPluginAndField(rig);
-    }
+    FaultLoop() { OfferPluginAndField(rig); }
 
     void Repeat(const std::vector<Step>& steps)
     {
@@ -122,8 +118,6 @@ protected:
         EXPECT_EQ(rig.Previewed().WrapOrientationV, rig.Tick("chkFlipV").isChecked());
         EXPECT_TRUE(rig.platform.prompts.shown.empty());
     }
-
-    ControlRig rig;
 
 private:
     std::size_t m_faults = 0;

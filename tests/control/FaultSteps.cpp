@@ -99,9 +99,6 @@ void OfferPluginAndField(ControlRig& rig)
     rig.host.plugins.records = {{nullptr, "None"},
                                 {std::make_shared<RecordingPlugin>(rig.log, parameters), "Marble"}};
     rig.host.customFields.names = {"Supplier"};
-    rig.platform.settings.PutTip("POVRayConfiguration", "0");
-    rig.platform.settings.PutTip("Simulation Texture", "0");
-    rig.platform.settings.PutTip("MaterialTIF", "0");
     const auto create = [&rig](const std::string& path) {
         rig.platform.libraryFiles.paths.insert(path);
     };

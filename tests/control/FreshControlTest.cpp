@@ -6,10 +6,7 @@ using namespace CorvexTest;
 using CorvexMaterial::IMaterial;
 using CorvexMaterial::Status;
 
-class FreshControl : public ::testing::Test {
-protected:
-    ControlRig rig;
-};
+using FreshControl = WithControl;
 
 TEST_F(FreshControl, ShowsFactoryValuesBeforeAndAfterLoadingAnEmptyStore)
 {

@@ -13,10 +13,8 @@ constexpr const char* kDictated[] = {"chkTextureLibrary", "cmdMaterialLibraryLes
                                      "cmdMaterialLibraryMore", "cmdTextureLibraryLess",
                                      "cmdTextureLibraryMore"};
 
-class Layout : public ::testing::Test {
+class Layout : public WithStartedControl {
 protected:
-    void SetUp() override { rig.Start(); }
-
     std::pair<std::string, std::string> SavedRows()
     {
         EXPECT_EQ(rig.Control().SaveStatus(), Status::Success);
@@ -35,8 +33,6 @@ protected:
         }
         EXPECT_TRUE(rig.Tick("chkMaterialLibrary").isEnabled());
     }
-
-    ControlRig rig;
 };
 
 using Rows = std::pair<std::string, std::string>;

@@ -9,10 +9,7 @@ using CorvexMaterial::Status;
 constexpr const char* kMeshes[] = {"previewcube.x", "previewcylinder.x", "previewsphere.x",
                                    "previewtorus.x", "previewcone.x"};
 
-class Preview : public ::testing::Test {
-protected:
-    ControlRig rig;
-};
+using Preview = WithControl;
 
 TEST_F(Preview, LoadsFiveMeshesInOrderAndOnceOnly)
 {

@@ -9,10 +9,8 @@ using CorvexDB::ApplyMode;
 using CorvexDB::udtMaterial;
 using CorvexMaterial::Status;
 
-class SavedStateFlow : public ::testing::Test {
+class SavedStateFlow : public WithStartedControl {
 protected:
-    void SetUp() override { rig.Start(); }
-
     /// Index in the log of the first call with this detail; past the end when there is none.
     std::size_t IndexOf(const std::string& detail) const
     {
@@ -20,8 +18,6 @@ protected:
         const auto matches = [&](const Call& call) { return call.detail == detail; };
         return static_cast<std::size_t>(std::ranges::find_if(calls, matches) - calls.begin());
     }
-
-    ControlRig rig;
 };
 
 TEST_F(SavedStateFlow, EverythingKeptComesBackAfterARestart)

@@ -5,74 +5,52 @@
 namespace {
 
 using namespace CorvexTest;
-using CorvexDB::WebSite;
 
 const std::string kNoRenderMan =
     "Corvex: " + std::string(CorvexMaterial::kRenderMan.check.notFound);
 const std::string kSelect = "Corvex: " + std::string(CorvexMaterial::kRenderMan.check.select);
 const std::string kVisit = "Corvex: " + std::string(CorvexMaterial::kRenderMan.check.visit);
 
+using RaytracerCheck = WithStartedControl;
+
 struct Check {
     const char* name;
     std::deque<bool> answers;
-    std::deque<std::string> files;
-    std::vector<std::string> questions;
-    std::vector<std::string> sites;
-    std::string location;
-    bool renders;
+    std::string chosen;
+    std::string second;  ///< question
 };
 
-class RenderManCheck : public ::testing::TestWithParam<Check> {};
+class RenderManCheck : public RaytracerCheck, public ::testing::WithParamInterface<Check> {};
 
 TEST_P(RenderManCheck, AsksUntilARendererIsKnownAndRemembersIt)
 {
-    const Check& check = GetParam();
-    ControlRig rig;
-    rig.Start();
+    const auto& [name, answers, chosen, second] = GetParam();
+    const bool renders = chosen == "/bin/sh";
     rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
-    rig.platform.prompts.answers = check.answers;
-    rig.platform.choosers.files = check.files;
+    rig.platform.prompts.answers = answers;
+    rig.platform.choosers.files.assign(chosen.empty() ? 0 : 1, chosen);
     rig.Press("cmdPreview");
-    EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo"), check.questions);
-    EXPECT_EQ(rig.log.DetailsOf("ApplicationState.OpenWebSite"), check.sites);
-    EXPECT_EQ(rig.platform.settings.Get("RenderManLocation").value_or(""), check.location);
-    EXPECT_EQ(rig.log.CountOf("ProcessStarter.Start"), check.renders ? 1U : 0U);
+    EXPECT_EQ(rig.log.DetailsOf("Prompts.AskYesNo"), (Texts{kNoRenderMan, second}));
+    EXPECT_EQ(rig.log.DetailsOf("ApplicationState.OpenWebSite"),
+              Texts(second == kVisit && answers.back() ? 1 : 0,
+                    std::to_string(static_cast<int>(CorvexDB::WebSite::RenderMan))));
+    EXPECT_EQ(rig.platform.settings.Get("RenderManLocation").value_or(""), renders ? chosen : "");
+    EXPECT_EQ(rig.log.CountOf("ProcessStarter.Start"), renders ? 1U : 0U);
     EXPECT_TRUE(rig.Find<QAbstractButton>("cmdPreview").isEnabled());
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Answers, RenderManCheck,
-    ::testing::Values(
-        Check{"NotInstalled", {false, false}, {}, {kNoRenderMan, kVisit}, {}, "", false},
-        Check{"WantsToDownload",
-              {false, true},
-              {},
-              {kNoRenderMan, kVisit},
-              {std::to_string(static_cast<int>(WebSite::RenderMan))},
-              "",
-              false},
-        Check{"WillNotSelect", {true, false}, {}, {kNoRenderMan, kSelect}, {}, "", false},
-        Check{"ChooserCancelled", {true, true}, {}, {kNoRenderMan, kSelect}, {}, "", false},
-        Check{"ChoseNoProgram",
-              {true, true},
-              {"/etc/passwd"},
-              {kNoRenderMan, kSelect},
-              {},
-              "",
-              false},
-        Check{"ChoseAProgram",
-              {true, true},
-              {"/bin/sh"},
-              {kNoRenderMan, kSelect},
-              {},
-              "/bin/sh",
-              true}),
+    ::testing::Values(Check{"NotInstalled", {false, false}, "", kVisit},
+                      Check{"WantsToDownload", {false, true}, "", kVisit},
+                      Check{"WillNotSelect", {true, false}, "", kSelect},
+                      Check{"ChooserCancelled", {true, true}, "", kSelect},
+                      Check{"ChoseNoProgram", {true, true}, "/etc/passwd", kSelect},
+                      Check{"ChoseAProgram", {true, true}, "/bin/sh", kSelect}),
     [](const auto& test) { return std::string(test.param.name); });
 
-TEST(RaytracerCheck, AKnownRendererIsNotAskedFor)
+TEST_F(RaytracerCheck, AKnownRendererIsNotAskedFor)
 {
-    ControlRig rig;
-    rig.Start();
     rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
     rig.platform.settings.Put("RenderManLocation", "/opt/my renderer");
     rig.Press("cmdPreview");
@@ -80,15 +58,14 @@ TEST(RaytracerCheck, AKnownRendererIsNotAskedFor)
     ASSERT_EQ(rig.platform.processes.requests.size(), 1U);
     EXPECT_EQ(rig.platform.processes.requests.front().program, "/opt/my renderer");
     EXPECT_EQ(rig.platform.processes.requests.front().arguments,
-              (std::vector<std::string>{"-res", "256", "256", "/temporary/~CVX1.rib"}));
+              (Texts{"-res", "256", "256", "/temporary/~CVX1.rib"}));
     EXPECT_TRUE(rig.platform.temporaryFiles.written.empty());
 }
 
-TEST(RaytracerCheck, AMissingPovRayIsExplainedAndNothingRuns)
+TEST_F(RaytracerCheck, AMissingPovRayIsExplainedAndNothingRuns)
 {
     for (const bool visit : {false, true}) {
-        ControlRig rig;
-        rig.Start();
+        rig.log.Clear();
         rig.host.applicationState.povRayProgram.clear();
         rig.platform.prompts.answers = {visit};
         rig.Press("cmdPreview");
@@ -101,19 +78,20 @@ TEST(RaytracerCheck, AMissingPovRayIsExplainedAndNothingRuns)
     }
 }
 
-TEST(RaytracerCheck, AStoreThatCannotBeWrittenKeepsNothingFromRendering)
+TEST_F(RaytracerCheck, AStoreThatCannotBeWrittenKeepsNothingFromRendering)
 {
     for (const auto raytracer : {CorvexDB::Raytracer::PovRay, CorvexDB::Raytracer::RenderMan}) {
-        ControlRig rig;
-        rig.Start();
+        rig.Restart();
+        rig.platform.prompts.shown.clear();
+        rig.platform.settings.PutTip("POVRayConfiguration", "1");
         rig.host.applicationState.raytracer = raytracer;
         rig.platform.prompts.answers = {true, true};
         rig.platform.choosers.files = {"/bin/sh"};
         rig.log.FailEach("Store.Flush", Fault::ClassifiedError);
         const DialogAnswer hint([](QDialog& dialog) {
-            EXPECT_TRUE(
-                dialog.findChild<QLabel*>("lblWarning")->text().startsWith("Please ensure"));
-            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
+            const QString text = FindIn<QLabel>(dialog, "lblWarning").text();
+            EXPECT_TRUE(text.startsWith("Please ensure"));
+            dialog.accept();
         });
         rig.Press("cmdPreview");
         EXPECT_EQ(hint.Given(), raytracer == CorvexDB::Raytracer::PovRay);

@@ -1,4 +1,5 @@
 #include "ControlRig.h"
+#include "SampleMaterial.h"
 
 #include <QFrame>
 #include <QStandardItemModel>
@@ -9,31 +10,25 @@ using namespace CorvexTest;
 using CorvexDB::cdtRayTraceMaterialAttributes;
 
 /// The dialog as a user has it before him.
-class Form {
-public:
-    explicit Form(QDialog& dialog) : m_dialog(dialog) {}
-
+struct Form {
     template <typename Widget>
     Widget& Find(const char* name)
     {
-        return FindIn<Widget>(m_dialog, name);
+        return FindIn<Widget>(dialog, name);
     }
     QComboBox& List(const char* name) { return Find<QComboBox>(name); }
     bool Enabled(const char* name) { return Find<QWidget>(name).isEnabled(); }
     void Press(const char* name) { Click(Find<QWidget>(name)); }
 
-private:
-    QDialog& m_dialog;
+    QDialog& dialog;
 };
 
-class ExtendedDialog : public ::testing::Test {
+class ExtendedDialog : public WithStartedControl {
 protected:
-    void SetUp() override { rig.Start(); }
-
     void Open(const std::function<void(Form&)>& use)
     {
         const DialogAnswer answer([&use](QDialog& dialog) {
-            Form form(dialog);
+            Form form{dialog};
             use(form);
             if (dialog.isVisible()) {
                 dialog.reject();
@@ -52,33 +47,20 @@ protected:
     }
 
     const cdtRayTraceMaterialAttributes& Record() { return rig.Previewed().RayTrace; }
-
-    ControlRig rig;
 };
 
+/// What the sliders and swatches can show.
 cdtRayTraceMaterialAttributes Unusual()
 {
-    cdtRayTraceMaterialAttributes record;
-    record.Brilliance = 1;
-    record.Reflection = 2;
-    record.IridescenceFactor = 3;
-    record.IridescenceThickness = 4;
-    record.IridescenceTurbulence = 6;
-    record.Roughness = 7;
-    record.NormalDepth = 8;
-    record.NormalScale = 9;
+    cdtRayTraceMaterialAttributes record = KeptMaterial().RayTrace;
     record.NormalPattern = 14;
-    record.Metallic = true;
     record.PredefinedType = 2;
     record.PreDefinedMaterial = 30;
+    record.NormalPatternFrequency = 2;
     for (std::size_t i = 0; i < 4; ++i) {
         const auto byte = static_cast<float>(60 * i) / 255.0F;
         record.ColorPatternColor[i] = {byte, 1.0F, 40.0F / 255.0F, 0.125F};
     }
-    record.ColorPatternFrequency = 10;
-    record.ColorPatternTurbulence = 1;
-    record.NormalPatternFrequency = 2;
-    record.NormalPatternTurbulence = 3;
     return record;
 }
 
@@ -191,8 +173,7 @@ TEST_F(ExtendedDialog, ASwatchSeedsItsChooserExceptWithBlack)
         form.Press("picColorPattern_2");
         form.Press("cmdOK");
     });
-    EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"),
-              (std::vector<std::string>{"none", "255", "255"}));
+    EXPECT_EQ(rig.log.DetailsOf("Choosers.ChooseColour"), (Texts{"none", "255", "255"}));
     record.ColorPatternColor[2] = {16.0F / 255.0F, 32.0F / 255.0F, 48.0F / 255.0F, 0.0F};
     EXPECT_EQ(Record(), record);
 }

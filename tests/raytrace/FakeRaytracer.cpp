@@ -10,8 +10,6 @@ FakeRaytracer::FakeRaytracer(ControlRig& rig)
     qputenv("temp", m_folder.toUtf8());
     rig.platform.processes.passOn = &m_desktop.Get().processes;
     rig.platform.temporaryFiles.passOn = &m_desktop.Get().temporaryFiles;
-    rig.platform.settings.PutTip("POVRayConfiguration", "0");
-    rig.platform.settings.PutTip("Simulation Texture", "0");
 }
 
 FakeRaytracer::~FakeRaytracer()

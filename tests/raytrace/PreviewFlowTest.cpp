@@ -6,14 +6,8 @@ namespace {
 using namespace CorvexTest;
 using namespace CorvexMaterial;
 
-class PreviewFlow : public ::testing::Test {
+class PreviewFlow : public WithStartedControl {
 protected:
-    void SetUp() override
-    {
-        rig.platform.settings.PutTip("POVRayConfiguration", "0");
-        rig.Start();
-    }
-
     void ExpectCleanEnd()
     {
         EXPECT_TRUE(rig.platform.temporaryFiles.present.empty());
@@ -25,8 +19,6 @@ protected:
         rig.host.applicationState.raytracer = CorvexDB::Raytracer::RenderMan;
         rig.platform.settings.Put("RenderManLocation", "/bin/renderer");
     }
-
-    ControlRig rig;
 };
 
 TEST_F(PreviewFlow, RunsInItsOrder)

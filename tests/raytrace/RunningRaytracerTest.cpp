@@ -9,10 +9,8 @@ using namespace CorvexTest;
 using namespace CorvexMaterial;
 using ::testing::HasSubstr;
 
-class RunningRaytracer : public ::testing::Test {
+class RunningRaytracer : public WithStartedControl {
 protected:
-    void SetUp() override { rig.Start(); }
-
     void ExpectCleanEnd()
     {
         EXPECT_TRUE(raytracer.Leftovers().isEmpty())
@@ -22,7 +20,6 @@ protected:
         EXPECT_EQ(QDir::currentPath(), m_workingFolder);
     }
 
-    ControlRig rig;
     FakeRaytracer raytracer{rig};
 
 private:

@@ -6,51 +6,43 @@ namespace {
 using namespace CorvexTest;
 using namespace CorvexMaterial;
 
-class Simulation : public ::testing::Test {
+class Simulation : public WithStartedControl {
 protected:
-    void SetUp() override
+    /// Of the buttons that are shut while a picture is made.
+    static void ExpectButtons(QDialog& dialog, bool enabled)
     {
-        rig.platform.settings.PutTip("POVRayConfiguration", "0");
-        rig.platform.settings.PutTip("Simulation Texture", "0");
-        rig.Start();
+        for (const char* name : {"cmdOK", "cmdCancel", "cmdDefault", "cmdPreview"}) {
+            EXPECT_EQ(FindIn<QWidget>(dialog, name).isEnabled(), enabled) << name;
+        }
     }
 
-    void Answer(const std::function<void(QDialog&)>& choose)
+    void Open(const std::function<void(QDialog&)>& use)
     {
-        const DialogAnswer answer([&choose](QDialog& dialog) {
-            choose(dialog);
-            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
-            EXPECT_FALSE(dialog.isVisible());
-            for (const char* name : {"cmdOK", "cmdCancel", "cmdDefault", "cmdPreview"}) {
-                EXPECT_TRUE(dialog.findChild<QAbstractButton*>(name)->isEnabled()) << name;
-            }
-        });
+        const DialogAnswer answer(use);
         rig.Press("cmdMaterialExtended");
         EXPECT_TRUE(answer.Given());
     }
 
-    void ChoosePattern()
+    /// Takes the entry and the dialog's OK.
+    void Accept(const char* list, const char* entry, std::function<void(QDialog&)> before = {})
     {
-        Answer([](QDialog& dialog) {
-            Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
-        });
-    }
-
-    void ChoosePredefined()
-    {
-        Answer([](QDialog& dialog) {
-            Choose(*dialog.findChild<QComboBox*>("cboMaterialType"), "Predefined");
+        Open([&](QDialog& dialog) {
+            Choose(FindIn<QComboBox>(dialog, list), entry);
+            if (before) {
+                before(dialog);
+            }
+            Click(FindIn<QWidget>(dialog, "cmdOK"));
+            EXPECT_FALSE(dialog.isVisible());
+            ExpectButtons(dialog, true);
         });
     }
 
     bool Enabled(const char* name) { return rig.Find<QWidget>(name).isEnabled(); }
-
-    ControlRig rig;
 };
 
 TEST_F(Simulation, OfAPatternBecomesThePrimaryTextureAndLocksItAlone)
 {
-    ChoosePattern();
+    Accept("cboColorPattern", "Agate");
     const std::string jpeg = "/temporary/~CVX2.jpg";
     EXPECT_EQ(rig.log.DetailsOf("RaytraceServices.SaveAsJpeg"),
               std::vector<std::string>{"/temporary/~CVX1.bmp " + jpeg + " 80"});
@@ -87,7 +79,7 @@ TEST_F(Simulation, OfAPatternBecomesThePrimaryTextureAndLocksItAlone)
 
 TEST_F(Simulation, OfAPredefinedMaterialLocksTheListedControls)
 {
-    ChoosePredefined();
+    Accept("cboMaterialType", "Predefined");
     ASSERT_EQ(rig.warnings.size(), 2U);
     EXPECT_EQ(rig.warnings[1].text.toStdString(), RowOf(WarningId::RaytraceSimulation).otherText);
     const char* const listed[] = {
@@ -115,34 +107,32 @@ TEST_F(Simulation, GivesBackWhatItTookThePlaceOf)
     own.Transparency = 20;
     own.Textures.primary = "/t/oak.png";
     rig.Control().CopyFieldToFormMaterial(own);
-    ChoosePredefined();
+    Accept("cboMaterialType", "Predefined");
     const CorvexDB::udtMaterial glass = rig.Previewed();
     EXPECT_EQ(glass.Color, kWhite);
-    Answer([](QDialog& dialog) {
-        Choose(*dialog.findChild<QComboBox*>("cboPredefinedType"), "Metal");
-    });
+    Accept("cboPredefinedType", "Metal");
     EXPECT_NE(rig.Previewed().Textures.primary, glass.Textures.primary);
 
     rig.Control().CopyFieldToFormMaterial({});  // another shape, and back
     rig.Control().CopyFieldToFormMaterial(glass);
-    const auto custom = [](QDialog& dialog) {
-        Choose(*dialog.findChild<QComboBox*>("cboMaterialType"), "Custom");
-    };
-    Answer(custom);
+    Accept("cboMaterialType", "Custom");
     EXPECT_EQ(rig.Previewed().Color, own.Color);
     EXPECT_EQ(rig.Previewed().Textures, own.Textures);
     EXPECT_EQ(rig.Previewed().Specular, 35);
     EXPECT_EQ(rig.Previewed().Transparency, 20);
 
-    ChoosePredefined();
+    Accept("cboMaterialType", "Predefined");
     Choose(rig.List("cboColor"), "Black");
-    Answer(custom);
+    Accept("cboMaterialType", "Custom");
     EXPECT_EQ(rig.Previewed().Color, 0) << "chosen meanwhile";
 }
 
 TEST_F(Simulation, IsMadeForNoPlainMaterial)
 {
-    Answer([](QDialog& dialog) { dialog.findChild<QAbstractButton*>("chkMetallic")->click(); });
+    Open([](QDialog& dialog) {
+        Click(FindIn<QWidget>(dialog, "chkMetallic"));
+        dialog.accept();
+    });
     EXPECT_EQ(rig.log.CountOf("SceneExporter.ExportRaytraceScene"), 0U);
     EXPECT_EQ(rig.warnings.size(), 1U);
     EXPECT_TRUE(rig.Previewed().RayTrace.Metallic);
@@ -150,70 +140,53 @@ TEST_F(Simulation, IsMadeForNoPlainMaterial)
 
 TEST_F(Simulation, ThatFailsClosesWithOkAndNoTexture)
 {
-    struct Row {
-        const char* name;
-        std::function<void(ControlRig&)> spoil;
-        std::vector<const char*> boxes;
-    };
-    const char* const failed = "Errors occurred while Raytracing.";
-    const char* const preview = "An error occurred while raytracing.";
-    const char* const gdi = "In order to use this feature Microsoft's GDI+ must be installed.";
-    for (const Row& row : {
-             Row{"exit code", [](ControlRig& r) { r.platform.processes.exitCode = 1; }, {failed}},
-             Row{"no image",
-                 [](ControlRig& r) { r.platform.temporaryFiles.imagesAreMade = false; },
-                 {failed}},
-             Row{"export",
-                 [](ControlRig& r) {
-                     r.log.FailEach("SceneExporter.ExportRaytraceScene", Fault::UnknownObject);
-                 },
-                 {preview}},
-             Row{"no JPEG writer",
-                 [](ControlRig& r) { r.platform.imageFormats.available = false; },
-                 {gdi}},
-             Row{"conversion",
-                 [](ControlRig& r) {
-                     r.log.FailEach("RaytraceServices.SaveAsJpeg", Fault::ClassifiedError);
-                 },
-                 {gdi}},
-             Row{"no raytracer",
-                 [](ControlRig& r) { r.host.applicationState.povRayProgram.clear(); },
-                 {}},
-         }) {
-        SCOPED_TRACE(row.name);
-        ControlRig other;
-        other.platform.settings.PutTip("POVRayConfiguration", "0");
-        other.platform.settings.PutTip("Simulation Texture", "0");
-        other.Start();
-        row.spoil(other);
-        const DialogAnswer answer([](QDialog& dialog) {
-            Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Wood");
-            Click(*dialog.findChild<QAbstractButton*>("cmdOK"));
-        });
-        other.Press("cmdMaterialExtended");
-        ASSERT_EQ(other.platform.prompts.shown.size(), row.boxes.size());
-        for (std::size_t i = 0; i < row.boxes.size(); ++i) {
-            EXPECT_TRUE(other.platform.prompts.shown[i].text.starts_with(row.boxes[i]));
+    auto& platform = rig.platform;
+    auto& program = rig.host.applicationState.povRayProgram;
+    const std::string installed = program;
+    const auto expectBox = [&](const char* box) {
+        Accept("cboColorPattern", "Wood");
+        EXPECT_EQ(platform.prompts.shown.size(), *box == '\0' ? 0U : 1U);
+        for (const Message& shown : platform.prompts.shown) {
+            EXPECT_TRUE(shown.text.starts_with(box)) << shown.text;
         }
-        EXPECT_EQ(other.Previewed().RayTrace.ColorPattern, 22);
-        EXPECT_EQ(other.Previewed().Textures.primary, "");
-        EXPECT_EQ(other.warnings.size(), 1U);
-        EXPECT_TRUE(other.platform.temporaryFiles.present.empty());
-        EXPECT_EQ(other.Changes(), 1U);
-    }
+        EXPECT_EQ(rig.Previewed().RayTrace.ColorPattern, 22);
+        EXPECT_EQ(rig.Previewed().Textures.primary, "");
+        EXPECT_EQ(rig.warnings.size(), 1U);
+        EXPECT_TRUE(platform.temporaryFiles.present.empty());
+        EXPECT_EQ(rig.Changes(), 1U);
+
+        platform.processes.exitCode = 0;
+        platform.temporaryFiles.imagesAreMade = true;
+        platform.imageFormats.available = true;
+        program = installed;
+        platform.prompts.shown.clear();
+        rig.warnings.clear();
+        rig.Control().CopyFieldToFormMaterial({});
+        rig.log.Clear();
+    };
+    platform.processes.exitCode = 1;
+    expectBox("Errors occurred while Raytracing.");
+    platform.temporaryFiles.imagesAreMade = false;
+    expectBox("Errors occurred while Raytracing.");
+    rig.log.FailEach("SceneExporter.ExportRaytraceScene", Fault::UnknownObject);
+    expectBox("An error occurred while raytracing.");
+    platform.imageFormats.available = false;
+    expectBox("In order to use this feature Microsoft's GDI+ must be installed.");
+    rig.log.FailEach("RaytraceServices.SaveAsJpeg", Fault::ClassifiedError);
+    expectBox("In order to use this feature Microsoft's GDI+ must be installed.");
+    program.clear();
+    expectBox("");
 }
 
 TEST_F(Simulation, IsAnnouncedUnderItsOwnTitle)
 {
     rig.platform.settings.PutTip("Simulation Texture", "1");
     std::unique_ptr<DialogAnswer> notice;
-    Answer([&notice](QDialog& dialog) {
-        Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+    Accept("cboColorPattern", "Agate", [&notice](QDialog&) {
         notice = std::make_unique<DialogAnswer>([](QDialog& box) {
             EXPECT_EQ(box.windowTitle(), "Simulation Texture");
-            EXPECT_EQ(box.findChild<QLabel*>("lblWarning")->text(),
-                      "Corvex will now use your raytracer to create a Corvex material that "
-                      "simulates the raytracing material.");
+            EXPECT_EQ(FindIn<QLabel>(box, "lblWarning").text().toStdString(),
+                      RowOf(WarningId::SimulationTexture).text);
             box.accept();
         });
     });
@@ -232,13 +205,10 @@ TEST_F(Simulation, ThatIsCancelledSaysNothing)
         if (progress == extended) {
             return;
         }
-        for (const char* name : {"cmdOK", "cmdCancel", "cmdDefault", "cmdPreview"}) {
-            EXPECT_FALSE(extended->findChild<QAbstractButton*>(name)->isEnabled());
-        }
-        Click(*progress->findChild<QAbstractButton*>("cmdCancel"));
+        ExpectButtons(*extended, false);
+        Click(FindIn<QWidget>(*progress, "cmdCancel"));
     });
-    Answer([&](QDialog& dialog) {
-        Choose(*dialog.findChild<QComboBox*>("cboColorPattern"), "Agate");
+    Accept("cboColorPattern", "Agate", [&](QDialog& dialog) {
         extended = &dialog;
         watch.start(10);
     });
@@ -253,12 +223,12 @@ TEST_F(Simulation, TheDialogsPictureFollowsItsAttributesAndLeavesThePanelsAlone)
 {
     FakeRaytracer raytracer(rig);
     raytracer.Runs("cp \"$picture\" \"$out\"");
-    const DialogAnswer answer([this](QDialog& dialog) {
+    Open([this](QDialog& dialog) {
         auto* own = dynamic_cast<RecordingViewport*>(rig.host.viewports.made.back().data());
         ASSERT_TRUE(own != nullptr && dialog.isAncestorOf(own));
         const auto shown = [own] { return own->TheScene().Shown()->Material(); };
-        auto& type = *dialog.findChild<QComboBox*>("cboMaterialType");
-        auto& caption = *dialog.findChild<QLabel*>("lblPicture");
+        auto& type = FindIn<QComboBox>(dialog, "cboMaterialType");
+        auto& caption = FindIn<QLabel>(dialog, "lblPicture");
         QTRY_COMPARE(caption.text(), "Live view");
         type.setCurrentIndex(1);
         dialog.findChild<QComboBox*>("cboPredefinedType")->setCurrentIndex(1);
@@ -273,7 +243,6 @@ TEST_F(Simulation, TheDialogsPictureFollowsItsAttributesAndLeavesThePanelsAlone)
         EXPECT_EQ(caption.text(), "Raytraced");
         dialog.reject();
     });
-    rig.Press("cmdMaterialExtended");
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
     ASSERT_FALSE(rig.host.exporter.requests.empty());
     EXPECT_EQ(rig.host.exporter.requests.back().attributes.ColorPattern, 5);
@@ -285,9 +254,9 @@ TEST_F(Simulation, AtRestThePictureIsRenderedUnaskedAndNothingIsSaidWhenItFails)
 {
     FakeRaytracer raytracer(rig);
     raytracer.Runs("cp \"$picture\" \"$out\"");
-    const DialogAnswer answer([&](QDialog& dialog) {
-        const auto& caption = *dialog.findChild<QLabel*>("lblPicture");
-        auto& reflection = *dialog.findChild<QSlider*>("sldReflection");
+    Open([&](QDialog& dialog) {
+        const auto& caption = FindIn<QLabel>(dialog, "lblPicture");
+        auto& reflection = FindIn<QSlider>(dialog, "sldReflection");
         QTRY_COMPARE(caption.text(), "Raytraced");
         EXPECT_TRUE(dialog.findChild<QAbstractButton*>("cmdOK")->isEnabled());
         raytracer.Runs("exit 3");
@@ -298,7 +267,6 @@ TEST_F(Simulation, AtRestThePictureIsRenderedUnaskedAndNothingIsSaidWhenItFails)
         EXPECT_EQ(rig.host.exporter.requests.size(), 2U) << "it was rendered before";
         dialog.reject();
     });
-    rig.Press("cmdMaterialExtended");
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
     EXPECT_TRUE(raytracer.Leftovers().isEmpty());
 }
@@ -308,7 +276,7 @@ TEST_F(Simulation, ClosingTheDialogEndsWhatIsRenderedUnasked)
     FakeRaytracer raytracer(rig);
     raytracer.Runs("echo $$ > \"${ini%ini}pid\"; exec sleep 60");
     pid_t process = 0;
-    const DialogAnswer answer([&](QDialog& dialog) {
+    Open([&](QDialog& dialog) {
         const auto running = [&] {
             for (const QString& name : raytracer.Leftovers()) {
                 QFile file(raytracer.Folder() + '/' + name);
@@ -322,7 +290,6 @@ TEST_F(Simulation, ClosingTheDialogEndsWhatIsRenderedUnasked)
         QTRY_VERIFY(running());
         dialog.reject();
     });
-    rig.Press("cmdMaterialExtended");
     EXPECT_NE(kill(process, 0), 0) << "it goes on";
     EXPECT_TRUE(raytracer.Leftovers().isEmpty());
 }

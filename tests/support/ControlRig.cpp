@@ -4,7 +4,12 @@ namespace CorvexTest {
 
 using CorvexMaterial::Material;
 
-ControlRig::ControlRig() : m_host(host.Get()), m_platform(platform.Get()) {}
+ControlRig::ControlRig() : m_host(host.Get()), m_platform(platform.Get())
+{
+    for (const char* tip : {"POVRayConfiguration", "Simulation Texture", "MaterialTIF"}) {
+        platform.settings.PutTip(tip, "0");
+    }
+}
 
 ControlRig::~ControlRig() = default;
 
@@ -51,48 +56,21 @@ std::string ControlRig::ShownMesh() const
     return shown == nullptr ? "nothing" : shown->MeshFile();
 }
 
-template <typename Widget>
-Widget& ControlRig::Reveal(const char* name)
+void ControlRig::Reveal(const QWidget& widget)
 {
-    auto& widget = Find<Widget>(name);
     auto& tabs = Find<QTabBar>("tabChannels");
     if (widget.isVisible() || !tabs.isVisible()) {
-        return widget;
+        return;
     }
-    if (const auto known = m_tabs.find(name); known != m_tabs.end()) {
+    const auto known = m_tabs.find(widget.objectName());
+    if (known != m_tabs.end()) {
         tabs.setCurrentIndex(known->second);
-        return widget;
+        return;
     }
     for (int tab = 0; tab < tabs.count() && !widget.isVisible(); ++tab) {
         tabs.setCurrentIndex(tab);
-        m_tabs[name] = tab;
+        m_tabs[widget.objectName()] = tab;
     }
-    return widget;
-}
-
-QWidget& ControlRig::Shown(const char* name)
-{
-    return Reveal<QWidget>(name);
-}
-
-QLineEdit& ControlRig::Field(const char* name)
-{
-    return Reveal<QLineEdit>(name);
-}
-
-QCheckBox& ControlRig::Tick(const char* name)
-{
-    return Reveal<QCheckBox>(name);
-}
-
-QComboBox& ControlRig::List(const char* name)
-{
-    return Reveal<QComboBox>(name);
-}
-
-void ControlRig::Press(const char* name)
-{
-    Click(Reveal<QWidget>(name));
 }
 
 void ControlRig::Listen()

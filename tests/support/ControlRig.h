@@ -1,6 +1,5 @@
 #pragma once
 
-#include "CallLog.h"
 #include "Driving.h"
 #include "RecordingHost.h"
 #include "RecordingPlatform.h"
@@ -27,8 +26,9 @@ Value ReadFrom(CorvexMaterial::IMaterial& control,
     return value;
 }
 
-/// A control in a recording host and desktop. The control's own events enter the same log, named
-/// "Event.MaterialChanged" and so on, so that their place among the host's calls can be seen.
+/// A control in a recording host and desktop; the control's own dialogs of warning are silenced.
+/// Its events enter the same log, named "Event.MaterialChanged" and so on, so that their place
+/// among the host's calls can be seen.
 class ControlRig {
 public:
     ControlRig();
@@ -64,13 +64,12 @@ public:
     {
         return FindIn<Widget>(*m_control, QString::fromLatin1(name));
     }
-    /// Brought into view as a user would, by the tab that holds it. Hidden when none does.
-    QWidget& Shown(const char* name);
-    QLineEdit& Field(const char* name);
-    QCheckBox& Tick(const char* name);
-    QComboBox& List(const char* name);
-    /// Presses any control by name.
-    void Press(const char* name);
+    // Brought into view as a user would, by the tab that holds them. Hidden when none does.
+    QWidget& Shown(const char* name) { return Reveal<QWidget>(name); }
+    QLineEdit& Field(const char* name) { return Reveal<QLineEdit>(name); }
+    QCheckBox& Tick(const char* name) { return Reveal<QCheckBox>(name); }
+    QComboBox& List(const char* name) { return Reveal<QComboBox>(name); }
+    void Press(const char* name) { Click(Shown(name)); }
 
     CallLog log;
     RecordingHost host{log};
@@ -82,13 +81,29 @@ public:
 
 private:
     template <typename Widget>
-    Widget& Reveal(const char* name);
+    Widget& Reveal(const char* name)
+    {
+        auto& widget = Find<Widget>(name);
+        Reveal(widget);
+        return widget;
+    }
+    void Reveal(const QWidget& widget);
     void Listen();
 
     CorvexMaterial::Host m_host;
     CorvexMaterial::Platform m_platform;
-    std::map<std::string, int> m_tabs;  ///< where controls were found before
+    std::map<QString, int> m_tabs;  ///< where controls were found before
     std::unique_ptr<CorvexMaterial::Material> m_control;
+};
+
+class WithControl : public testing::Test {
+protected:
+    ControlRig rig;
+};
+
+class WithStartedControl : public WithControl {
+protected:
+    WithStartedControl() { rig.Start(); }
 };
 
 }  // namespace CorvexTest
