@@ -8,18 +8,6 @@ using CorvexDB::ApplyMode;
 using CorvexDB::udtMaterial;
 using CorvexMaterial::Status;
 
-/// Does something when it is asked next.
-class ActingPlugin : public CorvexDB::Plugin {
-public:
-    std::vector<CorvexDB::PluginParameter> GetParameters() override
-    {
-        std::exchange(act, [] {})();
-        return {};
-    }
-
-    std::function<void()> act = [] {};
-};
-
 class Apply : public WithStartedControl {
 protected:
     Status ApplyTo(RecordingShape& target, bool wrap)
@@ -82,12 +70,15 @@ TEST_F(Apply, GathersOncePerChangeHoweverManyShapesFollow)
 
 TEST_F(Apply, WhatAPluginChangesWhileItIsAskedIsNotLost)
 {
-    const auto plugin = std::make_shared<ActingPlugin>();
-    rig.host.plugins.records = {{nullptr, "None"}, {plugin, "Acting"}};
-    rig.Control().AddToPluginList("Acting");
-    Choose(rig.List("cboPlugin"), "Acting");
+    bool acts = false;
+    rig.ChoosePlugin("Acting", [&] {
+        if (std::exchange(acts, false)) {
+            rig.Control().put_lVBColor(255);
+        }
+        return Parameters{};
+    });
     rig.Control().SetTexturesAvoidStateChange("/p", "", "", "", "", "");
-    plugin->act = [this] { rig.Control().put_lVBColor(255); };
+    acts = true;
     ApplyTo(shape, false);
     ApplyTo(shape, false);
     EXPECT_EQ(shape.Material().Color, 255);

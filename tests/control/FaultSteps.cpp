@@ -1,6 +1,5 @@
 #include "FaultSteps.h"
 
-#include "RecordingPlugin.h"
 #include "SampleMaterial.h"
 
 #include <QAbstractSpinBox>
@@ -91,13 +90,6 @@ void Operate(ControlRig& rig, QWidget& widget)
 
 void OfferPluginAndField(ControlRig& rig)
 {
-    using enum CorvexDB::ParameterKind;
-    std::vector<CorvexDB::PluginParameter> parameters;
-    for (const auto kind : {Slider, Number, Tick, List, PackedColour}) {
-        parameters.push_back({"Veins", kind, 0.0F, 10.0F, 0, {"Few", "Many"}, 0.0F, 1.0F, 0, 1.0F});
-    }
-    rig.host.plugins.records = {{nullptr, "None"},
-                                {std::make_shared<RecordingPlugin>(rig.log, parameters), "Marble"}};
     rig.host.customFields.names = {"Supplier"};
     const auto create = [&rig](const std::string& path) {
         rig.platform.libraryFiles.paths.insert(path);
@@ -105,9 +97,14 @@ void OfferPluginAndField(ControlRig& rig)
     rig.host.materialLibrary.creating = create;
     rig.host.textureLibrary.creating = create;
     rig.Control().DefaultMaterial();
-    rig.Control().ClearPluginList();
-    rig.Control().AddToPluginList("Marble");
-    Choose(rig.List("cboPlugin"), "Marble");
+    rig.ChoosePlugin("Marble", [] {
+        using enum CorvexDB::ParameterKind;
+        Parameters parameters;
+        for (const auto kind : {Slider, Number, Tick, List, PackedColour}) {
+            parameters.push_back({"Veins", kind, 0, 10, 0, {"Few", "Many"}, 0, 1, 0, 1});
+        }
+        return parameters;
+    });
     Choose(rig.List("cboAlphaTest"), "Less");
     for (auto* browser : rig.Control().findChildren<QWidget*>(QRegularExpression("^dfe"))) {
         dynamic_cast<RecordingEditport&>(*browser).listener->Scrolled({0, 100, 10, 10});

@@ -1,5 +1,4 @@
 #include "LibraryFixture.h"
-#include "RecordingPlugin.h"
 #include "ShownMarkup.h"
 
 namespace {
@@ -11,11 +10,6 @@ TEST(ForeignName, IsShownLetterByLetter)
 {
     const std::string name = R"(<img src="x">)";
     ControlRig rig;
-    CorvexDB::PluginParameter parameter;
-    parameter.name = name;
-    const auto plugin = std::make_shared<RecordingPlugin>(
-        rig.log, std::vector<CorvexDB::PluginParameter>{parameter});
-    rig.host.plugins.records = {{nullptr, "None"}, {plugin, name}};
     rig.host.customFields.names = {name};
     rig.platform.libraryFiles.paths.insert(kMaterials.Path(name));
     rig.Start();
@@ -24,8 +18,7 @@ TEST(ForeignName, IsShownLetterByLetter)
     EXPECT_EQ(rig.Control().LoadMaterialLibrary(kMaterials.File(name)),
               CorvexMaterial::Status::Success);
     rig.Control().put_TextureFileName("/textures/" + name + ".png");
-    rig.Control().AddToPluginList(name);
-    Choose(rig.List("cboPlugin"), QString::fromStdString(name));
+    rig.ChoosePlugin(name, [&] { return Parameters{{name, {}, 0, 0, 0, {}, 0, 0, 0, 0}}; });
     int places = 0;
     EXPECT_EQ(ShownAsMarkup(QString::fromStdString(name), places), "");
     EXPECT_GE(places, 6) << "picture, file, library, two of a plug-in, custom field";

@@ -19,12 +19,11 @@ protected:
     }
     QLineEdit& Value(int row)
     {
-        return *panel.findChild<QLineEdit*>(
-            QStringLiteral("txtCustomMaterialFieldValue_%1").arg(row));
+        return FindIn<QLineEdit>(panel, QStringLiteral("txtCustomMaterialFieldValue_%1").arg(row));
     }
     QLabel& Name(int row)
     {
-        return *panel.findChild<QLabel*>(QStringLiteral("lblCustomMaterialFieldName_%1").arg(row));
+        return FindIn<QLabel>(panel, QStringLiteral("lblCustomMaterialFieldName_%1").arg(row));
     }
 
     CustomFieldsPanel panel{nullptr};

@@ -11,9 +11,13 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
-TEST(PluginPanel, ShowsOneEditorOfItsKindPerParameter)
-{
+class PluginPanel : public testing::Test {
+protected:
     PluginRig rig;
+};
+
+TEST_F(PluginPanel, ShowsOneEditorOfItsKindPerParameter)
+{
     rig.Pick("First");
     EXPECT_EQ(rig.chosen, 1);
     EXPECT_EQ(rig.edits, 0);
@@ -30,12 +34,11 @@ TEST(PluginPanel, ShowsOneEditorOfItsKindPerParameter)
     rig.Pick("None");
     EXPECT_THAT(rig.VisibleRows(), IsEmpty());
     EXPECT_EQ(rig.Read(), std::vector<float>(10, 0.0F));
-    EXPECT_EQ(rig.panel->SelectedName(), "");
+    EXPECT_EQ(rig.panel.SelectedName(), "");
 }
 
-TEST(PluginPanel, EachUserEditIsSignalledOnceAndRead)
+TEST_F(PluginPanel, EachUserEditIsSignalledOnceAndRead)
 {
-    PluginRig rig;
     rig.Pick("First");
     Choose(rig.Find<QComboBox>("cboParameter_0"), "Stack");
     EXPECT_EQ(rig.edits, 1);
@@ -47,7 +50,7 @@ TEST(PluginPanel, EachUserEditIsSignalledOnceAndRead)
     EXPECT_EQ(rig.edits, 3);
     QTest::keyClick(&slider, Qt::Key_PageUp);
     EXPECT_EQ(rig.edits, 4);
-    rig.choosers.colours = {CorvexMaterial::MakeColour({0, 16, 32})};
+    rig.platform.choosers.colours = {CorvexMaterial::MakeColour({0, 16, 32})};
     Click(rig.Find<QWidget>("picParameter_6"));
     EXPECT_EQ(rig.edits, 5);
     EXPECT_THAT(rig.Read(), ElementsAre(0, 0, 13, 2.5F, 2, 1, 16 * 256 + 32, 0, 0, 0));
@@ -55,13 +58,12 @@ TEST(PluginPanel, EachUserEditIsSignalledOnceAndRead)
     EXPECT_EQ(rig.edits, 5) << "a cancelled colour dialog changes nothing";
 }
 
-TEST(PluginPanel, OffersNoColourToTheDialogWhenTheSwatchIsBlack)
+TEST_F(PluginPanel, OffersNoColourToTheDialogWhenTheSwatchIsBlack)
 {
-    PluginRig rig;
     rig.Pick("First");
-    rig.panel->Display({0, 0, 0, 0, 0, 0, 0});
+    rig.panel.Display({0, 0, 0, 0, 0, 0, 0});
     Click(rig.Find<QWidget>("picParameter_6"));
-    rig.panel->Display({0, 0, 0, 0, 0, 0, 255});
+    rig.panel.Display({0, 0, 0, 0, 0, 0, 255});
     Click(rig.Find<QWidget>("picParameter_6"));
     const auto details = rig.log.DetailsOf("Choosers.ChooseColour");
     ASSERT_EQ(details.size(), 2U);
@@ -69,9 +71,8 @@ TEST(PluginPanel, OffersNoColourToTheDialogWhenTheSwatchIsBlack)
     EXPECT_THAT(details[1], testing::HasSubstr(std::to_string(255 * 65536)));
 }
 
-TEST(PluginPanel, AConfirmedNumberGoesThroughTheHost)
+TEST_F(PluginPanel, AConfirmedNumberGoesThroughTheHost)
 {
-    PluginRig rig;
     rig.Pick("First");
     auto& box = rig.Find<UpDownText>("txtParameter_3");
     auto& text = *box.findChild<QLineEdit*>();
@@ -94,46 +95,43 @@ TEST(PluginPanel, AConfirmedNumberGoesThroughTheHost)
     EXPECT_EQ(rig.edits, 4);
 }
 
-TEST(PluginPanel, AMarkedTextEndsReadingAtItsParameter)
+TEST_F(PluginPanel, AMarkedTextEndsReadingAtItsParameter)
 {
-    PluginRig rig;
     rig.Pick("First");
     auto& box = rig.Find<UpDownText>("txtParameter_3");
     Type(*box.findChild<QLineEdit*>(), "wide");
     EXPECT_TRUE(box.property("invalid").toBool());
     std::vector<float> values(3, 9.0F);
     try {
-        rig.panel->ReadValues(values);
+        rig.panel.ReadValues(values);
         ADD_FAILURE() << "there is no such number";
     } catch (const CorvexMaterial::Error& error) {
         EXPECT_EQ(error.Code(), CorvexMaterial::Status::ConversionFailed);
         EXPECT_THAT(error.what(), testing::HasSubstr("Width"));
     }
     EXPECT_THAT(values, ElementsAre(1, 1, 7, 0, 0, 0, 0, 0, 0, 0));
-    EXPECT_EQ(rig.panel->ParameterTexts()[3], "wide") << "saving never fails";
+    EXPECT_EQ(rig.panel.ParameterTexts()[3], "wide") << "saving never fails";
     Type(*box.findChild<QLineEdit*>(), "3");
     EXPECT_FALSE(box.property("invalid").toBool());
     EXPECT_EQ(rig.Read()[3], 3.0F);
 }
 
-TEST(PluginPanel, ProgramChangesAreSilentAndRoundTrip)
+TEST_F(PluginPanel, ProgramChangesAreSilentAndRoundTrip)
 {
-    PluginRig rig;
-    rig.panel->SelectName("First");
-    rig.panel->Display({0, 0, 19.5F, 0.1F, 1, 0, 255, 77, 77, 77});
+    rig.panel.SelectName("First");
+    rig.panel.Display({0, 0, 19.5F, 0.1F, 1, 0, 255, 77, 77, 77});
     EXPECT_THAT(rig.Read(), ElementsAre(0, 0, 20, 0.1F, 1, 0, 255, 0, 0, 0));
-    EXPECT_THAT(rig.panel->ParameterTexts(), ElementsAre("0", "0", "20", "0.1", "1", "0", "255"));
-    rig.panel->ShowTexts({"1", "nonsense", "4"});
-    EXPECT_THAT(rig.panel->ParameterTexts(),
-                ElementsAre("1", "1", "4", "2.5", "2", "1", "8388607"));
+    EXPECT_THAT(rig.panel.ParameterTexts(), ElementsAre("0", "0", "20", "0.1", "1", "0", "255"));
+    rig.panel.ShowTexts({"1", "nonsense", "4"});
+    EXPECT_THAT(rig.panel.ParameterTexts(), ElementsAre("1", "1", "4", "2.5", "2", "1", "8388607"));
     for (const char* none : {"None", ""}) {
-        rig.panel->SelectName("First");
-        rig.panel->SelectName(none);
-        EXPECT_EQ(rig.panel->SelectedName(), "");
+        rig.panel.SelectName("First");
+        rig.panel.SelectName(none);
+        EXPECT_EQ(rig.panel.SelectedName(), "");
     }
-    rig.panel->Restore("First", {0, 1, NAN});
+    rig.panel.Restore("First", {0, 1, NAN});
     EXPECT_EQ(rig.Read()[2], 7.0F) << "what a file lacks is the default";
-    rig.panel->Clear();
+    rig.panel.Clear();
     EXPECT_EQ(rig.Find<QComboBox>("cboPlugin").count(), 1);
     EXPECT_EQ(rig.edits + rig.chosen, 0);
 }

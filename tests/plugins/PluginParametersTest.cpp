@@ -11,11 +11,7 @@ using CorvexDB::PluginParameter;
 
 PluginParameter SliderOf(float minimum, float maximum, float step)
 {
-    PluginParameter parameter;
-    parameter.minimum = minimum;
-    parameter.maximum = maximum;
-    parameter.step = step;
-    return parameter;
+    return {{}, ParameterKind::Slider, minimum, maximum, 0, {}, 0, 0, 0, step};
 }
 
 TEST(SliderArithmetic, FollowsRangeAndStep)

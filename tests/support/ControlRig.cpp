@@ -41,6 +41,16 @@ void ControlRig::Restart()
     Start();
 }
 
+void ControlRig::ChoosePlugin(const std::string& name, const std::function<Parameters()>& answer)
+{
+    const auto plugin = std::make_shared<RecordingPlugin>(log);
+    plugin->answer = answer;
+    host.plugins.records = {{nullptr, "None"}, {plugin, name}};
+    m_control->ClearPluginList();
+    m_control->AddToPluginList(name);
+    Choose(List("cboPlugin"), QString::fromStdString(name));
+}
+
 const CorvexDB::udtMaterial& ControlRig::Previewed() const
 {
     const RecordingShape* shape = host.Viewport()->TheScene().Shown();

@@ -3,6 +3,7 @@
 #include "Driving.h"
 #include "RecordingHost.h"
 #include "RecordingPlatform.h"
+#include "RecordingPlugin.h"
 #include <CorvexMaterial/Material.h>
 
 namespace CorvexTest {
@@ -45,6 +46,9 @@ public:
     void Terminate();
     /// A new control over the same settings, as after a new start of the host.
     void Restart();
+
+    /// The host's only plug-in, listed and chosen.
+    void ChoosePlugin(const std::string& name, const std::function<Parameters()>& answer);
 
     [[nodiscard]] CorvexMaterial::Material& Control() { return *m_control; }
     template <typename Value>

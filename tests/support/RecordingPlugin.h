@@ -1,25 +1,24 @@
 #pragma once
 
 #include "CallLog.h"
-#include "Testing.h"
 #include <CorvexMaterial/CorvexDB.h>
 
 namespace CorvexTest {
 
+using Parameters = std::vector<CorvexDB::PluginParameter>;
+
+/// A plug-in whose answer can be exchanged.
 class RecordingPlugin : public Recording<CorvexDB::Plugin> {
 public:
-    RecordingPlugin(CallLog& log, std::vector<CorvexDB::PluginParameter> parameters)
-        : Recording(log), m_parameters(std::move(parameters))
+    using Recording::Recording;
+
+    Parameters GetParameters() override
     {
+        m_log.Enter("Plugin.GetParameters");
+        return answer ? answer() : Parameters{};
     }
 
-    std::vector<CorvexDB::PluginParameter> GetParameters() override
-    {
-        return m_log.Answer("Plugin.GetParameters", m_parameters);
-    }
-
-private:
-    std::vector<CorvexDB::PluginParameter> m_parameters;
+    std::function<Parameters()> answer;
 };
 
 }  // namespace CorvexTest

@@ -3,25 +3,12 @@
 #include "PanelRig.h"
 #include "SampleFolder.h"
 #include "TextureMessages.h"
+#include <CorvexMaterial/WarningCatalogue.h>
 
 namespace {
 
 using namespace CorvexMaterial;
-using CorvexTest::Click;
-using CorvexTest::DialogAnswer;
-using CorvexTest::DropFile;
-using CorvexTest::Fault;
-using CorvexTest::PanelRig;
-using CorvexTest::RaisedWarning;
-using CorvexTest::Texts;
-
-constexpr const char* kShortBump = "Bumpmapping is not supported by your current graphics card.";
-constexpr const char* kLongBump =
-    "Bumpmapping is not supported by your current graphics card. If you would like bumpmapping "
-    "you can raytrace using POV-Ray. For more information on POV-Ray see the Corvex Help.";
-constexpr const char* kSimultaneous =
-    "Your current graphics card has limitations that may cause simultaneous Bumpmapping, Specular "
-    "Mapping, and/or Environment Mapping to fail.";
+using namespace CorvexTest;
 
 class Channels : public ::testing::Test {
 protected:
@@ -31,9 +18,9 @@ protected:
 TEST_F(Channels, EachTabShowsItsOwnThumbnailAndFields)
 {
     auto* surface = new QLabel("surface");
-    rig.panel->SetPage(ChannelTab::Surface, surface);
+    rig.panel.SetPage(ChannelTab::Surface, surface);
     auto* plugin = new QLabel("plug-in");
-    rig.panel->SetPage(ChannelTab::Plugin, plugin);
+    rig.panel.SetPage(ChannelTab::Plugin, plugin);
     for (int tab = 1; tab <= 10; ++tab) {
         rig.Enter(tab);
         for (int image = 0; image < 6; ++image) {
@@ -64,16 +51,16 @@ TEST_F(Channels, ATabWithATextureIsMarked)
 TEST_F(Channels, TenTabsFitANarrowDock)
 {
     auto& tabs = rig.Find<QTabBar>("tabChannels");
-    rig.panel->resize(276, 320);
+    rig.panel.resize(276, 320);
     QCoreApplication::processEvents();
     ASSERT_EQ(tabs.count(), 10);
-    EXPECT_LE(rig.panel->minimumSizeHint().width(), 276);
+    EXPECT_LE(rig.panel.minimumSizeHint().width(), 276);
     for (int i = 0; i < tabs.count(); ++i) {
         EXPECT_TRUE(tabs.rect().contains(tabs.tabRect(i))) << i;
         EXPECT_FALSE(tabs.tabToolTip(i).isEmpty());
     }
     QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(9).center());
-    EXPECT_EQ(rig.panel->CurrentTab(), 10);
+    EXPECT_EQ(rig.panel.CurrentTab(), 10);
 }
 
 constexpr const char* kCanBump = "GraphicsCapabilities.CanBumpmap";
@@ -81,12 +68,12 @@ constexpr const char* kCanBump = "GraphicsCapabilities.CanBumpmap";
 TEST_F(Channels, WarningsAreRaisedOnEveryEntry)
 {
     using Warnings = std::vector<RaisedWarning>;
-    const Warnings translucency{
-        {"Translucency Maps do not apply to images raytraced with POV-Ray. POV-Ray requires that a "
-         "texture contain a translucency layer. The PNG and TGA file formats support this "
-         "translucency layer.",
-         "RaytraceTranslucency"}};
-    const Warnings simultaneous{{kSimultaneous, "SpecularEnvironmentMapping"}};
+    const auto warning = [](WarningId id) {
+        return Warnings{{std::string(RowOf(id).text), std::string(RowOf(id).key)}};
+    };
+    const Warnings simultaneous = warning(WarningId::SpecularEnvironmentMapping);
+    Warnings withRaytracer = warning(WarningId::Bumpmapping);
+    withRaytracer[0].text = RowOf(WarningId::Bumpmapping).otherText;
     const char* const askForRaytracer = "ApplicationState.RaytracerAvailable";
     struct Row {
         int tab;
@@ -97,10 +84,10 @@ TEST_F(Channels, WarningsAreRaisedOnEveryEntry)
     };
     const Row rows[] = {
         {3, false, true, {}, {}},
-        {4, true, true, translucency, {}},
+        {4, true, true, warning(WarningId::RaytraceTranslucency), {}},
         {5, true, true, {}, {kCanBump}},
-        {5, false, true, {{kLongBump, "Bumpmapping"}}, {kCanBump, askForRaytracer}},
-        {5, false, false, {{kShortBump, "Bumpmapping"}}, {kCanBump, askForRaytracer}},
+        {5, false, true, withRaytracer, {kCanBump, askForRaytracer}},
+        {5, false, false, warning(WarningId::Bumpmapping), {kCanBump, askForRaytracer}},
         {6, true, true, {}, {"GraphicsCapabilities.CanSpecularMap"}},
         {6, false, true, simultaneous, {"GraphicsCapabilities.CanSpecularMap"}},
         {7, false, true, simultaneous, {"GraphicsCapabilities.CanEnvironmentMap"}},
@@ -110,7 +97,7 @@ TEST_F(Channels, WarningsAreRaisedOnEveryEntry)
         rig.host.applicationState.raytracerAvailable = row.raytracer;
         for (int entry = 0; entry < 2; ++entry) {
             rig.Enter(2);
-            rig.panel->SetCurrentTab(row.tab);
+            rig.panel.SetCurrentTab(row.tab);
             EXPECT_EQ(rig.warnings, row.warnings) << "tab " << row.tab;
             EXPECT_EQ(rig.log.Order(), row.asked) << "tab " << row.tab;
         }
@@ -120,7 +107,7 @@ TEST_F(Channels, WarningsAreRaisedOnEveryEntry)
 TEST_F(Channels, AFailingCapabilityQueryStillShowsTheTab)
 {
     rig.log.FailEach(kCanBump, Fault::StandardException);
-    rig.panel->SetCurrentTab(5);
+    rig.panel.SetCurrentTab(5);
     EXPECT_TRUE(rig.Find("imgTexture_3").isVisible());
     EXPECT_FALSE(rig.Find("imgTexture_0").isVisible());
     EXPECT_EQ(rig.LastMessage().title, kErrorBoxTitle);
@@ -172,8 +159,8 @@ TEST_F(Channels, TiffWarnsBeforeItsReaderIsLookedFor)
     {
         const DialogAnswer answer([&](QDialog& dialog) {
             EXPECT_EQ(rig.log.CountOf("ImageFormats.CanReadTiff"), 0U);
-            Click(*dialog.findChild<QWidget*>("chkContinueToReceiveWarning"));
-            Click(*dialog.findChild<QWidget*>("cmdOK"));
+            Click(FindIn<QWidget>(dialog, "chkContinueToReceiveWarning"));
+            Click(FindIn<QWidget>(dialog, "cmdOK"));
         });
         rig.Press("cmdSelectTexture");
         EXPECT_TRUE(answer.Given());
@@ -192,7 +179,7 @@ TEST_F(Channels, TiffWarnsBeforeItsReaderIsLookedFor)
 
 TEST_F(Channels, DroppedFilesAreCheckedLikeChosenOnes)
 {
-    const CorvexTest::SampleFolder folder;
+    const SampleFolder folder;
     const QString stone = folder.Write("stone.png", {});
     const QString sky = folder.Write("sky.bmp", {});
     folder.Write("folder.png/inside.png", {});
@@ -205,7 +192,7 @@ TEST_F(Channels, DroppedFilesAreCheckedLikeChosenOnes)
 
     auto& tabs = rig.Find<QTabBar>("tabChannels");
     EXPECT_TRUE(DropFile(tabs, sky, tabs.tabRect(6).center()));
-    EXPECT_EQ(rig.panel->CurrentTab(), 7);
+    EXPECT_EQ(rig.panel.CurrentTab(), 7);
     EXPECT_EQ(rig.Page().File(TextureLayer::Environment), sky.toStdString());
     EXPECT_EQ(rig.Edits(), 2U);
     EXPECT_FALSE(DropFile(tabs, sky, tabs.tabRect(0).center()));
@@ -239,7 +226,7 @@ TEST_F(Channels, DeletingTheOverlayResetsItsTranslucency)
 TEST_F(Channels, AFixedMaterialLocksTheChannelsAndGivesThemBack)
 {
     for (const bool enabled : {false, true}) {
-        rig.panel->SetChannelsEnabled(enabled);
+        rig.panel.SetChannelsEnabled(enabled);
         for (const char* name :
              {"tabChannels", "imgTexture_0", "cmdSelectTexture", "cmdDeleteTexture"}) {
             EXPECT_EQ(rig.Find(name).isEnabled(), enabled) << name;

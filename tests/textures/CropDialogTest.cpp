@@ -7,10 +7,7 @@ namespace {
 
 using namespace CorvexMaterial;
 using CorvexDB::TexturePlacement;
-using CorvexTest::Click;
-using CorvexTest::DialogAnswer;
-using CorvexTest::PanelRig;
-using CorvexTest::Type;
+using namespace CorvexTest;
 
 class CropDialog : public ::testing::Test {
 protected:
@@ -21,7 +18,7 @@ protected:
         dialog.show();
     }
 
-    QLineEdit& Field(const char* name) { return *dialog.findChild<QLineEdit*>(name); }
+    QLineEdit& Field(const char* name) { return FindIn<QLineEdit>(dialog, name); }
     std::string TextOf(const char* name) { return Field(name).text().toStdString(); }
     CropTexts Texts()
     {
@@ -35,7 +32,7 @@ protected:
         QTest::mouseMove(&Picture(), to);
         QTest::mouseRelease(&Picture(), Qt::LeftButton, modifiers, to);
     }
-    void Press(const char* name) { Click(*dialog.findChild<QWidget*>(name)); }
+    void Press(const char* name) { Click(FindIn<QWidget>(dialog, name)); }
 
     frmOptionsTexture dialog{nullptr};
 };
@@ -93,20 +90,20 @@ TEST_F(CropDialog, KeepsOpenOverTextThatIsNoNumber)
     Press("cmdOK");
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(dialog.OKClicked());
-    EXPECT_TRUE(dialog.findChild<QLabel*>("lblMessage")->isVisible());
+    EXPECT_TRUE(FindIn<QLabel>(dialog, "lblMessage").isVisible());
     Type(Field("txtScaleWidth"), "0.5");
-    EXPECT_FALSE(dialog.findChild<QLabel*>("lblMessage")->isVisible());
+    EXPECT_FALSE(FindIn<QLabel>(dialog, "lblMessage").isVisible());
     Press("cmdOK");
     EXPECT_TRUE(dialog.OKClicked());
 }
 
 TEST_F(CropDialog, SaysWhenProportionsAreLost)
 {
-    const CorvexTest::SampleFolder folder;
+    const SampleFolder folder;
     const QString file = folder.Save("tall.png", Qt::red, {1, 600});
-    EXPECT_FALSE(dialog.findChild<QLabel*>("lblTooTall")->isVisible());
+    EXPECT_FALSE(FindIn<QLabel>(dialog, "lblTooTall").isVisible());
     dialog.SetupForm(file.toStdString());
-    EXPECT_TRUE(dialog.findChild<QLabel*>("lblTooTall")->isVisible());
+    EXPECT_TRUE(FindIn<QLabel>(dialog, "lblTooTall").isVisible());
     EXPECT_EQ(Picture().size(), QSize(514, 514));
 }
 
@@ -117,9 +114,9 @@ TEST(CropCommand, StoresOnlyWhatWasAccepted)
     rig.Page().SetPlacement(before);
     const auto open = [&](const char* width, const char* button) {
         const DialogAnswer answer([&](QDialog& dialog) {
-            EXPECT_EQ(dialog.findChild<QLineEdit*>("txtOriginLeft")->text(), "0.25");
-            Type(*dialog.findChild<QLineEdit*>("txtScaleWidth"), width);
-            Click(*dialog.findChild<QWidget*>(button));
+            EXPECT_EQ(FindIn<QLineEdit>(dialog, "txtOriginLeft").text(), "0.25");
+            Type(FindIn<QLineEdit>(dialog, "txtScaleWidth"), width);
+            Click(FindIn<QWidget>(dialog, button));
         });
         rig.Press("cmdTexture");
     };

@@ -8,9 +8,7 @@ namespace {
 
 using namespace CorvexMaterial;
 using CorvexDB::FlatWrapType;
-using CorvexTest::Click;
-using CorvexTest::DialogAnswer;
-using CorvexTest::PanelRig;
+using namespace CorvexTest;
 
 TEST(FlatWrapOptions, FirstOptionWinsAndNoneMeansSizeToFit)
 {
@@ -46,12 +44,9 @@ protected:
     }
     static QLineEdit& Tiles(QDialog& dialog)
     {
-        return *dialog.findChild<QWidget*>("txtTilesPerUnit")->findChild<QLineEdit*>();
+        return *FindIn<QWidget>(dialog, "txtTilesPerUnit").findChild<QLineEdit*>();
     }
-    static void Press(QDialog& dialog, const char* name)
-    {
-        Click(*dialog.findChild<QWidget*>(name));
-    }
+    static void Press(QDialog& dialog, const char* name) { Click(FindIn<QWidget>(dialog, name)); }
     void ExpectStored(FlatWrapType type, float tiles)
     {
         EXPECT_EQ(rig.Page().FlatWrap(), type);
@@ -108,7 +103,7 @@ TEST_F(FlatWrapDialog, KeepsOpenOverTextThatIsNoNumberAndCancelChangesNothingBut
         Tiles(dialog).setText("many");
         Press(dialog, "cmdOK");
         EXPECT_TRUE(dialog.isVisible());
-        EXPECT_TRUE(dialog.findChild<QWidget*>("lblMessage")->isVisible());
+        EXPECT_TRUE(FindIn<QWidget>(dialog, "lblMessage").isVisible());
         Tiles(dialog).setText("9");
         Press(dialog, "cmdCancel");
     });

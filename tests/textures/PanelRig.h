@@ -1,6 +1,5 @@
 #pragma once
 
-#include "CallLog.h"
 #include "ChannelPanel.h"
 #include "Driving.h"
 #include "RecordingHost.h"
@@ -21,18 +20,39 @@ struct RaisedWarning {
 /// "Event.Edited".
 class PanelRig : private CorvexMaterial::ChannelOwner {
 public:
-    PanelRig();
+    PanelRig()
+    {
+        using CorvexMaterial::ChannelPanel;
+        QObject::connect(&panel, &ChannelPanel::Edited, [this] { log.Note("Event.Edited"); });
+        QObject::connect(&panel, &ChannelPanel::WarningRequested,
+                         [this](const QString& text, const QString& key) {
+                             warnings.push_back({text.toStdString(), key.toStdString()});
+                         });
+        QObject::connect(&panel, &ChannelPanel::CustomFieldsShown, [this] { ++customFieldsShown; });
+        panel.resize(276, 320);
+        panel.show();
+        Enter(2);
+    }
 
     [[nodiscard]] std::size_t Edits() const { return log.CountOf("Event.Edited"); }
-    [[nodiscard]] CorvexMaterial::TexturePage& Page() { return panel->Textures(); }
+    [[nodiscard]] CorvexMaterial::TexturePage& Page() { return panel.Textures(); }
     /// Enters a tab and forgets what that called.
-    void Enter(int tab);
-    [[nodiscard]] const CorvexMaterial::Message& LastMessage() const;
+    void Enter(int tab)
+    {
+        panel.SetCurrentTab(tab);
+        warnings.clear();
+        log.Clear();
+    }
+    [[nodiscard]] const CorvexMaterial::Message& LastMessage() const
+    {
+        return platform.prompts.shown.empty() ? throw std::logic_error("no message was shown")
+                                              : platform.prompts.shown.back();
+    }
 
     template <typename Widget = QWidget>
     Widget& Find(const QString& name)
     {
-        return FindIn<Widget>(*panel, name);
+        return FindIn<Widget>(panel, name);
     }
     void Press(const QString& name) { Click(Find(name)); }
 
@@ -49,11 +69,12 @@ private:
 
     CorvexMaterial::Host m_host{host.Get()};
     CorvexMaterial::Platform m_platform{platform.Get()};
-    CorvexMaterial::modCorvexGeneralErrorHandler m_errorHandler;
-    CorvexMaterial::Trap m_trap;
+    CorvexMaterial::modCorvexGeneralErrorHandler m_errorHandler{platform.prompts, host.diagnostics,
+                                                                host.applicationState};
+    CorvexMaterial::Trap m_trap{m_errorHandler};
 
 public:
-    std::unique_ptr<CorvexMaterial::ChannelPanel> panel;
+    CorvexMaterial::ChannelPanel panel{m_trap, {m_host, m_platform, *this}, nullptr};
 };
 
 }  // namespace CorvexTest

@@ -5,16 +5,11 @@
 namespace {
 
 using namespace CorvexMaterial;
-using CorvexTest::Click;
-using CorvexTest::DialogAnswer;
-using CorvexTest::Fault;
-using CorvexTest::PanelRig;
-using CorvexTest::RecordingEditport;
-using CorvexTest::Texts;
+using namespace CorvexTest;
 
 RecordingEditport& BrowserOf(QDialog& dialog)
 {
-    return dynamic_cast<RecordingEditport&>(*dialog.findChild<QWidget*>("dfeTextureDialog"));
+    return dynamic_cast<RecordingEditport&>(FindIn<QWidget>(dialog, "dfeTextureDialog"));
 }
 
 class TextureDialog : public ::testing::Test {
@@ -53,10 +48,10 @@ TEST_F(TextureDialog, OpenedTextureGoesToTheLayerOfTheTab)
 TEST_F(TextureDialog, TellsTheStoreWhetherItChose)
 {
     ASSERT_TRUE(Open([&](QDialog& dialog) {
-        EXPECT_FALSE(dialog.findChild<QPushButton*>("cmdOK")->isEnabled());
+        EXPECT_FALSE(FindIn<QPushButton>(dialog, "cmdOK").isEnabled());
         EXPECT_EQ(rig.platform.settings.Get("TextureSelectionComplete"), "0");
         BrowserOf(dialog).listener->ItemSelected(0);
-        Click(*dialog.findChild<QPushButton*>("cmdOK"));
+        Click(FindIn<QPushButton>(dialog, "cmdOK"));
     }));
     EXPECT_EQ(rig.platform.settings.Get("TextureSelectionComplete"), "1");
     EXPECT_EQ(rig.log.Order({"Store.Write", "Store.Read", "Event.Edited", "Store.Flush"}),
@@ -66,7 +61,7 @@ TEST_F(TextureDialog, TellsTheStoreWhetherItChose)
     rig.log.Clear();
     ASSERT_TRUE(Open([&](QDialog& dialog) {
         BrowserOf(dialog).listener->ItemSelected(1);
-        Click(*dialog.findChild<QPushButton*>("cmdCancel"));
+        Click(FindIn<QPushButton>(dialog, "cmdCancel"));
     }));
     EXPECT_EQ(rig.platform.settings.Get("TextureSelectionComplete"), "0");
     EXPECT_EQ(rig.Page().File(TextureLayer::Primary), "/t/agate.jpg");
@@ -103,7 +98,7 @@ TEST_F(TextureDialog, EveryFailingCallLeavesThePanelUsable)
 {
     const auto choose = [](QDialog& dialog) {
         BrowserOf(dialog).listener->ItemSelected(0);
-        dialog.findChild<QPushButton*>("cmdOK")->click();
+        FindIn<QPushButton>(dialog, "cmdOK").click();
     };
     rig.log.Clear();
     Open(choose);
