@@ -21,7 +21,7 @@ struct EditCase {
     std::function<void(udtMaterial&)> expected;  ///< turns the factory material into the result
 };
 
-EditCase Amount(const char* field, std::int32_t udtMaterial::*member)
+EditCase Amount(const char* field, auto udtMaterial::*member)
 {
     return {field, [field](ControlRig& rig) { Type(rig.Field(field), "7"); },
             [member](udtMaterial& material) { material.*member = 7; }};
@@ -58,9 +58,7 @@ const EditCase kEdits[] = {
     Slid("sldSpecular", &udtMaterial::Specular),
     Slid("sldAmbient", &udtMaterial::Ambient),
     Slid("sldTransparency", &udtMaterial::Transparency),
-    {"txtTexture2Translucency",
-     [](ControlRig& rig) { Type(rig.Field("txtTexture2Translucency"), "7"); },
-     [](udtMaterial& material) { material.OverlayTranslucency = 7.0F; }},
+    Amount("txtTexture2Translucency", &udtMaterial::OverlayTranslucency),
     Flag("chkFlipU", &udtMaterial::WrapOrientationU),
     Flag("chkFlipV", &udtMaterial::WrapOrientationV),
     Flag("chkDoubleSided", &udtMaterial::DoubleSided),
@@ -98,11 +96,8 @@ TEST_P(Edit, AppliesDrawsAndTellsTheHostOnceInThisOrder)
     udtMaterial expected;
     GetParam().expected(expected);
     EXPECT_EQ(rig.Previewed(), expected);
-    const auto steps = RefreshSteps(rig);
-    ASSERT_EQ(steps.size(), 3U) << ::testing::PrintToString(steps);
-    EXPECT_EQ(steps[0], "Shape.ApplyMaterialWrapped");
-    EXPECT_EQ(steps[1], "Viewport.Draw");
-    EXPECT_EQ(steps[2], "Event.MaterialChanged");
+    EXPECT_EQ(RefreshSteps(rig),
+              (Texts{"Shape.ApplyMaterialWrapped", "Viewport.Draw", "Event.MaterialChanged"}));
     EXPECT_EQ(rig.log.CountOf("Store.Write"), 0U);
 }
 
@@ -240,7 +235,7 @@ TEST_F(Editing, ResetMiscellaneousIsTheButtonAndDefaultMaterialTheWholeMaterial)
     rig.log.Clear();
     EXPECT_EQ(rig.Control().DefaultMaterial(), Status::Success);
     EXPECT_EQ(rig.Previewed(), udtMaterial());
-    EXPECT_EQ(rig.host.Viewport()->TheScene().Shown()->MeshFile(), "previewsphere.x");
+    EXPECT_EQ(rig.ShownMesh(), "previewsphere.x");
     EXPECT_EQ(rig.Changes(), 1U);
 }
 

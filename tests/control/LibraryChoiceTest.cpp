@@ -1,5 +1,4 @@
 #include "LibraryFixture.h"
-#include "Testing.h"
 
 namespace {
 

@@ -7,9 +7,7 @@ namespace CorvexTest {
 /// What differs between the two libraries, as a user sees it.
 struct Kind {
     const char* noun;
-    const char* lower;
     const char* extension;
-    const char* upgrade;
     CorvexMaterial::Status (CorvexMaterial::IMaterial::*load)(const std::string&);
     CorvexMaterial::Status (CorvexMaterial::IMaterial::*release)();
 
@@ -25,22 +23,10 @@ struct Kind {
     }
 };
 
-inline constexpr Kind kMaterials{
-    "Material",
-    "material",
-    "cvm",
-    "upgrade",
-    &CorvexMaterial::IMaterial::LoadMaterialLibrary,
-    &CorvexMaterial::IMaterial::pReleaseMaterialLibrarySelection,
-};
-inline constexpr Kind kTextures{
-    "Texture",
-    "texture",
-    "cvt",
-    "Upgrade",
-    &CorvexMaterial::IMaterial::LoadTextureLibrary,
-    &CorvexMaterial::IMaterial::pReleaseTextureLibrarySelection,
-};
+inline constexpr Kind kMaterials{"Material", "cvm", &CorvexMaterial::IMaterial::LoadMaterialLibrary,
+                                 &CorvexMaterial::IMaterial::pReleaseMaterialLibrarySelection};
+inline constexpr Kind kTextures{"Texture", "cvt", &CorvexMaterial::IMaterial::LoadTextureLibrary,
+                                &CorvexMaterial::IMaterial::pReleaseTextureLibrarySelection};
 
 class LibraryFixture {
 protected:

@@ -1,5 +1,4 @@
 #include "ErrorTexts.h"
-#include "Testing.h"
 #include <CorvexMaterial/AttributeText.h>
 #include <CorvexMaterial/WarningCatalogue.h>
 

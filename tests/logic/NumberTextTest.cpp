@@ -1,5 +1,4 @@
 #include "ArgumentChecks.h"
-#include "Testing.h"
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/Status.h>
 

@@ -1,5 +1,4 @@
 #include "PanelLayout.h"
-#include "Testing.h"
 
 #include <climits>
 #include <ostream>

@@ -4,19 +4,7 @@
 #include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
-#include <sstream>
-
 namespace CorvexMaterial {
-
-inline std::vector<std::string> Words(const std::string& text)
-{
-    std::istringstream stream(text);
-    std::vector<std::string> words;
-    for (std::string word; stream >> word;) {
-        words.push_back(word);
-    }
-    return words;
-}
 
 /// Keeps the keys in the order of their use, those of other sections than the usual one with the
 /// section before them; fails at the n-th access if told so.

@@ -1,6 +1,6 @@
 #include "SavedStateFixture.h"
-#include "StoreKeys.h"
-#include "Testing.h"
+
+#include <sstream>
 
 namespace CorvexMaterial {
 
@@ -8,6 +8,58 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+// The keys of stores in use, in the order in which each flow touches them, for a plug-in with two
+// parameters. What follows a stroke stands whole.
+
+/// After "Material", with the text that an empty store gives.
+constexpr auto kLoadedKeysAndDefaults = R"(
+PreviewPrimitive=2 Color=16777215 Emissive=20 Specular=0 Transparency=0 Ambient=60
+WrapOrientationU=False WrapOrientationV=False DoubleSided=False AlphaTest=0 AlphaTestReference=0
+WrapType=0 /TextureOverlayTranslucency=50 TextureFlatWrapType=0 WrapOriginU=0 WrapOriginV=0
+WrapScaleU=1 WrapScaleV=1 WrapTilesPerUnit=1 Texture= TextureAlphaChannelUse=0
+AlphaIsTransparent=False TextureAlpha= TextureOverlay= TextureBumpmap= TextureSpecularMap=
+TextureEnvironmentMap= RayTraceBrilliance=5 RayTraceReflection=0 RayTraceNormalPattern=0
+RayTraceNormalSize=5 RayTraceNormalScale=5 RayTraceIridescenceFactor=0
+RayTraceIridescenceThickness=5 RayTraceIridescenceTurbulence=5 RayTraceRoughness=5
+RayTraceMetallic=0 RaytracePredefinedType=0 RaytracePredefinedMaterial=0 RaytraceColorPattern0Red=1
+RaytraceColorPattern0Green=1 RaytraceColorPattern0Blue=1 RaytraceColorPattern1Red=1
+RaytraceColorPattern1Green=1 RaytraceColorPattern1Blue=1 RaytraceColorPattern2Red=1
+RaytraceColorPattern2Green=1 RaytraceColorPattern2Blue=1 RaytraceColorPattern3Red=1
+RaytraceColorPattern3Green=1 RaytraceColorPattern3Blue=1 RaytraceColorPatternFrequencey=0
+RaytraceColorPatternTurbulence=0 RaytraceNormalFreqency=0 RaytraceNormalTurbulence=0
+/TextureLibrary=Gems.cvt Library=Gems.cvm
+)";
+
+/// After "MaterialUser".
+constexpr auto kRememberKeys = R"(
+Emissive Specular Transparency Ambient Color WrapType ApplyRelative WrapOrientationU
+WrapOrientationV DoubleSided AlphaTest AlphaTestReference /TextureOverlayTranslucency Texture
+TextureAlphaChannelUse AlphaIsTransparent TextureAlpha TextureOverlay TextureBumpmap
+TextureSpecularMap TextureEnvironmentMap PreviewPrimitive WrapOriginU WrapOriginV WrapScaleU
+WrapScaleV TextureFlatWrapType WrapTilesPerUnit /MaterialPlugin /MaterialPluginParameter0
+/MaterialPluginParameter1 /MaterialCustomFieldValue0 /MaterialCustomFieldValue1
+/MaterialCustomFieldValue2 /MaterialCustomFieldValue3 /MaterialCustomFieldValue4
+/MaterialCustomFieldValue5 RayTraceBrilliance RayTraceReflection RayTraceNormalPattern
+RayTraceNormalSize RayTraceNormalScale RayTraceIridescenceFactor RayTraceIridescenceThickness
+RayTraceIridescenceTurbulence RayTraceRoughness RayTraceMetallic RayTraceType RaytracePredefinedType
+RaytracePredefinedMaterial RaytraceColorPattern RaytraceColorPattern0Red RaytraceColorPattern0Green
+RaytraceColorPattern0Blue RaytraceColorPattern1Red RaytraceColorPattern1Green
+RaytraceColorPattern1Blue RaytraceColorPattern2Red RaytraceColorPattern2Green
+RaytraceColorPattern2Blue RaytraceColorPattern3Red RaytraceColorPattern3Green
+RaytraceColorPattern3Blue RaytraceColorPatternFrequencey RaytraceColorPatternTurbulence
+RaytraceNormalFreqency RaytraceNormalTurbulence /PluginDefaults/Marble
+)";
+
+std::vector<std::string> Words(const std::string& beginning, const std::string& text)
+{
+    std::istringstream stream(text);
+    std::vector<std::string> words;
+    for (std::string word; stream >> word;) {
+        words.push_back(word.starts_with('/') ? word.substr(1) : beginning + word);
+    }
+    return words;
+}
 
 class SavedStateTest : public SavedStateFixture {
 protected:
@@ -35,7 +87,7 @@ protected:
 TEST_F(SavedStateTest, LoadingAnEmptyStoreReadsEveryKeyInOrderAndShowsTheDefaults)
 {
     state.Load(panel);
-    const std::vector<std::string> expected = Words(kLoadedKeysAndDefaults);
+    const std::vector<std::string> expected = Words("Material", kLoadedKeysAndDefaults);
     ASSERT_EQ(panel.shown.size(), expected.size());
     ASSERT_EQ(store.reads.size(), expected.size());
     for (std::size_t i = 0; i < expected.size(); ++i) {
@@ -48,7 +100,7 @@ TEST_F(SavedStateTest, RememberWritesEveryUserKeyInOrder)
 {
     FillPanel();
     state.Remember(panel);
-    EXPECT_EQ(store.writes, Words(kRememberKeys));
+    EXPECT_EQ(store.writes, Words("MaterialUser", kRememberKeys));
     EXPECT_TRUE(store.isFlushed);
 }
 
@@ -59,7 +111,7 @@ TEST_F(SavedStateTest, ResetToUserReadsItsKeysAndTheParametersOfTheStoredPlugin)
         {"MaterialPluginParameter0", "8"},  // of whatever plug-in the last run ended with
         {"PluginDefaults/Marble", "0.750 x"}};
     state.ResetToUser(panel);
-    std::vector<std::string> expected = Words(kRememberKeys);
+    std::vector<std::string> expected = Words("MaterialUser", kRememberKeys);
     for (const char* stays : {"MaterialUserApplyRelative", "MaterialUserPreviewPrimitive",
                               "MaterialUserRayTraceType", "MaterialUserRaytraceColorPattern",
                               "MaterialPluginParameter0", "MaterialPluginParameter1"}) {

@@ -2,7 +2,6 @@
 #include "ErrorMatch.h"
 #include "FullDisk.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 
 #include <fcntl.h>
 #include <sys/inotify.h>

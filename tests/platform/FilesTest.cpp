@@ -1,6 +1,5 @@
 #include "ErrorMatch.h"
 #include "TemporaryFolder.h"
-#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
 
 #include <sys/wait.h>

@@ -3,7 +3,6 @@
 #include "SampleFolder.h"
 #include "TemporaryFolder.h"
 #include "TerminalText.h"
-#include "Testing.h"
 
 #include <sys/stat.h>
 

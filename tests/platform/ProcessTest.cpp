@@ -1,7 +1,6 @@
 #include "ErrorMatch.h"
 #include "ProcessLeash.h"
 #include "SearchPath.h"
-#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
 
 #include <cerrno>

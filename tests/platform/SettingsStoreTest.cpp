@@ -1,7 +1,6 @@
 #include "ErrorMatch.h"
 #include "FullDisk.h"
 #include "SampleFolder.h"
-#include "Testing.h"
 #include <CorvexMaterial/QtPlatform.h>
 
 #include <sys/stat.h>
@@ -14,17 +13,15 @@ namespace {
 
 const std::string kApplication = "Some Host";
 
+using CorvexTest::ContentOf;
+
 SettingAddress At(const std::string& key, const std::string& section = "Application")
 {
     return {kApplication, section, key};
 }
 
-using CorvexTest::ContentOf;
-
 class SettingsStoreTest : public testing::Test {
 protected:
-    SettingsStoreTest() { qputenv("XDG_CONFIG_HOME", m_home.Path().toLocal8Bit()); }
-
     [[nodiscard]] QString Folder() const { return m_home.PathOf("Corvex"); }
     [[nodiscard]] QString File() const { return Folder() + "/Some Host.ini"; }
 
@@ -36,7 +33,20 @@ protected:
         return platform.Get().settings.Read(address);
     }
 
+    static void WriteAfresh(const SettingAddress& address, const std::string& text)
+    {
+        QtPlatform platform;
+        platform.Get().settings.Write(address, text);
+        platform.Get().settings.Flush(address.application);
+    }
+
+private:
     CorvexTest::SampleFolder m_home;
+    bool m_isSet = qputenv("XDG_CONFIG_HOME", m_home.Path().toLocal8Bit());
+    QtPlatform m_platform;
+
+protected:
+    SettingsStore& store = m_platform.Get().settings;
 };
 
 }  // namespace
@@ -46,13 +56,11 @@ TEST_F(SettingsStoreTest, PipeIsNeitherReadNorReplaced)
     PutFile({});
     ASSERT_TRUE(QFile::remove(File()) &&
                 ::mkfifo(QFile::encodeName(File()).constData(), 0600) == 0);
-    QtPlatform platform;
-    SettingsStore& settings = platform.Get().settings;
-    EXPECT_EQ(settings.Read(At("Key")), std::nullopt);
-    settings.Write(At("Key"), "kept");
-    EXPECT_THAT(FileFailure([&] { settings.Flush(kApplication); }),
+    EXPECT_EQ(store.Read(At("Key")), std::nullopt);
+    store.Write(At("Key"), "kept");
+    EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
                 Optional(HasSubstr("Some Host.ini cannot be read: it is a pipe")));
-    EXPECT_THAT(settings.Read(At("Key")), Optional(std::string("kept")));
+    EXPECT_THAT(store.Read(At("Key")), Optional(std::string("kept")));
 }
 
 TEST_F(SettingsStoreTest, EveryTextComesBackUnchangedFromDisk)
@@ -64,17 +72,13 @@ TEST_F(SettingsStoreTest, EveryTextComesBackUnchangedFromDisk)
           std::string("two\nlines"), std::string("[Section]"), std::string("key=value"),
           std::string("Grün 漢 \xF0\x9F\x8E\xA8"), std::string("a\0b", 3),
           std::string(200'000, 'x')}) {
-        QtPlatform platform;
-        platform.Get().settings.Write(At("Key"), text);
-        platform.Get().settings.Flush(kApplication);
+        WriteAfresh(At("Key"), text);
         EXPECT_THAT(ReadAfresh(At("Key")), Optional(text));
     }
 }
 
 TEST_F(SettingsStoreTest, KeepsApplicationsSectionsAndLetterCaseApart)
 {
-    QtPlatform platform;
-    SettingsStore& store = platform.Get().settings;
     const std::vector<SettingAddress> addresses{At("Rows"),
                                                 At("rows"),
                                                 At("A/B"),
@@ -98,20 +102,16 @@ TEST_F(SettingsStoreTest, KeepsApplicationsSectionsAndLetterCaseApart)
 
 TEST_F(SettingsStoreTest, TouchesTheDiskOnFlushOnlyAndMergesWithOtherWriters)
 {
-    QtPlatform one;
-    QtPlatform other;
-    one.Get().settings.Write(At("Mine"), "1");
-    EXPECT_THAT(one.Get().settings.Read(At("Mine")), Optional(std::string("1")));
+    store.Write(At("Mine"), "1");
+    EXPECT_THAT(store.Read(At("Mine")), Optional(std::string("1")));
     EXPECT_FALSE(QFile::exists(File()));
-    other.Get().settings.Write(At("Theirs"), "2");
-    other.Get().settings.Flush(kApplication);
-    one.Get().settings.Flush(kApplication);
+    WriteAfresh(At("Theirs"), "2");
+    store.Flush(kApplication);
     EXPECT_THAT(ReadAfresh(At("Mine")), Optional(std::string("1")));
     EXPECT_THAT(ReadAfresh(At("Theirs")), Optional(std::string("2")));
-    other.Get().settings.Write(At("Mine"), "3");
-    other.Get().settings.Flush(kApplication);
-    one.Get().settings.Write(At("More"), "4");
-    one.Get().settings.Flush(kApplication);
+    WriteAfresh(At("Mine"), "3");
+    store.Write(At("More"), "4");
+    store.Flush(kApplication);
     EXPECT_THAT(ReadAfresh(At("Mine")), Optional(std::string("3"))) << "written once already";
 }
 
@@ -134,13 +134,13 @@ TEST_F(SettingsStoreTest, ReadsWhatCanBeReadOfADamagedFileAndKeepsIt)
         const QByteArray content = damage + "\n[Application]\nGood=1\n";
         PutFile(content);
         QtPlatform platform;
-        SettingsStore& store = platform.Get().settings;
-        EXPECT_THAT(store.Read(At("Good")), Optional(std::string("1")));
-        store.Write(At("New"), "2");
-        EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
+        SettingsStore& settings = platform.Get().settings;
+        EXPECT_THAT(settings.Read(At("Good")), Optional(std::string("1")));
+        settings.Write(At("New"), "2");
+        EXPECT_THAT(FileFailure([&] { settings.Flush(kApplication); }),
                     Optional(HasSubstr("Some Host.ini")));
         EXPECT_EQ(ContentOf(File() + ".damaged" + QString::number(++damaged)), content);
-        EXPECT_EQ(FileFailure([&] { store.Flush(kApplication); }), std::nullopt);
+        EXPECT_EQ(FileFailure([&] { settings.Flush(kApplication); }), std::nullopt);
         EXPECT_THAT(ReadAfresh(At("Good")), Optional(std::string("1")));
         EXPECT_THAT(ReadAfresh(At("New")), Optional(std::string("2")));
     }
@@ -151,20 +151,17 @@ TEST_F(SettingsStoreTest, SurvivesValuesThatOnlyLookLikeItsOwnEncoding)
     PutFile(
         "[Application]\nA=@Variant(\\0\\0\\0\\x7f\\xff\\xff\\xff\\xff)\nB=@ByteArray(\nC=@Rect(a)\n"
         "D=\\x\nE=\"unclosed\n");
-    QtPlatform platform;
     for (const char* key : {"A", "B", "C", "D", "E"}) {
-        static_cast<void>(platform.Get().settings.Read(At(key)));
+        static_cast<void>(store.Read(At(key)));
     }
-    platform.Get().settings.Write(At("F"), "1");
-    platform.Get().settings.Flush(kApplication);
+    store.Write(At("F"), "1");
+    store.Flush(kApplication);
     EXPECT_THAT(ReadAfresh(At("F")), Optional(std::string("1")));
 }
 
 TEST_F(SettingsStoreTest, ReportsAFileThatCannotBeReplacedAndTriesAgain)
 {
     ASSERT_TRUE(QDir().mkpath(File()));
-    QtPlatform platform;
-    SettingsStore& store = platform.Get().settings;
     EXPECT_EQ(store.Read(At("Key")), std::nullopt);
     store.Write(At("Key"), "1");
     EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
@@ -179,16 +176,13 @@ TEST_F(SettingsStoreTest, ReportsAFolderThatCannotBeCreated)
 {
     QFile inTheWay(Folder());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    QtPlatform platform;
-    platform.Get().settings.Write(At("Key"), "1");
-    EXPECT_THAT(FileFailure([&] { platform.Get().settings.Flush(kApplication); }),
+    store.Write(At("Key"), "1");
+    EXPECT_THAT(FileFailure([&] { store.Flush(kApplication); }),
                 Optional(HasSubstr("Some Host.ini")));
 }
 
 TEST_F(SettingsStoreTest, FullDiskLeavesTheOldFileWhole)
 {
-    QtPlatform platform;
-    SettingsStore& store = platform.Get().settings;
     store.Write(At("Key"), "old");
     store.Flush(kApplication);
     const QByteArray before = ContentOf(File());

@@ -1,5 +1,4 @@
 #include "PluginParameters.h"
-#include "Testing.h"
 
 #include <CorvexMaterial/Status.h>
 

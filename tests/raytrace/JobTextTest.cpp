@@ -1,7 +1,6 @@
 #include "PovRayJob.h"
 #include "RecordingData.h"
 #include "RenderManJob.h"
-#include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
 namespace {

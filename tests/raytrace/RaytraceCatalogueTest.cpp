@@ -2,7 +2,6 @@
 #include "PatternColours.h"
 #include "RaytraceAmounts.h"
 #include "RenderProgress.h"
-#include "Testing.h"
 #include "TextureRules.h"
 #include <CorvexMaterial/SimulationTexture.h>
 

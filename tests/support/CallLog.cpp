@@ -1,5 +1,4 @@
 #include "CallLog.h"
-#include "Testing.h"
 
 #include <CorvexMaterial/Status.h>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CallLog.h"
-#include "Testing.h"
 #include <CorvexMaterial/CorvexDB.h>
 
 namespace CorvexTest {
@@ -42,7 +41,10 @@ public:
     {
         return m_log.Answer("ApplicationState.SearchFolders", searchFolders);
     }
-    void OpenWebSite(CorvexDB::WebSite site) override;
+    void OpenWebSite(CorvexDB::WebSite site) override
+    {
+        m_log.Enter("ApplicationState.OpenWebSite", std::to_string(static_cast<int>(site)));
+    }
 
     std::string applicationName = "Corvex";
     std::string libraryFolder = "/libraries";
@@ -217,14 +219,22 @@ public:
     using Recording::Recording;
 
     std::string
-    CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes) override;
+    CombinedAttributes(const CorvexDB::cdtRayTraceMaterialAttributes& attributes) override
+    {
+        return m_log.Answer("RaytraceServices.CombinedAttributes",
+                            "combined, brilliance " + std::to_string(attributes.Brilliance));
+    }
     std::int32_t StartAndWait(const CorvexDB::CommandLine& commandLine) override
     {
         return m_log.Answer("RaytraceServices.StartAndWait", 0, commandLine.text);
     }
     void RaytraceAbandoned() override { m_log.Enter("RaytraceServices.RaytraceAbandoned"); }
     void SaveAsJpeg(const std::string& bitmapPath, const std::string& jpegPath,
-                    std::int32_t quality) override;
+                    std::int32_t quality) override
+    {
+        m_log.Enter("RaytraceServices.SaveAsJpeg",
+                    bitmapPath + " " + jpegPath + " " + std::to_string(quality));
+    }
     std::string KeepSimulation(const std::string& jpegPath) override
     {
         return m_log.Answer("RaytraceServices.KeepSimulation", jpegPath, jpegPath);

@@ -11,25 +11,41 @@ namespace CorvexTest {
 /// failure leaves it undone.
 class RecordingHost {
 public:
-    explicit RecordingHost(CallLog& log);
+    explicit RecordingHost(CallLog& log) : m_log(log) {}
 
-    [[nodiscard]] CorvexMaterial::Host Get();
+    [[nodiscard]] CorvexMaterial::Host Get()
+    {
+        return {applicationState, diagnostics, graphics, materialLibrary, textureLibrary, plugins,
+                customFields,     raytrace,    exporter, viewports,       editports,      numbers};
+    }
     /// Of the control made last; null when that is gone.
-    [[nodiscard]] RecordingViewport* Viewport() const;
+    [[nodiscard]] RecordingViewport* Viewport() const
+    {
+        for (auto i = viewports.made.rbegin(); i != viewports.made.rend(); ++i) {
+            if (*i != nullptr && (*i)->objectName() == "dfvMaterialViewport") {
+                return dynamic_cast<RecordingViewport*>(i->data());
+            }
+        }
+        return nullptr;
+    }
 
-    RecordingApplicationState applicationState;
-    RecordingDiagnostics diagnostics;
-    RecordingGraphics graphics;
-    RecordingMaterialLibrary materialLibrary;
-    RecordingTextureLibrary textureLibrary;
-    RecordingPlugins plugins;
-    RecordingCustomFields customFields;
-    RecordingRaytrace raytrace;
-    RecordingExporter exporter;
-    RecordingViewports viewports;
-    RecordingEditports editports;
-    RecordingNumbers numbers;
-    RecordingSceneGraph sceneGraph;
+private:
+    CallLog& m_log;
+
+public:
+    RecordingApplicationState applicationState{m_log};
+    RecordingDiagnostics diagnostics{m_log};
+    RecordingGraphics graphics{m_log};
+    RecordingMaterialLibrary materialLibrary{m_log};
+    RecordingTextureLibrary textureLibrary{m_log};
+    RecordingPlugins plugins{m_log};
+    RecordingCustomFields customFields{m_log};
+    RecordingRaytrace raytrace{m_log};
+    RecordingExporter exporter{m_log};
+    RecordingViewports viewports{m_log};
+    RecordingEditports editports{m_log};
+    RecordingNumbers numbers{m_log};
+    RecordingSceneGraph sceneGraph{m_log};
 };
 
 }  // namespace CorvexTest

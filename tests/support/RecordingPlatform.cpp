@@ -146,16 +146,4 @@ std::vector<std::string> RecordingLibraryFiles::NamesIn(const std::string& folde
     return names;
 }
 
-RecordingPlatform::RecordingPlatform(CallLog& log)
-    : settings(log), prompts(log), choosers(log), processes(log), temporaryFiles(log), library(log),
-      imageFormats(log), libraryFiles(log)
-{
-}
-
-CorvexMaterial::Platform RecordingPlatform::Get()
-{
-    return {settings,       prompts, choosers,     processes,
-            temporaryFiles, library, imageFormats, libraryFiles};
-}
-
 }  // namespace CorvexTest

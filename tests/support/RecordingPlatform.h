@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CallLog.h"
-#include "Testing.h"
 #include <CorvexMaterial/Platform.h>
 
 #include <deque>
@@ -139,18 +138,26 @@ public:
 /// A complete desktop in memory.
 class RecordingPlatform {
 public:
-    explicit RecordingPlatform(CallLog& log);
+    explicit RecordingPlatform(CallLog& log) : m_log(log) {}
 
-    [[nodiscard]] CorvexMaterial::Platform Get();
+    [[nodiscard]] CorvexMaterial::Platform Get()
+    {
+        return {settings,       prompts, choosers,     processes,
+                temporaryFiles, library, imageFormats, libraryFiles};
+    }
 
-    RecordingStore settings;
-    RecordingPrompts prompts;
-    RecordingChoosers choosers;
-    RecordingProcesses processes;
-    RecordingTemporaryFiles temporaryFiles;
-    RecordingLibrary library;
-    RecordingImageFormats imageFormats;
-    RecordingLibraryFiles libraryFiles;
+private:
+    CallLog& m_log;
+
+public:
+    RecordingStore settings{m_log};
+    RecordingPrompts prompts{m_log};
+    RecordingChoosers choosers{m_log};
+    RecordingProcesses processes{m_log};
+    RecordingTemporaryFiles temporaryFiles{m_log};
+    RecordingLibrary library{m_log};
+    RecordingImageFormats imageFormats{m_log};
+    RecordingLibraryFiles libraryFiles{m_log};
 };
 
 }  // namespace CorvexTest

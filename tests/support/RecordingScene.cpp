@@ -1,5 +1,4 @@
 #include "RecordingScene.h"
-#include "Testing.h"
 
 #include <CorvexMaterial/Status.h>
 
@@ -18,12 +17,6 @@ std::string NameOf(const CorvexSG::Shape* shape)
 }
 
 }  // namespace
-
-RecordingShape::RecordingShape(CallLog& log, std::string name,
-                               const std::set<std::string>& missingMeshes)
-    : Recording(log), m_name(std::move(name)), m_missingMeshes(missingMeshes)
-{
-}
 
 void RecordingShape::ApplyMaterial(const CorvexSG::MaterialApplication& application)
 {
@@ -54,16 +47,6 @@ void RecordingShape::LoadMeshFile(const std::string& path)
     m_meshFile = FileNameOf(path);
 }
 
-void RecordingShape::SetShapeOption(std::int32_t option)
-{
-    m_log.Enter("Shape.SetShapeOption", std::to_string(option));
-}
-
-void RecordingShape::Move(float distance, std::int32_t mode)
-{
-    m_log.Enter("Shape.Move", std::to_string(distance) + " mode " + std::to_string(mode));
-}
-
 const CorvexDB::udtMaterial& RecordingShape::Material() const
 {
     if (m_applied.empty()) {
@@ -76,11 +59,6 @@ void RecordingScene::ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape)
 {
     m_log.Enter("Scene.ShowShape", NameOf(shape.get()));
     m_shown = shape;
-}
-
-RecordingShape* RecordingScene::Shown() const
-{
-    return dynamic_cast<RecordingShape*>(m_shown.get());
 }
 
 std::shared_ptr<CorvexSG::Shape> RecordingSceneGraph::CreateShape()

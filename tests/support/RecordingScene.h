@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CallLog.h"
-#include "Testing.h"
 #include <CorvexMaterial/CorvexSG.h>
 
 namespace CorvexTest {
@@ -22,13 +21,22 @@ struct AppliedMaterial {
 
 class RecordingShape : public Recording<CorvexSG::Shape> {
 public:
-    RecordingShape(CallLog& log, std::string name, const std::set<std::string>& missingMeshes);
+    RecordingShape(CallLog& log, std::string name, const std::set<std::string>& missingMeshes)
+        : Recording(log), m_name(std::move(name)), m_missingMeshes(missingMeshes)
+    {
+    }
 
     void ApplyMaterial(const CorvexSG::MaterialApplication& application) override;
     void ApplyMaterialWrapped(const CorvexSG::MaterialApplication& application) override;
     void LoadMeshFile(const std::string& path) override;
-    void SetShapeOption(std::int32_t option) override;
-    void Move(float distance, std::int32_t mode) override;
+    void SetShapeOption(std::int32_t option) override
+    {
+        m_log.Enter("Shape.SetShapeOption", std::to_string(option));
+    }
+    void Move(float distance, std::int32_t mode) override
+    {
+        m_log.Enter("Shape.Move", std::to_string(distance) + " mode " + std::to_string(mode));
+    }
 
     [[nodiscard]] const std::string& Name() const { return m_name; }
     [[nodiscard]] const std::string& MeshFile() const { return m_meshFile; }
@@ -54,7 +62,10 @@ public:
     CorvexSG::Group* CameraGroup() override { return m_log.Answer("Scene.CameraGroup", &m_camera); }
 
     /// Null until one is shown.
-    [[nodiscard]] RecordingShape* Shown() const;
+    [[nodiscard]] RecordingShape* Shown() const
+    {
+        return dynamic_cast<RecordingShape*>(m_shown.get());
+    }
 
 private:
     std::shared_ptr<CorvexSG::Shape> m_shown;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "CallLog.h"
 #include "RecordingScene.h"
-#include "Testing.h"
 #include <CorvexMaterial/CorvexCommon.h>
 #include <CorvexMaterial/CorvexEditport.h>
 #include <CorvexMaterial/CorvexViewport.h>
@@ -18,14 +16,22 @@ public:
     }
 
     QWidget& Widget() override { return *this; }
-    CorvexSG::Scene& Scene() override;
+    CorvexSG::Scene& Scene() override
+    {
+        m_log.Enter("Viewport.Scene");
+        return m_scene;
+    }
     void Prepare() override { m_log.Enter("Viewport.Prepare"); }
     void Draw() override { m_log.Enter("Viewport.Draw"); }
     void SetBackColor(CorvexMaterial::Colour colour) override
     {
         m_log.Enter("Viewport.SetBackColor", std::to_string(colour));
     }
-    void SetListener(CorvexViewport::ViewportListener* newListener) override;
+    void SetListener(CorvexViewport::ViewportListener* newListener) override
+    {
+        listener = newListener;
+        m_log.Enter("Viewport.SetListener", newListener == nullptr ? "none" : "control");
+    }
     CorvexViewport::PixelSize Size() override
     {
         return m_log.Answer("Viewport.Size", CorvexViewport::PixelSize{256, 256});
@@ -45,7 +51,13 @@ class RecordingViewports : public Recording<CorvexViewport::ViewportFactory> {
 public:
     using Recording::Recording;
 
-    CorvexViewport::Viewport* CreateViewport(QWidget* parent) override;
+    CorvexViewport::Viewport* CreateViewport(QWidget* parent) override
+    {
+        m_log.Enter("ViewportFactory.CreateViewport");
+        auto* viewport = new RecordingViewport(m_log, parent);
+        made.emplace_back(viewport);
+        return viewport;
+    }
 
     /// All that were made; null where the widget is gone.
     std::vector<QPointer<QWidget>> made;
@@ -53,7 +65,10 @@ public:
 
 class RecordingEditport : public QWidget, public Recording<CorvexEditport::Editport> {
 public:
-    RecordingEditport(CallLog& log, QWidget* parent, std::string name);
+    RecordingEditport(CallLog& log, QWidget* parent, std::string name)
+        : QWidget(parent), Recording(log), m_name(std::move(name))
+    {
+    }
 
     QWidget& Widget() override { return *this; }
     void ShowItems(std::int32_t count) override { Enter("Editport.ShowItems", count); }
@@ -68,7 +83,11 @@ public:
     {
         Enter("Editport.SetBackColor", colour);
     }
-    void SetListener(CorvexEditport::EditportListener* newListener) override;
+    void SetListener(CorvexEditport::EditportListener* newListener) override
+    {
+        listener = newListener;
+        m_log.Enter("Editport.SetListener", m_name);
+    }
 
     void ScrollFromOutside() override { m_log.Enter("Editport.ScrollFromOutside", m_name); }
     void ScrollTo(std::int32_t position) override { Enter("Editport.ScrollTo", position); }
@@ -94,7 +113,13 @@ public:
     using Recording::Recording;
 
     CorvexEditport::Editport* CreateEditport(QWidget* parent,
-                                             CorvexEditport::BrowserKind kind) override;
+                                             CorvexEditport::BrowserKind kind) override
+    {
+        const bool materials = kind == CorvexEditport::BrowserKind::Materials;
+        const std::string name = materials ? "materials" : "textures";
+        m_log.Enter("EditportFactory.CreateEditport", name);
+        return new RecordingEditport(m_log, parent, name);
+    }
 };
 
 class RecordingNumbers : public Recording<CorvexCommon::NumericValidation> {

@@ -1,5 +1,4 @@
 #include "SampleFolder.h"
-#include "Testing.h"
 
 namespace CorvexTest {
 

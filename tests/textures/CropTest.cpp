@@ -1,7 +1,6 @@
 #include "CommaLocale.h"
 #include "CropFit.h"
 #include "CropGrip.h"
-#include "Testing.h"
 #include "TexturePlacement.h"
 #include <CorvexMaterial/NumberText.h>
 

@@ -1,5 +1,4 @@
 #include "SampleFolder.h"
-#include "Testing.h"
 #include "TextureImage.h"
 #include "ThumbnailCache.h"
 
