@@ -300,6 +300,14 @@ private:
     QVector3D m_front;
 };
 
+/// Coordinates that are all the same place nothing; some files have them where others have none.
+bool HasCoordinates(const RawMesh& raw)
+{
+    return raw.hasCoordinates && std::ranges::any_of(raw.vertices, [&](const Vertex& vertex) {
+               return vertex.uv != raw.vertices.front().uv;
+           });
+}
+
 }  // namespace
 
 ImportedMesh Finished(RawMesh raw)
@@ -310,8 +318,9 @@ ImportedMesh Finished(RawMesh raw)
     } else {
         Smoothing(raw).Smooth();
     }
+    const bool hasCoordinates = HasCoordinates(raw);
     return {MakeMesh(std::move(raw.vertices), std::move(raw.indices)), raw.material,
-            raw.hasCoordinates};
+            hasCoordinates};
 }
 
 void AppendTriangles(std::span<const QVector3D> polygon, std::vector<std::uint32_t>& corners)

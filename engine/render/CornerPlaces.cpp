@@ -59,15 +59,20 @@ void JoinAtSeam(std::array<QVector2D, 3>& places)
 /// A pole has no longitude of its own.
 void PlacePoles(const std::array<QVector3D, 3>& points, std::array<QVector2D, 3>& places)
 {
-    constexpr float kAtPole = 1.0e-5F;
     for (std::size_t i = 0; i < 3; ++i) {
-        if (std::hypot(points[i].x(), points[i].z()) < kAtPole) {
+        if (IsAtPole(points[i])) {
             places[i].setX((places[(i + 1) % 3].x() + places[(i + 2) % 3].x()) / 2.0F);
         }
     }
 }
 
 }  // namespace
+
+bool IsAtPole(const QVector3D& point)
+{
+    constexpr float kAtPole = 1.0e-5F;
+    return std::hypot(point.x(), point.z()) < kAtPole;
+}
 
 QVector2D RoundPlace(const QVector3D& p, CoordinateKind kind)
 {

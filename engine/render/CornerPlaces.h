@@ -23,4 +23,6 @@ CornerPlaces(const Mesh& mesh, const std::array<std::uint32_t, 3>& corners, cons
 /// Of a point in the space of a spherical or cylindrical wrap.
 [[nodiscard]] QVector2D RoundPlace(const QVector3D& point, CoordinateKind kind);
 
+[[nodiscard]] bool IsAtPole(const QVector3D& point);
+
 }  // namespace studio

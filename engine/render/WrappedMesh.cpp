@@ -1,19 +1,21 @@
 #include "WrappedMesh.h"
 
 #include "CornerPlaces.h"
+#include "TileCutting.h"
 #include "UnitVector.h"
 #include "WrapCoordinates.h"
 
 #include <cmath>
 #include <optional>
 #include <unordered_map>
+#include <utility>
 
 namespace studio {
 namespace {
 
 /// Of an image: how far from its place it may lie.
 constexpr float kVisiblyElsewhere = 0.005F;
-constexpr int kMostPasses = 6;
+constexpr int kMostPasses = 10;
 /// That dividing adds to one mesh.
 constexpr std::size_t kMostAddedTriangles = 400'000;
 
@@ -21,7 +23,7 @@ constexpr std::size_t kMostAddedTriangles = 400'000;
 class RoundDivision {
 public:
     RoundDivision(const Mesh& mesh, const WrapTerms& wrap)
-        : m_wrap(wrap), m_vertices(mesh.vertices), m_indices(mesh.indices),
+        : m_wrap(wrap), m_vertices(mesh.vertices), m_open(mesh.indices),
           m_most(mesh.indices.size() + 3 * kMostAddedTriangles)
     {
         AddPoints();
@@ -31,7 +33,8 @@ public:
     bool Divide()
     {
         bool bends = true;
-        for (int pass = 0; bends && pass < kMostPasses && m_indices.size() <= m_most; ++pass) {
+        for (int pass = 0;
+             bends && pass < kMostPasses && m_indices.size() + m_open.size() <= m_most; ++pass) {
             bends = DivideOnce();
         }
         return !bends;
@@ -39,6 +42,7 @@ public:
 
     [[nodiscard]] Mesh Take()
     {
+        m_indices.insert(m_indices.end(), m_open.begin(), m_open.end());
         Mesh mesh;
         mesh.vertices = std::move(m_vertices);
         mesh.indices = std::move(m_indices);
@@ -66,8 +70,9 @@ private:
         apart.setX(apart.x() - share * across);
         apart.setX(apart.x() - std::round(apart.x()));
         apart.setY(apart.y() - share * way.y());
-        // Little of the image is around a pole.
-        const float around = std::hypot(p.x(), p.z());
+        // Little of the image is around a pole, which itself has every longitude.
+        const bool beginsAtPole = IsAtPole(a) || IsAtPole(b);
+        const float around = beginsAtPole ? 0.0F : std::hypot(p.x(), p.z());
         const float size = m_wrap.kind == CoordinateKind::Spherical ? p.length() : 1.0F;
         apart.setX(apart.x() * std::min(1.0F, size > 0.0F ? around / size : 0.0F));
         return apart.length();
@@ -118,17 +123,15 @@ private:
     {
         const std::size_t before = m_vertices.size();
         m_middles.clear();
-        std::vector<std::uint32_t> divided;
-        divided.reserve(m_indices.size());
-        for (std::size_t i = 0; i + 2 < m_indices.size(); i += 3) {
-            DivideTriangle({m_indices[i], m_indices[i + 1], m_indices[i + 2]}, divided);
+        const std::vector<std::uint32_t> open = std::exchange(m_open, {});
+        for (std::size_t i = 0; i + 2 < open.size(); i += 3) {
+            DivideTriangle({open[i], open[i + 1], open[i + 2]});
         }
-        m_indices = std::move(divided);
         AddPoints();
         return m_vertices.size() > before;
     }
 
-    void DivideTriangle(std::array<std::uint32_t, 3> corners, std::vector<std::uint32_t>& out)
+    void DivideTriangle(std::array<std::uint32_t, 3> corners)
     {
         std::array<std::optional<std::uint32_t>, 3> middles;  // after the corner of their number
         int count = 0;
@@ -144,50 +147,48 @@ private:
         }
         const auto [a, b, c] = corners;
         if (count == 0) {
-            out.insert(out.end(), {a, b, c});
+            m_indices.insert(m_indices.end(), {a, b, c});
         } else if (count == 1) {
-            out.insert(out.end(), {a, *middles[0], c, *middles[0], b, c});
+            m_open.insert(m_open.end(), {a, *middles[0], c, *middles[0], b, c});
         } else if (count == 2) {
-            out.insert(out.end(), {*middles[0], b, *middles[1], a, *middles[0], *middles[1], a,
-                                   *middles[1], c});
+            m_open.insert(m_open.end(), {*middles[0], b, *middles[1], a, *middles[0], *middles[1],
+                                         a, *middles[1], c});
         } else {
-            out.insert(out.end(),
-                       {a, *middles[0], *middles[2], *middles[0], b, *middles[1], *middles[2],
-                        *middles[1], c, *middles[0], *middles[1], *middles[2]});
+            m_open.insert(m_open.end(),
+                          {a, *middles[0], *middles[2], *middles[0], b, *middles[1], *middles[2],
+                           *middles[1], c, *middles[0], *middles[1], *middles[2]});
         }
     }
 
     const WrapTerms& m_wrap;
     std::vector<Vertex> m_vertices;
-    std::vector<std::uint32_t> m_indices;
-    std::vector<QVector3D> m_points;  ///< of the vertices, in the space of the wrap
+    std::vector<std::uint32_t> m_open;     ///< triangles that may bend
+    std::vector<std::uint32_t> m_indices;  ///< and those that do not
+    std::vector<QVector3D> m_points;       ///< of the vertices, in the space of the wrap
     std::unordered_map<std::uint64_t, std::uint32_t> m_middles;
     std::size_t m_most;
 };
 
-/// Vertices by their number in the mesh and their coordinates.
+/// Vertices by their number and their coordinates.
 class PlacedVertices {
 public:
-    explicit PlacedVertices(const Mesh& mesh) : m_mesh(mesh), m_first(mesh.vertices.size(), kNone)
-    {
-    }
-
-    void Add(std::uint32_t corner, const QVector2D& place)
+    void Add(std::uint32_t number, const Vertex& vertex, const QVector2D& place)
     {
         const std::array<float, 2> uv{place.x(), 1.0F - place.y()};
-        std::uint32_t* link = &m_first[corner];
-        while (*link != kNone && m_vertices[*link].uv != uv) {
-            link = &m_next[*link];
+        if (number >= m_first.size()) {
+            m_first.resize(number + 1, kNone);
         }
-        if (*link == kNone) {
-            *link = static_cast<std::uint32_t>(m_vertices.size());
-            m_indices.push_back(*link);
-            m_vertices.push_back(m_mesh.vertices[corner]);
+        std::uint32_t known = m_first[number];
+        while (known != kNone && m_vertices[known].uv != uv) {
+            known = m_next[known];
+        }
+        if (known == kNone) {
+            known = static_cast<std::uint32_t>(m_vertices.size());
+            m_vertices.push_back(vertex);
             m_vertices.back().uv = uv;
-            m_next.push_back(kNone);
-            return;
+            m_next.push_back(std::exchange(m_first[number], known));
         }
-        m_indices.push_back(*link);
+        m_indices.push_back(known);
     }
 
     [[nodiscard]] std::shared_ptr<const Mesh> Take()
@@ -198,37 +199,52 @@ public:
 private:
     static constexpr std::uint32_t kNone = ~0U;
 
-    const Mesh& m_mesh;
-    std::vector<std::uint32_t> m_first;  ///< of each number, the vertex that was made of it first
-    std::vector<std::uint32_t> m_next;   ///< and the one that was made after it
+    std::vector<std::uint32_t> m_first;  ///< of each number, the vertex that was made of it last
+    std::vector<std::uint32_t> m_next;   ///< and the one that was made before it
     std::vector<Vertex> m_vertices;
     std::vector<std::uint32_t> m_indices;
 };
 
 }  // namespace
 
-WrappedMesh WithWrapCoordinates(const FrameItem& item)
+WrappedMesh WithCoordinates(const FrameItem& item)
 {
     const WrapTerms wrap = WrapTermsOf(item, *item.material);
     Mesh divided;
-    bool bends = false;
+    bool isExact = true;
     const bool isRound =
         wrap.kind == CoordinateKind::Spherical || wrap.kind == CoordinateKind::Cylindrical;
     if (isRound) {
         RoundDivision division(*item.mesh, wrap);
-        bends = !division.Divide();
+        isExact = division.Divide();
         divided = division.Take();
     }
     const Mesh& mesh = isRound ? divided : *item.mesh;
-    PlacedVertices vertices(mesh);
+    const bool isCropped = item.material->Placement != CorvexDB::TexturePlacement();
+    TileCutter cutter(mesh.vertices);
+    PlacedVertices vertices;
+    const TileCutter::Take add = [&](const PlacedPolygon& piece, const QVector2D& tile) {
+        for (std::size_t last = 2; last < piece.size(); ++last) {
+            for (const std::size_t corner : {std::size_t{0}, last - 1, last}) {
+                const auto& [vertex, place] = piece[corner];
+                vertices.Add(vertex, cutter.Vertices()[vertex], place - tile);
+            }
+        }
+    };
+    PlacedPolygon triangle(3);
     for (std::size_t i = 0; i + 2 < mesh.indices.size(); i += 3) {
         const std::array corners{mesh.indices[i], mesh.indices[i + 1], mesh.indices[i + 2]};
         const auto places = CornerPlaces(mesh, corners, wrap);
         for (std::size_t corner = 0; corner < 3; ++corner) {
-            vertices.Add(corners[corner], places[corner]);
+            triangle[corner] = {corners[corner], places[corner]};
+        }
+        if (isCropped) {
+            cutter.Cut(triangle, add);
+        } else {
+            add(triangle, {});
         }
     }
-    return {vertices.Take(), bends};
+    return {vertices.Take(), isExact && !cutter.LeftSomeWhole()};
 }
 
 }  // namespace studio

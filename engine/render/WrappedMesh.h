@@ -6,11 +6,12 @@ namespace studio {
 
 struct WrappedMesh {
     std::shared_ptr<const Mesh> mesh;
-    bool bends = false;  ///< so much that images lie visibly elsewhere inside of some triangles
+    bool isExact = true;  ///< or images lie visibly elsewhere within some triangles
 };
 
-/// The item's mesh with the coordinates that its wrap makes, for those who know no wraps. Triangles
-/// over which a round wrap bends are divided into smaller ones.
-[[nodiscard]] WrappedMesh WithWrapCoordinates(const FrameItem& item);
+/// The item's mesh with the coordinates by which it is shown, for those who know no wraps and no
+/// crops that repeat. Triangles over which a round wrap bends are divided into smaller ones, and
+/// what is cropped is cut where its tiles end.
+[[nodiscard]] WrappedMesh WithCoordinates(const FrameItem& item);
 
 }  // namespace studio

@@ -84,12 +84,12 @@ protected:
         m_meshes = model.meshes;
         return studio::ShapesOf(model);
     }
-    [[nodiscard]] QImage Picture(const Shapes& shapes)
+    [[nodiscard]] QImage Picture(const Shapes& shapes, const studio::Camera& camera)
     {
         studio::StudioScene scene;
         scene.SetShapes(shapes);
         studio::Frame frame;
-        frame.camera = scene.FramedBy(frame.camera);
+        frame.camera = camera;
         frame.width = frame.height = 160;
         scene.Fill(frame);
         return m_rendering.DrawNow(std::move(frame)).convertToFormat(QImage::Format_RGB32);
@@ -167,6 +167,8 @@ TEST_P(SceneExport, ShowsWhatWasShownHoweverItIsWrapped)
     QMatrix4x4 turned;
     turned.rotate(25.0F, 1.0F, 1.0F, 0.0F);
     turned.scale(1.0F, 1.5F, 0.7F);
+    QMatrix4x4 aside;
+    aside.translate(3.0F, 0.0F, 0.0F);
     for (int kind = 0; kind < 8; ++kind) {
         SCOPED_TRACE(kind);
         CorvexDB::udtMaterial material;
@@ -178,17 +180,28 @@ TEST_P(SceneExport, ShowsWhatWasShownHoweverItIsWrapped)
         material.TilesPerUnit = 2.0F;
         material.WrapOrientationU = kind >= 3;
         material.WrapOrientationV = kind >= 6;
-        if (kind == 5) {
+        if (kind == 4 || kind == 5) {
             material.Placement = {0.25F, 0.125F, 0.5F, 0.5F};
         }
         AppliedMaterial applied = Named("worn", material, CorvexSG::CoordinateMode::FromWrap);
-        const Shapes out{
+        Shapes out{
             Shape("shape", kind % 2 == 0 ? Cube() : studio::SphereMesh(1.0F), applied, turned)};
-        const QImage before = Picture(out);
-        ASSERT_GT(Different(before, Picture({})), 200);
-        EXPECT_LT(Different(before, Picture(Through(out))), 12);
+        out.push_back(
+            Shape("plain", Cube(), Named("bare", {}, CorvexSG::CoordinateMode::FromWrap), aside));
+        studio::StudioScene scene;
+        scene.SetShapes(out);
+        const studio::Camera camera = scene.FramedBy({});
+        const QImage before = Picture(out, camera);
+        ASSERT_GT(Different(before, Picture({out[1]}, camera)), 60);
+        const Shapes in = Through(out);
+        EXPECT_LT(Different(before, Picture(in, camera)), 6);
+        EXPECT_EQ(in[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromMesh);
+        EXPECT_EQ(in[1]->Applied().coordinates, CorvexSG::CoordinateMode::FromWrap);
     }
     EXPECT_EQ(m_report.Count(studio::Outcome::Dropped), 0U);
+    EXPECT_TRUE(std::ranges::none_of(m_report.Rows(), [](const studio::ReportRow& row) {
+        return row.property == "Coordinates" || row.material == "shape";
+    }));
 }
 
 TEST_P(SceneExport, TellsOfTexturesThatAreMissingAndRefusesWhatHasNoSurface)

@@ -82,7 +82,7 @@ bool LeavesOneTile(const Mesh& mesh)
 
 bool IsCropped(const CorvexDB::udtMaterial& material)
 {
-    return HasPlacedImages(material) && material.Placement != CorvexDB::TexturePlacement();
+    return material.Placement != CorvexDB::TexturePlacement();
 }
 
 class SceneMeshes {
@@ -93,34 +93,30 @@ public:
     {
         const bool isWrapped = item.coordinates == CorvexSG::CoordinateMode::FromWrap;
         const bool hasImages = HasPlacedImages(*item.material);
-        ImportedMesh mesh{isWrapped && hasImages ? Wrapped(item, shape) : item.mesh, material,
-                          !isWrapped || hasImages};
+        const bool isCut = IsCropped(*item.material) && LeavesOneTile(*item.mesh);
+        const bool isMade = hasImages && (isWrapped || isCut);
+        const ImportedMesh mesh{isMade ? Made(item, shape) : item.mesh, material,
+                                !isWrapped || hasImages};
         const auto [known, isNew] = m_indexes.try_emplace(
             {mesh.mesh->id, material, mesh.hasCoordinates}, m_model.meshes.size());
         if (isNew) {
-            if (IsCropped(*item.material) && LeavesOneTile(*mesh.mesh)) {
-                MaterialNotes(m_model.report, shape)
-                    .Approximated(InterchangeTr("Cropped tiles"),
-                                  QT_TRANSLATE_NOOP("Interchange",
-                                                    "beyond the first tile other programs show "
-                                                    "what the crop leaves out"));
-            }
-            m_model.meshes.push_back(std::move(mesh));
+            m_model.meshes.push_back(mesh);
         }
         return known->second;
     }
 
 private:
-    std::shared_ptr<const Mesh> Wrapped(const FrameItem& item, const std::string& shape)
+    std::shared_ptr<const Mesh> Made(const FrameItem& item, const std::string& shape)
     {
-        const auto [known, isNew] =
-            m_wrapped.try_emplace({item.mesh->id, NumbersOf(WrapTermsOf(item, *item.material))});
+        std::vector<float> terms = NumbersOf(WrapTermsOf(item, *item.material));
+        terms.push_back(IsCropped(*item.material) ? 1.0F : 0.0F);
+        const auto [known, isNew] = m_made.try_emplace({item.mesh->id, std::move(terms)});
         if (isNew) {
-            known->second = WithWrapCoordinates(item);
+            known->second = WithCoordinates(item);
         }
-        if (known->second.bends) {
+        if (!known->second.isExact) {
             MaterialNotes(m_model.report, shape)
-                .Approximated(InterchangeTr("Wrap"),
+                .Approximated(InterchangeTr("Coordinates"),
                               QT_TRANSLATE_NOOP("Interchange", "within large triangles images lie "
                                                                "a little elsewhere"));
         }
@@ -128,7 +124,7 @@ private:
     }
 
     ImportedModel& m_model;
-    std::map<std::pair<std::uint64_t, std::vector<float>>, WrappedMesh> m_wrapped;
+    std::map<std::pair<std::uint64_t, std::vector<float>>, WrappedMesh> m_made;
     std::map<std::tuple<std::uint64_t, std::size_t, bool>, std::size_t> m_indexes;
 };
 

@@ -66,7 +66,6 @@ public:
                                          sizeof(value));
             const auto [entry, isNew] = known.try_emplace(bytes, m_written + 1);
             if (isNew) {
-                ++m_written;
                 WriteOne(value);
             }
             numbers.push_back(entry->second);
@@ -74,16 +73,17 @@ public:
         return numbers;
     }
 
-private:
-    void WriteOne(const std::array<float, count>& value)
+    std::size_t WriteOne(const std::array<float, count>& value)
     {
         m_out << m_keyword;
         for (const float number : value) {
             m_out << ' ' << number;
         }
         m_out << '\n';
+        return ++m_written;
     }
 
+private:
     TextStream& m_out;
     std::string_view m_keyword;
     std::size_t m_written = 0;
@@ -91,20 +91,23 @@ private:
 
 class ObjShapes {
 public:
-    explicit ObjShapes(TextStream& out) : m_out(out) {}
+    /// Some readers take none where a face has none: one place for those that have none then.
+    ObjShapes(TextStream& out, const ImportedModel& scene)
+        : m_out(out), m_hasUvs(std::ranges::any_of(scene.meshes, &ImportedMesh::hasCoordinates))
+    {
+    }
 
     void Write(const Mesh& mesh, bool hasCoordinates)
     {
         const auto positions = m_positions.Write(mesh, &Vertex::position);
         const auto normals = m_normals.Write(mesh, &Vertex::normal);
-        const auto uvs =
-            hasCoordinates ? m_uvs.Write(mesh, &Vertex::uv) : std::vector<std::size_t>();
+        const std::vector<std::size_t> uvs = UvsOf(mesh, hasCoordinates);
         for (std::size_t i = 0; i + 2 < mesh.indices.size(); i += 3) {
             m_out << 'f';
             for (std::size_t corner = 0; corner < 3; ++corner) {
                 const std::uint32_t vertex = mesh.indices[i + corner];
                 m_out << ' ' << positions[vertex] << '/';
-                if (hasCoordinates) {
+                if (m_hasUvs) {
                     m_out << uvs[vertex];
                 }
                 m_out << '/' << normals[vertex];
@@ -114,7 +117,17 @@ public:
     }
 
 private:
+    std::vector<std::size_t> UvsOf(const Mesh& mesh, bool hasCoordinates)
+    {
+        if (hasCoordinates) {
+            return m_uvs.Write(mesh, &Vertex::uv);
+        }
+        return m_hasUvs ? std::vector(mesh.vertices.size(), m_uvs.WriteOne({}))
+                        : std::vector<std::size_t>();
+    }
+
     TextStream& m_out;
+    bool m_hasUvs;
     ObjValues<3> m_positions{m_out, "v"};
     ObjValues<3> m_normals{m_out, "vn"};
     ObjValues<2> m_uvs{m_out, "vt"};
@@ -124,7 +137,7 @@ void WriteShapes(TextStream& out, const ImportedModel& scene,
                  const std::vector<NamedMaterial>& materials, Report& report)
 {
     SafeNames names(report);
-    ObjShapes shapes(out);
+    ObjShapes shapes(out, scene);
     for (const ImportedShape& shape : scene.shapes) {
         const ImportedMesh& mesh = scene.meshes[shape.mesh];
         out << "o " << names.Take(shape.name, "Shape") << "\nusemtl "
