@@ -3,7 +3,7 @@
 #include "CommandOutput.h"
 #include "Formats.h"
 #include "Interchange.h"
-#include "ModelShapes.h"
+#include "SceneInput.h"
 #include "TemporaryFolder.h"
 #include "Tr.h"
 #include <CorvexMaterial/Status.h>
@@ -31,33 +31,19 @@ void TellReport(const Report& report, std::size_t materials, CommandOutput& outp
     output.Result(counts, {SummaryOf(report, materials)});
 }
 
-ImportedModel ModelIn(const QString& file, const std::string& pictureFolder)
-{
-    ImportProgram importer;
-    importer.pictureFolder = pictureFolder;
-    ImportOutcome outcome = ImportModelNow(file, importer);
-    if (!outcome.model) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    outcome.message.toStdString());
-    }
-    return std::move(*outcome.model);
-}
-
 /// Whether nothing of it was lost.
 bool ConvertNow(const ConvertJob& job, CommandOutput& output)
 {
     const CorvexMaterial::TemporaryFolder passing("pictures");
     const Format* target = FormatOf(job.output.toStdString());
     const bool holdsPictures = target != nullptr && target->holdsPictures;
-    const std::string pictures =
-        holdsPictures ? passing.Path() : QFileInfo(job.output).absolutePath().toStdString();
-    const ImportedModel model = ModelIn(job.input, pictures);
-    const StudioScene::Shapes shapes = ShapesOf(model);
+    const QString pictures = holdsPictures ? QString::fromStdString(passing.Path())
+                                           : QFileInfo(job.output).absolutePath();
+    auto [shapes, report, read] = ReadScene(job.input, pictures);
     const std::vector<std::string> missing = TexturesNotFound(shapes);
     for (const std::string& texture : missing) {
         output.Remark(Tr("There is no texture %1.").arg(QString::fromStdString(texture)));
     }
-    Report report = model.report;
     const std::size_t materials = ExportScene(job.output.toStdString(), shapes, report);
     TellReport(report, materials, output);
     return missing.empty() && report.Count(Outcome::Dropped) == 0;

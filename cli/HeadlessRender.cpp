@@ -3,12 +3,12 @@
 #include "DefaultScene.h"
 #include "Interchange.h"
 #include "MaterialAssignment.h"
-#include "ModelShapes.h"
 #include "PictureFile.h"
 #include "QtProcesses.h"
 #include "RaytraceRun.h"
 #include "RaytracerPrograms.h"
 #include "RenderService.h"
+#include "SceneInput.h"
 #include "StudioSceneExporter.h"
 #include "SurfaceImages.h"
 #include "TemporaryFolder.h"
@@ -27,10 +27,10 @@ namespace studio {
 namespace {
 
 /// The first of them in full.
-void TellLosses(const ImportedModel& model, const Remark& remark)
+void TellLosses(const SceneInput& input, const Remark& remark)
 {
     constexpr std::size_t kMostTold = 20;
-    const std::vector<std::string> notes = NotesOf(model.report, model.materials.size());
+    const std::vector<std::string> notes = NotesOf(input.report, input.materials);
     for (std::size_t i = 0; i + 1 < notes.size() && i < kMostTold; ++i) {
         remark(QString::fromStdString(notes[i]));
     }
@@ -39,18 +39,12 @@ void TellLosses(const ImportedModel& model, const Remark& remark)
     }
 }
 
-StudioScene::Shapes ShapesOfModel(const QString& file, const QString& pictureFolder,
-                                  const Remark& remark)
+StudioScene::Shapes ShapesIn(const QString& file, const QString& pictureFolder,
+                             const Remark& remark)
 {
-    ImportProgram importer;
-    importer.pictureFolder = pictureFolder.toStdString();
-    const ImportOutcome outcome = ImportModelNow(file, importer);
-    if (!outcome.model) {
-        throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                    outcome.message.toStdString());
-    }
-    TellLosses(*outcome.model, remark);
-    return ShapesOf(*outcome.model);
+    SceneInput input = ReadScene(file, pictureFolder);
+    TellLosses(input, remark);
+    return std::move(input.shapes);
 }
 
 StudioScene::Shapes PrimitiveShapes(int code)
@@ -118,7 +112,7 @@ RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& p
                       const Remark& remark)
 {
     scene.SetShapes(job.model.isEmpty() ? PrimitiveShapes(job.primitive)
-                                        : ShapesOfModel(job.model, pictureFolder, remark));
+                                        : ShapesIn(job.model, pictureFolder, remark));
     for (const auto& shape : scene.All()) {
         Assign(*shape, job.assignments);
     }

@@ -31,6 +31,7 @@ constexpr const char* kHelp = R"(Usage:
                                         write a model as %5, and tell what
                                         becomes of it
   corvex --version | --help
+MODEL is a file of another program or a document of the studio (.corvex).
 
 Options of render and export:
   --size WxH             in pixels, 800x600 if not given, at most 8192x8192

@@ -1,5 +1,7 @@
+#include "ParametricMesh.h"
 #include "RunProgram.h"
 #include "SampleFolder.h"
+#include "SceneDocument.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -174,6 +176,14 @@ TEST(Converting, TellsWhatIsLostAndFailsForItOnlyWhenAsked)
         << "it was written all the same";
     const QString whole = folder.Write("whole.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
     EXPECT_EQ(Corvex({"convert", whole, target, "--strict"}).exitCode, 0);
+    studio::SceneContent content;
+    content.shapes = {studio::StudioShape("Ball", studio::SphereMesh(1.0F), {}).State()};
+    const QString document = folder.PathOf("ball.corvex");
+    static_cast<void>(studio::SceneDocument::Create(document.toStdString(), content,
+                                                    folder.Path().toStdString()));
+    const QString ball = folder.PathOf("ball.obj");
+    EXPECT_EQ(Corvex({"convert", document, ball}).exitCode, 0);
+    EXPECT_TRUE(CorvexTest::ContentOf(ball).contains("\no Ball\n"));
     const Outcome unwritten = Corvex({"convert", whole, folder.PathOf("no/such/a.gltf")});
     EXPECT_EQ(unwritten.exitCode, 1);
     EXPECT_TRUE(unwritten.errors.contains("no/such/a.")) << unwritten.errors.toStdString();
