@@ -171,7 +171,9 @@ void GltfMaterialPatch::PutGlow(bool glowed)
     if (!glowed && m_written.contains("emissiveTexture") &&
         !m_material.contains("emissiveTexture")) {
         const std::vector<Json*> base = BaseTextures();
-        m_material["emissiveTexture"] = base.empty() ? m_written["emissiveTexture"] : *base.front();
+        // A copy, since a new member moves the others.
+        Json use = base.empty() ? m_written["emissiveTexture"] : *base.front();
+        m_material["emissiveTexture"] = std::move(use);
     }
 }
 

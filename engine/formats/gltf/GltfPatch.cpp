@@ -219,23 +219,28 @@ private:
         return nodes;
     }
 
+    /// Those that a node shows which does not change.
+    [[nodiscard]] std::set<std::size_t>
+    UnchangedMeshes(const std::map<std::size_t, Dress>& nodes) const
+    {
+        std::set<std::size_t> meshes;
+        std::size_t number = 0;
+        for (const Json& node : m_was["nodes"]) {
+            const auto changed = nodes.find(number++);
+            const bool changes = changed != nodes.end() && !changed->second.empty();
+            if (!changes && node.contains("mesh")) {
+                meshes.insert(node["mesh"].get<std::size_t>());
+            }
+        }
+        return meshes;
+    }
+
     /// A mesh has one dress for all nodes that show it; those that differ get a copy of it.
     void DressMeshes()
     {
         std::map<std::pair<std::size_t, Dress>, std::size_t> known;
         const std::map<std::size_t, Dress> nodes = ChangedNodes();
-        const auto stays = [&](std::size_t mesh) {
-            const Json& all = m_was["nodes"];
-            for (std::size_t node = 0; node < all.size(); ++node) {
-                const auto changed = nodes.find(node);
-                if (all[node].value("mesh", Json()) == Json(mesh) &&
-                    (changed == nodes.end() || changed->second.empty())) {
-                    return true;
-                }
-            }
-            return false;
-        };
-        std::set<std::size_t> taken;
+        std::set<std::size_t> taken = UnchangedMeshes(nodes);
         for (const auto& [node, dress] : nodes) {
             if (dress.empty()) {
                 continue;
@@ -243,7 +248,7 @@ private:
             Json& mesh = m_json["nodes"].at(node)["mesh"];
             const auto number = mesh.get<std::size_t>();
             const auto [made, isNew] = known.try_emplace({number, dress}, number);
-            if (isNew && (taken.contains(number) || stays(number))) {
+            if (isNew && taken.contains(number)) {
                 made->second = m_json["meshes"].size();
                 m_json["meshes"].push_back(Json(m_was["meshes"].at(number)));
             }

@@ -35,7 +35,6 @@ public:
         static_cast<void>(QString(utf8(m_bytes)));
         m_isLatin = utf8.hasError();
         m_text = m_isLatin ? QString::fromLatin1(m_bytes).toStdString() : m_bytes.toStdString();
-        m_was = m_text;
         m_materials = ParseMtl(m_text, path);
     }
 
@@ -44,31 +43,35 @@ public:
     {
         return m_text.substr(Begin(index), Begin(index + 1) - Begin(index));
     }
-    /// From the last one to the first, so that the places before hold.
-    void SetBlock(std::size_t index, const std::string& block)
-    {
-        m_text.replace(Begin(index), Begin(index + 1) - Begin(index), block);
-    }
+    void SetBlock(std::size_t index, const std::string& block) { m_blocks[index] = block; }
     void Append(const std::string& name, const std::vector<MtlLine>& lines)
     {
         const std::size_t first = m_text.find('\n');
         const bool isDos = first != std::string::npos && first > 0 && m_text[first - 1] == '\r';
         const std::string lineEnd = isDos ? "\r\n" : "\n";
-        m_text += m_text.empty() || m_text.ends_with('\n') ? "" : lineEnd;
         const std::string block = MtlBlock(name, lines, lineEnd);
-        m_text += m_text.empty() ? block.substr(lineEnd.size()) : block;
+        if (m_added.empty()) {
+            m_added = m_text.empty() || m_text.ends_with('\n') ? "" : lineEnd;
+        }
+        m_added += m_text.empty() && m_added.empty() ? block.substr(lineEnd.size()) : block;
     }
 
     [[nodiscard]] std::optional<PatchedFile> Changed() const
     {
-        if (m_text == m_was) {
+        std::string text = m_text.substr(0, Begin(0));
+        for (std::size_t index = 0; index < m_materials.size(); ++index) {
+            const auto changed = m_blocks.find(index);
+            text += changed == m_blocks.end() ? BlockOf(index) : changed->second;
+        }
+        text += m_added;
+        if (text == m_text) {
             return std::nullopt;
         }
         if (!m_isLatin) {
-            return PatchedFile{m_path, QByteArray::fromStdString(m_text)};
+            return PatchedFile{m_path, QByteArray::fromStdString(text)};
         }
         QStringEncoder latin(QStringEncoder::Latin1);
-        const QByteArray bytes = latin(QString::fromStdString(m_text));
+        const QByteArray bytes = latin(QString::fromStdString(text));
         if (latin.hasError()) {
             RefuseDocument(m_path, QCoreApplication::translate(
                                        "Interchange", "a name has letters that its encoding cannot "
@@ -89,8 +92,9 @@ private:
     QByteArray m_bytes;
     bool m_isLatin = false;
     std::string m_text;
-    std::string m_was;
     std::vector<MtlMaterial> m_materials;
+    std::map<std::size_t, std::string> m_blocks;  ///< those that change
+    std::string m_added;
 };
 
 /// A line that names a material, with another in its place.
@@ -148,13 +152,11 @@ public:
 private:
     void PatchLibraries()
     {
-        std::size_t last = m_written.size();
-        for (auto library = m_libraries.rbegin(); library != m_libraries.rend(); ++library) {
-            const std::size_t count = library->Materials().size();
-            for (std::size_t index = count; index > 0; --index) {
-                PatchMaterial(*library, index - 1, last - count + index - 1);
+        std::size_t number = 0;
+        for (MtlLibrary& library : m_libraries) {
+            for (std::size_t index = 0; index < library.Materials().size(); ++index) {
+                PatchMaterial(library, index, number++);
             }
-            last -= count;
         }
     }
 
