@@ -19,6 +19,9 @@ public:
     /// Whether an image stands in place of the scene.
     [[nodiscard]] bool IsImage() const { return m_fit == Fit::Contain; }
 
+    /// Null while there is none of the scene.
+    [[nodiscard]] QImage Drawn() const { return IsImage() ? QImage() : m_image; }
+
     /// A drawn picture of another size keeps the scene's proportions until the right one comes.
     void Paint(QPainter& painter, const QRect& area, const BackdropColours& backdrop) const;
 

@@ -43,6 +43,8 @@ public:
     /// The frame that the next `Draw` would ask for.
     [[nodiscard]] Frame CurrentFrame() const;
     [[nodiscard]] QSize PictureSize() const;  ///< device pixels, at least 1x1
+    /// What it shows of the scene; null while it shows something else.
+    [[nodiscard]] QImage Picture() const { return m_picture.Drawn(); }
     [[nodiscard]] QString PositionText() const;
 
     QSize sizeHint() const override;

@@ -1,5 +1,6 @@
 #include "OptionsDialog.h"
 
+#include "DocumentBackup.h"
 #include "RaytracerField.h"
 #include "SettingNames.h"
 #include "StudioSettings.h"
@@ -92,7 +93,17 @@ void OptionsDialog::ShowSettings()
     m_fields = m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts);
     m_ui->customFields->setPlainText(m_fields.join(u'\n'));
     ShowMoves();
+    m_ui->backups->setRange(0, kMostBackups);
+    m_ui->backups->setValue(m_settings.Number(kBackupsSetting, kBackupsKept));
     m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
+}
+
+void OptionsDialog::ShowBackupFolder(const QString& folder)
+{
+    m_ui->backupsHint->setText(
+        tr("Before a document is saved for the first time, it is copied as it "
+           "was. The copies are in\n%1")
+            .arg(folder));
 }
 
 // The n-th name is that of the n-th value in every material: an empty line keeps its place.
@@ -159,6 +170,7 @@ void OptionsDialog::Store() const
     m_settings.SetLibraryBackground(kBackgroundMaterialKey, m_colours.materialLibrary);
     m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
+    m_settings.SetNumber(kBackupsSetting, m_ui->backups->value());
     m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentData().toInt());
     for (const RaytracerField* field : m_raytracers) {
         m_settings.SetRaytracerProgram(field->Raytracer().program, field->Text());

@@ -43,6 +43,8 @@ public:
                   std::span<const SceneWriter> raytracers = SceneWriters());
     ~OptionsDialog() override;
 
+    /// Where backups of documents are.
+    void ShowBackupFolder(const QString& folder);
     /// What the user wants done with the values of custom fields whose names have moved.
     [[nodiscard]] FieldMoves Moves() const;
     /// Writes what is shown to the settings. Errors: FileFailed.

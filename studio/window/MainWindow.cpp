@@ -22,6 +22,7 @@
 #include "StudioSettings.h"
 #include "TextureFinder.h"
 #include "WindowMessages.h"
+#include "WorkRecovery.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -59,6 +60,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_models(std::make_unique<ModelFiles>(
           ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *m_exchange, *this},
           std::move(importer))),
+      m_recovery(std::make_unique<WorkRecovery>(
+          WorkRecovery::Parts{host, *m_messages, *m_scene, m_history, *m_document, *this})),
       m_opening(std::make_unique<FileOpening>(host.Settings(), *this)),
       m_handing(std::make_unique<SceneExchange>(
           SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *this})),
@@ -107,12 +110,23 @@ void MainWindow::ConnectFiles()
             m_models->Open(file);
         }
     });
+    connect(m_recovery.get(), &WorkRecovery::BaseWanted, this, [this](const QString& file) {
+        if (!file.isEmpty()) {
+            m_opening->Open(file);
+        } else if (m_documentMenu->MayGo()) {
+            ResetScene();
+            m_recovery->TakeUp(file);
+        }
+    });
+    connect(m_document.get(), &OpenDocument::NotBackedUp, m_messages.get(), &WindowMessages::Tell);
     const auto opened = [this](const QString& file) {
         m_opening->Remember(file);
+        m_recovery->TakeUp(file);
         Q_EMIT SceneOpened();
     };
     const auto refused = [this](const QString& file, const QString& message) {
         m_opening->Forget(file);
+        m_recovery->GiveUp();
         Q_EMIT SceneRefused(message);
     };
     connect(m_models.get(), &ModelFiles::Opened, this, opened);
@@ -134,6 +148,7 @@ void MainWindow::BuildMenus()
     file->addSeparator();
     m_documentMenu->AddTo(*file);
     m_saving->AddTo(*file);
+    m_recovery->AddTo(*file);
     file->addSeparator();
     m_textures->AddTo(*file);
     file->addSeparator();
@@ -189,6 +204,11 @@ void MainWindow::OpenModel(const QString& file)
 void MainWindow::ResetScene()
 {
     m_models->ShowDefaultScene();
+}
+
+void MainWindow::OfferRecovery()
+{
+    m_recovery->Offer();
 }
 
 CorvexMaterial::Material& MainWindow::Panel()
@@ -290,6 +310,9 @@ void MainWindow::closeEvent(QCloseEvent* event)
         return;
     }
     m_panel->SaveLayout();
+    if (m_quitsUnasked) {
+        m_recovery->Leave();
+    }
     QMainWindow::closeEvent(event);
 }
 

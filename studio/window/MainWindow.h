@@ -30,6 +30,7 @@ class StudioHost;
 class TextureFinder;
 class ViewportWidget;
 class WindowMessages;
+class WorkRecovery;
 
 /// The studio's window: the scene in the middle, the material panel docked beside it. It puts the
 /// parts together, its menus of what they offer, and keeps its place on the screen; what can be
@@ -50,9 +51,11 @@ public:
     /// stays until it is read, and for good when it cannot be. Asks nothing.
     void OpenModel(const QString& file);
     void ResetScene();
+    /// Shows the work that programs could not save which ended before, if there is any.
+    void OfferRecovery();
     /// What closing the window saves.
     void Save();
-    /// Closing the window asks nothing any more.
+    /// Closing the window asks nothing any more; what is not saved can be recovered.
     void QuitUnasked() { m_quitsUnasked = true; }
 
     [[nodiscard]] CorvexMaterial::Material& Panel();
@@ -99,6 +102,7 @@ private:
     std::unique_ptr<OpenDocument> m_document;
     std::unique_ptr<DocumentMenu> m_documentMenu;
     std::unique_ptr<ModelFiles> m_models;
+    std::unique_ptr<WorkRecovery> m_recovery;
     std::unique_ptr<FileOpening> m_opening;
     std::unique_ptr<SceneExchange> m_handing;
     std::unique_ptr<SourceSaving> m_saving;

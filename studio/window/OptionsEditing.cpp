@@ -1,10 +1,12 @@
 #include "OptionsEditing.h"
 
+#include "DocumentBackup.h"
 #include "LibraryBrowsers.h"
 #include "MaterialText.h"
 #include "OptionsDialog.h"
 #include "PanelDock.h"
 #include "ScenePane.h"
+#include "StudioApplicationState.h"
 #include "StudioHost.h"
 #include "StudioSettings.h"
 #include "WindowMessages.h"
@@ -23,6 +25,8 @@ void OptionsEditing::ShowDialog()
 {
     auto* dialog = new OptionsDialog(m_parts.host.Settings(), m_parts.processes, &m_parts.window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->ShowBackupFolder(QString::fromStdString(
+        BackupFolder(m_parts.host.State().Profile().stateFolder.toStdString())));
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         m_parts.messages.Telling([dialog] { dialog->Store(); });
         m_parts.panel.ApplyColours();

@@ -37,6 +37,7 @@ ExitCode RunWindow(const QString& model)
     if (!model.isEmpty()) {
         window.OpenFile(model);
     }
+    window.OfferRecovery();
     return QApplication::exec() == 0 ? ExitCode::Done : ExitCode::Failed;
 }
 

@@ -1,10 +1,14 @@
 #include "OpenDocument.h"
 
 #include "DefaultScene.h"
+#include "DocumentBackup.h"
 #include "ScenePane.h"
+#include "SettingNames.h"
 #include "StudioApplicationState.h"
 #include "StudioHost.h"
+#include "StudioSettings.h"
 #include "ViewportWidget.h"
+#include <CorvexMaterial/Status.h>
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -165,7 +169,7 @@ void OpenDocument::Save()
         return;
     }
     const SceneContent content = ContentWithPicture();
-    m_parts.work.Do(tr("Saving %1...").arg(m_name), [&] { m_file->Save(content); });
+    Write(m_path, [&] { m_file->Save(content); });
     m_savedAt = QDateTime::currentDateTime();
     Settle();
 }
@@ -178,7 +182,7 @@ void OpenDocument::SaveAs(const QString& path)
     }
     const SceneContent content = ContentWithPicture();
     std::optional<SceneDocument> document;
-    m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(file).fileName()), [&] {
+    Write(file, [&] {
         document.emplace(SceneDocument::Create(file.toStdString(), content, PictureFolder()));
     });
     SettleAt(file, std::move(*document));
@@ -187,9 +191,32 @@ void OpenDocument::SaveAs(const QString& path)
 void OpenDocument::SaveCopy(const QString& path)
 {
     const SceneContent content = ContentWithPicture();
-    m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(path).fileName()), [&] {
+    Write(CanonicalPath(path), [&] {
         std::ignore = SceneDocument::Create(path.toStdString(), content, PictureFolder());
     });
+}
+
+/// What stood in the file when the program began is kept.
+void OpenDocument::Write(const QString& file, const std::function<void()>& write)
+{
+    const int kept = m_written.contains(file)
+                         ? 0
+                         : m_parts.host.Settings().Number(kBackupsSetting, kBackupsKept);
+    const std::string state = m_parts.host.State().Profile().stateFolder.toStdString();
+    QString trouble;
+    m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(file).fileName()), [&] {
+        try {
+            BackUpDocument(file.toStdString(), state, kept);
+        } catch (const CorvexMaterial::Error& error) {
+            trouble = tr("The document was saved, but there is no backup of it as it was: %1")
+                          .arg(QString::fromStdString(error.what()));
+        }
+        write();
+    });
+    m_written.insert(file);
+    if (!trouble.isEmpty()) {
+        Q_EMIT NotBackedUp(trouble);
+    }
 }
 
 bool OpenDocument::IsChangedByOthers()

@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QObject>
+#include <QSet>
 
 #include <optional>
 
@@ -65,6 +66,8 @@ public:
 Q_SIGNALS:
     /// It is now as its file is, or has none: opened, saved or new.
     void Settled();
+    /// Saving went on without; for a person.
+    void NotBackedUp(const QString& message);
     /// Its name, its being modified or its being read-only may have changed.
     void MarkChanged();
 
@@ -74,6 +77,7 @@ private:
     [[nodiscard]] std::string PictureFolder() const;
     void SettleAt(const QString& path, SceneDocument document);
     void Settle();
+    void Write(const QString& file, const std::function<void()>& write);
 
     Parts m_parts;
     std::optional<SceneDocument> m_file;
@@ -82,7 +86,8 @@ private:
     QDateTime m_savedAt;
     SourceModel m_source;
     TexturePlace m_textures = TexturePlace::Referenced;
-    bool m_differs = false;  ///< in what is no step of the history
+    QSet<QString> m_written;  ///< files, by this program
+    bool m_differs = false;   ///< in what is no step of the history
 };
 
 }  // namespace studio

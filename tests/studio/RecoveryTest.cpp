@@ -1,0 +1,109 @@
+#include "StudioRig.h"
+
+#include "OpenDocument.h"
+#include "RecoveryDialog.h"
+
+#include <QTreeWidget>
+
+namespace {
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class Recovery : public StudioTest::StartedStudio {
+protected:
+    void Dress(std::size_t shape, const char* colour)
+    {
+        rig.Select({shape});
+        rig.Choose("cboColor", colour);
+    }
+    /// As the end of the desktop's session does: nobody is asked.
+    void EndUnasked()
+    {
+        rig.Window().QuitUnasked();
+        rig.Window().close();
+        rig.Stop();
+    }
+    void StartAgain()
+    {
+        rig.Start();
+        rig.Window().OfferRecovery();
+    }
+    studio::RecoveryDialog* Dialog() { return rig.Window().findChild<studio::RecoveryDialog*>(); }
+    void Press(const char* button)
+    {
+        CorvexTest::Click(*Dialog()->findChild<QPushButton*>(button));
+        QTest::qWait(0);
+    }
+    [[nodiscard]] QStringList Files(const char* folder) const
+    {
+        return QDir(rig.PathOf(QString("state/") + folder)).entryList(QDir::Files);
+    }
+};
+
+TEST_F(Recovery, OffersWhatWasNotSavedAndOpensItModified)
+{
+    Dress(0, "Bronze");
+    Dress(1, "Gold");
+    const auto wanted = rig.Shape(1)->Material();
+    EndUnasked();
+    StartAgain();
+    ASSERT_NE(Dialog(), nullptr);
+    auto& works = *Dialog()->findChild<QTreeWidget*>("works");
+    ASSERT_EQ(works.topLevelItemCount(), 1);
+    EXPECT_EQ(works.topLevelItem(0)->text(2), "2");
+    Press("keep");
+    EXPECT_NE(rig.Shape(1)->Material(), wanted);
+    rig.Trigger("Recover Unsaved Work...");
+    Press("open");
+    EXPECT_EQ(rig.Shape(1)->Material(), wanted);
+    EXPECT_TRUE(rig.Window().Document().IsModified());
+    EndUnasked();
+    StartAgain();
+    ASSERT_NE(Dialog(), nullptr) << "what was recovered is not saved yet";
+    Press("discard");
+    Press("keep");
+    EXPECT_THAT(Files("recovery"), IsEmpty());
+}
+
+TEST_F(Recovery, ComesBackInTheDocumentAndIsOverOnceSaved)
+{
+    const QString file = rig.PathOf("scene.corvex");
+    rig.Window().Document().SaveAs(file);
+    Dress(0, "Bronze");
+    const auto wanted = rig.Shape(0)->Material();
+    EndUnasked();
+    StartAgain();
+    Press("open");
+    EXPECT_EQ(rig.Window().Document().Path(), file);
+    EXPECT_EQ(rig.Shape(0)->Material(), wanted);
+    EXPECT_TRUE(rig.Window().Document().IsModified());
+    rig.Window().Document().Save();
+    EXPECT_THAT(Files("backups"), SizeIs(1)) << "as it was before this run";
+    Dress(0, "Gold");
+    rig.Window().Document().Save();
+    EXPECT_THAT(Files("backups"), SizeIs(1));
+    Dress(0, "Black");
+    rig.Stop();
+    StartAgain();
+    EXPECT_EQ(Dialog(), nullptr) << "whoever quits was asked";
+    EXPECT_THAT(Files("recovery"), IsEmpty());
+}
+
+TEST_F(Recovery, OpensTheModelAgain)
+{
+    rig.Open(QStringLiteral(MODEL_FOLDER "/still-life.obj"));
+    Dress(0, "Bronze");
+    const auto wanted = rig.Shape(0)->Material();
+    EndUnasked();
+    StartAgain();
+    QSignalSpy opened(&rig.Window(), &studio::MainWindow::SceneOpened);
+    Press("open");
+    ASSERT_TRUE(opened.count() > 0 || opened.wait(30000));
+    EXPECT_EQ(rig.Shape(0)->Material(), wanted);
+    EXPECT_TRUE(rig.Window().Document().IsModified());
+    EXPECT_TRUE(rig.prompts.shown.empty());
+    EndUnasked();
+}
+
+}  // namespace
