@@ -170,7 +170,9 @@ void OptionsDialog::Store() const
     m_settings.SetLibraryBackground(kBackgroundMaterialKey, m_colours.materialLibrary);
     m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
-    m_settings.SetNumber(kBackupsSetting, m_ui->backups->value());
+    if (m_ui->backups->value() != m_settings.Number(kBackupsSetting, kBackupsKept)) {
+        m_settings.SetNumber(kBackupsSetting, m_ui->backups->value());
+    }
     m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentData().toInt());
     for (const RaytracerField* field : m_raytracers) {
         m_settings.SetRaytracerProgram(field->Raytracer().program, field->Text());
