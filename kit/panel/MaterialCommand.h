@@ -1,23 +1,13 @@
 #pragma once
 
 #include "MaterialFields.h"
-#include "StudioShape.h"
+#include "ShapeChange.h"
 
 #include <QUndoCommand>
 
 #include <chrono>
-#include <functional>
-#include <memory>
-#include <vector>
 
 namespace studio {
-
-/// What one edit did to one shape.
-struct ShapeChange {
-    std::shared_ptr<StudioShape> shape;
-    AppliedMaterial before;
-    AppliedMaterial after;
-};
 
 /// Materials that are applied in the same way.
 [[nodiscard]] bool IsSame(const CorvexSG::GatheredMaterial& one,
@@ -27,13 +17,6 @@ struct ShapeChange {
 [[nodiscard]] bool LooksDifferent(const ShapeChange& change);
 /// What differs in any of the shapes.
 [[nodiscard]] FieldSet Differences(const std::vector<ShapeChange>& changes);
-
-using ShapeList = std::vector<std::shared_ptr<StudioShape>>;
-
-/// What an edit of the record does to each of the shapes that it changes; those that share a
-/// material go on sharing it.
-[[nodiscard]] std::vector<ShapeChange>
-ChangesBy(const std::function<void(CorvexDB::udtMaterial&)>& edit, const ShapeList& shapes);
 
 /// One step of the undo history: a change of the materials of some shapes, already made when the
 /// step is pushed. Edits of the same fields of the same shapes that follow each other quickly, as

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialCommand.h"
+#include "ShapeChange.h"
 
 #include <string>
 
@@ -16,6 +16,13 @@ void SplitShared(std::vector<ShapeChange>& changes, const ShapeList& scene);
 RenamedMaterials(const ShapeList& shapes, const std::string& name, const ShapeList& scene);
 /// Gives each of them a material that it shares with no other shape.
 [[nodiscard]] std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& scene);
+
+/// Gives all of them one material of this name, which they share with those that have it already
+/// and look the same. How coordinates are made stays.
+[[nodiscard]] std::vector<ShapeChange> WithMaterial(const ShapeList& shapes,
+                                                    const CorvexDB::udtMaterial& material,
+                                                    const std::string& name,
+                                                    const ShapeList& scene);
 
 /// All shapes of the scene that share a material with one of these, these included.
 [[nodiscard]] ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene);

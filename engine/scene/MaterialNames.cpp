@@ -128,6 +128,32 @@ std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& sc
     return changes;
 }
 
+std::vector<ShapeChange> WithMaterial(const ShapeList& shapes,
+                                      const CorvexDB::udtMaterial& material,
+                                      const std::string& name, const ShapeList& scene)
+{
+    const std::set<std::shared_ptr<StudioShape>> given(shapes.begin(), shapes.end());
+    ShapeList others;
+    std::ranges::copy_if(scene, std::back_inserter(others),
+                         [&](const auto& shape) { return !given.contains(shape); });
+    const auto same = std::ranges::find_if(others, [&](const auto& shape) {
+        return IdentityOf(shape) != nullptr && IdentityOf(shape)->name == name &&
+               shape->Material() == material;
+    });
+    AppliedMaterial applied = WholeMaterial(material);
+    if (same != others.end()) {
+        applied = (*same)->Applied();
+    } else {
+        applied.identity = Named(nullptr, Names(others).Unique(name));
+    }
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : shapes) {
+        applied.coordinates = shape->Applied().coordinates;
+        changes.push_back({shape, shape->Applied(), applied});
+    }
+    return changes;
+}
+
 ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene)
 {
     std::set<Identity> identities;
