@@ -2,7 +2,6 @@
 
 #include "CommandOutput.h"
 #include "LibraryCommandLine.h"
-#include "LibraryCommands.h"
 #include "LibraryFile.h"
 
 #include <CorvexMaterial/Status.h>
@@ -14,7 +13,6 @@ namespace studio {
 /// What every library command works with.
 struct CommandContext {
     const LibraryJob& job;
-    const ForeignFormats& formats;
     CommandOutput& output;
 };
 

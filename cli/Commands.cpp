@@ -3,8 +3,8 @@
 #include "ConvertCommand.h"
 #include "HeadlessRender.h"
 #include "ImportProcess.h"
-#include "InterchangeFormats.h"
 #include "LibraryCommands.h"
+#include "SceneCommands.h"
 #include "SearchPath.h"
 #include "StudioProfile.h"
 #include "Terminal.h"
@@ -43,9 +43,10 @@ ExitCode RunJob(const CommandLine& line)
         return Conclude(ExportPicture(line.render, PrintProblem));
     case Action::Convert:
         return Convert(line.convert);
+    case Action::Scene:
+        return RunSceneJob(line.scene) ? ExitCode::Done : ExitCode::Failed;
     default:
-        return RunLibraryJob(line.library, InterchangeFormats()) ? ExitCode::Done
-                                                                 : ExitCode::Failed;
+        return RunLibraryJob(line.library) ? ExitCode::Done : ExitCode::Failed;
     }
 }
 

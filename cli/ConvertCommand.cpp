@@ -3,12 +3,10 @@
 #include "CommandOutput.h"
 #include "Formats.h"
 #include "Interchange.h"
-#include "SceneInput.h"
+#include "SceneReading.h"
 #include "TemporaryFolder.h"
 #include "Tr.h"
 #include <CorvexMaterial/Status.h>
-
-#include <QFileInfo>
 
 namespace studio {
 namespace {
@@ -37,13 +35,15 @@ bool ConvertNow(const ConvertJob& job, CommandOutput& output)
     const CorvexMaterial::TemporaryFolder passing("pictures");
     const Format* target = FormatOf(job.output.toStdString());
     const bool holdsPictures = target != nullptr && target->holdsPictures;
-    const QString pictures = holdsPictures ? QString::fromStdString(passing.Path())
-                                           : QFileInfo(job.output).absolutePath();
-    auto [shapes, report, read] = ReadScene(job.input, pictures);
+    const SceneReading scene =
+        ReadScene(job.input, holdsPictures ? PictureFolders{passing.Path(), DocumentPictureFolder()}
+                                           : PicturesBeside(job.output));
+    const StudioScene::Shapes shapes = ShapesOf(scene.content);
     const std::vector<std::string> missing = TexturesNotFound(shapes);
     for (const std::string& texture : missing) {
         output.Remark(Tr("There is no texture %1.").arg(QString::fromStdString(texture)));
     }
+    Report report = scene.report;
     const std::size_t materials = ExportScene(job.output.toStdString(), shapes, report);
     TellReport(report, materials, output);
     return missing.empty() && report.Count(Outcome::Dropped) == 0;

@@ -1,10 +1,12 @@
 #include "CommandContext.h"
 #include "HeadlessThumbnails.h"
+#include "Interchange.h"
 #include "LibraryCommandTable.h"
 #include "LibraryReading.h"
 #include "MaterialAssignment.h"
 #include "MaterialDocument.h"
 #include "MaterialName.h"
+#include "SceneReading.h"
 #include "StoredPath.h"
 #include "TextureText.h"
 #include "Thumbnailer.h"
@@ -38,13 +40,10 @@ void NeedMaterials(const CommandContext& context)
     }
 }
 
-std::vector<NamedMaterial> MaterialsOf(CommandContext& context, const std::string& source)
+std::vector<NamedMaterial> ImportedMaterials(CommandContext& context, const QString& source)
 {
     std::vector<std::string> notes;
-    const QString folder = QFileInfo(context.job.library).absolutePath();
-    auto materials = IsOwnDocument(source)
-                         ? ReadMaterialDocument(source, notes)
-                         : context.formats.read(source, folder.toStdString(), notes);
+    auto materials = ReadMaterials(source, PicturesBeside(context.job.library), notes);
     PrintNotes(context, notes);
     return materials;
 }
@@ -114,7 +113,9 @@ void ExportCommand(CommandContext& context)
     if (IsOwnDocument(out)) {
         WriteMaterialDocument(out, materials);
     } else {
-        context.formats.write(out, materials, notes);
+        Report report;
+        ExportMaterials(out, materials, report);
+        notes = NotesOf(report, materials.size());
     }
     PrintNotes(context, notes);
     const std::size_t count = materials.size();
@@ -128,7 +129,7 @@ void ImportCommand(CommandContext& context)
     std::vector<NamedMaterial> materials;
     // All are read before anything is added: a file that cannot be read leaves the library alone.
     for (const QString& source : context.job.operands) {
-        auto read = MaterialsOf(context, source.toStdString());
+        auto read = ImportedMaterials(context, source);
         std::ranges::move(read, std::back_inserter(materials));
     }
     AddMaterials(context, materials);

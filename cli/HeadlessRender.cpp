@@ -1,14 +1,13 @@
 #include "HeadlessRender.h"
 
 #include "DefaultScene.h"
-#include "Interchange.h"
 #include "MaterialAssignment.h"
 #include "PictureFile.h"
 #include "QtProcesses.h"
 #include "RaytraceRun.h"
 #include "RaytracerPrograms.h"
 #include "RenderService.h"
-#include "SceneInput.h"
+#include "SceneReading.h"
 #include "StudioSceneExporter.h"
 #include "SurfaceImages.h"
 #include "TemporaryFolder.h"
@@ -19,33 +18,11 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
-#include <QFileInfo>
 
 #include <set>
 
 namespace studio {
 namespace {
-
-/// The first of them in full.
-void TellLosses(const SceneInput& input, const Remark& remark)
-{
-    constexpr std::size_t kMostTold = 20;
-    const std::vector<std::string> notes = NotesOf(input.report, input.materials);
-    for (std::size_t i = 0; i + 1 < notes.size() && i < kMostTold; ++i) {
-        remark(QString::fromStdString(notes[i]));
-    }
-    if (notes.size() > 1) {
-        remark(QString::fromStdString(notes.back()));
-    }
-}
-
-StudioScene::Shapes ShapesIn(const QString& file, const QString& pictureFolder,
-                             const Remark& remark)
-{
-    SceneInput input = ReadScene(file, pictureFolder);
-    TellLosses(input, remark);
-    return std::move(input.shapes);
-}
 
 StudioScene::Shapes PrimitiveShapes(int code)
 {
@@ -106,13 +83,20 @@ void TellLosses(const SceneWriter& writer, const RaytraceScene& scene, RenderSer
     }
 }
 
-/// The job's shapes in view, with what a raytracer has to know of them. Pictures inside a model go
-/// into the folder.
-RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const QString& pictureFolder,
+/// The job's shapes in view, with what a raytracer has to know of them.
+RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const PictureFolders& pictures,
                       const Remark& remark)
 {
-    scene.SetShapes(job.model.isEmpty() ? PrimitiveShapes(job.primitive)
-                                        : ShapesIn(job.model, pictureFolder, remark));
+    if (job.model.isEmpty()) {
+        scene.SetShapes(PrimitiveShapes(job.primitive));
+    } else {
+        const SceneReading reading = ReadScene(job.model, pictures);
+        TellReading(reading, job.model, remark);
+        scene.SetShapes(ShapesOf(reading.content));
+        if (reading.content.camera) {
+            scene.SetView({.camera = *reading.content.camera});
+        }
+    }
     for (const auto& shape : scene.All()) {
         Assign(*shape, job.assignments);
     }
@@ -165,7 +149,7 @@ QImage Draw(const RenderJob& job, const Remark& remark)
 {
     StudioScene scene;
     const CorvexMaterial::TemporaryFolder pictures("pictures");
-    RaytraceScene all = SceneOf(job, scene, QString::fromStdString(pictures.Path()), remark);
+    RaytraceScene all = SceneOf(job, scene, {pictures.Path(), DocumentPictureFolder()}, remark);
     RenderService rendering;
     TellUnreadTextures(all.frame, rendering, remark);
     return job.raytracer ? Raytraced(WriterOf(*job.raytracer), all, rendering, remark)
@@ -191,8 +175,7 @@ std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark)
     try {
         StudioScene scene;
         RenderService rendering;
-        const QString folder = QFileInfo(job.output).absolutePath();
-        const RaytraceScene all = SceneOf(job, scene, folder, remark);
+        const RaytraceScene all = SceneOf(job, scene, PicturesBeside(job.output), remark);
         TellUnreadTextures(all.frame, rendering, remark);
         WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
         TellLosses(*WriterFor(job.output), all, rendering, remark);

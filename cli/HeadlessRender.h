@@ -1,13 +1,9 @@
 #pragma once
 
 #include "ProgramArguments.h"
-
-#include <functional>
+#include "SceneReading.h"
 
 namespace studio {
-
-/// Is told what the picture goes without.
-using Remark = std::function<void(const QString&)>;
 
 /// Draws the job's picture and writes it. Returns why that failed.
 [[nodiscard]] std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark);

@@ -23,8 +23,8 @@ constexpr const char* kLibraryHelp =
   corvex library add FILE.cvm --name NAME [--material KEY=VALUE]...
                                               add a material
   corvex library import FILE.cvm SOURCE...
-                                              add the materials of other files; FILE is made if
-                                              there is none
+                                              add the materials of libraries, documents, models and
+                                              other files; FILE is made if there is none
   corvex library export FILE.cvm --out TARGET
                                               write materials to another file
   corvex library thumbnails FILE [--missing] [--out FOLDER]
@@ -61,17 +61,6 @@ std::optional<Shard> ShardFrom(const QString& text)
     const Shard shard{match.captured(1).toInt(), match.captured(2).toInt()};
     const bool fits = shard.number >= 1 && shard.number <= shard.count;
     return match.hasMatch() && fits ? std::optional(shard) : std::nullopt;
-}
-
-std::optional<QString> WrongAssignment(const QStringList& assignments)
-{
-    CorvexDB::udtMaterial material;
-    for (const QString& assignment : assignments) {
-        if (auto wrong = AssignMaterial(material, assignment)) {
-            return wrong;
-        }
-    }
-    return std::nullopt;
 }
 
 std::optional<QString> WrongAdd(const LibraryJob& job)
@@ -118,7 +107,7 @@ std::optional<QString> WrongUse(const LibraryJob& job)
     if (const auto* problem = std::get_if<std::string>(&query)) {
         return QStringLiteral("--find: %1").arg(QString::fromStdString(*problem));
     }
-    return WrongAssignment(job.assignments);
+    return FirstWrongAssignment(job.assignments);
 }
 
 struct LibraryOptions {

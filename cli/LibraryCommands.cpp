@@ -7,10 +7,10 @@
 
 namespace studio {
 
-bool RunLibraryJob(const LibraryJob& job, const ForeignFormats& formats)
+bool RunLibraryJob(const LibraryJob& job)
 {
     CommandOutput output(job.json ? CommandOutput::Form::Json : CommandOutput::Form::Text);
-    CommandContext context{job, formats, output};
+    CommandContext context{job, output};
     const auto command = std::ranges::find_if(kLibraryCommands, [&](const LibraryCommandRow& row) {
         return job.command == QLatin1String(row.name);
     });

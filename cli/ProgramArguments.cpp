@@ -21,8 +21,8 @@ using CorvexMaterial::RaytracerRow;
 using CorvexMaterial::Raytracers;
 
 constexpr const char* kHelp = R"(Usage:
-  corvex-studio [FILE]                  open the studio, with a model or a library if one is
-                                        named; it answers the commands below, too
+  corvex-studio [FILE]                  open the studio, with a document, a model or a library
+                                        if one is named; it answers the commands below, too
   corvex render [MODEL] --out FILE.png [options]
                                         draw a picture without a window
   corvex export %1 [MODEL] [options]
@@ -31,7 +31,7 @@ constexpr const char* kHelp = R"(Usage:
                                         write a model as %5, and tell what
                                         becomes of it
   corvex --version | --help
-MODEL is a file of another program or a document of the studio (.corvex).
+A MODEL is a file of another program or a scene document (.corvex).
 
 Options of render and export:
   --size WxH             in pixels, 800x600 if not given, at most 8192x8192
@@ -128,17 +128,6 @@ QString OfEachRaytracer(QString (*text)(const RaytracerRow& row))
     return texts.join(QStringLiteral(" or "));
 }
 
-std::optional<QString> FirstWrong(const QStringList& assignments)
-{
-    CorvexDB::udtMaterial material;
-    for (const QString& assignment : assignments) {
-        if (auto wrong = AssignMaterial(material, assignment)) {
-            return wrong;
-        }
-    }
-    return std::nullopt;
-}
-
 struct RenderOptions {
     QCommandLineOption out{QStringLiteral("out"), {}, QStringLiteral("file")};
     QCommandLineOption size{
@@ -182,7 +171,7 @@ CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions&
     if (models.size() + (primitive ? 1 : 0) != 1) {
         return Refused(Tr("render needs one model or --primitive NAME."));
     }
-    if (const auto wrong = FirstWrong(line.render.assignments)) {
+    if (const auto wrong = FirstWrongAssignment(line.render.assignments)) {
         return Refused(*wrong);
     }
     line.render.size = *size;
@@ -246,6 +235,18 @@ CommandLine ReadLibrary(const QStringList& arguments)
     return line;
 }
 
+CommandLine ReadScene(const QStringList& arguments)
+{
+    const auto job = ReadSceneCommand(arguments.mid(1));
+    if (const auto* wrong = std::get_if<QString>(&job)) {
+        return Refused(*wrong);
+    }
+    CommandLine line;
+    line.action = Action::Scene;
+    line.scene = std::get<SceneJob>(job);
+    return line;
+}
+
 CommandLine Help()
 {
     const QString help = QString::fromUtf8(kHelp).arg(
@@ -253,8 +254,8 @@ CommandLine Help()
         OfEachRaytracer(
             [](const RaytracerRow& row) { return QString::fromUtf8(row.program.variable); }),
         SceneSuffixes("|"));
-    return Shown(help + QLatin1String(kConvertHelp) + QLatin1String(LibraryHelp()) +
-                 QLatin1String(kExitCodes));
+    return Shown(help + QLatin1String(kConvertHelp) + QLatin1String(SceneHelp()) +
+                 QLatin1String(LibraryHelp()) + QLatin1String(kExitCodes));
 }
 
 CommandLine ReadWindow(const QStringList& arguments)
@@ -293,7 +294,7 @@ struct CommandRow {
     CommandLine (*read)(const QStringList& arguments);
 };
 constexpr std::array kCommands{CommandRow{"render", ReadRender}, CommandRow{"export", ReadExport},
-                               CommandRow{"convert", ReadConvert},
+                               CommandRow{"convert", ReadConvert}, CommandRow{"scene", ReadScene},
                                CommandRow{"library", ReadLibrary}};
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LibraryCommandLine.h"
+#include "SceneCommandLine.h"
 #include <CorvexMaterial/CorvexDB.h>
 
 #include <QSize>
@@ -32,13 +33,14 @@ struct ConvertJob {
     bool strict = false;  ///< what is lost makes it a failure
 };
 
-enum class Action { OpenWindow, Render, Export, Convert, Library, ShowText, Refuse };
+enum class Action { OpenWindow, Render, Export, Convert, Scene, Library, ShowText, Refuse };
 
 struct CommandLine {
     Action action = Action::OpenWindow;
     QString model;  ///< to open in the window, may be empty
     RenderJob render;
     ConvertJob convert;
+    SceneJob scene;
     LibraryJob library;
     QString text;  ///< to show, or what is wrong
 };

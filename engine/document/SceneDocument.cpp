@@ -412,12 +412,14 @@ SceneDocument::SceneDocument(SceneDocument&&) noexcept = default;
 SceneDocument& SceneDocument::operator=(SceneDocument&&) noexcept = default;
 SceneDocument::~SceneDocument() = default;
 
-SceneDocument::Opened SceneDocument::Open(const std::string& path, const std::string& pictureFolder)
+SceneDocument::Opened SceneDocument::Open(const std::string& path, const std::string& pictureFolder,
+                                          Use use)
 {
     const std::string file = CanonicalPath(path);
     RequireHeader(file);
     try {
-        CorvexMaterial::FileClaim claim(file);
+        CorvexMaterial::FileClaim claim =
+            use == Use::Edit ? CorvexMaterial::FileClaim(file) : CorvexMaterial::FileClaim();
         auto inside =
             std::make_unique<Inside>(Inside{file,
                                             FolderOf(file),
@@ -431,7 +433,9 @@ SceneDocument::Opened SceneDocument::Open(const std::string& path, const std::st
         CheckTables(inside->database, DocumentKind());
         Loading(inside->database, inside->folder, inside->rows, problems).Run();
         reading.Commit();
-        inside->readOnlyReason = ObstacleToWriting(file, inside->database, inside->claim);
+        inside->readOnlyReason = use == Use::Edit
+                                     ? ObstacleToWriting(file, inside->database, inside->claim)
+                                     : "it was opened to be looked at";
         if (inside->readOnlyReason.empty()) {
             inside->database.RemoveIdleJournal();
             std::error_code ignored;

@@ -16,9 +16,13 @@ class SceneDocument {
 public:
     struct Opened;
 
+    /// What is only looked at can be saved by another studio meanwhile.
+    enum class Use { Edit, Read };
+
     /// Pictures that are inside the document are put below the folder, each content once, where the
     /// materials then find them. What is refused is left as it was.
-    [[nodiscard]] static Opened Open(const std::string& path, const std::string& pictureFolder);
+    [[nodiscard]] static Opened Open(const std::string& path, const std::string& pictureFolder,
+                                     Use use = Use::Edit);
     /// Puts a scene into a new file, which takes the place of one that has the name when all of it
     /// is on the disk.
     [[nodiscard]] static SceneDocument Create(const std::string& path, const SceneContent& content,
@@ -29,8 +33,8 @@ public:
     ~SceneDocument();
 
     [[nodiscard]] const std::string& Path() const;  ///< absolute
-    /// Why nothing can be saved, for a person: no right to, or another studio has it open; empty
-    /// when it can.
+    /// Why nothing can be saved, for a person: no right to, another studio has it open, or it was
+    /// opened to be looked at; empty when it can.
     [[nodiscard]] const std::string& ReadOnlyReason() const;
     /// Whether another program wrote or replaced the file since this one read or wrote it.
     [[nodiscard]] bool IsChangedByOthers();

@@ -133,4 +133,15 @@ std::optional<QString> AssignMaterial(udtMaterial& material, const QString& assi
     return std::nullopt;
 }
 
+std::optional<QString> FirstWrongAssignment(const QStringList& assignments)
+{
+    udtMaterial material;
+    for (const QString& assignment : assignments) {
+        if (auto wrong = AssignMaterial(material, assignment)) {
+            return wrong;
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace studio

@@ -18,4 +18,7 @@ namespace studio {
 [[nodiscard]] std::optional<QString> AssignMaterial(CorvexDB::udtMaterial& material,
                                                     const QString& assignment);
 
+/// What is wrong with the first of them with which something is.
+[[nodiscard]] std::optional<QString> FirstWrongAssignment(const QStringList& assignments);
+
 }  // namespace studio

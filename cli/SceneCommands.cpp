@@ -1,0 +1,100 @@
+#include "SceneCommands.h"
+
+#include "Interchange.h"
+#include "SceneCommandTable.h"
+#include "Tr.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace studio {
+namespace {
+
+bool WritesInPlace(const SceneJob& job)
+{
+    return job.out.isEmpty() ||
+           (IsSceneDocument(job.file) && QFileInfo(job.out) == QFileInfo(job.file));
+}
+
+void TellMissingTextures(SceneContext& context, const SceneContent& content)
+{
+    for (const std::string& texture : TexturesNotFound(ShapesOf(content))) {
+        context.Loss(Tr("There is no texture %1.").arg(QString::fromStdString(texture)));
+    }
+}
+
+SceneReading ReadFor(SceneContext& context, SceneDocument::Use use)
+{
+    SceneReading reading = ReadScene(context.job.file, ScenePictures(), use);
+    TellReading(reading, context.job.file, [&](const QString& text) {
+        if (reading.report.Count(Outcome::Dropped) > 0) {
+            context.Loss(text);
+        } else {
+            CommandOutput::Remark(text);
+        }
+    });
+    return reading;
+}
+
+}  // namespace
+
+void SceneContext::Loss(const QString& text)
+{
+    if (job.strict) {
+        output.Problem(text);
+    } else {
+        CommandOutput::Remark(text);
+    }
+}
+
+bool RunSceneJob(const SceneJob& job)
+{
+    CommandOutput output(job.json ? CommandOutput::Form::Json : CommandOutput::Form::Text);
+    SceneContext context{job, output};
+    const auto command = std::ranges::find_if(kSceneCommands, [&](const SceneCommandRow& row) {
+        return job.command == QLatin1String(row.name);
+    });
+    try {
+        command->run(context);
+    } catch (const std::bad_alloc&) {
+        output.Problem(Tr("There is not enough memory for it."));
+    } catch (const std::exception& error) {
+        output.Problem(QString::fromUtf8(error.what()));
+    }
+    return !output.HasProblems();
+}
+
+PictureFolders ScenePictures()
+{
+    return {DocumentPictureFolder(), DocumentPictureFolder()};
+}
+
+SceneReading ReadIn(SceneContext& context)
+{
+    SceneReading reading = ReadFor(context, SceneDocument::Use::Read);
+    TellMissingTextures(context, reading.content);
+    return reading;
+}
+
+SceneReading ReadToWrite(SceneContext& context)
+{
+    return ReadFor(context, WritesInPlace(context.job) ? SceneDocument::Use::Edit
+                                                       : SceneDocument::Use::Read);
+}
+
+void WriteScene(SceneContext& context, SceneReading& scene)
+{
+    TellMissingTextures(context, scene.content);
+    if (context.output.HasProblems()) {
+        return;
+    }
+    if (WritesInPlace(context.job)) {
+        scene.document->Save(scene.content);
+    } else {
+        static_cast<void>(SceneDocument::Create(context.job.out.toStdString(), scene.content,
+                                                DocumentPictureFolder()));
+    }
+}
+
+}  // namespace studio
