@@ -3,13 +3,13 @@
 #include "FileWriting.h"
 #include <CorvexMaterial/Status.h>
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
-
-#include <unistd.h>
 
 namespace studio {
 namespace {
@@ -23,7 +23,7 @@ std::string NewName(const std::string& folder)
     static std::atomic<int> number = 0;
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now).count();
-    return folder + '/' + std::to_string(seconds) + '-' + std::to_string(::getpid()) + '-' +
+    return folder + '/' + std::to_string(seconds) + '-' + std::to_string(QCoreApplication::applicationPid()) + '-' +
            std::to_string(++number);
 }
 
