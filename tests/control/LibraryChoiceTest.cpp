@@ -1,4 +1,5 @@
 #include "LibraryFixture.h"
+#include "TextureMessages.h"
 
 namespace {
 
@@ -102,9 +103,7 @@ TEST_F(TextureLibrary, ActiveRaytracingMaterialRefusesEveryTexture)
     Browser().listener->ItemSelected(0);
     ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
     EXPECT_EQ(rig.platform.prompts.shown[0].icon, PromptIcon::Exclamation);
-    EXPECT_EQ(rig.platform.prompts.shown[0].title, "Corvex");
-    EXPECT_EQ(rig.platform.prompts.shown[0].text,
-              "The primary texture is disabled because a raytracing material is active.");
+    EXPECT_EQ(rig.platform.prompts.shown[0].text, CorvexMaterial::kPrimaryTextureDisabled);
     EXPECT_EQ(rig.log.CountOf("TextureLibrary.SelectedLibraryTexture"), 0U);
     EXPECT_EQ(Previewed().primary, "/t/simulation.png");
 }

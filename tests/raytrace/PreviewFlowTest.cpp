@@ -63,9 +63,7 @@ TEST_F(PreviewFlow, ErrorsOfThePreviewItselfAreItsOwnBox)
         rig.Press("cmdPreview");
         SCOPED_TRACE(call);
         ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
-        EXPECT_EQ(rig.platform.prompts.shown.front().text,
-                  "An error occurred while raytracing. Restarting your system may resolve this "
-                  "problem. Corvex will now close.");
+        EXPECT_EQ(rig.platform.prompts.shown.front().text, kPreviewFailed);
         EXPECT_EQ(rig.platform.prompts.shown.front().icon, PromptIcon::Critical);
         ExpectCleanEnd();
     }

@@ -1,4 +1,6 @@
 #include "FakeRaytracer.h"
+#include "RaytraceMessages.h"
+#include "TextureMessages.h"
 #include <CorvexMaterial/WarningCatalogue.h>
 
 namespace {
@@ -64,8 +66,7 @@ TEST_F(Simulation, OfAPatternBecomesThePrimaryTextureAndLocksItAlone)
     }
     rig.Press("cmdTexturePopup");
     ASSERT_EQ(rig.platform.prompts.shown.size(), 1U);
-    EXPECT_EQ(rig.platform.prompts.shown[0].text,
-              "The primary texture is disabled because a raytracing material is active.");
+    EXPECT_EQ(rig.platform.prompts.shown[0].text, kPrimaryTextureDisabled);
     tabs.setCurrentIndex(2);
     for (const char* name : {"cmdSelectTexture", "cmdDeleteTexture", "imgTexture_1", "tabChannels",
                              "txtAmbient", "txtSpecular"}) {
@@ -143,11 +144,11 @@ TEST_F(Simulation, ThatFailsClosesWithOkAndNoTexture)
     auto& platform = rig.platform;
     auto& program = rig.host.applicationState.povRayProgram;
     const std::string installed = program;
-    const auto expectBox = [&](const char* box) {
+    const auto expectBox = [&](std::string_view box) {
         Accept("cboColorPattern", "Wood");
-        EXPECT_EQ(platform.prompts.shown.size(), *box == '\0' ? 0U : 1U);
+        EXPECT_EQ(platform.prompts.shown.size(), box.empty() ? 0U : 1U);
         for (const Message& shown : platform.prompts.shown) {
-            EXPECT_TRUE(shown.text.starts_with(box)) << shown.text;
+            EXPECT_EQ(shown.text, box);
         }
         EXPECT_EQ(rig.Previewed().RayTrace.ColorPattern, 22);
         EXPECT_EQ(rig.Previewed().Textures.primary, "");
@@ -165,15 +166,15 @@ TEST_F(Simulation, ThatFailsClosesWithOkAndNoTexture)
         rig.log.Clear();
     };
     platform.processes.exitCode = 1;
-    expectBox("Errors occurred while Raytracing.");
+    expectBox(kRaytracerFailed);
     platform.temporaryFiles.imagesAreMade = false;
-    expectBox("Errors occurred while Raytracing.");
+    expectBox(kRaytracerFailed);
     rig.log.FailEach("SceneExporter.ExportRaytraceScene", Fault::UnknownObject);
-    expectBox("An error occurred while raytracing.");
+    expectBox(kPreviewFailed);
     platform.imageFormats.available = false;
-    expectBox("In order to use this feature Microsoft's GDI+ must be installed.");
+    expectBox(kJpegWriterMissing);
     rig.log.FailEach("RaytraceServices.SaveAsJpeg", Fault::ClassifiedError);
-    expectBox("In order to use this feature Microsoft's GDI+ must be installed.");
+    expectBox(kJpegWriterMissing);
     program.clear();
     expectBox("");
 }
