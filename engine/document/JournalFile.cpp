@@ -23,8 +23,8 @@ std::string NewName(const std::string& folder)
     static std::atomic<int> number = 0;
     const auto now = std::chrono::system_clock::now().time_since_epoch();
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(now).count();
-    return folder + '/' + std::to_string(seconds) + '-' + std::to_string(QCoreApplication::applicationPid()) + '-' +
-           std::to_string(++number);
+    return folder + '/' + std::to_string(seconds) + '-' +
+           std::to_string(QCoreApplication::applicationPid()) + '-' + std::to_string(++number);
 }
 
 }  // namespace
