@@ -98,6 +98,7 @@ public:
                                                              "format's first version.")
                                               .toStdString());
         }
+        RequireOwnMaterials(m_source, Count("materials"));
         KnowTextures();
         for (std::size_t i = 0; i < Own(); ++i) {
             PatchMaterial(i);

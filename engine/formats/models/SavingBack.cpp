@@ -5,7 +5,6 @@
 #include "Formats.h"
 #include "LastingPicture.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -13,19 +12,11 @@
 namespace studio {
 namespace {
 
-std::string InterchangeSentence(const char* text)
-{
-    return QCoreApplication::translate("Interchange", text).toStdString();
-}
-
 void RequireAsRead(const MaterialSource& source)
 {
     for (const FileMark& file : source.files) {
         if (!file.StillHolds()) {
-            RefuseDocument(file.path, InterchangeSentence(QT_TRANSLATE_NOOP(
-                                          "Interchange",
-                                          "it is no longer the file that was opened. Open it again "
-                                          "to save materials back into it.")));
+            RefuseChanged(file.path);
         }
     }
 }

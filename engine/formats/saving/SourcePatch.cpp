@@ -3,6 +3,7 @@
 #include "DocumentFile.h"
 #include "FileClaim.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFileInfo>
 
@@ -22,6 +23,22 @@ QByteArray HashOf(const std::string& path)
 }
 
 }  // namespace
+
+void RefuseChanged(const std::string& path)
+{
+    RefuseDocument(path, QCoreApplication::translate(
+                             "Interchange", "it is no longer the file that was opened. Open it "
+                                            "again to save materials back into it.")
+                             .toStdString());
+}
+
+void RequireOwnMaterials(const MaterialSource& source, std::size_t count)
+{
+    const std::size_t all = source.asRead.materials.size();
+    if (count != all && count + 1 != all) {
+        RefuseChanged(source.path);
+    }
+}
 
 FileMark MarkOf(const std::string& path)
 {

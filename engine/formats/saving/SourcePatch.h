@@ -39,6 +39,10 @@ struct MaterialSource {
     std::vector<ShapePlace> places = {};  ///< of the shapes
 };
 
+[[noreturn]] void RefuseChanged(const std::string& path);
+/// That the source has so many materials of its own. Errors: FileFailed.
+void RequireOwnMaterials(const MaterialSource& source, std::size_t count);
+
 /// Only what is to be written has its images in files of a type that the format knows.
 enum class PatchFor { Showing, Writing };
 

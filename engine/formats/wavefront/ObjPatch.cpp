@@ -130,9 +130,7 @@ public:
 
     SourcePatch Make()
     {
-        if (m_written.size() > m_source.asRead.materials.size()) {
-            RefuseDocument(m_source.path, "its libraries are no longer those that were read");
-        }
+        RequireOwnMaterials(m_source, m_written.size());
         PatchLibraries();
         for (std::size_t i = m_written.size(); i < m_now.materials.size(); ++i) {
             const bool isPlain = i < m_source.asRead.materials.size();
@@ -231,7 +229,7 @@ private:
         const std::string_view text(m_bytes.constData(), static_cast<std::size_t>(m_bytes.size()));
         const ObjFile file = ParseObj(text);
         if (file.parts.size() != m_now.ofShape.size()) {
-            RefuseDocument(m_source.path, "it is no longer the model that was read");
+            RefuseChanged(m_source.path);
         }
         m_patch.files.push_back({m_source.path, QByteArray::fromStdString(Dressed(text, file))});
     }
