@@ -9,6 +9,7 @@
 #include "RenderService.h"
 #include "SampleFolder.h"
 #include "Testing.h"
+#include "UnitVector.h"
 
 // Scenes out into a file and in again: the same is seen, and known by the same names.
 
@@ -127,6 +128,15 @@ TEST_P(SceneExport, KeepsPlacesNormalsMaterialsAndNames)
         const studio::Mesh is = InWorld(*in[i]);
         const studio::Mesh should = InWorld(*out[i]);
         ASSERT_EQ(is.indices.size(), should.indices.size());
+        for (std::size_t first = 0; first < is.indices.size(); first += 3) {
+            const auto at = [&](std::size_t corner) {
+                const auto& [x, y, z] = is.vertices[is.indices[first + corner]].position;
+                return QVector3D(x, y, z);
+            };
+            const auto& [x, y, z] = is.vertices[is.indices[first]].normal;
+            const QVector3D front = studio::FaceNormal(at(0), at(1), at(2));
+            ASSERT_GT(QVector3D::dotProduct(front, {x, y, z}), 0.5F) << "a back in front";
+        }
         for (std::size_t corner = 0; corner < is.indices.size(); ++corner) {
             const studio::Vertex& a = is.vertices[is.indices[corner]];
             const studio::Vertex& b = should.vertices[should.indices[corner]];
@@ -140,6 +150,7 @@ TEST_P(SceneExport, KeepsPlacesNormalsMaterialsAndNames)
         EXPECT_EQ(in[i]->Material().Color, out[i]->Material().Color);
         EXPECT_EQ(in[i]->Material().Specular, out[i]->Material().Specular);
     }
+    EXPECT_TRUE(in[2]->WorldFromMesh().isIdentity()) << "many readers know no slanted matrix";
     const bool isObj = IsObj();
     EXPECT_EQ(in[0]->Name(), isObj ? "Mittel_\u00c4__1" : "Mittel \u00c4 #1");
     EXPECT_EQ(in[1]->Name(), isObj ? "b_f_1_2_3" : "b f 1 2 3");
@@ -180,7 +191,8 @@ TEST_P(SceneExport, ShowsWhatWasShownHoweverItIsWrapped)
         material.TilesPerUnit = 2.0F;
         material.WrapOrientationU = kind >= 3;
         material.WrapOrientationV = kind >= 6;
-        if (kind == 4 || kind == 5) {
+        const bool isCropped = kind == 4 || kind == 5;
+        if (isCropped) {
             material.Placement = {0.25F, 0.125F, 0.5F, 0.5F};
         }
         AppliedMaterial applied = Named("worn", material, CorvexSG::CoordinateMode::FromWrap);
@@ -197,6 +209,13 @@ TEST_P(SceneExport, ShowsWhatWasShownHoweverItIsWrapped)
         EXPECT_LT(Different(before, Picture(in, camera)), 6);
         EXPECT_EQ(in[0]->Applied().coordinates, CorvexSG::CoordinateMode::FromMesh);
         EXPECT_EQ(in[1]->Applied().coordinates, CorvexSG::CoordinateMode::FromWrap);
+        EXPECT_EQ(in[0]->Material().Wrap, CorvexDB::WrapType::Spherical)
+            << "tiles that are in the coordinates already";
+        EXPECT_THAT(in[0]->Material().Textures.primary, testing::EndsWith(IsObj() ? "bmp" : "png"));
+        for (const studio::Vertex& vertex : in[0]->SharedMesh()->vertices) {
+            const auto [low, high] = std::minmax(vertex.uv[0], vertex.uv[1]);
+            ASSERT_TRUE(!isCropped || (low > -0.001F && high < 1.001F)) << "beside the crop";
+        }
     }
     EXPECT_EQ(m_report.Count(studio::Outcome::Dropped), 0U);
     EXPECT_TRUE(std::ranges::none_of(m_report.Rows(), [](const studio::ReportRow& row) {
