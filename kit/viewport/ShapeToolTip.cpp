@@ -31,11 +31,14 @@ QString ColourText(CorvexMaterial::Colour colour)
     return QColor(bytes.red, bytes.green, bytes.blue).name();
 }
 
-QString ShapeToolTipText(const std::string& shapeName, const CorvexDB::udtMaterial& material,
-                         const std::vector<std::string>& fieldNames)
+QString ShapeToolTip::TextOf(const std::shared_ptr<StudioShape>& shape) const
 {
+    const CorvexDB::udtMaterial& material = shape->Material();
     QString text =
-        QStringLiteral("<b>%1</b>").arg(QString::fromStdString(shapeName).toHtmlEscaped());
+        QStringLiteral("<b>%1</b>").arg(QString::fromStdString(shape->Name()).toHtmlEscaped());
+    if (const QString name = m_materialText(shape); !name.isEmpty()) {
+        text += Row(Tr("Material"), name);
+    }
     text += Row(Tr("Color"), ColourText(material.Color));
     if (!material.Plugin.empty()) {
         text += Row(Tr("Plug-in"), QString::fromStdString(material.Plugin));
@@ -43,19 +46,21 @@ QString ShapeToolTipText(const std::string& shapeName, const CorvexDB::udtMateri
         const QString file = QString::fromStdString(material.Textures.primary);
         text += Row(Tr("Texture"), QFileInfo(file).fileName());
     }
-    const std::size_t count = std::min(fieldNames.size(), material.CustomFields.size());
+    const std::vector<std::string> names = m_fieldNames();
+    const std::size_t count = std::min(names.size(), material.CustomFields.size());
     for (std::size_t i = 0; i < count; ++i) {
-        if (!fieldNames[i].empty() && !material.CustomFields[i].empty()) {
-            text += Row(QString::fromStdString(fieldNames[i]),
+        if (!names[i].empty() && !material.CustomFields[i].empty()) {
+            text += Row(QString::fromStdString(names[i]),
                         QString::fromStdString(material.CustomFields[i]));
         }
     }
     return text;
 }
 
-ShapeToolTip::ShapeToolTip(ViewportWidget& viewport, Pick pick, FieldNames fieldNames)
+ShapeToolTip::ShapeToolTip(ViewportWidget& viewport, Pick pick, MaterialText materialText,
+                           FieldNames fieldNames)
     : QObject(&viewport), m_viewport(viewport), m_pick(std::move(pick)),
-      m_fieldNames(std::move(fieldNames))
+      m_materialText(std::move(materialText)), m_fieldNames(std::move(fieldNames))
 {
     m_viewport.installEventFilter(this);
 }
@@ -70,9 +75,7 @@ bool ShapeToolTip::eventFilter(QObject* /*watched*/, QEvent* event)
     if (shape == nullptr) {
         QToolTip::hideText();
     } else {
-        QToolTip::showText(help->globalPos(),
-                           ShapeToolTipText(shape->Name(), shape->Material(), m_fieldNames()),
-                           &m_viewport);
+        QToolTip::showText(help->globalPos(), TextOf(shape), &m_viewport);
     }
     return true;
 }

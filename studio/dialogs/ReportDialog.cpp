@@ -4,6 +4,7 @@
 #include "ui_ReportDialog.h"
 
 #include <QHeaderView>
+#include <QPushButton>
 
 #include <algorithm>
 
@@ -27,6 +28,17 @@ ReportDialog::ReportDialog(const QString& title, const QString& summary, const R
 }
 
 ReportDialog::~ReportDialog() = default;
+
+void ReportDialog::TellMissing(std::size_t textures)
+{
+    m_ui->summary->setText(m_ui->summary->text() + u'\n' +
+                           tr("Textures that are missing: %1.").arg(textures));
+    QPushButton* find = m_ui->buttons->addButton(tr("&Find..."), QDialogButtonBox::AcceptRole);
+    connect(find, &QPushButton::clicked, this, [this] {
+        accept();
+        Q_EMIT SearchWanted();
+    });
+}
 
 // By the first rows only: a large library has very many.
 void ReportDialog::FitColumns()

@@ -23,6 +23,13 @@ public:
                  QWidget* parent = nullptr);
     ~ReportDialog() override;
 
+    /// That so many textures are missing, and a button that closes the dialog and has them looked
+    /// for.
+    void TellMissing(std::size_t textures);
+
+Q_SIGNALS:
+    void SearchWanted();
+
 private:
     void FitColumns();
 

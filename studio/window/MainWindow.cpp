@@ -6,8 +6,10 @@
 #include "FileOpening.h"
 #include "HistoryMenu.h"
 #include "MaterialExchange.h"
+#include "MaterialNaming.h"
 #include "ModelFiles.h"
 #include "OpenDocument.h"
+#include "OpeningReport.h"
 #include "OptionsDialog.h"
 #include "OptionsEditing.h"
 #include "PanelDock.h"
@@ -21,6 +23,7 @@
 #include "StudioIcon.h"
 #include "StudioSettings.h"
 #include "TextureFinder.h"
+#include "TextureKeeping.h"
 #include "WindowMessages.h"
 #include "WorkRecovery.h"
 
@@ -52,14 +55,15 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
           std::move(clock))),
       m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
       m_exchange(std::make_unique<MaterialExchange>(host, importer, *this)),
+      m_openingReport(std::make_unique<OpeningReport>(
+          OpeningReport::Parts{*m_messages, *m_scene, *m_exchange})),
       m_work(std::make_unique<DocumentWork>(*this)),
       m_document(
           std::make_unique<OpenDocument>(OpenDocument::Parts{host, *m_scene, m_history, *m_work})),
       m_documentMenu(
           std::make_unique<DocumentMenu>(DocumentMenu::Parts{*m_document, *m_messages, *this})),
       m_models(std::make_unique<ModelFiles>(
-          ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *m_exchange, *this},
-          std::move(importer))),
+          ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *this}, std::move(importer))),
       m_recovery(std::make_unique<WorkRecovery>(
           WorkRecovery::Parts{host, *m_messages, *m_scene, m_history, *m_document, *this})),
       m_opening(std::make_unique<FileOpening>(host.Settings(), *this)),
@@ -72,6 +76,10 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_textures(std::make_unique<TextureFinder>(
           TextureFinder::Parts{*m_messages, m_scene->Scene(), m_panel->Link(),
                                [this] { return m_opening->Folder(); }, *this})),
+      m_keeping(std::make_unique<TextureKeeping>(TextureKeeping::Parts{
+          *m_document, *m_documentMenu, *m_work, *m_messages, *m_scene, m_panel->Link()})),
+      m_naming(std::make_unique<MaterialNaming>(
+          MaterialNaming::Parts{*m_messages, *m_scene, m_panel->Link(), *this})),
       m_options(std::make_unique<OptionsEditing>(
           OptionsEditing::Parts{host, platform.processes, *m_messages, *m_scene, *m_panel, *this}))
 {
@@ -90,13 +98,17 @@ void MainWindow::ConnectParts()
     m_libraries->DropOn(*m_scene);
     ConnectFiles();
     connect(m_exchange.get(), &MaterialExchange::Refused, m_messages.get(), &WindowMessages::Tell);
+    connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
+            &TextureFinder::ChooseFolder);
+    // A step may have given the selected shapes another material.
+    connect(&m_history, &QUndoStack::indexChanged, m_scene.get(), &ScenePane::TellSelection);
     connect(m_exchange.get(), &MaterialExchange::Imported, m_libraries.get(),
             &PanelLibraries::ShowImported);
 }
 
 void MainWindow::ConnectFiles()
 {
-    connect(m_models.get(), &ModelFiles::ModelShown, m_saving.get(), &SourceSaving::Remember);
+    connect(m_models.get(), &ModelFiles::Opened, m_saving.get(), &SourceSaving::Remember);
     m_opening->AcceptDropsOn(*this);
     // A floating panel is a window of its own, but what is dropped on it is for this one.
     m_opening->AcceptDropsOn(m_panel->Dock());
@@ -129,9 +141,19 @@ void MainWindow::ConnectFiles()
         m_recovery->GiveUp();
         Q_EMIT SceneRefused(message);
     };
-    connect(m_models.get(), &ModelFiles::Opened, this, opened);
+    connect(m_models.get(), &ModelFiles::Opened, this,
+            [this, opened](const QString& file, const ImportedModel& model) {
+                m_openingReport->Tell(tr("Model Opened"), model.report);
+                opened(file);
+            });
     connect(m_models.get(), &ModelFiles::Refused, this, refused);
-    connect(m_documentMenu.get(), &DocumentMenu::Opened, this, opened);
+    connect(m_documentMenu.get(), &DocumentMenu::Opened, this,
+            [this, opened](const QString& file, const QStringList& problems) {
+                const QString reason = m_document->ReadOnlyReason();
+                m_openingReport->Tell(tr("Document Opened"), problems,
+                                      reason.isEmpty() ? reason : tr("Read-only: %1.").arg(reason));
+                opened(file);
+            });
     connect(m_documentMenu.get(), &DocumentMenu::Refused, this, refused);
     connect(m_documentMenu.get(), &DocumentMenu::Saved, m_opening.get(), &FileOpening::Remember);
 }
@@ -150,6 +172,7 @@ void MainWindow::BuildMenus()
     m_saving->AddTo(*file);
     m_recovery->AddTo(*file);
     file->addSeparator();
+    m_keeping->AddTo(*file);
     m_textures->AddTo(*file);
     file->addSeparator();
     m_raytracing->AddTo(*file);
@@ -163,6 +186,8 @@ void MainWindow::BuildMenus()
     AddHistory(*edit, m_history, HistoryKeys::Standard);
     edit->addSeparator();
     m_scene->AddSelectionTo(*edit);
+    edit->addSeparator();
+    m_naming->AddTo(*edit);
     edit->addSeparator();
     m_options->AddTo(*edit);
 

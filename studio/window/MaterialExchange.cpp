@@ -187,11 +187,13 @@ void MaterialExchange::Export(const QString& file)
     });
 }
 
-QString MaterialExchange::Keep(const QString& title, const Report& report, std::size_t materials)
+QString MaterialExchange::Keep(const QString& title, const Report& report, std::size_t materials,
+                               std::size_t missingTextures)
 {
     m_title = title;
     m_summary = SummaryOf(report, materials);
     m_report = report;
+    m_missingTextures = missingTextures;
     m_lastReport->setEnabled(true);
     return report.Count(Outcome::Mapped) == report.Rows().size() ? QString() : m_summary;
 }
@@ -206,6 +208,11 @@ void MaterialExchange::ShowLast()
 {
     auto* dialog = new ReportDialog(m_title, m_summary, m_report, &m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_missingTextures > 0) {
+        dialog->TellMissing(m_missingTextures);
+        connect(dialog, &ReportDialog::SearchWanted, this, &MaterialExchange::SearchWanted,
+                Qt::QueuedConnection);
+    }
     dialog->open();
 }
 

@@ -32,15 +32,19 @@ public:
     void Export(const QString& file);
     /// Keeps what became of materials that came in another way, to be shown when it is asked for.
     /// Returns a summary; empty when nothing was lost.
-    QString Keep(const QString& title, const Report& report, std::size_t materials);
+    QString Keep(const QString& title, const Report& report, std::size_t materials,
+                 std::size_t missingTextures = 0);
     /// The same, and shows it.
     void Show(const QString& title, const Report& report, std::size_t materials);
+    void ShowLast();
 
 Q_SIGNALS:
     /// The open library has new entries.
     void Imported(const studio::LibraryChange& change);
     /// Something could not be done; a person has to know.
     void Refused(const QString& message);
+    /// Missing textures are to be looked for.
+    void SearchWanted();
 
 private:
     void ChooseImport();
@@ -53,7 +57,6 @@ private:
     Read(const QString& file, const std::string& pictureFolder, Report& report);
     [[nodiscard]] std::optional<std::vector<NewEntry>>
     EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
-    void ShowLast();
 
     StudioHost& m_host;
     ImportProgram m_importer;
@@ -62,6 +65,7 @@ private:
     QAction* m_lastReport = nullptr;
     QString m_title;
     QString m_summary;
+    std::size_t m_missingTextures = 0;
     Report m_report;
 };
 

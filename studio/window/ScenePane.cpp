@@ -1,5 +1,6 @@
 #include "ScenePane.h"
 
+#include "MaterialNames.h"
 #include "Picking.h"
 #include "ShapeToolTip.h"
 #include "StudioHost.h"
@@ -29,6 +30,7 @@ ScenePane::ScenePane(StudioHost& host, WindowMessages& messages, QMainWindow& wi
     });
     new ShapeToolTip(
         *m_viewport, [this](QPoint position) { return ShapeAt(position); },
+        [this](const std::shared_ptr<StudioShape>& shape) { return MaterialText(shape); },
         [&host] { return host.Get().customFields.GetCustomMaterialFieldNames(); });
     connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
     connect(&m_selection, &Selection::Changed, this, &ScenePane::TellSelection);
@@ -42,17 +44,29 @@ ScenePane::~ScenePane()
     m_scene.MarkSelection(nullptr);
 }
 
+QString ScenePane::MaterialText(const std::shared_ptr<StudioShape>& shape) const
+{
+    const auto& identity = shape->Applied().identity;
+    if (identity == nullptr) {
+        return {};
+    }
+    const QString name = QString::fromStdString(identity->name);
+    const std::size_t sharers = Sharers({shape}, m_scene.All()).size();
+    return sharers == 1 ? name : tr("%1, shared by %2 shapes").arg(name).arg(sharers);
+}
+
 void ScenePane::TellSelection()
 {
     const StudioScene::Shapes& shapes = m_selection.All();
     if (shapes.empty()) {
         m_messages.SetLasting(tr("Click a shape to select it"));
-    } else if (shapes.size() == 1) {
-        m_messages.SetLasting(
-            tr("%1 selected").arg(QString::fromStdString(shapes.front()->Name())));
-    } else {
-        m_messages.SetLasting(tr("%1 shapes selected").arg(shapes.size()));
+        return;
     }
+    const QString what = shapes.size() == 1 ? QString::fromStdString(shapes.front()->Name())
+                                            : tr("%1 shapes").arg(shapes.size());
+    const QString material = MaterialText(m_selection.Latest());
+    m_messages.SetLasting(material.isEmpty() ? tr("%1 selected").arg(what)
+                                             : tr("%1 selected (%2)").arg(what, material));
 }
 
 void ScenePane::Show(StudioScene::Shapes shapes)

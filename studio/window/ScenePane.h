@@ -36,8 +36,12 @@ public:
     void AddSelectionTo(QMenu& menu);
     void AddFramingTo(QMenu& menu);
 
-private:
+    /// On the status line: what is selected and what it wears.
     void TellSelection();
+
+private:
+    /// Its name and how many shapes share it; empty for a material without a name.
+    [[nodiscard]] QString MaterialText(const std::shared_ptr<StudioShape>& shape) const;
     void Frame(StudioScene& scene);
 
     WindowMessages& m_messages;

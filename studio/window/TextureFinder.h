@@ -34,9 +34,9 @@ public:
     void AddTo(QMenu& menu);
     /// Looks below the folder and offers what it finds.
     void FindIn(const QString& folder);
+    void ChooseFolder();
 
 private:
-    void ChooseFolder();
     void Replace(const std::vector<TextureReplacement>& chosen);
 
     Parts m_parts;

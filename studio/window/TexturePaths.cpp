@@ -31,19 +31,26 @@ FoundPaths ByMissingPath(const std::vector<TextureReplacement>& replacements)
 
 }  // namespace
 
-std::vector<std::string> MissingTexturePaths(const ShapeList& shapes)
+std::vector<std::string> TexturePathsOf(const ShapeList& shapes)
 {
-    std::vector<std::string> missing;
+    std::vector<std::string> paths;
     std::set<std::string> seen;
     for (const auto& shape : shapes) {
         for (const auto& layer : kTextureLayers) {
             const std::string& path = shape->Material().Textures.*layer.file;
-            if (!path.empty() && seen.insert(path).second && !IsFile(path)) {
-                missing.push_back(path);
+            if (!path.empty() && seen.insert(path).second) {
+                paths.push_back(path);
             }
         }
     }
-    return missing;
+    return paths;
+}
+
+std::vector<std::string> MissingTexturePaths(const ShapeList& shapes)
+{
+    std::vector<std::string> paths = TexturePathsOf(shapes);
+    std::erase_if(paths, IsFile);
+    return paths;
 }
 
 std::vector<ShapeChange> TextureChanges(const ShapeList& shapes,

@@ -5,7 +5,9 @@
 
 namespace studio {
 
-/// Texture paths of all layers that are no files, each once, in the order of the shapes.
+/// Texture paths of all layers, each once, in the order of the shapes.
+[[nodiscard]] std::vector<std::string> TexturePathsOf(const ShapeList& shapes);
+/// Those that are no files.
 [[nodiscard]] std::vector<std::string> MissingTexturePaths(const ShapeList& shapes);
 
 /// What putting the found paths in place of the missing ones does to each shape concerned; nothing

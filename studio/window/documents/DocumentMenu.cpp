@@ -80,9 +80,6 @@ void DocumentMenu::Read(const QString& file)
         return;
     }
     Q_EMIT Opened(m_parts.document.Path(), problems);
-    if (const QString reason = m_parts.document.ReadOnlyReason(); !reason.isEmpty()) {
-        m_parts.messages.Show(tr("%1 is read-only: %2.").arg(m_parts.document.Name(), reason));
-    }
 }
 
 void DocumentMenu::Revert()

@@ -1,7 +1,6 @@
 #include "ModelFiles.h"
 
 #include "DefaultScene.h"
-#include "MaterialExchange.h"
 #include "ModelOpener.h"
 #include "ModelShapes.h"
 #include "NamedMaterials.h"
@@ -9,7 +8,6 @@
 #include "ScenePane.h"
 #include "StudioApplicationState.h"
 #include "StudioHost.h"
-#include "TexturePaths.h"
 #include "ViewportWidget.h"
 #include "WindowMessages.h"
 
@@ -61,26 +59,7 @@ void ModelFiles::Show(const QString& file, const ImportedModel& model)
     m_parts.document.ShowUntitled(QFileInfo(file).fileName(), ShapesOf(model),
                                   SourceModelAt(file.toStdString()));
     m_parts.messages.Log(QStringLiteral("Opened ") + file);
-    TellOf(model);
-    Q_EMIT ModelShown(file, model);
-    Q_EMIT Opened(file);
-}
-
-void ModelFiles::TellOf(const ImportedModel& model)
-{
-    const StudioScene::Shapes& shapes = m_parts.scene.Scene().All();
-    QStringList told{shapes.size() == 1 ? tr("1 shape.") : tr("%1 shapes.").arg(shapes.size())};
-    if (const std::size_t missing = MissingTexturePaths(shapes).size(); missing > 0) {
-        told << tr("Textures that are missing: %1. File > Find Missing Textures looks for them.")
-                    .arg(missing);
-    }
-    const QString losses =
-        m_parts.exchange.Keep(tr("Model Opened"), model.report, model.materials.size());
-    if (!losses.isEmpty()) {
-        told << losses << tr("File > Last Report tells more.");
-        m_parts.messages.Log(losses);
-    }
-    m_parts.messages.Show(told.join(u' '));
+    Q_EMIT Opened(file, model);
 }
 
 void ModelFiles::Refuse(const QString& file, const QString& message)

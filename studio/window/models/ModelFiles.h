@@ -8,7 +8,6 @@ class QWidget;
 
 namespace studio {
 
-class MaterialExchange;
 class ModelOpener;
 class OpenDocument;
 class ScenePane;
@@ -26,7 +25,6 @@ public:
         WindowMessages& messages;
         ScenePane& scene;
         OpenDocument& document;
-        MaterialExchange& exchange;  ///< keeps the report
         QWidget& window;
     };
 
@@ -37,14 +35,12 @@ public:
 
 Q_SIGNALS:
     /// The scene has the model's shapes.
-    void ModelShown(const QString& file, const studio::ImportedModel& model);
-    void Opened(const QString& file);
+    void Opened(const QString& file, const studio::ImportedModel& model);
     /// The message has been shown to the user. No file when he cancelled it himself.
     void Refused(const QString& file, const QString& message);
 
 private:
     void Show(const QString& file, const ImportedModel& model);
-    void TellOf(const ImportedModel& model);
     void Refuse(const QString& file, const QString& message);
 
     Parts m_parts;

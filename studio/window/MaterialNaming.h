@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+
+class QMenu;
+class QWidget;
+
+namespace studio {
+
+class MaterialLink;
+class ScenePane;
+class WindowMessages;
+
+/// Lets the user name the materials of the selected shapes, and say which shapes share one.
+class MaterialNaming : public QObject {
+    Q_OBJECT
+
+public:
+    /// What it works with; all of it outlives this object.
+    struct Parts {
+        WindowMessages& messages;
+        ScenePane& scene;
+        MaterialLink& link;
+        QWidget& window;
+    };
+
+    explicit MaterialNaming(const Parts& parts) : m_parts(parts) {}
+
+    void AddTo(QMenu& menu);
+    /// Of all that share a material with one of the selected shapes.
+    void Rename(const QString& name);
+
+private:
+    void AskForName();
+    void MakeUnique();
+
+    Parts m_parts;
+};
+
+}  // namespace studio
