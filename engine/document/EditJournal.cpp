@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QDateTime>
+#include <QPainter>
 
 #include <chrono>
 #include <condition_variable>
@@ -22,6 +23,7 @@ constexpr auto kGathering = 150ms;
 /// After which a disk that refused is asked again.
 constexpr auto kPatience = 3s;
 constexpr QSize kPictureSize(256, 192);
+constexpr QRgb kBehindPicture = qRgb(56, 61, 69);
 
 std::int64_t Now()
 {
@@ -62,7 +64,8 @@ public:
         m_wake.notify_all();
     }
 
-    void Take(std::vector<EditedShape> shapes, const Camera& camera, std::string_view what)
+    void Take(std::vector<EditedShape> shapes, const Camera& camera, std::string_view what,
+              int count)
     {
         const std::lock_guard lock(m_mutex);
         if (m_next.shapes.empty()) {
@@ -84,7 +87,7 @@ public:
         JournalEdits& edits = m_next.edits;
         const std::int64_t now = Now();
         // As the undo history joins what follows quickly.
-        edits.count += edits.what == what && now - edits.made < 1000 ? 0 : 1;
+        edits.count += edits.what == what && now - edits.made < 1000 ? 0 : count;
         edits.made = now;
         edits.what = what;
         edits.camera = camera;
@@ -237,8 +240,12 @@ private:
         m_pictureWritten = now;
         QByteArray png;
         QBuffer buffer(&png);
-        m_picture.scaled(kPictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-            .save(&buffer, "PNG");
+        const QImage small =
+            m_picture.scaled(kPictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        QImage opaque(small.size(), QImage::Format_RGB32);
+        opaque.fill(kBehindPicture);
+        QPainter(&opaque).drawImage(0, 0, small);
+        opaque.save(&buffer, "PNG");
         m_picture = {};
         try {
             m_file.PutPicture(png);
@@ -310,7 +317,7 @@ void EditJournal::FollowMeshes(const StudioScene::Shapes& shapes)
 }
 
 void EditJournal::Record(const StudioScene::Shapes& shapes, const Camera& camera,
-                         std::string_view what)
+                         std::string_view what, int edits)
 {
     FollowMeshes(shapes);
     std::vector<EditedShape> changed;
@@ -327,7 +334,7 @@ void EditJournal::Record(const StudioScene::Shapes& shapes, const Camera& camera
         }
     }
     if (!changed.empty()) {
-        m_writer->Take(std::move(changed), camera, what);
+        m_writer->Take(std::move(changed), camera, what, edits);
     }
 }
 

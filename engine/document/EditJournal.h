@@ -28,7 +28,8 @@ public:
     /// What was journalled is saved, or not wanted any more; from now on edits count from here.
     void Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes);
     /// Nothing happens unless shapes have changed since the last call.
-    void Record(const StudioScene::Shapes& shapes, const Camera& camera, std::string_view what);
+    void Record(const StudioScene::Shapes& shapes, const Camera& camera, std::string_view what,
+                int edits = 1);
     /// What the scene looks like now, for a person who is asked whether he wants it back.
     void Show(const QImage& picture);
     /// Whether everything is on the disk now.

@@ -79,7 +79,7 @@ void RecoveryDialog::AddRow(const LeftJournal& journal)
         row->setToolTip(column, CorvexMaterial::PlainTip(row->text(column)));
     }
     constexpr int kRowHeight = 80;
-    row->setSizeHint(kWork, {0, kRowHeight});
+    row->setSizeHint(kFrom, {0, kRowHeight});
 }
 
 std::size_t RecoveryDialog::Chosen() const

@@ -1,15 +1,21 @@
 #include "Household.h"
+#include "LeftJournal.h"
 #include "LibraryFile.h"
+#include "ParametricMesh.h"
 #include "QtSettingsStore.h"
+#include "SceneDocument.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 using LongTest::Household;
+using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Le;
 using testing::MatchesRegex;
+using testing::SizeIs;
 
 const QString kSettings = QStringLiteral("home/config/Corvex");
 
@@ -138,6 +144,80 @@ TEST_F(Killing, SettingsWrites)
         EXPECT_EQ(numberOf("Second"), written);
         EXPECT_TRUE(written == last || written == last + 1) << written << " after " << last;
     });
+}
+
+/// The number that the material of both shapes has, in the document and what the journal puts on
+/// it.
+int NumberIn(const QString& document, const QString& folder)
+{
+    auto opened =
+        studio::SceneDocument::Open(document.toStdString(), (folder + "/cache").toStdString());
+    EXPECT_THAT(opened.document.StructureProblems(), IsEmpty());
+    auto left = studio::FindLeftJournals(folder.toStdString());
+    EXPECT_THAT(left.refused, IsEmpty());
+    int number = 0;
+    left.found.emplace_back("", CorvexMaterial::OwnerLock(), studio::JournalContent());
+    for (const studio::LeftJournal& journal : left.found) {
+        std::vector<std::string> problems;
+        const auto content = journal.Restored(opened.content, problems);
+        EXPECT_THAT(problems, IsEmpty());
+        const auto& identity = content.shapes[0].applied.identity;
+        const int one = identity->name.empty() ? 0 : std::stoi(identity->name);
+        EXPECT_EQ(identity, content.shapes[1].applied.identity);
+        number = std::max(number, one);
+    }
+    return number;
+}
+
+TEST_F(Killing, WorkOnADocument)
+{
+    const QString folder = household->PathOf("work-state");
+    const QString document = household->PathOf("documents/scene.corvex");
+    QDir().mkpath(household->PathOf("documents"));
+    studio::SceneContent content;
+    content.shapes.resize(2);
+    content.shapes[0].name = "One";
+    content.shapes[0].mesh = studio::SphereMesh(1.0F);
+    content.shapes[1] = content.shapes[0];
+    content.shapes[1].name = "Other";
+    for (auto& shape : content.shapes) {
+        shape.applied = studio::WholeMaterial({});
+    }
+    std::ignore = studio::SceneDocument::Create(document.toStdString(), content,
+                                                (folder + "/cache").toStdString());
+    const auto arguments = QStringList{document, folder};
+    int number = 0;
+    Kill(200, [&] {
+        QProcess writer;
+        writer.setProcessEnvironment(household->Environment());
+        writer.start(WORK_WRITER, arguments);
+        ASSERT_TRUE(writer.waitForStarted(30000));
+        writer.waitForFinished(static_cast<int>(household->dice() % 900));
+        writer.kill();
+        writer.waitForFinished();
+        ++household->kills;
+        const qint64 killed = QDateTime::currentMSecsSinceEpoch();
+        int earliest = number;
+        int latest = number + 1;
+        for (const QByteArray& line : writer.readAllStandardOutput().split('\n')) {
+            const QByteArrayList words = line.split(' ');
+            if (words.size() == 2 && words[1].toLongLong() < killed - 1000) {
+                earliest = words[0].toInt();
+            }
+            latest = words.size() == 2 ? words[0].toInt() + 1 : latest;
+        }
+        const int found = NumberIn(document, folder);
+        EXPECT_GE(found, earliest);
+        EXPECT_LE(found, latest);
+        number = found;
+    });
+    EXPECT_GT(number, 200);
+    EXPECT_EQ(QProcess::execute(WORK_WRITER, arguments + QStringList{"save"}), 0);
+    EXPECT_EQ(NumberIn(document, folder), number);
+    EXPECT_THAT(household->FilesIn("documents"), ElementsAre("scene.corvex"));
+    EXPECT_THAT(household->FilesIn("work-state/recovery"), IsEmpty());
+    EXPECT_THAT(household->FilesIn("work-state/backups"),
+                AllOf(SizeIs(Le(3)), Each(MatchesRegex("scene-.*[.]corvex"))));
 }
 
 TEST_F(Killing, Exports)

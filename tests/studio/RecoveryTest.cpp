@@ -61,6 +61,7 @@ TEST_F(Recovery, OffersWhatWasNotSavedAndOpensItModified)
     EndUnasked();
     StartAgain();
     ASSERT_NE(Dialog(), nullptr) << "what was recovered is not saved yet";
+    EXPECT_EQ(Dialog()->findChild<QTreeWidget*>("works")->topLevelItem(0)->text(2), "2");
     Press("discard");
     Press("keep");
     EXPECT_THAT(Files("recovery"), IsEmpty());

@@ -204,6 +204,7 @@ void OpenDocument::Write(const QString& file, const std::function<void()>& write
                          : m_parts.host.Settings().Number(kBackupsSetting, kBackupsKept);
     const std::string state = m_parts.host.State().Profile().stateFolder.toStdString();
     QString trouble;
+    Q_EMIT AboutToSave();
     m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(file).fileName()), [&] {
         try {
             BackUpDocument(file.toStdString(), state, kept);

@@ -66,6 +66,7 @@ public:
 Q_SIGNALS:
     /// It is now as its file is, or has none: opened, saved or new.
     void Settled();
+    void AboutToSave();
     /// Saving went on without; for a person.
     void NotBackedUp(const QString& message);
     /// Its name, its being modified or its being read-only may have changed.

@@ -38,6 +38,8 @@ WorkRecovery::WorkRecovery(const Parts& parts)
     m_picture.setInterval(kPictureAge);
     connect(&m_picture, &QTimer::timeout, this,
             [this] { m_journal.Show(m_parts.scene.Viewport().Picture()); });
+    // Whoever is killed just after he has saved is offered nothing older than what he saved.
+    connect(&m_parts.document, &OpenDocument::AboutToSave, this, [this] { m_journal.Flush(); });
     connect(&m_parts.document, &OpenDocument::Settled, this, &WorkRecovery::Begin);
     connect(&m_parts.history, &QUndoStack::indexChanged, this, &WorkRecovery::Record);
 }
@@ -127,7 +129,7 @@ void WorkRecovery::TakeUp(const QString& file)
     std::vector<std::string> problems;
     m_parts.document.TakeOver(journal.Restored(m_parts.document.Content(), problems));
     m_journal.Record(m_parts.scene.Scene().All(), m_parts.scene.Viewport().Camera(),
-                     journal.Edits().what);
+                     journal.Edits().what, journal.Edits().count);
     m_picture.start();
     TellOf(journal, problems);
     // Not before it is somewhere else.
