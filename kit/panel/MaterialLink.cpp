@@ -83,7 +83,7 @@ void MaterialLink::Make(std::vector<ShapeChange> changes)
 }
 
 void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
-                       const CorvexDB::udtMaterial& material)
+                       const CorvexDB::udtMaterial& material, const std::string& name)
 {
     const AppliedMaterial before = shape->Applied();
     const auto coordinates = Differ(before.gathered->material, material, MakesCoordinates)
@@ -94,7 +94,19 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
     gathered->applyMode = before.gathered->applyMode;
     std::vector<ShapeChange> changes{
         {shape, before, {std::move(gathered), coordinates, before.identity}}};
-    SplitShared(changes, m_parts.scene.All());
+    if (name.empty()) {
+        SplitShared(changes, m_parts.scene.All());
+    } else {
+        const bool hasItAlready = before.gathered->material == material &&
+                                  before.identity != nullptr && before.identity->name == name;
+        AppliedMaterial& after = changes.front().after;
+        const auto named = WithMaterial({shape}, material, name, m_parts.scene.All());
+        const AppliedMaterial& shared = hasItAlready ? before : named.front().after;
+        after.identity = shared.identity;
+        if (shared.gathered->applyMode == after.gathered->applyMode) {
+            after.gathered = shared.gathered;
+        }
+    }
     Make(std::move(changes));
 }
 

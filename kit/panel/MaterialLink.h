@@ -32,8 +32,10 @@ public:
 
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
-    /// Gives one shape a material that does not come from the panel, as one undo step.
-    void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material);
+    /// Gives one shape a material that does not come from the panel, as one undo step. With a name
+    /// it is shared with the shapes that have this material already.
+    void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material,
+             const std::string& name = {});
 
 Q_SIGNALS:
     /// Shapes look different now.

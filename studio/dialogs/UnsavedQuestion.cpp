@@ -44,11 +44,12 @@ QString AgeText(qint64 seconds)
 Unsaved AskAboutUnsaved(QWidget& window, const QString& name, const QDateTime& savedAt)
 {
     QMessageBox box(&window);
-    Prepare(box, "unsavedQuestion", Tr("Save the changes to \"%1\"?").arg(name),
-            savedAt.isValid()
-                ? Tr("It was saved %1. What you have changed since is lost if you do not save it.")
-                      .arg(AgeText(savedAt.secsTo(QDateTime::currentDateTime())))
-                : Tr("It was never saved. What you have changed is lost if you do not save it."));
+    Prepare(
+        box, "unsavedQuestion", Tr("Save the changes to \"%1\"?").arg(name),
+        savedAt.isValid()
+            ? Tr("It was saved %1. What you have changed since is lost if you do not save it.")
+                  .arg(AgeText(savedAt.secsTo(QDateTime::currentDateTime())))
+            : Tr("It is in no document yet. What you have changed is lost if you do not save it."));
     box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {

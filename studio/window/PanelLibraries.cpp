@@ -101,7 +101,7 @@ void PanelLibraries::DropOn(ScenePane& scene)
     connect(drops, &ViewportDrops::Hint, &m_messages, &WindowMessages::Show);
     connect(drops, &ViewportDrops::MaterialDropped, link,
             [link](const std::shared_ptr<StudioShape>& shape, const NamedMaterial& dropped) {
-                link->Put(shape, dropped.material);
+                link->Put(shape, dropped.material, dropped.name);
             });
     connect(drops, &ViewportDrops::TextureDropped, link,
             [link](const std::shared_ptr<StudioShape>& shape, const QString& file) {

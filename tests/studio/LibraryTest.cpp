@@ -368,6 +368,15 @@ TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
     ASSERT_NE(hit, shapes.end());
     EXPECT_EQ((*hit)->Applied().gathered->applyMode, CorvexDB::ApplyMode::Relative);
 
+    const auto named = studio::DraggedEntry(Materials(), 0);
+    named->setData("application/x-corvex-material-name", "Gold");
+    for (int again = 0; again < 2; ++again) {
+        ASSERT_TRUE(DropInTheMiddle(*named));
+        EXPECT_EQ((*hit)->Applied().identity->name, "Gold");
+        EXPECT_EQ(History().count(), steps + 2) << "what it has already is no step";
+    }
+    History().undo();
+
     const CorvexTest::SampleFolder folder;
     const QString oak = folder.Write("oak.png", {});
     folder.Write("folder.png/inside.png", {});

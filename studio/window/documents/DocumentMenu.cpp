@@ -38,7 +38,7 @@ void DocumentMenu::ShowMark()
     m_parts.window.setWindowTitle(name + QStringLiteral("[*]") + readOnly + tr(" - Corvex Studio"));
     m_parts.window.setWindowModified(document.IsModified());
     if (m_revert != nullptr) {
-        m_revert->setEnabled(!document.Path().isEmpty() && document.IsModified());
+        m_revert->setEnabled(!document.Path().isEmpty());
     }
 }
 

@@ -190,6 +190,10 @@ void OpenDocument::SaveAs(const QString& path)
 
 void OpenDocument::SaveCopy(const QString& path)
 {
+    if (CanonicalPath(path) == m_path) {
+        Save();
+        return;
+    }
     const SceneContent content = ContentWithPicture();
     Write(CanonicalPath(path), [&] {
         std::ignore = SceneDocument::Create(path.toStdString(), content, PictureFolder());

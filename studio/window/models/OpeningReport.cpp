@@ -5,6 +5,8 @@
 #include "TexturePaths.h"
 #include "WindowMessages.h"
 
+#include <QFileInfo>
+
 #include <set>
 
 namespace studio {
@@ -49,6 +51,13 @@ void OpeningReport::Tell(const QString& title, const QStringList& problems, cons
     Report report;
     for (const QString& problem : problems) {
         report.Add({{}, {}, Outcome::Dropped, problem.toStdString()});
+    }
+    for (const std::string& path : MissingTexturePaths(m_parts.scene.Scene().All())) {
+        report.Add(
+            {{},
+             QFileInfo(QString::fromStdString(path)).fileName().toStdString(),
+             Outcome::Approximated,
+             tr("the image file is missing: %1").arg(QString::fromStdString(path)).toStdString()});
     }
     Tell(title, report, note);
 }
