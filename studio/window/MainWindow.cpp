@@ -18,6 +18,7 @@
 #include "ScenePane.h"
 #include "SceneRaytracing.h"
 #include "SettingNames.h"
+#include "SourceReloading.h"
 #include "SourceSaving.h"
 #include "StudioHost.h"
 #include "StudioIcon.h"
@@ -63,7 +64,11 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
       m_documentMenu(
           std::make_unique<DocumentMenu>(DocumentMenu::Parts{*m_document, *m_messages, *this})),
       m_models(std::make_unique<ModelFiles>(
-          ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *this}, std::move(importer))),
+          ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *this}, importer)),
+      m_reloading(std::make_unique<SourceReloading>(
+          SourceReloading::Parts{host, *m_messages, *m_scene, *m_document, m_history,
+                                 *m_openingReport, *this},
+          std::move(importer))),
       m_recovery(std::make_unique<WorkRecovery>(
           WorkRecovery::Parts{host, *m_messages, *m_scene, m_history, *m_document, *this})),
       m_opening(std::make_unique<FileOpening>(host.Settings(), *this)),
@@ -109,6 +114,8 @@ void MainWindow::ConnectParts()
 void MainWindow::ConnectFiles()
 {
     connect(m_models.get(), &ModelFiles::Opened, m_saving.get(), &SourceSaving::Remember);
+    connect(m_reloading.get(), &SourceReloading::ModelShown, m_saving.get(),
+            &SourceSaving::Remember);
     m_opening->AcceptDropsOn(*this);
     // A floating panel is a window of its own, but what is dropped on it is for this one.
     m_opening->AcceptDropsOn(m_panel->Dock());
@@ -170,6 +177,7 @@ void MainWindow::BuildMenus()
     file->addSeparator();
     m_documentMenu->AddTo(*file);
     m_saving->AddTo(*file);
+    m_reloading->AddTo(*file);
     m_recovery->AddTo(*file);
     file->addSeparator();
     m_keeping->AddTo(*file);

@@ -27,6 +27,7 @@ class PanelLibraries;
 class ScenePane;
 class SceneExchange;
 class SceneRaytracing;
+class SourceReloading;
 class SourceSaving;
 class StudioHost;
 class TextureFinder;
@@ -106,6 +107,7 @@ private:
     std::unique_ptr<OpenDocument> m_document;
     std::unique_ptr<DocumentMenu> m_documentMenu;
     std::unique_ptr<ModelFiles> m_models;
+    std::unique_ptr<SourceReloading> m_reloading;
     std::unique_ptr<WorkRecovery> m_recovery;
     std::unique_ptr<FileOpening> m_opening;
     std::unique_ptr<SceneExchange> m_handing;

@@ -118,10 +118,24 @@ void OpenDocument::Show(StudioScene::Shapes shapes, const SceneContent& content)
         viewport.Draw();
     }
     m_parts.scene.Selected().Set(selected);
-    m_source = content.source;
     m_textures = content.textures;
+    SetSource(content.source);
+}
+
+void OpenDocument::SetSource(const SourceModel& source)
+{
+    m_source = source;
     m_parts.host.State().SetOpenModel(
         m_source.path.empty() ? m_path : QString::fromStdString(m_source.path));
+    Q_EMIT SourceChanged();
+}
+
+void OpenDocument::Exchange(const ShownShapes& shown)
+{
+    m_parts.scene.Show(shown.shapes);
+    m_parts.scene.Viewport().SetHomeCamera(m_parts.scene.Scene().FramedBy(DefaultCamera()));
+    m_parts.scene.Selected().Set(shown.selected);
+    SetSource(shown.source);
 }
 
 void OpenDocument::ShowUntitled(const QString& name, StudioScene::Shapes shapes,

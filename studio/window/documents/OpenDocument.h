@@ -2,6 +2,7 @@
 
 #include "DocumentWork.h"
 #include "SceneDocument.h"
+#include "Selection.h"
 #include "StudioScene.h"
 
 #include <QDateTime>
@@ -16,6 +17,13 @@ namespace studio {
 
 class ScenePane;
 class StudioHost;
+
+/// What a scene shows of a model.
+struct ShownShapes {
+    StudioScene::Shapes shapes;
+    Selection::Shapes selected;
+    SourceModel source;
+};
 
 /// The document that the window works on: which file it is, and whether it is as it was saved.
 /// Whatever reads or writes the file may throw an Error that names it; then nothing has changed.
@@ -53,6 +61,8 @@ public:
     void ShowUntitled(const QString& name, StudioScene::Shapes shapes, const SourceModel& source);
     /// Takes another scene, of a recovery, into the document, which is modified then.
     void TakeOver(const SceneContent& content);
+    /// A step of the history puts other shapes in the place of those shown, or takes them back.
+    void Exchange(const ShownShapes& shown);
 
     /// Returns what could not be taken over, for a person. The document that is open already is
     /// read again.
@@ -64,6 +74,7 @@ public:
     [[nodiscard]] bool IsChangedByOthers();
 
 Q_SIGNALS:
+    void SourceChanged();
     /// It is now as its file is, or has none: opened, saved or new.
     void Settled();
     void AboutToSave();
@@ -74,6 +85,7 @@ Q_SIGNALS:
 
 private:
     void Show(StudioScene::Shapes shapes, const SceneContent& content);
+    void SetSource(const SourceModel& source);
     [[nodiscard]] SceneContent ContentWithPicture() const;
     [[nodiscard]] std::string PictureFolder() const;
     void SettleAt(const QString& path, SceneDocument document);

@@ -15,20 +15,10 @@
 #include <QFileInfo>
 
 namespace studio {
-namespace {
-
-ImportProgram KeepingPictures(ImportProgram importer, std::string folder)
-{
-    importer.pictureFolder = std::move(folder);
-    return importer;
-}
-
-}  // namespace
 
 ModelFiles::ModelFiles(const Parts& parts, ImportProgram importer)
-    : m_parts(parts),
-      m_opener(new ModelOpener(
-          parts.window, KeepingPictures(std::move(importer), parts.host.State().LibraryFolder())))
+    : m_parts(parts), m_opener(new ModelOpener(parts.window, std::move(importer),
+                                               parts.host.State().LibraryFolder()))
 {
     m_opener->setParent(this);
     connect(m_opener, &ModelOpener::Opened, this, &ModelFiles::Show);

@@ -6,9 +6,18 @@
 #include <QSignalBlocker>
 
 namespace studio {
+namespace {
 
-ModelOpener::ModelOpener(QWidget& window, ImportProgram program)
-    : m_window(window), m_import(std::move(program))
+ImportProgram KeepingPictures(ImportProgram program, std::string folder)
+{
+    program.pictureFolder = std::move(folder);
+    return program;
+}
+
+}  // namespace
+
+ModelOpener::ModelOpener(QWidget& window, ImportProgram program, std::string pictureFolder)
+    : m_window(window), m_import(KeepingPictures(std::move(program), std::move(pictureFolder)))
 {
     connect(&m_import, &ModelImport::Finished, this, &ModelOpener::Conclude);
 }

@@ -14,7 +14,8 @@ class ModelOpener : public QObject {
     Q_OBJECT
 
 public:
-    explicit ModelOpener(QWidget& window, ImportProgram program = {});
+    /// Pictures that are inside a model go into `Textures/` in the folder.
+    ModelOpener(QWidget& window, ImportProgram program, std::string pictureFolder);
     ~ModelOpener() override;
 
     /// A reading that still runs is given up, without an announcement.
