@@ -536,9 +536,10 @@ std::vector<std::string> SceneDocument::StructureProblems()
 SourceModel SourceModelAt(const std::string& path)
 {
     const QFileInfo file(QString::fromStdString(path));
+    const std::string absolute = file.absoluteFilePath().toStdString();
     return file.isFile()
-               ? SourceModel{path, file.size(), file.lastModified().toUTC().toMSecsSinceEpoch()}
-               : SourceModel{path, 0, 0};
+               ? SourceModel{absolute, file.size(), file.lastModified().toUTC().toMSecsSinceEpoch()}
+               : SourceModel{absolute, 0, 0};
 }
 
 std::string UnfinishedPath(const std::string& path)

@@ -37,14 +37,16 @@ RecoveryDialog::RecoveryDialog(LeftJournals journals, QWidget* parent)
       m_journals(std::move(journals.found))
 {
     m_ui->setupUi(this);
-    QString summary =
-        tr("Corvex Studio ended before this work was saved. It can be opened as it was "
-           "then, with its changes unsaved. What is kept is offered again at the next "
-           "start, and by File > Recover Unsaved Work.");
-    for (const std::string& refusal : journals.refused) {
-        summary += u'\n' + QString::fromStdString(refusal);
+    QStringList summary;
+    if (!m_journals.empty()) {
+        summary << tr("Corvex Studio ended before this work was saved. It can be opened as it was "
+                      "then, with its changes unsaved. What is kept is offered again at the next "
+                      "start, and by File > Recover Unsaved Work.");
     }
-    m_ui->summary->setText(summary);
+    for (const std::string& refusal : journals.refused) {
+        summary << QString::fromStdString(refusal);
+    }
+    m_ui->summary->setText(summary.join(u'\n'));
     for (const LeftJournal& journal : m_journals) {
         AddRow(journal);
     }

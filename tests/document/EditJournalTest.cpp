@@ -2,6 +2,7 @@
 
 #include "DefaultScene.h"
 #include "DocumentBackup.h"
+#include "FullDisk.h"
 #include "LeftJournal.h"
 #include "SampleFolder.h"
 #include "SampleMaterial.h"
@@ -110,8 +111,10 @@ TEST_F(EditJournalTest, GivesBackWhatWasEditedAndWhatIsShared)
     base.shapes[3].applied = Shared("Base", 6);
     scene[3]->SetApplied(base.shapes[3].applied);
     Begin();
+    scene[0]->Move(1.0F, 0);
     Edit(0, oak, "Oak");
     journal->Flush();
+    scene[0]->Move(-1.0F, 0);
     Edit(1, oak, "Oak again");
     scene[2]->Move(0.25F, 1);
     scene[2]->SetShapeOption(static_cast<std::int32_t>(studio::ShapeOption::Flat));
@@ -235,8 +238,8 @@ TEST_F(EditJournalTest, GoesByNamesOnceTheSceneHasOtherMeshes)
 {
     const auto oak = Shared("Oak", 5);
     Edit(1, oak);
-    const auto others = studio::DefaultShapes();
-    scene = {others[3], others[1]};
+    scene = studio::DefaultShapes();
+    std::swap(scene[0], scene[3]);
     scene[1]->SetApplied(oak);
     Edit(0, Shared("Ash", 6));
     Crash();
@@ -244,7 +247,8 @@ TEST_F(EditJournalTest, GoesByNamesOnceTheSceneHasOtherMeshes)
     const SceneContent content = Left().found.at(0).Restored(base, problems);
     EXPECT_EQ(content.shapes[3].applied.gathered->material.Specular, 6);
     EXPECT_EQ(content.shapes[1].applied.gathered->material.Specular, 5);
-    EXPECT_EQ(content.shapes[0].applied, base.shapes[0].applied);
+    EXPECT_EQ(content.shapes[0].applied.gathered->material,
+              base.shapes[0].applied.gathered->material);
 }
 
 TEST_F(EditJournalTest, TellsOfADiskThatIsFullOnceAndGoesOn)
@@ -260,7 +264,20 @@ TEST_F(EditJournalTest, TellsOfADiskThatIsFullOnceAndGoesOn)
     }
     QFile::remove(folder.PathOf("recovery"));
     Edit(1, Shared("Ash", 1));
-    journal->Flush();
+    EXPECT_TRUE(journal->Flush());
+    const QString file = folder.PathOf(FileOf());
+    const QByteArray before = CorvexTest::ContentOf(file);
+    {
+        const CorvexTest::FullDisk full(100);
+        Edit(1, Shared("Ash", 2));
+        EXPECT_FALSE(journal->Flush());
+        EXPECT_EQ(CorvexTest::ContentOf(file), before);
+    }
+    {
+        const CorvexTest::FullDisk nearlyFull(static_cast<rlim_t>(before.size() + 50));
+        Edit(1, Shared("Ash", 3));
+        EXPECT_TRUE(journal->Flush()) << "in place of what is out of date";
+    }
     Crash();
     const auto left = Left();
     ASSERT_THAT(left.found, SizeIs(1));

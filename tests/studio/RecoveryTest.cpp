@@ -93,14 +93,17 @@ TEST_F(Recovery, ComesBackInTheDocumentAndIsOverOnceSaved)
 
 TEST_F(Recovery, OpensTheModelAgain)
 {
-    rig.Open(QStringLiteral(MODEL_FOLDER "/still-life.obj"));
+    const QString home = QDir::currentPath();
+    rig.Open(QDir().relativeFilePath(QStringLiteral(MODEL_FOLDER "/still-life.obj")));
     Dress(0, "Bronze");
     const auto wanted = rig.Shape(0)->Material();
     EndUnasked();
+    QDir::setCurrent(QDir::rootPath());
     StartAgain();
     QSignalSpy opened(&rig.Window(), &studio::MainWindow::SceneOpened);
     Press("open");
     ASSERT_TRUE(opened.count() > 0 || opened.wait(30000));
+    QDir::setCurrent(home);
     EXPECT_EQ(rig.Shape(0)->Material(), wanted);
     EXPECT_TRUE(rig.Window().Document().IsModified());
     EXPECT_TRUE(rig.prompts.shown.empty());
