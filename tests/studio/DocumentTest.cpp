@@ -150,6 +150,16 @@ TEST_F(Documents, ChangesAreLostOnlyWhenTheUserSaysSo)
     EXPECT_TRUE(rig.Window().close());
 }
 
+TEST_F(Documents, ClosingTheWindowWaitsForASave)
+{
+    bool hasClosedAtOnce = true;
+    QTimer::singleShot(0, [&] { hasClosedAtOnce = rig.Window().close(); });
+    Document().SaveAs(Scene());
+    EXPECT_FALSE(hasClosedAtOnce);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !rig.Window().isVisible(); }));
+    EXPECT_EQ(Read(Scene()).content.shapes.size(), rig.Window().Scene().All().size());
+}
+
 TEST_F(Documents, OneThatAnotherHasOpenIsReadOnlyHere)
 {
     rig.Select({0});
