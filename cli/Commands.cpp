@@ -23,6 +23,17 @@ ExitCode Conclude(const std::optional<QString>& failure)
     return ExitCode::Failed;
 }
 
+/// What the picture goes without is told.
+ExitCode Conclude(decltype(DrawPicture)& make, const RenderJob& job)
+{
+    bool isWhole = true;
+    const ExitCode made = Conclude(make(job, [&isWhole](const QString& text) {
+        isWhole = false;
+        PrintProblem(text);
+    }));
+    return job.strict && !isWhole ? ExitCode::Failed : made;
+}
+
 /// The program's own text.
 std::optional<QString> PrintLines(const QString& text)
 {
@@ -38,9 +49,9 @@ ExitCode RunJob(const CommandLine& line)
 {
     switch (line.action) {
     case Action::Render:
-        return Conclude(DrawPicture(line.render, PrintProblem));
+        return Conclude(DrawPicture, line.render);
     case Action::Export:
-        return Conclude(ExportPicture(line.render, PrintProblem));
+        return Conclude(ExportPicture, line.render);
     case Action::Convert:
         return Convert(line.convert);
     case Action::Scene:

@@ -45,6 +45,7 @@ Options of render and export:
                          doubleSided=yes|no; docs/libraries.md names every attribute
                          alphaTest=Greater (a name of its list) or its position 0 to 7
                          textures.primary=FILE
+  --strict               end with 1 when something is lost or a texture is missing
 
 )";
 
@@ -136,10 +137,11 @@ struct RenderOptions {
     QCommandLineOption material{QStringLiteral("material"), {}, QStringLiteral("key=value")};
     QCommandLineOption raytrace{QStringLiteral("raytrace")};
     QCommandLineOption raytracer{QStringLiteral("raytracer"), {}, QStringLiteral("name")};
+    QCommandLineOption strict{QStringLiteral("strict")};
 
     void AddTo(QCommandLineParser& parser) const
     {
-        parser.addOptions({out, size, primitive, material, raytrace, raytracer});
+        parser.addOptions({out, size, primitive, material, raytrace, raytracer, strict});
     }
 };
 
@@ -149,6 +151,7 @@ CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions&
     line.action = Action::Render;
     line.render.output = parser.value(options.out);
     line.render.assignments = parser.values(options.material);
+    line.render.strict = parser.isSet(options.strict);
     line.render.raytracer = RaytracerNamed(parser.value(options.raytracer));
     if (parser.isSet(options.raytracer) && !line.render.raytracer) {
         return Refused(Tr("--raytracer must be %1.").arg(OfEachRaytracer(WordOf)));

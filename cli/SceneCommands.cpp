@@ -27,13 +27,7 @@ void TellMissingTextures(SceneContext& context, const SceneContent& content)
 SceneReading ReadFor(SceneContext& context, SceneDocument::Use use)
 {
     SceneReading reading = ReadScene(context.job.file, ScenePictures(), use);
-    TellReading(reading, context.job.file, [&](const QString& text) {
-        if (reading.report.Count(Outcome::Dropped) > 0) {
-            context.Loss(text);
-        } else {
-            CommandOutput::Remark(text);
-        }
-    });
+    TellReading(reading, context.job.file, [&](const QString& text) { context.Loss(text); });
     return reading;
 }
 

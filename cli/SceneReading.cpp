@@ -58,7 +58,7 @@ std::vector<NamedMaterial> ReadLibraryMaterials(const std::string& file,
 
 }  // namespace
 
-void TellReading(const SceneReading& reading, const QString& file, const Remark& remark)
+void TellReading(const SceneReading& reading, const QString& file, const Remark& loss)
 {
     constexpr std::size_t kMostTold = 20;
     const std::size_t materials = MaterialsOf(reading.content).size();
@@ -67,6 +67,7 @@ void TellReading(const SceneReading& reading, const QString& file, const Remark&
                       .arg(reading.content.shapes.size())
                       .arg(materials));
     const std::vector<std::string> notes = NotesOf(reading.report, materials);
+    const Remark remark = reading.report.Count(Outcome::Dropped) > 0 ? loss : Remark(PrintProblem);
     for (std::size_t i = 0; i + 1 < notes.size() && i < kMostTold; ++i) {
         remark(QString::fromStdString(notes[i]));
     }

@@ -32,9 +32,9 @@ struct PictureFolders {
 /// Is told what a person should know.
 using Remark = std::function<void(const QString&)>;
 
-/// Says on standard error how much there is, and remarks what it goes without: of much, the
-/// beginning.
-void TellReading(const SceneReading& reading, const QString& file, const Remark& remark);
+/// Says on standard error how much there is, and what it goes without: of much, the beginning.
+/// Where it is more than coming close, that is a loss.
+void TellReading(const SceneReading& reading, const QString& file, const Remark& loss);
 
 /// Where the studio puts the pictures out of documents.
 [[nodiscard]] std::string DocumentPictureFolder();

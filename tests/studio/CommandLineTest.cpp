@@ -116,6 +116,10 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
     folder.Write("no.mtl", "newmtl no\nTf 1 0 0\nmap_Kd no.png\n");
     Draw(
         {folder.Write("no.obj", "mtllib no.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl no\nf 1 2 3\n")});
+    EXPECT_EQ(Corvex({"render", folder.PathOf("no.obj"), "--strict", "--size", "16x12", "--out",
+                      folder.PathOf("no-at-all.png")})
+                  .exitCode,
+              1);
     for (const char* told : {"no: Tf dropped", ", 1 dropped.", "no.png cannot be read"}) {
         EXPECT_TRUE(errors.contains(told)) << errors.toStdString();
     }

@@ -36,14 +36,14 @@ Report ReportOf(const ReloadedScene& reloaded, const ImportedModel& model)
         report.Add({shape, "shape", outcome, note.toStdString()});
     };
     for (const std::string& name : reloaded.removed) {
-        add(name, Outcome::Dropped, SourceReloading::tr("the model has it no more"));
+        add(name, Outcome::Dropped, SourceReloading::tr("is no longer in the model"));
     }
     for (const auto& [former, name] : reloaded.renamed) {
         add(name, Outcome::Approximated,
             SourceReloading::tr("was %1").arg(QString::fromStdString(former)));
     }
     for (const std::string& name : reloaded.added) {
-        add(name, Outcome::Mapped, SourceReloading::tr("is new"));
+        add(name, Outcome::Approximated, SourceReloading::tr("is new"));
     }
     return report;
 }
