@@ -27,6 +27,8 @@ public:
 
     /// What was journalled is saved, or not wanted any more; from now on edits count from here.
     void Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes);
+    /// Of the meshes that shapes have at the next call of `Record`, if they are others.
+    void SetBase(JournalBase base) { m_head.base = std::move(base); }
     /// Nothing happens unless shapes have changed since the last call.
     void Record(const StudioScene::Shapes& shapes, const Camera& camera, std::string_view what,
                 int edits = 1);

@@ -110,4 +110,27 @@ TEST_F(Recovery, OpensTheModelAgain)
     EndUnasked();
 }
 
+TEST_F(Recovery, FollowsAModelThatWasReadAgain)
+{
+    const auto write = [this](const char* shapes) {
+        rig.files.Write("m.obj", QByteArray("v 0 0 0\nv 1 0 0\nv 1 1 0\nv 0 2 0\n") + shapes);
+    };
+    write("o Lid\nf 1 2 3\no Leg\nf 1 3 4\n");
+    rig.Open(rig.PathOf("m.obj"));
+    Dress(1, "Bronze");
+    const auto wanted = rig.Shape(1)->Material();
+    write("o New\nf 1 2 4\no Lid\nf 1 2 3\no Leg\nf 1 3 4\n");
+    rig.Trigger("Reload Model");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return rig.Window().Scene().All().size() == 3; }, 30000));
+    EndUnasked();
+    StartAgain();
+    QSignalSpy opened(&rig.Window(), &studio::MainWindow::SceneOpened);
+    Press("open");
+    ASSERT_TRUE(opened.count() > 0 || opened.wait(30000));
+    EXPECT_EQ(rig.Shape(2)->Material(), wanted);
+    EXPECT_NE(rig.Shape(1)->Material(), wanted);
+    EXPECT_TRUE(rig.prompts.shown.empty()) << "it has not changed since";
+    EndUnasked();
+}
+
 }  // namespace

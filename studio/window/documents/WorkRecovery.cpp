@@ -41,6 +41,11 @@ WorkRecovery::WorkRecovery(const Parts& parts)
     // Whoever is killed just after he has saved is offered nothing older than what he saved.
     connect(&m_parts.document, &OpenDocument::AboutToSave, this, [this] { m_journal.Flush(); });
     connect(&m_parts.document, &OpenDocument::Settled, this, &WorkRecovery::Begin);
+    connect(&m_parts.document, &OpenDocument::SourceChanged, this, [this] {
+        if (m_parts.document.Path().isEmpty()) {
+            m_journal.SetBase(Base());
+        }
+    });
     connect(&m_parts.history, &QUndoStack::indexChanged, this, &WorkRecovery::Record);
 }
 
@@ -57,16 +62,20 @@ void WorkRecovery::AddTo(QMenu& menu)
     });
 }
 
-void WorkRecovery::Begin()
+JournalBase WorkRecovery::Base() const
 {
     const QString path = m_parts.document.Path();
-    const std::string& model = m_parts.document.Source().path;  // absolute
+    const std::string& model = m_parts.document.Source().path;
     using Kind = JournalBase::Kind;
-    const Kind kind = !path.isEmpty() ? Kind::Document
-                      : model.empty() ? Kind::DefaultScene
-                                      : Kind::Model;
-    m_journal.Begin(BaseAt(kind, path.isEmpty() ? model : path.toStdString()),
-                    m_parts.document.Name().toStdString(), m_parts.scene.Scene().All());
+    if (!path.isEmpty()) {
+        return BaseAt(Kind::Document, path.toStdString());
+    }
+    return BaseAt(model.empty() ? Kind::DefaultScene : Kind::Model, model);
+}
+
+void WorkRecovery::Begin()
+{
+    m_journal.Begin(Base(), m_parts.document.Name().toStdString(), m_parts.scene.Scene().All());
 }
 
 void WorkRecovery::Record()

@@ -54,6 +54,7 @@ Q_SIGNALS:
     void BaseWanted(const QString& file);
 
 private:
+    [[nodiscard]] JournalBase Base() const;
     void Begin();
     void Record();
     void ShowDialog(LeftJournals journals);
