@@ -47,7 +47,7 @@ void SceneRaytracing::AddTo(QMenu& menu)
 {
     menu.addAction(tr("&Render..."), QKeySequence(tr("Ctrl+R")), this, &SceneRaytracing::Render)
         ->setObjectName(QStringLiteral("renderScene"));
-    QMenu* exports = menu.addMenu(tr("&Export"));
+    QMenu* exports = menu.addMenu(tr("Export for &Raytracer"));
     for (const SceneWriter& writer : SceneWriters()) {
         const CorvexMaterial::SceneFacts& scene = writer.raytracer->scene;
         exports->addAction(tr(scene.title.data()) + QStringLiteral("..."), this,

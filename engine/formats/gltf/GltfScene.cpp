@@ -133,8 +133,9 @@ private:
     void AddMesh(const QJsonObject& node, std::int32_t number, const QMatrix4x4& worldFromMesh)
     {
         const QJsonObject mesh = m_file.At("meshes", node[u"mesh"]);
-        QString name = mesh[u"name"].toString();
-        name = name.isEmpty() ? node[u"name"].toString() : name;
+        // Nodes that show one mesh are told apart by their own names.
+        QString name = node[u"name"].toString();
+        name = name.isEmpty() ? mesh[u"name"].toString() : name;
         for (const Part& part : PartsOf(node[u"mesh"].toInt(-1), mesh)) {
             const std::string numbered = "Shape " + std::to_string(m_model.shapes.size() + 1);
             const std::string own = name.isEmpty() ? "" : name.toStdString() + part.suffix;

@@ -56,13 +56,12 @@ public:
         if (m_groups.empty()) {
             return;
         }
-        auto& [name, material] = now.materials[number];
+        NamedMaterial& settled = now.materials[number];
         const auto first = std::ranges::max_element(m_groups, {}, [&](const Group& group) {
-            return std::pair(group.gathered->material == material, group.shapes.size());
+            return std::pair(group.gathered->material == settled.material, group.shapes.size());
         });
         std::iter_swap(m_groups.begin(), first);
-        material = m_groups.front().gathered->material;
-        name = m_groups.front().name;
+        settled = {m_groups.front().name, m_groups.front().gathered->material};
         m_groups.erase(m_groups.begin());
         left.push_back(std::move(*this));
     }

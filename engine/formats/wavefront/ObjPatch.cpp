@@ -16,7 +16,6 @@
 #include <QStringEncoder>
 
 #include <map>
-#include <ranges>
 
 namespace studio {
 namespace {
@@ -220,9 +219,10 @@ private:
 
     void DressParts()
     {
-        const bool changes =
-            std::ranges::any_of(std::views::iota(std::size_t{0}, m_now.ofShape.size()),
-                                [this](std::size_t part) { return NewNameOf(part).has_value(); });
+        bool changes = false;
+        for (std::size_t part = 0; part < m_now.ofShape.size() && !changes; ++part) {
+            changes = NewNameOf(part).has_value();
+        }
         if (!changes) {
             return;
         }
