@@ -1,7 +1,6 @@
 #include "MainWindow.h"
 
 #include "AboutBox.h"
-#include "DocumentMenu.h"
 #include "DocumentWork.h"
 #include "FileOpening.h"
 #include "HistoryMenu.h"
@@ -9,7 +8,6 @@
 #include "MaterialNaming.h"
 #include "ModelFiles.h"
 #include "OpenDocument.h"
-#include "OpeningReport.h"
 #include "OptionsDialog.h"
 #include "OptionsEditing.h"
 #include "PanelDock.h"
@@ -18,13 +16,11 @@
 #include "ScenePane.h"
 #include "SceneRaytracing.h"
 #include "SettingNames.h"
-#include "SourceReloading.h"
-#include "SourceSaving.h"
 #include "StudioHost.h"
 #include "StudioIcon.h"
 #include "StudioSettings.h"
 #include "TextureFinder.h"
-#include "TextureKeeping.h"
+#include "WindowFiles.h"
 #include "WindowMessages.h"
 #include "WorkRecovery.h"
 
@@ -46,8 +42,8 @@ constexpr int kUndoSteps = 200;
 
 }  // namespace
 
-MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, ImportProgram importer,
-                       MaterialLink::Clock clock)
+MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
+                       const ImportProgram& importer, MaterialLink::Clock clock)
     : m_host(host),
       m_messages(std::make_unique<WindowMessages>(host.Log(), platform.prompts, *this)),
       m_scene(std::make_unique<ScenePane>(host, *m_messages, *this)),
@@ -56,33 +52,17 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, Imp
           std::move(clock))),
       m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
       m_exchange(std::make_unique<MaterialExchange>(host, importer, *this)),
-      m_openingReport(std::make_unique<OpeningReport>(
-          OpeningReport::Parts{*m_messages, *m_scene, *m_exchange})),
-      m_work(std::make_unique<DocumentWork>(*this)),
-      m_document(
-          std::make_unique<OpenDocument>(OpenDocument::Parts{host, *m_scene, m_history, *m_work})),
-      m_documentMenu(
-          std::make_unique<DocumentMenu>(DocumentMenu::Parts{*m_document, *m_messages, *this})),
-      m_models(std::make_unique<ModelFiles>(
-          ModelFiles::Parts{host, *m_messages, *m_scene, *m_document, *this}, importer)),
-      m_reloading(std::make_unique<SourceReloading>(
-          SourceReloading::Parts{host, *m_messages, *m_scene, *m_document, m_history,
-                                 *m_openingReport, *this},
-          std::move(importer))),
-      m_recovery(std::make_unique<WorkRecovery>(
-          WorkRecovery::Parts{host, *m_messages, *m_scene, m_history, *m_document, *this})),
-      m_opening(std::make_unique<FileOpening>(host.Settings(), *this)),
+      m_files(std::make_unique<WindowFiles>(WindowFiles::Parts{host, *m_messages, *m_scene,
+                                                               m_history, *m_panel, *m_libraries,
+                                                               *m_exchange, *this},
+                                            importer)),
       m_handing(std::make_unique<SceneExchange>(
           SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *this})),
-      m_saving(std::make_unique<SourceSaving>(
-          SourceSaving::Parts{*m_messages, *m_scene, *m_exchange, *this})),
       m_raytracing(std::make_unique<SceneRaytracing>(
           SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *this})),
       m_textures(std::make_unique<TextureFinder>(
           TextureFinder::Parts{*m_messages, m_scene->Scene(), m_panel->Link(),
-                               [this] { return m_opening->Folder(); }, *this})),
-      m_keeping(std::make_unique<TextureKeeping>(TextureKeeping::Parts{
-          *m_document, *m_documentMenu, *m_work, *m_messages, *m_scene, m_panel->Link()})),
+                               [this] { return m_files->Opening().Folder(); }, *this})),
       m_naming(std::make_unique<MaterialNaming>(
           MaterialNaming::Parts{*m_messages, *m_scene, m_panel->Link(), *this})),
       m_options(std::make_unique<OptionsEditing>(
@@ -101,7 +81,8 @@ MainWindow::~MainWindow() = default;
 void MainWindow::ConnectParts()
 {
     m_libraries->DropOn(*m_scene);
-    ConnectFiles();
+    connect(m_files.get(), &WindowFiles::SceneOpened, this, &MainWindow::SceneOpened);
+    connect(m_files.get(), &WindowFiles::SceneRefused, this, &MainWindow::SceneRefused);
     connect(m_exchange.get(), &MaterialExchange::Refused, m_messages.get(), &WindowMessages::Tell);
     connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
             &TextureFinder::ChooseFolder);
@@ -111,76 +92,10 @@ void MainWindow::ConnectParts()
             &PanelLibraries::ShowImported);
 }
 
-void MainWindow::ConnectFiles()
-{
-    connect(m_models.get(), &ModelFiles::Opened, m_saving.get(), &SourceSaving::Remember);
-    connect(m_reloading.get(), &SourceReloading::ModelShown, m_saving.get(),
-            &SourceSaving::Remember);
-    m_opening->AcceptDropsOn(*this);
-    // A floating panel is a window of its own, but what is dropped on it is for this one.
-    m_opening->AcceptDropsOn(m_panel->Dock());
-    connect(m_opening.get(), &FileOpening::DocumentWanted, m_documentMenu.get(),
-            &DocumentMenu::Open);
-    connect(m_opening.get(), &FileOpening::LibraryWanted, m_libraries.get(), &PanelLibraries::Open);
-    connect(m_opening.get(), &FileOpening::MaterialsWanted, m_exchange.get(),
-            &MaterialExchange::Import);
-    connect(m_opening.get(), &FileOpening::ModelWanted, this, [this](const QString& file) {
-        if (m_documentMenu->MayGo()) {
-            m_models->Open(file);
-        }
-    });
-    connect(m_recovery.get(), &WorkRecovery::BaseWanted, this, [this](const QString& file) {
-        if (!file.isEmpty()) {
-            m_opening->Open(file);
-        } else if (m_documentMenu->MayGo()) {
-            ResetScene();
-            m_recovery->TakeUp(file);
-        }
-    });
-    connect(m_document.get(), &OpenDocument::NotBackedUp, m_messages.get(), &WindowMessages::Tell);
-    const auto opened = [this](const QString& file) {
-        m_opening->Remember(file);
-        m_recovery->TakeUp(file);
-        Q_EMIT SceneOpened();
-    };
-    const auto refused = [this](const QString& file, const QString& message) {
-        m_opening->Forget(file);
-        m_recovery->GiveUp();
-        Q_EMIT SceneRefused(message);
-    };
-    connect(m_models.get(), &ModelFiles::Opened, this,
-            [this, opened](const QString& file, const ImportedModel& model) {
-                m_openingReport->Tell(tr("Model Opened"), model.report);
-                opened(file);
-            });
-    connect(m_models.get(), &ModelFiles::Refused, this, refused);
-    connect(m_documentMenu.get(), &DocumentMenu::Opened, this,
-            [this, opened](const QString& file, const QStringList& problems) {
-                const QString reason = m_document->ReadOnlyReason();
-                m_openingReport->Tell(tr("Document Opened"), problems,
-                                      reason.isEmpty() ? reason : tr("Read-only: %1.").arg(reason));
-                opened(file);
-            });
-    connect(m_documentMenu.get(), &DocumentMenu::Refused, this, refused);
-    connect(m_documentMenu.get(), &DocumentMenu::Saved, m_opening.get(), &FileOpening::Remember);
-}
-
 void MainWindow::BuildMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
-    file->addAction(tr("&New"), QKeySequence::New, this, [this] {
-        if (m_documentMenu->MayGo()) {
-            ResetScene();
-        }
-    });
-    m_opening->AddTo(*file);
-    file->addSeparator();
-    m_documentMenu->AddTo(*file);
-    m_saving->AddTo(*file);
-    m_reloading->AddTo(*file);
-    m_recovery->AddTo(*file);
-    file->addSeparator();
-    m_keeping->AddTo(*file);
+    m_files->AddTo(*file);
     m_textures->AddTo(*file);
     file->addSeparator();
     m_raytracing->AddTo(*file);
@@ -226,22 +141,22 @@ void MainWindow::Start()
 
 void MainWindow::OpenFile(const QString& file)
 {
-    m_opening->Open(file);
+    m_files->Opening().Open(file);
 }
 
 void MainWindow::OpenModel(const QString& file)
 {
-    m_models->Open(file);
+    m_files->Models().Open(file);
 }
 
 void MainWindow::ResetScene()
 {
-    m_models->ShowDefaultScene();
+    m_files->Models().ShowDefaultScene();
 }
 
 void MainWindow::OfferRecovery()
 {
-    m_recovery->Offer();
+    m_files->Recovery().Offer();
 }
 
 CorvexMaterial::Material& MainWindow::Panel()
@@ -252,6 +167,11 @@ CorvexMaterial::Material& MainWindow::Panel()
 const StudioScene& MainWindow::Scene() const
 {
     return m_scene->Scene();
+}
+
+OpenDocument& MainWindow::Document()
+{
+    return m_files->Document();
 }
 
 QUndoStack& MainWindow::LibraryHistory()
@@ -331,20 +251,20 @@ bool MainWindow::SettingsAreSaved()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     m_panel->CloseWarnings();
-    if (m_work->IsBusy()) {
+    if (m_files->Work().IsBusy()) {
         constexpr std::chrono::milliseconds kUntilNextTry{100};
         QTimer::singleShot(kUntilNextTry, this, &QWidget::close);
         event->ignore();
         return;
     }
-    const bool mayGo = m_quitsUnasked || m_documentMenu->MayGo();
+    const bool mayGo = m_quitsUnasked || m_files->MayGo();
     if (!mayGo || !SettingsAreSaved()) {
         event->ignore();
         return;
     }
     m_panel->SaveLayout();
     if (m_quitsUnasked) {
-        m_recovery->Leave();
+        m_files->Recovery().Leave();
     }
     QMainWindow::closeEvent(event);
 }

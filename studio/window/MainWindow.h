@@ -13,28 +13,20 @@ class QDockWidget;
 
 namespace studio {
 
-class DocumentMenu;
-class DocumentWork;
-class FileOpening;
 class MaterialExchange;
 class MaterialNaming;
-class ModelFiles;
 class OpenDocument;
-class OpeningReport;
 class OptionsEditing;
 class PanelDock;
 class PanelLibraries;
 class ScenePane;
 class SceneExchange;
 class SceneRaytracing;
-class SourceReloading;
-class SourceSaving;
 class StudioHost;
 class TextureFinder;
-class TextureKeeping;
 class ViewportWidget;
+class WindowFiles;
 class WindowMessages;
-class WorkRecovery;
 
 /// The studio's window: the scene in the middle, the material panel docked beside it. It puts the
 /// parts together, its menus of what they offer, and keeps its place on the screen; what can be
@@ -44,8 +36,8 @@ class MainWindow : public QMainWindow {
 
 public:
     /// Host and platform outlive the window.
-    MainWindow(StudioHost& host, CorvexMaterial::Platform& platform, ImportProgram importer = {},
-               MaterialLink::Clock clock = SteadyNow);
+    MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
+               const ImportProgram& importer = {}, MaterialLink::Clock clock = SteadyNow);
     ~MainWindow() override;
 
     /// As a user does: a scene document, a model, a library, materials; a path or an address. Asks
@@ -68,7 +60,7 @@ public:
     /// Of the scene.
     [[nodiscard]] QUndoStack& History() { return m_history; }
     [[nodiscard]] QUndoStack& LibraryHistory();
-    [[nodiscard]] OpenDocument& Document() { return *m_document; }
+    [[nodiscard]] OpenDocument& Document();
     [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
     [[nodiscard]] SceneExchange& Handing() { return *m_handing; }
     [[nodiscard]] SceneRaytracing& Raytracing() { return *m_raytracing; }
@@ -88,7 +80,6 @@ protected:
 
 private:
     void ConnectParts();
-    void ConnectFiles();
     void BuildMenus();
     void Start();
     void RestoreGeometry();
@@ -102,19 +93,10 @@ private:
     std::unique_ptr<PanelDock> m_panel;
     std::unique_ptr<PanelLibraries> m_libraries;
     std::unique_ptr<MaterialExchange> m_exchange;
-    std::unique_ptr<OpeningReport> m_openingReport;
-    std::unique_ptr<DocumentWork> m_work;
-    std::unique_ptr<OpenDocument> m_document;
-    std::unique_ptr<DocumentMenu> m_documentMenu;
-    std::unique_ptr<ModelFiles> m_models;
-    std::unique_ptr<SourceReloading> m_reloading;
-    std::unique_ptr<WorkRecovery> m_recovery;
-    std::unique_ptr<FileOpening> m_opening;
+    std::unique_ptr<WindowFiles> m_files;
     std::unique_ptr<SceneExchange> m_handing;
-    std::unique_ptr<SourceSaving> m_saving;
     std::unique_ptr<SceneRaytracing> m_raytracing;
     std::unique_ptr<TextureFinder> m_textures;
-    std::unique_ptr<TextureKeeping> m_keeping;
     std::unique_ptr<MaterialNaming> m_naming;
     std::unique_ptr<OptionsEditing> m_options;
     bool m_quitsUnasked = false;
