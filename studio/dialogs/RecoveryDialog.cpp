@@ -50,11 +50,14 @@ RecoveryDialog::RecoveryDialog(LeftJournals journals, QWidget* parent)
     for (const LeftJournal& journal : m_journals) {
         AddRow(journal);
     }
+    // Before it is shown, the tree would measure without the style and without pictures.
+    m_ui->works->ensurePolished();
     for (const int column : {kWork, kLastEdit, kEdits}) {
         constexpr int kWidest = 300;
+        const int picture = column == kWork ? m_ui->works->iconSize().width() : 0;
         m_ui->works->resizeColumnToContents(column);
-        m_ui->works->setColumnWidth(column,
-                                    std::min(m_ui->works->columnWidth(column) + 12, kWidest));
+        m_ui->works->setColumnWidth(
+            column, std::min(m_ui->works->columnWidth(column) + picture + 12, kWidest));
     }
     connect(m_ui->discard, &QPushButton::clicked, this, &RecoveryDialog::Discard);
     connect(m_ui->discardAll, &QPushButton::clicked, this, &RecoveryDialog::DiscardAll);
