@@ -150,6 +150,7 @@ void LookAt(const std::string& name, LeftJournals& journals)
     const std::string file = name + kJournalSuffix;
     CorvexMaterial::OwnerLock lock = Claim(name);
     if (!lock.Held()) {
+        ++journals.held;
         return;
     }
     std::error_code ignored;

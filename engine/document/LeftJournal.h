@@ -41,6 +41,8 @@ private:
 struct LeftJournals {
     std::vector<LeftJournal> found;    ///< the latest edit first
     std::vector<std::string> refused;  ///< left where they are; why, for a person
+    /// Of windows that are open, or of a program that the system has not quite ended yet.
+    int held = 0;
 };
 
 /// Those of a state folder. What else a program that was killed left there is removed.

@@ -18,6 +18,7 @@ namespace {
 
 /// Until the picture shows what was edited.
 constexpr std::chrono::milliseconds kPictureAge{1500};
+constexpr std::chrono::milliseconds kNextLook{1500};
 
 std::string StateFolder(StudioHost& host)
 {
@@ -92,7 +93,7 @@ void WorkRecovery::Leave()
     m_journal.Leave();
 }
 
-void WorkRecovery::Offer()
+void WorkRecovery::Offer(int looks)
 {
     LeftJournals journals = FindLeftJournals(StateFolder(m_parts.host));
     for (const std::string& refusal : journals.refused) {
@@ -100,6 +101,9 @@ void WorkRecovery::Offer()
     }
     if (!journals.found.empty()) {
         ShowDialog(std::move(journals));
+    } else if (journals.held > 0 && looks > 1) {
+        // Started again at once, one may be there before the killed program has gone.
+        QTimer::singleShot(kNextLook, this, [this, looks] { Offer(looks - 1); });
     }
 }
 

@@ -39,8 +39,9 @@ public:
     explicit WorkRecovery(const Parts& parts);
 
     void AddTo(QMenu& menu);
-    /// Shows the dialog if there is something to recover.
-    void Offer();
+    /// Shows the dialog if there is something to recover; looks again a little later while another
+    /// program still holds some of it.
+    void Offer(int looks = 3);
     /// The next start offers what is not saved.
     void Leave();
 
