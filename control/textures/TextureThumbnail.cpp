@@ -11,7 +11,7 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr int kSide = 104;
+constexpr int kThumbnailSide = 104;
 constexpr int kFrame = 3;
 
 QString Hint(ThumbnailState state)
@@ -40,7 +40,7 @@ TextureThumbnail::TextureThumbnail(ThumbnailCache& cache, QWidget* parent)
 
 QSize TextureThumbnail::sizeHint() const
 {
-    return {kSide, kSide};
+    return {kThumbnailSide, kThumbnailSide};
 }
 
 void TextureThumbnail::SetFile(const std::string& file)

@@ -240,7 +240,8 @@ void OpenDocument::Write(const QString& file, const std::function<void()>& write
 
 bool OpenDocument::IsChangedByOthers()
 {
-    bool isChanged = false;
+    // One that was let go of for an attempt that failed may be anybody's by now.
+    bool isChanged = !m_file && QFileInfo::exists(m_path);
     if (m_file) {
         m_parts.work.Do(tr("Looking at %1...").arg(m_name),
                         [&] { isChanged = m_file->IsChangedByOthers(); });
