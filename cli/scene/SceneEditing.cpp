@@ -190,8 +190,15 @@ void ApplyLibraryToScene(SceneContext& context)
 {
     const NamedMaterial entry =
         EntryNamed(context, context.job.operands.at(0), context.job.operands.at(1));
-    ChangeMaterials(context, [&entry](const ShapeList& chosen, const ShapeList& scene) {
-        return WithMaterial(chosen, entry.material, entry.name, scene);
+    AppliedMaterial given = WholeMaterial(entry.material);
+    ChangeMaterials(context, [&](const ShapeList& chosen, const ShapeList& scene) {
+        std::vector<ShapeChange> changes;
+        for (const auto& shape : chosen) {
+            given.coordinates = shape->Applied().coordinates;
+            changes.push_back({shape, shape->Applied(), given});
+        }
+        ShareNamed(changes, entry.name, scene);
+        return changes;
     });
 }
 

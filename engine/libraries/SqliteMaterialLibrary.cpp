@@ -28,6 +28,7 @@ CorvexDB::udtMaterial SqliteMaterialLibrary::MaterialAt(std::int32_t index)
         m_services.log.RecordEvent("Library '" + file.Path() + "', entry '" + file.NameAt(index) +
                                    "': " + problem + '.');
     }
+    m_taken = file.NameAt(index);
     return std::move(reading.material);
 }
 

@@ -4,6 +4,8 @@
 #include "LibraryFile.h"
 #include <CorvexMaterial/CorvexDB.h>
 
+#include <utility>
+
 namespace studio {
 
 class Thumbnailer;
@@ -33,6 +35,8 @@ public:
 
     /// Null while none is open; until the next `Open` or `CloseLibrary`.
     [[nodiscard]] LibraryFile* File() { return m_file ? &*m_file : nullptr; }
+    /// Name of the entry that the control has asked for since the last call; empty for none.
+    [[nodiscard]] std::string TakenEntry() { return std::exchange(m_taken, {}); }
     /// Told after each change that came through the control; not those made on `File()`.
     void SetListener(LibraryListener listener) { m_listener = std::move(listener); }
 
@@ -42,6 +46,7 @@ private:
     Services m_services;
     std::optional<LibraryFile> m_file;
     LibraryListener m_listener;
+    std::string m_taken;
 };
 
 }  // namespace studio

@@ -15,6 +15,25 @@ const Identity& IdentityOf(const std::shared_ptr<StudioShape>& shape)
     return shape->Applied().identity;
 }
 
+std::string Stem(const std::string& name)
+{
+    const std::size_t last = name.find_last_not_of("0123456789");
+    const bool isNumbered =
+        last != std::string::npos && last > 0 && last + 1 < name.size() && name[last] == ' ';
+    return isNumbered ? name.substr(0, last) : name;
+}
+
+/// The first of "Oak", "Oak 2", "Oak 3" and so on that will do.
+template <typename WillDo>
+std::string Numbered(const std::string& name, const WillDo& willDo)
+{
+    std::string numbered = name;
+    for (int number = 2; !willDo(numbered); ++number) {
+        numbered = Stem(name) + ' ' + std::to_string(number);
+    }
+    return numbered;
+}
+
 class Names {
 public:
     explicit Names(const ShapeList& scene)
@@ -29,22 +48,11 @@ public:
     /// From now on taken.
     std::string Unique(const std::string& name)
     {
-        std::string unique = name;
-        for (int number = 2; !m_taken.insert(unique).second; ++number) {
-            unique = Stem(name) + ' ' + std::to_string(number);
-        }
-        return unique;
+        return Numbered(name,
+                        [this](const std::string& each) { return m_taken.insert(each).second; });
     }
 
 private:
-    static std::string Stem(const std::string& name)
-    {
-        const std::size_t last = name.find_last_not_of("0123456789");
-        const bool isNumbered =
-            last != std::string::npos && last > 0 && last + 1 < name.size() && name[last] == ' ';
-        return isNumbered ? name.substr(0, last) : name;
-    }
-
     std::set<std::string> m_taken;
 };
 
@@ -128,30 +136,53 @@ std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& sc
     return changes;
 }
 
-std::vector<ShapeChange> WithMaterial(const ShapeList& shapes,
-                                      const CorvexDB::udtMaterial& material,
-                                      const std::string& name, const ShapeList& scene)
+void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene)
 {
-    const std::set<std::shared_ptr<StudioShape>> given(shapes.begin(), shapes.end());
-    ShapeList others;
-    std::ranges::copy_if(scene, std::back_inserter(others),
-                         [&](const auto& shape) { return !given.contains(shape); });
-    const auto same = std::ranges::find_if(others, [&](const auto& shape) {
-        return IdentityOf(shape) != nullptr && IdentityOf(shape)->name == name &&
-               shape->Material() == material;
+    if (changes.empty()) {
+        return;
+    }
+    const auto given = changes.front().after.gathered;
+    const auto looksSame = [&given](const AppliedMaterial& applied) {
+        return applied.gathered->applyMode == given->applyMode &&
+               applied.gathered->material == given->material;
+    };
+    std::multimap<std::string, const AppliedMaterial*> known;
+    const auto know = [&known](const AppliedMaterial& applied) {
+        if (applied.identity != nullptr) {
+            known.emplace(applied.identity->name, &applied);
+        }
+    };
+    std::unordered_set<const StudioShape*> changed;
+    for (const ShapeChange& change : changes) {
+        changed.insert(change.shape.get());
+        if (looksSame(change.before)) {
+            know(change.before);
+        }
+    }
+    for (const auto& shape : scene) {
+        if (!changed.contains(shape.get())) {
+            know(shape->Applied());
+        }
+    }
+    AppliedMaterial shared{given};
+    const std::string unique = Numbered(name, [&](const std::string& each) {
+        const auto [first, last] = known.equal_range(each);
+        const auto same =
+            std::find_if(first, last, [&](const auto& row) { return looksSame(*row.second); });
+        if (same != last) {
+            shared = *same->second;
+        }
+        return first == last || same != last;
     });
-    AppliedMaterial applied = WholeMaterial(material);
-    if (same != others.end()) {
-        applied = (*same)->Applied();
-    } else {
-        applied.identity = Named(nullptr, Names(others).Unique(name));
+    if (shared.identity == nullptr) {
+        shared.identity = Named(nullptr, unique);
     }
-    std::vector<ShapeChange> changes;
-    for (const auto& shape : shapes) {
-        applied.coordinates = shape->Applied().coordinates;
-        changes.push_back({shape, shape->Applied(), applied});
+    for (ShapeChange& change : changes) {
+        change.after.identity = shared.identity;
+        if (change.after.gathered == given) {
+            change.after.gathered = shared.gathered;
+        }
     }
-    return changes;
 }
 
 ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene)

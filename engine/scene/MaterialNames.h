@@ -17,12 +17,9 @@ RenamedMaterials(const ShapeList& shapes, const std::string& name, const ShapeLi
 /// Gives each of them a material that it shares with no other shape.
 [[nodiscard]] std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& scene);
 
-/// Gives all of them one material of this name, which they share with those that have it already
-/// and look the same. How coordinates are made stays.
-[[nodiscard]] std::vector<ShapeChange> WithMaterial(const ShapeList& shapes,
-                                                    const CorvexDB::udtMaterial& material,
-                                                    const std::string& name,
-                                                    const ShapeList& scene);
+/// They share one material of this name from now on, also with the shapes that have it already and
+/// look the same. Where another material has the name, it gets a number.
+void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene);
 
 /// All shapes of the scene that share a material with one of these, these included.
 [[nodiscard]] ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene);

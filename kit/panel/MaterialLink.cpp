@@ -43,6 +43,7 @@ MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
 
 void MaterialLink::ApplyEdit(const MaterialEdit& edit)
 {
+    const std::string entry = m_parts.takenEntry();
     const auto coordinates = WrapsAnew(edit) ? Coordinates::Wrapped : Coordinates::Kept;
     std::vector<ShapeChange> changes;
     for (const auto& shape : m_parts.selection.All()) {
@@ -54,7 +55,7 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
         }
         changes.back().after = shape->Applied();
     }
-    SplitShared(changes, m_parts.scene.All());
+    Name(changes, edit.isWhole ? entry : std::string());
     for (const ShapeChange& change : changes) {
         change.shape->SetApplied(change.after);
     }
@@ -94,20 +95,17 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
     gathered->applyMode = before.gathered->applyMode;
     std::vector<ShapeChange> changes{
         {shape, before, {std::move(gathered), coordinates, before.identity}}};
+    Name(changes, name);
+    Make(std::move(changes));
+}
+
+void MaterialLink::Name(std::vector<ShapeChange>& changes, const std::string& name) const
+{
     if (name.empty()) {
         SplitShared(changes, m_parts.scene.All());
     } else {
-        const bool hasItAlready = before.gathered->material == material &&
-                                  before.identity != nullptr && before.identity->name == name;
-        AppliedMaterial& after = changes.front().after;
-        const auto named = WithMaterial({shape}, material, name, m_parts.scene.All());
-        const AppliedMaterial& shared = hasItAlready ? before : named.front().after;
-        after.identity = shared.identity;
-        if (shared.gathered->applyMode == after.gathered->applyMode) {
-            after.gathered = shared.gathered;
-        }
+        ShareNamed(changes, name, m_parts.scene.All());
     }
-    Make(std::move(changes));
 }
 
 void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
@@ -140,6 +138,7 @@ void MaterialLink::ShowSelected()
 // must leave it alone.
 Status MaterialLink::Show(const CorvexSG::GatheredMaterial& gathered)
 {
+    static_cast<void>(m_parts.takenEntry());  // what was taken is shown no more
     CorvexDB::ApplyMode shown{};
     Status status = m_parts.material.get_ApplyRelative(shown);
     if (status == Status::Success && shown != gathered.applyMode) {

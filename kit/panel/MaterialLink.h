@@ -16,11 +16,15 @@ struct LinkedParts {
     StudioScene& scene;
     Selection& selection;
     QUndoStack& history;
+    /// Name of the library's entry that the panel has asked for since the last call; empty for
+    /// none.
+    std::function<std::string()> takenEntry;
 };
 
 /// Keeps the material panel and the selected shapes together: an edit in the panel goes to every
 /// selected shape as one undo step, and the shape chosen last shows its material in the panel. A
 /// chosen wrap, be it the one that was chosen already, takes shapes the coordinates of their mesh.
+/// A material from the library keeps its name.
 class MaterialLink : public QObject {
     Q_OBJECT
 
@@ -48,6 +52,8 @@ private:
 
     void ApplyEdit(const CorvexMaterial::MaterialEdit& edit);
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
+    /// Without a name as an edit does, which leaves those alone that share a material.
+    void Name(std::vector<ShapeChange>& changes, const std::string& name) const;
     void Push(std::vector<ShapeChange> changes, FieldSet fields);
     void ShowSelected();
     [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);

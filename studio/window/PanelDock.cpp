@@ -6,6 +6,7 @@
 #include "PluginFolder.h"
 #include "PluginTextures.h"
 #include "ScenePane.h"
+#include "SqliteMaterialLibrary.h"
 #include "StudioHost.h"
 #include "StudioSettings.h"
 #include "UndoKeys.h"
@@ -25,9 +26,10 @@ PanelDock::PanelDock(const Parts& parts, MaterialLink::Clock clock)
     : m_parts(parts), m_warnings(parts.platform.settings, parts.window),
       m_area(new PanelArea(&parts.window)),
       m_material(new Material(parts.host.Get(), parts.platform, m_area)),
-      m_link(new MaterialLink(
-          {*m_material, parts.scene.Scene(), parts.scene.Selected(), parts.history},
-          std::move(clock))),
+      m_link(
+          new MaterialLink({*m_material, parts.scene.Scene(), parts.scene.Selected(), parts.history,
+                            [&host = parts.host] { return host.Materials().TakenEntry(); }},
+                           std::move(clock))),
       m_fill(new PanelFill(*m_material, *m_area)),
       m_dock(new QDockWidget(tr("Material"), &parts.window))
 {

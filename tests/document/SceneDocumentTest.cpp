@@ -284,6 +284,19 @@ TEST(MaterialNames, SomeOfThoseThatShareGetOneOfTheirOwn)
                 ElementsAre("Oak 2", "Oak 2", "Oak 3", "Oak"));
     EXPECT_THAT(namesAfter(studio::RenamedMaterials({scene[0]}, "Oak", scene)),
                 ElementsAre("Oak 4", "Oak 4", "Oak 3", "Oak"));
+
+    const auto given = [&](const studio::ShapeList& shapes, int specular) {
+        auto changes =
+            studio::ChangesBy([specular](auto& material) { material.Specular = specular; }, shapes);
+        studio::ShareNamed(changes, "Oak", scene);
+        return changes;
+    };
+    EXPECT_THAT(namesAfter(given({scene[0], scene[1]}, scene[3]->Material().Specular)),
+                ElementsAre("Oak", "Oak", "Oak 3", "Oak"));
+    EXPECT_EQ(scene[0]->Applied(), scene[3]->Applied());
+    EXPECT_THAT(namesAfter(given({scene[3]}, 77)), ElementsAre("Oak", "Oak", "Oak 3", "Oak 2"));
+    EXPECT_THAT(namesAfter(given({scene[2]}, 77)), ElementsAre("Oak", "Oak", "Oak 2", "Oak 2"));
+    EXPECT_EQ(scene[2]->Applied(), scene[3]->Applied());
 }
 
 }  // namespace

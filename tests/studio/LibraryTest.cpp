@@ -120,13 +120,22 @@ TEST_F(Library, ChosenMaterialIsShownAndPutOnTheSelection)
 {
     AddMaterial("77");
     rig.Select({0, 1});
-    const auto before = rig.Shape(1)->Material();
+    const auto before = rig.Shape(1)->Applied();
     ClickEntry(0);
     EXPECT_EQ(rig.TextOf("txtAmbient"), "77");
     EXPECT_EQ(rig.Shape(0)->Material().Ambient, 77);
-    EXPECT_EQ(rig.Shape(1)->Material(), rig.Shape(0)->Material());
+    EXPECT_EQ(rig.Shape(1)->Applied(), rig.Shape(0)->Applied());
+    const auto nameOf = [this](std::size_t i) { return rig.Shape(i)->Applied().identity->name; };
+    EXPECT_EQ(nameOf(0), Names()[0]);
+    rig.Type("txtSpecular", "3");
+    EXPECT_EQ(nameOf(0), Names()[0]) << "an edit keeps the name";
+    EXPECT_EQ(History().count(), 2);
     History().undo();
-    EXPECT_EQ(rig.Shape(1)->Material(), before) << "both shapes were one step";
+    rig.Press("cmdMaterialResetDefaults");
+    EXPECT_EQ(nameOf(0), Names()[0]) << "as do the defaults";
+    History().undo();
+    History().undo();
+    EXPECT_EQ(rig.Shape(1)->Applied(), before) << "both shapes were one step";
 
     // The panel shows the last of a mixed selection, which has the material already.
     rig.Select({1});
