@@ -13,11 +13,11 @@ constexpr qint64 kProgressMilliseconds = 1000;
 
 void CommandOutput::Result(const QJsonObject& json, const QStringList& columns)
 {
-    if (m_isLost || (m_form == Form::Text && columns.isEmpty())) {
+    if (m_isLost || (!m_isJson && columns.isEmpty())) {
         return;
     }
     const QString compact = QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
-    const auto failure = PrintResult(m_form == Form::Json ? QStringList{compact} : columns);
+    const auto failure = PrintResult(m_isJson ? QStringList{compact} : columns);
     if (failure) {
         m_isLost = true;
         Problem(*failure);

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "Tr.h"
+
 #include <QElapsedTimer>
 #include <QJsonObject>
 #include <QStringList>
+
+#include <new>
 
 namespace studio {
 
@@ -10,9 +14,7 @@ namespace studio {
 /// per line, problems and progress on standard error.
 class CommandOutput {
 public:
-    enum class Form { Text, Json };
-
-    explicit CommandOutput(Form form) : m_form(form) { m_sinceProgress.start(); }
+    explicit CommandOutput(bool isJson) : m_isJson(isJson) { m_sinceProgress.start(); }
 
     /// A standard output that cannot be written is a problem, told once.
     void Result(const QJsonObject& json, const QStringList& columns);
@@ -23,10 +25,23 @@ public:
     /// At most once a second.
     void Progress(qsizetype done, qsizetype all);
 
+    /// What the work throws is a problem.
+    template <typename Work>
+    void Telling(const Work& work)
+    {
+        try {
+            work();
+        } catch (const std::bad_alloc&) {
+            Problem(Tr("There is not enough memory for it."));
+        } catch (const std::exception& error) {
+            Problem(QString::fromUtf8(error.what()));
+        }
+    }
+
     [[nodiscard]] bool HasProblems() const { return m_problems > 0; }
 
 private:
-    Form m_form;
+    bool m_isJson;
     bool m_isLost = false;  ///< what is printed now
     int m_problems = 0;
     QElapsedTimer m_sinceProgress;

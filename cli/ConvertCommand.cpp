@@ -6,7 +6,6 @@
 #include "SceneReading.h"
 #include "TemporaryFolder.h"
 #include "Tr.h"
-#include <CorvexMaterial/Status.h>
 
 namespace studio {
 namespace {
@@ -53,13 +52,9 @@ bool ConvertNow(const ConvertJob& job, CommandOutput& output)
 
 ExitCode Convert(const ConvertJob& job)
 {
-    CommandOutput output(job.json ? CommandOutput::Form::Json : CommandOutput::Form::Text);
+    CommandOutput output(job.json);
     bool isWhole = false;
-    try {
-        isWhole = ConvertNow(job, output);
-    } catch (const CorvexMaterial::Error& error) {
-        output.Problem(QString::fromUtf8(error.what()));
-    }
+    output.Telling([&] { isWhole = ConvertNow(job, output); });
     const bool isRefused = job.strict && !isWhole;
     return output.HasProblems() || isRefused ? ExitCode::Failed : ExitCode::Done;
 }

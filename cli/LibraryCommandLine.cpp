@@ -1,15 +1,13 @@
 #include "LibraryCommandLine.h"
 
+#include "CommandTable.h"
 #include "LibraryCommandTable.h"
 #include "LibraryQuery.h"
 #include "LibrarySchema.h"
 #include "MaterialAssignment.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
 #include <QRegularExpression>
-
-#include <algorithm>
 
 namespace studio {
 namespace {
@@ -40,19 +38,9 @@ Options of library:
   --json         one JSON object per line on standard output
 )";
 
-QString TrLibrary(const char* text)
-{
-    return QCoreApplication::translate("LibraryCommand", text);
-}
-
-QString CommandNames()
-{
-    QStringList names;
-    for (const LibraryCommandRow& use : kLibraryCommands) {
-        names << QLatin1String(use.name);
-    }
-    return names.join(QStringLiteral(", "));
-}
+constexpr CommandGroup kLibraryGroup{"library",
+                                     QT_TRANSLATE_NOOP("Studio", "the file of a library"),
+                                     QT_TRANSLATE_NOOP("Studio", "more names")};
 
 std::optional<Shard> ShardFrom(const QString& text)
 {
@@ -68,35 +56,21 @@ std::optional<QString> WrongAdd(const LibraryJob& job)
     if (LibraryKindOf(job.library.toStdString()) == LibraryKind::Materials) {
         return job.operands.isEmpty()
                    ? std::nullopt
-                   : std::optional(TrLibrary("library add takes images for a .cvt file only."));
+                   : std::optional(Tr("library add takes images for a .cvt file only."));
     }
     if (job.operands.isEmpty()) {
-        return TrLibrary("library add needs the images for a .cvt file.");
+        return Tr("library add needs the images for a .cvt file.");
     }
     return job.name.isEmpty() && job.assignments.isEmpty()
                ? std::nullopt
-               : std::optional(
-                     TrLibrary("library add takes --name and --material for a .cvm file only."));
+               : std::optional(Tr("library add takes --name and --material for a .cvm file only."));
 }
 
-// What is wrong with a complete job.
+// What is wrong with a job of the right words.
 std::optional<QString> WrongUse(const LibraryJob& job)
 {
-    const auto use = std::ranges::find_if(kLibraryCommands, [&](const LibraryCommandRow& row) {
-        return job.command == QLatin1String(row.name);
-    });
-    if (use == kLibraryCommands.end()) {
-        return TrLibrary("library needs one of %1.").arg(CommandNames());
-    }
-    if (job.library.isEmpty()) {
-        return TrLibrary("library %1 needs the file of a library.").arg(job.command);
-    }
-    if (job.operands.size() < use->leastOperands || job.operands.size() > use->mostOperands) {
-        return use->mostOperands == 0 ? TrLibrary("library %1 takes one file.").arg(job.command)
-                                      : TrLibrary("library %1 needs more names.").arg(job.command);
-    }
-    if (use->needsOut && job.out.isEmpty()) {
-        return TrLibrary("library %1 needs --out.").arg(job.command);
+    if (CommandNamed(kLibraryCommands, job.command)->needsOut && job.out.isEmpty()) {
+        return Tr("library %1 needs --out.").arg(job.command);
     }
     if (job.command == QStringLiteral("add")) {
         if (const auto wrong = WrongAdd(job)) {
@@ -134,9 +108,12 @@ std::variant<LibraryJob, QString> ReadLibraryCommand(const QStringList& argument
         return parser.errorText() + u'.';
     }
     const QStringList words = parser.positionalArguments();
+    if (auto wrong = WrongWords(kLibraryGroup, kLibraryCommands, words)) {
+        return *wrong;
+    }
     const auto shard = ShardFrom(parser.value(options.shard));
     if (!shard) {
-        return TrLibrary("--shard must be like 2/8: the second of eight.");
+        return Tr("--shard must be like 2/8: the second of eight.");
     }
     LibraryJob job{words.value(0),
                    words.value(1),

@@ -226,27 +226,17 @@ CommandLine ReadConvert(const QStringList& arguments)
     return line;
 }
 
-CommandLine ReadLibrary(const QStringList& arguments)
+/// The commands of a group, and where their job goes.
+template <auto ReadJob, Action kAction, auto kJob>
+CommandLine ReadGroup(const QStringList& arguments)
 {
-    const auto job = ReadLibraryCommand(arguments.mid(1));
+    const auto job = ReadJob(arguments.mid(1));
     if (const auto* wrong = std::get_if<QString>(&job)) {
         return Refused(*wrong);
     }
     CommandLine line;
-    line.action = Action::Library;
-    line.library = std::get<LibraryJob>(job);
-    return line;
-}
-
-CommandLine ReadScene(const QStringList& arguments)
-{
-    const auto job = ReadSceneCommand(arguments.mid(1));
-    if (const auto* wrong = std::get_if<QString>(&job)) {
-        return Refused(*wrong);
-    }
-    CommandLine line;
-    line.action = Action::Scene;
-    line.scene = std::get<SceneJob>(job);
+    line.action = kAction;
+    line.*kJob = std::get<0>(job);
     return line;
 }
 
@@ -296,9 +286,11 @@ struct CommandRow {
     const char* name;
     CommandLine (*read)(const QStringList& arguments);
 };
-constexpr std::array kCommands{CommandRow{"render", ReadRender}, CommandRow{"export", ReadExport},
-                               CommandRow{"convert", ReadConvert}, CommandRow{"scene", ReadScene},
-                               CommandRow{"library", ReadLibrary}};
+constexpr std::array kCommands{
+    CommandRow{"render", ReadRender}, CommandRow{"export", ReadExport},
+    CommandRow{"convert", ReadConvert},
+    CommandRow{"scene", ReadGroup<ReadSceneCommand, Action::Scene, &CommandLine::scene>},
+    CommandRow{"library", ReadGroup<ReadLibraryCommand, Action::Library, &CommandLine::library>}};
 
 }  // namespace
 

@@ -1,13 +1,11 @@
 #include "SceneCommandLine.h"
 
+#include "CommandTable.h"
 #include "MaterialAssignment.h"
 #include "SceneCommandTable.h"
 #include "SceneReading.h"
 
 #include <QCommandLineParser>
-#include <QCoreApplication>
-
-#include <algorithm>
 
 namespace studio {
 namespace {
@@ -37,52 +35,28 @@ Options of scene:
 
 )";
 
-QString TrScene(const char* text)
-{
-    return QCoreApplication::translate("SceneCommand", text);
-}
-
-QString SceneCommandNames()
-{
-    QStringList names;
-    for (const SceneCommandRow& row : kSceneCommands) {
-        names << QLatin1String(row.name);
-    }
-    return names.join(QStringLiteral(", "));
-}
+constexpr CommandGroup kSceneGroup{"scene", QT_TRANSLATE_NOOP("Studio", "a document or a model"),
+                                   QT_TRANSLATE_NOOP("Studio", "what to give the shapes")};
 
 std::optional<QString> WrongTarget(const SceneJob& job)
 {
     if (!job.out.isEmpty() && !IsSceneDocument(job.out)) {
-        return TrScene("--out must be a scene document (.corvex).");
+        return Tr("--out must be a scene document (.corvex).");
     }
     const bool needsOut = job.command == QStringLiteral("create") || !IsSceneDocument(job.file);
     return needsOut && job.out.isEmpty()
-               ? std::optional(TrScene("scene %1 needs --out FILE.corvex.").arg(job.command))
+               ? std::optional(Tr("scene %1 needs --out FILE.corvex.").arg(job.command))
                : std::nullopt;
 }
 
 std::optional<QString> WrongSceneUse(const SceneJob& job)
 {
-    const auto row = std::ranges::find_if(kSceneCommands, [&](const SceneCommandRow& command) {
-        return job.command == QLatin1String(command.name);
-    });
-    if (row == kSceneCommands.end()) {
-        return TrScene("scene needs one of %1.").arg(SceneCommandNames());
-    }
-    if (job.file.isEmpty()) {
-        return TrScene("scene %1 needs a document or a model.").arg(job.command);
-    }
-    if (job.operands.size() < row->leastOperands || job.operands.size() > row->mostOperands) {
-        return row->mostOperands == 0
-                   ? TrScene("scene %1 takes one file.").arg(job.command)
-                   : TrScene("scene %1 needs what to give the shapes.").arg(job.command);
-    }
+    const SceneCommandRow* const row = CommandNamed(kSceneCommands, job.command);
     const bool choosesShapes = job.all || !job.shapes.isEmpty() || !job.materials.isEmpty();
     if (row->choosesShapes != choosesShapes) {
         return row->choosesShapes
-                   ? TrScene("scene %1 needs --shape, --material or --all.").arg(job.command)
-                   : TrScene("scene %1 takes the whole scene.").arg(job.command);
+                   ? Tr("scene %1 needs --shape, --material or --all.").arg(job.command)
+                   : Tr("scene %1 takes the whole scene.").arg(job.command);
     }
     if (row->writes) {
         if (auto wrong = WrongTarget(job)) {
@@ -117,6 +91,9 @@ std::variant<SceneJob, QString> ReadSceneCommand(const QStringList& arguments)
         return parser.errorText() + u'.';
     }
     const QStringList words = parser.positionalArguments();
+    if (auto wrong = WrongWords(kSceneGroup, kSceneCommands, words)) {
+        return *wrong;
+    }
     SceneJob job{words.value(0),
                  words.value(1),
                  words.mid(2),

@@ -1,12 +1,11 @@
 #include "SceneCommands.h"
 
+#include "CommandTable.h"
 #include "Interchange.h"
 #include "SceneCommandTable.h"
 #include "Tr.h"
 
 #include <QFileInfo>
-
-#include <algorithm>
 
 namespace studio {
 namespace {
@@ -44,19 +43,7 @@ void SceneContext::Loss(const QString& text)
 
 bool RunSceneJob(const SceneJob& job)
 {
-    CommandOutput output(job.json ? CommandOutput::Form::Json : CommandOutput::Form::Text);
-    SceneContext context{job, output};
-    const auto command = std::ranges::find_if(kSceneCommands, [&](const SceneCommandRow& row) {
-        return job.command == QLatin1String(row.name);
-    });
-    try {
-        command->run(context);
-    } catch (const std::bad_alloc&) {
-        output.Problem(Tr("There is not enough memory for it."));
-    } catch (const std::exception& error) {
-        output.Problem(QString::fromUtf8(error.what()));
-    }
-    return !output.HasProblems();
+    return RunFrom<SceneContext>(kSceneCommands, job);
 }
 
 PictureFolders ScenePictures()

@@ -1,6 +1,5 @@
 #include "LibraryDesk.h"
 
-#include "LibraryUndoKeys.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QFileInfo>
@@ -67,7 +66,6 @@ QString Done(const LibraryEdit& change)
 LibraryDesk::LibraryDesk(LibraryBrowsers& browsers, QObject* parent)
     : QObject(parent), m_browsers(browsers)
 {
-    new LibraryUndoKeys(m_history, this);
     connect(&browsers, &LibraryBrowsers::RenameWanted, this, &LibraryDesk::Rename);
     connect(&browsers, &LibraryBrowsers::Message, this, &LibraryDesk::Message);
 }

@@ -1,44 +1,69 @@
 #include "UndoKeys.h"
 
+#include "LibraryBrowser.h"
 #include "SearchField.h"
 
 #include <QAbstractItemView>
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QUndoStack>
 
 namespace studio {
 namespace {
 
-// What is typed there is no part of the material.
-bool HasHistoryOfItsOwn(const QWidget& field)
+template <typename Type>
+bool IsIn(const QWidget* widget)
 {
-    const QWidget* above = field.parentWidget();
-    while (above != nullptr && qobject_cast<const QAbstractItemView*>(above) == nullptr) {
-        above = above->parentWidget();
+    while (widget != nullptr && qobject_cast<const Type*>(widget) == nullptr) {
+        widget = widget->parentWidget();
     }
-    return above != nullptr || qobject_cast<const SearchField*>(&field) != nullptr;
+    return widget != nullptr;
 }
 
 }  // namespace
 
-UndoKeys::UndoKeys(QWidget& panel, QObject* parent) : QObject(parent), m_panel(panel)
+// Fields and browsers come and go with plug-ins and dialogs, so the application is watched rather
+// than each of them.
+UndoKeys::UndoKeys(QWidget& panel, QUndoStack& scene, QUndoStack& libraries, QObject* parent)
+    : QObject(parent), m_panel(panel), m_scene(scene), m_libraries(libraries)
 {
-    // Fields come and go with plug-ins, so the application is watched rather than each field.
-    qApp->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+QUndoStack* UndoKeys::HistoryAt(const QWidget& widget) const
+{
+    if (IsIn<SearchField>(&widget) || IsIn<QAbstractItemView>(widget.parentWidget())) {
+        return nullptr;
+    }
+    if (IsIn<LibraryBrowser>(&widget)) {
+        return &m_libraries;
+    }
+    return m_panel.isAncestorOf(&widget) ? &m_scene : nullptr;
 }
 
 bool UndoKeys::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride) {
-        const auto* key = static_cast<const QKeyEvent*>(event);
-        const auto* widget = qobject_cast<const QWidget*>(watched);
-        const bool isHistory = key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo);
-        if (isHistory && widget != nullptr && m_panel.isAncestorOf(widget) &&
-            !HasHistoryOfItsOwn(*widget)) {
-            event->ignore();
-            return true;
-        }
+    const bool isOffered = event->type() == QEvent::ShortcutOverride;
+    if (!isOffered && event->type() != QEvent::KeyPress) {
+        return false;
     }
-    return QObject::eventFilter(watched, event);
+    const auto* key = static_cast<const QKeyEvent*>(event);
+    const bool undoes = key->matches(QKeySequence::Undo);
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    // What a field leaves is offered to those around it, which were not meant.
+    if ((!undoes && !key->matches(QKeySequence::Redo)) || widget == nullptr ||
+        !widget->hasFocus()) {
+        return false;
+    }
+    QUndoStack* const history = HistoryAt(*widget);
+    if (history == nullptr) {
+        return false;
+    }
+    event->accept();  // the key is offered to the menu only when nobody wants it
+    if (!isOffered) {
+        undoes ? history->undo() : history->redo();
+    }
+    return true;
 }
 
 }  // namespace studio

@@ -20,6 +20,7 @@
 #include "StudioIcon.h"
 #include "StudioSettings.h"
 #include "TextureFinder.h"
+#include "UndoKeys.h"
 #include "WindowFiles.h"
 #include "WindowMessages.h"
 #include "WorkRecovery.h"
@@ -81,6 +82,7 @@ MainWindow::~MainWindow() = default;
 void MainWindow::ConnectParts()
 {
     m_libraries->DropOn(*m_scene);
+    new UndoKeys(m_panel->Panel(), m_history, m_libraries->History(), m_libraries.get());
     connect(m_files.get(), &WindowFiles::SceneOpened, this, &MainWindow::SceneOpened);
     connect(m_files.get(), &WindowFiles::SceneRefused, this, &MainWindow::SceneRefused);
     connect(m_exchange.get(), &MaterialExchange::Refused, m_messages.get(), &WindowMessages::Tell);

@@ -9,7 +9,6 @@
 #include "SqliteMaterialLibrary.h"
 #include "StudioHost.h"
 #include "StudioSettings.h"
-#include "UndoKeys.h"
 #include "ViewportWidget.h"
 #include "WindowMessages.h"
 
@@ -54,7 +53,6 @@ void PanelDock::Build()
     m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
     m_dock->setWidget(m_area);
     m_parts.window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
-    new UndoKeys(*m_area, m_area);
 }
 
 void PanelDock::ConnectPanel()
