@@ -14,57 +14,10 @@ using CorvexMaterial::AttributeGroup;
 using CorvexMaterial::AttributeKind;
 using CorvexMaterial::AttributeRow;
 
-/// Attributes from the first to the last that another one in the report tells of.
-struct ToldTogether {
-    Attribute first;
-    Attribute last;
-    Attribute by;
-};
-
-constexpr auto kNotListed = std::to_array<ToldTogether>({
-    {Attribute::AlphaTestReference, Attribute::AlphaTestReference, Attribute::AlphaTest},
-    {Attribute::AlphaIsTransparent, Attribute::AlphaIsTransparent,
-     Attribute::TextureAlphaChannelUse},
-    {Attribute::OverlayTranslucency, Attribute::OverlayTranslucency, Attribute::TextureOverlay},
-    {Attribute::WrapOrientationU, Attribute::WrapOrientationV, Attribute::OriginU},
-    {Attribute::OriginV, Attribute::ScaleV, Attribute::OriginU},
-    {Attribute::FlatWrapType, Attribute::FlatWrapType, Attribute::WrapType},
-    {Attribute::TilesPerUnit, Attribute::TilesPerUnit, Attribute::WrapType},
-    {Attribute::RayTraceNormalSize, Attribute::RayTraceNormalScale,
-     Attribute::RayTraceNormalPattern},
-    {Attribute::RaytraceNormalFrequency, Attribute::RaytraceNormalTurbulence,
-     Attribute::RayTraceNormalPattern},
-    {Attribute::RayTraceIridescenceThickness, Attribute::RayTraceIridescenceTurbulence,
-     Attribute::RayTraceIridescenceFactor},
-    {Attribute::RaytraceColorPattern0Red, Attribute::RaytraceColorPatternTurbulence,
-     Attribute::RaytraceColorPattern},
-    {Attribute::RaytraceColorPattern0Alpha, Attribute::RaytraceColorPattern3Alpha,
-     Attribute::RaytraceColorPattern},
-    {Attribute::RaytracePredefinedType, Attribute::RaytracePredefinedType,
-     Attribute::RaytracePredefinedMaterial},
-    {Attribute::RayTraceType, Attribute::RayTraceType, Attribute::RaytracePredefinedMaterial},
-    {Attribute::PluginParameters, Attribute::PluginParameters, Attribute::Plugin},
-    // The panel's own state is in no material.
-    {Attribute::PreviewPrimitive, Attribute::PreviewPrimitive, Attribute::PreviewPrimitive},
-    {Attribute::TextureLibrary, Attribute::ApplyRelative, Attribute::PreviewPrimitive},
-});
-
-/// So that a report is silent about nothing new.
-consteval bool EveryAttributeIsTold()
+bool IsColourOrAmount(const AttributeRow& row)
 {
-    std::array<int, CorvexMaterial::kAttributeCount> times{};
-    for (const Attribute attribute : kReported) {
-        ++times[static_cast<std::size_t>(attribute)];
-    }
-    for (const ToldTogether& run : kNotListed) {
-        for (auto i = static_cast<std::size_t>(run.first); i <= static_cast<std::size_t>(run.last);
-             ++i) {
-            ++times[i];
-        }
-    }
-    return std::ranges::all_of(times, [](int count) { return count == 1; });
+    return row.group == AttributeGroup::Surface && row.kind != AttributeKind::Flag;
 }
-static_assert(EveryAttributeIsTold(), "an attribute that reports do not list, or list twice");
 
 /// Colour and amounts always where the format has them; of the rest what is not as in a fresh
 /// material.
@@ -83,9 +36,8 @@ bool IsUsed(const AttributeRow& row, const udtMaterial& material, Outcome outcom
     case Attribute::RaytracePredefinedMaterial:
         return CorvexMaterial::IsPredefined(material.RayTrace);
     default:
-        const bool isAlways = row.group == AttributeGroup::Surface &&
-                              row.kind != AttributeKind::Flag && outcome != Outcome::Dropped;
-        return isAlways || !row.path.same(material, kFresh);
+        return (IsColourOrAmount(row) && outcome != Outcome::Dropped) ||
+               !row.path.same(material, kFresh);
     }
 }
 
@@ -96,14 +48,12 @@ QString NameOf(const AttributeRow& row)
     return QCoreApplication::translate("Attribute", isGroup ? LabelOf(row.group) : row.label);
 }
 
-/// What comes back from every format that has it.
-constexpr std::array kReadExactly{Attribute::Color,
-                                  Attribute::Ambient,
-                                  Attribute::Emissive,
-                                  Attribute::Specular,
-                                  Attribute::Transparency,
-                                  Attribute::RayTraceMetallic,
-                                  Attribute::RayTraceRoughness};
+/// Whether it comes back from every format that has it.
+bool IsReadExactly(const AttributeRow& row)
+{
+    return IsColourOrAmount(row) || row.attribute == Attribute::RayTraceMetallic ||
+           row.attribute == Attribute::RayTraceRoughness;
+}
 
 }  // namespace
 
@@ -122,7 +72,7 @@ bool DifferIn(Attribute attribute, const udtMaterial& one, const udtMaterial& ot
     };
     return differ(attribute) ||
            std::ranges::any_of(CorvexMaterial::AttributeRows(), [&](const AttributeRow& row) {
-               return std::ranges::any_of(kNotListed, [&](const ToldTogether& run) {
+               return std::ranges::any_of(kToldTogether, [&](const ToldTogether& run) {
                    return run.by == attribute && run.first <= row.attribute &&
                           row.attribute <= run.last && differ(row.attribute);
                });
@@ -139,7 +89,8 @@ ExportNotes::ExportNotes(const NamedMaterial& named, const FormatTable& table, W
 
 void ExportNotes::Say(Attribute attribute, Outcome outcome, const char* note)
 {
-    const auto index = std::ranges::find(kReported, attribute) - kReported.begin();
+    const auto index =
+        std::ranges::find(m_table, attribute, &FormatRow::attribute) - m_table.begin();
     m_said.at(static_cast<std::size_t>(index)) = FormatRow{attribute, outcome, "", note};
 }
 
@@ -151,8 +102,7 @@ void ExportNotes::SayMisread(const Rewriting& rewriting)
         if (!isMeant && DifferIn(row.attribute, before, after)) {
             Say(row.attribute, Outcome::Dropped, row.note);
         }
-        const bool isExact = std::ranges::find(kReadExactly, row.attribute) != kReadExactly.end();
-        if (isMeant && isExact && row.outcome != Outcome::Dropped &&
+        if (isMeant && IsReadExactly(RowOf(row.attribute)) && row.outcome != Outcome::Dropped &&
             DifferIn(row.attribute, after, want)) {
             Say(row.attribute, Outcome::Dropped,
                 QT_TRANSLATE_NOOP("Interchange", "what else the file says of the material leaves "
@@ -174,12 +124,12 @@ void ExportNotes::AddChangesTo(Report& report, const udtMaterial& before) const
 void ExportNotes::AddTo(Report& report, const udtMaterial* before) const
 {
     MaterialNotes notes(report, m_named.name);
-    for (std::size_t index = 0; index < kReported.size(); ++index) {
-        const AttributeRow& attribute = RowOf(kReported[index]);
+    for (std::size_t index = 0; index < m_table.size(); ++index) {
+        const AttributeRow& attribute = RowOf(m_table[index].attribute);
         const FormatRow& row = m_said[index] ? *m_said[index] : m_table[index];
         const bool isTold = before == nullptr
                                 ? m_said[index] || IsUsed(attribute, m_named.material, row.outcome)
-                                : DifferIn(kReported[index], *before, m_named.material) ||
+                                : DifferIn(row.attribute, *before, m_named.material) ||
                                       (m_said[index] && row.outcome != Outcome::Mapped);
         if (isTold) {
             notes.Add(NameOf(attribute).toStdString(), row.outcome, row.note);

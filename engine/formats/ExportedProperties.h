@@ -12,34 +12,48 @@ namespace studio {
 
 using CorvexMaterial::Attribute;
 
-/// What a report on an export lists of a material; where several attributes are one thing to a
-/// format, the one that stands for them.
-inline constexpr std::array kReported{Attribute::Color,
-                                      Attribute::Ambient,
-                                      Attribute::Emissive,
-                                      Attribute::Specular,
-                                      Attribute::Transparency,
-                                      Attribute::DoubleSided,
-                                      Attribute::AlphaTest,
-                                      Attribute::Texture,
-                                      Attribute::TextureAlphaChannelUse,
-                                      Attribute::TextureOverlay,
-                                      Attribute::TextureAlpha,
-                                      Attribute::TextureBumpmap,
-                                      Attribute::TextureSpecularMap,
-                                      Attribute::TextureEnvironmentMap,
-                                      Attribute::OriginU,
-                                      Attribute::WrapType,
-                                      Attribute::RayTraceRoughness,
-                                      Attribute::RayTraceMetallic,
-                                      Attribute::RayTraceReflection,
-                                      Attribute::RayTraceBrilliance,
-                                      Attribute::RayTraceIridescenceFactor,
-                                      Attribute::RayTraceNormalPattern,
-                                      Attribute::RaytraceColorPattern,
-                                      Attribute::RaytracePredefinedMaterial,
-                                      Attribute::Plugin,
-                                      Attribute::CustomFields};
+/// Attributes from the first to the last that another one in the report tells of.
+struct ToldTogether {
+    Attribute first;
+    Attribute last;
+    Attribute by;
+};
+
+inline constexpr auto kToldTogether = std::to_array<ToldTogether>({
+    {Attribute::AlphaTestReference, Attribute::AlphaTestReference, Attribute::AlphaTest},
+    {Attribute::AlphaIsTransparent, Attribute::AlphaIsTransparent,
+     Attribute::TextureAlphaChannelUse},
+    {Attribute::OverlayTranslucency, Attribute::OverlayTranslucency, Attribute::TextureOverlay},
+    {Attribute::WrapOrientationU, Attribute::WrapOrientationV, Attribute::OriginU},
+    {Attribute::OriginV, Attribute::ScaleV, Attribute::OriginU},
+    {Attribute::FlatWrapType, Attribute::FlatWrapType, Attribute::WrapType},
+    {Attribute::TilesPerUnit, Attribute::TilesPerUnit, Attribute::WrapType},
+    {Attribute::RayTraceNormalSize, Attribute::RayTraceNormalScale,
+     Attribute::RayTraceNormalPattern},
+    {Attribute::RaytraceNormalFrequency, Attribute::RaytraceNormalTurbulence,
+     Attribute::RayTraceNormalPattern},
+    {Attribute::RayTraceIridescenceThickness, Attribute::RayTraceIridescenceTurbulence,
+     Attribute::RayTraceIridescenceFactor},
+    {Attribute::RaytraceColorPattern0Red, Attribute::RaytraceColorPatternTurbulence,
+     Attribute::RaytraceColorPattern},
+    {Attribute::RaytraceColorPattern0Alpha, Attribute::RaytraceColorPattern3Alpha,
+     Attribute::RaytraceColorPattern},
+    {Attribute::RaytracePredefinedType, Attribute::RaytracePredefinedType,
+     Attribute::RaytracePredefinedMaterial},
+    {Attribute::RayTraceType, Attribute::RayTraceType, Attribute::RaytracePredefinedMaterial},
+    {Attribute::PluginParameters, Attribute::PluginParameters, Attribute::Plugin},
+    // The panel's own state is in no material.
+    {Attribute::PreviewPrimitive, Attribute::PreviewPrimitive, Attribute::PreviewPrimitive},
+    {Attribute::TextureLibrary, Attribute::ApplyRelative, Attribute::PreviewPrimitive},
+});
+
+inline constexpr std::size_t kReportedCount = [] {
+    std::size_t count = CorvexMaterial::kAttributeCount;
+    for (const ToldTogether& run : kToldTogether) {
+        count -= static_cast<std::size_t>(run.last) - static_cast<std::size_t>(run.first) + 1;
+    }
+    return count;
+}();
 
 /// How a format takes an attribute, unless the writer knows better for a certain material.
 struct FormatRow {
@@ -48,12 +62,23 @@ struct FormatRow {
     const char* term;  ///< what the format calls it, empty where it has nothing
     const char* note;  ///< marked with QT_TRANSLATE_NOOP("Interchange", ...)
 };
-/// One row per reported attribute, in their order.
-using FormatTable = std::array<FormatRow, kReported.size()>;
+/// What a report lists, in its order: one row per attribute that no other one tells of.
+using FormatTable = std::array<FormatRow, kReportedCount>;
 
-[[nodiscard]] constexpr bool FollowsReported(const FormatTable& table)
+/// So that a report is silent about nothing new.
+[[nodiscard]] consteval bool TellsEveryAttribute(const FormatTable& table)
 {
-    return std::ranges::equal(table, kReported, {}, &FormatRow::attribute);
+    std::array<int, CorvexMaterial::kAttributeCount> times{};
+    for (const FormatRow& row : table) {
+        ++times[static_cast<std::size_t>(row.attribute)];
+    }
+    for (const ToldTogether& run : kToldTogether) {
+        for (auto i = static_cast<std::size_t>(run.first); i <= static_cast<std::size_t>(run.last);
+             ++i) {
+            ++times[i];
+        }
+    }
+    return std::ranges::all_of(times, [](int count) { return count == 1; });
 }
 
 /// What wears the materials of a file: samples that only show them, or shapes with coordinates of
@@ -92,7 +117,7 @@ private:
 
     const NamedMaterial& m_named;
     const FormatTable& m_table;
-    std::array<std::optional<FormatRow>, kReported.size()> m_said{};
+    std::array<std::optional<FormatRow>, kReportedCount> m_said{};
 };
 
 }  // namespace studio

@@ -86,3 +86,5 @@ QImageIOHandler* ImageFormatPlugin::create(QIODevice* device, const QByteArray& 
 }
 
 }  // namespace studio
+
+#include "moc_ImageFormatPlugin.cpp"

@@ -181,3 +181,5 @@ void BrickPlugin::Generate(const CorvexPlugin::Request& request,
     CorvexPlugin::Fill(request, CorvexPlugin::Relief::Heights, texture,
                        [&](float u, float v) { return PointAt(values, u, v); });
 }
+
+#include "moc_BrickPlugin.cpp"

@@ -179,3 +179,5 @@ void ClothPlugin::Generate(const CorvexPlugin::Request& request,
                         [&](float x, float y) { return PointAt(values, wear, x, y); });
     });
 }
+
+#include "moc_ClothPlugin.cpp"

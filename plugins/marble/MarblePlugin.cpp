@@ -151,3 +151,5 @@ void MarblePlugin::Generate(const CorvexPlugin::Request& request,
     CorvexPlugin::Fill(request, values.polished ? Relief::None : Relief::Heights, texture,
                        [&](float u, float v) { return PointAt(values, u, v); });
 }
+
+#include "moc_MarblePlugin.cpp"

@@ -179,3 +179,5 @@ void StudsPlugin::Generate(const CorvexPlugin::Request& request,
     CorvexPlugin::Fill(request, CorvexPlugin::Relief::Heights, texture,
                        [&](float u, float v) { return PointAt(values, u, v); });
 }
+
+#include "moc_StudsPlugin.cpp"

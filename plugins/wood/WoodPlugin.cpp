@@ -147,3 +147,5 @@ void WoodPlugin::Generate(const CorvexPlugin::Request& request,
     CorvexPlugin::Fill(request, CorvexPlugin::Relief::Heights, texture,
                        [&](float u, float v) { return PointAt(values, u, v); });
 }
+
+#include "moc_WoodPlugin.cpp"

@@ -64,7 +64,7 @@ constexpr FormatTable kGltfTable{{
     {Attribute::CustomFields, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no place for them")},
 }};
-static_assert(FollowsReported(kGltfTable));
+static_assert(TellsEveryAttribute(kGltfTable));
 
 constexpr const char* kTransform = "KHR_texture_transform";
 constexpr const char* kClearCoat = "KHR_materials_clearcoat";

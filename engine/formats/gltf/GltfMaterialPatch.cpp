@@ -4,6 +4,7 @@
 #include "GltfExport.h"
 #include "GltfMaterials.h"
 #include "GltfSurface.h"
+#include "MaterialModel.h"
 #include "VertexColours.h"
 
 #include <QJsonDocument>
@@ -126,8 +127,8 @@ void GltfMaterialPatch::Write(const udtMaterial& want)
     if (is.Specular != want.Specular || is.RayTrace.Metallic != want.RayTrace.Metallic) {
         PutShine();
     }
-    if (is.Transparency != want.Transparency) {
-        PutTransparency(FractionOf(want.Transparency));
+    if (SurfaceTermsOf(is).opacity != SurfaceTermsOf(want).opacity) {
+        PutOpacity();
     }
     if (DifferIn(Attribute::AlphaTest, is, want)) {
         PutAlphaMode();
@@ -198,25 +199,24 @@ void GltfMaterialPatch::PutShine()
     }
 }
 
-void GltfMaterialPatch::PutTransparency(float share)
+void GltfMaterialPatch::PutOpacity()
 {
+    const Json values = m_written[kPhysical]["baseColorFactor"];
+    const Json white{1, 1, 1, 1};
     Json* through = Extension("KHR_materials_transmission");
     if (through != nullptr && through->value("transmissionFactor", 0.0) > 0.0) {
-        const udtMaterial before = Read();
         const double factor = (*through)["transmissionFactor"].get<double>();
-        const double alpha = (1.0 - FractionOf(before.Transparency)) / std::max(1.0 - factor, 1e-6);
-        const double wanted = 1.0 - (1.0 - share) / std::max(std::min(alpha, 1.0), 1e-6);
-        (*through)["transmissionFactor"] = static_cast<float>(std::max(wanted, 0.0));
+        const double alpha = SurfaceTermsOf(Read()).opacity / std::max(1.0 - factor, 1e-6);
+        const double passes = 1.0 - values[3].get<double>() / std::clamp(alpha, 1e-6, 1.0);
+        (*through)["transmissionFactor"] = static_cast<float>(std::max(passes, 0.0));
         return;
     }
-    const Json values{0, 0, 0, 1.0F - share};
-    const Json white{1, 1, 1, 1};
+    const std::array<bool, 4> onlyAlpha{false, false, false, true};
     if (Json* gloss = Extension(kGlossExtension)) {
-        PutComponents(*gloss, "diffuseFactor", values, white, {false, false, false, true});
+        PutComponents(*gloss, "diffuseFactor", values, white, onlyAlpha);
     }
     if (!IsGlossy() || m_material.contains(kPhysical)) {
-        PutComponents(m_material[kPhysical], "baseColorFactor", values, white,
-                      {false, false, false, true});
+        PutComponents(m_material[kPhysical], "baseColorFactor", values, white, onlyAlpha);
     }
     PutAlphaMode();
 }

@@ -27,7 +27,7 @@ private:
     void PutColour();
     void PutGlow(bool glowed);
     void PutShine();
-    void PutTransparency(float share);
+    void PutOpacity();
     void PutAlphaMode();
     void PutCoat();
     void PutTexture(bool any);

@@ -55,7 +55,7 @@ constexpr FormatTable kMtlxTable{{
     {Attribute::CustomFields, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no place for them")},
 }};
-static_assert(FollowsReported(kMtlxTable));
+static_assert(TellsEveryAttribute(kMtlxTable));
 
 /// Letters, digits and underscores, as the format wants names.
 std::string IdentifierOf(const std::string& name)

@@ -16,12 +16,13 @@ using CorvexDB::udtMaterial;
 constexpr const char* kMtlOnlyRaytracer =
     QT_TRANSLATE_NOOP("Interchange", "only a raytracer knows it");
 
+/// The terms are the statements that bear on the attribute; ours come first.
 constexpr FormatTable kMtlTable{{
-    {Attribute::Color, Outcome::Mapped, "Kd", ""},
+    {Attribute::Color, Outcome::Mapped, "Kd, Ke", ""},
     {Attribute::Ambient, Outcome::Mapped, "Ka", ""},
-    {Attribute::Emissive, Outcome::Mapped, "Ke", ""},
-    {Attribute::Specular, Outcome::Mapped, "Ks, illum", ""},
-    {Attribute::Transparency, Outcome::Mapped, "d", ""},
+    {Attribute::Emissive, Outcome::Mapped, "Ke, illum", ""},
+    {Attribute::Specular, Outcome::Mapped, "Ks, illum, Ns", ""},
+    {Attribute::Transparency, Outcome::Mapped, "d, Tr", ""},
     {Attribute::DoubleSided, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format does not tell sides")},
     {Attribute::AlphaTest, Outcome::Dropped, "",
@@ -54,7 +55,7 @@ constexpr FormatTable kMtlTable{{
     {Attribute::CustomFields, Outcome::Dropped, "",
      QT_TRANSLATE_NOOP("Interchange", "the format has no place for them")},
 }};
-static_assert(FollowsReported(kMtlTable));
+static_assert(TellsEveryAttribute(kMtlTable));
 
 enum AlphaUse : std::int32_t { AlphaCovers = 0, AlphaBumps = 2, AlphaShines = 3 };
 

@@ -1,5 +1,6 @@
 #include "MtlPatch.h"
 
+#include "Amounts.h"
 #include "MtlMaterials.h"
 #include "MtlTerms.h"
 #include "PlainNumbers.h"
@@ -12,22 +13,12 @@ namespace {
 
 using CorvexDB::udtMaterial;
 
-/// The statements that say an attribute. The later ones are written only where it does not read as
-/// wanted with those before.
-struct AmountTerms {
-    Attribute attribute;
-    std::array<const char*, 3> keywords;
-};
-constexpr std::array kAmountTerms{
-    AmountTerms{Attribute::Color, {"kd", "ke"}},
-    AmountTerms{Attribute::Ambient, {"ka"}},
-    AmountTerms{Attribute::Emissive, {"ke", "illum"}},
-    AmountTerms{Attribute::Specular, {"ks", "illum", "ns"}},
-    AmountTerms{Attribute::RayTraceRoughness, {"ns"}},
-    AmountTerms{Attribute::Transparency, {"d", "tr"}},
-    AmountTerms{Attribute::RayTraceMetallic, {"pm"}},
-    AmountTerms{Attribute::RayTraceReflection, {"pc"}},
-};
+bool IsColourOrAmount(Attribute attribute)
+{
+    const auto group = RowOf(attribute).group;
+    return group == CorvexMaterial::AttributeGroup::Surface ||
+           group == CorvexMaterial::AttributeGroup::Raytrace;
+}
 
 struct ImageTerms {
     Attribute attribute;
@@ -102,20 +93,19 @@ void MtlPatch::Apply(const NamedMaterial& was, const NamedMaterial& now, Report&
     notes.AddChangesTo(report, was.material);
 }
 
+/// The later of an attribute's statements are written only where it does not read as wanted with
+/// those before.
 void MtlPatch::WriteAmounts(const udtMaterial& want)
 {
-    for (const AmountTerms& terms : kAmountTerms) {
-        for (const char* keyword : terms.keywords) {
-            if (keyword == nullptr || !DifferIn(terms.attribute, Read(), want)) {
+    for (const FormatRow& row : MtlTable()) {
+        if (!IsColourOrAmount(row.attribute)) {
+            continue;
+        }
+        for (const QString& term : QString(row.term).toLower().split(", ", Qt::SkipEmptyParts)) {
+            if (!DifferIn(row.attribute, Read(), want)) {
                 break;
             }
-            const MtlMaterial source = Parsed();
-            const std::string term = keyword;
-            if (term == "tr") {
-                Put("tr", {"Tr", {}, PlainNumber(FractionOf(want.Transparency))});
-            } else if (term != "d" || source.Has("d") || !source.Has("tr")) {
-                Put(term);
-            }
+            Put(term.toStdString());
         }
     }
 }
@@ -154,10 +144,18 @@ void MtlPatch::WriteImages(const NamedMaterial& was, const NamedMaterial& now)
 
 void MtlPatch::Put(const std::string& keyword)
 {
-    const auto line = std::ranges::find_if(m_written, [&](const MtlLine& written) {
-        return LowerKeyword(written.keyword) == keyword;
-    });
-    if (line != m_written.end()) {
+    const auto written = [&](std::string_view wanted) {
+        return std::ranges::find_if(
+            m_written, [&](const MtlLine& line) { return LowerKeyword(line.keyword) == wanted; });
+    };
+    const auto line = written(keyword);
+    if (keyword == "d" && Parsed().Has("tr") && !Parsed().Has("d")) {
+        return;
+    }
+    if (keyword == "tr") {
+        const float clear = 1.0F - std::stof(written("d")->value);
+        Put(keyword, {"Tr", {}, PlainNumber(FractionOf(PercentOf(clear)))});
+    } else if (line != m_written.end()) {
         Put(keyword, *line);
     } else if (keyword == "pm" || keyword == "pc") {
         Put(keyword, {keyword == "pm" ? "Pm" : "Pc", {}, "0"});
