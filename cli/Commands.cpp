@@ -14,50 +14,45 @@
 namespace studio {
 namespace {
 
-ExitCode Conclude(const std::optional<QString>& failure)
+ExitCode Conclude(bool isDone)
 {
-    if (!failure) {
-        return ExitCode::Done;
-    }
-    PrintProblem(*failure);
-    return ExitCode::Failed;
+    return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
 /// What the picture goes without is told.
-ExitCode Conclude(decltype(DrawPicture)& make, const RenderJob& job)
+ExitCode Make(decltype(DrawPicture)& make, const RenderJob& job)
 {
-    bool isWhole = true;
-    const ExitCode made = Conclude(make(job, [&isWhole](const QString& text) {
-        isWhole = false;
-        PrintProblem(text);
-    }));
-    return job.strict && !isWhole ? ExitCode::Failed : made;
+    CommandOutput output(false);
+    const auto remark = [&](const QString& text) {
+        job.strict ? output.Problem(text) : CommandOutput::Remark(text);
+    };
+    output.Telling([&] { make(job, remark); });
+    return Conclude(!output.HasProblems());
 }
 
 /// The program's own text.
-std::optional<QString> PrintLines(const QString& text)
+ExitCode PrintLines(const QString& text)
 {
+    CommandOutput output(false);
     for (const QString& line : text.trimmed().split(u'\n')) {
-        if (auto failure = PrintResult({line})) {
-            return failure;
-        }
+        output.Result({}, {line});
     }
-    return std::nullopt;
+    return Conclude(!output.HasProblems());
 }
 
 ExitCode RunJob(const CommandLine& line)
 {
     switch (line.action) {
     case Action::Render:
-        return Conclude(DrawPicture, line.render);
+        return Make(DrawPicture, line.render);
     case Action::Export:
-        return Conclude(ExportPicture, line.render);
+        return Make(ExportPicture, line.render);
     case Action::Convert:
         return Convert(line.convert);
     case Action::Scene:
-        return RunSceneJob(line.scene) ? ExitCode::Done : ExitCode::Failed;
+        return Conclude(RunSceneJob(line.scene));
     default:
-        return RunLibraryJob(line.library) ? ExitCode::Done : ExitCode::Failed;
+        return Conclude(RunLibraryJob(line.library));
     }
 }
 
@@ -82,7 +77,7 @@ ExitCode RunCommand(int& argc, char** argv, const CommandLine& line)
 {
     PrintMessagesOfToolkit();
     if (line.action == Action::ShowText) {
-        return Conclude(PrintLines(line.text));
+        return PrintLines(line.text);
     }
     if (line.action == Action::Refuse) {
         PrintProblem(QStringLiteral("%1 See --help.").arg(line.text));

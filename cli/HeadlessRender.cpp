@@ -158,31 +158,21 @@ QImage Draw(const RenderJob& job, const Remark& remark)
 
 }  // namespace
 
-std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark)
+void DrawPicture(const RenderJob& job, const Remark& remark)
 {
-    try {
-        // Before the picture is drawn, which may take long.
-        CorvexMaterial::FileWriter target(job.output.toStdString());
-        SavePicture(Draw(job, remark), target, job.output, {PictureTypeOf(job.output)});
-        return std::nullopt;
-    } catch (const CorvexMaterial::Error& error) {
-        return QString::fromStdString(error.what());
-    }
+    // Before the picture is drawn, which may take long.
+    CorvexMaterial::FileWriter target(job.output.toStdString());
+    SavePicture(Draw(job, remark), target, job.output, {PictureTypeOf(job.output)});
 }
 
-std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark)
+void ExportPicture(const RenderJob& job, const Remark& remark)
 {
-    try {
-        StudioScene scene;
-        RenderService rendering;
-        const RaytraceScene all = SceneOf(job, scene, PicturesBeside(job.output), remark);
-        TellUnreadTextures(all.frame, rendering, remark);
-        WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
-        TellLosses(*WriterFor(job.output), all, rendering, remark);
-        return std::nullopt;
-    } catch (const CorvexMaterial::Error& error) {
-        return QString::fromStdString(error.what());
-    }
+    StudioScene scene;
+    RenderService rendering;
+    const RaytraceScene all = SceneOf(job, scene, PicturesBeside(job.output), remark);
+    TellUnreadTextures(all.frame, rendering, remark);
+    WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
+    TellLosses(*WriterFor(job.output), all, rendering, remark);
 }
 
 }  // namespace studio

@@ -5,11 +5,10 @@
 
 namespace studio {
 
-/// Draws the job's picture and writes it. Returns why that failed.
-[[nodiscard]] std::optional<QString> DrawPicture(const RenderJob& job, const Remark& remark);
+/// Draws the job's picture and writes it. It may throw, as the other.
+void DrawPicture(const RenderJob& job, const Remark& remark);
 
-/// Writes the job's scene for the raytracer that its output's ending names. Returns why that
-/// failed.
-[[nodiscard]] std::optional<QString> ExportPicture(const RenderJob& job, const Remark& remark);
+/// Writes the job's scene for the raytracer that its output's ending names.
+void ExportPicture(const RenderJob& job, const Remark& remark);
 
 }  // namespace studio

@@ -41,9 +41,14 @@ void Apply(const LibraryEdit& change, LibraryFile& file)
     }
 }
 
+QString FileName(const std::string& path)
+{
+    return QFileInfo(QString::fromStdString(path)).fileName();
+}
+
 QString Done(const LibraryEdit& change)
 {
-    const QString library = QFileInfo(QString::fromStdString(change.path)).fileName();
+    const QString library = FileName(change.path);
     const bool several = change.ids.size() > 1;
     switch (change.what) {
     case LibraryEdit::What::Add:
@@ -78,6 +83,20 @@ bool LibraryDesk::Reporting(const std::function<void()>& work)
     } catch (const CorvexMaterial::Error& error) {
         Q_EMIT Refused(QString::fromUtf8(error.what()));
         return false;
+    }
+}
+
+void LibraryDesk::InOpen(LibraryKind kind, const std::function<void(LibraryFile&)>& work)
+{
+    if (LibraryFile* file = m_browsers.Open(kind); file != nullptr) {
+        Reporting([&] { work(*file); });
+    }
+}
+
+void LibraryDesk::MakeStep(LibraryEdit change)
+{
+    if (Make(change)) {
+        Push(std::move(change));
     }
 }
 
@@ -141,16 +160,14 @@ bool LibraryDesk::Make(const LibraryEdit& change)
 
 void LibraryDesk::Rename(LibraryKind kind, EntryId id, const QString& name)
 {
-    Reporting([&] {
-        LibraryFile* file = m_browsers.Open(kind);
-        const auto index = file != nullptr ? file->IndexOf(id) : std::nullopt;
-        if (!index) {
-            return;
-        }
-        LibraryEdit change{LibraryEdit::What::Rename, kind, file->Path(), {id}, name.toStdString(),
-                           file->NameAt(*index)};
-        if (Make(change)) {
-            Push(std::move(change));
+    InOpen(kind, [&](LibraryFile& file) {
+        if (const auto index = file.IndexOf(id)) {
+            MakeStep({LibraryEdit::What::Rename,
+                      kind,
+                      file.Path(),
+                      {id},
+                      name.toStdString(),
+                      file.NameAt(*index)});
         }
     });
 }
@@ -177,45 +194,29 @@ void LibraryDesk::RenameSelected(LibraryKind kind)
 std::int64_t LibraryDesk::TrashCount(LibraryKind kind)
 {
     std::int64_t count = 0;
-    Reporting([&] {
-        if (LibraryFile* file = m_browsers.Open(kind); file != nullptr) {
-            count = file->TrashCount();
-        }
-    });
+    InOpen(kind, [&](LibraryFile& file) { count = file.TrashCount(); });
     return count;
 }
 
 std::vector<TrashedEntry> LibraryDesk::Trash(LibraryKind kind, std::int32_t most)
 {
     std::vector<TrashedEntry> entries;
-    Reporting([&] {
-        if (LibraryFile* file = m_browsers.Open(kind); file != nullptr) {
-            entries = file->Trash(most);
-        }
-    });
+    InOpen(kind, [&](LibraryFile& file) { entries = file.Trash(most); });
     return entries;
 }
 
 void LibraryDesk::Restore(LibraryKind kind, const TrashedEntry& entry)
 {
-    const LibraryFile* file = m_browsers.Open(kind);
-    if (file == nullptr) {
-        return;
-    }
-    LibraryEdit change{LibraryEdit::What::Add, kind, file->Path(), {entry.id}, entry.name, {}};
-    if (Make(change)) {
-        Push(std::move(change));
-    }
+    InOpen(kind, [&](const LibraryFile& file) {
+        MakeStep({LibraryEdit::What::Add, kind, file.Path(), {entry.id}, entry.name, {}});
+    });
 }
 
 void LibraryDesk::EmptyTrash(LibraryKind kind)
 {
-    Reporting([&] {
-        if (LibraryFile* file = m_browsers.Open(kind); file != nullptr) {
-            file->EmptyTrash();
-            Q_EMIT Message(tr("The trash of %1 is empty.")
-                               .arg(QFileInfo(QString::fromStdString(file->Path())).fileName()));
-        }
+    InOpen(kind, [this](LibraryFile& file) {
+        file.EmptyTrash();
+        Q_EMIT Message(tr("The trash of %1 is empty.").arg(FileName(file.Path())));
     });
 }
 

@@ -44,9 +44,12 @@ Q_SIGNALS:
 
 private:
     bool Make(const LibraryEdit& change);
+    void MakeStep(LibraryEdit change);
     void Push(LibraryEdit change);
     void RevealSoon(LibraryKind kind, EntryId id);
     bool Reporting(const std::function<void()>& work);
+    /// Nothing is done while no library is open.
+    void InOpen(LibraryKind kind, const std::function<void(LibraryFile&)>& work);
 
     LibraryBrowsers& m_browsers;
     QUndoStack m_history;

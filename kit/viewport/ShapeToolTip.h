@@ -1,7 +1,5 @@
 #pragma once
 
-#include <CorvexMaterial/MaterialRecord.h>
-
 #include <QObject>
 #include <QString>
 
@@ -14,9 +12,6 @@ namespace studio {
 
 class StudioShape;
 class ViewportWidget;
-
-/// A colour as a person calls it: its name in the colour list, or its hexadecimal form.
-[[nodiscard]] QString ColourText(CorvexMaterial::Colour colour);
 
 /// Tells about the shape under the pointer when it rests over the viewport.
 class ShapeToolTip : public QObject {

@@ -1,10 +1,10 @@
 #include "RenderWindow.h"
 
 #include "PictureFile.h"
+#include "SaveDialog.h"
 #include <CorvexMaterial/Status.h>
 
-#include <QDir>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
@@ -125,17 +125,16 @@ void RenderWindow::SaveTo(const QString& file) const
 
 void RenderWindow::ChooseFile()
 {
-    QFileDialog dialog(this, tr("Save Picture"), m_folder, tr("PNG pictures (*.png)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("png"));
-    dialog.selectFile(QStringLiteral("render.png"));
-    if (dialog.exec() != QDialog::Accepted) {
+    const QString file = AskForTarget(
+        *this,
+        {tr("Save Picture"), m_folder, {tr("PNG pictures (*.png)")}, QStringLiteral("render")});
+    if (file.isEmpty()) {
         return;
     }
-    m_folder = dialog.directory().absolutePath();
+    m_folder = QFileInfo(file).absolutePath();
     Q_EMIT FolderChosen(m_folder);
     try {
-        SaveTo(dialog.selectedFiles().value(0));
+        SaveTo(file);
     } catch (const CorvexMaterial::Error& error) {
         QMessageBox::warning(this, windowTitle(), QString::fromStdString(error.what()));
     }

@@ -52,7 +52,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
           PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
           std::move(clock))),
       m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
-      m_exchange(std::make_unique<MaterialExchange>(host, importer, *this)),
+      m_exchange(std::make_unique<MaterialExchange>(host, *m_messages, importer, *this)),
       m_files(std::make_unique<WindowFiles>(WindowFiles::Parts{host, *m_messages, *m_scene,
                                                                m_history, *m_panel, *m_libraries,
                                                                *m_exchange, *this},
@@ -85,7 +85,6 @@ void MainWindow::ConnectParts()
     new UndoKeys(m_panel->Panel(), m_history, m_libraries->History(), m_libraries.get());
     connect(m_files.get(), &WindowFiles::SceneOpened, this, &MainWindow::SceneOpened);
     connect(m_files.get(), &WindowFiles::SceneRefused, this, &MainWindow::SceneRefused);
-    connect(m_exchange.get(), &MaterialExchange::Refused, m_messages.get(), &WindowMessages::Tell);
     connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
             &TextureFinder::ChooseFolder);
     // A step may have given the selected shapes another material.

@@ -10,6 +10,7 @@
 #include "Thumbnailer.h"
 #include "WaitCursor.h"
 #include "WaitDialog.h"
+#include "WindowMessages.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QAction>
@@ -42,8 +43,10 @@ std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
 
 }  // namespace
 
-MaterialExchange::MaterialExchange(StudioHost& host, ImportProgram importer, QWidget& window)
-    : QObject(&window), m_host(host), m_importer(std::move(importer)), m_window(window)
+MaterialExchange::MaterialExchange(StudioHost& host, WindowMessages& messages,
+                                   ImportProgram importer, QWidget& window)
+    : QObject(&window), m_host(host), m_messages(messages), m_importer(std::move(importer)),
+      m_window(window)
 {
 }
 
@@ -62,21 +65,9 @@ LibraryFile* MaterialExchange::OpenLibrary()
 {
     LibraryFile* library = m_host.Materials().File();
     if (library == nullptr) {
-        Q_EMIT Refused(tr("No material library is open. Open or create one first."));
+        m_messages.Tell(tr("No material library is open. Open or create one first."));
     }
     return library;
-}
-
-template <typename Work>
-void MaterialExchange::Reporting(const Work& work)
-{
-    try {
-        work();
-    } catch (const std::bad_alloc&) {
-        Q_EMIT Refused(tr("There is not enough memory for it. Nothing was changed."));
-    } catch (const std::exception& error) {
-        Q_EMIT Refused(QString::fromUtf8(error.what()));
-    }
 }
 
 void MaterialExchange::ChooseImport()
@@ -110,11 +101,11 @@ void MaterialExchange::Import(const QString& file)
         return;
     }
     if (!library->ReadOnlyReason().empty()) {
-        Q_EMIT Refused(QString::fromStdString(library->ReadOnlyReason()));
+        m_messages.Tell(QString::fromStdString(library->ReadOnlyReason()));
         return;
     }
     m_folder = QFileInfo(file).absolutePath();
-    Reporting([&] {
+    m_messages.Telling([&] {
         Report report;
         const auto materials = Read(file, FolderOf(library->Path()), report);
         const auto entries = materials ? EntriesOf(*materials, *library) : std::nullopt;
@@ -169,7 +160,7 @@ void MaterialExchange::Export(const QString& file)
         return;
     }
     m_folder = QFileInfo(file).absolutePath();
-    Reporting([&] {
+    m_messages.Telling([&] {
         Report report;
         std::size_t count = 0;
         {

@@ -17,6 +17,7 @@ namespace studio {
 
 class LibraryFile;
 class StudioHost;
+class WindowMessages;
 
 /// Takes materials of other programs into the open library and writes those of it for them, and
 /// shows what became of their properties.
@@ -24,8 +25,9 @@ class MaterialExchange : public QObject {
     Q_OBJECT
 
 public:
-    /// The host outlives this object, the window is its parent.
-    MaterialExchange(StudioHost& host, ImportProgram importer, QWidget& window);
+    /// Host and messages outlive this object, the window is its parent.
+    MaterialExchange(StudioHost& host, WindowMessages& messages, ImportProgram importer,
+                     QWidget& window);
 
     void AddTo(QMenu& menu);
     void Import(const QString& file);
@@ -41,8 +43,6 @@ public:
 Q_SIGNALS:
     /// The open library has new entries.
     void Imported(const studio::LibraryChange& change);
-    /// Something could not be done; a person has to know.
-    void Refused(const QString& message);
     /// Missing textures are to be looked for.
     void SearchWanted();
 
@@ -50,8 +50,6 @@ private:
     void ChooseImport();
     void ChooseExport();
     [[nodiscard]] LibraryFile* OpenLibrary();
-    template <typename Work>
-    void Reporting(const Work& work);
     // Both nothing when the user has cancelled.
     [[nodiscard]] std::optional<std::vector<NamedMaterial>>
     Read(const QString& file, const std::string& pictureFolder, Report& report);
@@ -59,6 +57,7 @@ private:
     EntriesOf(const std::vector<NamedMaterial>& materials, const LibraryFile& library);
 
     StudioHost& m_host;
+    WindowMessages& m_messages;
     ImportProgram m_importer;
     QWidget& m_window;
     QString m_folder;  ///< of the last file

@@ -12,16 +12,10 @@ namespace studio {
 
 void MaterialNaming::AddTo(QMenu& menu)
 {
-    QAction* rename = menu.addAction(tr("Rena&me Material..."), this, &MaterialNaming::AskForName);
-    QAction* unique =
-        menu.addAction(tr("Make Material &Unique"), this, &MaterialNaming::MakeUnique);
-    const Selection& selected = m_parts.scene.Selected();
-    const auto follow = [=, &selected] {
-        rename->setEnabled(!selected.All().empty());
-        unique->setEnabled(!selected.All().empty());
-    };
-    connect(&selected, &Selection::Changed, this, follow);
-    follow();
+    m_parts.scene.EnableWithSelection(
+        menu.addAction(tr("Rena&me Material..."), this, &MaterialNaming::AskForName));
+    m_parts.scene.EnableWithSelection(
+        menu.addAction(tr("Make Material &Unique"), this, &MaterialNaming::MakeUnique));
 }
 
 void MaterialNaming::AskForName()

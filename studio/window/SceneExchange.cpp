@@ -23,10 +23,7 @@ void SceneExchange::AddTo(QMenu& menu)
     QAction* selection =
         menu.addAction(tr("Export Se&lection..."), this, [this] { Choose(What::Selection); });
     selection->setObjectName(QStringLiteral("exportSelection"));
-    const Selection& selected = m_parts.scene.Selected();
-    const auto follow = [selection, &selected] { selection->setEnabled(!selected.All().empty()); };
-    connect(&selected, &Selection::Changed, selection, follow);
-    follow();
+    m_parts.scene.EnableWithSelection(selection);
 }
 
 StudioScene::Shapes SceneExchange::ShapesOf(What what) const

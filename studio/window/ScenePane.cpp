@@ -99,11 +99,16 @@ void ScenePane::AddFramingTo(QMenu& menu)
             selected.SetShapes(m_selection.All());
             Frame(selected);
         });
-    selection->setEnabled(false);
-    connect(&m_selection, &Selection::Changed, this,
-            [this, selection] { selection->setEnabled(!m_selection.All().empty()); });
+    EnableWithSelection(selection);
     menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
                    [this] { Frame(m_scene); });
+}
+
+void ScenePane::EnableWithSelection(QAction* action)
+{
+    const auto follow = [this, action] { action->setEnabled(!m_selection.All().empty()); };
+    connect(&m_selection, &Selection::Changed, action, follow);
+    follow();
 }
 
 void ScenePane::Frame(StudioScene& scene)

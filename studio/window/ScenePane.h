@@ -35,6 +35,8 @@ public:
 
     void AddSelectionTo(QMenu& menu);
     void AddFramingTo(QMenu& menu);
+    /// Enabled as long as a shape is selected.
+    void EnableWithSelection(QAction* action);
 
     /// On the status line: what is selected and what it wears.
     void TellSelection();

@@ -2,11 +2,11 @@
 
 #include "DocumentSchema.h"
 #include "OpenDocument.h"
+#include "SaveDialog.h"
 #include "UnsavedQuestion.h"
 #include "WindowMessages.h"
 
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
@@ -138,15 +138,11 @@ QString DocumentMenu::ChooseFile(const QString& title)
     const QString source = QString::fromStdString(document.Source().path);
     const QString beside = document.Path().isEmpty() ? source : document.Path();
     const QDir folder = beside.isEmpty() ? QDir::home() : QFileInfo(beside).dir();
-    const QString suffix = QLatin1String(kDocumentSuffix);
-    QFileDialog dialog(&m_parts.window, title, folder.path());
-    // A desktop's own dialog would ask about the name before it has its extension.
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setNameFilter(tr("Scene documents (*.%1)").arg(suffix));
-    dialog.setDefaultSuffix(suffix);
-    dialog.selectFile(QFileInfo(document.Name()).completeBaseName() + u'.' + suffix);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return AskForTarget(m_parts.window,
+                        {title,
+                         folder.path(),
+                         {tr("Scene documents (*.%1)").arg(QLatin1String(kDocumentSuffix))},
+                         QFileInfo(document.Name()).completeBaseName()});
 }
 
 }  // namespace studio
