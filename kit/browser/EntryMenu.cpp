@@ -29,27 +29,34 @@ void EntryMenu::AddEntryActions(Place place)
     const LibraryFile* file = m_browser.File();
     const bool isMarked = file != nullptr && m_browser.SelectedIndex() >= 0;
     const bool mayChange = isMarked && file->ReadOnlyReason().empty();
-    const auto add = [this](const QString& text, const char* name, bool enabled, auto&& act) {
+    const auto add = [this](const QString& text, const QString& tip, const char* name, bool enabled,
+                            auto&& act) {
         QAction* action = addAction(text, this, act);
+        action->setStatusTip(tip);
         action->setObjectName(QLatin1String(name));
         action->setEnabled(enabled);
     };
     if (place == Place::Panel) {
         add(materials ? tr("&Apply to the Selection") : tr("&Use on the Current Channel"),
+            materials ? tr("Gives the selected shapes this material")
+                      : tr("Puts the image on the channel that is shown"),
             "chooseEntry", isMarked, [this] { m_browser.ChooseSelected(); });
     }
-    add(tr("&Rename"), "renameEntry", mayChange, [this] { m_browser.EditName(); });
+    add(tr("&Rename"), tr("Gives the entry another name"), "renameEntry", mayChange,
+        [this] { m_browser.EditName(); });
     if (place == Place::Panel) {
-        add(tr("&Delete"), "deleteEntry", mayChange, [this] { m_browser.DeletePressed(); });
+        add(tr("&Delete"), tr("Puts the entry into the library's trash"), "deleteEntry", mayChange,
+            [this] { m_browser.DeletePressed(); });
     }
-    add(materials ? tr("Show &Library File") : tr("Show Image &File"), "showFile",
-        materials ? file != nullptr : isMarked, [this] { ShowFile(); });
+    add(materials ? tr("Show &Library File") : tr("Show Image &File"), tr("Opens its folder"),
+        "showFile", materials ? file != nullptr : isMarked, [this] { ShowFile(); });
 }
 
 void EntryMenu::AddTrashActions()
 {
     LibraryMenu::AddTrash(*this, tr("Res&tore Deleted"), m_desk, m_browser.Kind());
-    addAction(tr("&Empty Trash..."), this, &EntryMenu::EmptyTrashWanted);
+    connect(LibraryMenu::AddEmptyTrash(*this), &QAction::triggered, this,
+            &EntryMenu::EmptyTrashWanted);
 }
 
 // In the desktop's file manager: there it can be opened, copied or mailed with what is at hand.

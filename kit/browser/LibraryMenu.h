@@ -18,6 +18,8 @@ public:
 
     /// A menu of what was deleted; choosing restores. The desk outlives the menu.
     static void AddTrash(QMenu& menu, const QString& title, LibraryDesk& desk, LibraryKind kind);
+    /// Does nothing by itself.
+    static QAction* AddEmptyTrash(QMenu& menu);
 
 Q_SIGNALS:
     void ChooseLibrary(studio::LibraryKind kind);

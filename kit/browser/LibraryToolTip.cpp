@@ -2,9 +2,9 @@
 
 #include "LibraryFile.h"
 #include "MaterialText.h"
+#include "ShownText.h"
 #include "StoredPath.h"
 #include "TextureText.h"
-#include "TipText.h"
 #include <CorvexMaterial/AttributeText.h>
 
 #include <QCoreApplication>

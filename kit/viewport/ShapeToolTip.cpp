@@ -1,7 +1,7 @@
 #include "ShapeToolTip.h"
 
+#include "ShownText.h"
 #include "StudioShape.h"
-#include "TipText.h"
 #include "Tr.h"
 #include "ViewportWidget.h"
 

@@ -20,7 +20,7 @@ RenderWindow::RenderWindow(CorvexMaterial::ProcessStarter& processes, QWidget* p
     : QDialog(parent), m_run(new RaytraceRun(processes, this)), m_picture(new QLabel(this)),
       m_status(new QLabel(tr("The raytracer is starting."), this)), m_losses(new QLabel(this)),
       m_progress(new QProgressBar(this)), m_save(new QPushButton(tr("&Save As PNG..."), this)),
-      m_cancel(new QPushButton(tr("Cancel"), this))
+      m_cancel(new QPushButton(tr("&Cancel"), this))
 {
     setWindowTitle(tr("Render"));
     m_picture->setObjectName(QStringLiteral("renderedPicture"));
@@ -103,7 +103,7 @@ void RenderWindow::ShowPicture(const QImage& picture)
     m_status->setText(tr("%1 by %2 pixels").arg(picture.width()).arg(picture.height()));
     m_save->setEnabled(true);
     m_save->setDefault(true);
-    m_cancel->setText(tr("Close"));
+    m_cancel->setText(tr("&Close"));
     Q_EMIT Ended({});
 }
 
@@ -113,7 +113,7 @@ void RenderWindow::ShowFailure(const QString& message)
     m_picture->clear();
     m_progress->hide();
     m_status->setText(text);
-    m_cancel->setText(tr("Close"));
+    m_cancel->setText(tr("&Close"));
     m_cancel->setEnabled(true);
     Q_EMIT Ended(text);
 }

@@ -52,6 +52,8 @@ Unsaved AskAboutUnsaved(QWidget& window, const QString& name, const QDateTime& s
             : Tr("It is in no document yet. What you have changed is lost if you do not save it."));
     box.setStandardButtons(QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     box.setDefaultButton(QMessageBox::Save);
+    box.button(QMessageBox::Save)->setText(Tr("&Save"));
+    box.button(QMessageBox::Discard)->setText(Tr("&Discard"));
     switch (box.exec()) {
     case QMessageBox::Save:
         return Unsaved::Save;

@@ -4,6 +4,7 @@
 #include "StyleSigns.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QPainter>
 #include <QStyleFactory>
@@ -141,6 +142,16 @@ QRect StudioStyle::subControlRect(ComplexControl control, const QStyleOptionComp
         rect.moveTop(option->rect.center().y() - rect.height() / 2);
     }
     return rect;
+}
+
+QSize StudioStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                    const QSize& contents, const QWidget* widget) const
+{
+    constexpr QSize kAroundText(20, 0);
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    const bool hasRoom =
+        widget != nullptr && qobject_cast<const QDialog*>(widget->window()) != nullptr;
+    return type == CT_PushButton && hasRoom ? size.expandedTo(contents + kAroundText) : size;
 }
 
 int StudioStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,

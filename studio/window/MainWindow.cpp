@@ -104,7 +104,8 @@ void MainWindow::BuildMenus()
     m_handing->AddTo(*file);
     m_exchange->AddTo(*file);
     file->addSeparator();
-    file->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close);
+    file->addAction(tr("&Quit"), QKeySequence(tr("Ctrl+Q")), this, &MainWindow::close)
+        ->setStatusTip(tr("Ends the program"));
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     AddHistory(*edit, m_history, HistoryKeys::Standard);
@@ -123,10 +124,11 @@ void MainWindow::BuildMenus()
     m_libraries->AddTo(*menuBar());
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
-    help->addAction(tr("Show Silenced &Messages Again"), m_panel.get(),
-                    &PanelDock::RestoreWarnings);
+    help->addAction(tr("Show Silenced &Messages Again"), m_panel.get(), &PanelDock::RestoreWarnings)
+        ->setStatusTip(tr("Messages that were switched off come up again"));
     help->addSeparator();
-    help->addAction(tr("&About Corvex Studio"), this, [this] { ShowAbout(*this); });
+    help->addAction(tr("&About Corvex Studio"), this, [this] { ShowAbout(*this); })
+        ->setStatusTip(tr("The version and what it is made of"));
 }
 
 void MainWindow::Start()

@@ -53,11 +53,12 @@ MaterialExchange::MaterialExchange(StudioHost& host, WindowMessages& messages,
 void MaterialExchange::AddTo(QMenu& menu)
 {
     menu.addAction(tr("&Import Materials..."), this, &MaterialExchange::ChooseImport)
-        ->setObjectName(QStringLiteral("importMaterials"));
+        ->setStatusTip(tr("Adds the materials of another file to the open library"));
     menu.addAction(tr("E&xport Materials..."), this, &MaterialExchange::ChooseExport)
-        ->setObjectName(QStringLiteral("exportMaterials"));
+        ->setStatusTip(tr("Writes the materials of the open library for other programs"));
     m_lastReport = menu.addAction(tr("Last Repor&t..."), this, &MaterialExchange::ShowLast);
     m_lastReport->setObjectName(QStringLiteral("lastReport"));
+    m_lastReport->setStatusTip(tr("What became of what was read or written last"));
     m_lastReport->setEnabled(false);
 }
 

@@ -12,10 +12,13 @@ namespace studio {
 
 void MaterialNaming::AddTo(QMenu& menu)
 {
-    m_parts.scene.EnableWithSelection(
-        menu.addAction(tr("Rena&me Material..."), this, &MaterialNaming::AskForName));
-    m_parts.scene.EnableWithSelection(
-        menu.addAction(tr("Make Material &Unique"), this, &MaterialNaming::MakeUnique));
+    QAction* rename = menu.addAction(tr("Rena&me Material..."), this, &MaterialNaming::AskForName);
+    rename->setStatusTip(tr("Names the material for all shapes that share it"));
+    m_parts.scene.EnableWithSelection(rename);
+    QAction* unique =
+        menu.addAction(tr("Make Material Uni&que"), this, &MaterialNaming::MakeUnique);
+    unique->setStatusTip(tr("Gives each selected shape a material of its own"));
+    m_parts.scene.EnableWithSelection(unique);
 }
 
 void MaterialNaming::AskForName()

@@ -17,8 +17,8 @@ namespace studio {
 
 void OptionsEditing::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("&Options..."), QKeySequence(tr("Ctrl+,")), this,
-                   &OptionsEditing::ShowDialog);
+    menu.addAction(tr("&Options..."), QKeySequence(tr("Ctrl+,")), this, &OptionsEditing::ShowDialog)
+        ->setStatusTip(tr("Colors, folders, raytracers, documents and fields"));
 }
 
 void OptionsEditing::ShowDialog()

@@ -131,9 +131,12 @@ void PanelDock::AddTo(QMenu& view)
     QAction* dock = m_dock->toggleViewAction();
     dock->setText(tr("&Material Panel"));
     dock->setShortcut(QKeySequence(tr("F4")));
+    dock->setStatusTip(tr("Shows or hides the panel"));
     view.addAction(dock);
     QAction* fill = view.addAction(tr("&Fill the Dock"), m_fill, &PanelFill::Fill);
     QAction* saved = view.addAction(tr("Saved &Layout"), m_fill, &PanelFill::Restore);
+    fill->setStatusTip(tr("Stretches the libraries over the whole height"));
+    saved->setStatusTip(tr("Gives the libraries their own height back"));
     saved->setEnabled(false);
     connect(m_fill, &PanelFill::Changed, this, [fill, saved](bool filled) {
         fill->setEnabled(!filled);

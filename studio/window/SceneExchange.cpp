@@ -18,11 +18,13 @@ namespace studio {
 
 void SceneExchange::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("Ex&port Scene..."), this, [this] { Choose(What::Scene); })
-        ->setObjectName(QStringLiteral("exportScene"));
+    QAction* scene = menu.addAction(tr("Ex&port Scene..."), this, [this] { Choose(What::Scene); });
+    scene->setObjectName(QStringLiteral("exportScene"));
+    scene->setStatusTip(tr("Writes all shapes for other programs"));
     QAction* selection =
-        menu.addAction(tr("Export Se&lection..."), this, [this] { Choose(What::Selection); });
+        menu.addAction(tr("&Export Selection..."), this, [this] { Choose(What::Selection); });
     selection->setObjectName(QStringLiteral("exportSelection"));
+    selection->setStatusTip(tr("Writes the selected shapes for other programs"));
     m_parts.scene.EnableWithSelection(selection);
 }
 

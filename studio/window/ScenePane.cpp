@@ -86,9 +86,11 @@ std::shared_ptr<StudioShape> ScenePane::ShapeAt(QPoint position) const
 void ScenePane::AddSelectionTo(QMenu& menu)
 {
     menu.addAction(tr("Select &All"), QKeySequence::SelectAll, this,
-                   [this] { m_selection.Set(m_scene.All()); });
+                   [this] { m_selection.Set(m_scene.All()); })
+        ->setStatusTip(tr("Selects every shape"));
     menu.addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
-                   [this] { m_selection.Clear(); });
+                   [this] { m_selection.Clear(); })
+        ->setStatusTip(tr("Selects no shape"));
 }
 
 void ScenePane::AddFramingTo(QMenu& menu)
@@ -99,9 +101,11 @@ void ScenePane::AddFramingTo(QMenu& menu)
             selected.SetShapes(m_selection.All());
             Frame(selected);
         });
+    selection->setStatusTip(tr("Brings the selected shapes into view"));
     EnableWithSelection(selection);
     menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
-                   [this] { Frame(m_scene); });
+                   [this] { Frame(m_scene); })
+        ->setStatusTip(tr("Brings all shapes into view"));
 }
 
 void ScenePane::EnableWithSelection(QAction* action)

@@ -45,13 +45,18 @@ SceneRaytracing::~SceneRaytracing()
 
 void SceneRaytracing::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("&Render..."), QKeySequence(tr("Ctrl+R")), this, &SceneRaytracing::Render)
-        ->setObjectName(QStringLiteral("renderScene"));
-    QMenu* exports = menu.addMenu(tr("Export for &Raytracer"));
+    QAction* render = menu.addAction(tr("&Render..."), QKeySequence(tr("Ctrl+R")), this,
+                                     &SceneRaytracing::Render);
+    render->setObjectName(QStringLiteral("renderScene"));
+    render->setStatusTip(tr("Draws the scene with the raytracer of the options"));
+    QMenu* exports = menu.addMenu(tr("Export &for Raytracer"));
+    exports->menuAction()->setStatusTip(tr("Writes the scene as a raytracer reads it"));
     for (const SceneWriter& writer : SceneWriters()) {
         const CorvexMaterial::SceneFacts& scene = writer.raytracer->scene;
-        exports->addAction(tr(scene.title.data()) + QStringLiteral("..."), this,
-                           [this, &scene] { ChooseExport(scene); });
+        exports
+            ->addAction(tr(scene.title.data()) + QStringLiteral("..."), this,
+                        [this, &scene] { ChooseExport(scene); })
+            ->setStatusTip(exports->menuAction()->statusTip());
     }
 }
 

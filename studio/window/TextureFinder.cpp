@@ -14,8 +14,10 @@ namespace studio {
 
 void TextureFinder::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("Find Missing &Textures..."), this, &TextureFinder::ChooseFolder)
-        ->setObjectName(QStringLiteral("findTextures"));
+    QAction* find =
+        menu.addAction(tr("Find Missin&g Textures..."), this, &TextureFinder::ChooseFolder);
+    find->setObjectName(QStringLiteral("findTextures"));
+    find->setStatusTip(tr("Looks in a folder for textures that are not where they were"));
 }
 
 void TextureFinder::ChooseFolder()

@@ -3,7 +3,10 @@
 #include "SqliteMaterialLibrary.h"
 #include <CorvexMaterial/NamedColours.h>
 
+#include <QMenuBar>
 #include <QPlainTextEdit>
+
+#include <set>
 
 namespace {
 
@@ -169,6 +172,21 @@ TEST_F(Editing, UndoKeyInsideAFieldBelongsToTheHistory)
     QTest::keyClick(&search, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_NE(search.text(), "gold");
     EXPECT_EQ(rig.Shape(0)->Material().Ambient, 11) << "a search is no part of the material";
+}
+
+TEST_F(Editing, MenusHaveALetterOfItsOwnForEachEntryAndTellWhatItDoes)
+{
+    for (const QMenu* menu : rig.Window().menuBar()->findChildren<QMenu*>()) {
+        std::set<QString> letters;
+        for (const QAction* action : menu->actions()) {
+            if (!action->isSeparator() && !menu->title().isEmpty()) {
+                const QString letter = QKeySequence::mnemonic(action->text()).toString();
+                EXPECT_FALSE(letter.isEmpty()) << qPrintable(action->text());
+                EXPECT_TRUE(letters.insert(letter).second) << qPrintable(action->text());
+                EXPECT_FALSE(action->statusTip().isEmpty()) << qPrintable(action->text());
+            }
+        }
+    }
 }
 
 TEST_F(Editing, TwoEditsJoinOnlyWhenTheyAreOneGesture)

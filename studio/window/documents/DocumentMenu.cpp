@@ -20,12 +20,15 @@ DocumentMenu::DocumentMenu(const Parts& parts) : m_parts(parts)
 
 void DocumentMenu::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("&Save"), QKeySequence::Save, this, &DocumentMenu::Save);
+    menu.addAction(tr("&Save"), QKeySequence::Save, this, &DocumentMenu::Save)
+        ->setStatusTip(tr("Writes what has changed into the document"));
     // Some desktops have no key of their own for it.
-    menu.addAction(tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")), this,
-                   &DocumentMenu::SaveAs);
-    menu.addAction(tr("Save a Cop&y..."), this, &DocumentMenu::SaveCopy);
+    menu.addAction(tr("Save &As..."), QKeySequence(tr("Ctrl+Shift+S")), this, &DocumentMenu::SaveAs)
+        ->setStatusTip(tr("Writes another document and goes on with that"));
+    menu.addAction(tr("Save a Cop&y..."), this, &DocumentMenu::SaveCopy)
+        ->setStatusTip(tr("Writes another document and stays with this one"));
     m_revert = menu.addAction(tr("Re&vert"), this, &DocumentMenu::Revert);
+    m_revert->setStatusTip(tr("Goes back to the document as it was saved"));
     ShowMark();
 }
 

@@ -25,7 +25,9 @@ void TextureKeeping::AddTo(QMenu& menu)
         m_parts.document.SetTextures(isInside ? TexturePlace::Embedded : TexturePlace::Referenced);
     });
     m_inDocument->setCheckable(true);
-    menu.addAction(tr("Co&llect Files..."), this, &TextureKeeping::Collect);
+    m_inDocument->setStatusTip(tr("Each save puts the textures into the document"));
+    menu.addAction(tr("Co&llect Files..."), this, &TextureKeeping::Collect)
+        ->setStatusTip(tr("Copies all textures into a folder beside the document"));
     ShowPlace();
 }
 

@@ -125,7 +125,8 @@ void WindowFiles::ConnectOutcomes()
 
 void WindowFiles::AddTo(QMenu& file)
 {
-    file.addAction(tr("&New"), QKeySequence::New, this, &WindowFiles::BeginAnew);
+    file.addAction(tr("&New"), QKeySequence::New, this, &WindowFiles::BeginAnew)
+        ->setStatusTip(tr("Begins with the scene that the studio starts with"));
     m_opening->AddTo(file);
     file.addSeparator();
     m_menu->AddTo(file);

@@ -52,7 +52,7 @@ WorkRecovery::WorkRecovery(const Parts& parts)
 
 void WorkRecovery::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("Reco&ver Unsaved Work..."), this, [this] {
+    QAction* recover = menu.addAction(tr("Recover &Unsaved Work..."), this, [this] {
         m_wanted.reset();
         LeftJournals journals = FindLeftJournals(StateFolder(m_parts.host));
         if (journals.found.empty() && journals.refused.empty()) {
@@ -61,6 +61,7 @@ void WorkRecovery::AddTo(QMenu& menu)
             ShowDialog(std::move(journals));
         }
     });
+    recover->setStatusTip(tr("Shows work that was not saved when the program ended"));
 }
 
 JournalBase WorkRecovery::Base() const

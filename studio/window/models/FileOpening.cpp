@@ -3,7 +3,7 @@
 #include "DocumentSchema.h"
 #include "Interchange.h"
 #include "LibraryDrag.h"
-#include <CorvexMaterial/PlainText.h>
+#include "ShownText.h"
 
 #include <QDropEvent>
 #include <QFileDialog>
@@ -39,8 +39,10 @@ FileOpening::FileOpening(StudioSettings& settings, QWidget& window)
 
 void FileOpening::AddTo(QMenu& menu)
 {
-    menu.addAction(tr("&Open..."), QKeySequence::Open, this, &FileOpening::ChooseFile);
+    menu.addAction(tr("&Open..."), QKeySequence::Open, this, &FileOpening::ChooseFile)
+        ->setStatusTip(tr("Opens a document, a model, a library or materials"));
     QMenu* recent = menu.addMenu(tr("Open Re&cent"));
+    recent->menuAction()->setStatusTip(tr("What was opened last"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { ListRecentFiles(recent); });
 }
 
@@ -49,8 +51,10 @@ void FileOpening::ListRecentFiles(QMenu* menu)
     menu->clear();
     const QStringList files = m_recent.Files();
     for (const QString& file : files) {
-        QAction* action = menu->addAction(CorvexMaterial::PlainCaption(QFileInfo(file).fileName()),
-                                          this, [this, file] { Open(file); });
+        const QString name = MenuCaption(QFileInfo(file).fileName());
+        const qsizetype number = menu->actions().size() + 1;
+        QAction* action = menu->addAction(QStringLiteral("&%1 %2").arg(number).arg(name), this,
+                                          [this, file] { Open(file); });
         action->setStatusTip(file);
         action->setEnabled(QFileInfo::exists(file));
     }
@@ -59,7 +63,8 @@ void FileOpening::ListRecentFiles(QMenu* menu)
         return;
     }
     menu->addSeparator();
-    menu->addAction(tr("&Clear List"), this, [this] { m_recent.Clear(); });
+    menu->addAction(tr("&Clear List"), this, [this] { m_recent.Clear(); })
+        ->setStatusTip(tr("Forgets these files; they stay where they are"));
 }
 
 QString FileOpening::Folder() const

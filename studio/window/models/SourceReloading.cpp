@@ -89,10 +89,12 @@ SourceReloading::SourceReloading(const Parts& parts, ImportProgram importer)
 
 void SourceReloading::AddTo(QMenu& menu)
 {
-    m_reload = menu.addAction(tr("Re&load Model"), QKeySequence(Qt::Key_F5), this, [this] {
+    m_reload = menu.addAction(tr("Reloa&d Model"), QKeySequence(Qt::Key_F5), this, [this] {
         Read(QString::fromStdString(m_parts.document.Source().path));
     });
-    menu.addAction(tr("Replace &Model..."), this, &SourceReloading::Replace);
+    m_reload->setStatusTip(tr("Reads the model again; materials stay"));
+    menu.addAction(tr("Replace &Model..."), this, &SourceReloading::Replace)
+        ->setStatusTip(tr("Takes another model; shapes of the same name keep their materials"));
     Watch();
 }
 

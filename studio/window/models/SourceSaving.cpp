@@ -3,9 +3,9 @@
 #include "Interchange.h"
 #include "MaterialExchange.h"
 #include "ScenePane.h"
+#include "ShownText.h"
 #include "WaitCursor.h"
 #include "WindowMessages.h"
-#include <CorvexMaterial/PlainText.h>
 
 #include <QAction>
 #include <QFileInfo>
@@ -49,6 +49,7 @@ void SourceSaving::AddTo(QMenu& menu)
 {
     m_action = menu.addAction({}, this, &SourceSaving::Save);
     m_action->setObjectName(QStringLiteral("saveBack"));
+    m_action->setStatusTip(tr("Writes the changed materials into the model itself"));
     connect(&menu, &QMenu::aboutToShow, this, &SourceSaving::ShowName);
     ShowName();
 }
@@ -72,9 +73,9 @@ bool SourceSaving::IsShown() const
 void SourceSaving::ShowName()
 {
     const bool isShown = IsShown();
-    m_action->setText(isShown ? tr("Save &Back into \"%1\"...")
-                                    .arg(CorvexMaterial::PlainCaption(NameOf(m_source->path)))
-                              : tr("Save &Back"));
+    m_action->setText(isShown
+                          ? tr("Save &Back into \"%1\"...").arg(MenuCaption(NameOf(m_source->path)))
+                          : tr("Save &Back"));
     m_action->setEnabled(isShown);
 }
 

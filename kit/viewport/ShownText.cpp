@@ -1,6 +1,7 @@
-#include "TipText.h"
+#include "ShownText.h"
 
 #include <CorvexMaterial/NamedColours.h>
+#include <CorvexMaterial/PlainText.h>
 
 #include <QColor>
 
@@ -30,6 +31,14 @@ QString TipRowsOfFields(const CorvexDB::udtMaterial& material,
         }
     }
     return text;
+}
+
+QString MenuCaption(const QString& text)
+{
+    constexpr qsizetype kLongest = 40;
+    constexpr qsizetype kEnd = 12;
+    return CorvexMaterial::PlainCaption(
+        text.size() <= kLongest ? text : text.left(kLongest - kEnd) + u'…' + text.right(kEnd));
 }
 
 QString ColourText(CorvexMaterial::Colour colour)
