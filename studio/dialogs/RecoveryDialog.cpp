@@ -120,7 +120,9 @@ void RecoveryDialog::Offer()
     m_ui->open->setEnabled(isAny);
     m_ui->discard->setEnabled(isAny);
     m_ui->discardAll->setVisible(m_journals.size() > 1);
-    (isAny ? m_ui->open : m_ui->keep)->setDefault(true);
+    if (!isAny) {
+        m_ui->keep->setDefault(true);
+    }
     m_ui->keep->setText(isAny ? tr("&Keep for Later") : tr("&Close"));
 }
 

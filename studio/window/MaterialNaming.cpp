@@ -26,7 +26,7 @@ void MaterialNaming::AskForName()
     const auto& identity = m_parts.scene.Selected().Latest()->Applied().identity;
     bool isAccepted = false;
     const QString name = QInputDialog::getText(
-        &m_parts.window, tr("Rename Material"), tr("Name:"), QLineEdit::Normal,
+        &m_parts.window, tr("Rename Material"), tr("&Name:"), QLineEdit::Normal,
         identity == nullptr ? QString() : QString::fromStdString(identity->name), &isAccepted);
     if (isAccepted && !name.trimmed().isEmpty()) {
         Rename(name.trimmed());

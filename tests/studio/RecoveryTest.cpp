@@ -35,6 +35,11 @@ protected:
         CorvexTest::Click(*Dialog()->findChild<QPushButton*>(button));
         QTest::qWait(0);
     }
+    void Press(Qt::Key key)
+    {
+        QTest::keyClick(Dialog(), key);
+        QTest::qWait(0);
+    }
     [[nodiscard]] QStringList Files(const char* folder) const
     {
         return QDir(rig.PathOf(QString("state/") + folder)).entryList(QDir::Files);
@@ -52,7 +57,7 @@ TEST_F(Recovery, OffersWhatWasNotSavedAndOpensItModified)
     auto& works = *Dialog()->findChild<QTreeWidget*>("works");
     ASSERT_EQ(works.topLevelItemCount(), 1);
     EXPECT_EQ(works.topLevelItem(0)->text(2), "2");
-    Press("keep");
+    Press(Qt::Key_Escape);
     EXPECT_NE(rig.Shape(1)->Material(), wanted);
     rig.Trigger("Recover Unsaved Work...");
     Press("open");
@@ -63,7 +68,8 @@ TEST_F(Recovery, OffersWhatWasNotSavedAndOpensItModified)
     ASSERT_NE(Dialog(), nullptr) << "what was recovered is not saved yet";
     EXPECT_EQ(Dialog()->findChild<QTreeWidget*>("works")->topLevelItem(0)->text(2), "2");
     Press("discard");
-    Press("keep");
+    Press(Qt::Key_Return);
+    EXPECT_EQ(Dialog(), nullptr);
     EXPECT_THAT(Files("recovery"), IsEmpty());
 }
 
