@@ -6,6 +6,7 @@
 #include "LibraryCommands.h"
 #include "SceneCommands.h"
 #include "SearchPath.h"
+#include "ShaderCache.h"
 #include "StudioProfile.h"
 #include "Terminal.h"
 
@@ -61,6 +62,7 @@ ExitCode RunJob(const CommandLine& line)
 std::optional<int> BeginProgram(int argc, char** argv)
 {
     CorvexMaterial::DropRelativeSearchPaths();
+    CorvexMaterial::SecureShaderCache();
     return RunImportIfAsked(argc, argv);
 }
 
@@ -82,6 +84,14 @@ ExitCode RunCommand(int& argc, char** argv, const CommandLine& line)
     if (line.action == Action::Refuse) {
         PrintProblem(QStringLiteral("%1 See --help.").arg(line.text));
         return ExitCode::WrongUsage;
+    }
+    for (int i = 1; i < argc; ++i) {
+        const QString argument = QString::fromLocal8Bit(argv[i]);
+        if (argument.toLocal8Bit() != argv[i]) {
+            PrintProblem(
+                QStringLiteral("\"%1\" is not UTF-8; give the file another name.").arg(argument));
+            return ExitCode::WrongUsage;
+        }
     }
     // Work without a window must not need a display either.
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {

@@ -10,6 +10,7 @@
 #include "StoredPath.h"
 #include "TextureText.h"
 #include "Thumbnailer.h"
+#include "Tr.h"
 
 #include <QFileInfo>
 
@@ -45,6 +46,17 @@ std::vector<NamedMaterial> ImportedMaterials(CommandContext& context, const QStr
     std::vector<std::string> notes;
     auto materials = ReadMaterials(source, PicturesBeside(context.job.library), notes);
     PrintNotes(context, notes);
+    if (IsSceneDocument(source)) {
+        StudioScene::Shapes wearers;
+        for (const NamedMaterial& named : materials) {
+            wearers.push_back(
+                std::make_shared<StudioShape>(named.name, nullptr, WholeMaterial(named.material)));
+        }
+        for (const std::string& texture : TexturesNotFound(wearers)) {
+            CommandOutput::Remark(
+                Tr("There is no texture %1.").arg(QString::fromStdString(texture)));
+        }
+    }
     return materials;
 }
 

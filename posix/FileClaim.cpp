@@ -72,6 +72,15 @@ std::string FileIdentity(const std::string& path)
     return identity;
 }
 
+bool OwnerMayWrite(const std::string& owned, const std::string& file)
+{
+    struct stat one {};
+    struct stat other {};
+    return ::lstat(owned.c_str(), &one) != 0 || ::stat(file.c_str(), &other) != 0 ||
+           one.st_uid == 0 || one.st_uid == ::geteuid() || one.st_uid == other.st_uid ||
+           (other.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+}
+
 void MoveInPlace(const std::string& file, const std::string& target)
 {
     struct stat there {};

@@ -27,6 +27,9 @@ private:
 /// Empty when there is none.
 [[nodiscard]] std::string FileIdentity(const std::string& path);
 
+/// Whether the owner of one file may write to the other; true where one is missing.
+[[nodiscard]] bool OwnerMayWrite(const std::string& owned, const std::string& file);
+
 /// The file is on the disk, then takes the place of one that has the name, with that one's
 /// permissions. Errors: FileFailed, naming the target; both are as they were then.
 void MoveInPlace(const std::string& file, const std::string& target);

@@ -41,6 +41,13 @@ void SceneContext::Loss(const QString& text)
     }
 }
 
+void SceneContext::LookForDamage(SceneDocument& document)
+{
+    for (const std::string& problem : document.StructureProblems()) {
+        output.Problem(job.file + QStringLiteral(": ") + QString::fromStdString(problem));
+    }
+}
+
 bool RunSceneJob(const SceneJob& job)
 {
     return RunFrom<SceneContext>(kSceneCommands, job);
@@ -67,14 +74,19 @@ SceneReading ReadToWrite(SceneContext& context)
 void WriteScene(SceneContext& context, SceneReading& scene)
 {
     TellMissingTextures(context, scene.content);
+    const bool isInPlace = WritesInPlace(context.job);
+    if (isInPlace) {
+        context.LookForDamage(*scene.document);
+    }
     if (context.output.HasProblems()) {
         return;
     }
-    if (WritesInPlace(context.job)) {
+    if (isInPlace) {
         scene.document->Save(scene.content);
     } else {
         static_cast<void>(SceneDocument::Create(context.job.out.toStdString(), scene.content,
-                                                DocumentPictureFolder()));
+                                                DocumentPictureFolder(),
+                                                scene.document ? &*scene.document : nullptr));
     }
 }
 

@@ -13,6 +13,8 @@ struct SceneContext {
 
     /// A loss: a problem where the job is strict.
     void Loss(const QString& text);
+    /// Each is a problem.
+    void LookForDamage(SceneDocument& document);
 };
 
 /// Does the job. Whether all of it went well; what did not was printed. Needs an application

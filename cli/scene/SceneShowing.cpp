@@ -126,9 +126,7 @@ void ValidateScene(SceneContext& context)
 {
     SceneReading scene = ReadIn(context);
     if (scene.document) {
-        for (const std::string& problem : scene.document->StructureProblems()) {
-            context.output.Problem(context.job.file + QStringLiteral(": ") + Text(problem));
-        }
+        context.LookForDamage(*scene.document);
     }
     const SourceState source = StateOf(scene.content.source);
     if (source == SourceState::Changed || source == SourceState::Missing) {

@@ -27,7 +27,8 @@ struct SqliteCause {
 
 // The special before the general.
 constexpr std::array kJournalCauses{
-    SqliteCause{kJournalIsNoFile, "is not a plain file of its own; move it away and try again"},
+    SqliteCause{kJournalIsNoFile,
+                "is not a plain file of its own, or is another user's; move it away and try again"},
     SqliteCause{kJournalIsForeign,
                 "is none that the studio wrote and may name other files to be deleted; neither was "
                 "touched. Without it the file can be opened"},
@@ -40,6 +41,8 @@ constexpr std::array kSqliteCauses{
     SqliteCause{SQLITE_CORRUPT, "the file is damaged"},
     SqliteCause{SQLITE_NOTADB, "the file is damaged or of another kind"},
     SqliteCause{SQLITE_FULL, "the disk is full; it is as it was"},
+    SqliteCause{SQLITE_READONLY_ROLLBACK,
+                "a change that was cut off has to be taken back first, and it may only be read"},
     SqliteCause{SQLITE_BUSY, "another program is changing it; try again in a moment"},
     SqliteCause{SQLITE_READONLY, "it may only be read"},
     SqliteCause{SQLITE_IOERR, "the disk or the network folder failed; it is as it was"},
@@ -103,7 +106,8 @@ sqlite3* OpenedConnection(const std::string& path, Database::Mode mode)
                       (mode == Database::Mode::New ? SQLITE_OPEN_CREATE : 0);
     sqlite3* handle = nullptr;
     if (sqlite3_open_v2(path.c_str(), &handle, flags, DatabaseVfs()) != SQLITE_OK) {
-        const std::string cause = SqliteCauseOf(handle);
+        const std::string tooLong = LengthCause(path);
+        const std::string cause = tooLong.empty() ? SqliteCauseOf(handle) : tooLong;
         CloseConnection(handle);
         ThrowDatabaseError(path, cause);
     }
@@ -147,6 +151,18 @@ std::string_view StoredBytes(const void* bytes, int count)
 }
 
 }  // namespace
+
+std::string LengthCause(const std::string& path)
+{
+    constexpr std::size_t kMostPath = 496;  // SQLite's 512, less what is put before and behind it
+    constexpr std::size_t kMostName = 247;  // the system's 255, less the same
+    if (path.size() > kMostPath) {
+        return "its path is too long: more than " + std::to_string(kMostPath) + " bytes";
+    }
+    return path.size() - (path.rfind('/') + 1) > kMostName
+               ? "its name is too long: more than " + std::to_string(kMostName) + " bytes"
+               : "";
+}
 
 Statement& Statement::Bind(int parameter, std::int64_t value)
 {

@@ -71,6 +71,10 @@ private:
     std::unordered_map<const char*, Statement::Handle> m_compiled;
 };
 
+/// Why a file of this name cannot be written to, as there is no room for its journal's; empty if it
+/// can.
+[[nodiscard]] std::string LengthCause(const std::string& path);
+
 /// All or nothing: undone unless it is committed.
 class Transaction {
 public:

@@ -43,6 +43,15 @@ std::uint32_t ApplicationIdIn(const QByteArray& header)
     return IsDatabase(header) ? Word(header, 68) : 0;
 }
 
+void RefuseShorter(const std::string& path, qint64 promised)
+{
+    const qint64 actual = QFileInfo(QString::fromStdString(path)).size();
+    if (actual < promised) {
+        ThrowDatabaseError(path, "it is truncated: " + std::to_string(actual) + " of " +
+                                     std::to_string(promised) + " bytes are left");
+    }
+}
+
 std::string VersionCause(std::uint32_t version, std::uint32_t known)
 {
     return "it was made by a later version of the studio (format " + std::to_string(version) +
@@ -107,23 +116,20 @@ void CheckTables(Database& database, const DatabaseKind& kind)
         ThrowDatabaseError(database.Path(),
                            std::string("tables of a ") + kind.name + " are missing");
     }
+    // SQLite takes what is missing of the last page for zeros.
+    RefuseShorter(database.Path(),
+                  database.Integer("PRAGMA page_count") * database.Integer("PRAGMA page_size"));
 }
 
 void RefuseTruncated(const std::string& path)
 {
-    const QString file = QString::fromStdString(path);
-    const QByteArray header = HeaderOf(file);
+    const QByteArray header = HeaderOf(QString::fromStdString(path));
     if (header.size() < kHeaderBytes) {
         return;
     }
     // A page size of 65536 does not fit and is stored as 1.
     const qint64 storedSize = qFromBigEndian<std::uint16_t>(header.constData() + 16);
-    const qint64 promised = (storedSize == 1 ? 65536 : storedSize) * Word(header, 28);
-    const qint64 actual = QFileInfo(file).size();
-    if (actual < promised) {
-        ThrowDatabaseError(path, "it is truncated: " + std::to_string(actual) + " of " +
-                                     std::to_string(promised) + " bytes are left");
-    }
+    RefuseShorter(path, (storedSize == 1 ? 65536 : storedSize) * Word(header, 28));
 }
 
 }  // namespace studio

@@ -28,7 +28,8 @@ struct DatabaseKind {
 /// Puts the tables into a new database.
 void MakeTables(Database& database, const DatabaseKind& kind);
 
-/// Refuses a database whose tables are not exactly ours. In a transaction. Errors: FileFailed.
+/// Refuses a database whose tables are not exactly ours, or that is cut off. In a transaction.
+/// Errors: FileFailed.
 void CheckTables(Database& database, const DatabaseKind& kind);
 
 /// Refuses a file that is shorter than it says. For one that could not be read: while another

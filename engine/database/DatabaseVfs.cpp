@@ -1,5 +1,7 @@
 #include "DatabaseVfs.h"
 
+#include "FileClaim.h"
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -7,6 +9,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <string>
 #include <string_view>
 
 namespace studio {
@@ -14,6 +17,7 @@ namespace {
 
 using Bytes8 = std::array<unsigned char, 8>;
 
+constexpr std::string_view kJournalSuffix = "-journal";
 constexpr Bytes8 kJournalMagic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
 
 sqlite3_vfs* SystemVfs()
@@ -23,7 +27,15 @@ sqlite3_vfs* SystemVfs()
 
 bool IsJournalName(const char* name)
 {
-    return std::string_view(name).ends_with("-journal");
+    return std::string_view(name).ends_with(kJournalSuffix);
+}
+
+/// Whoever may not write to the file has begun no change of it: his journal is a trap.
+bool IsStrangersJournal(const char* name)
+{
+    const std::string_view journal = name;
+    const std::string file(journal.substr(0, journal.size() - kJournalSuffix.size()));
+    return !CorvexMaterial::OwnerMayWrite(name, file);
 }
 
 // Before it is opened, since to open a pipe is to wait for its other end.
@@ -38,7 +50,8 @@ int KindRefusal(const char* name, bool isJournal)
     const bool isFile = fs::is_regular_file(found);
     // What has a second name is also somebody else's file.
     if (isJournal) {
-        return isFile && fs::hard_link_count(name, error) == 1 ? SQLITE_OK : kJournalIsNoFile;
+        const bool isPlain = isFile && fs::hard_link_count(name, error) == 1;
+        return isPlain && !IsStrangersJournal(name) ? SQLITE_OK : kJournalIsNoFile;
     }
     return isFile ? SQLITE_OK : SQLITE_CANTOPEN_SYMLINK;
 }
@@ -123,7 +136,9 @@ int DeleteJournal(sqlite3_vfs*, const char* name, int syncFolder)
 int AskForJournal(sqlite3_vfs*, const char* name, int what, int* answer)
 {
     *answer = 0;
-    return IsJournalName(name) ? SystemVfs()->xAccess(SystemVfs(), name, what, answer) : SQLITE_OK;
+    return IsJournalName(name) && !IsStrangersJournal(name)
+               ? SystemVfs()->xAccess(SystemVfs(), name, what, answer)
+               : SQLITE_OK;
 }
 
 // The system's own would follow symbolic links.

@@ -46,19 +46,21 @@ QJsonArray ArrayOf(const Numbers& numbers)
     return array;
 }
 
-/// Left alone unless all numbers are there and can be used.
+/// Left alone, and false, unless all numbers are there and can be used.
 template <typename Number>
-void ReadNumbers(const QJsonValue& json, std::span<Number> numbers)
+bool ReadNumbers(const QJsonValue& json, std::span<Number> numbers)
 {
     const QJsonArray array = json.toArray();
     const auto isNumber = [](const QJsonValue& value) {
         return value.isDouble() && std::abs(value.toDouble()) <= 1.0e30;
     };
-    if (array.size() == std::ssize(numbers) && std::ranges::all_of(array, isNumber)) {
+    const bool isFine = array.size() == std::ssize(numbers) && std::ranges::all_of(array, isNumber);
+    if (isFine) {
         std::ranges::transform(array, numbers.begin(), [](const QJsonValue& value) {
             return static_cast<Number>(value.toDouble());
         });
     }
+    return isFine;
 }
 
 template <typename Item>
@@ -187,12 +189,12 @@ QByteArray JsonOfShape(const ShapeState& shape)
     return Compact(json);
 }
 
-void ReadShape(std::string_view json, ShapeState& shape)
+bool ReadShape(std::string_view json, ShapeState& shape)
 {
     const QJsonObject object = ObjectOf(json);
     std::array<float, 16> matrix{};
     std::copy_n(shape.placement.constData(), matrix.size(), matrix.begin());
-    ReadNumbers<float>(object.value(kMatrix), matrix);
+    const bool hasPlace = ReadNumbers<float>(object.value(kMatrix), matrix);
     // Columns stand one behind the other, here and there.
     std::ranges::copy(matrix, shape.placement.data());
     ReadNumbers<double>(object.value(kMoved), shape.moved);
@@ -200,6 +202,7 @@ void ReadShape(std::string_view json, ShapeState& shape)
     shape.applied.coordinates = object.value(kWrapped).toBool()
                                     ? CorvexSG::CoordinateMode::FromWrap
                                     : CorvexSG::CoordinateMode::FromMesh;
+    return hasPlace;
 }
 
 QByteArray JsonOfCamera(const Camera& camera)

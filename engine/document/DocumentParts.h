@@ -27,8 +27,8 @@ void WriteMesh(Database& database, std::int64_t id, const Mesh& mesh);
 
 /// Where a shape stands and how it is drawn.
 [[nodiscard]] QByteArray JsonOfShape(const ShapeState& shape);
-/// What is missing or makes no sense stays as it is.
-void ReadShape(std::string_view json, ShapeState& shape);
+/// What is missing or makes no sense stays as it is; false when that is where it stands.
+[[nodiscard]] bool ReadShape(std::string_view json, ShapeState& shape);
 
 [[nodiscard]] QByteArray JsonOfCamera(const Camera& camera);
 [[nodiscard]] std::optional<Camera> CameraOfJson(std::string_view json);

@@ -40,9 +40,28 @@ std::string StoredAs(std::int64_t id, const std::string& name)
     return kMark + std::to_string(id) + '/' + name;
 }
 
+// What is there was looked at when it was put there, so its content is that of its folder's name.
+bool IsThere(const std::string& file, std::int64_t bytes)
+{
+    const QFileInfo there(QString::fromStdString(file));
+    return there.isFile() && !there.isSymLink() && there.size() == bytes;
+}
+
+QByteArray StoredPicture(Database& database, std::int64_t id, std::int64_t bytes,
+                         const std::string& sha256)
+{
+    QByteArray content(static_cast<qsizetype>(bytes), Qt::Uninitialized);
+    ReadChunks(database, ChunkOwner::Texture, id,
+               {content.data(), static_cast<std::size_t>(content.size())});
+    if (HashOf(content) != sha256) {
+        ThrowDatabaseError(database.Path(), "a texture in it is damaged");
+    }
+    return content;
+}
+
 }  // namespace
 
-void DocumentTextures::Extract(Database& database)
+void DocumentTextures::Extract(Database& database, std::vector<std::string>& problems)
 {
     Statement pictures =
         database.Compile("SELECT id, name, bytes, sha256 FROM textures ORDER BY id");
@@ -51,34 +70,25 @@ void DocumentTextures::Extract(Database& database)
                 PlainName(std::string(pictures.Text(1))),
                 {},
                 std::string(pictures.Text(3))};
-        const std::string file = ExtractOne(database, row, pictures.Integer(2));
+        const std::int64_t bytes = pictures.Integer(2);
+        if (!IsHash(row.sha256) || bytes < 0 || bytes > CorvexMaterial::kMostPictureFileBytes) {
+            ThrowDatabaseError(database.Path(), "a texture in it is damaged");
+        }
+        const std::string folder = m_folder + '/' + row.sha256.substr(0, 32);
+        const std::string file = folder + '/' + row.name;
+        if (!IsThere(file, bytes)) {
+            const QByteArray content = StoredPicture(database, row.id, bytes, row.sha256);
+            try {
+                CorvexMaterial::MakeFolder(folder);
+                CorvexMaterial::WriteFile(file,
+                                          {content.constData(), static_cast<std::size_t>(bytes)});
+            } catch (const CorvexMaterial::Error& error) {
+                problems.push_back("A texture stays in it unseen: " + std::string(error.what()));
+            }
+        }
         row.identity = CorvexMaterial::FileIdentity(file);
         m_rows.emplace(file, std::move(row));
     }
-}
-
-// What is there was looked at when it was put there, so its content is that of its folder's name.
-std::string DocumentTextures::ExtractOne(Database& database, const Row& row,
-                                         std::int64_t bytes) const
-{
-    if (!IsHash(row.sha256) || bytes < 0 || bytes > CorvexMaterial::kMostPictureFileBytes) {
-        ThrowDatabaseError(database.Path(), "a texture in it is damaged");
-    }
-    const std::string folder = m_folder + '/' + row.sha256.substr(0, 32);
-    std::string file = folder + '/' + row.name;
-    const QFileInfo there(QString::fromStdString(file));
-    if (there.isFile() && !there.isSymLink() && there.size() == bytes) {
-        return file;
-    }
-    QByteArray content(static_cast<qsizetype>(bytes), Qt::Uninitialized);
-    ReadChunks(database, ChunkOwner::Texture, row.id,
-               {content.data(), static_cast<std::size_t>(content.size())});
-    if (HashOf(content) != row.sha256) {
-        ThrowDatabaseError(database.Path(), "a texture in it is damaged");
-    }
-    CorvexMaterial::MakeFolder(folder);
-    CorvexMaterial::WriteFile(file, {content.constData(), static_cast<std::size_t>(bytes)});
-    return file;
 }
 
 bool DocumentTextures::IsExtracted(const std::string& file) const
@@ -86,20 +96,36 @@ bool DocumentTextures::IsExtracted(const std::string& file) const
     return file.starts_with(m_folder + '/');
 }
 
+std::optional<QByteArray> DocumentTextures::ContentOf(const std::string& file) const
+{
+    try {
+        return CorvexMaterial::ReadRegular(QString::fromStdString(file),
+                                           CorvexMaterial::kMostPictureFileBytes);
+    } catch (const CorvexMaterial::Error&) {
+        const auto row = m_former == nullptr ? m_rows.end() : m_former->m_rows.find(file);
+        if (m_former == nullptr || row == m_former->m_rows.end()) {
+            return std::nullopt;
+        }
+        Statement size = m_formerDatabase->Use("SELECT bytes FROM textures WHERE id = ?1");
+        size.Bind(1, row->second.id);
+        return size.Step() ? std::optional(StoredPicture(*m_formerDatabase, row->second.id,
+                                                         size.Integer(0), row->second.sha256))
+                           : std::nullopt;
+    }
+}
+
 std::optional<std::string> DocumentTextures::Embed(Database& database, const std::string& file)
 {
     const std::string identity = CorvexMaterial::FileIdentity(file);
     if (const auto known = m_rows.find(file);
-        known != m_rows.end() && known->second.identity == identity) {
+        known != m_rows.end() && (identity.empty() || known->second.identity == identity)) {
         return StoredAs(known->second.id, known->second.name);
     }
-    QByteArray content;
-    try {
-        content = CorvexMaterial::ReadRegular(QString::fromStdString(file),
-                                              CorvexMaterial::kMostPictureFileBytes);
-    } catch (const CorvexMaterial::Error&) {
+    const std::optional<QByteArray> found = ContentOf(file);
+    if (!found) {
         return std::nullopt;
     }
+    const QByteArray& content = *found;
     Row row{0, PlainName(file), identity, HashOf(content)};
     const auto same = std::ranges::find_if(
         m_rows, [&row](const auto& known) { return known.second.sha256 == row.sha256; });

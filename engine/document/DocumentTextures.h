@@ -3,11 +3,14 @@
 #include "Database.h"
 #include "DocumentSchema.h"
 
+#include <QByteArray>
+
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 namespace studio {
 
@@ -17,8 +20,16 @@ class DocumentTextures {
 public:
     explicit DocumentTextures(std::string folder) : m_folder(std::move(folder)) {}
 
-    /// Puts those inside into the folder, but for those that are there already. Errors: FileFailed.
-    void Extract(Database& database);
+    /// Puts those inside into the folder, but for those that are there already. What cannot be put
+    /// there is a problem, for a person. Errors: FileFailed for a damaged document.
+    void Extract(Database& database, std::vector<std::string>& problems);
+
+    /// Pictures whose files have gone are taken from another document; both outlive the next calls.
+    void Follow(const DocumentTextures* former, Database* database)
+    {
+        m_former = former;
+        m_formerDatabase = database;
+    }
 
     /// The file belongs into the document whatever its user chose: it is only a copy of what was
     /// inside one.
@@ -39,11 +50,12 @@ private:
         std::string sha256;
     };
 
-    [[nodiscard]] std::string ExtractOne(Database& database, const Row& row,
-                                         std::int64_t bytes) const;
+    [[nodiscard]] std::optional<QByteArray> ContentOf(const std::string& file) const;
 
     std::string m_folder;
     std::map<std::string, Row> m_rows;  ///< by file
+    const DocumentTextures* m_former = nullptr;
+    Database* m_formerDatabase = nullptr;
 };
 
 }  // namespace studio

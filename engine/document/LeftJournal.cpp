@@ -82,8 +82,8 @@ private:
         } else {
             m_problems.push_back("Shape \"" + shape.name + "\" has lost its material.");
         }
-        if (!edited.state.empty()) {
-            ReadShape(edited.state, shape);
+        if (!edited.state.empty() && !ReadShape(edited.state, shape)) {
+            m_problems.push_back("Shape \"" + shape.name + "\" has lost its place.");
         }
     }
 

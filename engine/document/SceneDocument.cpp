@@ -6,6 +6,7 @@
 #include "DocumentTextures.h"
 #include "FileClaim.h"
 #include "FileWriting.h"
+#include "RegularFile.h"
 #include "StoredPath.h"
 #include <CorvexMaterial/Schema.h>
 #include <CorvexMaterial/Status.h>
@@ -17,6 +18,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 #include <map>
 #include <set>
 
@@ -51,6 +53,7 @@ struct Rows {
     std::map<MaterialKey, MaterialRow> materials;
     DocumentTextures textures;
     SceneContent content;
+    bool hasGaps = false;  ///< the shapes' places in the file are not those in the content
 };
 
 std::string CanonicalPath(const std::string& path)
@@ -93,13 +96,14 @@ private:
             const ShapeState& shape = m_content.shapes[place];
             const std::int64_t mesh = IdOf(shape.mesh);
             const std::int64_t material = IdOf(KeyOf(shape));
-            if (place >= before.size() || before[place] != shape) {
+            if (m_rows.hasGaps || place >= before.size() || before[place] != shape) {
                 WriteShape(static_cast<std::int64_t>(place), shape, mesh, material);
             }
         }
-        m_database.Use("DELETE FROM shapes WHERE place >= ?1")
+        m_database.Use("DELETE FROM shapes WHERE place < 0 OR place >= ?1")
             .Bind(1, std::ssize(m_content.shapes))
             .Run();
+        m_rows.hasGaps = false;
     }
 
     void WriteShape(std::int64_t place, const ShapeState& shape, std::int64_t mesh,
@@ -243,7 +247,14 @@ private:
             .Run();
     }
 
-    std::int64_t NextId(const char* latest) { return m_database.Integer(latest) + 1; }
+    std::int64_t NextId(const char* latest)
+    {
+        const std::int64_t id = m_database.Integer(latest);
+        if (id == std::numeric_limits<std::int64_t>::max()) {
+            ThrowDatabaseError(m_database.Path(), "it has no number left for something new");
+        }
+        return id + 1;
+    }
 
     Database& m_database;
     const std::string& m_folder;
@@ -266,7 +277,7 @@ public:
 
     void Run()
     {
-        m_rows.textures.Extract(m_database);
+        m_rows.textures.Extract(m_database, m_problems);
         ReadMaterials();
         ReadShapes();
         ReadDocument();
@@ -311,6 +322,7 @@ private:
             "SELECT place, name, mesh, material, json FROM shapes ORDER BY place");
         while (rows.Step()) {
             ShapeState shape;
+            m_rows.hasGaps |= rows.Integer(0) != std::ssize(m_rows.content.shapes);
             shape.name =
                 QString::fromUtf8(rows.Text(1).data(), std::ssize(rows.Text(1))).toStdString();
             const auto material = m_materials.find(rows.Integer(3));
@@ -320,7 +332,9 @@ private:
             } else {
                 shape.applied = material->second;
             }
-            ReadShape(rows.Text(4), shape);
+            if (!ReadShape(rows.Text(4), shape)) {
+                m_problems.push_back("Shape \"" + shape.name + "\" has lost its place.");
+            }
             if (const std::int64_t mesh = rows.Integer(2); mesh != 0) {
                 shape.mesh = MeshOf(mesh);
             }
@@ -341,12 +355,12 @@ private:
     void ReadDocument()
     {
         SceneContent& content = m_rows.content;
-        content.camera = CameraOfJson(Value("camera"));
-        content.source = SourceOfJson(Value("source"), m_folder);
+        content.camera = CameraOfJson(Parsed("camera"));
+        content.source = SourceOfJson(Parsed("source"), m_folder);
         content.textures =
             Value("textures") == "\"embedded\"" ? TexturePlace::Embedded : TexturePlace::Referenced;
         const QJsonArray selection =
-            QJsonDocument::fromJson(QByteArray::fromStdString(Value("selection"))).array();
+            QJsonDocument::fromJson(QByteArray::fromStdString(Parsed("selection"))).array();
         for (const QJsonValue& place : selection) {
             if (const int at = place.toInt(-1); at >= 0 && at < std::ssize(content.shapes)) {
                 content.selection.push_back(static_cast<std::size_t>(at));
@@ -364,6 +378,16 @@ private:
         Statement value = m_database.Use("SELECT json FROM document WHERE key = ?1");
         value.Bind(1, key);
         return value.Step() ? std::string(value.Text(0)) : std::string();
+    }
+
+    /// Objects and arrays.
+    std::string Parsed(const char* key)
+    {
+        std::string json = Value(key);
+        if (!json.empty() && QJsonDocument::fromJson(QByteArray::fromStdString(json)).isNull()) {
+            m_problems.push_back(std::string("Its ") + key + " cannot be read.");
+        }
+        return json;
     }
 
     Database& m_database;
@@ -387,12 +411,60 @@ std::string ObstacleToWriting(const std::string& path, const Database& database,
     if (!claim.Held()) {
         return "another window has it open";
     }
+    if (std::string tooLong = LengthCause(path); !tooLong.empty()) {
+        return tooLong;
+    }
     if (CorvexMaterial::WriteRefusal(path) || database.IsReadOnly()) {
         return "you have no right to write to the file";
     }
     return CorvexMaterial::WriteRefusal(FolderOf(path))
                ? "you have no right to write to its folder, which saving needs"
                : "";
+}
+
+/// A file that is there is a plain one, and nobody else's.
+CorvexMaterial::FileClaim ClaimToReplace(const std::string& file)
+{
+    CorvexMaterial::FileClaim claim;
+    std::string cause = LengthCause(file);
+    const CorvexMaterial::RegularFile there(file, std::numeric_limits<std::int64_t>::max());
+    if (cause.empty() && !there.IsMissing()) {
+        cause = there.Obstacle();
+    }
+    if (cause.empty() && !there.IsMissing()) {
+        claim = CorvexMaterial::FileClaim(file);
+        const std::error_code refusal = CorvexMaterial::WriteRefusal(file);
+        cause = !claim.Held() ? "another window has it open" : refusal ? refusal.message() : "";
+    }
+    if (const auto refusal = CorvexMaterial::WriteRefusal(FolderOf(file));
+        cause.empty() && refusal) {
+        cause = "its folder cannot be written to: " + refusal.message();
+    }
+    if (!cause.empty()) {
+        ThrowDatabaseError(file, cause);
+    }
+    return claim;
+}
+
+/// What a save that was cut off has left would be played back into the new file.
+void SettleJournal(const std::string& file)
+{
+    const std::string journal = file + "-journal";
+    const auto isLeft = [&journal] {
+        std::error_code ignored;
+        return std::filesystem::exists(std::filesystem::symlink_status(journal, ignored));
+    };
+    if (isLeft() && std::filesystem::exists(file)) {
+        try {
+            Database(file, Database::Mode::Existing).RemoveIdleJournal();
+        } catch (const CorvexMaterial::Error&) {
+            // It stays, then.
+        }
+    }
+    if (isLeft()) {
+        ThrowDatabaseError(file, "the journal '" + journal +
+                                     "' does not belong to it; move it away and try again");
+    }
 }
 
 }  // namespace
@@ -452,19 +524,24 @@ SceneDocument::Opened SceneDocument::Open(const std::string& path, const std::st
 }
 
 SceneDocument SceneDocument::Create(const std::string& path, const SceneContent& content,
-                                    const std::string& pictureFolder)
+                                    const std::string& pictureFolder, SceneDocument* former)
 {
     const std::string file = CanonicalPath(path);
+    if (former != nullptr && former->Path() == file) {
+        former->m_inside->claim = {};
+    }
     const std::string unfinished = UnfinishedPath(file);
-    const bool replaces = std::filesystem::exists(file);
-    if (replaces && !CorvexMaterial::FileClaim(file).Held()) {
-        ThrowDatabaseError(file, "another window has it open");
+    const CorvexMaterial::FileClaim replaced = ClaimToReplace(file);
+    SettleJournal(file);
+    std::error_code inTheWay;
+    std::filesystem::remove(unfinished, inTheWay);
+    if (inTheWay) {
+        ThrowDatabaseError(file, "'" + unfinished + "' is in the way: " + inTheWay.message());
     }
-    if (const auto refusal = replaces ? CorvexMaterial::WriteRefusal(file) : std::error_code()) {
-        ThrowDatabaseError(file, refusal.message());
-    }
-    std::filesystem::remove(unfinished);
     Rows rows{{}, {}, DocumentTextures(pictureFolder), {}};
+    if (former != nullptr) {
+        rows.textures.Follow(&former->m_inside->rows.textures, &former->m_inside->database);
+    }
     try {
         Database database(unfinished, Database::Mode::New);
         // Nobody reads it before it has its name, and by then it is on the disk.
@@ -474,12 +551,13 @@ SceneDocument SceneDocument::Create(const std::string& path, const SceneContent&
         MakeTables(database, DocumentKind());
         Saving(database, FolderOf(file), rows, content).Run();
         making.Commit();
+        rows.textures.Follow(nullptr, nullptr);
+        CorvexMaterial::MoveInPlace(unfinished, file);
     } catch (...) {
         std::error_code ignored;
         std::filesystem::remove(unfinished, ignored);
         throw;
     }
-    CorvexMaterial::MoveInPlace(unfinished, file);
     CorvexMaterial::FileClaim claim(file);
     auto inside = std::make_unique<Inside>(Inside{file,
                                                   FolderOf(file),

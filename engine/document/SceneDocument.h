@@ -24,9 +24,11 @@ public:
     [[nodiscard]] static Opened Open(const std::string& path, const std::string& pictureFolder,
                                      Use use = Use::Edit);
     /// Puts a scene into a new file, which takes the place of one that has the name when all of it
-    /// is on the disk.
+    /// is on the disk. The document that the scene is from has the pictures whose files have gone;
+    /// when it is the one that is replaced, it lets go of the file.
     [[nodiscard]] static SceneDocument Create(const std::string& path, const SceneContent& content,
-                                              const std::string& pictureFolder);
+                                              const std::string& pictureFolder,
+                                              SceneDocument* former = nullptr);
 
     SceneDocument(SceneDocument&&) noexcept;
     SceneDocument& operator=(SceneDocument&&) noexcept;

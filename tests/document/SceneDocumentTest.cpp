@@ -8,7 +8,10 @@
 #include "Testing.h"
 #include <CorvexMaterial/Status.h>
 
+#include <QDir>
+
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -199,9 +202,74 @@ TEST_F(SceneDocumentTest, PicturesGoIntoItAndOutOfIt)
         SceneDocument::Create(PathOf("copy.corvex"), opened.content, PathOf("cache")));
     EXPECT_EQ(Open("copy.corvex").content.shapes[2].applied.gathered->material.Textures.primary,
               textures.primary);
+    // Whoever has it inside may remove the file.
+    QDir(folder.PathOf("cache")).removeRecursively();
+    gathered =
+        std::make_shared<CorvexSG::GatheredMaterial>(*opened.content.shapes[2].applied.gathered);
+    ++gathered->material.Specular;
+    opened.content.shapes[2].applied.gathered = gathered;
+    opened.document.Save(opened.content);
+    static_cast<void>(SceneDocument::Create(PathOf("copy.corvex"), opened.content, PathOf("cache"),
+                                            &opened.document));
+    for (const char* name : {"scene.corvex", "copy.corvex"}) {
+        const auto read = Open(name).content;
+        EXPECT_FALSE(QImage(QString::fromStdString(
+                                read.shapes[2].applied.gathered->material.Textures.primary))
+                         .isNull())
+            << name;
+        QDir(folder.PathOf("cache")).removeRecursively();
+    }
+    folder.Write("cache", "in the way");
+    EXPECT_THAT(Open().problems, ElementsAre(HasSubstr("cache")));
     opened.content.shapes.pop_back();
     opened.document.Save(opened.content);
     EXPECT_LT(Bytes().count("IHDR"), 1);
+}
+
+TEST_F(SceneDocumentTest, ANewOneTakesNothingOverFromWhatItReplaces)
+{
+    const auto refusal = [this](const std::string& path) -> std::string {
+        try {
+            static_cast<void>(SceneDocument::Create(path, content, PathOf("cache")));
+            return {};
+        } catch (const CorvexMaterial::Error& error) {
+            return error.what();
+        }
+    };
+    static_cast<void>(Create());
+    // As a save leaves it that was killed: two pages are to come back, and no more.
+    const QByteArray hot = QByteArray::fromHex("d9d505f920a163d7"
+                                               "00000000"
+                                               "00000000"
+                                               "00000002"
+                                               "00000200"
+                                               "00001000")
+                               .leftJustified(512, '\0');
+    folder.Write("scene.corvex-journal", hot);
+    EXPECT_EQ(refusal(PathOf()), "");
+    ExpectSame(Open().content, content);
+    folder.Write("gone.corvex-journal", hot);
+    EXPECT_THAT(refusal(PathOf("gone.corvex")), HasSubstr("gone.corvex-journal"));
+
+    QDir().mkdir(folder.PathOf("folder.corvex"));
+    EXPECT_EQ(::mkfifo(PathOf("pipe.corvex").c_str(), 0600), 0);
+    EXPECT_THAT(refusal(PathOf("folder.corvex")), HasSubstr("folder.corvex': it is a folder"));
+    EXPECT_THAT(refusal(PathOf("pipe.corvex")), HasSubstr("pipe"));
+    EXPECT_THAT(refusal(PathOf("none/a.corvex")), HasSubstr("none/a.corvex': its folder"));
+    EXPECT_THAT(refusal(PathOf((std::string(241, 'n') + ".corvex").c_str())),
+                HasSubstr("too long"));
+    EXPECT_THAT(QDir(folder.Path()).entryList({".*"}, QDir::Files | QDir::Hidden), IsEmpty());
+}
+
+TEST_F(SceneDocumentTest, KeepsShapesWhosePlacesHaveGaps)
+{
+    static_cast<void>(Create());
+    Sql("UPDATE shapes SET place = place * 3 - 2; UPDATE shapes SET json = '{' WHERE place = 1");
+    auto opened = Open();
+    EXPECT_THAT(opened.problems, ElementsAre(HasSubstr("Facets")));
+    opened.document.Save(opened.content);
+    EXPECT_EQ(Open().content.shapes.size(), 3U);
+    EXPECT_EQ(Open().content.shapes[2].applied.identity->name, "Plain");
 }
 
 TEST_F(SceneDocumentTest, RefusesWhatIsDamagedForeignOrLaterAndLeavesItAlone)
@@ -220,6 +288,7 @@ TEST_F(SceneDocumentTest, RefusesWhatIsDamagedForeignOrLaterAndLeavesItAlone)
         return [&, bytes] { folder.Write("scene.corvex", bytes); };
     };
     EXPECT_THAT(refusalAfter(write(good.left(good.size() / 2))), HasSubstr("truncated"));
+    EXPECT_THAT(refusalAfter(write(good.chopped(1))), HasSubstr("truncated"));
     EXPECT_THAT(refusalAfter(write("hello")), HasSubstr("not a scene document"));
     EXPECT_THAT(refusalAfter([&] { Sql("PRAGMA user_version = 2"); }), HasSubstr("later version"));
     EXPECT_THAT(refusalAfter([&] { Sql("PRAGMA application_id = 7"); }),

@@ -38,6 +38,11 @@ QString CanonicalPath(const QString& path)
     return canonical.isEmpty() ? file.absoluteFilePath() : canonical;
 }
 
+SceneDocument* PointerTo(std::optional<SceneDocument>& document)
+{
+    return document ? &*document : nullptr;
+}
+
 }  // namespace
 
 OpenDocument::OpenDocument(const Parts& parts) : m_parts(parts)
@@ -191,13 +196,16 @@ void OpenDocument::Save()
 void OpenDocument::SaveAs(const QString& path)
 {
     const QString file = CanonicalPath(path);
+    std::optional<SceneDocument> replaced;
     if (file == m_path) {
-        m_file.reset();  // it is written anew, over whatever has its name now
+        replaced.swap(m_file);  // it is written anew, over whatever has its name now
     }
+    SceneDocument* const former = PointerTo(replaced ? replaced : m_file);
     const SceneContent content = ContentWithPicture();
     std::optional<SceneDocument> document;
     Write(file, [&] {
-        document.emplace(SceneDocument::Create(file.toStdString(), content, PictureFolder()));
+        document.emplace(
+            SceneDocument::Create(file.toStdString(), content, PictureFolder(), former));
     });
     SettleAt(file, std::move(*document));
 }
@@ -210,7 +218,8 @@ void OpenDocument::SaveCopy(const QString& path)
     }
     const SceneContent content = ContentWithPicture();
     Write(CanonicalPath(path), [&] {
-        std::ignore = SceneDocument::Create(path.toStdString(), content, PictureFolder());
+        std::ignore =
+            SceneDocument::Create(path.toStdString(), content, PictureFolder(), PointerTo(m_file));
     });
 }
 
