@@ -84,6 +84,17 @@ TouchedRows RowsThatDiffer(const CorvexDB::udtMaterial& one, const CorvexDB::udt
     return rows;
 }
 
+void TakeRows(CorvexDB::udtMaterial& record, const std::vector<EditedRow>& rows)
+{
+    for (const EditedRow& row : rows) {
+        if (row.attribute == CustomFields) {
+            record.CustomFields.at(row.element) = std::get<std::string>(row.value);
+        } else if (const RecordPath& path = RowOf(row.attribute).path; path.LeadsIntoRecord()) {
+            std::visit([&](const auto& value) { path.set(record, value); }, row.value);
+        }
+    }
+}
+
 void PendingEdit::Touch(const TouchedRows& rows)
 {
     m_rows.insert(m_rows.end(), rows.begin(), rows.end());

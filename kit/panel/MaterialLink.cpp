@@ -3,6 +3,7 @@
 #include "MaterialNames.h"
 
 #include <algorithm>
+#include <map>
 
 namespace studio {
 namespace {
@@ -25,6 +26,43 @@ bool WrapsAnew(const MaterialEdit& edit)
     });
 }
 
+std::shared_ptr<const CorvexSG::GatheredMaterial> WithRows(const CorvexSG::GatheredMaterial& before,
+                                                           const MaterialEdit& edit)
+{
+    auto after = std::make_shared<CorvexSG::GatheredMaterial>();
+    after->material = before.material;
+    after->applyMode = before.applyMode;
+    for (const CorvexMaterial::EditedRow& row : edit.rows) {
+        if (row.attribute == CorvexMaterial::Attribute::ApplyRelative) {
+            after->applyMode = CorvexDB::ApplyMode{std::get<std::int32_t>(row.value)};
+        }
+    }
+    TakeRows(after->material, edit.rows);
+    if (after->applyMode == CorvexDB::ApplyMode::FilesOnly) {
+        CorvexMaterial::KeepTextureUse(after->material, before.material);
+    }
+    return after;
+}
+
+/// Shapes that shared a record share the new one too.
+std::vector<ShapeChange> WithTouchedRows(const ShapeList& shapes, const MaterialEdit& edit)
+{
+    std::map<const CorvexSG::GatheredMaterial*, std::shared_ptr<const CorvexSG::GatheredMaterial>>
+        edited;
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : shapes) {
+        const AppliedMaterial& before = shape->Applied();
+        auto& gathered = edited[before.gathered.get()];
+        if (gathered == nullptr) {
+            gathered = WithRows(*before.gathered, edit);
+        }
+        const auto coordinates =
+            WrapsAnew(edit) ? CorvexSG::CoordinateMode::FromWrap : before.coordinates;
+        changes.push_back({shape, before, {gathered, coordinates, before.identity}});
+    }
+    return changes;
+}
+
 void PutBack(const std::vector<ShapeChange>& changes)
 {
     for (const ShapeChange& change : changes) {
@@ -45,21 +83,31 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
 {
     const std::string entry = m_parts.takenEntry();
     const auto coordinates = WrapsAnew(edit) ? Coordinates::Wrapped : Coordinates::Kept;
+    const ShapeList shapes = m_parts.selection.All();
+    std::vector<ShapeChange> changes = edit.isWhole || shapes.size() == 1
+                                           ? AppliedWhole(coordinates)
+                                           : WithTouchedRows(shapes, edit);
+    Name(changes, edit.isWhole ? entry : std::string());
+    for (const ShapeChange& change : changes) {
+        change.shape->SetApplied(change.after);
+    }
+    Push(std::move(changes), FieldsOf(edit));
+}
+
+// None where one of them refuses it.
+std::vector<ShapeChange> MaterialLink::AppliedWhole(Coordinates coordinates)
+{
     std::vector<ShapeChange> changes;
     for (const auto& shape : m_parts.selection.All()) {
         changes.push_back({shape, shape->Applied(), shape->Applied()});
         if (const Status status = Apply(*shape, coordinates); status != Status::Success) {
             PutBack(changes);
             Q_EMIT Failed(tr("The material was not applied"), status);
-            return;
+            return {};
         }
         changes.back().after = shape->Applied();
     }
-    Name(changes, edit.isWhole ? entry : std::string());
-    for (const ShapeChange& change : changes) {
-        change.shape->SetApplied(change.after);
-    }
-    Push(std::move(changes), FieldsOf(edit));
+    return changes;
 }
 
 Status MaterialLink::Apply(StudioShape& shape, Coordinates coordinates)

@@ -22,9 +22,11 @@ struct LinkedParts {
 };
 
 /// Keeps the material panel and the selected shapes together: an edit in the panel goes to every
-/// selected shape as one undo step, and the shape chosen last shows its material in the panel. A
-/// chosen wrap, be it the one that was chosen already, takes shapes the coordinates of their mesh.
-/// A material from the library keeps its name.
+/// selected shape as one undo step, and the shape chosen last shows its material in the panel. One
+/// shape takes the panel's material; of several each takes what was touched and keeps the rest of
+/// its own, unless a whole material was put in the place of the old. A chosen wrap, be it the one
+/// that was chosen already, takes shapes the coordinates of their mesh. A material from the library
+/// keeps its name.
 class MaterialLink : public QObject {
     Q_OBJECT
 
@@ -51,6 +53,7 @@ private:
     enum class Coordinates { Kept, Wrapped };
 
     void ApplyEdit(const CorvexMaterial::MaterialEdit& edit);
+    [[nodiscard]] std::vector<ShapeChange> AppliedWhole(Coordinates coordinates);
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
     /// Without a name as an edit does, which leaves those alone that share a material.
     void Name(std::vector<ShapeChange>& changes, const std::string& name) const;

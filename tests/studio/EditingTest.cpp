@@ -64,23 +64,28 @@ TEST_F(Editing, TypedTextIsOneStepThatTakesPanelAndShapeBack)
     EXPECT_EQ(History().count(), 0) << "it ends where it began";
 }
 
-TEST_F(Editing, OneEditReachesAllSelectedShapesAsOneStep)
+TEST_F(Editing, OfSeveralShapesEachTakesWhatWasTouchedAndKeepsTheRest)
 {
+    rig.Shape(2)->SetApplied(rig.Shape(3)->Applied());
     const auto before = Materials();
+    auto expected = before;
     rig.Select({0, 2, 3});
     rig.Choose("cboColor", "Bronze");
-    const CorvexDB::udtMaterial& changed = rig.Shape(3)->Material();
-    EXPECT_EQ(changed.Color, CorvexMaterial::MakeColour({140, 120, 36}));
-    EXPECT_EQ(rig.Shape(0)->Material(), changed);
-    EXPECT_EQ(rig.Shape(2)->Material(), changed);
-    EXPECT_EQ(rig.Shape(1)->Material(), before[1]);
-    EXPECT_EQ(rig.Shape(0)->Applied().gathered, rig.Shape(3)->Applied().gathered)
+    for (const std::size_t i : {0, 2, 3}) {
+        expected[i].Color = CorvexMaterial::MakeColour({140, 120, 36});
+    }
+    EXPECT_EQ(Materials(), expected);
+    EXPECT_EQ(rig.Shape(2)->Applied().gathered, rig.Shape(3)->Applied().gathered)
         << "the shapes keep copies of one material";
     ASSERT_EQ(History().count(), 1);
     EXPECT_EQ(History().undoText(), "Change color of 3 shapes");
     rig.Type("txtAmbient", "41");
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, 41);
+    EXPECT_EQ(rig.Shape(0)->Material().Textures, before[0].Textures);
     EXPECT_EQ(History().count(), 2) << "keys of one text are one step, the first of them too";
     EXPECT_EQ(History().undoText(), "Change ambient of 3 shapes");
+    rig.Press("cmdMaterialResetDefaults");
+    EXPECT_EQ(rig.Shape(0)->Material(), rig.Shape(3)->Material()) << "a whole material";
     while (History().canUndo()) {
         History().undo();
     }

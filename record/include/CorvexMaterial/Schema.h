@@ -4,6 +4,7 @@
 // search, command line, undo texts and tool tips loop over the rows or refer to them.
 
 #include <CorvexMaterial/Attribute.h>
+#include <CorvexMaterial/MaterialEdit.h>
 #include <CorvexMaterial/RecordPath.h>
 
 #include <array>
@@ -100,6 +101,10 @@ inline constexpr std::array kTextureFiles{
 /// Whether the records differ in an attribute whose change touches such.
 [[nodiscard]] bool Differ(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other,
                           bool (*isMeant)(Touches));
+/// Gives the record the touched values and leaves its others alone. Rows of the panel's own state
+/// are none of its members. Errors: std::bad_variant_access for a value of another type,
+/// out_of_range for another element; rows before it have been taken then.
+void TakeRows(CorvexDB::udtMaterial& record, const std::vector<EditedRow>& rows);
 /// In the mode `FilesOnly` only the files of the layers are put on a shape: gives the material the
 /// other use of textures that the shape has.
 void KeepTextureUse(CorvexDB::udtMaterial& material, const CorvexDB::udtMaterial& shape);
