@@ -16,6 +16,7 @@ ScenePane::ScenePane(StudioHost& host, WindowMessages& messages, QMainWindow& wi
     : m_messages(messages), m_viewport(new ViewportWidget(host.Rendering(), &window))
 {
     m_viewport->setMinimumSize(200, 160);
+    m_viewport->setAccessibleName(tr("Scene"));
     m_scene.MarkSelection(&m_selection);
     m_viewport->SetSource(&m_scene);
     window.setCentralWidget(m_viewport);
