@@ -14,6 +14,7 @@
 #include <CorvexMaterial/Status.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -198,7 +199,9 @@ void MaterialExchange::Show(const QString& title, const Report& report, std::siz
 
 void MaterialExchange::ShowLast()
 {
-    auto* dialog = new ReportDialog(m_title, m_summary, m_report, &m_window);
+    // Over one that is there already: of two beside each other the keyboard may go to neither.
+    QWidget* const front = QApplication::activeModalWidget();
+    auto* dialog = new ReportDialog(m_title, m_summary, m_report, front ? front : &m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     if (m_missingTextures > 0) {
         dialog->TellMissing(m_missingTextures);
