@@ -261,7 +261,8 @@ QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material, const std:
 }
 
 AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& name,
-                                    const std::string& folder, std::vector<std::string>& problems)
+                                    std::int64_t mode, const std::string& folder,
+                                    std::vector<std::string>& problems)
 {
     MaterialReading reading;
     try {
@@ -272,11 +273,16 @@ AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& na
     for (const std::string& problem : reading.problems) {
         problems.push_back("Material \"" + name + "\": " + problem);
     }
-    AppliedMaterial applied = WholeMaterial(std::move(reading.material));
+    auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
+    gathered->material = std::move(reading.material);
+    constexpr auto kLastMode = static_cast<std::int64_t>(CorvexDB::ApplyMode::FilesOnly);
+    if (mode >= 0 && mode <= kLastMode) {
+        gathered->applyMode = static_cast<CorvexDB::ApplyMode>(mode);
+    }
     const QJsonObject unknown = UnknownFields(ObjectOf(json));
-    applied.identity = std::make_shared<SceneMaterial>(
-        SceneMaterial{name, unknown.isEmpty() ? std::string() : Compact(unknown).toStdString()});
-    return applied;
+    return {std::move(gathered), CorvexSG::CoordinateMode::FromMesh,
+            std::make_shared<SceneMaterial>(SceneMaterial{
+                name, unknown.isEmpty() ? std::string() : Compact(unknown).toStdString()})};
 }
 
 }  // namespace studio

@@ -39,9 +39,9 @@ void WriteMesh(Database& database, std::int64_t id, const Mesh& mesh);
 /// those that only a later program knows.
 [[nodiscard]] QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material,
                                              const std::string& unknown, const std::string& folder);
-/// A problem is what has its default now, for a person.
+/// With an identity of its own. A problem is what has its default now, for a person.
 [[nodiscard]] AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& name,
-                                                  const std::string& folder,
+                                                  std::int64_t mode, const std::string& folder,
                                                   std::vector<std::string>& problems);
 
 }  // namespace studio

@@ -198,8 +198,7 @@ std::string JournalWriting::EditsLine(const JournalEdits& edits,
     QJsonArray shapeRows;
     for (const auto& [place, edited] : shapes) {
         const auto next = static_cast<int>(m_materials.size());
-        const auto [row, isNew] = m_materials.emplace(
-            MaterialKey{edited.applied.gathered, edited.applied.identity}, next);
+        const auto [row, isNew] = m_materials.emplace(KeyOf(edited.applied), next);
         if (isNew) {
             const SceneMaterial unnamed;
             const SceneMaterial& identity =

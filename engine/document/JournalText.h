@@ -73,9 +73,6 @@ public:
     void BeginFile();
 
 private:
-    using MaterialKey = std::pair<std::shared_ptr<const CorvexSG::GatheredMaterial>,
-                                  std::shared_ptr<const SceneMaterial>>;
-
     [[nodiscard]] int IdentityOf(const std::shared_ptr<const SceneMaterial>& identity);
 
     std::vector<ShapeState> m_base;
@@ -95,7 +92,7 @@ struct JournalContent {
     struct Material {
         std::string name;
         int identity = -1;  ///< those of the base are called after the first shape that has it
-        int mode = 0;
+        std::int64_t mode = 0;
         std::string json;
     };
 

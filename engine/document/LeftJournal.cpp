@@ -96,13 +96,8 @@ private:
         auto& made = m_materials[id];
         if (!made) {
             const JournalContent::Material& material = stored->second;
-            made = SceneMaterialOfJson(material.json, material.name, m_folder, m_problems);
-            auto gathered = std::make_shared<CorvexSG::GatheredMaterial>(*made->gathered);
-            constexpr int kLastMode = static_cast<int>(CorvexDB::ApplyMode::FilesOnly);
-            if (material.mode >= 0 && material.mode <= kLastMode) {
-                gathered->applyMode = static_cast<CorvexDB::ApplyMode>(material.mode);
-            }
-            made->gathered = std::move(gathered);
+            made = SceneMaterialOfJson(material.json, material.name, material.mode, m_folder,
+                                       m_problems);
             made->identity = IdentityOf(material, std::move(made->identity));
         }
         return &*made;

@@ -27,6 +27,19 @@ struct SourceModel {
 /// are below or beside its folder.
 enum class TexturePlace : std::uint8_t { Referenced, Embedded };
 
+/// A material of the scene, however the coordinates of its shapes are made.
+struct MaterialKey {
+    std::shared_ptr<const CorvexSG::GatheredMaterial> gathered;
+    std::shared_ptr<const SceneMaterial> identity;
+
+    auto operator<=>(const MaterialKey&) const = default;
+};
+
+[[nodiscard]] inline MaterialKey KeyOf(const AppliedMaterial& applied)
+{
+    return {applied.gathered, applied.identity};
+}
+
 /// A scene as it is kept in a document: a value that costs little, since meshes and materials are
 /// shared and never changed once made.
 struct SceneContent {
