@@ -311,4 +311,19 @@ void Transaction::Commit()
     m_database.Run("COMMIT");
 }
 
+Interruption::Interruption(Database& database, std::stop_token stop)
+    : m_database(database), m_stop(std::move(stop))
+{
+    constexpr int kInstructions = 10;  // of SQLite's machine
+    sqlite3_progress_handler(
+        m_database.Handle(), kInstructions,
+        [](void* token) { return static_cast<std::stop_token*>(token)->stop_requested() ? 1 : 0; },
+        &m_stop);
+}
+
+Interruption::~Interruption()
+{
+    sqlite3_progress_handler(m_database.Handle(), 0, nullptr, nullptr);
+}
+
 }  // namespace studio

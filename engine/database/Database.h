@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <stop_token>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -89,6 +90,19 @@ public:
 
 private:
     Database& m_database;
+};
+
+/// As long as it lives, the database's statements fail once they are to stop.
+class Interruption {
+public:
+    Interruption(Database& database, std::stop_token stop);
+    ~Interruption();
+    Interruption(const Interruption&) = delete;
+    Interruption& operator=(const Interruption&) = delete;
+
+private:
+    Database& m_database;
+    std::stop_token m_stop;
 };
 
 }  // namespace studio

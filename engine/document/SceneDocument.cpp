@@ -110,7 +110,7 @@ SceneDocument& SceneDocument::operator=(SceneDocument&&) noexcept = default;
 SceneDocument::~SceneDocument() = default;
 
 SceneDocument::Opened SceneDocument::Open(const std::string& path, const std::string& pictureFolder,
-                                          Use use)
+                                          Use use, const std::stop_token& stop)
 {
     const std::string file = CanonicalPath(path);
     RequireHeader(file);
@@ -121,7 +121,10 @@ SceneDocument::Opened SceneDocument::Open(const std::string& path, const std::st
         std::vector<std::string> problems;
         Transaction reading(inside->database, Transaction::Purpose::Read);
         CheckTables(inside->database, DocumentKind());
-        LoadRows(inside->database, inside->folder, inside->rows, problems);
+        {
+            const Interruption interruption(inside->database, stop);
+            LoadRows(inside->database, inside->folder, inside->rows, problems);
+        }
         reading.Commit();
         inside->readOnlyReason =
             use == Use::Edit ? inside->ObstacleToWriting() : "it was opened to be looked at";
@@ -144,9 +147,6 @@ SceneDocument SceneDocument::Create(const std::string& path, const SceneContent&
                                     const std::string& pictureFolder, SceneDocument* former)
 {
     const std::string file = CanonicalPath(path);
-    if (former != nullptr && former->Path() == file) {
-        former->m_inside->claim = {};
-    }
     const std::string unfinished = UnfinishedPath(file);
     const CorvexMaterial::FileClaim replaced = ClaimToReplace(file);
     SettleJournal(file);
@@ -192,7 +192,7 @@ const std::string& SceneDocument::ReadOnlyReason() const
     return m_inside->readOnlyReason;
 }
 
-bool SceneDocument::IsChangedByOthers()
+bool SceneDocument::IsChangedByOthers() const
 {
     return CorvexMaterial::FileIdentity(m_inside->path) != m_inside->identity;
 }
@@ -208,6 +208,17 @@ void SceneDocument::Save(const SceneContent& content)
     writing.Commit();
     m_inside->rows = std::move(rows);
     m_inside->identity = CorvexMaterial::FileIdentity(Path());
+}
+
+void SceneDocument::LetGo()
+{
+    m_inside->claim = {};
+}
+
+void SceneDocument::Claim()
+{
+    m_inside->claim = CorvexMaterial::FileClaim(Path());
+    m_inside->readOnlyReason = m_inside->ObstacleToWriting();
 }
 
 std::vector<std::string> SceneDocument::StructureProblems()

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -20,12 +21,12 @@ public:
     enum class Use { Edit, Read };
 
     /// Pictures that are inside the document are put below the folder, each content once, where the
-    /// materials then find them. What is refused is left as it was.
+    /// materials then find them. What is refused is left as it was. It fails soon once it is to
+    /// stop.
     [[nodiscard]] static Opened Open(const std::string& path, const std::string& pictureFolder,
-                                     Use use = Use::Edit);
+                                     Use use = Use::Edit, const std::stop_token& stop = {});
     /// Puts a scene into a new file, which takes the place of one that has the name when all of it
-    /// is on the disk. The document that the scene is from has the pictures whose files have gone;
-    /// when it is the one that is replaced, it lets go of the file.
+    /// is on the disk. The document that the scene is from has the pictures whose files have gone.
     [[nodiscard]] static SceneDocument Create(const std::string& path, const SceneContent& content,
                                               const std::string& pictureFolder,
                                               SceneDocument* former = nullptr);
@@ -39,9 +40,13 @@ public:
     /// opened to be looked at; empty when it can.
     [[nodiscard]] const std::string& ReadOnlyReason() const;
     /// Whether another program wrote or replaced the file since this one read or wrote it.
-    [[nodiscard]] bool IsChangedByOthers();
+    [[nodiscard]] bool IsChangedByOthers() const;
 
     void Save(const SceneContent& content);
+
+    /// Another object may open or replace the file, until this one claims it again.
+    void LetGo();
+    void Claim();
 
     /// What a search for damage finds, for a person; reads all of it.
     [[nodiscard]] std::vector<std::string> StructureProblems();

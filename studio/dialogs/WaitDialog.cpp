@@ -34,4 +34,16 @@ bool WaitDialog::Cancelled()
     return wasCanceled();
 }
 
+void WaitDialog::showEvent(QShowEvent* event)
+{
+    QProgressDialog::showEvent(event);
+    Q_EMIT ShownOrHidden();
+}
+
+void WaitDialog::hideEvent(QHideEvent* event)
+{
+    QProgressDialog::hideEvent(event);
+    Q_EMIT ShownOrHidden();
+}
+
 }  // namespace studio

@@ -18,6 +18,13 @@ public:
     /// there to keep them off the window.
     [[nodiscard]] bool Cancelled();
 
+Q_SIGNALS:
+    void ShownOrHidden();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     QElapsedTimer m_shownLater;
 };

@@ -76,6 +76,11 @@ void DocumentMenu::Read(const QString& file)
         for (const std::string& problem : m_parts.document.Open(file)) {
             problems << QString::fromStdString(problem);
         }
+    } catch (const DocumentWork::Cancelled&) {
+        const QString message = tr("%1 was not opened.").arg(QFileInfo(file).fileName());
+        m_parts.messages.Show(message);
+        Q_EMIT Refused({}, message);
+        return;
     } catch (const std::exception& error) {
         const QString message = QString::fromUtf8(error.what());
         m_parts.messages.Tell(message);

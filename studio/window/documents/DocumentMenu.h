@@ -41,7 +41,7 @@ public:
 
 Q_SIGNALS:
     void Opened(const QString& file, const QStringList& problems);
-    /// The message has been shown to the user.
+    /// The message has been shown to the user. No file when he cancelled it himself.
     void Refused(const QString& file, const QString& message);
     void Saved(const QString& file);
 

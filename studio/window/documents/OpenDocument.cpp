@@ -163,30 +163,47 @@ void OpenDocument::TakeOver(const SceneContent& content)
     Q_EMIT MarkChanged();
 }
 
+/// One's own claim on the file would be in the way.
+template <typename Job>
+auto OpenDocument::WithoutClaim(const QString& file, const Job& job)
+{
+    const bool isOwn = m_file && file == m_path;
+    if (isOwn) {
+        m_file->LetGo();
+    }
+    try {
+        return job();
+    } catch (...) {
+        if (isOwn) {
+            m_file->Claim();
+            Q_EMIT MarkChanged();
+        }
+        throw;
+    }
+}
+
 std::vector<std::string> OpenDocument::Open(const QString& path)
 {
     const QString file = CanonicalPath(path);
-    if (file == m_path) {
-        m_file.reset();  // one's own claim on it would make it read-only
-    }
-    std::optional<SceneDocument::Opened> opened;
     StudioScene::Shapes shapes;
-    m_parts.work.Do(tr("Opening %1...").arg(QFileInfo(file).fileName()), [&] {
-        opened.emplace(SceneDocument::Open(file.toStdString(), PictureFolder()));
-        shapes = ShapesOf(opened->content);
+    SceneDocument::Opened opened = WithoutClaim(file, [&] {
+        std::optional<SceneDocument::Opened> read;
+        m_parts.work.DoOrCancel(
+            tr("Opening %1...").arg(QFileInfo(file).fileName()), [&](const std::stop_token& stop) {
+                read.emplace(SceneDocument::Open(file.toStdString(), PictureFolder(),
+                                                 SceneDocument::Use::Edit, stop));
+                shapes = ShapesOf(read->content);
+            });
+        return std::move(*read);
     });
     m_path = file;
-    Show(std::move(shapes), opened->content);
-    SettleAt(file, std::move(opened->document));
-    return opened->problems;
+    Show(std::move(shapes), opened.content);
+    SettleAt(file, std::move(opened.document));
+    return std::move(opened.problems);
 }
 
 void OpenDocument::Save()
 {
-    if (!m_file) {
-        SaveAs(m_path);
-        return;
-    }
     const SceneContent content = ContentWithPicture();
     Write(m_path, [&] { m_file->Save(content); });
     m_savedAt = QDateTime::currentDateTime();
@@ -196,18 +213,16 @@ void OpenDocument::Save()
 void OpenDocument::SaveAs(const QString& path)
 {
     const QString file = CanonicalPath(path);
-    std::optional<SceneDocument> replaced;
-    if (file == m_path) {
-        replaced.swap(m_file);  // it is written anew, over whatever has its name now
-    }
-    SceneDocument* const former = PointerTo(replaced ? replaced : m_file);
     const SceneContent content = ContentWithPicture();
-    std::optional<SceneDocument> document;
-    Write(file, [&] {
-        document.emplace(
-            SceneDocument::Create(file.toStdString(), content, PictureFolder(), former));
+    SceneDocument document = WithoutClaim(file, [&] {
+        std::optional<SceneDocument> made;
+        Write(file, [&] {
+            made.emplace(SceneDocument::Create(file.toStdString(), content, PictureFolder(),
+                                               PointerTo(m_file)));
+        });
+        return std::move(*made);
     });
-    SettleAt(file, std::move(*document));
+    SettleAt(file, std::move(document));
 }
 
 void OpenDocument::SaveCopy(const QString& path)
@@ -249,8 +264,7 @@ void OpenDocument::Write(const QString& file, const std::function<void()>& write
 
 bool OpenDocument::IsChangedByOthers()
 {
-    // One that was let go of for an attempt that failed may be anybody's by now.
-    bool isChanged = !m_file && QFileInfo::exists(m_path);
+    bool isChanged = false;
     if (m_file) {
         m_parts.work.Do(tr("Looking at %1...").arg(m_name),
                         [&] { isChanged = m_file->IsChangedByOthers(); });

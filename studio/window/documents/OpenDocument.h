@@ -65,7 +65,7 @@ public:
     void Exchange(const ShownShapes& shown);
 
     /// Returns what could not be taken over, for a person. The document that is open already is
-    /// read again.
+    /// read again. The user can cancel it, see DocumentWork.
     std::vector<std::string> Open(const QString& path);
     void Save();
     /// From now on it is the document of this file.
@@ -88,6 +88,8 @@ private:
     void SetSource(const SourceModel& source);
     [[nodiscard]] SceneContent ContentWithPicture() const;
     [[nodiscard]] std::string PictureFolder() const;
+    template <typename Job>
+    [[nodiscard]] auto WithoutClaim(const QString& file, const Job& job);
     void SettleAt(const QString& path, SceneDocument document);
     void Settle();
     void Write(const QString& file, const std::function<void()>& write);
