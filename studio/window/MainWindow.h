@@ -44,7 +44,8 @@ public:
     /// before changes are lost.
     void OpenFile(const QString& file);
     /// Reads the model in the background; `SceneOpened` or `SceneRefused` follows. What is shown
-    /// stays until it is read, and for good when it cannot be. Asks nothing.
+    /// stays until it is read, and for good when it cannot be. Asks only about what is edited
+    /// meanwhile.
     void OpenModel(const QString& file);
     void ResetScene();
     /// Shows the work that programs could not save which ended before, if there is any.

@@ -155,6 +155,26 @@ TEST_F(Documents, ChangesAreLostOnlyWhenTheUserSaysSo)
     EXPECT_TRUE(rig.Window().close());
 }
 
+TEST_F(Documents, WhatIsEditedWhileAModelIsReadIsAskedAboutToo)
+{
+    const QString model = QStringLiteral(MODEL_FOLDER "/still-life.obj");
+    rig.Select({0});
+    Edit("11");
+    WillAnswer("Discard");
+    rig.Window().OpenFile(model);
+    Edit("22");
+    for (const char* answer : {"Save", ""}) {
+        WillAnswer(answer);
+    }
+    ASSERT_TRUE(QTest::qWaitFor([this] { return AllWereAsked(); }, 30000));
+    EXPECT_EQ(rig.Shape(0)->Material().Ambient, 22);
+    EXPECT_TRUE(rig.Window().isWindowModified());
+    WillAnswer("Discard");
+    rig.Window().OpenFile(model);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return rig.Window().Scene().All().size() == 5; }, 30000));
+    EXPECT_EQ(asked.size(), 3) << "once for all that was there before";
+}
+
 TEST_F(Documents, ClosingTheWindowWaitsForASave)
 {
     bool hasClosedAtOnce = true;

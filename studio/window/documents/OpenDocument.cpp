@@ -48,6 +48,7 @@ SceneDocument* PointerTo(std::optional<SceneDocument>& document)
 OpenDocument::OpenDocument(const Parts& parts) : m_parts(parts)
 {
     connect(&m_parts.history, &QUndoStack::cleanChanged, this, &OpenDocument::MarkChanged);
+    connect(&m_parts.history, &QUndoStack::indexChanged, this, [this] { ++m_edits; });
 }
 
 OpenDocument::~OpenDocument() = default;
@@ -72,8 +73,7 @@ void OpenDocument::SetTextures(TexturePlace place)
 {
     if (place != m_textures) {
         m_textures = place;
-        m_differs = true;
-        Q_EMIT MarkChanged();
+        Differ();
     }
 }
 
@@ -159,7 +159,13 @@ void OpenDocument::ShowUntitled(const QString& name, StudioScene::Shapes shapes,
 void OpenDocument::TakeOver(const SceneContent& content)
 {
     Show(ShapesOf(content), content);
+    Differ();
+}
+
+void OpenDocument::Differ()
+{
     m_differs = true;
+    ++m_edits;
     Q_EMIT MarkChanged();
 }
 

@@ -48,6 +48,8 @@ public:
     /// When the file was read or written last; invalid for one that was never saved.
     [[nodiscard]] const QDateTime& SavedAt() const { return m_savedAt; }
     [[nodiscard]] bool IsModified() const;
+    /// Another number after each edit, and each undoing of one.
+    [[nodiscard]] int Edits() const { return m_edits; }
     /// For a person; empty when it can be saved.
     [[nodiscard]] QString ReadOnlyReason() const;
     [[nodiscard]] const SourceModel& Source() const { return m_source; }
@@ -92,6 +94,7 @@ private:
     [[nodiscard]] auto WithoutClaim(const QString& file, const Job& job);
     void SettleAt(const QString& path, SceneDocument document);
     void Settle();
+    void Differ();
     void Write(const QString& file, const std::function<void()>& write);
 
     Parts m_parts;
@@ -103,6 +106,7 @@ private:
     TexturePlace m_textures = TexturePlace::Referenced;
     QSet<QString> m_written;  ///< files, by this program
     bool m_differs = false;   ///< in what is no step of the history
+    int m_edits = 0;
 };
 
 }  // namespace studio

@@ -31,9 +31,10 @@ WindowFiles::WindowFiles(const Parts& parts, const ImportProgram& importer)
           OpenDocument::Parts{parts.host, parts.scene, parts.history, *m_work})),
       m_menu(std::make_unique<DocumentMenu>(
           DocumentMenu::Parts{*m_document, parts.messages, parts.window})),
-      m_models(std::make_unique<ModelFiles>(
-          ModelFiles::Parts{parts.host, parts.messages, parts.scene, *m_document, parts.window},
-          importer)),
+      m_models(
+          std::make_unique<ModelFiles>(ModelFiles::Parts{parts.host, parts.messages, parts.scene,
+                                                         *m_document, *m_menu, parts.window},
+                                       importer)),
       m_reloading(std::make_unique<SourceReloading>(
           SourceReloading::Parts{parts.host, parts.messages, parts.scene, *m_document,
                                  parts.history, *m_report, parts.window},

@@ -1,6 +1,7 @@
 #include "ModelFiles.h"
 
 #include "DefaultScene.h"
+#include "DocumentMenu.h"
 #include "ModelOpener.h"
 #include "ModelShapes.h"
 #include "NamedMaterials.h"
@@ -23,15 +24,12 @@ ModelFiles::ModelFiles(const Parts& parts, ImportProgram importer)
     m_opener->setParent(this);
     connect(m_opener, &ModelOpener::Opened, this, &ModelFiles::Show);
     connect(m_opener, &ModelOpener::Refused, this, &ModelFiles::Refuse);
-    connect(m_opener, &ModelOpener::Cancelled, this, [this](const QString& file) {
-        const QString message = tr("%1 was not opened.").arg(QFileInfo(file).fileName());
-        m_parts.messages.Show(message);
-        Q_EMIT Refused({}, message);
-    });
+    connect(m_opener, &ModelOpener::Cancelled, this, &ModelFiles::GiveUp);
 }
 
 void ModelFiles::Open(const QString& file)
 {
+    m_edits = m_parts.document.Edits();
     m_opener->Open(file);
 }
 
@@ -46,10 +44,21 @@ void ModelFiles::ShowDefaultScene()
 
 void ModelFiles::Show(const QString& file, const ImportedModel& model)
 {
+    if (m_parts.document.Edits() != m_edits && !m_parts.documentMenu.MayGo()) {
+        GiveUp(file);
+        return;
+    }
     m_parts.document.ShowUntitled(QFileInfo(file).fileName(), ShapesOf(model),
                                   SourceModelAt(file.toStdString()));
     m_parts.messages.Log(QStringLiteral("Opened ") + file);
     Q_EMIT Opened(file, model);
+}
+
+void ModelFiles::GiveUp(const QString& file)
+{
+    const QString message = tr("%1 was not opened.").arg(QFileInfo(file).fileName());
+    m_parts.messages.Show(message);
+    Q_EMIT Refused({}, message);
 }
 
 void ModelFiles::Refuse(const QString& file, const QString& message)

@@ -8,6 +8,7 @@ class QWidget;
 
 namespace studio {
 
+class DocumentMenu;
 class ModelOpener;
 class OpenDocument;
 class ScenePane;
@@ -25,11 +26,13 @@ public:
         WindowMessages& messages;
         ScenePane& scene;
         OpenDocument& document;
+        DocumentMenu& documentMenu;
         QWidget& window;
     };
 
     ModelFiles(const Parts& parts, ImportProgram importer);
 
+    /// Asks what is to become of what is edited before the model is read, and of nothing else.
     void Open(const QString& file);
     void ShowDefaultScene();
 
@@ -41,10 +44,12 @@ Q_SIGNALS:
 
 private:
     void Show(const QString& file, const ImportedModel& model);
+    void GiveUp(const QString& file);
     void Refuse(const QString& file, const QString& message);
 
     Parts m_parts;
     ModelOpener* m_opener;
+    int m_edits = 0;  ///< of the document, when the reading began
 };
 
 }  // namespace studio
