@@ -6,6 +6,7 @@
 
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -42,6 +43,17 @@ protected:
     std::int32_t AmbientIn(const QString& path)
     {
         return Read(path).content.shapes[0].applied.gathered->material.Ambient;
+    }
+
+    /// As the menu shows it.
+    bool OffersRevert()
+    {
+        auto* file = rig.Window().menuBar()->actions().front()->menu();
+        Q_EMIT file->aboutToShow();
+        const QList<QAction*> actions = file->actions();
+        return std::ranges::any_of(actions, [](const QAction* action) {
+            return action->text() == "Re&vert" && action->isEnabled();
+        });
     }
 
     QStringList asked;
@@ -211,8 +223,15 @@ TEST_F(Documents, WhatAnotherProgramWroteIsNotOverwrittenUnasked)
     Document().SaveAs(Scene());
     Document().SaveCopy(rig.PathOf("copy.corvex"));
     const QByteArray theirs = CorvexTest::ContentOf(rig.PathOf("copy.corvex"));
+    EXPECT_FALSE(OffersRevert());
     ASSERT_TRUE(QFile::remove(Scene()));
     rig.files.Write("scene.corvex", theirs);
+    EXPECT_TRUE(OffersRevert());
+    rig.Trigger("Revert");
+    EXPECT_FALSE(OffersRevert());
+    ASSERT_TRUE(QFile::remove(Scene()));
+    rig.files.Write("scene.corvex", theirs);
+    rig.Select({0});
     Edit("22");
     WillAnswer("Cancel");
     rig.Trigger("Save");

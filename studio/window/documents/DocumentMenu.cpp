@@ -29,6 +29,7 @@ void DocumentMenu::AddTo(QMenu& menu)
         ->setStatusTip(tr("Writes another document and stays with this one"));
     m_revert = menu.addAction(tr("Re&vert"), this, &DocumentMenu::Revert);
     m_revert->setStatusTip(tr("Goes back to the document as it was saved"));
+    connect(&menu, &QMenu::aboutToShow, this, &DocumentMenu::ShowMark);
     ShowMark();
 }
 
@@ -41,7 +42,8 @@ void DocumentMenu::ShowMark()
     m_parts.window.setWindowTitle(name + QStringLiteral("[*]") + readOnly + tr(" - Corvex Studio"));
     m_parts.window.setWindowModified(document.IsModified());
     if (m_revert != nullptr) {
-        m_revert->setEnabled(!document.Path().isEmpty());
+        m_revert->setEnabled(!document.Path().isEmpty() &&
+                             (document.IsModified() || document.IsChangedOnDisk()));
     }
 }
 

@@ -271,10 +271,7 @@ void OpenDocument::Write(const QString& file, const std::function<void()>& write
 bool OpenDocument::IsChangedByOthers()
 {
     bool isChanged = false;
-    if (m_file) {
-        m_parts.work.Do(tr("Looking at %1...").arg(m_name),
-                        [&] { isChanged = m_file->IsChangedByOthers(); });
-    }
+    m_parts.work.Do(tr("Looking at %1...").arg(m_name), [&] { isChanged = IsChangedOnDisk(); });
     return isChanged;
 }
 

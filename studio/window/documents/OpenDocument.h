@@ -73,6 +73,9 @@ public:
     /// From now on it is the document of this file.
     void SaveAs(const QString& path);
     void SaveCopy(const QString& path);
+    /// Whether it is another on the disk now than was read or written last.
+    [[nodiscard]] bool IsChangedOnDisk() const { return m_file && m_file->IsChangedByOthers(); }
+    /// The same, for a disk that may let one wait.
     [[nodiscard]] bool IsChangedByOthers();
 
 Q_SIGNALS:
