@@ -154,7 +154,7 @@ void JournalAnEdit(benchmark::State& state)
     const auto mesh = Ball(1.0F);
     const StudioScene::Shapes shapes = Shapes(10000, [&mesh](int) { return mesh; });
     studio::EditJournal journal(folder.path().toStdString(), [](const std::string&) {});
-    journal.Begin({}, "Benchmark", shapes);
+    journal.Begin({}, "Benchmark", shapes, {});
     journal.Flush();
     int specular = 0;
     for (auto run : state) {
@@ -164,7 +164,7 @@ void JournalAnEdit(benchmark::State& state)
             shapes[static_cast<std::size_t>(i)]->SetApplied(edited);
         }
         state.ResumeTiming();
-        journal.Record(shapes, studio::Camera(), "Specular");
+        journal.Record(shapes, {}, studio::Camera(), "Specular");
     }
 }
 BENCHMARK(JournalAnEdit)->Arg(0)->Arg(1)->Arg(10000)->Unit(benchmark::kMicrosecond)->UseRealTime();

@@ -64,10 +64,11 @@ public:
         m_wake.notify_all();
     }
 
-    void Take(std::vector<EditedShape> shapes, const Camera& camera, std::string_view what,
-              int count)
+    void Take(std::vector<EditedShape> shapes, std::optional<TexturePlace> textures,
+              const Camera& camera, std::string_view what, int count)
     {
         const std::lock_guard lock(m_mutex);
+        m_next.isEdited = true;
         if (m_next.shapes.empty()) {
             for (std::size_t i = 0; i < shapes.size(); ++i) {
                 m_next.slots[shapes[i].place] = i;
@@ -91,6 +92,7 @@ public:
         edits.made = now;
         edits.what = what;
         edits.camera = camera;
+        edits.textures = textures;
         m_wake.notify_all();
     }
 
@@ -121,12 +123,13 @@ private:
     struct Work {
         std::optional<JournalHead> head;  ///< with a base: another scene
         std::vector<ShapeState> base;
+        bool isEdited = false;
         std::vector<EditedShape> shapes;
         std::vector<std::size_t> slots;  ///< where in `shapes` each place is, perhaps
         JournalEdits edits;
         QImage picture;
 
-        [[nodiscard]] bool Waits() const { return head || !shapes.empty(); }
+        [[nodiscard]] bool Waits() const { return head || isEdited; }
     };
 
     void Run()
@@ -167,7 +170,7 @@ private:
     void Do(Work& work)
     {
         if (work.head) {
-            if (work.shapes.empty()) {
+            if (!work.isEdited) {
                 m_file.Remove();
             }
             m_isAnother = true;
@@ -175,7 +178,9 @@ private:
             m_writing.emplace(std::move(work.base), m_folder);
             m_changed.clear();
             m_unwritten.clear();
+            m_isWritten = true;
         }
+        m_isWritten = m_isWritten && !work.isEdited;
         for (const EditedShape& shape : work.shapes) {
             m_unwritten[shape.place] = shape;
             if (shape.IsAsIn(m_writing->Base()[shape.place])) {
@@ -190,17 +195,18 @@ private:
         }
         WriteOrTell();
         WritePicture();
-        m_isUnfinished = !m_unwritten.empty() || (m_file.IsThere() && !m_picture.isNull());
+        m_isUnfinished = !m_isWritten || (m_file.IsThere() && !m_picture.isNull());
     }
 
     void WriteOrTell()
     {
-        if (m_unwritten.empty()) {
+        if (m_isWritten) {
             return;
         }
         try {
             Write();
             m_unwritten.clear();
+            m_isWritten = true;
             m_isInTrouble = false;
         } catch (const CorvexMaterial::Error& error) {
             if (!std::exchange(m_isInTrouble, true)) {
@@ -211,7 +217,7 @@ private:
 
     void Write()
     {
-        if (m_changed.empty()) {
+        if (m_changed.empty() && !m_edits.textures) {
             m_file.Remove();
             return;
         }
@@ -272,6 +278,7 @@ private:
     JournalEdits m_edits;
     std::map<std::size_t, EditedShape> m_changed;  ///< other than in the base
     std::map<std::size_t, EditedShape> m_unwritten;
+    bool m_isWritten = true;  ///< all of it is
     JournalFile m_file;
     bool m_isAnother = false;  ///< than what the file holds
     QImage m_picture;
@@ -289,14 +296,16 @@ EditJournal::EditJournal(const std::string& stateFolder, Trouble trouble)
 
 EditJournal::~EditJournal() = default;
 
-void EditJournal::Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes)
+void EditJournal::Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes,
+                        TexturePlace textures)
 {
+    m_toldTextures = textures;
     m_told.clear();
     m_told.reserve(shapes.size());
     for (const auto& shape : shapes) {
         m_told.push_back(shape->State());
     }
-    m_head = {std::move(base), std::move(name), Now()};
+    m_head = {std::move(base), std::move(name), Now(), textures};
     m_writer->Begin(m_head, m_told);
 }
 
@@ -308,7 +317,7 @@ void EditJournal::FollowMeshes(const StudioScene::Shapes& shapes)
             return shape->State().mesh == told.mesh;
         });
     if (!isSame) {
-        Begin(m_head.base, m_head.name, shapes);
+        Begin(m_head.base, m_head.name, shapes, m_head.textures);
         for (ShapeState& told : m_told) {
             told.applied.gathered = nullptr;
         }
@@ -316,10 +325,11 @@ void EditJournal::FollowMeshes(const StudioScene::Shapes& shapes)
     }
 }
 
-void EditJournal::Record(const StudioScene::Shapes& shapes, const Camera& camera,
-                         std::string_view what, int edits)
+void EditJournal::Record(const StudioScene::Shapes& shapes, TexturePlace textures,
+                         const Camera& camera, std::string_view what, int edits)
 {
     FollowMeshes(shapes);
+    const bool isElsewhere = std::exchange(m_toldTextures, textures) != textures;
     std::vector<EditedShape> changed;
     for (std::size_t place = 0; place < shapes.size(); ++place) {
         const ShapeState& now = shapes[place]->State();
@@ -333,8 +343,10 @@ void EditJournal::Record(const StudioScene::Shapes& shapes, const Camera& camera
             changed.push_back({place, now.option, now.placement, now.moved, now.applied});
         }
     }
-    if (!changed.empty()) {
-        m_writer->Take(std::move(changed), camera, what, edits);
+    if (!changed.empty() || isElsewhere) {
+        m_writer->Take(std::move(changed),
+                       textures == m_head.textures ? std::nullopt : std::optional(textures), camera,
+                       what, edits);
     }
 }
 

@@ -113,6 +113,11 @@ void ReadEdits(const QJsonObject& line, JournalContent& content)
         content.edits.camera = CameraOfJson(
             QJsonDocument(camera.toObject()).toJson(QJsonDocument::Compact).toStdString());
     }
+    content.edits.textures.reset();
+    if (const QJsonValue inside = line.value(QLatin1String("texturesInside")); inside.isBool()) {
+        content.edits.textures =
+            inside.toBool() ? TexturePlace::Embedded : TexturePlace::Referenced;
+    }
     const QJsonArray materials = line.value(QLatin1String("materials")).toArray();
     for (const QJsonValue& value : materials) {
         const QJsonObject json = value.toObject();
@@ -233,6 +238,9 @@ std::string JournalWriting::EditsLine(const JournalEdits& edits,
                      {QStringLiteral("shapes"), shapeRows}};
     if (edits.camera) {
         line.insert(QStringLiteral("camera"), ObjectIn(JsonOfCamera(*edits.camera)));
+    }
+    if (edits.textures) {
+        line.insert(QStringLiteral("texturesInside"), *edits.textures == TexturePlace::Embedded);
     }
     return LineOf(line);
 }

@@ -30,6 +30,7 @@ struct JournalHead {
     JournalBase base;
     std::string name;          ///< of the work, for a person
     std::int64_t started = 0;  ///< milliseconds since 1970, UTC, as all times here
+    TexturePlace textures = TexturePlace::Referenced;  ///< of the base, which has it itself
 };
 
 /// What a user edits of a shape.
@@ -57,6 +58,7 @@ struct JournalEdits {
     int count = 0;          ///< of edits, from the start
     std::string what;       ///< the latest, as the undo history says it
     std::optional<Camera> camera;
+    std::optional<TexturePlace> textures;  ///< where it is another than in the base
 };
 
 /// Makes lines and remembers what the file has.

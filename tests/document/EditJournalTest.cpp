@@ -20,6 +20,7 @@ using studio::EditJournal;
 using studio::JournalBase;
 using studio::SceneContent;
 using studio::StudioScene;
+using studio::TexturePlace;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -50,11 +51,14 @@ protected:
         }
         return content;
     }
-    void Begin(const JournalBase& from = {}) { journal->Begin(from, "Default Scene", scene); }
+    void Begin(const JournalBase& from = {})
+    {
+        journal->Begin(from, "Default Scene", scene, TexturePlace::Referenced);
+    }
     void Edit(std::size_t place, const studio::AppliedMaterial& applied, const char* what = "Edit")
     {
         scene[place]->SetApplied(applied);
-        journal->Record(scene, camera, what);
+        journal->Record(scene, textures, camera, what);
     }
     void Crash()
     {
@@ -75,6 +79,7 @@ protected:
     CorvexTest::SampleFolder folder;
     StudioScene::Shapes scene = studio::DefaultShapes();
     SceneContent base;
+    TexturePlace textures = TexturePlace::Referenced;
     studio::Camera camera{{1.0F, 2.0F, 3.0F}, 10.0F, -20.0F, 7.0F, 40.0F};
     std::mutex mutex;
     std::vector<std::string> troubles;
@@ -149,6 +154,14 @@ TEST_F(EditJournalTest, LeavesNothingWhereNothingIsLost)
     journal->Flush();
     EXPECT_THAT(Files("*.edits"), SizeIs(1));
     Edit(0, before, "Undo");
+    journal->Flush();
+    EXPECT_THAT(Files(), IsEmpty()) << "taken back";
+    textures = TexturePlace::Embedded;
+    Edit(0, before, "Keep Textures in Document");
+    journal->Flush();
+    EXPECT_THAT(Files("*.edits"), SizeIs(1));
+    textures = TexturePlace::Referenced;
+    Edit(0, before, "Keep Textures beside Document");
     journal->Flush();
     EXPECT_THAT(Files(), IsEmpty()) << "taken back";
     Edit(0, Shared("Oak", 5));

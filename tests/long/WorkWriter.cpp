@@ -32,7 +32,7 @@ public:
         if (!left.empty()) {
             std::vector<std::string> problems;
             Show(left.front().Restored(Content(), problems));
-            m_journal.Record(m_shapes, {}, "Recovered");
+            m_journal.Record(m_shapes, {}, {}, "Recovered");
         }
         if (m_journal.Flush()) {
             // The others are of programs that were killed while they did this.
@@ -56,7 +56,7 @@ public:
         for (const auto& shape : m_shapes) {
             shape->SetApplied(applied);
         }
-        m_journal.Record(m_shapes, {}, "Edit");
+        m_journal.Record(m_shapes, {}, {}, "Edit");
     }
 
     void Save()
@@ -89,7 +89,7 @@ private:
     void Begin()
     {
         m_journal.Begin(studio::BaseAt(JournalBase::Kind::Document, m_opened.document.Path()),
-                        "Work", m_shapes);
+                        "Work", m_shapes, {});
     }
 
     std::string m_folder;

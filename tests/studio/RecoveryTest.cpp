@@ -79,11 +79,13 @@ TEST_F(Recovery, ComesBackInTheDocumentAndIsOverOnceSaved)
     rig.Window().Document().SaveAs(file);
     Dress(0, "Bronze");
     const auto wanted = rig.Shape(0)->Material();
+    rig.Trigger("Keep Textures in Document");
     EndUnasked();
     StartAgain();
     Press("open");
     EXPECT_EQ(rig.Window().Document().Path(), file);
     EXPECT_EQ(rig.Shape(0)->Material(), wanted);
+    EXPECT_EQ(rig.Window().Document().Textures(), studio::TexturePlace::Embedded);
     EXPECT_TRUE(rig.Window().Document().IsModified());
     rig.Window().Document().Save();
     EXPECT_THAT(Files("backups"), SizeIs(1)) << "as it was before this run";

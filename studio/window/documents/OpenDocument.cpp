@@ -74,6 +74,7 @@ void OpenDocument::SetTextures(TexturePlace place)
     if (place != m_textures) {
         m_textures = place;
         Differ();
+        Q_EMIT TexturesChosen();
     }
 }
 

@@ -85,6 +85,7 @@ Q_SIGNALS:
     void AboutToSave();
     /// Saving went on without; for a person.
     void NotBackedUp(const QString& message);
+    void TexturesChosen();
     /// Its name, its being modified or its being read-only may have changed.
     void MarkChanged();
 

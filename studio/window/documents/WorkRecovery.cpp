@@ -47,7 +47,12 @@ WorkRecovery::WorkRecovery(const Parts& parts)
             m_journal.SetBase(Base());
         }
     });
-    connect(&m_parts.history, &QUndoStack::indexChanged, this, &WorkRecovery::Record);
+    connect(&m_parts.history, &QUndoStack::indexChanged, this,
+            [this](int index) { Record(index > 0 ? m_parts.history.text(index - 1) : QString()); });
+    connect(&m_parts.document, &OpenDocument::TexturesChosen, this, [this] {
+        const bool areInside = m_parts.document.Textures() == TexturePlace::Embedded;
+        Record(areInside ? tr("Keep Textures in Document") : tr("Keep Textures beside Document"));
+    });
 }
 
 void WorkRecovery::AddTo(QMenu& menu)
@@ -77,15 +82,14 @@ JournalBase WorkRecovery::Base() const
 
 void WorkRecovery::Begin()
 {
-    m_journal.Begin(Base(), m_parts.document.Name().toStdString(), m_parts.scene.Scene().All());
+    m_journal.Begin(Base(), m_parts.document.Name().toStdString(), m_parts.scene.Scene().All(),
+                    m_parts.document.Textures());
 }
 
-void WorkRecovery::Record()
+void WorkRecovery::Record(const QString& what, int edits)
 {
-    const QUndoStack& history = m_parts.history;
-    const QString what = history.index() > 0 ? history.text(history.index() - 1) : QString();
-    m_journal.Record(m_parts.scene.Scene().All(), m_parts.scene.Viewport().Camera(),
-                     what.toStdString());
+    m_journal.Record(m_parts.scene.Scene().All(), m_parts.document.Textures(),
+                     m_parts.scene.Viewport().Camera(), what.toStdString(), edits);
     m_picture.start();
 }
 
@@ -142,9 +146,7 @@ void WorkRecovery::TakeUp(const QString& file)
     m_wanted.reset();
     std::vector<std::string> problems;
     m_parts.document.TakeOver(journal.Restored(m_parts.document.Content(), problems));
-    m_journal.Record(m_parts.scene.Scene().All(), m_parts.scene.Viewport().Camera(),
-                     journal.Edits().what, journal.Edits().count);
-    m_picture.start();
+    Record(QString::fromStdString(journal.Edits().what), journal.Edits().count);
     TellOf(journal, problems);
     // Not before it is somewhere else.
     if (m_journal.Flush()) {

@@ -57,7 +57,7 @@ Q_SIGNALS:
 private:
     [[nodiscard]] JournalBase Base() const;
     void Begin();
-    void Record();
+    void Record(const QString& what, int edits = 1);
     void ShowDialog(LeftJournals journals);
     void Open(LeftJournal journal);
     void TellOf(const LeftJournal& journal, const std::vector<std::string>& problems);
