@@ -90,8 +90,9 @@ private:
         SceneContent& content = m_rows.content;
         content.camera = CameraOfJson(Parsed("camera"));
         content.source = SourceOfJson(Parsed("source"), m_folder);
-        content.textures =
-            Value("textures") == "\"embedded\"" ? TexturePlace::Embedded : TexturePlace::Referenced;
+        content.textures = ValueOf(m_database, "textures") == "\"embedded\""
+                               ? TexturePlace::Embedded
+                               : TexturePlace::Referenced;
         const QJsonArray selection =
             QJsonDocument::fromJson(QByteArray::fromStdString(Parsed("selection"))).array();
         for (const QJsonValue& place : selection) {
@@ -106,17 +107,10 @@ private:
         }
     }
 
-    std::string Value(std::string_view key)
-    {
-        Statement value = m_database.Use("SELECT json FROM document WHERE key = ?1");
-        value.Bind(1, key);
-        return value.Step() ? std::string(value.Text(0)) : std::string();
-    }
-
     /// Objects and arrays.
     std::string Parsed(const char* key)
     {
-        std::string json = Value(key);
+        std::string json = ValueOf(m_database, key);
         if (!json.empty() && QJsonDocument::fromJson(QByteArray::fromStdString(json)).isNull()) {
             m_problems.push_back(std::string("Its ") + key + " cannot be read.");
         }

@@ -177,6 +177,13 @@ std::shared_ptr<const Mesh> ReadMesh(Database& database, std::int64_t id)
                     ReadItems<std::uint32_t>(database, ChunkOwner::Indices, id, indexCount));
 }
 
+std::string ValueOf(Database& database, std::string_view key)
+{
+    Statement value = database.Use("SELECT json FROM document WHERE key = ?1");
+    value.Bind(1, key);
+    return value.Step() ? std::string(value.Text(0)) : std::string();
+}
+
 QByteArray JsonOfShape(const ShapeState& shape)
 {
     QJsonObject json;

@@ -25,6 +25,9 @@ void WriteMesh(Database& database, std::int64_t id, const Mesh& mesh);
 /// Errors: FileFailed for one that is damaged.
 [[nodiscard]] std::shared_ptr<const Mesh> ReadMesh(Database& database, std::int64_t id);
 
+/// JSON of the table of what there is once; empty where there is none.
+[[nodiscard]] std::string ValueOf(Database& database, std::string_view key);
+
 /// Where a shape stands and how it is drawn.
 [[nodiscard]] QByteArray JsonOfShape(const ShapeState& shape);
 /// What is missing or makes no sense stays as it is; false when that is where it stands.

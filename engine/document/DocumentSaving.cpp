@@ -178,6 +178,9 @@ private:
         if (m_content.camera) {
             Put("camera", JsonOfCamera(*m_content.camera));
         }
+        if (m_content.mark != 0) {
+            Put("mark", QByteArray::number(static_cast<qint64>(m_content.mark)));
+        }
         if (m_content.picture != m_rows.content.picture) {
             WriteChunks(m_database, ChunkOwner::Picture, kThePicture, m_content.picture);
         }

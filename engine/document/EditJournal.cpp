@@ -93,6 +93,7 @@ public:
         edits.what = what;
         edits.camera = camera;
         edits.textures = textures;
+        edits.saving = {};
         m_wake.notify_all();
     }
 
@@ -103,9 +104,11 @@ public:
         m_wake.notify_all();
     }
 
-    bool Flush()
+    bool Flush(const JournalSaving& saving)
     {
         std::unique_lock lock(m_mutex);
+        m_next.isEdited = m_next.isEdited || saving.mark != 0;
+        m_next.edits.saving = saving;
         m_isHurried = true;
         m_wake.notify_all();
         m_idle.wait(lock, [this] { return !m_next.Waits() && !m_isBusy; });
@@ -355,9 +358,9 @@ void EditJournal::Show(const QImage& picture)
     m_writer->Show(picture);
 }
 
-bool EditJournal::Flush()
+bool EditJournal::Flush(const JournalSaving& saving)
 {
-    return m_writer->Flush();
+    return m_writer->Flush(saving);
 }
 
 void EditJournal::Leave()

@@ -35,8 +35,9 @@ public:
                 std::string_view what, int edits = 1);
     /// What the scene looks like now, for a person who is asked whether he wants it back.
     void Show(const QImage& picture);
-    /// Whether everything is on the disk now.
-    bool Flush();
+    /// Whether everything is on the disk now. What is left is needless once the save is done that
+    /// begins then.
+    bool Flush(const JournalSaving& saving = {});
     /// The next start of the program shall find it.
     void Leave();
 

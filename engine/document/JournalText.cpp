@@ -118,6 +118,8 @@ void ReadEdits(const QJsonObject& line, JournalContent& content)
         content.edits.textures =
             inside.toBool() ? TexturePlace::Embedded : TexturePlace::Referenced;
     }
+    const QJsonObject saving = line.value(QLatin1String("saving")).toObject();
+    content.edits.saving = {TextIn(saving, "path"), TimeOf(saving.value(QLatin1String("mark")))};
     const QJsonArray materials = line.value(QLatin1String("materials")).toArray();
     for (const QJsonValue& value : materials) {
         const QJsonObject json = value.toObject();
@@ -241,6 +243,11 @@ std::string JournalWriting::EditsLine(const JournalEdits& edits,
     }
     if (edits.textures) {
         line.insert(QStringLiteral("texturesInside"), *edits.textures == TexturePlace::Embedded);
+    }
+    if (edits.saving.mark != 0) {
+        line.insert(QStringLiteral("saving"),
+                    QJsonObject{{QStringLiteral("path"), Text(edits.saving.path)},
+                                {QStringLiteral("mark"), Time(edits.saving.mark)}});
     }
     return LineOf(line);
 }

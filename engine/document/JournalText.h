@@ -52,6 +52,12 @@ struct EditedShape {
     }
 };
 
+/// A save that has everything so far, once the document there has the mark.
+struct JournalSaving {
+    std::string path;
+    std::int64_t mark = 0;  ///< 0: there is none
+};
+
 /// What several edits have changed.
 struct JournalEdits {
     std::int64_t made = 0;  ///< the latest
@@ -59,6 +65,7 @@ struct JournalEdits {
     std::string what;       ///< the latest, as the undo history says it
     std::optional<Camera> camera;
     std::optional<TexturePlace> textures;  ///< where it is another than in the base
+    JournalSaving saving{};                ///< that was begun after the latest
 };
 
 /// Makes lines and remembers what the file has.

@@ -5,6 +5,7 @@
 #include "EditJournal.h"
 #include "JournalFile.h"
 #include "RegularFile.h"
+#include "SceneDocument.h"
 #include <CorvexMaterial/Status.h>
 
 #include <algorithm>
@@ -155,8 +156,13 @@ void LookAt(const std::string& name, LeftJournals& journals)
         return;
     }
     try {
-        journals.found.emplace_back(name, std::move(lock),
-                                    ReadJournal(OwnContent(file, kMostJournalBytes)));
+        LeftJournal journal(name, std::move(lock),
+                            ReadJournal(OwnContent(file, kMostJournalBytes)));
+        if (journal.IsSaved()) {
+            journal.Discard();
+        } else {
+            journals.found.push_back(std::move(journal));
+        }
     } catch (const CorvexMaterial::Error& error) {
         journals.refused.push_back(file + " cannot be used: " + error.what());
     }
@@ -190,6 +196,12 @@ bool LeftJournal::BaseIsMissing() const
 bool LeftJournal::BaseIsChanged() const
 {
     return BaseAt(Head().base.kind, Head().base.file.path) != Head().base;
+}
+
+bool LeftJournal::IsSaved() const
+{
+    const JournalSaving& saving = Edits().saving;
+    return saving.mark != 0 && DocumentMark(saving.path) == saving.mark;
 }
 
 SceneContent LeftJournal::Restored(SceneContent base, std::vector<std::string>& problems) const

@@ -24,6 +24,8 @@ public:
     /// Whether the base is gone, or another than the one that was edited.
     [[nodiscard]] bool BaseIsMissing() const;
     [[nodiscard]] bool BaseIsChanged() const;
+    /// Whether the program ended between the save and the removal of what it made needless.
+    [[nodiscard]] bool IsSaved() const;
 
     /// The base, which the caller has opened, with the edits. A problem is what does not come back,
     /// for a person: in a base that has changed, shapes are found by place and name, else by name.

@@ -48,7 +48,8 @@ struct SceneContent {
     std::optional<Camera> camera;
     SourceModel source;
     TexturePlace textures = TexturePlace::Referenced;
-    std::string picture;  ///< a small one of the scene, PNG; may be empty
+    std::string picture;    ///< a small one of the scene, PNG; may be empty
+    std::int64_t mark = 0;  ///< that saving leaves in the file; 0: what is there stays
 };
 
 }  // namespace studio

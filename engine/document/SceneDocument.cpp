@@ -1,6 +1,7 @@
 #include "SceneDocument.h"
 
 #include "DatabaseError.h"
+#include "DocumentParts.h"
 #include "DocumentRows.h"
 #include "FileClaim.h"
 #include "FileWriting.h"
@@ -231,6 +232,19 @@ std::vector<std::string> SceneDocument::StructureProblems()
         }
     }
     return problems;
+}
+
+std::int64_t DocumentMark(const std::string& path)
+{
+    try {
+        RequireHeader(path);
+        Database database(path, Database::Mode::Existing);
+        const Transaction reading(database, Transaction::Purpose::Read);
+        CheckTables(database, DocumentKind());
+        return std::atoll(ValueOf(database, "mark").c_str());
+    } catch (const CorvexMaterial::Error&) {
+        return 0;
+    }
 }
 
 SourceModel SourceModelAt(const std::string& path)

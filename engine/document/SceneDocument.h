@@ -66,6 +66,9 @@ struct SceneDocument::Opened {
     std::vector<std::string> problems;
 };
 
+/// That the document was saved with last; 0 where it has none, or cannot be read.
+[[nodiscard]] std::int64_t DocumentMark(const std::string& path);
+
 /// What a document that is being made is called until it is complete; one that is left over from a
 /// program that was killed may be removed.
 [[nodiscard]] std::string UnfinishedPath(const std::string& path);

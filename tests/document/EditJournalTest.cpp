@@ -175,6 +175,34 @@ TEST_F(EditJournalTest, LeavesNothingWhereNothingIsLost)
     EXPECT_THAT(Files(), IsEmpty()) << "closed";
 }
 
+TEST_F(EditJournalTest, IsNotOfferedWhereASaveHasAllOfIt)
+{
+    const std::string file = folder.PathOf("scene.corvex").toStdString();
+    struct Case {
+        std::int64_t mark;
+        bool isEditedAgain;
+        std::size_t offered;
+    };
+    for (const Case& kill : {Case{7, false, 0}, Case{8, false, 1}, Case{7, true, 1}}) {
+        journal = std::make_unique<EditJournal>(folder.Path().toStdString(), [](auto&) {});
+        Begin();
+        Edit(0, Shared("Oak", 5));
+        journal->Flush({file, 7});
+        if (kill.isEditedAgain) {
+            Edit(1, Shared("Ash", 6));
+        }
+        base.mark = kill.mark;
+        std::ignore = studio::SceneDocument::Create(file, base, folder.Path().toStdString());
+        Crash();
+        auto left = Left();
+        EXPECT_THAT(left.found, SizeIs(kill.offered));
+        for (auto& offered : left.found) {
+            offered.Discard();
+        }
+        EXPECT_THAT(Files("*.edits"), IsEmpty());
+    }
+}
+
 TEST_F(EditJournalTest, IgnoresATailThatWasCutOffAndRefusesDamage)
 {
     Edit(0, Shared("Oak", 5));

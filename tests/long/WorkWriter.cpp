@@ -61,9 +61,11 @@ public:
 
     void Save()
     {
-        m_journal.Flush();
+        SceneContent content = Content();
+        content.mark = Number() + 1;
+        m_journal.Flush({m_opened.document.Path(), content.mark});
         studio::BackUpDocument(m_opened.document.Path(), m_folder, 3);
-        m_opened.document.Save(Content());
+        m_opened.document.Save(content);
         Begin();
     }
 

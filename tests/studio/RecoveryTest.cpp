@@ -90,10 +90,16 @@ TEST_F(Recovery, ComesBackInTheDocumentAndIsOverOnceSaved)
     rig.Window().Document().Save();
     EXPECT_THAT(Files("backups"), SizeIs(1)) << "as it was before this run";
     Dress(0, "Gold");
+    QByteArray edits;
+    QObject::connect(&rig.Window().Document(), &studio::OpenDocument::AboutToSave, [&] {
+        edits = CorvexTest::ContentOf(rig.PathOf("state/recovery/" + Files("recovery").value(0)));
+    });
     rig.Window().Document().Save();
     EXPECT_THAT(Files("backups"), SizeIs(1));
     Dress(0, "Black");
     rig.Stop();
+    // As if killed between the save and the removal of what it made needless.
+    rig.files.Write("state/recovery/left.edits", edits);
     StartAgain();
     EXPECT_EQ(Dialog(), nullptr) << "whoever quits was asked";
     EXPECT_THAT(Files("recovery"), IsEmpty());

@@ -12,6 +12,7 @@
 
 #include <QBuffer>
 #include <QFileInfo>
+#include <QRandomGenerator>
 #include <QUndoStack>
 
 #include <unordered_map>
@@ -106,6 +107,8 @@ SceneContent OpenDocument::ContentWithPicture() const
     const QImage shown = m_parts.scene.Viewport().grab().toImage();
     shown.scaled(kPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation).save(&buffer, "PNG");
     content.picture = png.toStdString();
+    constexpr int kUnusedBits = 12;  // a number in JSON has fewer
+    content.mark = static_cast<qint64>(QRandomGenerator::system()->generate64() >> kUnusedBits);
     return content;
 }
 
@@ -212,7 +215,7 @@ std::vector<std::string> OpenDocument::Open(const QString& path)
 void OpenDocument::Save()
 {
     const SceneContent content = ContentWithPicture();
-    Write(m_path, [&] { m_file->Save(content); });
+    Write(m_path, content, [&] { m_file->Save(content); });
     m_savedAt = QDateTime::currentDateTime();
     Settle();
 }
@@ -223,7 +226,7 @@ void OpenDocument::SaveAs(const QString& path)
     const SceneContent content = ContentWithPicture();
     SceneDocument document = WithoutClaim(file, [&] {
         std::optional<SceneDocument> made;
-        Write(file, [&] {
+        Write(file, content, [&] {
             made.emplace(SceneDocument::Create(file.toStdString(), content, PictureFolder(),
                                                PointerTo(m_file)));
         });
@@ -238,22 +241,24 @@ void OpenDocument::SaveCopy(const QString& path)
         Save();
         return;
     }
-    const SceneContent content = ContentWithPicture();
-    Write(CanonicalPath(path), [&] {
+    SceneContent content = ContentWithPicture();
+    content.mark = 0;
+    Write(CanonicalPath(path), content, [&] {
         std::ignore =
             SceneDocument::Create(path.toStdString(), content, PictureFolder(), PointerTo(m_file));
     });
 }
 
 /// What stood in the file when the program began is kept.
-void OpenDocument::Write(const QString& file, const std::function<void()>& write)
+void OpenDocument::Write(const QString& file, const SceneContent& content,
+                         const std::function<void()>& write)
 {
     const int kept = m_written.contains(file)
                          ? 0
                          : m_parts.host.Settings().Number(kBackupsSetting, kBackupsKept);
     const std::string state = m_parts.host.State().Profile().stateFolder.toStdString();
     QString trouble;
-    Q_EMIT AboutToSave();
+    Q_EMIT AboutToSave(file, content.mark);
     m_parts.work.Do(tr("Saving %1...").arg(QFileInfo(file).fileName()), [&] {
         try {
             BackUpDocument(file.toStdString(), state, kept);

@@ -82,7 +82,8 @@ Q_SIGNALS:
     void SourceChanged();
     /// It is now as its file is, or has none: opened, saved or new.
     void Settled();
-    void AboutToSave();
+    /// The file has the mark when all of the scene is in it; a copy has none.
+    void AboutToSave(const QString& file, qint64 mark);
     /// Saving went on without; for a person.
     void NotBackedUp(const QString& message);
     void TexturesChosen();
@@ -99,7 +100,8 @@ private:
     void SettleAt(const QString& path, SceneDocument document);
     void Settle();
     void Differ();
-    void Write(const QString& file, const std::function<void()>& write);
+    void Write(const QString& file, const SceneContent& content,
+               const std::function<void()>& write);
 
     Parts m_parts;
     std::optional<SceneDocument> m_file;

@@ -40,7 +40,10 @@ WorkRecovery::WorkRecovery(const Parts& parts)
     connect(&m_picture, &QTimer::timeout, this,
             [this] { m_journal.Show(m_parts.scene.Viewport().Picture()); });
     // Whoever is killed just after he has saved is offered nothing older than what he saved.
-    connect(&m_parts.document, &OpenDocument::AboutToSave, this, [this] { m_journal.Flush(); });
+    connect(&m_parts.document, &OpenDocument::AboutToSave, this,
+            [this](const QString& file, qint64 mark) {
+                m_journal.Flush({file.toStdString(), mark});
+            });
     connect(&m_parts.document, &OpenDocument::Settled, this, &WorkRecovery::Begin);
     connect(&m_parts.document, &OpenDocument::SourceChanged, this, [this] {
         if (m_parts.document.Path().isEmpty()) {
