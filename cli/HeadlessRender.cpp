@@ -15,6 +15,7 @@
 #include "Tr.h"
 #include <CorvexMaterial/PreviewPrimitives.h>
 
+#include <QBuffer>
 #include <QCoreApplication>
 #include <QDir>
 #include <QEventLoop>
@@ -163,6 +164,24 @@ void DrawPicture(const RenderJob& job, const Remark& remark)
     // Before the picture is drawn, which may take long.
     CorvexMaterial::FileWriter target(job.output.toStdString());
     SavePicture(Draw(job, remark), target, job.output, {PictureTypeOf(job.output)});
+}
+
+std::string DocumentPicture(const SceneContent& content)
+{
+    StudioScene scene;
+    scene.SetShapes(ShapesOf(content));
+    scene.SetView({.camera = content.camera.value_or(DefaultCamera()), .size = kDocumentPicture});
+    Frame frame = RaytraceSceneOf(scene, {}).frame;
+    frame.samples = 4;
+    QByteArray png;
+    QBuffer buffer(&png);
+    try {
+        RenderService rendering;
+        rendering.DrawNow(std::move(frame)).save(&buffer, "PNG");
+    } catch (const CorvexMaterial::Error&) {
+        png.clear();
+    }
+    return png.toStdString();
 }
 
 void ExportPicture(const RenderJob& job, const Remark& remark)

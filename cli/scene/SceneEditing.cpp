@@ -1,3 +1,5 @@
+#include "DefaultScene.h"
+#include "HeadlessRender.h"
 #include "LibraryQuery.h"
 #include "MaterialAssignment.h"
 #include "MaterialNames.h"
@@ -171,6 +173,12 @@ void CreateScene(SceneContext& context)
     SceneReading scene = ReadToWrite(context);
     if (context.job.embedsTextures) {
         scene.content.textures = TexturePlace::Embedded;
+    }
+    if (!scene.content.camera) {
+        StudioScene shown;
+        shown.SetShapes(ShapesOf(scene.content));
+        scene.content.camera = shown.FramedBy(DefaultCamera());
+        scene.content.picture = DocumentPicture(scene.content);
     }
     WriteScene(context, scene);
 }

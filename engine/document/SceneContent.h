@@ -3,6 +3,8 @@
 #include "Camera.h"
 #include "StudioShape.h"
 
+#include <QSize>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -39,6 +41,8 @@ struct MaterialKey {
 {
     return {applied.gathered, applied.identity};
 }
+
+inline constexpr QSize kDocumentPicture(320, 240);  ///< pixels at most
 
 /// A scene as it is kept in a document: a value that costs little, since meshes and materials are
 /// shared and never changed once made.

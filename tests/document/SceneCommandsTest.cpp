@@ -137,6 +137,8 @@ TEST_F(SceneCommands, WhatAnotherHasOpenOrIsDamagedStaysAsItIs)
     expectRefusal("scene apply-library a.corvex m.mtl Elm --all", "no material \"Elm\"");
     {
         const auto opened = SceneDocument::Open(PathOf("a.corvex"), PathOf("cache"));
+        EXPECT_TRUE(opened.content.camera);
+        EXPECT_THAT(opened.content.picture, HasSubstr("PNG"));
         expectRefusal("scene set a.corvex --all specular=1", "another window has it open");
         expectRefusal("scene create m.obj -o a.corvex", "another window has it open");
         EXPECT_EQ(Run("scene set a.corvex --all specular=1 -o b.corvex").exitCode, 0);

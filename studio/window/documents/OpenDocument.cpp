@@ -20,8 +20,6 @@
 namespace studio {
 namespace {
 
-constexpr QSize kPicture(320, 240);
-
 StudioScene::Shapes ShapesOf(const SceneContent& content)
 {
     StudioScene::Shapes shapes;
@@ -105,7 +103,8 @@ SceneContent OpenDocument::ContentWithPicture() const
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
     const QImage shown = m_parts.scene.Viewport().grab().toImage();
-    shown.scaled(kPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation).save(&buffer, "PNG");
+    shown.scaled(kDocumentPicture, Qt::KeepAspectRatio, Qt::SmoothTransformation)
+        .save(&buffer, "PNG");
     content.picture = png.toStdString();
     constexpr int kUnusedBits = 12;  // a number in JSON has fewer
     content.mark = static_cast<qint64>(QRandomGenerator::system()->generate64() >> kUnusedBits);
