@@ -113,7 +113,8 @@ private:
 
     void Write(std::pair<const MaterialKey, DocumentRows::Material>& entry)
     {
-        auto& [key, row] = entry;
+        const MaterialKey& key = entry.first;
+        DocumentRows::Material& row = entry.second;
         CorvexDB::udtMaterial material = key.gathered->material;
         row.embedded.clear();
         ReplaceTextures(material, [&](const std::string& file) {
