@@ -71,7 +71,7 @@ TEST_F(Editing, OfSeveralShapesEachTakesWhatWasTouchedAndKeepsTheRest)
     auto expected = before;
     rig.Select({0, 2, 3});
     rig.Choose("cboColor", "Bronze");
-    for (const std::size_t i : {0, 2, 3}) {
+    for (const std::size_t i : {0U, 2U, 3U}) {
         expected[i].Color = CorvexMaterial::MakeColour({140, 120, 36});
     }
     EXPECT_EQ(Materials(), expected);
