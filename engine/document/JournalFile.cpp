@@ -37,7 +37,9 @@ void JournalFile::Append(const std::string& text)
 
 void JournalFile::Replace(const std::string& text)
 {
-    if (!m_lock.Held()) {
+    // Somebody may have cleared the folder away.
+    std::error_code ignored;
+    if (!m_lock.Held() || !fs::exists(m_name + kJournalLockSuffix, ignored)) {
         TakeName();
     }
     m_file.reset();

@@ -72,8 +72,9 @@ void SettleJournal(const std::string& file)
         }
     }
     if (isLeft()) {
-        ThrowDatabaseError(file, "the journal '" + journal +
-                                     "' does not belong to it; move it away and try again");
+        ThrowDatabaseError(file, "another program is changing it, or the journal '" + journal +
+                                     "' belongs to another file; try again in a moment, or move "
+                                     "the journal away");
     }
 }
 

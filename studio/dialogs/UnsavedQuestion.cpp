@@ -19,6 +19,18 @@ void Prepare(QMessageBox& box, const char* name, const QString& question, const 
     box.setInformativeText(more);
 }
 
+ChangedByOthers Ask(QMessageBox& box, const QString& there)
+{
+    const QAbstractButton* overwrite = box.addButton(there, QMessageBox::DestructiveRole);
+    const QPushButton* saveAs = box.addButton(Tr("Save &As..."), QMessageBox::AcceptRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    if (box.clickedButton() == overwrite) {
+        return ChangedByOthers::Overwrite;
+    }
+    return box.clickedButton() == saveAs ? ChangedByOthers::SaveAs : ChangedByOthers::Cancel;
+}
+
 }  // namespace
 
 QString AgeText(qint64 seconds)
@@ -70,15 +82,16 @@ ChangedByOthers AskAboutChangedByOthers(QWidget& window, const QString& name)
     Prepare(box, "changedByOthers",
             Tr("\"%1\" was changed by another program since it was read.").arg(name),
             Tr("Overwriting it loses what the other program wrote."));
-    const QAbstractButton* overwrite =
-        box.addButton(Tr("&Overwrite"), QMessageBox::DestructiveRole);
-    const QPushButton* saveAs = box.addButton(Tr("Save &As..."), QMessageBox::AcceptRole);
-    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
-    box.exec();
-    if (box.clickedButton() == overwrite) {
-        return ChangedByOthers::Overwrite;
-    }
-    return box.clickedButton() == saveAs ? ChangedByOthers::SaveAs : ChangedByOthers::Cancel;
+    return Ask(box, Tr("&Overwrite"));
+}
+
+ChangedByOthers AskAboutGone(QWidget& window, const QString& name)
+{
+    QMessageBox box(&window);
+    Prepare(
+        box, "gone", Tr("\"%1\" is not there any more.").arg(name),
+        Tr("It was removed or moved, or its folder was. Nothing of what is open here is lost."));
+    return Ask(box, Tr("Save &There Again"));
 }
 
 }  // namespace studio

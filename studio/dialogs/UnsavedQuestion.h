@@ -16,8 +16,10 @@ enum class Unsaved { Save, Discard, Cancel };
 
 enum class ChangedByOthers { Overwrite, SaveAs, Cancel };
 
-/// Asks what is to become of a file that another program has written since it was read.
+/// Asks what is to become of a file that another program has written since it was read, and of one
+/// that is gone.
 [[nodiscard]] ChangedByOthers AskAboutChangedByOthers(QWidget& window, const QString& name);
+[[nodiscard]] ChangedByOthers AskAboutGone(QWidget& window, const QString& name);
 
 /// "12 minutes ago".
 [[nodiscard]] QString AgeText(qint64 seconds);

@@ -1,6 +1,6 @@
 #include "WaitDialog.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLabel>
 
 namespace studio {
@@ -21,6 +21,13 @@ WaitDialog::WaitDialog(const QString& text, QWidget* parent, int steps)
     setWindowModality(Qt::WindowModal);
     setMinimumDuration(kShowAfterMilliseconds);
     m_shownLater.start();
+}
+
+void WaitDialog::setVisible(bool visible)
+{
+    const QWidget* modal = QApplication::activeModalWidget();
+    const bool mayShow = modal == nullptr || modal == this || modal == parentWidget();
+    QProgressDialog::setVisible(visible && mayShow);
 }
 
 bool WaitDialog::Cancelled()

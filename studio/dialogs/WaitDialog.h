@@ -18,6 +18,9 @@ public:
     /// there to keep them off the window.
     [[nodiscard]] bool Cancelled();
 
+    /// Not over a message that waits for an answer: it would keep the user off that, too.
+    void setVisible(bool visible) override;
+
 Q_SIGNALS:
     void ShownOrHidden();
 

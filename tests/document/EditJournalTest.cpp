@@ -319,6 +319,9 @@ TEST_F(EditJournalTest, TellsOfADiskThatIsFullOnceAndGoesOn)
         Edit(1, Shared("Ash", 3));
         EXPECT_TRUE(journal->Flush()) << "in place of what is out of date";
     }
+    QDir(folder.PathOf("recovery")).removeRecursively();
+    Edit(1, Shared("Ash", 4));
+    EXPECT_TRUE(journal->Flush()) << "it was cleared away";
     Crash();
     const auto left = Left();
     ASSERT_THAT(left.found, SizeIs(1));

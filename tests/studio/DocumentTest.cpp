@@ -197,6 +197,22 @@ TEST_F(Documents, ClosingTheWindowWaitsForASave)
     EXPECT_EQ(Read(Scene()).content.shapes.size(), rig.Window().Scene().All().size());
 }
 
+TEST_F(Documents, AMessageCanBeAnsweredWhileAFileIsWritten)
+{
+    bool isOnTop = false;
+    QTimer::singleShot(0, [&] {
+        QMessageBox box(&rig.Window());
+        // Later than what keeps the user off the window would come up.
+        QTimer::singleShot(700, &box, [&] {
+            isOnTop = QApplication::activeModalWidget() == &box;
+            box.accept();
+        });
+        box.exec();
+    });
+    Document().SaveAs(Scene());
+    EXPECT_TRUE(isOnTop);
+}
+
 TEST_F(Documents, OneThatAnotherHasOpenIsReadOnlyHere)
 {
     rig.Select({0});
@@ -244,6 +260,12 @@ TEST_F(Documents, WhatAnotherProgramWroteIsNotOverwrittenUnasked)
     Edit("33");
     rig.Trigger("Save");
     EXPECT_EQ(AmbientIn(Scene()), 33);
+    EXPECT_TRUE(QFile::remove(Scene()));
+    Edit("44");
+    WillAnswer("Save There Again");
+    rig.Trigger("Save");
+    EXPECT_EQ(AmbientIn(Scene()), 44);
+    EXPECT_THAT(asked.back().toStdString(), HasSubstr("not there any more"));
 }
 
 TEST_F(Documents, AFailureIsToldAndNothingIsTakenForSaved)

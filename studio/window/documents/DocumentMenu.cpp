@@ -105,8 +105,9 @@ bool DocumentMenu::Save()
     if (document.Path().isEmpty() || !document.ReadOnlyReason().isEmpty()) {
         return SaveAs();
     }
-    if (document.IsChangedByOthers()) {
-        switch (AskAboutChangedByOthers(m_parts.window, document.Name())) {
+    if (const auto now = document.FileNow(); now != OpenDocument::OnDisk::AsItWas) {
+        const auto ask = now == OpenDocument::OnDisk::Gone ? AskAboutGone : AskAboutChangedByOthers;
+        switch (ask(m_parts.window, document.Name())) {
         case ChangedByOthers::Overwrite:
             return Saving([&document] { document.SaveAs(document.Path()); });
         case ChangedByOthers::SaveAs:

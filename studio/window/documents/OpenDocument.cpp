@@ -273,11 +273,18 @@ void OpenDocument::Write(const QString& file, const SceneContent& content,
     }
 }
 
-bool OpenDocument::IsChangedByOthers()
+OpenDocument::OnDisk OpenDocument::FileNow()
 {
     bool isChanged = false;
-    m_parts.work.Do(tr("Looking at %1...").arg(m_name), [&] { isChanged = IsChangedOnDisk(); });
-    return isChanged;
+    bool isThere = false;
+    m_parts.work.Do(tr("Looking at %1...").arg(m_name), [&] {
+        isChanged = IsChangedOnDisk();
+        isThere = QFileInfo::exists(m_path);
+    });
+    if (isThere) {
+        return isChanged ? OnDisk::Changed : OnDisk::AsItWas;
+    }
+    return OnDisk::Gone;
 }
 
 void OpenDocument::SettleAt(const QString& path, SceneDocument document)

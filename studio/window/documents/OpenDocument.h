@@ -75,8 +75,9 @@ public:
     void SaveCopy(const QString& path);
     /// Whether it is another on the disk now than was read or written last.
     [[nodiscard]] bool IsChangedOnDisk() const { return m_file && m_file->IsChangedByOthers(); }
-    /// The same, for a disk that may let one wait.
-    [[nodiscard]] bool IsChangedByOthers();
+    /// The same, and whether it is there at all, for a disk that may let one wait.
+    enum class OnDisk { AsItWas, Changed, Gone };
+    [[nodiscard]] OnDisk FileNow();
 
 Q_SIGNALS:
     void SourceChanged();
