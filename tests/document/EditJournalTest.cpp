@@ -178,26 +178,22 @@ TEST_F(EditJournalTest, LeavesNothingWhereNothingIsLost)
 TEST_F(EditJournalTest, IsNotOfferedWhereASaveHasAllOfIt)
 {
     const std::string file = folder.PathOf("scene.corvex").toStdString();
-    struct Case {
-        std::int64_t mark;
-        bool isEditedAgain;
-        std::size_t offered;
-    };
-    for (const Case& kill : {Case{7, false, 0}, Case{8, false, 1}, Case{7, true, 1}}) {
+    for (const auto& [mark, isEditedAgain, offered] :
+         {std::tuple{7, false, 0U}, {8, false, 1U}, {7, true, 1U}}) {
         journal = std::make_unique<EditJournal>(folder.Path().toStdString(), [](auto&) {});
         Begin();
         Edit(0, Shared("Oak", 5));
         journal->Flush({file, 7});
-        if (kill.isEditedAgain) {
+        if (isEditedAgain) {
             Edit(1, Shared("Ash", 6));
         }
-        base.mark = kill.mark;
+        base.mark = mark;
         std::ignore = studio::SceneDocument::Create(file, base, folder.Path().toStdString());
         Crash();
         auto left = Left();
-        EXPECT_THAT(left.found, SizeIs(kill.offered));
-        for (auto& offered : left.found) {
-            offered.Discard();
+        EXPECT_THAT(left.found, SizeIs(offered));
+        for (auto& journals : left.found) {
+            journals.Discard();
         }
         EXPECT_THAT(Files("*.edits"), IsEmpty());
     }

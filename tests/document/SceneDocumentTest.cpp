@@ -307,6 +307,11 @@ TEST_F(SceneDocumentTest, RefusesWhatIsDamagedForeignOrLaterAndLeavesItAlone)
                     Sql("INSERT INTO textures VALUES (1, '../../x', 3, '../../../../etc')");
                 }),
                 HasSubstr("texture in it is damaged"));
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_THROW(static_cast<void>(SceneDocument::Open(PathOf(), PathOf("cache"),
+                                                       SceneDocument::Use::Edit, stop.get_token())),
+                 CorvexMaterial::Error);
     EXPECT_THAT(Refusal(), IsEmpty());
 }
 

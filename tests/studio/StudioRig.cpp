@@ -40,11 +40,11 @@ void StudioRig::Stop()
     m_desktop.reset();
 }
 
-void StudioRig::Trigger(const QString& action)
+QAction& StudioRig::Action(const QString& action)
 {
     for (QAction* offered : m_window->findChildren<QAction*>()) {
         if (offered->text().remove('&') == action) {
-            return offered->trigger();
+            return *offered;
         }
     }
     throw std::logic_error("no menu offers " + action.toStdString());

@@ -64,8 +64,9 @@ public:
     void Press(const char* control) { CorvexTest::Click(Shown<QWidget>(control)); }
     [[nodiscard]] QString TextOf(const char* field) { return Find<QLineEdit>(field).text(); }
 
-    /// Triggers what a menu offers.
-    void Trigger(const QString& action);
+    /// What a menu offers.
+    QAction& Action(const QString& action);
+    void Trigger(const QString& action) { Action(action).trigger(); }
 
     CorvexTest::SampleFolder files;  ///< settings in Corvex/, libraries in data/
     std::chrono::milliseconds now{0};
