@@ -306,6 +306,7 @@ TEST_F(Documents, OpeningOneCanBeCancelledAndEverythingStays)
         rig.Window().OpenFile(file);
         EXPECT_EQ(rig.Window().Scene().All(), shapes);
         EXPECT_EQ(rig.Window().windowTitle(), "scene.corvex[*] - Corvex Studio");
+        EXPECT_THAT(Read(Scene()).document.ReadOnlyReason(), HasSubstr("another window"));
     }
     rig.Trigger("Save");
     EXPECT_EQ(asked.size(), 2) << "nobody else has written to it";
