@@ -7,6 +7,7 @@ studio_packages=(
     libassimp-dev libsqlite3-dev nlohmann-json3-dev povray povray-includes lld
 )
 test_packages=(xvfb xauth libgtest-dev libgmock-dev clang libclang-rt-dev parallel)
+long_packages=(blender python3-numpy)
 benchmark_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 
 as_root() {

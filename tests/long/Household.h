@@ -16,7 +16,9 @@ public:
     [[nodiscard]] std::vector<std::string> FilesIn(const QString& name) const;
     [[nodiscard]] const QProcessEnvironment& Environment() const { return m_environment; }
 
-    /// Runs the studio in `work`. Its exit code; -1 when it crashed.
+    /// The studio, to be started in `work`.
+    void Prepare(QProcess& process, const QStringList& arguments) const;
+    /// Runs it. Its exit code; -1 when it crashed.
     int Run(const QStringList& arguments) const;
     /// The same, killed by SIGKILL at any moment of the time that it takes. True if it was faster.
     bool RunAndKill(const QStringList& arguments, std::chrono::milliseconds usual);
@@ -30,8 +32,6 @@ public:
     int kills = 0;
 
 private:
-    void Prepare(QProcess& process, const QStringList& arguments) const;
-
     CorvexTest::SampleFolder m_folder;
     QProcessEnvironment m_environment;
 };

@@ -1,21 +1,15 @@
 #include "Household.h"
-#include "LeftJournal.h"
 #include "LibraryFile.h"
-#include "ParametricMesh.h"
 #include "QtSettingsStore.h"
-#include "SceneDocument.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 using LongTest::Household;
-using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Le;
 using testing::MatchesRegex;
-using testing::SizeIs;
 
 const QString kSettings = QStringLiteral("home/config/Corvex");
 
@@ -125,7 +119,7 @@ TEST_F(Killing, LibraryChanges)
 TEST_F(Killing, SettingsWrites)
 {
     int written = 0;
-    Kill(100, [&] {
+    Kill(80, [&] {
         QProcess writer;
         writer.setProcessEnvironment(household->Environment());
         writer.start(SETTINGS_WRITER, {QString::number(written + 1)});
@@ -146,80 +140,6 @@ TEST_F(Killing, SettingsWrites)
     });
 }
 
-/// The number that the material of both shapes has, in the document and what the journal puts on
-/// it.
-int NumberIn(const QString& document, const QString& folder)
-{
-    auto opened =
-        studio::SceneDocument::Open(document.toStdString(), (folder + "/cache").toStdString());
-    EXPECT_THAT(opened.document.StructureProblems(), IsEmpty());
-    auto left = studio::FindLeftJournals(folder.toStdString());
-    EXPECT_THAT(left.refused, IsEmpty());
-    int number = 0;
-    left.found.emplace_back("", CorvexMaterial::OwnerLock(), studio::JournalContent());
-    for (const studio::LeftJournal& journal : left.found) {
-        std::vector<std::string> problems;
-        const auto content = journal.Restored(opened.content, problems);
-        EXPECT_THAT(problems, IsEmpty());
-        const auto& identity = content.shapes[0].applied.identity;
-        const int one = identity->name.empty() ? 0 : std::stoi(identity->name);
-        EXPECT_EQ(identity, content.shapes[1].applied.identity);
-        number = std::max(number, one);
-    }
-    return number;
-}
-
-TEST_F(Killing, WorkOnADocument)
-{
-    const QString folder = household->PathOf("work-state");
-    const QString document = household->PathOf("documents/scene.corvex");
-    QDir().mkpath(household->PathOf("documents"));
-    studio::SceneContent content;
-    content.shapes.resize(2);
-    content.shapes[0].name = "One";
-    content.shapes[0].mesh = studio::SphereMesh(1.0F);
-    content.shapes[1] = content.shapes[0];
-    content.shapes[1].name = "Other";
-    for (auto& shape : content.shapes) {
-        shape.applied = studio::WholeMaterial({});
-    }
-    std::ignore = studio::SceneDocument::Create(document.toStdString(), content,
-                                                (folder + "/cache").toStdString());
-    const auto arguments = QStringList{document, folder};
-    int number = 0;
-    Kill(200, [&] {
-        QProcess writer;
-        writer.setProcessEnvironment(household->Environment());
-        writer.start(WORK_WRITER, arguments);
-        ASSERT_TRUE(writer.waitForStarted(30000));
-        writer.waitForFinished(static_cast<int>(household->dice() % 900));
-        writer.kill();
-        writer.waitForFinished();
-        ++household->kills;
-        const qint64 killed = QDateTime::currentMSecsSinceEpoch();
-        int earliest = number;
-        int latest = number + 1;
-        for (const QByteArray& line : writer.readAllStandardOutput().split('\n')) {
-            const QByteArrayList words = line.split(' ');
-            if (words.size() == 2 && words[1].toLongLong() < killed - 1000) {
-                earliest = words[0].toInt();
-            }
-            latest = words.size() == 2 ? words[0].toInt() + 1 : latest;
-        }
-        const int found = NumberIn(document, folder);
-        EXPECT_GE(found, earliest);
-        EXPECT_LE(found, latest);
-        number = found;
-    });
-    EXPECT_GT(number, 200);
-    EXPECT_EQ(QProcess::execute(WORK_WRITER, arguments + QStringList{"save"}), 0);
-    EXPECT_EQ(NumberIn(document, folder), number);
-    EXPECT_THAT(household->FilesIn("documents"), ElementsAre("scene.corvex"));
-    EXPECT_THAT(household->FilesIn("work-state/recovery"), IsEmpty());
-    EXPECT_THAT(household->FilesIn("work-state/backups"),
-                AllOf(SizeIs(Le(3)), Each(MatchesRegex("scene-.*[.]corvex"))));
-}
-
 TEST_F(Killing, Exports)
 {
     for (const char* name : {"x", "y"}) {
@@ -235,6 +155,10 @@ TEST_F(Killing, Exports)
                    {QStringList{"export", file, MODEL_FOLDER "/still-life.obj"},
                     QStringList{"export", file, "--primitive", "torus"}});
     }
+    const QStringList create{"scene", "create", MODEL_FOLDER "/still-life.obj", "--out",
+                             "made.corvex"};
+    KillOutput("made.corvex", 20, {create, create + QStringList{"--embed-textures"}});
+    EXPECT_EQ(household->Run(create), 0) << "it takes away what others left unfinished";
 }
 
 TEST_F(Killing, Renders)
@@ -272,9 +196,9 @@ TEST_F(Killing, LeavesNothingAfterTheNextStart)
 
     EXPECT_THAT(household->FilesIn("temp"), IsEmpty());
     EXPECT_THAT(household->FilesIn("work"),
-                ElementsAre("a.cvm", "live.png", "out.json", "out.mtl", "out.mtlx", "scene.pov",
-                            "scene.rib", "three.cvm", "three.json", "traced.png", "x.cvm",
-                            "y.cvm"));
+                ElementsAre("a.cvm", "live.png", "made.corvex", "out.json", "out.mtl", "out.mtlx",
+                            "scene.pov", "scene.rib", "three.cvm", "three.json", "traced.png",
+                            "x.cvm", "y.cvm"));
     EXPECT_THAT(household->FilesIn(kSettings), ElementsAre("CorvexStudio.ini", "Written.ini"));
     const QString data = QStringLiteral("home/data/CorvexStudio");
     constexpr const char* kDelivered =
