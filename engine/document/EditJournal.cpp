@@ -54,37 +54,24 @@ public:
     Writer(const Writer&) = delete;
     Writer& operator=(const Writer&) = delete;
 
-    void Begin(JournalHead head, std::vector<ShapeState> base)
+    void Begin(JournalHead head, const StudioScene::Shapes& shapes)
     {
         const std::lock_guard lock(m_mutex);
-        m_next = {};
-        m_next.slots.resize(base.size(), 0);
-        m_next.head = std::move(head);
-        m_next.base = std::move(base);
+        TakeBase(std::move(head), shapes);
+        m_next.base = m_told;
         m_wake.notify_all();
     }
 
-    void Take(std::vector<EditedShape> shapes, std::optional<TexturePlace> textures,
+    void Take(const JournalHead& head, const StudioScene::Shapes& shapes, TexturePlace textures,
               const Camera& camera, std::string_view what, int count)
     {
         const std::lock_guard lock(m_mutex);
+        FollowMeshes(head, shapes);
+        const bool isElsewhere = std::exchange(m_toldTextures, textures) != textures;
+        if (!TakeChanges(shapes) && !isElsewhere) {
+            return;
+        }
         m_next.isEdited = true;
-        if (m_next.shapes.empty()) {
-            for (std::size_t i = 0; i < shapes.size(); ++i) {
-                m_next.slots[shapes[i].place] = i;
-            }
-            m_next.shapes.swap(shapes);
-        }
-        for (EditedShape& shape : shapes) {
-            // Only what a shape is in the end is written.
-            std::size_t& slot = m_next.slots[shape.place];
-            if (slot < m_next.shapes.size() && m_next.shapes[slot].place == shape.place) {
-                m_next.shapes[slot] = std::move(shape);
-            } else {
-                slot = m_next.shapes.size();
-                m_next.shapes.push_back(std::move(shape));
-            }
-        }
         JournalEdits& edits = m_next.edits;
         const std::int64_t now = Now();
         // As the undo history joins what follows quickly.
@@ -92,7 +79,7 @@ public:
         edits.made = now;
         edits.what = what;
         edits.camera = camera;
-        edits.textures = textures;
+        edits.textures = textures == head.textures ? std::nullopt : std::optional(textures);
         edits.saving = {};
         m_wake.notify_all();
     }
@@ -127,13 +114,66 @@ private:
         std::optional<JournalHead> head;  ///< with a base: another scene
         std::vector<ShapeState> base;
         bool isEdited = false;
-        std::vector<EditedShape> shapes;
-        std::vector<std::size_t> slots;  ///< where in `shapes` each place is, perhaps
+        std::vector<std::size_t> places;  ///< of shapes that are other than they were
+        std::vector<EditedShape> shapes;  ///< what these are in the end
         JournalEdits edits;
         QImage picture;
 
         [[nodiscard]] bool Waits() const { return head || isEdited; }
     };
+
+    void TakeBase(JournalHead head, const StudioScene::Shapes& shapes)
+    {
+        m_next = {};
+        m_toldTextures = head.textures;
+        m_next.head = std::move(head);
+        m_told.clear();
+        m_told.reserve(shapes.size());
+        for (const auto& shape : shapes) {
+            m_told.push_back(shape->State());
+        }
+        m_waits.assign(shapes.size(), 0);
+    }
+
+    /// Whoever gives a scene other meshes leaves its base: all of it is written then, by shapes'
+    /// names.
+    void FollowMeshes(const JournalHead& head, const StudioScene::Shapes& shapes)
+    {
+        const bool isSame = std::ranges::equal(
+            shapes, m_told, [](const std::shared_ptr<StudioShape>& shape, const ShapeState& told) {
+                return shape->State().mesh == told.mesh;
+            });
+        if (!isSame) {
+            TakeBase(head, shapes);
+            for (ShapeState& told : m_told) {
+                told.applied.gathered = nullptr;
+            }
+            m_next.base = m_told;
+        }
+    }
+
+    /// False when there are none.
+    bool TakeChanges(const StudioScene::Shapes& shapes)
+    {
+        bool isAny = false;
+        for (std::size_t place = 0; place < shapes.size(); ++place) {
+            const ShapeState& now = shapes[place]->State();
+            ShapeState& told = m_told[place];
+            if (now.applied == told.applied && now.option == told.option &&
+                now.moved == told.moved && now.placement == told.placement) {
+                continue;
+            }
+            told.option = now.option;
+            told.placement = now.placement;
+            told.moved = now.moved;
+            told.applied = now.applied;
+            isAny = true;
+            if (std::exchange(m_waits[place], 1) == 0) {
+                m_next.places.push_back(place);
+            }
+        }
+        return isAny;
+    }
 
     void Run()
     {
@@ -166,7 +206,12 @@ private:
         Work work = std::move(m_next);
         m_next = {};
         m_next.edits = work.edits;
-        m_next.slots = std::move(work.slots);
+        work.shapes.reserve(work.places.size());
+        for (const std::size_t place : work.places) {
+            const ShapeState& told = m_told[place];
+            work.shapes.push_back({place, told.option, told.placement, told.moved, told.applied});
+            m_waits[place] = 0;
+        }
         return work;
     }
 
@@ -270,6 +315,9 @@ private:
     std::condition_variable m_wake;
     std::condition_variable m_idle;
     Work m_next;
+    std::vector<ShapeState> m_told;  ///< as the window told of them last
+    TexturePlace m_toldTextures = TexturePlace::Referenced;
+    std::vector<char> m_waits;  ///< whether a place is among those of `m_next`
     bool m_isBusy = false;
     bool m_isHurried = false;
     bool m_isEnding = false;
@@ -302,55 +350,14 @@ EditJournal::~EditJournal() = default;
 void EditJournal::Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes,
                         TexturePlace textures)
 {
-    m_toldTextures = textures;
-    m_told.clear();
-    m_told.reserve(shapes.size());
-    for (const auto& shape : shapes) {
-        m_told.push_back(shape->State());
-    }
     m_head = {std::move(base), std::move(name), Now(), textures};
-    m_writer->Begin(m_head, m_told);
-}
-
-/// Whoever gives a scene other meshes leaves its base: all of it is written then, by shapes' names.
-void EditJournal::FollowMeshes(const StudioScene::Shapes& shapes)
-{
-    const bool isSame = std::ranges::equal(
-        shapes, m_told, [](const std::shared_ptr<StudioShape>& shape, const ShapeState& told) {
-            return shape->State().mesh == told.mesh;
-        });
-    if (!isSame) {
-        Begin(m_head.base, m_head.name, shapes, m_head.textures);
-        for (ShapeState& told : m_told) {
-            told.applied.gathered = nullptr;
-        }
-        m_writer->Begin(m_head, m_told);
-    }
+    m_writer->Begin(m_head, shapes);
 }
 
 void EditJournal::Record(const StudioScene::Shapes& shapes, TexturePlace textures,
                          const Camera& camera, std::string_view what, int edits)
 {
-    FollowMeshes(shapes);
-    const bool isElsewhere = std::exchange(m_toldTextures, textures) != textures;
-    std::vector<EditedShape> changed;
-    for (std::size_t place = 0; place < shapes.size(); ++place) {
-        const ShapeState& now = shapes[place]->State();
-        ShapeState& told = m_told[place];
-        if (now.applied != told.applied || now.option != told.option || now.moved != told.moved ||
-            now.placement != told.placement) {
-            told.option = now.option;
-            told.placement = now.placement;
-            told.moved = now.moved;
-            told.applied = now.applied;
-            changed.push_back({place, now.option, now.placement, now.moved, now.applied});
-        }
-    }
-    if (!changed.empty() || isElsewhere) {
-        m_writer->Take(std::move(changed),
-                       textures == m_head.textures ? std::nullopt : std::optional(textures), camera,
-                       what, edits);
-    }
+    m_writer->Take(m_head, shapes, textures, camera, what, edits);
 }
 
 void EditJournal::Show(const QImage& picture)

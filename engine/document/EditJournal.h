@@ -44,12 +44,8 @@ public:
 private:
     class Writer;
 
-    void FollowMeshes(const StudioScene::Shapes& shapes);
-
     std::unique_ptr<Writer> m_writer;
     JournalHead m_head;
-    std::vector<ShapeState> m_told;
-    TexturePlace m_toldTextures = TexturePlace::Referenced;
 };
 
 /// Where the journals of a state folder are.
