@@ -183,8 +183,14 @@ TEST_F(Documents, WhatIsEditedWhileAModelIsReadIsAskedAboutToo)
 TEST_F(Documents, ClosingTheWindowWaitsForASave)
 {
     bool hasClosedAtOnce = true;
-    QTimer::singleShot(0, [&] { hasClosedAtOnce = rig.Window().close(); });
+    const auto shapes = rig.Window().Scene().All();
+    QTimer::singleShot(0, [&] {
+        EXPECT_TRUE(CorvexTest::DropFile(rig.Window(), rig.PathOf("any.corvex"), {20, 20}));
+        rig.Trigger("New");
+        hasClosedAtOnce = rig.Window().close();
+    });
     Document().SaveAs(Scene());
+    EXPECT_EQ(rig.Window().Scene().All(), shapes);
     EXPECT_FALSE(hasClosedAtOnce);
     EXPECT_TRUE(QTest::qWaitFor([this] { return !rig.Window().isVisible(); }));
     EXPECT_EQ(Read(Scene()).content.shapes.size(), rig.Window().Scene().All().size());

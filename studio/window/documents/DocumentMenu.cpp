@@ -50,8 +50,8 @@ void DocumentMenu::ShowMark()
 bool DocumentMenu::MayGo()
 {
     const OpenDocument& document = m_parts.document;
-    if (!document.IsModified()) {
-        return true;
+    if (document.IsBusy() || !document.IsModified()) {
+        return !document.IsBusy();
     }
     switch (AskAboutUnsaved(m_parts.window, document.Name(), document.SavedAt())) {
     case Unsaved::Save:

@@ -50,6 +50,8 @@ public:
     [[nodiscard]] bool IsModified() const;
     /// Another number after each edit, and each undoing of one.
     [[nodiscard]] int Edits() const { return m_edits; }
+    /// While a file is read or written, drops are taken all the same.
+    [[nodiscard]] bool IsBusy() const { return m_parts.work.IsBusy(); }
     /// For a person; empty when it can be saved.
     [[nodiscard]] QString ReadOnlyReason() const;
     [[nodiscard]] const SourceModel& Source() const { return m_source; }

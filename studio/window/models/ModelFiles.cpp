@@ -44,7 +44,8 @@ void ModelFiles::ShowDefaultScene()
 
 void ModelFiles::Show(const QString& file, const ImportedModel& model)
 {
-    if (m_parts.document.Edits() != m_edits && !m_parts.documentMenu.MayGo()) {
+    const OpenDocument& document = m_parts.document;
+    if ((document.Edits() != m_edits || document.IsBusy()) && !m_parts.documentMenu.MayGo()) {
         GiveUp(file);
         return;
     }
