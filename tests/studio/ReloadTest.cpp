@@ -2,6 +2,8 @@
 #include "SourceReload.h"
 #include "StudioRig.h"
 
+#include <QFileDialog>
+
 namespace {
 
 class Reloading : public StudioTest::StartedStudio {
@@ -70,11 +72,25 @@ TEST_F(Reloading, AsksBeforeShapesGo)
     rig.prompts.answers = {true};
     Reload("removed: 1");
     EXPECT_THAT(Names(), testing::ElementsAre("Leg"));
-    QFile::remove(rig.PathOf("m.obj"));
-    rig.Trigger("Reload Model");
-    ASSERT_TRUE(QTest::qWaitFor([&] { return !rig.prompts.shown.empty(); }, 30000));
-    EXPECT_THAT(rig.prompts.shown.back().text, testing::HasSubstr("m.obj"));
-    EXPECT_THAT(Names(), testing::ElementsAre("Leg"));
+}
+
+TEST_F(Reloading, LooksForAModelThatIsGone)
+{
+    const QString elsewhere = rig.PathOf("elsewhere.obj");
+    QFile::rename(rig.PathOf("m.obj"), elsewhere);
+    QString title;
+    QTimer answering;
+    QObject::connect(&answering, &QTimer::timeout, [&] {
+        if (auto* chooser = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+            title = chooser->windowTitle();
+            chooser->selectFile(elsewhere);
+            static_cast<QDialog*>(chooser)->accept();
+        }
+    });
+    answering.start(5);
+    Reload("Kept: 2");
+    EXPECT_EQ(title, "Find m.obj");
+    EXPECT_EQ(rig.Window().Document().Source().path, elsewhere.toStdString());
 }
 
 }  // namespace

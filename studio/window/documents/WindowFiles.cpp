@@ -10,6 +10,7 @@
 #include "PanelDock.h"
 #include "PanelLibraries.h"
 #include "ScenePane.h"
+#include "SourceReload.h"
 #include "SourceReloading.h"
 #include "SourceSaving.h"
 #include "StudioHost.h"
@@ -115,9 +116,14 @@ void WindowFiles::ConnectOutcomes()
     connect(m_models.get(), &ModelFiles::Refused, this, refused);
     connect(m_menu.get(), &DocumentMenu::Opened, this,
             [this, opened](const QString& file, const QStringList& problems) {
-                const QString reason = m_document->ReadOnlyReason();
-                m_report->Tell(tr("Document Opened"), problems,
-                               reason.isEmpty() ? reason : tr("Read-only: %1.").arg(reason));
+                QStringList notes;
+                if (const QString reason = m_document->ReadOnlyReason(); !reason.isEmpty()) {
+                    notes << tr("Read-only: %1.").arg(reason);
+                }
+                if (StateOf(m_document->Source()) == SourceState::Missing) {
+                    notes << tr("The model is missing. File > Reload Model looks for it.");
+                }
+                m_report->Tell(tr("Document Opened"), problems, notes.join(u' '));
                 opened(file);
             });
     connect(m_menu.get(), &DocumentMenu::Refused, this, refused);

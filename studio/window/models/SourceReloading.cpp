@@ -90,20 +90,24 @@ SourceReloading::SourceReloading(const Parts& parts, ImportProgram importer)
 void SourceReloading::AddTo(QMenu& menu)
 {
     m_reload = menu.addAction(tr("Reloa&d Model"), QKeySequence(Qt::Key_F5), this, [this] {
-        Read(QString::fromStdString(m_parts.document.Source().path));
+        const SourceModel& source = m_parts.document.Source();
+        if (StateOf(source) == SourceState::Missing) {
+            Choose(tr("Find %1").arg(FileNameOf(source)));
+        } else {
+            Read(QString::fromStdString(source.path));
+        }
     });
     m_reload->setStatusTip(tr("Reads the model again; materials stay"));
-    menu.addAction(tr("Replace &Model..."), this, &SourceReloading::Replace)
+    menu.addAction(tr("Replace &Model..."), this, [this] { Choose(tr("Replace Model")); })
         ->setStatusTip(tr("Takes another model; shapes of the same name keep their materials"));
     Watch();
 }
 
-void SourceReloading::Replace()
+void SourceReloading::Choose(const QString& title)
 {
     const QString former = QString::fromStdString(m_parts.document.Source().path);
-    const QString file =
-        QFileDialog::getOpenFileName(&m_parts.window, tr("Replace Model"), former,
-                                     tr("3D models (%1);;All files (*)").arg(ModelPatterns()));
+    const QString file = QFileDialog::getOpenFileName(
+        &m_parts.window, title, former, tr("3D models (%1);;All files (*)").arg(ModelPatterns()));
     if (!file.isEmpty()) {
         Read(file);
     }
@@ -199,10 +203,12 @@ void SourceReloading::LookAtFile()
     }
     m_watcher.addPath(state == SourceState::Missing ? QFileInfo(file).path() : file);
     const SourceModel now = SourceModelAt(source.path);
-    if (state == SourceState::Changed && now != m_told) {
-        m_parts.messages.ShowAndLog(
-            tr("%1 has changed on the disk. File > Reload Model reads it again.")
-                .arg(FileNameOf(source)));
+    if (state != SourceState::Unchanged && now != m_told) {
+        const QString text =
+            state == SourceState::Changed
+                ? tr("%1 has changed on the disk. File > Reload Model reads it again.")
+                : tr("The model %1 is not there any more. File > Reload Model looks for it.");
+        m_parts.messages.ShowAndLog(text.arg(FileNameOf(source)));
     }
     m_told = now;
 }

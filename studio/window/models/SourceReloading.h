@@ -50,7 +50,7 @@ Q_SIGNALS:
 private:
     class Step;
 
-    void Replace();
+    void Choose(const QString& title);
     void ShowModel(const QString& file, const ImportedModel& model);
     [[nodiscard]] bool MayLose(const std::vector<std::string>& removed);
     void TellOf(const ReloadedScene& reloaded, const ImportedModel& model);
