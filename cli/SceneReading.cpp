@@ -36,7 +36,7 @@ SceneReading ReadModelScene(const QString& file, const std::string& pictureFolde
     for (const auto& shape : ShapesOf(*outcome.model)) {
         reading.content.shapes.push_back(shape->State());
     }
-    reading.content.source = SourceModelAt(QFileInfo(file).absoluteFilePath().toStdString());
+    reading.content.source = SourceModelAt(file.toStdString(), outcome.model->files);
     reading.report = std::move(outcome.model->report);
     return reading;
 }

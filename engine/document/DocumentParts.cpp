@@ -101,6 +101,21 @@ constexpr QLatin1String kMoved("moved");
 constexpr QLatin1String kFlat("flat");
 constexpr QLatin1String kWrapped("wrapped");
 
+QJsonObject FieldsOfStamp(const FileStamp& file, const std::string& folder)
+{
+    return {{QStringLiteral("path"), QString::fromStdString(StoredPath(file.path, folder))},
+            {QStringLiteral("bytes"), static_cast<double>(file.bytes)},
+            {QStringLiteral("modified"), static_cast<double>(file.modified)}};
+}
+
+FileStamp StampOfFields(const QJsonObject& object, const std::string& folder)
+{
+    const std::string path = object.value(QLatin1String("path")).toString().toStdString();
+    return {path.empty() ? path : PathOfStored(path, folder),
+            static_cast<std::int64_t>(object.value(QLatin1String("bytes")).toDouble()),
+            static_cast<std::int64_t>(object.value(QLatin1String("modified")).toDouble())};
+}
+
 }  // namespace
 
 void WriteChunks(Database& database, ChunkOwner kind, std::int64_t owner,
@@ -246,19 +261,23 @@ std::optional<Camera> CameraOfJson(std::string_view json)
 
 QByteArray JsonOfSource(const SourceModel& source, const std::string& folder)
 {
-    return Compact(
-        {{QStringLiteral("path"), QString::fromStdString(StoredPath(source.path, folder))},
-         {QStringLiteral("bytes"), static_cast<double>(source.bytes)},
-         {QStringLiteral("modified"), static_cast<double>(source.modified)}});
+    QJsonObject object = FieldsOfStamp(source, folder);
+    QJsonArray others;
+    for (const FileStamp& other : source.others) {
+        others.append(FieldsOfStamp(other, folder));
+    }
+    object.insert(QLatin1String("others"), others);
+    return Compact(object);
 }
 
 SourceModel SourceOfJson(std::string_view json, const std::string& folder)
 {
     const QJsonObject object = ObjectOf(json);
-    const std::string path = object.value(QLatin1String("path")).toString().toStdString();
-    return {path.empty() ? path : PathOfStored(path, folder),
-            static_cast<std::int64_t>(object.value(QLatin1String("bytes")).toDouble()),
-            static_cast<std::int64_t>(object.value(QLatin1String("modified")).toDouble())};
+    SourceModel source{StampOfFields(object, folder)};
+    for (const QJsonValue other : object.value(QLatin1String("others")).toArray()) {
+        source.others.push_back(StampOfFields(other.toObject(), folder));
+    }
+    return source;
 }
 
 QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material, const std::string& unknown,

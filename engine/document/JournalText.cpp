@@ -155,7 +155,7 @@ JournalBase BaseAt(JournalBase::Kind kind, const std::string& path)
 {
     JournalBase base{kind, {}, {}};
     if (kind != JournalBase::Kind::DefaultScene) {
-        base.file = SourceModelAt(path);
+        base.file = StampOf(path);
     }
     if (kind == JournalBase::Kind::Document) {
         base.mark = ChangeMark(path);

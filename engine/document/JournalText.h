@@ -17,7 +17,7 @@ struct JournalBase {
     enum class Kind : std::uint8_t { DefaultScene, Model, Document };
 
     Kind kind = Kind::DefaultScene;
-    SourceModel file;  ///< of a model or document
+    FileStamp file;    ///< of a model or document
     std::string mark;  ///< how often a document was saved; empty for others
 
     bool operator==(const JournalBase&) const = default;

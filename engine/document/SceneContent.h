@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Camera.h"
+#include "SourceModel.h"
 #include "StudioShape.h"
 
 #include <QSize>
@@ -12,18 +13,6 @@
 #include <vector>
 
 namespace studio {
-
-/// What a scene was opened from, and how to tell that the file has changed since.
-struct SourceModel {
-    std::string path;  ///< absolute; empty for none
-    std::int64_t bytes = 0;
-    std::int64_t modified = 0;  ///< milliseconds since 1970, UTC
-
-    bool operator==(const SourceModel&) const = default;
-};
-
-/// As the file is now; without size and time when there is none.
-[[nodiscard]] SourceModel SourceModelAt(const std::string& path);
 
 /// Where a document keeps textures: inside itself, or as paths to files, relative to it where they
 /// are below or beside its folder.

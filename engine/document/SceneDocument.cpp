@@ -9,7 +9,6 @@
 #include "StoredPath.h"
 #include <CorvexMaterial/Status.h>
 
-#include <QDateTime>
 #include <QFileInfo>
 
 #include <filesystem>
@@ -246,15 +245,6 @@ std::int64_t DocumentMark(const std::string& path)
     } catch (const CorvexMaterial::Error&) {
         return 0;
     }
-}
-
-SourceModel SourceModelAt(const std::string& path)
-{
-    const QFileInfo file(QString::fromStdString(path));
-    const std::string absolute = file.absoluteFilePath().toStdString();
-    return file.isFile()
-               ? SourceModel{absolute, file.size(), file.lastModified().toUTC().toMSecsSinceEpoch()}
-               : SourceModel{absolute, 0, 0};
 }
 
 std::string UnfinishedPath(const std::string& path)

@@ -117,18 +117,6 @@ void WearByName(const std::map<std::string, AppliedMaterial>& materials, ShapeSt
 
 }  // namespace
 
-SourceState StateOf(const SourceModel& source)
-{
-    if (source.path.empty()) {
-        return SourceState::None;
-    }
-    const SourceModel now = SourceModelAt(source.path);
-    if (now.modified == 0) {
-        return SourceState::Missing;
-    }
-    return now == source ? SourceState::Unchanged : SourceState::Changed;
-}
-
 ReloadedScene Reloaded(const SceneContent& scene, std::vector<ShapeState> read,
                        const SourceModel& source)
 {

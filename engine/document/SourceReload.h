@@ -8,11 +8,6 @@
 
 namespace studio {
 
-enum class SourceState : std::uint8_t { None, Unchanged, Changed, Missing };
-
-/// How the file of a source model compares with what was read from it.
-[[nodiscard]] SourceState StateOf(const SourceModel& source);
-
 /// A scene with the shapes of a model that was read anew.
 struct ReloadedScene {
     SceneContent content;

@@ -3,6 +3,7 @@
 #include "MaterialText.h"
 #include "Mesh.h"
 #include "Report.h"
+#include "VertexColours.h"
 
 #include <QByteArray>
 #include <QMatrix4x4>
@@ -19,6 +20,7 @@ struct ImportedMesh {
     std::size_t material = 0;  ///< index into ImportedModel::materials
     bool hasCoordinates = false;
     std::int32_t sourcePrimitive = -1;  ///< its number in a glTF document's mesh; -1 elsewhere
+    VertexColours colours = {};
 };
 
 /// One use of a mesh. A file may place one mesh many times.
@@ -40,12 +42,15 @@ struct EmbeddedPicture {
 /// in range and every number finite.
 struct ImportedModel {
     std::vector<NamedMaterial> materials;
+    /// Of the materials, where vertices have colours of their own; else empty.
+    std::vector<SaidColour> said;
     /// What became of the materials' properties, and of what else the file names.
     Report report;
     std::vector<ImportedMesh> meshes;
     std::vector<ImportedShape> shapes;
-    /// Files beside the model that the materials are in, in their order.
-    std::vector<std::string> libraries;
+    /// Files beside the model that are read with it, but for images: those that hold the materials
+    /// of an OBJ, in their order; they may be missing.
+    std::vector<std::string> files;
     /// Their wearers have no path for them yet, or one that is missing.
     std::vector<EmbeddedPicture> pictures;
 };

@@ -308,10 +308,21 @@ bool HasCoordinates(const RawMesh& raw)
            });
 }
 
+VertexColours ColoursOf(const RawMesh& raw)
+{
+    VertexColours colours;
+    colours.AddPlain(raw.colours.empty() ? raw.vertices.size() : 0);
+    for (const CorvexMaterial::Rgb colour : raw.colours) {
+        colours.Add(colour);
+    }
+    return colours;
+}
+
 }  // namespace
 
 ImportedMesh Finished(RawMesh raw)
 {
+    const VertexColours colours = ColoursOf(raw);
     DropDamaged(raw);
     if (raw.hasNormals) {
         FaceByThemselves(raw);
@@ -319,8 +330,8 @@ ImportedMesh Finished(RawMesh raw)
         Smoothing(raw).Smooth();
     }
     const bool hasCoordinates = HasCoordinates(raw);
-    return {MakeMesh(std::move(raw.vertices), std::move(raw.indices)), raw.material,
-            hasCoordinates};
+    return {MakeMesh(std::move(raw.vertices), std::move(raw.indices)), raw.material, hasCoordinates,
+            -1, colours};
 }
 
 void AppendTriangles(std::span<const QVector3D> polygon, std::vector<std::uint32_t>& corners)

@@ -11,6 +11,7 @@ namespace studio {
 struct RawMesh {
     std::vector<Vertex> vertices;
     std::vector<std::uint32_t> indices;
+    std::vector<CorvexMaterial::Rgb> colours;  ///< of the vertices, or empty
     std::size_t material = 0;
     bool hasNormals = false;
     bool hasCoordinates = false;

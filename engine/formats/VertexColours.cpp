@@ -1,103 +1,130 @@
 #include "VertexColours.h"
 
+#include "Amounts.h"
+#include "ImportedModel.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace studio {
+namespace {
 
-void VertexColours::Wearers::Add(Rgb colour, std::size_t times)
+using CorvexMaterial::BytesOf;
+using CorvexMaterial::Colour;
+using CorvexMaterial::MakeColour;
+
+std::array<int, 3> LevelsOf(Colour colour)
 {
-    const Components components{CutToUnit(colour.red), CutToUnit(colour.green),
-                                CutToUnit(colour.blue)};
-    for (std::size_t i = 0; i < components.size(); ++i) {
-        sum[i] += components[i] * static_cast<double>(times);
-        least[i] = std::min(least[i], components[i]);
-        most[i] = std::max(most[i], components[i]);
-    }
-    count += times;
+    const auto [red, green, blue] = BytesOf(colour);
+    return {red, green, blue};
 }
 
-Rgb VertexColours::Wearers::Average() const
+}  // namespace
+
+void VertexColours::Add(Rgb colour)
 {
-    const auto average = [this](std::size_t i) {
-        return static_cast<float>(sum[i] / static_cast<double>(count));
-    };
-    return {average(0), average(1), average(2)};
+    Add(colour, 1);
+    ++m_coloured;
 }
 
-bool VertexColours::Wearers::Differ() const
-{
-    constexpr double kSeen = 0.02;
-    return most[0] - least[0] > kSeen || most[1] - least[1] > kSeen || most[2] - least[2] > kSeen;
-}
-
-VertexColours::Wearers& VertexColours::WearersOf(std::size_t material)
-{
-    m_wearers.resize(std::max(m_wearers.size(), material + 1));
-    return m_wearers[material];
-}
-
-void VertexColours::Add(std::size_t material, const std::vector<Rgb>& colours)
-{
-    Wearers& wearers = WearersOf(material);
-    wearers.coloured = wearers.coloured || !colours.empty();
-    for (const Rgb colour : colours) {
-        wearers.Add(colour, 1);
-    }
-}
-
-void VertexColours::AddPlain(std::size_t material, std::size_t vertices)
+void VertexColours::AddPlain(std::size_t vertices)
 {
     if (vertices > 0) {
-        WearersOf(material).Add(kWhiteRgb, vertices);
+        Add(kWhiteRgb, vertices);
     }
 }
 
-void VertexColours::Tint(ImportedModel& model, std::size_t material, Meaning meaning) const
+void VertexColours::Add(const VertexColours& others)
 {
-    if (material >= m_wearers.size() || !m_wearers[material].coloured) {
-        return;
+    for (std::size_t i = 0; i < m_sum.size(); ++i) {
+        m_sum[i] += others.m_sum[i];
+        m_least[i] = std::min(m_least[i], others.m_least[i]);
+        m_most[i] = std::max(m_most[i], others.m_most[i]);
     }
-    auto& [name, record] = model.materials[material];
-    const Rgb average = m_wearers[material].Average();
-    record.Color = meaning == Meaning::Light
-                       ? ColourOfLight(LightOf(record.Color) * average)
-                       : ColourOfDisplayed(DisplayedOf(record.Color) * average);
-    if (m_wearers[material].Differ()) {
-        MaterialNotes(model.report, name)
-            .Approximated("vertex colours",
-                          QT_TRANSLATE_NOOP("Interchange", "a surface has one colour: that of its "
-                                                           "vertices on average"));
-    } else {
-        MaterialNotes(model.report, name).Mapped("vertex colours");
-    }
+    m_count += others.m_count;
+    m_coloured += others.m_coloured;
 }
 
-Untinted::Untinted(CorvexMaterial::Colour now, CorvexMaterial::Colour was,
-                   CorvexMaterial::Colour is, VertexColours::Meaning meaning)
-    : colour(now)
+void VertexColours::Add(Rgb colour, std::uint64_t times)
 {
-    if (was == is) {
+    const std::array components{CutToUnit(colour.red), CutToUnit(colour.green),
+                                CutToUnit(colour.blue)};
+    for (std::size_t i = 0; i < components.size(); ++i) {
+        m_sum[i] += static_cast<double>(components[i]) * static_cast<double>(times);
+        m_least[i] = std::min(m_least[i], components[i]);
+        m_most[i] = std::max(m_most[i], components[i]);
+    }
+    m_count += times;
+}
+
+Rgb VertexColours::Average() const
+{
+    const auto average = [this](std::size_t i) {
+        return CutToUnit(static_cast<float>(m_sum[i] / static_cast<double>(m_count)));
+    };
+    return Any() ? Rgb{average(0), average(1), average(2)} : kWhiteRgb;
+}
+
+bool VertexColours::Differ() const
+{
+    constexpr float kSeen = 0.02F;
+    return m_most[0] - m_least[0] > kSeen || m_most[1] - m_least[1] > kSeen ||
+           m_most[2] - m_least[2] > kSeen;
+}
+
+Colour SaidColour::With(Rgb vertices) const
+{
+    return meaning == VertexColours::Meaning::Light
+               ? ColourOfLight(LightOf(colour) * vertices)
+               : ColourOfDisplayed(DisplayedOf(colour) * vertices);
+}
+
+Colour SaidColour::For(Colour shown, Rgb vertices) const
+{
+    const std::array<int, 3> wanted = LevelsOf(shown);
+    std::array<int, 3> best = LevelsOf(colour);
+    std::array<int, 3> found = LevelsOf(With(vertices));
+    for (int level = 0; level <= 255; ++level) {
+        const SaidColour grey{MakeColour({level, level, level}), meaning};
+        const std::array<int, 3> levels = LevelsOf(grey.With(vertices));
+        for (std::size_t i = 0; i < best.size(); ++i) {
+            if (std::abs(levels[i] - wanted[i]) < std::abs(found[i] - wanted[i])) {
+                best[i] = level;
+                found[i] = levels[i];
+            }
+        }
+    }
+    return MakeColour({best[0], best[1], best[2]});
+}
+
+void TintByVertices(ImportedModel& model, std::span<const VertexColours::Meaning> meanings)
+{
+    std::vector<VertexColours> wearers(model.materials.size());
+    for (const ImportedShape& shape : model.shapes) {
+        const ImportedMesh& mesh = model.meshes[shape.mesh];
+        wearers[mesh.material].Add(mesh.colours);
+    }
+    if (std::ranges::none_of(wearers, &VertexColours::Any)) {
         return;
     }
-    const bool light = meaning == VertexColours::Meaning::Light;
-    const auto read = [light](CorvexMaterial::Colour value) {
-        return light ? LightOf(value) : DisplayedOf(value);
-    };
-    const Rgb wanted = read(now);
-    const Rgb tinted = read(was);
-    const Rgb plain = read(is);
-    const auto part = [this](float want, float tint, float full) {
-        constexpr float kRounding = 1.02F;
-        const float value = tint > 0.0F ? want * full / tint : want;
-        isCut = isCut || value > kRounding || (tint <= 0.0F && want > 0.0F);
-        return CutToUnit(value);
-    };
-    const Rgb result{part(wanted.red, tinted.red, plain.red),
-                     part(wanted.green, tinted.green, plain.green),
-                     part(wanted.blue, tinted.blue, plain.blue)};
-    colour = now == was ? is : light ? ColourOfLight(result) : ColourOfDisplayed(result);
+    for (std::size_t i = 0; i < wearers.size(); ++i) {
+        auto& [name, record] = model.materials[i];
+        const SaidColour& said = model.said.emplace_back(SaidColour{record.Color, meanings[i]});
+        MaterialNotes notes(model.report, name);
+        if (!wearers[i].Any()) {
+            continue;
+        }
+        record.Color = said.With(wearers[i].Average());
+        if (wearers[i].Differ()) {
+            notes.Approximated("vertex colours",
+                               QT_TRANSLATE_NOOP("Interchange", "a surface has one colour: that of "
+                                                                "its vertices on average"));
+        } else {
+            notes.Mapped("vertex colours");
+        }
+    }
 }
 
 }  // namespace studio

@@ -1,60 +1,63 @@
 #pragma once
 
-#include "Amounts.h"
-#include "ImportedModel.h"
+#include <CorvexMaterial/Colour.h>
 
 #include <QCoreApplication>
 
 #include <array>
-#include <vector>
+#include <cstdint>
+#include <span>
 
 namespace studio {
 
-/// A surface has one colour here: the colour of a material is multiplied by that of the vertices
-/// that wear it, on average.
+struct ImportedModel;
+
+/// The colours of the vertices of a mesh, or of all that wear a material, summed up.
 class VertexColours {
 public:
-    enum class Meaning { Displayed, Light };
+    /// What they are in a file, with the colours of its materials.
+    enum class Meaning : std::int32_t { Displayed, Light };
 
-    /// The vertices of a mesh; those without a colour count as white, as often as is said.
-    void Add(std::size_t material, const std::vector<Rgb>& colours);
-    void AddPlain(std::size_t material, std::size_t vertices);
+    void Add(CorvexMaterial::Rgb colour);
+    /// Vertices without a colour count as white.
+    void AddPlain(std::size_t vertices);
+    void Add(const VertexColours& others);
 
-    /// Reports it where a material's vertices visibly differ.
-    void Tint(ImportedModel& model, std::size_t material, Meaning meaning) const;
+    [[nodiscard]] bool Any() const { return m_coloured > 0; }
+    /// White where there are none.
+    [[nodiscard]] CorvexMaterial::Rgb Average() const;
+    /// Whether they do, visibly.
+    [[nodiscard]] bool Differ() const;
 
 private:
-    using Components = std::array<double, 3>;
+    void Add(CorvexMaterial::Rgb colour, std::uint64_t times);
 
-    struct Wearers {
-        Components sum{};
-        Components least{1.0, 1.0, 1.0};
-        Components most{};
-        std::size_t count = 0;
-        bool coloured = false;
-
-        void Add(Rgb colour, std::size_t times);
-        [[nodiscard]] Rgb Average() const;
-        [[nodiscard]] bool Differ() const;
-    };
-
-    Wearers& WearersOf(std::size_t material);
-
-    std::vector<Wearers> m_wearers;  ///< by material
+    // Without gaps, since it is packed as it is.
+    std::array<double, 3> m_sum{};
+    std::array<float, 3> m_least{1.0F, 1.0F, 1.0F};
+    std::array<float, 3> m_most{};
+    std::uint64_t m_count = 0;
+    std::uint64_t m_coloured = 0;
 };
 
-/// Of a colour that was cut.
-inline constexpr const char* kVerticesDarken =
-    QT_TRANSLATE_NOOP("Interchange", "the colours of the vertices darken it");
+/// A material's colour as the file says it; that of its vertices is multiplied into it.
+struct SaidColour {
+    CorvexMaterial::Colour colour = CorvexMaterial::kWhite;
+    VertexColours::Meaning meaning = VertexColours::Meaning::Displayed;
 
-/// The colour that a file has to say for a material to become `now` with its vertices, which make
-/// `was` of the file's `is`.
-struct Untinted {
-    Untinted(CorvexMaterial::Colour now, CorvexMaterial::Colour was, CorvexMaterial::Colour is,
-             VertexColours::Meaning meaning);
-
-    CorvexMaterial::Colour colour;
-    bool isCut = false;  ///< it would have to be lighter than white
+    [[nodiscard]] CorvexMaterial::Colour With(CorvexMaterial::Rgb vertices) const;
+    /// What the file would have to say to be shown like this, or as close as it gets; components
+    /// that are shown so already stay.
+    [[nodiscard]] CorvexMaterial::Colour For(CorvexMaterial::Colour shown,
+                                             CorvexMaterial::Rgb vertices) const;
 };
+
+/// Of a colour that cannot be said.
+inline constexpr const char* kVerticesTint =
+    QT_TRANSLATE_NOOP("Interchange", "the colours of the vertices tint it");
+
+/// A surface has one colour here: the colour of a material is multiplied by that of the vertices
+/// of all shapes that wear it, on average. The report has it where they visibly differ.
+void TintByVertices(ImportedModel& model, std::span<const VertexColours::Meaning> meanings);
 
 }  // namespace studio

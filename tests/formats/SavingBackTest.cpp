@@ -3,6 +3,7 @@
 #include "Formats.h"
 #include "ModelShapes.h"
 #include "SampleFolder.h"
+#include "SceneDocument.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QJsonArray>
@@ -85,11 +86,24 @@ protected:
         m_folder.Write("a.mtl", kLibrary);
         Open("a.obj", kModel);
     }
-    void OpenAgain()
+    void OpenAgain() { m_shapes = studio::ShapesOf(ReadSource()); }
+    /// The scene comes out of a document that has its images inside.
+    void OpenDocumentOfIt()
     {
-        const studio::ImportedModel model = studio::ReadModel(m_path.toStdString());
-        m_source = studio::SourceOf(m_path.toStdString(), model);
-        m_shapes = studio::ShapesOf(model);
+        const std::string file = m_folder.PathOf("a.corvex").toStdString();
+        studio::SceneContent content;
+        content.textures = studio::TexturePlace::Embedded;
+        for (const auto& shape : m_shapes) {
+            content.shapes.push_back(shape->State());
+        }
+        std::ignore = studio::SceneDocument::Create(file, content, {});
+        const std::string pictures = m_folder.PathOf("cache").toStdString();
+        m_shapes.clear();
+        for (const auto& state : studio::SceneDocument::Open(file, pictures).content.shapes) {
+            m_shapes.push_back(std::make_shared<studio::StudioShape>(state));
+        }
+        ReadSource();
+        EXPECT_TRUE(studio::AreOf(m_source, m_shapes));
     }
     /// Another material for some of the shapes, under another name when they part.
     template <typename Change>
@@ -108,8 +122,12 @@ protected:
             m_shapes.at(shape)->SetApplied(applied);
         }
     }
-    studio::SourcePatch Patch() const { return studio::PatchOf(*m_source, Now()); }
-    void Save() { m_source = studio::SaveBack(*m_source, Now()); }
+    studio::SourcePatch Patch() const { return studio::PatchOf(m_source, Now()); }
+    void Save()
+    {
+        studio::SaveBack(m_source, Now());
+        ReadSource();
+    }
     /// Saves; the file reads as what the scene shows.
     void ExpectSaved()
     {
@@ -126,13 +144,19 @@ protected:
 
     CorvexTest::SampleFolder m_folder;
     QString m_path;
-    std::optional<studio::MaterialSource> m_source;
+    studio::MaterialSource m_source;
     studio::StudioScene::Shapes m_shapes;
 
 private:
     [[nodiscard]] studio::DressedShapes Now() const
     {
-        return studio::DressedNow(*m_source, m_shapes);
+        return studio::DressedNow(m_source, m_shapes);
+    }
+    studio::ImportedModel ReadSource()
+    {
+        studio::ImportedModel model = studio::ReadModel(m_path.toStdString());
+        m_source = studio::SourceOf(m_path.toStdString(), model);
+        return model;
     }
 };
 
@@ -249,7 +273,7 @@ TEST_F(SavingBackTest, ShapesThatPartGetMaterialsOfTheirOwn)
     Open("a.gltf", kDocument);
     Edit({1}, MakeRed, "Worn 2");
     ExpectSaved();
-    EXPECT_EQ(m_source->asRead.materials.at(2).name, "Worn 2");
+    EXPECT_EQ(m_source.asRead.materials.at(2).name, "Worn 2");
     const QJsonObject root = QJsonDocument::fromJson(Content()).object();
     EXPECT_EQ(root["meshes"].toArray().size(), 2);
     EXPECT_EQ(root["meshes"].toArray().at(1)["extras"], QJsonObject({{"a", 1}}));
@@ -267,7 +291,7 @@ TEST_F(SavingBackTest, PlainShapesGetALibrary)
     Edit({0}, MakeRed, "Red");
     ExpectSaved();
     EXPECT_TRUE(Content().startsWith("mtllib plain.mtl\r\n"));
-    EXPECT_EQ(m_source->files.size(), 2);
+    EXPECT_EQ(m_source.files.size(), 2);
 }
 
 TEST_F(SavingBackTest, ASecondTimeOnlyWhatChangedSince)
@@ -288,9 +312,58 @@ TEST_F(SavingBackTest, AFileThatAnotherProgramChangedIsLeftAlone)
     const QByteArray theirs = Library();
     EXPECT_THROW(Save(), CorvexMaterial::Error);
     EXPECT_EQ(Library(), theirs);
-    // Written again as it was, it is the same file.
+}
+
+TEST_F(SavingBackTest, ASceneOutOfADocumentIsTheOneThatWasOpened)
+{
+    m_folder.Save("leaf.png", QColor(Qt::green));
+    const QByteArray worn = QByteArray(kDocument).replace(
+        R"("metallicFactor")", R"("baseColorTexture":{"index":0},"metallicFactor")");
+    const QByteArray document = QByteArray(worn).replace(
+        R"("animations")",
+        R"("images":[{"uri":"leaf.png"}],"textures":[{"source":0}],"animations")");
+    Open("a.gltf", document);
+    OpenDocumentOfIt();
+    EXPECT_TRUE(Patch().files.empty());
+    Edit({0, 1}, MakeRed);
+    Save();
+    EXPECT_EQ(Content(),
+              QByteArray(document).replace("[0.0, 1.0, 0.0, 1.00]", "[1, 0, 0.0, 1.00]"));
+
+    m_folder.Save("blade.png", QColor(Qt::green));
+    OpenObj();
+    OpenDocumentOfIt();
+    EXPECT_TRUE(Patch().files.empty());
+    Edit({0, 1}, MakeRed);
+    Save();
+    EXPECT_EQ(Library(), QByteArray(kLibrary).replace("Kd  0.0 1.0 0.0", "Kd  1 0 0"));
+}
+
+TEST_F(SavingBackTest, ColoursOfVerticesAreReckonedWith)
+{
+    const char* const coloured =
+        "mtllib a.mtl\nv 0 0 0 .9 .3 0\nv 1 0 0 1 .3 .5\nv 0 1 0 .9 .3 .5\n"
+        "v 0 0 1\nv 1 0 1\nv 0 1 1\nusemtl Stone\no dark\nf 1 2 3\no light\nf 4 5 6\n";
     m_folder.Write("a.mtl", kLibrary);
-    EXPECT_NO_THROW(Save());
+    for (const int level : {0, 3, 64, 77, 101, 119}) {
+        Open("a.obj", coloured);
+        Edit({0, 1}, [&](udtMaterial& material) {
+            material.Color = CorvexMaterial::MakeColour({level, level / 2, level / 3});
+            material.Specular = 70;
+        });
+        EXPECT_EQ(Patch().report.Count(studio::Outcome::Approximated), 0) << level;
+        ExpectSaved();
+    }
+    Edit({0, 1}, [](udtMaterial& material) { material.Specular = 40; });
+    Save();
+    EXPECT_TRUE(Library().contains("Ks"));
+    // A part that is darker than what wore the material gets no colour that nobody gave it.
+    const QByteArray stone = Library().mid(Library().indexOf("Kd ", Library().indexOf("Stone")), 8);
+    Edit(
+        {0}, [](udtMaterial& material) { material.Specular = 10; }, "Dark");
+    EXPECT_EQ(Patch().report.Count(studio::Outcome::Approximated), 2);
+    Save();
+    EXPECT_EQ(Library().count(stone), 2) << Library().toStdString();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "StudioRig.h"
 
 #include "MaterialExchange.h"
+#include "OpenDocument.h"
 #include "SceneExchange.h"
 #include "SceneRaytracing.h"
 #include "SqliteMaterialLibrary.h"
@@ -18,6 +19,19 @@ protected:
         rig.Host().Materials().Open(path);
     }
     studio::LibraryFile& Library() { return *rig.Host().Materials().File(); }
+    bool Told(const char* text)
+    {
+        auto& line = rig.Find<QLabel>("miscField");
+        return QTest::qWaitFor([&] { return line.text().contains(QLatin1String(text)); }, 30000);
+    }
+    void SaveBackUntilAsked(std::vector<bool> answers)
+    {
+        const std::size_t asked = rig.log.CountOf("Prompts.AskYesNo");
+        rig.prompts.answers = {answers.begin(), answers.end()};
+        rig.Find<QAction>("saveBack").trigger();
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return rig.log.CountOf("Prompts.AskYesNo") > asked; }, 30000));
+    }
 };
 
 TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
@@ -118,17 +132,47 @@ TEST_F(Exchange, AnOpenedModelGetsItsMaterialsBackOnceTheUserAgrees)
     rig.Press("chkDoubleSided");
     rig.Type("txtSpecular", "50");
 
-    saveBack.trigger();
+    SaveBackUntilAsked({});
     EXPECT_TRUE(CorvexTest::ContentOf(library).contains("Kd 0 1 0\nown 1\n"));
     EXPECT_THAT(rig.log.Calls().back().detail, testing::HasSubstr("a.mtl"));
-    rig.prompts.answers = {true};
-    saveBack.trigger();
+    SaveBackUntilAsked({true});
     EXPECT_EQ(CorvexTest::ContentOf(library), "newmtl Oak\nKd 0 1 0\nown 1\nKs 0.5 0.5 0.5\n");
-    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("saved back"));
+    EXPECT_TRUE(Told("saved back"));
 
     rig.Window().ResetScene();
-    saveBack.trigger();
-    EXPECT_EQ(rig.log.CountOf("Prompts.AskYesNo"), 2U);
+    EXPECT_FALSE(saveBack.isEnabled());
+}
+
+TEST_F(Exchange, AReopenedDocumentKnowsTheModelThatItWasSavedBackInto)
+{
+    const QString library = rig.files.Write("a.mtl", "newmtl Oak\nKd 0 1 0\nown 1\n");
+    rig.Open(rig.files.Write("a.obj", "mtllib a.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\n"
+                                      "usemtl Oak\nf 1 2 3\n"));
+    studio::OpenDocument& document = rig.Window().Document();
+    const QString file = rig.PathOf("a.corvex");
+    const auto shine = [this](const char* specular) {
+        rig.Select({0});
+        rig.Type("txtSpecular", specular);
+    };
+    shine("50");
+    document.SaveAs(file);
+    document.Open(file);
+    SaveBackUntilAsked({true});
+    EXPECT_EQ(CorvexTest::ContentOf(library), "newmtl Oak\nKd 0 1 0\nown 1\nKs 0.5 0.5 0.5\n");
+    EXPECT_TRUE(document.IsModified()) << "its file knows the model as it was";
+    document.Save();
+    document.Open(file);
+    rig.Trigger("Save Back into \"a.obj\"...");
+    EXPECT_TRUE(Told("has these materials already"));
+
+    rig.files.Write("a.mtl", "newmtl Oak\nKd 0 1 0\nKs 0 0 0\n");
+    EXPECT_TRUE(Told("a.mtl has changed"));
+    shine("70");
+    SaveBackUntilAsked({true});  // to reload
+    EXPECT_TRUE(Told("Kept: 1"));
+    SaveBackUntilAsked({true});
+    EXPECT_EQ(CorvexTest::ContentOf(library), "newmtl Oak\nKd 0 1 0\nKs 0.7 0.7 0.7\n");
+    document.Save();
 }
 
 TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)

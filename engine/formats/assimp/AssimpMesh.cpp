@@ -29,6 +29,10 @@ RawMesh MeshFrom(const aiMesh& source)
         if (raw.hasCoordinates) {
             vertex.uv = {source.mTextureCoords[0][index].x, source.mTextureCoords[0][index].y};
         }
+        if (source.HasVertexColors(0)) {
+            const aiColor4D& colour = source.mColors[0][index];
+            raw.colours.push_back({colour.r, colour.g, colour.b});
+        }
     }
     raw.indices.reserve(std::size_t{3} * source.mNumFaces);
     for (unsigned int face = 0; face < source.mNumFaces; ++face) {

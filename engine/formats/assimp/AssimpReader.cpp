@@ -7,7 +7,6 @@
 #include "PicturesInside.h"
 #include "ShapeNames.h"
 #include "TextureReference.h"
-#include "VertexColours.h"
 #include <CorvexMaterial/Status.h>
 
 #include <assimp/Importer.hpp>
@@ -170,38 +169,26 @@ MaterialPlaces FindMaterials(const aiScene& scene, const std::string& /*path*/,
     return places;
 }
 
-void CountColours(const aiMesh& mesh, std::size_t material, VertexColours& colours)
-{
-    if (!mesh.HasVertexColors(0)) {
-        colours.AddPlain(material, mesh.mNumVertices);
-        return;
-    }
-    std::vector<Rgb> all;
-    all.reserve(mesh.mNumVertices);
-    for (const aiColor4D& colour : std::span(mesh.mColors[0], mesh.mNumVertices)) {
-        all.push_back({colour.r, colour.g, colour.b});
-    }
-    colours.Add(material, all);
-}
-
 void AddMeshes(const aiScene& scene, const MaterialPlaces& places, ImportedModel& model)
 {
-    VertexColours colours;
     for (const aiMesh* mesh : std::span(scene.mMeshes, scene.mNumMeshes)) {
         RawMesh raw = MeshFrom(*mesh);
         raw.material = places.at(raw.material);
-        CountColours(*mesh, raw.material, colours);
         model.meshes.push_back(Finished(std::move(raw)));
     }
-    std::vector<bool> tinted(model.materials.size());
-    for (std::size_t index = 0; index < places.size(); ++index) {
-        const bool light = HasPhysicalLook(*scene.mMaterials[index]);
-        if (!tinted[places[index]]) {
-            colours.Tint(model, places[index],
-                         light ? VertexColours::Meaning::Light : VertexColours::Meaning::Displayed);
-        }
-        tinted[places[index]] = true;
+}
+
+/// Where several materials of the scene are one of the model, as the first has it.
+std::vector<VertexColours::Meaning> MeaningsOf(const aiScene& scene, const MaterialPlaces& places,
+                                               std::size_t materials)
+{
+    std::vector<VertexColours::Meaning> meanings(materials);
+    for (std::size_t index = places.size(); index-- > 0;) {
+        meanings[places[index]] = HasPhysicalLook(*scene.mMaterials[index])
+                                      ? VertexColours::Meaning::Light
+                                      : VertexColours::Meaning::Displayed;
     }
+    return meanings;
 }
 
 ImportedModel Read(const std::string& path, ImportedModel model,
@@ -221,8 +208,10 @@ ImportedModel Read(const std::string& path, ImportedModel model,
     if (scene->mRootNode == nullptr || scene->mNumMaterials == 0) {
         Refuse(path, "the file holds no scene");
     }
-    AddMeshes(*scene, materials(*scene, path, model), model);
+    const MaterialPlaces places = materials(*scene, path, model);
+    AddMeshes(*scene, places, model);
     AddShapes(*scene, model);
+    TintByVertices(model, MeaningsOf(*scene, places, model.materials.size()));
     if (!refused.empty()) {
         MaterialNotes(model.report, refused)
             .Dropped("file", QT_TRANSLATE_NOOP("Interchange", "not read"));

@@ -49,6 +49,11 @@ Number NumberAt(const char* bytes)
     return number;
 }
 
+std::string NameOfUri(const QString& uri)
+{
+    return QUrl::fromPercentEncoding(uri.toUtf8()).toStdString();
+}
+
 }  // namespace
 
 std::optional<QByteArray> DataOfUri(const QString& uri)
@@ -147,13 +152,28 @@ QByteArray GltfFile::Buffer(int index)
     if (const auto data = DataOfUri(uri)) {
         return known->second = *data;
     }
-    const std::string name = QUrl::fromPercentEncoding(uri.toUtf8()).toStdString();
-    const std::string path = FindReferenced(name, m_folder).path;
-    const auto& file = m_files.emplace_back(std::make_unique<ModelFile>(path));
+    const auto& file = m_files.emplace_back(std::make_unique<ModelFile>(PathOf(uri)));
     if (!file->Obstacle().empty()) {
-        RefuseDocument(m_path, name + ": " + file->Obstacle());
+        RefuseDocument(m_path, NameOfUri(uri) + ": " + file->Obstacle());
     }
     return known->second = file->Bytes();
+}
+
+std::string GltfFile::PathOf(const QString& uri) const
+{
+    return FindReferenced(NameOfUri(uri), m_folder).path;
+}
+
+std::vector<std::string> GltfFile::DataFiles() const
+{
+    std::vector<std::string> files;
+    for (const QJsonValue buffer : m_root[u"buffers"].toArray()) {
+        const QString uri = buffer[u"uri"].toString();
+        if (!uri.isEmpty() && !uri.startsWith(u"data:")) {
+            files.push_back(PathOf(uri));
+        }
+    }
+    return files;
 }
 
 QByteArray GltfFile::View(const QJsonValue& index)

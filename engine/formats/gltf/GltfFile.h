@@ -28,6 +28,8 @@ public:
     [[nodiscard]] QJsonObject At(const char* list, const QJsonValue& index) const;
     [[nodiscard]] const std::string& Folder() const { return m_folder; }
 
+    /// Those beside the document that its buffers are in.
+    [[nodiscard]] std::vector<std::string> DataFiles() const;
     /// The bytes of a buffer view; they last as long as this.
     [[nodiscard]] QByteArray View(const QJsonValue& index);
     /// Numbers of an accessor, as many to an element as wanted; normalised where the accessor says
@@ -53,6 +55,7 @@ private:
     void ParseBinary(const QByteArray& bytes);
     void ParseText(const QByteArray& bytes);
     [[nodiscard]] QByteArray Buffer(int index);
+    [[nodiscard]] std::string PathOf(const QString& uri) const;
     [[nodiscard]] Elements ElementsOf(const QJsonObject& accessor, const QJsonObject& place);
 
     std::string m_path;

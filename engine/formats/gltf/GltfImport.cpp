@@ -85,21 +85,19 @@ ImportedModel ModelOfGltf(const QByteArray& bytes, const std::string& path)
         return ReadWithAssimp(path);  // the format's first version, of another structure
     }
     ImportedModel model;
+    model.files = file.DataFiles();
     AddMaterials(file, model);
     const std::size_t plain = model.materials.size();
     model.materials.push_back(PlainMaterial(file));
     if (IsPacked(file)) {
         return WithAssimpShapes(path, std::move(model));
     }
-    VertexColours colours;
-    AddGltfShapes(file, plain, model, colours);
+    AddGltfShapes(file, plain, model);
     if (std::ranges::none_of(model.meshes,
                              [&](const auto& mesh) { return mesh.material == plain; })) {
         model.materials.pop_back();
     }
-    for (std::size_t index = 0; index < model.materials.size(); ++index) {
-        colours.Tint(model, index, VertexColours::Meaning::Light);
-    }
+    TintByVertices(model, std::vector(model.materials.size(), VertexColours::Meaning::Light));
     return model;
 }
 

@@ -5,7 +5,6 @@
 #include "GltfMaterials.h"
 #include "GltfSurface.h"
 #include "MaterialModel.h"
-#include "VertexColours.h"
 
 #include <QJsonDocument>
 
@@ -92,12 +91,8 @@ Json* GltfMaterialPatch::Extension(const char* name)
 void GltfMaterialPatch::Apply(const NamedMaterial& was, const NamedMaterial& now, Report& report)
 {
     ExportNotes notes(now, GltfTable(), Wearers::Samples);
-    NamedMaterial want = now;
     const udtMaterial before = Read();
-    const Untinted untinted(now.material.Color, was.material.Color, before.Color,
-                            VertexColours::Meaning::Light);
-    want.material.Color = untinted.colour;
-    m_written = JsonOf(GltfMaterialOf(want, m_images, notes));
+    m_written = JsonOf(GltfMaterialOf(now, m_images, notes));
     if (now.name != was.name) {
         m_material["name"] = m_written["name"];
     }
@@ -105,12 +100,9 @@ void GltfMaterialPatch::Apply(const NamedMaterial& was, const NamedMaterial& now
         PutTexture(!now.material.Textures.primary.empty());
     }
     // Twice, since a glow is a share of the colour.
-    Write(want.material);
-    Write(want.material);
-    notes.SayMisread({was.material, before, want.material, Read()});
-    if (untinted.isCut) {
-        notes.Say(Attribute::Color, Outcome::Approximated, kVerticesDarken);
-    }
+    Write(now.material);
+    Write(now.material);
+    notes.SayMisread({was.material, before, now.material, Read()});
     notes.AddChangesTo(report, was.material);
 }
 

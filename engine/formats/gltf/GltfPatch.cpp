@@ -4,7 +4,6 @@
 #include "GltfMaterialPatch.h"
 #include "GltfMaterials.h"
 #include "GltfSurface.h"
-#include "VertexColours.h"
 
 #include <QCoreApplication>
 #include <QtEndian>
@@ -87,7 +86,7 @@ public:
           m_images(m_file.Folder(), static_cast<qsizetype>(Count("images")),
                    static_cast<qsizetype>(Count("textures")), purpose == PatchFor::Writing)
     {
-        m_patch.numbers.resize(now.materials.size());
+        m_numbers.resize(now.materials.size());
     }
 
     SourcePatch Make()
@@ -102,7 +101,7 @@ public:
         KnowTextures();
         for (std::size_t i = 0; i < Own(); ++i) {
             PatchMaterial(i);
-            m_patch.numbers[i] = i;
+            m_numbers[i] = i;
         }
         for (std::size_t i = Own(); i < m_now.materials.size(); ++i) {
             AddMaterial(i);
@@ -172,24 +171,13 @@ private:
         if (isPlain && now.material == m_source.asRead.materials[i].material) {
             return;
         }
-        NamedMaterial want = now;
-        bool isCut = false;
-        if (isPlain) {
-            const Untinted untinted(now.material.Color, m_source.asRead.materials[i].material.Color,
-                                    CorvexMaterial::kWhite, VertexColours::Meaning::Light);
-            want.material.Color = untinted.colour;
-            isCut = untinted.isCut;
-        }
-        ExportNotes notes(want, GltfTable(), Wearers::Samples);
-        const Json written = JsonOf(GltfMaterialOf(want, m_images, notes));
-        if (isCut) {
-            notes.Say(Attribute::Color, Outcome::Approximated, kVerticesDarken);
-        }
+        ExportNotes notes(now, GltfTable(), Wearers::Samples);
+        const Json written = JsonOf(GltfMaterialOf(now, m_images, notes));
         Report unsaid;
         notes.AddChangesTo(m_patch.report,
                            SurfaceOfGltf({}, m_file, MaterialNotes(unsaid, "")).material);
         CollectNewExtensions(written, Json::object());
-        m_patch.numbers[i] = m_json.contains("materials") ? m_json["materials"].size() : 0;
+        m_numbers[i] = m_json.contains("materials") ? m_json["materials"].size() : 0;
         m_json["materials"].push_back(written);
     }
 
@@ -201,10 +189,11 @@ private:
     {
         std::map<std::size_t, Dress> nodes;
         for (std::size_t shape = 0; shape < m_now.ofShape.size(); ++shape) {
-            const auto [node, primitive] = m_source.places[shape];
+            const SourceShape& source = m_source.shapes[shape];
+            const std::int32_t node = source.node;
             const std::size_t material = m_now.ofShape[shape];
             const bool changes = material != m_source.asRead.ofShape[shape] ||
-                                 m_patch.numbers[material] != NumberAsRead(material);
+                                 m_numbers[material] != NumberAsRead(material);
             if (changes && node < 0) {
                 MaterialNotes(m_patch.report, m_now.materials[material].name)
                     .Dropped("shape", QT_TRANSLATE_NOOP("Interchange",
@@ -213,7 +202,7 @@ private:
             } else if (node >= 0) {
                 Dress& dress = nodes[static_cast<std::size_t>(node)];
                 if (changes) {
-                    dress[static_cast<std::size_t>(primitive)] = material;
+                    dress[static_cast<std::size_t>(source.primitive)] = material;
                 }
             }
         }
@@ -266,7 +255,7 @@ private:
     void PutOn(const Dress& dress, Json& primitives) const
     {
         for (const auto& [primitive, material] : dress) {
-            if (const auto number = m_patch.numbers[material]) {
+            if (const auto number = m_numbers[material]) {
                 primitives.at(primitive)["material"] = *number;
             } else {
                 primitives.at(primitive).erase("material");
@@ -305,6 +294,8 @@ private:
     Json m_json;
     GltfImages m_images;
     std::set<std::string> m_newExtensions;
+    /// Of the materials in the source from now on; nothing for plain shapes'.
+    std::vector<std::optional<std::size_t>> m_numbers;
     SourcePatch m_patch;
 };
 

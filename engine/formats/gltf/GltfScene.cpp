@@ -68,9 +68,8 @@ QMatrix4x4 Usable(const QMatrix4x4& matrix)
 
 class GltfShapes {
 public:
-    GltfShapes(GltfFile& file, std::size_t plainMaterial, ImportedModel& model,
-               VertexColours& colours)
-        : m_file(file), m_plainMaterial(plainMaterial), m_model(model), m_colours(colours)
+    GltfShapes(GltfFile& file, std::size_t plainMaterial, ImportedModel& model)
+        : m_file(file), m_plainMaterial(plainMaterial), m_model(model)
     {
     }
 
@@ -188,33 +187,23 @@ private:
             std::iota(raw.indices.begin(), raw.indices.end(), 0U);
         }
         raw.indices = TrianglesOf(std::move(raw.indices), mode);
-        CountColours(attributes[u"COLOR_0"], raw);
-        return Finished(std::move(raw));
-    }
-
-    void CountColours(const QJsonValue& accessor, const RawMesh& raw)
-    {
-        std::vector<Rgb> colours;
-        for (const auto& [red, green, blue] : m_file.Floats<3>(accessor)) {
-            colours.push_back({red, green, blue});
+        for (const auto& [red, green, blue] : m_file.Floats<3>(attributes[u"COLOR_0"])) {
+            raw.colours.push_back({red, green, blue});
         }
-        m_colours.Add(raw.material, colours);
-        m_colours.AddPlain(raw.material, colours.empty() ? raw.vertices.size() : 0);
+        return Finished(std::move(raw));
     }
 
     GltfFile& m_file;
     std::size_t m_plainMaterial;
     ImportedModel& m_model;
-    VertexColours& m_colours;
     std::map<int, std::vector<Part>> m_parts;
 };
 
 }  // namespace
 
-void AddGltfShapes(GltfFile& file, std::size_t plainMaterial, ImportedModel& model,
-                   VertexColours& colours)
+void AddGltfShapes(GltfFile& file, std::size_t plainMaterial, ImportedModel& model)
 {
-    GltfShapes(file, plainMaterial, model, colours).Add();
+    GltfShapes(file, plainMaterial, model).Add();
 }
 
 }  // namespace studio

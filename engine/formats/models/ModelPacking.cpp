@@ -18,14 +18,14 @@ using CorvexMaterial::AttributeRow;
 using CorvexMaterial::AttributeValue;
 
 constexpr std::uint32_t kMagic = 0x4D585643;  // "CVXM"
-constexpr std::uint32_t kVersion = 8;
+constexpr std::uint32_t kVersion = 9;
 constexpr std::uint32_t kEnd = 0x21444E45;  // "END!"
 constexpr std::uint8_t kLastAttribute = 0xFF;
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
 constexpr std::size_t kSmallestMaterial = sizeof(std::uint32_t) + sizeof(kLastAttribute);
 constexpr std::size_t kSmallestRow = 3 * sizeof(std::uint32_t) + 1;
-constexpr std::size_t kSmallestMesh = 4 * sizeof(std::uint32_t);
+constexpr std::size_t kSmallestMesh = 4 * sizeof(std::uint32_t) + sizeof(VertexColours);
 constexpr std::size_t kSmallestPicture = 2 * sizeof(std::uint32_t);
 constexpr std::size_t kSmallestShape = 2 * sizeof(std::uint32_t) + 16 * sizeof(float);
 
@@ -163,6 +163,7 @@ void Put(ByteWriter& writer, const ImportedMesh& mesh)
     writer.Put(static_cast<std::uint32_t>(mesh.material));
     writer.Put(static_cast<std::uint32_t>(mesh.hasCoordinates));
     writer.Put(mesh.sourcePrimitive);
+    writer.Put(mesh.colours);
     writer.Put(static_cast<std::uint32_t>(mesh.mesh->vertices.size()));
     writer.Put(static_cast<std::uint32_t>(mesh.mesh->indices.size()));
     writer.PutAll(mesh.mesh->vertices);
@@ -176,6 +177,7 @@ ImportedMesh GetMesh(ByteReader& reader, std::size_t materialCount)
     Require(result.material < materialCount, "a mesh names a material that does not exist");
     result.hasCoordinates = reader.Get<std::uint32_t>() != 0;
     result.sourcePrimitive = reader.Get<std::int32_t>();
+    result.colours = reader.Get<VertexColours>();
     const std::size_t vertexCount = reader.Get<std::uint32_t>();
     const std::size_t indexCount = reader.Get<std::uint32_t>();
     Require(indexCount % 3 == 0, "a mesh has an incomplete triangle");
@@ -258,7 +260,9 @@ QByteArray PackModel(const ImportedModel& model)
     putList(model.meshes);
     putList(model.shapes);
     putList(model.pictures);
-    putList(model.libraries);
+    putList(model.files);
+    writer.Put(static_cast<std::uint32_t>(model.said.size()));
+    writer.PutAll(model.said);
     writer.Put(kEnd);
     return writer.Take();
 }
@@ -285,8 +289,11 @@ ImportedModel UnpackModel(std::span<const std::byte> bytes)
         model.pictures.push_back(GetPicture(reader, model.materials.size()));
     }
     for (std::size_t left = reader.GetCount(sizeof(std::uint32_t)); left > 0; --left) {
-        model.libraries.push_back(reader.GetText());
+        model.files.push_back(reader.GetText());
     }
+    model.said = reader.GetAll<SaidColour>(reader.Get<std::uint32_t>());
+    Require(model.said.empty() || model.said.size() == model.materials.size(),
+            "a material has no colour of its own");
     Require(reader.Get<std::uint32_t>() == kEnd && reader.AtEnd(), "the data is damaged");
     return model;
 }

@@ -1,13 +1,18 @@
 #include "SavingBack.h"
 
 #include "DocumentFile.h"
+#include "ExportedProperties.h"
+#include "FileClaim.h"
 #include "FileWriting.h"
 #include "Formats.h"
 #include "LastingPicture.h"
+#include "QtRegularFile.h"
+#include <CorvexMaterial/Schema.h>
 
 #include <QFileInfo>
 
 #include <algorithm>
+#include <set>
 
 namespace studio {
 namespace {
@@ -15,7 +20,7 @@ namespace {
 void RequireAsRead(const MaterialSource& source)
 {
     for (const FileMark& file : source.files) {
-        if (!file.StillHolds()) {
+        if (CorvexMaterial::FileIdentity(file.path) != file.identity) {
             RefuseChanged(file.path);
         }
     }
@@ -32,22 +37,53 @@ void RequireWritable(const std::vector<PatchedFile>& files)
     }
 }
 
+bool HoldTheSame(const std::string& one, const std::string& other)
+{
+    QFile first(QString::fromStdString(one));
+    QFile second(QString::fromStdString(other));
+    return first.size() == second.size() &&
+           CorvexMaterial::OpenRegular(first, CorvexMaterial::kMostPictureFileBytes).empty() &&
+           CorvexMaterial::OpenRegular(second, CorvexMaterial::kMostPictureFileBytes).empty() &&
+           first.readAll() == second.readAll();
+}
+
+/// An image that is a copy of the one that was read, in a document for one, goes by that one's
+/// name.
+CorvexDB::udtMaterial WithImagesAsRead(CorvexDB::udtMaterial material,
+                                       const CorvexDB::udtMaterial& asRead)
+{
+    for (const CorvexMaterial::Attribute layer : CorvexMaterial::kTextureFiles) {
+        const auto& path = CorvexMaterial::RowOf(layer).path;
+        const auto now = std::get<std::string>(path.get(material));
+        const auto was = std::get<std::string>(path.get(asRead));
+        if (now != was && !now.empty() && !was.empty() && HoldTheSame(now, was)) {
+            path.set(material, was);
+        }
+    }
+    return material;
+}
+
 /// The shapes that wore one material, by what they wear now. The first is what that material is
 /// from now on: what it was where any still wears it, else what most wear.
 class FormerWearers {
 public:
-    void Add(std::size_t shape, const AppliedMaterial& applied, const std::string& nameAsRead)
+    void Add(std::size_t shape, const AppliedMaterial& applied, const NamedMaterial& asRead)
     {
-        const std::string& name = applied.identity ? applied.identity->name : nameAsRead;
-        const auto known = std::ranges::find_if(m_groups, [&](const Group& group) {
-            return group.name == name && (group.gathered == applied.gathered ||
-                                          group.gathered->material == applied.gathered->material);
+        const std::string& name = applied.identity ? applied.identity->name : asRead.name;
+        auto known = std::ranges::find_if(m_groups, [&](const Group& group) {
+            return group.now.name == name && group.gathered == applied.gathered;
         });
         if (known == m_groups.end()) {
-            m_groups.push_back({name, applied.gathered, {shape}});
-        } else {
-            known->shapes.push_back(shape);
+            const NamedMaterial now{name,
+                                    WithImagesAsRead(applied.gathered->material, asRead.material)};
+            known = std::ranges::find_if(m_groups, [&](const Group& group) {
+                return group.now.name == name && group.now.material == now.material;
+            });
+            if (known == m_groups.end()) {
+                known = m_groups.insert(known, {now, applied.gathered, {}});
+            }
         }
+        known->shapes.push_back(shape);
     }
 
     /// Later groups go into `left`.
@@ -58,10 +94,10 @@ public:
         }
         NamedMaterial& settled = now.materials[number];
         const auto first = std::ranges::max_element(m_groups, {}, [&](const Group& group) {
-            return std::pair(group.gathered->material == settled.material, group.shapes.size());
+            return std::pair(group.now.material == settled.material, group.shapes.size());
         });
         std::iter_swap(m_groups.begin(), first);
-        settled = {m_groups.front().name, m_groups.front().gathered->material};
+        settled = m_groups.front().now;
         m_groups.erase(m_groups.begin());
         left.push_back(std::move(*this));
     }
@@ -70,11 +106,11 @@ public:
     {
         for (const Group& group : m_groups) {
             const auto known = std::ranges::find_if(now.materials, [&](const auto& named) {
-                return named.name == group.name && named.material == group.gathered->material;
+                return named.name == group.now.name && named.material == group.now.material;
             });
             const auto number = static_cast<std::size_t>(known - now.materials.begin());
             if (known == now.materials.end()) {
-                now.materials.push_back({group.name, group.gathered->material});
+                now.materials.push_back(group.now);
             }
             for (const std::size_t shape : group.shapes) {
                 now.ofShape[shape] = number;
@@ -84,33 +120,67 @@ public:
 
 private:
     struct Group {
-        std::string name;
+        NamedMaterial now;
         std::shared_ptr<const CorvexSG::GatheredMaterial> gathered;
         std::vector<std::size_t> shapes;
     };
     std::vector<Group> m_groups;
 };
 
-/// In the order in which the source is read again.
-DressedShapes InSourceOrder(const DressedShapes& now, const SourcePatch& patch)
-{
-    std::vector<std::size_t> order(now.materials.size());
-    std::ranges::generate(order, [next = std::size_t{0}]() mutable { return next++; });
-    const auto place = [&patch](std::size_t i) {
-        return patch.numbers[i].value_or(patch.numbers.size());
-    };
-    std::ranges::stable_sort(order, {}, place);
-    DressedShapes result;
-    std::vector<std::size_t> numbers(order.size());
-    for (const std::size_t i : order) {
-        numbers[i] = result.materials.size();
-        result.materials.push_back(now.materials[i]);
+/// A source whose vertices have colours, and what it is to say: a colour that nobody changed stays
+/// as the file has it, another is what becomes the shown one with the vertices that wear it.
+class UntintedSource {
+public:
+    UntintedSource(const MaterialSource& source, const DressedShapes& now)
+        : m_source(source), m_now(now)
+    {
+        const std::size_t own = source.said.size();
+        std::vector<VertexColours> wearers(now.materials.size());
+        std::vector<std::size_t> former(now.materials.size());
+        for (std::size_t shape = 0; shape < now.ofShape.size(); ++shape) {
+            wearers[now.ofShape[shape]].Add(source.shapes[shape].colours);
+            former[now.ofShape[shape]] = source.asRead.ofShape[shape];
+        }
+        for (std::size_t i = 0; i < own; ++i) {
+            m_source.asRead.materials[i].material.Color = source.said[i].colour;
+            former[i] = i;
+        }
+        for (std::size_t i = 0; own > 0 && i < now.materials.size(); ++i) {
+            const CorvexMaterial::Rgb vertices = wearers[i].Average();
+            const CorvexMaterial::Colour shown = now.materials[i].material.Color;
+            SaidColour said = source.said[former[i]];
+            if (shown != source.asRead.materials[former[i]].material.Color) {
+                said.colour = said.For(shown, vertices);
+            }
+            m_now.materials[i].material.Color = said.colour;
+            if (wearers[i].Any() && said.With(vertices) != shown) {
+                m_missed.insert(now.materials[i].name);
+            }
+        }
     }
-    for (const std::size_t material : now.ofShape) {
-        result.ofShape.push_back(numbers[material]);
+
+    [[nodiscard]] SourcePatch Patch(const QByteArray& bytes, PatchFor purpose) const
+    {
+        SourcePatch patch = FormatOf(m_source.path)->patch(m_source, m_now, bytes, purpose);
+        const std::string color = CorvexMaterial::RowOf(Attribute::Color).label;
+        Report report;
+        for (const ReportRow& row : patch.report.Rows()) {
+            if (row.property != color || !m_missed.contains(row.material)) {
+                report.Add(row);
+            }
+        }
+        for (const std::string& material : m_missed) {
+            MaterialNotes(report, material).Approximated(color, kVerticesTint);
+        }
+        patch.report = std::move(report);
+        return patch;
     }
-    return result;
-}
+
+private:
+    MaterialSource m_source;
+    DressedShapes m_now;
+    std::set<std::string> m_missed;  ///< materials whose colour cannot be said
+};
 
 DressedShapes WithLastingPictures(DressedShapes now, const std::string& folder)
 {
@@ -123,22 +193,34 @@ DressedShapes WithLastingPictures(DressedShapes now, const std::string& folder)
 
 }  // namespace
 
-std::optional<MaterialSource> SourceOf(const std::string& path, const ImportedModel& model)
+bool TakesMaterialsBack(const std::string& path)
 {
     const Format* format = FormatOf(path);
-    if (format == nullptr || format->patch == nullptr) {
-        return std::nullopt;
-    }
-    MaterialSource source{path, {MarkOf(path)}, {model.materials, {}}};
-    for (const std::string& library : model.libraries) {
-        source.files.push_back(MarkOf(library));
+    return format != nullptr && format->patch != nullptr;
+}
+
+MaterialSource SourceOf(const std::string& path, const ImportedModel& model)
+{
+    MaterialSource source{
+        path, {{path, CorvexMaterial::FileIdentity(path)}}, {model.materials, {}}};
+    for (const std::string& file : model.files) {
+        if (std::string identity = CorvexMaterial::FileIdentity(file); !identity.empty()) {
+            source.files.push_back({file, std::move(identity)});
+        }
     }
     for (const ImportedShape& shape : model.shapes) {
         const ImportedMesh& mesh = model.meshes[shape.mesh];
         source.asRead.ofShape.push_back(mesh.material);
-        source.places.push_back({shape.sourceNode, mesh.sourcePrimitive});
+        source.shapes.push_back({shape.name, mesh.colours, shape.sourceNode, mesh.sourcePrimitive});
     }
+    source.said = model.said;
     return source;
+}
+
+bool AreOf(const MaterialSource& source, const StudioScene::Shapes& shapes)
+{
+    return std::ranges::equal(source.shapes, shapes, {}, &SourceShape::name,
+                              [](const auto& shape) { return shape->Name(); });
 }
 
 DressedShapes DressedNow(const MaterialSource& source, const StudioScene::Shapes& shapes)
@@ -147,8 +229,7 @@ DressedShapes DressedNow(const MaterialSource& source, const StudioScene::Shapes
     std::vector<FormerWearers> wearers(now.materials.size());
     for (std::size_t shape = 0; shape < now.ofShape.size(); ++shape) {
         const std::size_t number = now.ofShape[shape];
-        wearers[number].Add(shape, shapes.at(shape)->Applied(),
-                            source.asRead.materials[number].name);
+        wearers[number].Add(shape, shapes.at(shape)->Applied(), source.asRead.materials[number]);
     }
     std::vector<FormerWearers> left;
     for (std::size_t number = 0; number < wearers.size(); ++number) {
@@ -167,30 +248,26 @@ SourcePatch PatchOf(const MaterialSource& source, const DressedShapes& now, Patc
     if (!file.Obstacle().empty()) {
         RefuseDocument(source.path, file.Obstacle());
     }
-    SourcePatch patch = FormatOf(source.path)->patch(source, now, file.Bytes(), purpose);
+    SourcePatch patch = UntintedSource(source, now).Patch(file.Bytes(), purpose);
     RequireWritable(patch.files);
     return patch;
 }
 
-MaterialSource SaveBack(const MaterialSource& source, const DressedShapes& now)
+std::vector<std::string> SaveBack(const MaterialSource& source, const DressedShapes& now)
 {
     const SourcePatch patch =
         PatchOf(source, WithLastingPictures(now, FolderOfDocument(source.path)), PatchFor::Writing);
     RequireAsRead(source);
+    std::set<std::string> others;
+    for (const FileMark& file : source.files) {
+        others.insert(file.path);
+    }
     for (const PatchedFile& file : patch.files) {
         CorvexMaterial::WriteFile(file.path, file.bytes);
+        others.insert(file.path);
     }
-    MaterialSource saved = source;
-    for (FileMark& file : saved.files) {
-        file = MarkOf(file.path);
-    }
-    for (const PatchedFile& file : patch.files) {
-        if (std::ranges::find(saved.files, file.path, &FileMark::path) == saved.files.end()) {
-            saved.files.push_back(MarkOf(file.path));
-        }
-    }
-    saved.asRead = InSourceOrder(now, patch);
-    return saved;
+    others.erase(source.path);
+    return {others.begin(), others.end()};
 }
 
 }  // namespace studio

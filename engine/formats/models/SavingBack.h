@@ -5,12 +5,17 @@
 
 namespace studio {
 
-/// What was read from the file just now. Nothing for a format that nothing is saved back into.
-[[nodiscard]] std::optional<MaterialSource> SourceOf(const std::string& path,
-                                                     const ImportedModel& model);
+/// Whether materials can be saved back into files of its format.
+[[nodiscard]] bool TakesMaterialsBack(const std::string& path);
+
+/// What was read from the file just now, whose format takes materials back.
+[[nodiscard]] MaterialSource SourceOf(const std::string& path, const ImportedModel& model);
+
+/// Whether the shapes are those of the source, in their order.
+[[nodiscard]] bool AreOf(const MaterialSource& source, const StudioScene::Shapes& shapes);
 
 /// The materials of the source as its shapes, in their order, wear them now; where shapes of one
-/// material differ, further materials follow.
+/// material differ, further materials follow. Images of the same content keep the source's name.
 [[nodiscard]] DressedShapes DressedNow(const MaterialSource& source,
                                        const StudioScene::Shapes& shapes);
 
@@ -19,8 +24,8 @@ namespace studio {
 [[nodiscard]] SourcePatch PatchOf(const MaterialSource& source, const DressedShapes& now,
                                   PatchFor purpose = PatchFor::Showing);
 
-/// Writes it, each file whole or not at all, and returns the source as it is then. Errors: as
-/// above; files that were written before stay.
-[[nodiscard]] MaterialSource SaveBack(const MaterialSource& source, const DressedShapes& now);
+/// Writes it, each file whole or not at all, and returns the files beside the source that it is
+/// read with from now on. Errors: as above; files that were written before stay.
+std::vector<std::string> SaveBack(const MaterialSource& source, const DressedShapes& now);
 
 }  // namespace studio

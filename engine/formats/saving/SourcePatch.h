@@ -19,24 +19,23 @@ struct DressedShapes {
 struct FileMark {
     std::string path;
     std::string identity;
-    QByteArray hash;  ///< of files that are read fast
-
-    [[nodiscard]] bool StillHolds() const;
 };
-[[nodiscard]] FileMark MarkOf(const std::string& path);
 
-/// Where a shape is in a glTF document; -1 elsewhere.
-struct ShapePlace {
-    std::int32_t node = -1;
-    std::int32_t primitive = -1;
+/// A shape of a model file.
+struct SourceShape {
+    std::string name;
+    VertexColours colours;
+    std::int32_t node = -1;       ///< in a glTF document; -1 elsewhere
+    std::int32_t primitive = -1;  ///< the same
 };
 
 /// A model file that materials can be saved back into, as it was read.
 struct MaterialSource {
     std::string path;
-    std::vector<FileMark> files;          ///< the model's, then those of its libraries
-    DressedShapes asRead;                 ///< in the order of the files, then one for plain shapes
-    std::vector<ShapePlace> places = {};  ///< of the shapes
+    std::vector<FileMark> files;  ///< the model's, then those that were read with it
+    DressedShapes asRead;         ///< in the order of the files, then one for plain shapes
+    std::vector<SourceShape> shapes = {};
+    std::vector<SaidColour> said = {};  ///< of the materials, where vertices have colours
 };
 
 [[noreturn]] void RefuseChanged(const std::string& path);
@@ -53,8 +52,6 @@ struct PatchedFile {
 struct SourcePatch {
     std::vector<PatchedFile> files;  ///< only those that change
     Report report;                   ///< what becomes of each change
-    /// Of the materials: their numbers in the source from now on; nothing for plain shapes'.
-    std::vector<std::optional<std::size_t>> numbers;
 };
 
 }  // namespace studio

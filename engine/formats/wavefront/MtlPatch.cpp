@@ -4,7 +4,6 @@
 #include "MtlMaterials.h"
 #include "MtlTerms.h"
 #include "PlainNumbers.h"
-#include "VertexColours.h"
 
 #include <algorithm>
 
@@ -76,20 +75,13 @@ udtMaterial MtlPatch::Read() const
 void MtlPatch::Apply(const NamedMaterial& was, const NamedMaterial& now, Report& report)
 {
     ExportNotes notes(now, MtlTable(), Wearers::Samples);
-    NamedMaterial want = now;
     const udtMaterial before = Read();
-    const Untinted untinted(now.material.Color, was.material.Color, before.Color,
-                            VertexColours::Meaning::Displayed);
-    want.material.Color = untinted.colour;
-    m_written = MtlLinesOf(want, m_folder, m_alpha, notes);
-    WriteImages(was, want);
+    m_written = MtlLinesOf(now, m_folder, m_alpha, notes);
+    WriteImages(was, now);
     // Twice, since ambient and emissive are shares of the colour.
-    WriteAmounts(want.material);
-    WriteAmounts(want.material);
-    notes.SayMisread({was.material, before, want.material, Read()});
-    if (untinted.isCut) {
-        notes.Say(Attribute::Color, Outcome::Approximated, kVerticesDarken);
-    }
+    WriteAmounts(now.material);
+    WriteAmounts(now.material);
+    notes.SayMisread({was.material, before, now.material, Read()});
     notes.AddChangesTo(report, was.material);
 }
 

@@ -221,7 +221,7 @@ private:
         const auto [known, isNew] = m_partsOfGroup.try_emplace(m_material, m_file.parts.size());
         if (isNew) {
             const bool first = m_partsOfGroup.size() == 1;
-            m_file.parts.push_back({first ? m_group : m_material, m_material, {}, {}});
+            m_file.parts.push_back({first ? m_group : m_material, m_material, {}});
             m_cornersOfParts.emplace_back();
         }
         m_number = static_cast<std::uint32_t>(known->second);
@@ -264,8 +264,8 @@ private:
         }
         part.mesh.vertices.push_back(vertex);
         if (!m_colours.empty()) {
-            part.colours.push_back(corner.position < m_colours.size() ? m_colours[corner.position]
-                                                                      : kWhiteRgb);
+            part.mesh.colours.push_back(
+                corner.position < m_colours.size() ? m_colours[corner.position] : kWhiteRgb);
         }
     }
 

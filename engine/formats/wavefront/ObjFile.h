@@ -12,7 +12,6 @@ struct ObjPart {
     std::string name;      ///< of the group or object; of the material when the group has several
     std::string material;  ///< as written, empty for none
     RawMesh mesh;
-    std::vector<Rgb> colours;  ///< of the vertices, or empty
 };
 
 /// Faces of one part that follow each other.

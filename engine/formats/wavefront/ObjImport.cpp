@@ -5,7 +5,6 @@
 #include "ObjFile.h"
 #include "ShapeNames.h"
 #include "TextureReference.h"
-#include "VertexColours.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -41,9 +40,10 @@ std::vector<std::string> LibraryFiles(const std::string& statement, const std::s
 
 void AddLibrary(const std::string& file, ImportedModel& model)
 {
-    if (std::ranges::find(model.libraries, file) != model.libraries.end()) {
+    if (std::ranges::find(model.files, file) != model.files.end()) {
         return;
     }
+    model.files.push_back(file);
     const ModelFile opened(file);
     if (!opened.Obstacle().empty()) {
         MaterialNotes(model.report, file)
@@ -51,7 +51,6 @@ void AddLibrary(const std::string& file, ImportedModel& model)
                  opened.Obstacle());
         return;
     }
-    model.libraries.push_back(file);
     auto materials = MaterialsOfMtl(opened.Bytes(), file, model.report);
     std::ranges::move(materials, std::back_inserter(model.materials));
 }
@@ -59,8 +58,9 @@ void AddLibrary(const std::string& file, ImportedModel& model)
 /// Of a part that names no material, or one that is in no library.
 std::size_t PlainMaterial(ImportedModel& model)
 {
+    constexpr CorvexMaterial::ColourBytes kPlainGrey{153, 153, 153};
     NamedMaterial plain{"Default", {}};
-    plain.material.Color = PlainGrey();
+    plain.material.Color = CorvexMaterial::MakeColour(kPlainGrey);
     plain.material.Emissive = 0;
     model.materials.push_back(std::move(plain));
     return model.materials.size() - 1;
@@ -95,12 +95,6 @@ private:
 
 }  // namespace
 
-CorvexMaterial::Colour PlainGrey()
-{
-    constexpr CorvexMaterial::ColourBytes kPlainGrey{153, 153, 153};
-    return CorvexMaterial::MakeColour(kPlainGrey);
-}
-
 ImportedModel ReadObj(const std::string& path)
 {
     const ModelFile opened(path);
@@ -115,18 +109,13 @@ ImportedModel ReadObj(const std::string& path)
         }
     }
     PartMaterials materials(model);
-    VertexColours colours;
     for (ObjPart& part : file.parts) {
         part.mesh.material = materials.IndexOf(part);
-        colours.Add(part.mesh.material, part.colours);
-        colours.AddPlain(part.mesh.material, part.colours.empty() ? part.mesh.vertices.size() : 0);
         const std::string numbered = "Shape " + std::to_string(model.shapes.size() + 1);
         model.shapes.push_back({ReadableName(part.name, numbered), model.meshes.size(), {}});
         model.meshes.push_back(Finished(std::exchange(part.mesh, {})));
     }
-    for (std::size_t index = 0; index < model.materials.size(); ++index) {
-        colours.Tint(model, index, VertexColours::Meaning::Displayed);
-    }
+    TintByVertices(model, std::vector(model.materials.size(), VertexColours::Meaning::Displayed));
     return model;
 }
 

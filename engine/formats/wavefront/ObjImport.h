@@ -8,9 +8,6 @@ namespace studio {
 /// naming file and cause.
 [[nodiscard]] ImportedModel ReadObj(const std::string& path);
 
-/// Of what names no material.
-[[nodiscard]] CorvexMaterial::Colour PlainGrey();
-
 /// The materials of a Wavefront MTL file. Errors: as above.
 [[nodiscard]] ImportedModel ReadMtl(const std::string& path);
 

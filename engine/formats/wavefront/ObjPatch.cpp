@@ -4,10 +4,8 @@
 #include "MtlMaterials.h"
 #include "MtlPatch.h"
 #include "ObjFile.h"
-#include "ObjImport.h"
 #include "ShapeNames.h"
 #include "UniqueNames.h"
-#include "VertexColours.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -119,7 +117,7 @@ public:
                 m_written.push_back(material.name);
             }
         }
-        m_patch.numbers.resize(now.materials.size());
+        m_numbers.resize(now.materials.size());
         const QFileInfo model(QString::fromStdString(source.path));
         m_newLibrary = model.completeBaseName() + QStringLiteral(".mtl");
         if (m_libraries.empty() && !model.dir().exists(m_newLibrary)) {
@@ -159,7 +157,7 @@ private:
 
     void PatchMaterial(MtlLibrary& library, std::size_t index, std::size_t number)
     {
-        m_patch.numbers[number] = number;
+        m_numbers[number] = number;
         const NamedMaterial& was = m_source.asRead.materials[number];
         const NamedMaterial& now = m_now.materials[number];
         if (now.name != was.name) {
@@ -186,24 +184,12 @@ private:
                                            "name that one would have"));
             return;
         }
-        NamedMaterial want = named;
-        bool isCut = false;
-        if (i < m_source.asRead.materials.size()) {
-            const CorvexMaterial::Colour was = m_source.asRead.materials[i].material.Color;
-            const Untinted untinted(named.material.Color, was, PlainGrey(),
-                                    VertexColours::Meaning::Displayed);
-            want.material.Color = untinted.colour;
-            isCut = untinted.isCut;
-        }
-        ExportNotes notes(want, MtlTable(), Wearers::Samples);
-        const std::vector<MtlLine> lines = MtlLinesOf(want, m_folder, m_alpha, notes);
-        if (isCut) {
-            notes.Say(Attribute::Color, Outcome::Approximated, kVerticesDarken);
-        }
+        ExportNotes notes(named, MtlTable(), Wearers::Samples);
+        const std::vector<MtlLine> lines = MtlLinesOf(named, m_folder, m_alpha, notes);
         notes.AddChangesTo(m_patch.report, {});
         const std::string name = m_names.Take(ReadableName(named.name, "Material"));
         m_libraries.back().Append(name, lines);
-        m_patch.numbers[i] = m_written.size();
+        m_numbers[i] = m_written.size();
         m_added[i] = name;
         m_written.push_back(name);
     }
@@ -212,7 +198,7 @@ private:
     [[nodiscard]] std::optional<std::string> NewNameOf(std::size_t part) const
     {
         const std::size_t material = m_now.ofShape[part];
-        const auto number = m_patch.numbers[material];
+        const auto number = m_numbers[material];
         const bool stays = material == m_source.asRead.ofShape[part] && !m_added.contains(material);
         return stays || !number ? std::nullopt : std::optional(m_written[*number]);
     }
@@ -285,6 +271,8 @@ private:
     AlphaChannels m_alpha;
     std::vector<std::string> m_written;  ///< names in the libraries, by number
     std::map<std::size_t, std::string> m_added;
+    /// Of the materials in the source from now on; nothing for plain shapes'.
+    std::vector<std::optional<std::size_t>> m_numbers;
     SourcePatch m_patch;
 };
 

@@ -138,6 +138,14 @@ void OpenDocument::SetSource(const SourceModel& source)
     Q_EMIT SourceChanged();
 }
 
+void OpenDocument::SourceWritten(const SourceModel& source)
+{
+    SetSource(source);
+    // Its file tells of the model as it was.
+    m_differs = m_differs || !m_path.isEmpty();
+    Q_EMIT MarkChanged();
+}
+
 void OpenDocument::Exchange(const ShownShapes& shown)
 {
     m_parts.scene.Show(shown.shapes);

@@ -65,6 +65,8 @@ public:
     void ShowUntitled(const QString& name, StudioScene::Shapes shapes, const SourceModel& source);
     /// Takes another scene, of a recovery, into the document, which is modified then.
     void TakeOver(const SceneContent& content);
+    /// The model's files were written by this program, and the scene is as they are.
+    void SourceWritten(const SourceModel& source);
     /// A step of the history puts other shapes in the place of those shown, or takes them back.
     void Exchange(const ShownShapes& shown);
 

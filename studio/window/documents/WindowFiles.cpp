@@ -43,8 +43,10 @@ WindowFiles::WindowFiles(const Parts& parts, const ImportProgram& importer)
       m_recovery(std::make_unique<WorkRecovery>(WorkRecovery::Parts{
           parts.host, parts.messages, parts.scene, parts.history, *m_document, parts.window})),
       m_opening(std::make_unique<FileOpening>(parts.host.Settings(), parts.window)),
-      m_saving(std::make_unique<SourceSaving>(
-          SourceSaving::Parts{parts.messages, parts.scene, parts.exchange, parts.window})),
+      m_saving(std::make_unique<SourceSaving>(SourceSaving::Parts{parts.host, parts.messages,
+                                                                  parts.scene, *m_document,
+                                                                  parts.exchange, parts.window},
+                                              importer)),
       m_keeping(std::make_unique<TextureKeeping>(TextureKeeping::Parts{
           *m_document, *m_menu, *m_work, parts.messages, parts.scene, parts.panel.Link()}))
 {
@@ -94,9 +96,8 @@ void WindowFiles::ConnectOpening()
 
 void WindowFiles::ConnectOutcomes()
 {
-    connect(m_models.get(), &ModelFiles::Opened, m_saving.get(), &SourceSaving::Remember);
-    connect(m_reloading.get(), &SourceReloading::ModelShown, m_saving.get(),
-            &SourceSaving::Remember);
+    connect(m_saving.get(), &SourceSaving::ReloadWanted, m_reloading.get(),
+            &SourceReloading::Reload);
     connect(m_document.get(), &OpenDocument::NotBackedUp, &m_parts.messages, &WindowMessages::Tell);
     const auto opened = [this](const QString& file) {
         m_opening->Remember(file);

@@ -50,7 +50,7 @@ void ModelFiles::Show(const QString& file, const ImportedModel& model)
         return;
     }
     m_parts.document.ShowUntitled(QFileInfo(file).fileName(), ShapesOf(model),
-                                  SourceModelAt(file.toStdString()));
+                                  SourceModelAt(file.toStdString(), model.files));
     m_parts.messages.Log(QStringLiteral("Opened ") + file);
     Q_EMIT Opened(file, model);
 }

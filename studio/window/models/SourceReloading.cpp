@@ -17,14 +17,16 @@
 #include <QMenu>
 #include <QUndoStack>
 
+#include <algorithm>
+
 namespace studio {
 namespace {
 
 constexpr std::chrono::milliseconds kUntilWritten{500};
 
-QString FileNameOf(const SourceModel& source)
+QString FileNameOf(const std::string& path)
 {
-    return QFileInfo(QString::fromStdString(source.path)).fileName();
+    return QFileInfo(QString::fromStdString(path)).fileName();
 }
 
 /// Other shapes with what was read, and those of the scene, listed behind what became of the
@@ -54,7 +56,7 @@ Report ReportOf(const ReloadedScene& reloaded, const ImportedModel& model)
 class SourceReloading::Step : public QUndoCommand {
 public:
     Step(OpenDocument& document, ShownShapes before, ShownShapes after)
-        : QUndoCommand(tr("Reload %1").arg(FileNameOf(after.source))), m_document(document),
+        : QUndoCommand(tr("Reload %1").arg(FileNameOf(after.source.path))), m_document(document),
           m_before(std::move(before)), m_after(std::move(after))
     {
     }
@@ -80,7 +82,7 @@ SourceReloading::SourceReloading(const Parts& parts, ImportProgram importer)
     });
     m_look.setSingleShot(true);
     m_look.setInterval(kUntilWritten);
-    connect(&m_look, &QTimer::timeout, this, &SourceReloading::LookAtFile);
+    connect(&m_look, &QTimer::timeout, this, &SourceReloading::LookAtFiles);
     const auto look = [this] { m_look.start(); };
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, look);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, look);
@@ -89,18 +91,22 @@ SourceReloading::SourceReloading(const Parts& parts, ImportProgram importer)
 
 void SourceReloading::AddTo(QMenu& menu)
 {
-    m_reload = menu.addAction(tr("Reloa&d Model"), QKeySequence(Qt::Key_F5), this, [this] {
-        const SourceModel& source = m_parts.document.Source();
-        if (StateOf(source) == SourceState::Missing) {
-            Choose(tr("Find %1").arg(FileNameOf(source)));
-        } else {
-            Read(QString::fromStdString(source.path));
-        }
-    });
+    m_reload = menu.addAction(tr("Reloa&d Model"), QKeySequence(Qt::Key_F5), this,
+                              &SourceReloading::Reload);
     m_reload->setStatusTip(tr("Reads the model again; materials stay"));
     menu.addAction(tr("Replace &Model..."), this, [this] { Choose(tr("Replace Model")); })
         ->setStatusTip(tr("Takes another model; shapes of the same name keep their materials"));
     Watch();
+}
+
+void SourceReloading::Reload()
+{
+    const SourceModel& source = m_parts.document.Source();
+    if (StateOf(source) == SourceState::Missing) {
+        Choose(tr("Find %1").arg(FileNameOf(source.path)));
+    } else {
+        Read(QString::fromStdString(source.path));
+    }
 }
 
 void SourceReloading::Choose(const QString& title)
@@ -130,7 +136,7 @@ void SourceReloading::ShowModel(const QString& file, const ImportedModel& model)
             read.push_back(shape->State());
         }
         reloaded = Reloaded(m_parts.document.Content(), std::move(read),
-                            SourceModelAt(file.toStdString()));
+                            SourceModelAt(file.toStdString(), model.files));
         before = {m_parts.scene.Scene().All(), m_parts.scene.Selected().All(),
                   m_parts.document.Source()};
         for (const ShapeState& state : reloaded.content.shapes) {
@@ -146,7 +152,6 @@ void SourceReloading::ShowModel(const QString& file, const ImportedModel& model)
     }
     m_parts.history.push(new Step(m_parts.document, std::move(before), std::move(after)));
     TellOf(reloaded, model);
-    Q_EMIT ModelShown(file, model);
 }
 
 bool SourceReloading::MayLose(const std::vector<std::string>& removed)
@@ -174,7 +179,7 @@ void SourceReloading::TellOf(const ReloadedScene& reloaded, const ImportedModel&
                             .arg(reloaded.renamed.size())
                             .arg(reloaded.added.size())
                             .arg(reloaded.removed.size()));
-    m_parts.messages.Log(tr("Reloaded %1").arg(FileNameOf(reloaded.content.source)));
+    m_parts.messages.Log(tr("Reloaded %1").arg(FileNameOf(reloaded.content.source.path)));
 }
 
 void SourceReloading::Watch()
@@ -188,27 +193,30 @@ void SourceReloading::Watch()
         m_watcher.removePaths(watched);
     }
     if (!file.isEmpty()) {
-        LookAtFile();
+        LookAtFiles();
     }
 }
 
 /// A file that takes another's place is watched anew; as long as there is none, its folder is.
-void SourceReloading::LookAtFile()
+void SourceReloading::LookAtFiles()
 {
     const SourceModel& source = m_parts.document.Source();
-    const QString file = QString::fromStdString(source.path);
-    const SourceState state = StateOf(source);
-    if (state == SourceState::None) {
+    if (source.path.empty()) {
         return;
     }
-    m_watcher.addPath(state == SourceState::Missing ? QFileInfo(file).path() : file);
-    const SourceModel now = SourceModelAt(source.path);
-    if (state != SourceState::Unchanged && now != m_told) {
+    const SourceModel now = SourceNow(source);
+    const auto watch = [this](const FileStamp& file) {
+        const QString path = QString::fromStdString(file.path);
+        m_watcher.addPath(file.modified == 0 ? QFileInfo(path).path() : path);
+    };
+    watch(now);
+    std::ranges::for_each(now.others, watch);
+    if (now != source && now != m_told) {
         const QString text =
-            state == SourceState::Changed
-                ? tr("%1 has changed on the disk. File > Reload Model reads it again.")
+            now.modified != 0
+                ? tr("%1 has changed on the disk. File > Reload Model reads the model again.")
                 : tr("The model %1 is not there any more. File > Reload Model looks for it.");
-        m_parts.messages.ShowAndLog(text.arg(FileNameOf(source)));
+        m_parts.messages.ShowAndLog(text.arg(FileNameOf(ChangedFileOf(source))));
     }
     m_told = now;
 }

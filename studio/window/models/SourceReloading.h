@@ -22,7 +22,8 @@ class StudioHost;
 class WindowMessages;
 
 /// Reads the model again that the scene was made of, or another in its place, and keeps what its
-/// shapes were given: one step of the undo history. Says so when the model's file changes.
+/// shapes were given: one step of the undo history. Says so when a file of the model
+/// changes.
 class SourceReloading : public QObject {
     Q_OBJECT
 
@@ -41,21 +42,18 @@ public:
     SourceReloading(const Parts& parts, ImportProgram importer);
 
     void AddTo(QMenu& menu);
-    void Read(const QString& file);
-
-Q_SIGNALS:
-    /// The scene has the model's shapes.
-    void ModelShown(const QString& file, const studio::ImportedModel& model);
+    void Reload();
 
 private:
     class Step;
 
+    void Read(const QString& file);
     void Choose(const QString& title);
     void ShowModel(const QString& file, const ImportedModel& model);
     [[nodiscard]] bool MayLose(const std::vector<std::string>& removed);
     void TellOf(const ReloadedScene& reloaded, const ImportedModel& model);
     void Watch();
-    void LookAtFile();
+    void LookAtFiles();
 
     Parts m_parts;
     ModelOpener* m_opener;

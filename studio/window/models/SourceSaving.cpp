@@ -2,8 +2,12 @@
 
 #include "Interchange.h"
 #include "MaterialExchange.h"
+#include "ModelOpener.h"
+#include "OpenDocument.h"
 #include "ScenePane.h"
 #include "ShownText.h"
+#include "StudioApplicationState.h"
+#include "StudioHost.h"
 #include "WaitCursor.h"
 #include "WindowMessages.h"
 
@@ -11,8 +15,6 @@
 #include <QFileInfo>
 #include <QMainWindow>
 #include <QMenu>
-
-#include <algorithm>
 
 namespace studio {
 namespace {
@@ -43,40 +45,65 @@ QStringList LossesOf(const Report& report)
 
 }  // namespace
 
-SourceSaving::SourceSaving(const Parts& parts) : QObject(&parts.window), m_parts(parts) {}
+SourceSaving::SourceSaving(const Parts& parts, ImportProgram importer)
+    : QObject(&parts.window), m_parts(parts),
+      m_opener(
+          new ModelOpener(parts.window, std::move(importer), parts.host.State().LibraryFolder()))
+{
+    m_opener->setParent(this);
+    connect(m_opener, &ModelOpener::Opened, this, &SourceSaving::Save);
+    connect(m_opener, &ModelOpener::Refused, this,
+            [this](const QString&, const QString& message) { m_parts.messages.Tell(message); });
+    connect(&m_parts.document, &OpenDocument::SourceChanged, this, &SourceSaving::ShowName);
+}
 
 void SourceSaving::AddTo(QMenu& menu)
 {
-    m_action = menu.addAction({}, this, &SourceSaving::Save);
+    m_action = menu.addAction({}, this, &SourceSaving::Begin);
     m_action->setObjectName(QStringLiteral("saveBack"));
     m_action->setStatusTip(tr("Writes the changed materials into the model itself"));
-    connect(&menu, &QMenu::aboutToShow, this, &SourceSaving::ShowName);
     ShowName();
-}
-
-void SourceSaving::Remember(const QString& file, const ImportedModel& model)
-{
-    const std::string path = QFileInfo(file).absoluteFilePath().toStdString();
-    m_source.reset();
-    m_parts.messages.Telling([&] { m_source = SourceOf(path, model); });
-    const StudioScene::Shapes& shapes = m_parts.scene.Scene().All();
-    m_shapes.assign(shapes.begin(), shapes.end());
-    ShowName();
-}
-
-bool SourceSaving::IsShown() const
-{
-    return m_source && std::ranges::equal(m_shapes, m_parts.scene.Scene().All(), {},
-                                          [](const auto& shape) { return shape.lock(); });
 }
 
 void SourceSaving::ShowName()
 {
-    const bool isShown = IsShown();
-    m_action->setText(isShown
-                          ? tr("Save &Back into \"%1\"...").arg(MenuCaption(NameOf(m_source->path)))
-                          : tr("Save &Back"));
-    m_action->setEnabled(isShown);
+    if (m_action == nullptr) {
+        return;
+    }
+    const std::string& model = m_parts.document.Source().path;
+    const bool isTaken = TakesMaterialsBack(model);
+    m_action->setText(isTaken ? tr("Save &Back into \"%1\"...").arg(MenuCaption(NameOf(model)))
+                              : tr("Save &Back"));
+    m_action->setEnabled(isTaken);
+}
+
+void SourceSaving::Begin()
+{
+    const SourceModel& source = m_parts.document.Source();
+    switch (StateOf(source)) {
+    case SourceState::None:
+        break;
+    case SourceState::Missing:
+        m_parts.messages.Tell(
+            tr("There is no file %1 any more.").arg(QString::fromStdString(source.path)));
+        break;
+    case SourceState::Changed:
+        OfferReload(tr("%1 has changed on the disk since it was read, and is left as it is.")
+                        .arg(NameOf(ChangedFileOf(source))));
+        break;
+    case SourceState::Unchanged:
+        m_opener->Open(QString::fromStdString(source.path));
+        break;
+    }
+}
+
+void SourceSaving::OfferReload(const QString& reason)
+{
+    if (m_parts.messages.Ask(reason + QStringLiteral("\n\n") +
+                             tr("Reload the model? Its shapes keep their materials, and these can "
+                                "be saved back then."))) {
+        Q_EMIT ReloadWanted();
+    }
 }
 
 QString SourceSaving::QuestionOf(const SourcePatch& patch) const
@@ -94,38 +121,45 @@ QString SourceSaving::QuestionOf(const SourcePatch& patch) const
     return question;
 }
 
-void SourceSaving::Save()
+void SourceSaving::Save(const QString& file, const ImportedModel& model)
 {
-    if (!IsShown()) {
+    const std::string path = file.toStdString();
+    // The window was alive while the model was read.
+    if (path != m_parts.document.Source().path ||
+        StateOf(m_parts.document.Source()) != SourceState::Unchanged) {
         return;
     }
-    m_parts.messages.Telling([this] {
+    m_parts.messages.Telling([&] {
+        const MaterialSource source = SourceOf(path, model);
+        const StudioScene::Shapes& shapes = m_parts.scene.Scene().All();
+        if (!AreOf(source, shapes)) {
+            OfferReload(tr("The scene has other shapes than %1.").arg(NameOf(path)));
+            return;
+        }
         DressedShapes now;
         SourcePatch patch;
         {
             const WaitCursor waiting;
-            now = DressedNow(*m_source, m_parts.scene.Scene().All());
-            patch = PatchOf(*m_source, now);
+            now = DressedNow(source, shapes);
+            patch = PatchOf(source, now);
         }
-        const QString name = NameOf(m_source->path);
         const QString losses =
             m_parts.exchange.Keep(tr("Saved Back"), patch.report, now.materials.size());
         if (patch.files.empty()) {
             m_parts.messages.Show(losses.isEmpty()
-                                      ? tr("%1 has these materials already.").arg(name)
+                                      ? tr("%1 has these materials already.").arg(NameOf(path))
                                       : tr("%1 can hold nothing of what has changed. File > Last "
                                            "Report tells more.")
-                                            .arg(name));
+                                            .arg(NameOf(path)));
             return;
         }
         if (!m_parts.messages.Ask(QuestionOf(patch))) {
             return;
         }
         const WaitCursor waiting;
-        m_source = SaveBack(*m_source, now);
-        m_parts.messages.ShowAndLog(tr("The materials were saved back into %1. %2")
-                                        .arg(QString::fromStdString(m_source->path), losses)
-                                        .trimmed());
+        m_parts.document.SourceWritten(SourceModelAt(path, SaveBack(source, now)));
+        m_parts.messages.ShowAndLog(
+            tr("The materials were saved back into %1. %2").arg(file, losses).trimmed());
     });
 }
 

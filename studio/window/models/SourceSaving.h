@@ -1,11 +1,9 @@
 #pragma once
 
+#include "ModelImport.h"
 #include "SavingBack.h"
 
 #include <QObject>
-
-#include <memory>
-#include <optional>
 
 class QAction;
 class QMainWindow;
@@ -14,39 +12,45 @@ class QMenu;
 namespace studio {
 
 class MaterialExchange;
+class ModelOpener;
+class OpenDocument;
 class ScenePane;
+class StudioHost;
 class WindowMessages;
 
-/// Saves the materials of the scene back into the model's own file, as long as the scene is the one
-/// that was opened from it.
+/// Saves the materials of the scene back into the files of its source model, as long as these are
+/// as they were read. What they held is read from them again, just before.
 class SourceSaving : public QObject {
     Q_OBJECT
 
 public:
     /// What it works with; all of it outlives this object.
     struct Parts {
+        StudioHost& host;
         WindowMessages& messages;
         ScenePane& scene;
+        OpenDocument& document;
         MaterialExchange& exchange;  ///< keeps the report
         QMainWindow& window;
     };
 
-    explicit SourceSaving(const Parts& parts);
+    SourceSaving(const Parts& parts, ImportProgram importer);
 
     void AddTo(QMenu& menu);
-    /// The scene has the shapes of the model and nothing else.
-    void Remember(const QString& file, const studio::ImportedModel& model);
+
+Q_SIGNALS:
+    void ReloadWanted();
 
 private:
-    [[nodiscard]] bool IsShown() const;
     void ShowName();
-    void Save();
+    void Begin();
+    void Save(const QString& file, const ImportedModel& model);
+    void OfferReload(const QString& reason);
     [[nodiscard]] QString QuestionOf(const SourcePatch& patch) const;
 
     Parts m_parts;
+    ModelOpener* m_opener;
     QAction* m_action = nullptr;
-    std::optional<MaterialSource> m_source;
-    std::vector<std::weak_ptr<StudioShape>> m_shapes;
 };
 
 }  // namespace studio
