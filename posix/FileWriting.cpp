@@ -72,6 +72,14 @@ std::string NewName(const std::string& target)
     return (fs::path(target).parent_path() / name).string();
 }
 
+/// Of the file for the moment before it takes the target's name; always the same.
+std::string BesideName(const std::string& target)
+{
+    const fs::path path(target);
+    const auto number = std::hash<std::string>{}(path.filename().string());
+    return (path.parent_path() / (".corvex-" + std::to_string(number))).string();
+}
+
 }  // namespace
 
 FileWriter::FileWriter(std::string path, Lifetime lifetime, Existing existing)
@@ -168,9 +176,12 @@ void FileWriter::Finish()
     if (m_lifetime == Lifetime::Lasting && ::fsync(m_file) != 0) {
         Fail(errno);
     }
-    NameBeside();
+    const bool isNamed = IsNamedAtOnce();
+    if (!isNamed) {
+        NameBeside();
+    }
     Close();
-    if (TakeName() != 0) {
+    if (!isNamed && TakeName() != 0) {
         Fail(errno);
     }
     m_beside.clear();
@@ -179,16 +190,28 @@ void FileWriter::Finish()
     }
 }
 
-void FileWriter::NameBeside()
+int FileWriter::LinkAs(const std::string& name) const
 {
     const std::string open = "/proc/self/fd/" + std::to_string(m_file);
-    const fs::path target(m_target);
-    const auto number = std::hash<std::string>{}(target.filename().string());
-    std::string name = (target.parent_path() / (".corvex-" + std::to_string(number))).string();
-    // Always the same, and for a moment only: one that stays is of a program that was killed then,
-    // or somebody else's, who keeps the name.
+    return ::linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW);
+}
+
+/// Where no file has the name yet.
+bool FileWriter::IsNamedAtOnce() const
+{
+    const bool isNamed = m_beside.empty() && LinkAs(m_target) == 0;
+    if (m_beside.empty() && !isNamed && (errno != EEXIST || m_existing == Existing::Kept)) {
+        Fail(errno);
+    }
+    return isNamed;
+}
+
+void FileWriter::NameBeside()
+{
+    std::string name = BesideName(m_target);
+    // One that stays is of a program that was killed then, or somebody else's, who keeps the name.
     for (int tries = 0; m_beside.empty(); ++tries) {
-        if (::linkat(AT_FDCWD, open.c_str(), AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0) {
+        if (LinkAs(name) == 0) {
             m_beside = name;
         } else if (errno != EEXIST) {
             Fail(errno);
@@ -240,6 +263,11 @@ void FileWriter::SyncFolder() const
 void FileWriter::Fail(int reason) const
 {
     Refuse(m_path, "cannot be written", reason);
+}
+
+void RemoveLeftover(const std::string& path)
+{
+    ::unlink(BesideName(path).c_str());
 }
 
 void WriteFile(const std::string& path, std::span<const char> bytes, Lifetime lifetime,

@@ -33,6 +33,8 @@ public:
 private:
     void OpenStraight();
     void OpenBeside(unsigned mode);
+    [[nodiscard]] int LinkAs(const std::string& name) const;
+    [[nodiscard]] bool IsNamedAtOnce() const;
     void NameBeside();
     [[nodiscard]] int TakeName() const;
     void Close();
@@ -51,6 +53,10 @@ private:
 /// The whole file at once.
 void WriteFile(const std::string& path, std::span<const char> bytes,
                Lifetime lifetime = Lifetime::Lasting, Existing existing = Existing::Replaced);
+
+/// What is left of a program that was killed in the moment when a new file took the place of this
+/// one. For who knows that nobody writes it now.
+void RemoveLeftover(const std::string& path);
 
 /// Why the user that this process acts for may not write to a file or folder; none if he may.
 [[nodiscard]] std::error_code WriteRefusal(const std::string& path);

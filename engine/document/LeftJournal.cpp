@@ -3,6 +3,7 @@
 #include "AppendedFile.h"
 #include "DocumentParts.h"
 #include "EditJournal.h"
+#include "FileWriting.h"
 #include "JournalFile.h"
 #include "RegularFile.h"
 #include "SceneDocument.h"
@@ -149,6 +150,9 @@ void LookAt(const std::string& name, LeftJournals& journals)
     if (!lock.Held()) {
         ++journals.held;
         return;
+    }
+    for (const char* suffix : {kJournalPictureSuffix, kJournalSuffix}) {
+        CorvexMaterial::RemoveLeftover(name + suffix);
     }
     std::error_code ignored;
     if (!fs::exists(fs::symlink_status(file, ignored))) {
