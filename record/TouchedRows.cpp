@@ -34,25 +34,6 @@ void AddRow(TouchedRows& rows, Attribute attribute)
     }
 }
 
-EditedValue ValueOf(const TouchedRow& row, const CorvexDB::udtMaterial& record,
-                    CorvexDB::ApplyMode mode)
-{
-    if (row.attribute == ApplyRelative) {
-        return static_cast<std::int32_t>(mode);
-    }
-    if (row.attribute == CustomFields) {
-        return record.CustomFields.at(row.element);
-    }
-    return std::visit(
-        [](auto&& value) -> EditedValue {
-            if constexpr (std::is_constructible_v<EditedValue, decltype(value)>) {
-                return value;
-            }
-            return {};  // custom fields, each a row of its own above
-        },
-        RowOf(row.attribute).path.get(record));
-}
-
 }  // namespace
 
 TouchedRows RowsOf(std::span<const Attribute> attributes)
@@ -82,6 +63,21 @@ TouchedRows RowsThatDiffer(const CorvexDB::udtMaterial& one, const CorvexDB::udt
         }
     }
     return rows;
+}
+
+EditedValue ValueOf(Attribute attribute, std::size_t element, const CorvexDB::udtMaterial& record)
+{
+    if (attribute == CustomFields) {
+        return record.CustomFields.at(element);
+    }
+    return std::visit(
+        [](auto&& value) -> EditedValue {
+            if constexpr (std::is_constructible_v<EditedValue, decltype(value)>) {
+                return std::forward<decltype(value)>(value);
+            }
+            return {};  // custom fields, each a row of its own above
+        },
+        RowOf(attribute).path.get(record));
 }
 
 void TakeRows(CorvexDB::udtMaterial& record, const std::vector<EditedRow>& rows)
@@ -129,7 +125,10 @@ MaterialEdit PendingEdit::WithValues(const CorvexDB::udtMaterial& record,
 {
     MaterialEdit edit{{}, m_isWhole};
     for (const TouchedRow& row : m_rows) {
-        edit.rows.push_back({row.attribute, row.element, ValueOf(row, record, mode)});
+        edit.rows.push_back({row.attribute, row.element,
+                             row.attribute == ApplyRelative
+                                 ? static_cast<std::int32_t>(mode)
+                                 : ValueOf(row.attribute, row.element, record)});
     }
     return edit;
 }

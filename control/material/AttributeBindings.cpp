@@ -37,6 +37,11 @@ PanelAttributes::PanelAttributes(AttributePanel& panel) : m_panel(panel)
     BindTextures();
     BindPlacement();
     BindOthers();
+    for (const AttributeRow& row : AttributeRows()) {
+        if (At(row.attribute).controls.empty()) {
+            At(row.attribute).controls = m_panel.Channels().Textures().ControlsOf(row.attribute);
+        }
+    }
 }
 
 void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
@@ -45,7 +50,8 @@ void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
     At(attribute) = {
         [&field] { return field.text().toStdString(); },
         [&field](const std::string& text) { field.setText(QString::fromStdString(text)); },
-        [&field] { return field.Value(); }};
+        [&field] { return field.Value(); },
+        {&field}};
     QObject::connect(
         &field, &QLineEdit::textChanged, &m_panel,
         [attribute, &field, &panel = m_panel] { Q_EMIT panel.Edited(field.Touched(attribute)); });
@@ -56,7 +62,9 @@ void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)
     TellOtherNames(box, attribute);
     At(attribute) = {
         [&box] { return TextOfFlag(box.isChecked()); },
-        [&box](const std::string& text) { box.setChecked(FlagFromText(text).value_or(false)); }};
+        [&box](const std::string& text) { box.setChecked(FlagFromText(text).value_or(false)); },
+        {},
+        {&box}};
     QObject::connect(&box, &QCheckBox::clicked, &m_panel, EditOf(attribute, m_panel));
 }
 
@@ -64,7 +72,9 @@ void PanelAttributes::BindList(Attribute attribute, QComboBox& list)
 {
     TellOtherNames(list, attribute);
     At(attribute) = {[&list] { return TextOfWholeNumber(list.currentIndex()); },
-                     [&list](const std::string& text) { list.setCurrentIndex(ToWhole(text)); }};
+                     [&list](const std::string& text) { list.setCurrentIndex(ToWhole(text)); },
+                     {},
+                     {&list}};
     QObject::connect(&list, &QComboBox::activated, &m_panel, EditOf(attribute, m_panel));
 }
 
@@ -72,10 +82,13 @@ void PanelAttributes::BindSurface()
 {
     for (const SurfacePanel::Amount& amount : m_panel.Surface().Amounts()) {
         BindAmount(amount.attribute, amount.field);
+        At(amount.attribute).controls.push_back(&amount.slider);
     }
     At(Attribute::Color) = {
         [this] { return TextOfWholeNumber(m_panel.Surface().Color().Value()); },
-        [this](const std::string& text) { m_panel.Surface().Color().Show(ToWhole(text)); }};
+        [this](const std::string& text) { m_panel.Surface().Color().Show(ToWhole(text)); },
+        {},
+        m_panel.Surface().Color().Shown()};
     QObject::connect(&m_panel.Surface().Color(), &ColourField::Edited, &m_panel,
                      EditOf(Attribute::Color, m_panel));
 }
@@ -91,7 +104,9 @@ void PanelAttributes::BindAdvanced()
         [this] { return TextOfWholeNumber(static_cast<std::int32_t>(ApplyRelative())); },
         [this](const std::string& text) {
             ShowApplyRelative(static_cast<CorvexDB::ApplyMode>(ToWhole(text)));
-        }};
+        },
+        {},
+        {form.chkApplyRelative}};
     QObject::connect(form.chkApplyRelative, &QCheckBox::clicked, &m_panel,
                      EditOf(Attribute::ApplyRelative, m_panel));
 }
@@ -180,7 +195,10 @@ void PanelAttributes::BindOthers()
         [this](const std::string& text) { m_previewPrimitive = ToWhole(text); }};
     At(Attribute::Plugin) = {
         [this] { return m_panel.Plugins().ListText(); },
-        [this](const std::string& text) { m_panel.Plugins().SelectName(text); }};
+        [this](const std::string& text) { m_panel.Plugins().SelectName(text); },
+        {},
+        {&m_panel.Plugins().List()}};
+    At(Attribute::PluginParameters).controls = m_panel.Plugins().Editors();
 }
 
 }  // namespace CorvexMaterial

@@ -40,6 +40,11 @@ void ColourField::Show(Colour colour)
     m_widgets.list.setCurrentIndex(static_cast<int>(ColourListPosition(colour)));
 }
 
+std::vector<QWidget*> ColourField::Shown() const
+{
+    return {&m_widgets.list, &m_widgets.swatch};
+}
+
 void ColourField::ChooseEntry(int position, Choosers& choosers)
 {
     if (position < 0 || position >= static_cast<int>(kNamedColours.size())) {

@@ -5,8 +5,11 @@
 
 #include <QObject>
 
+#include <vector>
+
 class QAbstractButton;
 class QComboBox;
+class QWidget;
 
 namespace CorvexMaterial {
 
@@ -27,6 +30,8 @@ public:
 
     [[nodiscard]] Colour Value() const { return m_colour; }
     void Show(Colour colour);
+    /// The widgets in which the colour is seen.
+    [[nodiscard]] std::vector<QWidget*> Shown() const;
 
     /// A named entry; "Custom" asks for a colour first.
     void ChooseEntry(int position, Choosers& choosers);

@@ -142,7 +142,10 @@ Status Material::pReleaseTextureLibrarySelection()
 Status Material::CopyFieldToFormMaterial(const CorvexDB::udtMaterial& udtMaterial)
 {
     return m_editor->Guard()("CopyFieldToFormMaterial", [&] {
-        m_editor->ChangeAtOnce([&] { m_editor->Attributes().ShowRecord(udtMaterial); });
+        m_editor->ChangeAtOnce([&] {
+            m_editor->Attributes().ShowRecord(udtMaterial);
+            m_editor->ShowDifferences({});
+        });
     });
 }
 
@@ -215,6 +218,11 @@ std::shared_ptr<const CorvexSG::GatheredMaterial> Material::ShownMaterial()
 Status Material::LoadSavedLayout()
 {
     return m_editor->Guard()("LoadSavedLayout", [&] { m_editor->Layout().Restore(); });
+}
+
+Status Material::ShowDifferences(const std::vector<DifferingRow>& rows)
+{
+    return m_editor->Guard()("ShowDifferences", [&] { m_editor->ShowDifferences(rows); });
 }
 
 void Material::DeleteFromLibrary(CorvexEditport::BrowserKind library)

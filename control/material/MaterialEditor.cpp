@@ -234,11 +234,31 @@ void MaterialEditor::TellHost()
     if (!m_pending.IsEmpty()) {
         const MaterialEdit edit = EditWithValues();
         m_pending.Forget();
+        if (m_marks.Take(edit.rows)) {
+            m_form.Attributes().Channels().RefreshThumbnail();
+        }
         Q_EMIT Edited(edit);
     }
     if (alive) {
         Q_EMIT Changed();
     }
+}
+
+// The raytrace attributes are seen in a dialog of their own.
+std::vector<QWidget*> MaterialEditor::ControlsOf(const TouchedRow& row)
+{
+    return RowOf(row.attribute).group == AttributeGroup::Raytrace
+               ? std::vector<QWidget*>{&m_form.Preview().ExtendedButton()}
+               : m_attributes.ControlsOf(row);
+}
+
+void MaterialEditor::ShowDifferences(const std::vector<DifferingRow>& rows)
+{
+    if (rows.empty() && m_marks.Rows().empty()) {
+        return;
+    }
+    m_marks.Show(rows);
+    m_form.Attributes().Channels().RefreshThumbnail();
 }
 
 void MaterialEditor::RenderMaterial()

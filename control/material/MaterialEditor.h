@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChannelServices.h"
+#include "DifferenceMarks.h"
 #include "ErrorHandler.h"
 #include "LayoutFlow.h"
 #include "MaterialGatherer.h"
@@ -106,6 +107,10 @@ public:
     /// Shows a row per custom field that the host names now.
     void FillCustomFields();
 
+    /// Marks what the shapes differ in that the next edit goes to.
+    void ShowDifferences(const std::vector<DifferingRow>& rows);
+    [[nodiscard]] const std::vector<DifferingRow>& Differences() const { return m_marks.Rows(); }
+
     /// Writes the state and the two lines of the event log; for the control's destructor.
     void Terminate();
 
@@ -151,6 +156,7 @@ private:
     [[nodiscard]] Status LoadSavedLibraries();
     void OnEdited(const TouchedRows& touched);
     [[nodiscard]] MaterialEdit EditWithValues();
+    [[nodiscard]] std::vector<QWidget*> ControlsOf(const TouchedRow& row);
     void TellHost();
     void ShowFactory(const TouchedRows& rows);
     void FollowAttributes();
@@ -172,6 +178,7 @@ private:
     MaterialLibraryFlow m_materialLibrary;
     TextureLibraryFlow m_textureLibrary;
     std::unique_ptr<RaytraceFlow> m_raytrace;
+    DifferenceMarks m_marks{[this](const TouchedRow& row) { return ControlsOf(row); }};
     PendingEdit m_pending;
     int m_batchDepth = 0;
 };

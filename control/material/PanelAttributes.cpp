@@ -91,6 +91,12 @@ void PanelAttributes::ShowCustomFields(const CustomFieldValues& texts)
     m_panel.CustomFields().ShowTexts(texts);
 }
 
+std::vector<QWidget*> PanelAttributes::ControlsOf(const TouchedRow& row)
+{
+    return row.attribute == Attribute::CustomFields ? m_panel.CustomFields().Field(row.element)
+                                                    : At(row.attribute).controls;
+}
+
 CorvexDB::ApplyMode PanelAttributes::ApplyRelative() const
 {
     switch (m_panel.Advanced().Form().chkApplyRelative->checkState()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SavedState.h"
+#include "TouchedRows.h"
 #include <CorvexMaterial/MaterialRecord.h>
 
 #include <array>
@@ -10,6 +11,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QWidget;
 
 namespace CorvexMaterial {
 
@@ -48,6 +50,9 @@ public:
     std::string& MaterialLibrary() { return m_materialLibrary; }
     CorvexDB::cdtRayTraceMaterialAttributes& RayTrace() { return m_kept.RayTrace; }
 
+    /// What shows the attribute, or one of the custom fields; none for what is kept here.
+    [[nodiscard]] std::vector<QWidget*> ControlsOf(const TouchedRow& row);
+
     /// The last whole number in the attribute's field.
     [[nodiscard]] std::int32_t Amount(Attribute attribute);
 
@@ -56,6 +61,7 @@ private:
         std::function<std::string()> text;
         std::function<void(const std::string&)> show;
         std::function<std::int32_t()> amount = {};
+        std::vector<QWidget*> controls = {};
     };
 
     Binding& At(Attribute attribute) { return m_bindings[static_cast<std::size_t>(attribute)]; }

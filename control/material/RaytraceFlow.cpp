@@ -122,6 +122,7 @@ void RaytraceFlow::EditAttributes()
         new frmMaterialExtended({m_editor.Guard(), m_editor.HostParts(), m_platform, *this},
                                 m_editor.Gatherer().Whole(), &m_widget);
     dialog->put_cdtRayTraceMaterialAttributes(m_editor.Attributes().RayTrace());
+    dialog->ShowDifferences(m_editor.Differences());
     dialog->exec();
     if (!dialog) {
         return;  // the host has closed the control, and this object with it

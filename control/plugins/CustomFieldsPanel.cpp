@@ -85,6 +85,12 @@ void CustomFieldsPanel::ShowNames(const std::vector<std::string>& names)
     }
 }
 
+std::vector<QWidget*> CustomFieldsPanel::Field(std::size_t field) const
+{
+    return field < m_values.size() ? std::vector<QWidget*>{m_values[field]}
+                                   : std::vector<QWidget*>();
+}
+
 CustomFieldsPanel::Values CustomFieldsPanel::Texts() const
 {
     Values texts;

@@ -28,6 +28,8 @@ public:
     /// rows that are hidden now included.
     void ShowNames(const std::vector<std::string>& names);
 
+    /// None beyond the last one.
+    [[nodiscard]] std::vector<QWidget*> Field(std::size_t field) const;
     [[nodiscard]] Values Texts() const;
     /// Without an `Edited`.
     void ShowTexts(const Values& texts);

@@ -96,6 +96,16 @@ void PluginPanel::Add(const std::string& name)
     m_list->addItem(QString::fromStdString(name));
 }
 
+std::vector<QWidget*> PluginPanel::Editors() const
+{
+    std::vector<QWidget*> editors;
+    for (const PluginRow* row : m_rows) {
+        const std::vector<QWidget*> more = row->Editors();
+        editors.insert(editors.end(), more.begin(), more.end());
+    }
+    return editors;
+}
+
 std::string PluginPanel::ListText() const
 {
     return m_missing ? m_missing->name : m_list->currentText().toStdString();

@@ -61,6 +61,9 @@ public:
     /// ConversionFailed when a text is no number, what the plug-in throws.
     void ReadValues(std::vector<float>& values);
     [[nodiscard]] std::size_t ParameterCount() const;
+    [[nodiscard]] QComboBox& List() { return *m_list; }
+    /// Of all parameters, those that are hidden now too.
+    [[nodiscard]] std::vector<QWidget*> Editors() const;
     /// Of the rows shown, one element each. Nothing here asks the plug-in.
     [[nodiscard]] std::vector<float> Defaults() const;
     [[nodiscard]] std::vector<std::string> DefaultTexts() const;

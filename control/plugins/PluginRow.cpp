@@ -69,11 +69,15 @@ void PluginRow::Connect()
 
 void PluginRow::Hide()
 {
-    const std::initializer_list<QWidget*> widgets{m_caption, m_slider, m_position, m_number,
-                                                  m_list,    m_tick,   m_swatch};
-    for (QWidget* widget : widgets) {
-        widget->hide();
+    m_caption->hide();
+    for (QWidget* editor : Editors()) {
+        editor->hide();
     }
+}
+
+std::vector<QWidget*> PluginRow::Editors() const
+{
+    return {m_slider, m_position, m_number, m_list, m_tick, m_swatch};
 }
 
 void PluginRow::Show(const CorvexDB::PluginParameter& parameter, float value)

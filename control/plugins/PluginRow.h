@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <vector>
+
 class QCheckBox;
 class QComboBox;
 class QLabel;
@@ -35,6 +37,8 @@ public:
     /// The same as text, a number's as it is shown.
     [[nodiscard]] std::string Text() const;
 
+    /// Of every kind.
+    [[nodiscard]] std::vector<QWidget*> Editors() const;
     [[nodiscard]] UpDownText& Number() { return *m_number; }
     [[nodiscard]] Colour SwatchColour() const { return m_colour; }
     void ShowColour(Colour colour);

@@ -42,6 +42,11 @@ QAbstractButton& PreviewPanel::RaytraceButton()
     return *m_ui->cmdPreview;
 }
 
+QAbstractButton& PreviewPanel::ExtendedButton()
+{
+    return *m_ui->cmdMaterialExtended;
+}
+
 void PreviewPanel::PositionChanged(const std::string& text)
 {
     Q_EMIT PositionTextChanged(QString::fromStdString(text));

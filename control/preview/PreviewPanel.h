@@ -26,6 +26,7 @@ public:
     CorvexViewport::Viewport& Viewport() { return *m_viewport; }
     QAbstractButton& PrimitiveButton();
     QAbstractButton& RaytraceButton();
+    QAbstractButton& ExtendedButton();
 
     void PositionChanged(const std::string& text) override;
     void ViewChanged() override;

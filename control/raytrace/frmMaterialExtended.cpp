@@ -130,6 +130,10 @@ void frmMaterialExtended::Connect()
             &frmMaterialExtended::OnColorPattern);
     connect(m_ui->cboNormalPattern, &QComboBox::currentIndexChanged, this,
             &frmMaterialExtended::OnNormalPattern);
+    // The entry that it has is one for other shapes.
+    for (const auto& [list, attribute] : Lists()) {
+        connect(list, &QComboBox::activated, this, [this, which = attribute] { Touch(which); });
+    }
     connect(&m_followSoon, &QTimer::timeout, this, &frmMaterialExtended::Follow);
     connect(m_ui->cmdDefault, &QPushButton::clicked, this, &frmMaterialExtended::ShowDefaults);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmMaterialExtended::accept);
@@ -168,7 +172,42 @@ void frmMaterialExtended::put_cdtRayTraceMaterialAttributes(
 void frmMaterialExtended::Touch(Attribute attribute)
 {
     m_touched.push_back({attribute});
+    m_marks.TakeFromControlsOf(attribute);
     m_followSoon.start();
+}
+
+std::vector<QWidget*> frmMaterialExtended::ControlsOf(Attribute attribute) const
+{
+    for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
+        if (kRaytraceAmounts[i].attribute == attribute) {
+            return {m_sliders[i].slider, m_sliders[i].value};
+        }
+    }
+    constexpr int kFractions = 3;  // of a colour, one after the other
+    for (std::size_t i = 0; i < m_swatches.size(); ++i) {
+        const int fraction = static_cast<int>(attribute) - static_cast<int>(kSwatchColours[i]);
+        if (fraction >= 0 && fraction < kFractions) {
+            return {m_swatches[i]};
+        }
+    }
+    if (attribute == Attribute::RayTraceMetallic) {
+        return {m_ui->chkMetallic};
+    }
+    for (const auto& [list, shown] : Lists()) {
+        if (shown == attribute) {
+            return {list};
+        }
+    }
+    return {};
+}
+
+std::vector<std::pair<QComboBox*, Attribute>> frmMaterialExtended::Lists() const
+{
+    return {{m_ui->cboMaterialType, Attribute::RayTraceType},
+            {m_ui->cboPredefinedType, Attribute::RaytracePredefinedType},
+            {m_ui->cboPreDefinedMaterial, Attribute::RaytracePredefinedMaterial},
+            {m_ui->cboColorPattern, Attribute::RaytraceColorPattern},
+            {m_ui->cboNormalPattern, Attribute::RayTraceNormalPattern}};
 }
 
 void frmMaterialExtended::ReadControls()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DifferenceMarks.h"
 #include "LivePicture.h"
 #include "RenderWait.h"
 #include "TouchedRows.h"
@@ -19,6 +20,7 @@ namespace Ui {
 class frmMaterialExtended;
 }
 
+class QComboBox;
 class QLabel;
 class QSlider;
 
@@ -55,6 +57,8 @@ public:
     {
         return m_record;
     }
+    /// Marks what the shapes differ in that will get the record.
+    void ShowDifferences(const std::vector<DifferingRow>& rows) { m_marks.Show(rows); }
     [[nodiscard]] bool OKClicked() const { return m_okClicked; }
     /// What the user has set in it, be it to what it was.
     [[nodiscard]] const TouchedRows& Touched() const { return m_touched; }
@@ -81,6 +85,8 @@ private:
     void ShowDefaults();
     void ReadControls();
     void Touch(Attribute attribute);
+    [[nodiscard]] std::vector<QWidget*> ControlsOf(Attribute attribute) const;
+    [[nodiscard]] std::vector<std::pair<QComboBox*, Attribute>> Lists() const;
 
     void OnMaterialType();
     void OnPredefinedType();
@@ -110,6 +116,7 @@ private:
     CorvexDB::cdtRayTraceMaterialAttributes m_record;
     std::string m_simulationTexture;
     TouchedRows m_touched;
+    DifferenceMarks m_marks{[this](const TouchedRow& row) { return ControlsOf(row.attribute); }};
     bool m_okClicked = false;
     bool m_rendering = false;
 };

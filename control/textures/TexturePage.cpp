@@ -3,6 +3,7 @@
 #include "ArgumentChecks.h"
 #include "AttributeHints.h"
 #include "ChannelIcons.h"
+#include "DifferenceMark.h"
 #include "TextureThumbnail.h"
 #include "TextureWrap.h"
 #include "WheelGuard.h"
@@ -234,6 +235,37 @@ void TexturePage::SetOverlayTranslucencyText(const std::string& text)
     Quietly([&] { m_ui->txtTexture2Translucency->setText(QString::fromStdString(text)); });
 }
 
+std::vector<QWidget*> TexturePage::ControlsOf(Attribute attribute) const
+{
+    for (const TextureLayerRow& row : kTextureLayers) {
+        if (FileOf(row.layer) == attribute) {
+            return {&Thumbnail(row.layer)};
+        }
+    }
+    switch (attribute) {
+    case Attribute::OverlayTranslucency:
+        return {m_ui->txtTexture2Translucency};
+    case Attribute::TextureAlphaChannelUse:
+        return {m_ui->cboTextureAlphaChannelUse};
+    case Attribute::WrapOrientationU:
+        return {m_ui->chkFlipU};
+    case Attribute::WrapOrientationV:
+        return {m_ui->chkFlipV};
+    case Attribute::WrapType:
+        return {m_ui->optWrapType_0, m_ui->optWrapType_1, m_ui->optWrapType_2};
+    default:
+        break;
+    }
+    switch (RowOf(attribute).group) {
+    case AttributeGroup::Placement:
+        return {m_ui->cmdTexture};
+    case AttributeGroup::Wrap:
+        return {m_ui->cmdFlatWrapOptions};
+    default:
+        return {};
+    }
+}
+
 void TexturePage::ShowFields(std::optional<TextureLayer> layer)
 {
     const bool overlay = layer == TextureLayer::Overlay;
@@ -260,7 +292,12 @@ void TexturePage::ShowThumbnail(std::optional<TextureLayer> layer)
 
 void TexturePage::ShowFileName()
 {
-    if (m_shown) {
+    if (!m_shown) {
+        return;
+    }
+    if (DifferenceMark::IsOn(Thumbnail(*m_shown))) {
+        m_ui->lblTextureFile->SetFile({}, MultipleValues());
+    } else {
         m_ui->lblTextureFile->SetFile(QString::fromStdString(File(*m_shown)), tr("No texture"));
     }
 }

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Ui {
 class TexturePage;
@@ -59,6 +60,8 @@ public:
     [[nodiscard]] std::string OverlayTranslucencyText() const;
     void SetOverlayTranslucencyText(const std::string& text);
 
+    /// What shows the attribute, or opens what does; none where another page does.
+    [[nodiscard]] std::vector<QWidget*> ControlsOf(Attribute attribute) const;
     /// Shows the fields that only some layers have; none for no layer.
     void ShowFields(std::optional<TextureLayer> layer);
     /// Hides every thumbnail but the layer's.

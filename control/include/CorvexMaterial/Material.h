@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <memory>
+#include <vector>
 
 namespace CorvexMaterial {
 
@@ -93,6 +94,12 @@ public:
     /// `LoadSavedStatus` reads them with everything else. Gives the layout back to the user after
     /// `SetMaxStatus`.
     Status LoadSavedLayout();
+    /// For a host whose edits go to several shapes: the attributes in which they differ from each
+    /// other, each row once. Their controls say so, painted over what they show; texts and values
+    /// stay, and no signal is raised. A text box, list or slider that has the keyboard shows its
+    /// own. An edit of an attribute takes its mark away, the next call all others, and so does
+    /// `CopyFieldToFormMaterial`. What no control shows is left out.
+    Status ShowDifferences(const std::vector<DifferingRow>& rows);
 
 public Q_SLOTS:
     /// As if the user had pressed the button of the library's panel that deletes the selected

@@ -1,6 +1,6 @@
 #pragma once
 
-// What the control's signal `Edited` tells. For hosts too: standard C++17, nothing but the standard
+// What the control's signal `Edited` tells, and what a host tells it of several shapes. For hosts too: standard C++17, nothing but the standard
 // library.
 
 #include <CorvexMaterial/Attribute.h>
@@ -34,6 +34,14 @@ struct MaterialEdit {
     /// Another material was put in the place of the old one, from a library or from the defaults,
     /// and these are all the rows that it brings.
     bool isWhole = false;
+};
+
+/// Where the shapes differ that the next edit goes to.
+struct DifferingRow {
+    Attribute attribute{};
+    std::size_t element = 0;          ///< as in `EditedRow`
+    std::vector<EditedValue> values;  ///< a handful of the distinct ones, to be shown
+    std::size_t count = 0;            ///< how many distinct ones there are
 };
 
 }  // namespace CorvexMaterial

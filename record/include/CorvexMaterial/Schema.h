@@ -101,6 +101,10 @@ inline constexpr std::array kTextureFiles{
 /// Whether the records differ in an attribute whose change touches such.
 [[nodiscard]] bool Differ(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other,
                           bool (*isMeant)(Touches));
+/// Of a member of the record, or of one of the custom fields. Errors: std::out_of_range for another
+/// element.
+[[nodiscard]] EditedValue ValueOf(Attribute attribute, std::size_t element,
+                                  const CorvexDB::udtMaterial& record);
 /// Gives the record the touched values and leaves its others alone. Rows of the panel's own state
 /// are none of its members. Errors: std::bad_variant_access for a value of another type,
 /// out_of_range for another element; rows before it have been taken then.
