@@ -1,5 +1,6 @@
 #include "MaterialLink.h"
 
+#include "MaterialDifferences.h"
 #include "MaterialNames.h"
 
 #include <algorithm>
@@ -161,6 +162,7 @@ void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
     if (std::ranges::all_of(changes, ChangesNothing)) {
         return;
     }
+    ShowDifferencesSoon();
     const bool isSeen = std::ranges::any_of(changes, LooksDifferent);
     m_parts.history.push(
         new MaterialCommand(std::move(changes), std::move(fields), m_clock(),
@@ -172,6 +174,7 @@ void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
 
 void MaterialLink::ShowSelected()
 {
+    ShowDifferencesSoon();
     const auto latest = m_parts.selection.Latest();
     if (latest == nullptr) {
         return;
@@ -205,6 +208,24 @@ void MaterialLink::ShowAgain(const ShapeList& shapes)
         ShowSelected();
     }
     Q_EMIT ShapesChanged();
+}
+
+void MaterialLink::ShowDifferencesSoon()
+{
+    if (!std::exchange(m_showsSoon, true)) {
+        QMetaObject::invokeMethod(this, &MaterialLink::ShowDifferences, Qt::QueuedConnection);
+    }
+}
+
+void MaterialLink::ShowDifferences()
+{
+    m_showsSoon = false;
+    const ShapeList& shapes = m_parts.selection.All();
+    const Status status = m_parts.material.ShowDifferences(DifferencesOf(shapes));
+    if (status != Status::Success) {
+        Q_EMIT Failed(tr("The differences of the shapes cannot be shown"), status);
+    }
+    Q_EMIT Affects(shapes.size(), MaterialsOf(shapes));
 }
 
 std::chrono::milliseconds SteadyNow()

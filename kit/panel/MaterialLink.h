@@ -24,7 +24,8 @@ struct LinkedParts {
 /// Keeps the material panel and the selected shapes together: an edit in the panel goes to every
 /// selected shape as one undo step, and the shape chosen last shows its material in the panel. One
 /// shape takes the panel's material; of several each takes what was touched and keeps the rest of
-/// its own, unless a whole material was put in the place of the old. A chosen wrap, be it the one
+/// its own, unless a whole material was put in the place of the old; the panel marks where they
+/// differ. A chosen wrap, be it the one
 /// that was chosen already, takes shapes the coordinates of their mesh. A material from the library
 /// keeps its name.
 class MaterialLink : public QObject {
@@ -48,6 +49,8 @@ Q_SIGNALS:
     void ShapesChanged();
     /// The control refused an operation.
     void Failed(const QString& what, CorvexMaterial::Status status);
+    /// How many shapes the next edit goes to, and how many materials they have.
+    void Affects(std::size_t shapes, std::size_t materials);
 
 private:
     enum class Coordinates { Kept, Wrapped };
@@ -61,9 +64,13 @@ private:
     void ShowSelected();
     [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);
     void ShowAgain(const ShapeList& shapes);
+    /// Once, however often it is asked for until the events that wait have been handled.
+    void ShowDifferencesSoon();
+    void ShowDifferences();
 
     LinkedParts m_parts;
     Clock m_clock;
+    bool m_showsSoon = false;
 };
 
 /// The clock of everyday use.

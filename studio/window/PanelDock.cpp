@@ -12,7 +12,10 @@
 #include "ViewportWidget.h"
 #include "WindowMessages.h"
 
+#include <QBoxLayout>
 #include <QDockWidget>
+#include <QLabel>
+#include <QLocale>
 #include <QMainWindow>
 #include <QMenu>
 
@@ -21,9 +24,15 @@ namespace studio {
 using CorvexMaterial::Material;
 using CorvexMaterial::Status;
 
+namespace {
+
+constexpr int kAffectsMargin = 6;
+
+}  // namespace
+
 PanelDock::PanelDock(const Parts& parts, MaterialLink::Clock clock)
     : m_parts(parts), m_warnings(parts.platform.settings, parts.window),
-      m_area(new PanelArea(&parts.window)),
+      m_affects(new QLabel(&parts.window)), m_area(new PanelArea(&parts.window)),
       m_material(new Material(parts.host.Get(), parts.platform, m_area)),
       m_link(
           new MaterialLink({*m_material, parts.scene.Scene(), parts.scene.Selected(), parts.history,
@@ -49,9 +58,19 @@ PanelDock::~PanelDock()
 void PanelDock::Build()
 {
     m_area->setWidget(m_material);
+    m_affects->setObjectName(QStringLiteral("lblAffects"));
+    m_affects->setWordWrap(true);
+    m_affects->setMargin(kAffectsMargin);
+    m_affects->hide();
+    auto* panel = new QWidget(m_dock);
+    auto* column = new QVBoxLayout(panel);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_affects);
+    column->addWidget(m_area);
     m_dock->setObjectName(QStringLiteral("materialDock"));
     m_dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    m_dock->setWidget(m_area);
+    m_dock->setWidget(panel);
     m_parts.window.addDockWidget(Qt::RightDockWidgetArea, m_dock);
 }
 
@@ -66,6 +85,7 @@ void PanelDock::ConnectPanel()
                 m_warnings.Present(application, warning, key);
             });
     connect(m_link, &MaterialLink::ShapesChanged, &m_parts.scene.Viewport(), &ViewportWidget::Draw);
+    connect(m_link, &MaterialLink::Affects, this, &PanelDock::TellAffected);
     const auto report = [&messages](const QString& what, Status status) {
         messages.Check(status, what);
     };
@@ -77,6 +97,17 @@ void PanelDock::ConnectPanel()
             ApplyColours();
         }
     });
+}
+
+void PanelDock::TellAffected(std::size_t shapes, std::size_t materials)
+{
+    const QLocale locale;
+    const QString shapeCount = locale.toString(static_cast<qulonglong>(shapes));
+    const QString materialCount = locale.toString(static_cast<qulonglong>(materials));
+    m_affects->setText(materials == 1
+                           ? tr("Affects %1 shapes, 1 material").arg(shapeCount)
+                           : tr("Affects %1 shapes, %2 materials").arg(shapeCount, materialCount));
+    m_affects->setVisible(shapes > 1);
 }
 
 void PanelDock::ConnectPlugins()

@@ -7,6 +7,7 @@
 #include <QObject>
 
 class QDockWidget;
+class QLabel;
 class QMainWindow;
 class QMenu;
 
@@ -56,9 +57,11 @@ private:
     void ConnectPanel();
     void ConnectPlugins();
     void ListPlugins();
+    void TellAffected(std::size_t shapes, std::size_t materials);
 
     Parts m_parts;
     WarningPresenter m_warnings;
+    QLabel* m_affects;
     PanelArea* m_area;
     CorvexMaterial::Material* m_material;
     MaterialLink* m_link;

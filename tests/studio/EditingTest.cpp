@@ -3,6 +3,7 @@
 #include "SqliteMaterialLibrary.h"
 #include <CorvexMaterial/NamedColours.h>
 
+#include <QLabel>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 
@@ -90,6 +91,33 @@ TEST_F(Editing, OfSeveralShapesEachTakesWhatWasTouchedAndKeepsTheRest)
         History().undo();
     }
     EXPECT_EQ(Materials(), before);
+}
+
+TEST_F(Editing, PanelTellsWhereTheSelectedShapesDifferAfterSelectionEditAndUndo)
+{
+    const auto told = [this](const char* control) {
+        QCoreApplication::processEvents();
+        return rig.Find<QWidget>(control).accessibleDescription();
+    };
+    const auto& affects = rig.Find<QLabel>("lblAffects");
+    rig.Shape(2)->SetApplied(rig.Shape(3)->Applied());
+    CorvexDB::udtMaterial dim;
+    dim.Ambient = 5;
+    rig.Shape(0)->SetApplied(studio::WholeMaterial(dim));
+    rig.Select({0, 2, 3});
+    const int shown = rig.Shape(3)->Material().Ambient;
+    EXPECT_EQ(told("txtAmbient"), QString("Multiple values: %1, 5").arg(shown));
+    EXPECT_EQ(rig.TextOf("txtAmbient"), QString::number(shown));
+    EXPECT_EQ(affects.text(), "Affects 3 shapes, 2 materials");
+    EXPECT_TRUE(affects.isVisible());
+    rig.Type("txtAmbient", "7");
+    EXPECT_TRUE(told("txtAmbient").isEmpty());
+    EXPECT_FALSE(told("cboColor").isEmpty());
+    History().undo();
+    EXPECT_FALSE(told("txtAmbient").isEmpty());
+    rig.Select({2});
+    EXPECT_TRUE(told("cboColor").isEmpty());
+    EXPECT_FALSE(affects.isVisible());
 }
 
 TEST_F(Editing, ChangingThePreviewLeavesDifferingShapesAlone)

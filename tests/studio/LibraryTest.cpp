@@ -125,11 +125,15 @@ TEST_F(Library, ChosenMaterialIsShownAndPutOnTheSelection)
     EXPECT_EQ(rig.TextOf("txtAmbient"), "77");
     EXPECT_EQ(rig.Shape(0)->Material().Ambient, 77);
     EXPECT_EQ(rig.Shape(1)->Applied(), rig.Shape(0)->Applied());
+    const CorvexDB::udtMaterial chosen = rig.Shape(1)->Material();
     const auto nameOf = [this](std::size_t i) { return rig.Shape(i)->Applied().identity->name; };
     EXPECT_EQ(nameOf(0), Names()[0]);
     rig.Type("txtSpecular", "3");
     EXPECT_EQ(nameOf(0), Names()[0]) << "an edit keeps the name";
     EXPECT_EQ(History().count(), 2);
+    ClickEntry(0);
+    EXPECT_EQ(rig.Shape(1)->Material(), chosen) << "the chosen entry gives its material again";
+    History().undo();
     History().undo();
     rig.Select({2});
     const std::string other = nameOf(2);
