@@ -199,7 +199,12 @@ bool LeftJournal::BaseIsMissing() const
 
 bool LeftJournal::BaseIsChanged() const
 {
-    return BaseAt(Head().base.kind, Head().base.file.path) != Head().base;
+    JournalBase now = BaseAt(Head().base.kind, Head().base.file.path);
+    // A save that was killed and taken back leaves all but the time as it was.
+    if (now.kind == JournalBase::Kind::Document) {
+        now.file.modified = Head().base.file.modified;
+    }
+    return now != Head().base;
 }
 
 bool LeftJournal::IsSaved() const
