@@ -51,7 +51,7 @@ protected:
         content.shapes = {ball, facets, empty};
         content.selection = {2, 0};
         content.camera = studio::Camera{{1.0F, 2.0F, 3.0F}, 10.0F, -20.0F, 7.0F, 40.0F};
-        content.source = {(folder.Path() + "/model.obj").toStdString(), 12, 34};
+        content.source = {{(folder.Path() + "/model.obj").toStdString(), 12, 34}, {}};
         content.source.others = {{(folder.Path() + "/model.mtl").toStdString(), 5, 6}};
         content.picture = "PNG";
     }

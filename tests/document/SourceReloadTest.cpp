@@ -33,7 +33,7 @@ TEST(SourceReload, EqualNamesKeepTheirOrderAndShapesWhatTheyWereGiven)
     read[1].placement.translate(1.0F, 0.0F, 0.0F);
     read[0].applied.coordinates = CorvexSG::CoordinateMode::FromWrap;
 
-    const auto reloaded = studio::Reloaded(scene, read, {"/model.obj", 1, 2});
+    const auto reloaded = studio::Reloaded(scene, read, {{"/model.obj", 1, 2}, {}});
     const auto& shapes = reloaded.content.shapes;
     const auto specularOf = [&shapes](std::size_t place) {
         return shapes.at(place).applied.gathered->material.Specular;
