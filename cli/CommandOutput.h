@@ -38,6 +38,7 @@ public:
         }
     }
 
+    [[nodiscard]] bool IsJson() const { return m_isJson; }
     [[nodiscard]] bool HasProblems() const { return m_problems > 0; }
 
 private:

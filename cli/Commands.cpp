@@ -20,17 +20,6 @@ ExitCode Conclude(bool isDone)
     return isDone ? ExitCode::Done : ExitCode::Failed;
 }
 
-/// What the picture goes without is told.
-ExitCode Make(decltype(DrawPicture)& make, const RenderJob& job)
-{
-    CommandOutput output(false);
-    const auto remark = [&](const QString& text) {
-        job.strict ? output.Problem(text) : CommandOutput::Remark(text);
-    };
-    output.Telling([&] { make(job, remark); });
-    return Conclude(!output.HasProblems());
-}
-
 /// The program's own text.
 ExitCode PrintLines(const QString& text)
 {
@@ -45,9 +34,9 @@ ExitCode RunJob(const CommandLine& line)
 {
     switch (line.action) {
     case Action::Render:
-        return Make(DrawPicture, line.render);
+        return DrawPicture(line.render);
     case Action::Export:
-        return Make(ExportPicture, line.render);
+        return ExportPicture(line.render);
     case Action::Convert:
         return Convert(line.convert);
     case Action::Scene:

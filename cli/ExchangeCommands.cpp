@@ -27,6 +27,11 @@ void PrintNotes(CommandContext& context, const std::vector<std::string>& notes)
     }
 }
 
+Alike AlikeIn(const CommandContext& context)
+{
+    return context.job.json ? Alike::Listed : Alike::Counted;
+}
+
 bool IsOwnDocument(const std::string& path)
 {
     return QFileInfo(QString::fromStdString(path)).suffix().toLower() == QStringLiteral("json");
@@ -44,7 +49,8 @@ void NeedMaterials(const CommandContext& context)
 std::vector<NamedMaterial> ImportedMaterials(CommandContext& context, const QString& source)
 {
     std::vector<std::string> notes;
-    auto materials = ReadMaterials(source, PicturesBeside(context.job.library), notes);
+    auto materials =
+        ReadMaterials(source, PicturesBeside(context.job.library), notes, AlikeIn(context));
     PrintNotes(context, notes);
     if (IsSceneDocument(source)) {
         StudioScene::Shapes wearers;
@@ -127,7 +133,7 @@ void ExportCommand(CommandContext& context)
     } else {
         Report report;
         ExportMaterials(out, materials, report);
-        notes = NotesOf(report, materials.size());
+        notes = NotesOf(report, materials.size(), AlikeIn(context));
     }
     PrintNotes(context, notes);
     const std::size_t count = materials.size();

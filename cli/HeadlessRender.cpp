@@ -13,6 +13,7 @@
 #include "TemporaryFolder.h"
 #include "TextureCache.h"
 #include "Tr.h"
+#include "WritingOutput.h"
 #include <CorvexMaterial/PreviewPrimitives.h>
 
 #include <QBuffer>
@@ -56,7 +57,7 @@ RaytraceImages::Lookup LookupIn(RenderService& rendering)
 }
 
 /// Pictures show a pattern in their place.
-void TellUnreadTextures(const Frame& frame, RenderService& rendering, const Remark& remark)
+void TellUnreadTextures(const Frame& frame, RenderService& rendering, WritingOutput& output)
 {
     std::set<std::string> seen;
     for (const FrameItem& item : frame.items) {
@@ -67,32 +68,32 @@ void TellUnreadTextures(const Frame& frame, RenderService& rendering, const Rema
             }
             const TexturePointer texture = rendering.Textures().Await(file);
             if (texture != nullptr && !texture->error.empty()) {
-                remark(
-                    Tr("The texture %1 cannot be read: %2")
-                        .arg(QString::fromStdString(file), QString::fromStdString(texture->error)));
+                const QString name = QString::fromStdString(file);
+                output.Unread(name, Tr("The texture %1 cannot be read: %2")
+                                        .arg(name, QString::fromStdString(texture->error)));
             }
         }
     }
 }
 
 void TellLosses(const SceneWriter& writer, const RaytraceScene& scene, RenderService& rendering,
-                const Remark& remark)
+                WritingOutput& output)
 {
     if (const QString note = LossNote(*writer.raytracer, scene, LookupIn(rendering));
         !note.isEmpty()) {
-        remark(note);
+        output.Loss(note);
     }
 }
 
 /// The job's shapes in view, with what a raytracer has to know of them.
 RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const PictureFolders& pictures,
-                      const Remark& remark)
+                      WritingOutput& output)
 {
     if (job.model.isEmpty()) {
         scene.SetShapes(PrimitiveShapes(job.primitive));
     } else {
         const SceneReading reading = ReadScene(job.model, pictures);
-        TellReading(reading, job.model, remark);
+        output.Reading(reading, job.model);
         scene.SetShapes(ShapesOf(reading.content));
         if (reading.content.camera) {
             scene.SetView({.camera = *reading.content.camera});
@@ -109,7 +110,7 @@ RaytraceScene SceneOf(const RenderJob& job, StudioScene& scene, const PictureFol
 }
 
 QImage Raytraced(const SceneWriter& writer, const RaytraceScene& scene, RenderService& rendering,
-                 const Remark& remark)
+                 WritingOutput& output)
 {
     const CorvexMaterial::ProgramFacts& facts = writer.raytracer->program;
     const QString program = FindProgram(facts, PassedProgram(facts));
@@ -124,7 +125,7 @@ QImage Raytraced(const SceneWriter& writer, const RaytraceScene& scene, RenderSe
                             QString::fromUtf8(facts.usualName)))
                 .toStdString());
     }
-    TellLosses(writer, scene, rendering, remark);
+    TellLosses(writer, scene, rendering, output);
     CorvexMaterial::QtProcessStarter processes;
     RaytraceRun run(processes);
     QEventLoop loop;
@@ -146,24 +147,41 @@ QImage Raytraced(const SceneWriter& writer, const RaytraceScene& scene, RenderSe
     return picture;
 }
 
-QImage Draw(const RenderJob& job, const Remark& remark)
+QImage Draw(const RenderJob& job, WritingOutput& output)
 {
     StudioScene scene;
     const CorvexMaterial::TemporaryFolder pictures("pictures");
-    RaytraceScene all = SceneOf(job, scene, {pictures.Path(), DocumentPictureFolder()}, remark);
+    RaytraceScene all = SceneOf(job, scene, {pictures.Path(), DocumentPictureFolder()}, output);
     RenderService rendering;
-    TellUnreadTextures(all.frame, rendering, remark);
-    return job.raytracer ? Raytraced(WriterOf(*job.raytracer), all, rendering, remark)
+    TellUnreadTextures(all.frame, rendering, output);
+    return job.raytracer ? Raytraced(WriterOf(*job.raytracer), all, rendering, output)
                          : rendering.DrawNow(std::move(all.frame));
+}
+
+void DrawNow(const RenderJob& job, WritingOutput& output)
+{
+    // Before the picture is drawn, which may take long.
+    CorvexMaterial::FileWriter target(job.output.toStdString());
+    SavePicture(Draw(job, output), target, job.output, {PictureTypeOf(job.output)});
+    output.Written(job.output);
+}
+
+void ExportNow(const RenderJob& job, WritingOutput& output)
+{
+    StudioScene scene;
+    RenderService rendering;
+    const RaytraceScene all = SceneOf(job, scene, PicturesBeside(job.output), output);
+    TellUnreadTextures(all.frame, rendering, output);
+    WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
+    TellLosses(*WriterFor(job.output), all, rendering, output);
+    output.Written(job.output);
 }
 
 }  // namespace
 
-void DrawPicture(const RenderJob& job, const Remark& remark)
+ExitCode DrawPicture(const RenderJob& job)
 {
-    // Before the picture is drawn, which may take long.
-    CorvexMaterial::FileWriter target(job.output.toStdString());
-    SavePicture(Draw(job, remark), target, job.output, {PictureTypeOf(job.output)});
+    return RunWriting(job, DrawNow);
 }
 
 std::string DocumentPicture(const SceneContent& content)
@@ -184,14 +202,9 @@ std::string DocumentPicture(const SceneContent& content)
     return png.toStdString();
 }
 
-void ExportPicture(const RenderJob& job, const Remark& remark)
+ExitCode ExportPicture(const RenderJob& job)
 {
-    StudioScene scene;
-    RenderService rendering;
-    const RaytraceScene all = SceneOf(job, scene, PicturesBeside(job.output), remark);
-    TellUnreadTextures(all.frame, rendering, remark);
-    WriteRaytraceScene(job.output, all, LookupIn(rendering), ImagesBeside(job.output));
-    TellLosses(*WriterFor(job.output), all, rendering, remark);
+    return RunWriting(job, ExportNow);
 }
 
 }  // namespace studio

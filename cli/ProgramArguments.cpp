@@ -45,12 +45,15 @@ Options of render and export:
                          doubleSided=yes|no; docs/libraries.md names every attribute
                          alphaTest=Greater (a name of its list) or its position 0 to 7
                          textures.primary=FILE
+  --json                 one JSON object per line on standard output: what became of each
+                         property, textures that cannot be read, losses, the file
   --strict               end with 1 when something is lost or a texture is missing
 
 )";
 
 constexpr const char* kConvertHelp = R"(Options of convert:
-  --json                 one JSON object per line on standard output: each property, the counts
+  --json                 one JSON object per line on standard output: textures that are
+                         missing, the files, what became of each property, the counts
   --strict               end with 1 when something is dropped or a texture is missing
 
 )";
@@ -137,11 +140,12 @@ struct RenderOptions {
     QCommandLineOption material{QStringLiteral("material"), {}, QStringLiteral("key=value")};
     QCommandLineOption raytrace{QStringLiteral("raytrace")};
     QCommandLineOption raytracer{QStringLiteral("raytracer"), {}, QStringLiteral("name")};
+    QCommandLineOption json{QStringLiteral("json")};
     QCommandLineOption strict{QStringLiteral("strict")};
 
     void AddTo(QCommandLineParser& parser) const
     {
-        parser.addOptions({out, size, primitive, material, raytrace, raytracer, strict});
+        parser.addOptions({out, size, primitive, material, raytrace, raytracer, json, strict});
     }
 };
 
@@ -151,6 +155,7 @@ CommandLine CheckedRender(const QCommandLineParser& parser, const RenderOptions&
     line.action = Action::Render;
     line.render.output = parser.value(options.out);
     line.render.assignments = parser.values(options.material);
+    line.render.json = parser.isSet(options.json);
     line.render.strict = parser.isSet(options.strict);
     line.render.raytracer = RaytracerNamed(parser.value(options.raytracer));
     if (parser.isSet(options.raytracer) && !line.render.raytracer) {

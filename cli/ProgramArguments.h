@@ -23,7 +23,8 @@ struct RenderJob {
     QSize size{800, 600};                          ///< pixels
     QStringList assignments;                       ///< `key=value`, already checked
     std::optional<CorvexDB::Raytracer> raytracer;  ///< none: drawn as in the window
-    bool strict = false;                           ///< what is lost makes it a failure
+    bool json = false;
+    bool strict = false;  ///< what is lost makes it a failure
 };
 
 /// One model to write as another.

@@ -1,7 +1,6 @@
 #include "SceneReading.h"
 
 #include "DocumentSchema.h"
-#include "Interchange.h"
 #include "LibraryFile.h"
 #include "LibraryReading.h"
 #include "MaterialDocument.h"
@@ -136,7 +135,7 @@ std::vector<WornMaterial> MaterialsOf(const SceneContent& content)
 }
 
 std::vector<NamedMaterial> ReadMaterials(const QString& file, const PictureFolders& pictures,
-                                         std::vector<std::string>& notes)
+                                         std::vector<std::string>& notes, Alike alike)
 {
     const std::string path = file.toStdString();
     if (IsSceneDocument(file)) {
@@ -146,7 +145,7 @@ std::vector<NamedMaterial> ReadMaterials(const QString& file, const PictureFolde
             materials.push_back({worn.name, worn.applied.gathered->material});
         }
         if (!reading.report.Rows().empty()) {
-            notes = NotesOf(reading.report, materials.size());
+            notes = NotesOf(reading.report, materials.size(), alike);
         }
         return materials;
     }
@@ -160,7 +159,7 @@ std::vector<NamedMaterial> ReadMaterials(const QString& file, const PictureFolde
     ImportProgram importer;
     importer.pictureFolder = pictures.ofModel;
     auto materials = ImportMaterials(path, report, importer);
-    notes = NotesOf(report, materials.size());
+    notes = NotesOf(report, materials.size(), alike);
     return materials;
 }
 

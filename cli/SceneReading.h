@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Interchange.h"
 #include "Report.h"
 #include "SceneDocument.h"
 #include "StudioScene.h"
@@ -60,7 +61,9 @@ struct WornMaterial {
 
 /// The materials of a file of any kind: a library, a document, the studio's own .json, those of
 /// other programs. Notes are for a person. Errors: FileFailed, naming the file.
-[[nodiscard]] std::vector<NamedMaterial>
-ReadMaterials(const QString& file, const PictureFolders& pictures, std::vector<std::string>& notes);
+[[nodiscard]] std::vector<NamedMaterial> ReadMaterials(const QString& file,
+                                                       const PictureFolders& pictures,
+                                                       std::vector<std::string>& notes,
+                                                       Alike alike = Alike::Listed);
 
 }  // namespace studio

@@ -23,6 +23,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// After which it is asked whether to go on.
+constexpr std::size_t kPiece = std::size_t{8} << 20;
 constexpr int kMostTries = 500;
 constexpr unsigned kTryMicroseconds = 1000;
 constexpr int kMostLinks = 40;  // as the system itself follows
@@ -82,8 +84,15 @@ std::string BesideName(const std::string& target)
 
 }  // namespace
 
-FileWriter::FileWriter(std::string path, Lifetime lifetime, Existing existing)
-    : m_path(std::move(path)), m_lifetime(lifetime), m_existing(existing)
+void ThrowIfStopped(const std::stop_token& stop)
+{
+    if (stop.stop_requested()) {
+        throw Error(Status::Failed, "It was stopped.");
+    }
+}
+
+FileWriter::FileWriter(std::string path, Lifetime lifetime, Existing existing, std::stop_token stop)
+    : m_path(std::move(path)), m_lifetime(lifetime), m_existing(existing), m_stop(std::move(stop))
 {
     if (m_path.empty() || m_path.find('\0') != std::string::npos) {
         Fail(ENOENT);
@@ -159,7 +168,8 @@ void FileWriter::OpenBeside(unsigned mode)
 void FileWriter::Write(std::span<const char> bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(m_file, bytes.data(), bytes.size());
+        ThrowIfStopped(m_stop);
+        const ssize_t written = ::write(m_file, bytes.data(), std::min(bytes.size(), kPiece));
         if (written < 0 && errno != EINTR) {
             Fail(errno);
         }
@@ -167,14 +177,21 @@ void FileWriter::Write(std::span<const char> bytes)
     }
 }
 
+void FileWriter::Sync()
+{
+    const bool isDue = !m_isSynced && !m_straight && m_lifetime == Lifetime::Lasting;
+    if (isDue && ::fsync(m_file) != 0) {
+        Fail(errno);
+    }
+    m_isSynced = true;
+}
+
 void FileWriter::Finish()
 {
+    Sync();
     if (m_straight) {
         Close();
         return;
-    }
-    if (m_lifetime == Lifetime::Lasting && ::fsync(m_file) != 0) {
-        Fail(errno);
     }
     const bool isNamed = IsNamedAtOnce();
     if (!isNamed) {

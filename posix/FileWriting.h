@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <stop_token>
 #include <string>
 #include <system_error>
 
@@ -14,19 +15,25 @@ enum class Lifetime { Lasting, Temporary };
 /// What becomes of a file that has the name already; one that is kept is an error.
 enum class Existing { Replaced, Kept };
 
+/// Errors: Failed, once a stop is asked for.
+void ThrowIfStopped(const std::stop_token& stop);
+
 /// A file written piece by piece. It has no name until it is complete, then takes the place of the
 /// file that had its name, with that one's permissions. Until then, and after any error, the old
 /// file is as it was and nothing else is left. What is no file (a terminal, a pipe, a device) is
-/// written to as it is. Errors: FileFailed, naming the path and the system's reason.
+/// written to as it is. Errors: FileFailed, naming the path and the system's reason; Failed, when a
+/// stop is asked for while something is left to write.
 class FileWriter {
 public:
     explicit FileWriter(std::string path, Lifetime lifetime = Lifetime::Lasting,
-                        Existing existing = Existing::Replaced);
+                        Existing existing = Existing::Replaced, std::stop_token stop = {});
     ~FileWriter();
     FileWriter(const FileWriter&) = delete;
     FileWriter& operator=(const FileWriter&) = delete;
 
     void Write(std::span<const char> bytes);
+    /// What was written is on the disk, and only the name is left to be taken.
+    void Sync();
     /// Without it nothing was written.
     void Finish();
 
@@ -46,6 +53,8 @@ private:
     std::string m_beside;  ///< its name until it takes the target's; empty while it has none
     Lifetime m_lifetime;
     Existing m_existing;
+    std::stop_token m_stop;
+    bool m_isSynced = false;
     bool m_straight = false;
     int m_file = -1;
 };

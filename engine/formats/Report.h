@@ -21,6 +21,9 @@ struct ReportRow {
     std::string property;  ///< of a material on export, in the file's own words on import
     Outcome outcome = Outcome::Mapped;
     std::string note;  ///< for a person; may be empty for what is mapped
+    /// What notes have in common that say the same of different things, with "..." for these; empty
+    /// where that is the note.
+    std::string kind = {};
 };
 
 /// What happened to each property of each material of one import or export, in file order.
@@ -38,6 +41,10 @@ private:
     std::vector<ReportRow> m_rows;
     std::array<std::size_t, kOutcomeCount> m_counts{};
 };
+
+/// What was not mapped. Of rows that differ in nothing but their material and what their note names
+/// only the first few, and then one that counts the others.
+[[nodiscard]] std::vector<ReportRow> LossesIn(const Report& report);
 
 /// The rows of one material.
 class MaterialNotes {

@@ -97,6 +97,19 @@ std::optional<FileState> StateOfFile(const std::string& path)
     return error ? std::nullopt : std::optional(state);
 }
 
+bool IsTextureFile(const std::string& path)
+{
+    const QString name = QString::fromStdString(path);
+    QFile file(name);
+    if (!CorvexMaterial::OpenRegular(file, CorvexMaterial::kMostPictureFileBytes).empty()) {
+        return false;
+    }
+    const QByteArray head = file.peek(kFormatHeadBytes);
+    QImageReader reader(&file);
+    return FindOwnFormat(BytesOf(head), LowerSuffix(name)) != nullptr ||
+           (reader.canRead() && reader.format() != "tga");
+}
+
 FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds)
 {
     try {

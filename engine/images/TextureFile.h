@@ -34,6 +34,10 @@ struct FileImage {
     QSize size{};       ///< pixels, of the image in the file, before it was scaled down
 };
 
+/// Whether the file begins as an image of a type that the process knows; its pixels may be damaged
+/// all the same. Any thread.
+[[nodiscard]] bool IsTextureFile(const std::string& path);
+
 /// Reads an image of any type that the process knows. Any thread; needs no application object.
 [[nodiscard]] FileImage ReadTextureFile(const std::string& path, const ImageBounds& bounds);
 

@@ -1,6 +1,6 @@
 #include "LastingPicture.h"
 
-#include "FileWriting.h"
+#include "FileSet.h"
 #include "QtRegularFile.h"
 #include <CorvexMaterial/SimulationTexture.h>
 #include <CorvexMaterial/Status.h>
@@ -30,7 +30,8 @@ bool HoldsOther(const QString& path, const QByteArray& bytes)
 
 }  // namespace
 
-std::string WithLastingPicture(const std::string& primary, const std::string& libraryFolder)
+std::string WithLastingPicture(const std::string& primary, const std::string& libraryFolder,
+                               CorvexMaterial::FileSet* files)
 {
     if (!CorvexMaterial::IsSimulationTexture(primary)) {
         return primary;
@@ -40,10 +41,11 @@ std::string WithLastingPicture(const std::string& primary, const std::string& li
         return primary;
     }
     return StorePicture(ReadRegular(source.filePath(), kMostPictureFileBytes), source.fileName(),
-                        libraryFolder);
+                        libraryFolder, files);
 }
 
-std::string StorePicture(const QByteArray& bytes, const QString& name, const std::string& folder)
+std::string StorePicture(const QByteArray& bytes, const QString& name, const std::string& folder,
+                         CorvexMaterial::FileSet* files)
 {
     const QDir pictures = FolderOfPictures(folder);
     const QFileInfo wanted(name);
@@ -53,6 +55,9 @@ std::string StorePicture(const QByteArray& bytes, const QString& name, const std
             QStringLiteral("%1-%2.%3").arg(wanted.completeBaseName()).arg(i).arg(wanted.suffix()));
     }
     if (!QFileInfo::exists(target)) {
+        if (files != nullptr) {
+            files->WillMake(target.toStdString());
+        }
         CorvexMaterial::MakeFolder(pictures.path().toStdString());
         CorvexMaterial::WriteFile(target.toStdString(), bytes);
     }

@@ -133,21 +133,23 @@ RaytraceScene FlatSampleOf(const RaytraceScene& scene)
 }
 
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
-                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place)
+                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place,
+                        const std::stop_token& stop)
 {
-    WriteRaytraceScene(path, scene, textures, place, ExpectedWriter(path));
+    WriteRaytraceScene(path, scene, textures, place, ExpectedWriter(path), stop);
 }
 
 void WriteRaytraceScene(const QString& path, const RaytraceScene& given,
                         const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place,
-                        const SceneWriter& writer)
+                        const SceneWriter& writer, const std::stop_token& stop)
 {
     RaytraceScene scene = given;
     if (scene.picture.empty()) {
         scene.picture = QFileInfo(path).completeBaseName().toStdString() + '.' +
                         std::string(writer.raytracer->scene.pictureSuffix);
     }
-    CorvexMaterial::FileWriter file(path.toStdString(), place.lifetime);
+    CorvexMaterial::FileWriter file(path.toStdString(), place.lifetime,
+                                    CorvexMaterial::Existing::Replaced, stop);
     TextStream out([&](std::string_view text) { file.Write(text); });
     RaytraceImages images(writer.images, textures, place);
     writer.write(out, scene, images);

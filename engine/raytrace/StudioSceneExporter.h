@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -47,14 +48,16 @@ private:
 [[nodiscard]] RaytraceScene FlatSampleOf(const RaytraceScene& scene);
 
 /// Writes the scene for the raytracer that the path's ending names, whole or not at all, to last as
-/// long as the images in their place. Errors: InvalidArgument for another ending, FileFailed.
+/// long as the images in their place. Errors: InvalidArgument for another ending, FileFailed;
+/// Failed, when a stop is asked for in time.
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
-                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place);
+                        const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place,
+                        const std::stop_token& stop = {});
 
 /// The same for a raytracer whatever the path ends in.
 void WriteRaytraceScene(const QString& path, const RaytraceScene& scene,
                         const RaytraceImages::Lookup& textures, const RaytraceImages::Place& place,
-                        const SceneWriter& writer);
+                        const SceneWriter& writer, const std::stop_token& stop = {});
 
 /// Images that have to be saved for a scene file go into a folder beside it.
 [[nodiscard]] RaytraceImages::Place

@@ -57,4 +57,14 @@ std::shared_ptr<CorvexSG::Shape> StudioSceneGraph::CreateShape()
     return std::make_shared<StudioShape>();
 }
 
+StudioScene::Shapes CopiesOf(const StudioScene::Shapes& shapes)
+{
+    StudioScene::Shapes copies;
+    copies.reserve(shapes.size());
+    for (const auto& shape : shapes) {
+        copies.push_back(std::make_shared<StudioShape>(*shape));
+    }
+    return copies;
+}
+
 }  // namespace studio

@@ -66,4 +66,7 @@ public:
     std::shared_ptr<CorvexSG::Shape> CreateShape() override;
 };
 
+/// As they are now, for another thread; meshes and materials are shared.
+[[nodiscard]] StudioScene::Shapes CopiesOf(const StudioScene::Shapes& shapes);
+
 }  // namespace studio

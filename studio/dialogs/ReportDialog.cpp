@@ -22,7 +22,7 @@ ReportDialog::ReportDialog(const QString& title, const QString& summary, const R
     m_ui->rows->verticalHeader()->setDefaultSectionSize(m_ui->rows->fontMetrics().height() + 8);
     m_ui->rows->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     const bool allKept = m_model->rowCount() == 0;
-    connect(m_ui->showAll, &QCheckBox::toggled, m_model, &ReportModel::ShowMapped);
+    connect(m_ui->showAll, &QCheckBox::toggled, m_model, &ReportModel::ShowAll);
     m_ui->showAll->setChecked(allKept);
     FitColumns();
 }

@@ -22,26 +22,20 @@ const std::string& FieldOf(const ReportRow& row, int column)
 }  // namespace
 
 ReportModel::ReportModel(Report report, QObject* parent)
-    : QAbstractTableModel(parent), m_report(std::move(report))
+    : QAbstractTableModel(parent), m_report(std::move(report)), m_losses(LossesIn(m_report))
 {
-    ShowMapped(false);
 }
 
-void ReportModel::ShowMapped(bool shown)
+void ReportModel::ShowAll(bool all)
 {
     beginResetModel();
-    m_shown.clear();
-    for (std::size_t row = 0; row < m_report.Rows().size(); ++row) {
-        if (shown || m_report.Rows()[row].outcome != Outcome::Mapped) {
-            m_shown.push_back(row);
-        }
-    }
+    m_showsAll = all;
     endResetModel();
 }
 
 int ReportModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_shown.size());
+    return parent.isValid() ? 0 : static_cast<int>(Shown().size());
 }
 
 int ReportModel::columnCount(const QModelIndex& parent) const
@@ -54,8 +48,7 @@ QVariant ReportModel::data(const QModelIndex& index, int role) const
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
         return {};
     }
-    const std::size_t shown = m_shown.at(static_cast<std::size_t>(index.row()));
-    const ReportRow& row = m_report.Rows().at(shown);
+    const ReportRow& row = Shown().at(static_cast<std::size_t>(index.row()));
     const QString text = QString::fromStdString(
         index.column() == Result ? TextOf(row.outcome) : FieldOf(row, index.column()));
     return role == Qt::ToolTipRole ? CorvexMaterial::PlainTip(text) : text;

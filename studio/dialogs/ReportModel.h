@@ -6,7 +6,7 @@
 
 namespace studio {
 
-/// The rows of a report as a table; however many there are, they are not copied.
+/// The rows of a report as a table: its losses, or all of it.
 class ReportModel : public QAbstractTableModel {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
 
     explicit ReportModel(Report report, QObject* parent = nullptr);
 
-    void ShowMapped(bool shown);
+    void ShowAll(bool all);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -24,8 +24,14 @@ public:
                                       int role) const override;
 
 private:
+    [[nodiscard]] const std::vector<ReportRow>& Shown() const
+    {
+        return m_showsAll ? m_report.Rows() : m_losses;
+    }
+
     Report m_report;
-    std::vector<std::size_t> m_shown;
+    std::vector<ReportRow> m_losses;
+    bool m_showsAll = false;
 };
 
 }  // namespace studio

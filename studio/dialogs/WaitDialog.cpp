@@ -30,6 +30,12 @@ void WaitDialog::setVisible(bool visible)
     QProgressDialog::setVisible(visible && mayShow);
 }
 
+void WaitDialog::LetWindowGoOn()
+{
+    setWindowModality(Qt::NonModal);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+}
+
 bool WaitDialog::Cancelled()
 {
     if (m_shownLater.hasExpired(kShowAfterMilliseconds)) {

@@ -14,6 +14,8 @@ public:
     /// The text may hold names from files. Without steps the bar just moves.
     WaitDialog(const QString& text, QWidget* parent, int steps = 0);
 
+    /// The window may be used meanwhile.
+    void LetWindowGoOn();
     /// For work that asks now and then whether to go on. Events are handled only once the dialog is
     /// there to keep them off the window.
     [[nodiscard]] bool Cancelled();

@@ -1,8 +1,8 @@
 #include "MainWindow.h"
 
 #include "AboutBox.h"
-#include "DocumentWork.h"
 #include "FileOpening.h"
+#include "FileWork.h"
 #include "HistoryMenu.h"
 #include "MaterialExchange.h"
 #include "MaterialNaming.h"
@@ -47,20 +47,21 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
                        const ImportProgram& importer, MaterialLink::Clock clock)
     : m_host(host),
       m_messages(std::make_unique<WindowMessages>(host.Log(), platform.prompts, *this)),
+      m_work(std::make_unique<FileWork>(*m_messages, *this)),
       m_scene(std::make_unique<ScenePane>(host, *m_messages, *this)),
       m_panel(std::make_unique<PanelDock>(
           PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
           std::move(clock))),
       m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
-      m_exchange(std::make_unique<MaterialExchange>(host, *m_messages, importer, *this)),
+      m_exchange(std::make_unique<MaterialExchange>(host, *m_messages, importer, *m_work, *this)),
       m_files(std::make_unique<WindowFiles>(WindowFiles::Parts{host, *m_messages, *m_scene,
                                                                m_history, *m_panel, *m_libraries,
-                                                               *m_exchange, *this},
+                                                               *m_exchange, *m_work, *this},
                                             importer)),
       m_handing(std::make_unique<SceneExchange>(
-          SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *this})),
+          SceneExchange::Parts{host, *m_messages, *m_scene, *m_exchange, *m_work, *this})),
       m_raytracing(std::make_unique<SceneRaytracing>(
-          SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *this})),
+          SceneRaytracing::Parts{host, platform.processes, *m_messages, *m_scene, *m_work, *this})),
       m_textures(std::make_unique<TextureFinder>(
           TextureFinder::Parts{*m_messages, m_scene->Scene(), m_panel->Link(),
                                [this] { return m_files->Opening().Folder(); }, *this})),
@@ -254,7 +255,10 @@ bool MainWindow::SettingsAreSaved()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     m_panel->CloseWarnings();
-    if (m_files->Work().IsBusy()) {
+    if (m_work->IsBusy()) {
+        if (m_quitsUnasked) {
+            m_work->Cancel();
+        }
         constexpr std::chrono::milliseconds kUntilNextTry{100};
         QTimer::singleShot(kUntilNextTry, this, &QWidget::close);
         event->ignore();

@@ -13,6 +13,7 @@ class QDockWidget;
 
 namespace studio {
 
+class FileWork;
 class MaterialExchange;
 class MaterialNaming;
 class OpenDocument;
@@ -62,6 +63,7 @@ public:
     [[nodiscard]] QUndoStack& History() { return m_history; }
     [[nodiscard]] QUndoStack& LibraryHistory();
     [[nodiscard]] OpenDocument& Document();
+    [[nodiscard]] FileWork& Work() { return *m_work; }
     [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
     [[nodiscard]] SceneExchange& Handing() { return *m_handing; }
     [[nodiscard]] SceneRaytracing& Raytracing() { return *m_raytracing; }
@@ -90,6 +92,7 @@ private:
     QUndoStack m_history;
     // In the order in which they need each other: the last one goes first.
     std::unique_ptr<WindowMessages> m_messages;
+    std::unique_ptr<FileWork> m_work;
     std::unique_ptr<ScenePane> m_scene;
     std::unique_ptr<PanelDock> m_panel;
     std::unique_ptr<PanelLibraries> m_libraries;

@@ -1,5 +1,6 @@
 #include "MaterialExchange.h"
 
+#include "FileWork.h"
 #include "Interchange.h"
 #include "LibraryReading.h"
 #include "ReportDialog.h"
@@ -45,9 +46,9 @@ std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
 }  // namespace
 
 MaterialExchange::MaterialExchange(StudioHost& host, WindowMessages& messages,
-                                   ImportProgram importer, QWidget& window)
+                                   ImportProgram importer, FileWork& work, QWidget& window)
     : QObject(&window), m_host(host), m_messages(messages), m_importer(std::move(importer)),
-      m_window(window)
+      m_work(work), m_window(window)
 {
 }
 
@@ -163,20 +164,19 @@ void MaterialExchange::Export(const QString& file)
     }
     m_folder = QFileInfo(file).absolutePath();
     m_messages.Telling([&] {
-        Report report;
-        std::size_t count = 0;
-        {
-            const WaitCursor waiting;
-            const std::vector<NamedMaterial> materials = MaterialsIn(*library, report);
-            count = materials.size();
-            if (materials.empty()) {
-                throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
-                                            library->Path() +
-                                                ": it has no material that can be written");
-            }
-            ExportMaterials(file.toStdString(), materials, report);
+        const auto report = std::make_shared<Report>();
+        std::vector<NamedMaterial> materials = MaterialsIn(*library, *report);
+        const std::size_t count = materials.size();
+        if (materials.empty()) {
+            throw CorvexMaterial::Error(CorvexMaterial::Status::FileFailed,
+                                        library->Path() +
+                                            ": it has no material that can be written");
         }
-        Show(tr("Materials Exported"), report, count);
+        m_work.Start(
+            tr("Writing %1...").arg(QFileInfo(file).fileName()),
+            [report, materials = std::move(materials), path = file.toStdString()](
+                const std::stop_token& stop) { ExportMaterials(path, materials, *report, stop); },
+            [this, report, count] { Show(tr("Materials Exported"), *report, count); });
     });
 }
 

@@ -15,6 +15,7 @@ class QWidget;
 
 namespace studio {
 
+class FileWork;
 class LibraryFile;
 class StudioHost;
 class WindowMessages;
@@ -25,12 +26,13 @@ class MaterialExchange : public QObject {
     Q_OBJECT
 
 public:
-    /// Host and messages outlive this object, the window is its parent.
+    /// All but the window, which is its parent, outlives this object.
     MaterialExchange(StudioHost& host, WindowMessages& messages, ImportProgram importer,
-                     QWidget& window);
+                     FileWork& work, QWidget& window);
 
     void AddTo(QMenu& menu);
     void Import(const QString& file);
+    /// The window goes on meanwhile; the user is told how it ends.
     void Export(const QString& file);
     /// Keeps what became of materials that came in another way, to be shown when it is asked for.
     /// Returns a summary; empty when nothing was lost.
@@ -59,6 +61,7 @@ private:
     StudioHost& m_host;
     WindowMessages& m_messages;
     ImportProgram m_importer;
+    FileWork& m_work;
     QWidget& m_window;
     QString m_folder;  ///< of the last file
     QAction* m_lastReport = nullptr;

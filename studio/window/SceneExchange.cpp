@@ -1,5 +1,6 @@
 #include "SceneExchange.h"
 
+#include "FileWork.h"
 #include "Interchange.h"
 #include "MaterialExchange.h"
 #include "SaveDialog.h"
@@ -7,7 +8,6 @@
 #include "SettingNames.h"
 #include "StudioHost.h"
 #include "StudioSettings.h"
-#include "WaitCursor.h"
 #include "WindowMessages.h"
 
 #include <QAction>
@@ -53,17 +53,24 @@ void SceneExchange::Choose(What what)
 void SceneExchange::Export(What what, const QString& file)
 {
     m_parts.host.Settings().SetText(kExportFolderSetting, QFileInfo(file).absolutePath());
-    m_parts.messages.Telling([&] {
+    struct Written {
         Report report;
         std::size_t materials = 0;
-        {
-            const WaitCursor waiting;
-            materials = ExportScene(file.toStdString(), ShapesOf(what), report);
-        }
-        m_parts.messages.Show(tr("%1 was written.").arg(QFileInfo(file).fileName()));
-        m_parts.exchange.Show(what == What::Scene ? tr("Scene Exported") : tr("Selection Exported"),
-                              report, materials);
-    });
+    };
+    const QString name = QFileInfo(file).fileName();
+    const auto written = std::make_shared<Written>();
+    m_parts.work.Start(
+        tr("Writing %1...").arg(name),
+        [written, path = file.toStdString(),
+         shapes = CopiesOf(ShapesOf(what))](const std::stop_token& stop) {
+            written->materials = ExportScene(path, shapes, written->report, stop).materials;
+        },
+        [this, written, name, what] {
+            m_parts.messages.Show(tr("%1 was written.").arg(name));
+            m_parts.exchange.Show(what == What::Scene ? tr("Scene Exported")
+                                                      : tr("Selection Exported"),
+                                  written->report, written->materials);
+        });
 }
 
 }  // namespace studio

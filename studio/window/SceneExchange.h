@@ -9,6 +9,7 @@ class QWidget;
 
 namespace studio {
 
+class FileWork;
 class MaterialExchange;
 class ScenePane;
 class StudioHost;
@@ -25,6 +26,7 @@ public:
         WindowMessages& messages;
         ScenePane& scene;
         MaterialExchange& exchange;  ///< shows the report
+        FileWork& work;
         QWidget& window;
     };
     enum class What { Scene, Selection };
@@ -32,7 +34,8 @@ public:
     explicit SceneExchange(const Parts& parts) : m_parts(parts) {}
 
     void AddTo(QMenu& menu);
-    /// In the format that the name's ending tells. The user is told when that fails.
+    /// As it is now, in the format that the name's ending tells; the window goes on meanwhile. The
+    /// user is told how it ends.
     void Export(What what, const QString& file);
 
 private:

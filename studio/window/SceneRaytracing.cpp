@@ -1,5 +1,6 @@
 #include "SceneRaytracing.h"
 
+#include "FileWork.h"
 #include "RenderWindow.h"
 #include "SaveDialog.h"
 #include "ScenePane.h"
@@ -114,12 +115,19 @@ void SceneRaytracing::KeepFolder(const QString& folder)
 void SceneRaytracing::Export(const QString& file)
 {
     m_parts.messages.Telling([&] {
-        const RaytraceScene scene = SceneToRaytrace();
-        const auto& textures = m_parts.host.RaytraceData().textures;
-        WriteRaytraceScene(file, scene, textures, ImagesBeside(file));
-        const QString written = tr("%1 was written.").arg(QFileInfo(file).fileName());
-        const QString note = LossNote(*WriterFor(file)->raytracer, scene, textures);
-        m_parts.messages.Show(note.isEmpty() ? written : written + u' ' + note);
+        const QString name = QFileInfo(file).fileName();
+        const auto note = std::make_shared<QString>();
+        m_parts.work.Start(
+            tr("Writing %1...").arg(name),
+            [file, note, scene = SceneToRaytrace(),
+             textures = m_parts.host.RaytraceData().textures](const std::stop_token& stop) {
+                WriteRaytraceScene(file, scene, textures, ImagesBeside(file), stop);
+                *note = LossNote(*WriterFor(file)->raytracer, scene, textures);
+            },
+            [this, note, name] {
+                const QString written = tr("%1 was written.").arg(name);
+                m_parts.messages.Show(note->isEmpty() ? written : written + u' ' + *note);
+            });
     });
 }
 

@@ -13,6 +13,7 @@ struct SceneFacts;
 
 namespace studio {
 
+class FileWork;
 class ScenePane;
 class StudioHost;
 class WindowMessages;
@@ -29,6 +30,7 @@ public:
         CorvexMaterial::ProcessStarter& processes;
         WindowMessages& messages;
         ScenePane& scene;
+        FileWork& work;
         QWidget& window;
     };
 
@@ -38,7 +40,8 @@ public:
     void AddTo(QMenu& menu);
     /// In a window of its own.
     void Render();
-    /// For the raytracer that the name's ending tells. The user is told when that fails.
+    /// As it is now, for the raytracer that the name's ending tells; the window goes on meanwhile.
+    /// The user is told how it ends.
     void Export(const QString& file);
 
 private:

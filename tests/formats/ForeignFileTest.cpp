@@ -184,8 +184,8 @@ TEST_P(EitherWay, TheSameMaterialsAndTheSameReport)
         for (const auto& [name, material] : materials) {
             all.push_back(name + studio::JsonOfMaterial(material, "/"));
         }
-        for (const auto& [material, property, outcome, note] : report.Rows()) {
-            all.push_back(material + '|' + property + '|' + TextOf(outcome) + '|' + note);
+        for (const auto& [material, property, outcome, note, kind] : report.Rows()) {
+            all.push_back(material + '|' + property + '|' + TextOf(outcome) + '|' + note + kind);
         }
         return all;
     };

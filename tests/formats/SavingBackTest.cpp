@@ -1,6 +1,7 @@
 #include "SavingBack.h"
 
 #include "Formats.h"
+#include "FullDisk.h"
 #include "ModelShapes.h"
 #include "SampleFolder.h"
 #include "SceneDocument.h"
@@ -287,8 +288,14 @@ TEST_F(SavingBackTest, ShapesThatPartGetMaterialsOfTheirOwn)
 
 TEST_F(SavingBackTest, PlainShapesGetALibrary)
 {
-    Open("plain.obj", QByteArray(kModel).replace("mtllib a.mtl\r\n", "").replace("usemtl", "#"));
+    Open("plain.obj", QByteArray(kModel).replace("mtllib a.mtl\r\n", "").replace("usemtl", "#") +
+                          QByteArray(2000, '#'));
     Edit({0}, MakeRed, "Red");
+    {
+        const CorvexTest::FullDisk disk(1000);  // has room for the library
+        EXPECT_THROW(Save(), CorvexMaterial::Error);
+    }
+    EXPECT_FALSE(QFile::exists(m_folder.PathOf("plain.mtl")));
     ExpectSaved();
     EXPECT_TRUE(Content().startsWith("mtllib plain.mtl\r\n"));
     EXPECT_EQ(m_source.files.size(), 2);

@@ -223,15 +223,34 @@ TEST_P(SceneExport, ShowsWhatWasShownHoweverItIsWrapped)
     }));
 }
 
+TEST(LossesInReports, ThatAreAlikeAreCounted)
+{
+    studio::Report report;
+    for (int i = 0; i < 10; ++i) {
+        const std::string number = std::to_string(i);
+        studio::MaterialNotes notes(report, "Oak " + number);
+        notes.Mapped("Color");
+        notes.Add("Name", studio::Outcome::Approximated, "it is %1 there", "Oak_" + number);
+        if (i < 4) {
+            notes.Dropped("Bump map", "not there");
+        }
+    }
+    const std::vector<studio::ReportRow> losses = studio::LossesIn(report);
+    ASSERT_EQ(losses.size(), 8U);
+    EXPECT_EQ(studio::NoteOf(losses[5]), "and 7 more: Name approximated, it is ... there");
+    EXPECT_EQ(studio::NoteOf(losses[7]), "Oak 3: Bump map dropped, not there");
+}
+
 TEST_P(SceneExport, TellsOfTexturesThatAreMissingAndRefusesWhatHasNoSurface)
 {
     CorvexDB::udtMaterial material;
     material.Textures.primary = m_folder.PathOf("gone.png").toStdString();
+    material.Textures.bump = m_folder.Write("text.png", "no image").toStdString();
     const Shapes shapes{Shape("shape", Cube(), Named("Bare", material))};
     EXPECT_THAT(studio::TexturesNotFound(shapes), testing::ElementsAre(material.Textures.primary));
     const Shapes in = Through(shapes);
     EXPECT_EQ(in[0]->Material().Textures.primary, material.Textures.primary);
-    EXPECT_EQ(m_report.Count(studio::Outcome::Dropped), 1U);
+    EXPECT_EQ(std::ranges::count(m_report.Rows(), "Texture file", &studio::ReportRow::property), 2);
     const std::string file = m_folder.PathOf("none").toStdString() + GetParam();
     EXPECT_THROW(studio::ExportScene(file, {Shape("empty", nullptr, {})}, m_report),
                  CorvexMaterial::Error);
@@ -240,13 +259,18 @@ TEST_P(SceneExport, TellsOfTexturesThatAreMissingAndRefusesWhatHasNoSurface)
 
 TEST_P(SceneExport, IsWrittenWholeOrNotAtAll)
 {
-    const auto write = [this](float size) {
+    const CorvexTest::SampleFolder pictures;
+    const std::string picture = pictures.Save("oak.bmp", Qt::red).toStdString();
+    const bool makesPicture = std::string(GetParam()) == ".gltf";
+    const auto write = [&](float size, const std::stop_token& stop = {}) {
         CorvexDB::udtMaterial material;
         material.Specular = static_cast<std::int32_t>(size);
+        material.Textures.primary = makesPicture ? picture : std::string();
         QMatrix4x4 place;
         place.scale(size);
         studio::ExportScene(m_folder.PathOf("scene").toStdString() + GetParam(),
-                            {Shape("shape", Cube(), Named("worn", material), place)}, m_report);
+                            {Shape("shape", Cube(), Named("worn", material), place)}, m_report,
+                            stop);
     };
     const auto files = [this] {
         std::map<QString, QByteArray> contents;
@@ -255,7 +279,17 @@ TEST_P(SceneExport, IsWrittenWholeOrNotAtAll)
         }
         return contents;
     };
+    {
+        const CorvexTest::FullDisk disk(200);  // has room for the picture
+        EXPECT_THROW(write(1.0F), CorvexMaterial::Error);
+    }
+    std::stop_source stopped;
+    stopped.request_stop();
+    EXPECT_THROW(write(1.0F, stopped.get_token()), CorvexMaterial::Error);
+    EXPECT_TRUE(
+        QDir(m_folder.Path()).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden));
     write(1.0F);
+    EXPECT_EQ(QFile::exists(m_folder.PathOf("Textures/oak.png")), makesPicture);
     const auto before = files();
     EXPECT_EQ(before.size(), std::string(GetParam()) == ".glb" ? 1U : 2U);
     // None of its files fits, or only the first.

@@ -1,5 +1,5 @@
-#include "FileWriting.h"
 #include "ErrorMatch.h"
+#include "FileSet.h"
 #include "FullDisk.h"
 #include "SampleFolder.h"
 
@@ -132,4 +132,30 @@ TEST_F(FileWritingTest, AppendsToAnOpenFileNamedByItsNumber)
     WriteFile("/dev/fd/" + std::to_string(file), std::string("after"));
     ::close(file);
     EXPECT_EQ(ContentOf("out"), "before after");
+}
+
+TEST_F(FileWritingTest, ASetOfFilesIsWrittenWhollyOrNotAtAll)
+{
+    m_folder.Write("first", "old");
+    for (const bool isStopped : {true, false}) {
+        std::stop_source stop;
+        {
+            FileSet files(stop.get_token());
+            files.Add(PathOf("first")).Write(std::string("new"));
+            files.Add(PathOf("second")).Write(std::string("new"));
+            files.WillMake(PathOf("made/picture"));
+            MakeFolder(PathOf("made"));
+            WriteFile(PathOf("made/picture"), std::string("new"));
+            if (isStopped) {
+                stop.request_stop();
+                EXPECT_THROW(files.Add(PathOf("third")).Write(std::string("new")), Error);
+                EXPECT_THROW(files.Finish(), Error);
+            } else {
+                files.Finish();
+            }
+        }
+        EXPECT_EQ(ContentOf("first"), isStopped ? "old" : "new");
+        EXPECT_EQ(Names(),
+                  isStopped ? QStringList{"first"} : QStringList({"first", "made", "second"}));
+    }
 }

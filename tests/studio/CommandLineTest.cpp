@@ -116,10 +116,15 @@ TEST_F(Rendering, AModelIsSeenAndWhatItGoesWithoutIsTold)
     folder.Write("no.mtl", "newmtl no\nTf 1 0 0\nmap_Kd no.png\n");
     Draw(
         {folder.Write("no.obj", "mtllib no.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl no\nf 1 2 3\n")});
-    EXPECT_EQ(Corvex({"render", folder.PathOf("no.obj"), "--strict", "--size", "16x12", "--out",
-                      folder.PathOf("no-at-all.png")})
-                  .exitCode,
-              1);
+    const QString file = folder.PathOf("no-at-all.png");
+    const Outcome strict = Corvex({"render", folder.PathOf("no.obj"), "--strict", "--json",
+                                   "--size", "16x12", "--out", file});
+    EXPECT_EQ(strict.exitCode, 1);
+    const QString texture = "{\"found\":true,\"texture\":\"" + folder.PathOf("no.png") + "\"}";
+    for (const QString& line :
+         {QString("\"outcome\":\"dropped\""), texture, "{\"written\":\"" + file + "\"}"}) {
+        EXPECT_TRUE(strict.output.contains(line)) << strict.output.toStdString();
+    }
     for (const char* told : {"no: Tf dropped", ", 1 dropped.", "no.png cannot be read"}) {
         EXPECT_TRUE(errors.contains(told)) << errors.toStdString();
     }
@@ -173,6 +178,7 @@ TEST(Converting, TellsWhatIsLostAndFailsForItOnlyWhenAsked)
         dropped += last["outcome"] == "dropped" ? 1 : 0;
     }
     EXPECT_EQ(last["dropped"].toInt(-1), dropped);
+    EXPECT_TRUE(run.output.contains("{\"written\":\"" + target + "\"}"));
     EXPECT_EQ(dropped, 2) << run.output.toStdString();
     ASSERT_TRUE(QFile::remove(target));
     EXPECT_EQ(Corvex({"convert", model, target, "--strict"}).exitCode, 1);

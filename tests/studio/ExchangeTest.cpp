@@ -1,12 +1,17 @@
 #include "StudioRig.h"
 
+#include "FileWork.h"
+#include "FileWriting.h"
 #include "MaterialExchange.h"
 #include "OpenDocument.h"
 #include "SceneExchange.h"
 #include "SceneRaytracing.h"
 #include "SqliteMaterialLibrary.h"
 
+#include <QProgressDialog>
 #include <QTableView>
+
+#include <condition_variable>
 
 namespace {
 
@@ -31,6 +36,7 @@ protected:
         rig.Find<QAction>("saveBack").trigger();
         EXPECT_TRUE(
             QTest::qWaitFor([&] { return rig.log.CountOf("Prompts.AskYesNo") > asked; }, 30000));
+        rig.AwaitFiles();
     }
 };
 
@@ -61,6 +67,7 @@ TEST_F(Exchange, BringsMaterialsInAndOutWithAReport)
 
     const QString out = rig.PathOf("out.mtlx");
     rig.Window().Exchange().Export(out);
+    rig.AwaitFiles();
     EXPECT_TRUE(QFile::exists(out));
     rig.Window().Exchange().Import(out);
     EXPECT_EQ(Library().Count(), 4);
@@ -87,6 +94,7 @@ TEST_F(Exchange, ASceneIsExportedWithWhatItGoesWithout)
     bumpy.Textures.bump = "/b.png";
     rig.Shape(0)->SetApplied(studio::WholeMaterial(bumpy));
     rig.Window().Raytracing().Export(rig.PathOf("scene.rib"));
+    rig.AwaitFiles();
     EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("does not show: bump maps"));
 }
 
@@ -99,6 +107,7 @@ TEST_F(Exchange, TheSelectionAloneIsExportedAndCanBeOpened)
     const std::string name = rig.Shape(1)->Name();
     const QString file = rig.PathOf("one.glb");
     rig.Window().Handing().Export(studio::SceneExchange::What::Selection, file);
+    rig.AwaitFiles();
     EXPECT_TRUE(rig.Find<QLabel>("summary").text().startsWith("1 material: "));
     rig.Find<QDialogButtonBox>("buttons").button(QDialogButtonBox::Close)->click();
     EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("one.glb was written."));
@@ -106,7 +115,50 @@ TEST_F(Exchange, TheSelectionAloneIsExportedAndCanBeOpened)
     ASSERT_EQ(rig.Window().Scene().All().size(), 1U);
     EXPECT_EQ(rig.Shape(0)->Name(), name);
     rig.Window().Handing().Export(studio::SceneExchange::What::Scene, rig.PathOf("no/such/a.obj"));
+    rig.AwaitFiles();
     EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 1U);
+}
+
+/// A job that does nothing until it is stopped.
+void WaitForStop(const std::stop_token& stop)
+{
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait(lock, stop, [] { return false; });
+    CorvexMaterial::ThrowIfStopped(stop);
+}
+
+TEST_F(Exchange, WhatIsEditedMeanwhileIsNotWritten)
+{
+    const QString file = rig.PathOf("before.glb");
+    rig.Select({0});
+    rig.Window().Handing().Export(studio::SceneExchange::What::Selection, file);
+    rig.Type("txtEmissive", "77");
+    rig.AwaitFiles();
+    EXPECT_TRUE(rig.Window().isWindowModified());
+    EXPECT_EQ(rig.Shape(0)->Material().Emissive, 77);
+    rig.Open(file);
+    EXPECT_NE(rig.Shape(0)->Material().Emissive, 77);
+    // The program ends while something is written.
+    rig.Window().Work().Start("Writing...", WaitForStop, [] { FAIL(); });
+}
+
+TEST_F(Exchange, WritingIsCancelledAndTheWindowClosesBehindIt)
+{
+    studio::FileWork& work = rig.Window().Work();
+    work.Start("Writing...", WaitForStop, [] { FAIL(); });
+    work.Start("Another...", WaitForStop, [] { FAIL(); });
+    EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 1U);
+    auto& progress = *rig.Window().findChild<QProgressDialog*>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return progress.isVisible(); }));
+    CorvexTest::Click(*progress.findChild<QPushButton*>());
+    rig.AwaitFiles();
+    EXPECT_TRUE(rig.Find<QLabel>("miscField").text().contains("Nothing was written"));
+
+    work.Start("Writing...", WaitForStop, [] { FAIL(); });
+    EXPECT_FALSE(rig.Window().close());
+    rig.Window().QuitUnasked();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !rig.Window().isVisible(); }));
 }
 
 TEST_F(Exchange, AnOpenedModelHasTheSameReport)
@@ -185,6 +237,7 @@ TEST_F(Exchange, DamagedEntriesKeepNoOtherFromBeingWritten)
     EXPECT_FALSE(QFile::exists(rig.PathOf("none.mtl")));
     Library().Add(studio::EntryOfMaterial({"Good", {}}, "/"));
     rig.Window().Exchange().Export(rig.PathOf("rest.mtl"));
+    rig.AwaitFiles();
     EXPECT_TRUE(CorvexTest::ContentOf(rig.PathOf("rest.mtl")).contains("newmtl Good"));
     auto& rows = *rig.Find<QTableView>("rows").model();
     EXPECT_EQ(rows.index(0, 0).data().toString(), "Broken");
@@ -196,6 +249,7 @@ TEST_F(Exchange, RefusesWithAMessageAndLeavesTheLibrary)
     OpenNewLibrary();
     rig.Window().Exchange().Import(rig.files.Write("none.mtl", "nothing"));
     rig.Window().Exchange().Export(rig.PathOf("no/folder/x.gltf"));
+    rig.AwaitFiles();
     EXPECT_EQ(Library().Count(), 0);
     EXPECT_EQ(rig.log.CountOf("Prompts.Show"), 2U);
 }

@@ -89,6 +89,7 @@ TEST(Restart, ExportBeginsWhereTheLastOneEnded)
         dialog.setDirectory(folder);
         static_cast<QDialog&>(dialog).accept();
     });
+    rig.AwaitFiles();
     EXPECT_TRUE(QFile::exists(folder + "/scene.pov"));
     rig.Stop();
     rig.Start();

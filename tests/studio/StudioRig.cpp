@@ -1,5 +1,7 @@
 #include "StudioRig.h"
 
+#include "FileWork.h"
+
 namespace StudioTest {
 
 StudioRig::StudioRig()
@@ -71,6 +73,13 @@ void StudioRig::Open(const QString& file)
     m_window->OpenModel(file);
     if (!QTest::qWaitFor([&] { return !opened.empty() || !refused.empty(); }, 30000)) {
         throw std::runtime_error("the model is neither shown nor refused");
+    }
+}
+
+void StudioRig::AwaitFiles()
+{
+    if (!QTest::qWaitFor([this] { return !m_window->Work().IsBusy(); }, 30000)) {
+        throw std::runtime_error("a file is not written");
     }
 }
 

@@ -34,6 +34,8 @@ public:
     void Select(std::vector<std::size_t> indices);
     /// Waits until the model is shown or refused.
     void Open(const QString& file);
+    /// Waits until what is written beside the window is there.
+    void AwaitFiles();
 
     template <typename Widget>
     Widget& Find(const char* name)

@@ -37,8 +37,8 @@ QByteArray AsPng(const std::string& file)
 
 }  // namespace
 
-GltfImages::GltfImages(std::string folder, GltfBuffer* inside)
-    : m_folder(std::move(folder)), m_inside(inside)
+GltfImages::GltfImages(std::string folder, GltfBuffer* inside, CorvexMaterial::FileSet* files)
+    : m_folder(std::move(folder)), m_inside(inside), m_files(files)
 {
 }
 
@@ -82,7 +82,7 @@ QJsonObject GltfImages::ImageOf(const std::string& file) const
     }
     const QString name = QFileInfo(QString::fromStdString(file)).completeBaseName();
     if (m_inside == nullptr) {
-        return Named(StorePicture(bytes, name + QStringLiteral(".png"), m_folder));
+        return Named(StorePicture(bytes, name + QStringLiteral(".png"), m_folder, m_files));
     }
     return {{"bufferView", m_inside->Add(bytes)},
             {"mimeType", type != nullptr ? type : "image/png"},

@@ -8,6 +8,10 @@
 #include <map>
 #include <string>
 
+namespace CorvexMaterial {
+class FileSet;
+}
+
 namespace studio {
 
 class GltfBuffer;
@@ -17,8 +21,9 @@ class GltfBuffer;
 class GltfImages {
 public:
     /// Named relative to the document's folder, in whose `Textures/` are those that were made; with
-    /// a buffer, which outlives this, inside of it. What cannot be read is named in any case.
-    GltfImages(std::string folder, GltfBuffer* inside);
+    /// a buffer, which outlives this, inside of it. What cannot be read is named in any case. What
+    /// is made goes again with the set of files, if there is one.
+    GltfImages(std::string folder, GltfBuffer* inside, CorvexMaterial::FileSet* files);
     /// Of a document that has images and textures. Without `makesFiles` nothing is written, and
     /// what would be made is named as it is.
     GltfImages(std::string folder, qsizetype images, qsizetype textures, bool makesFiles);
@@ -40,6 +45,7 @@ private:
 
     std::string m_folder;
     GltfBuffer* m_inside = nullptr;
+    CorvexMaterial::FileSet* m_files = nullptr;
     qsizetype m_firstImage = 0;
     qsizetype m_firstTexture = 0;
     bool m_makesFiles = true;

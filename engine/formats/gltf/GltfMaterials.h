@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExportedProperties.h"
+#include "FileSet.h"
 #include "ImportedModel.h"
 
 #include <QByteArray>
@@ -18,8 +19,10 @@ namespace studio {
                                 Report& report);
 
 /// A scene with its numbers in a .bin file beside it.
-void WriteGltfScene(const ImportedModel& scene, const std::string& path, Report& report);
+void WriteGltfScene(const ImportedModel& scene, const std::string& path, Report& report,
+                    CorvexMaterial::FileSet& files);
 /// A scene in one binary file with its numbers and images.
-void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& report);
+void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& report,
+                   CorvexMaterial::FileSet& files);
 
 }  // namespace studio

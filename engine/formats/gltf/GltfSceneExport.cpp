@@ -1,5 +1,4 @@
 #include "DocumentFile.h"
-#include "FileWriting.h"
 #include "GltfBuffer.h"
 #include "GltfExport.h"
 #include "GltfImages.h"
@@ -118,10 +117,10 @@ private:
 enum class Pictures { Named, Inside };
 
 GltfDocument DocumentOf(const ImportedModel& scene, Wearers wearers, const std::string& folder,
-                        Pictures pictures, Report& report)
+                        Pictures pictures, Report& report, CorvexMaterial::FileSet* files)
 {
     GltfBuffer buffer(scene);
-    GltfImages images(folder, pictures == Pictures::Inside ? &buffer : nullptr);
+    GltfImages images(folder, pictures == Pictures::Inside ? &buffer : nullptr, files);
     QJsonObject document{
         {"asset", QJsonObject{{"version", "2.0"}, {"generator", "Corvex Studio"}}}};
     PutGltfMaterials(scene.materials, wearers, images, document, report);
@@ -160,29 +159,30 @@ qsizetype Padded(qsizetype length)
 QByteArray GltfOf(std::span<const NamedMaterial> materials, const std::string& folder,
                   Report& report)
 {
-    GltfDocument document =
-        DocumentOf(SpheresWearing(materials), Wearers::Samples, folder, Pictures::Named, report);
+    GltfDocument document = DocumentOf(SpheresWearing(materials), Wearers::Samples, folder,
+                                       Pictures::Named, report, nullptr);
     PutBuffer(document, "data:application/octet-stream;base64," + document.bytes.toBase64());
     return QJsonDocument(document.object).toJson();
 }
 
-void WriteGltfScene(const ImportedModel& scene, const std::string& path, Report& report)
+void WriteGltfScene(const ImportedModel& scene, const std::string& path, Report& report,
+                    CorvexMaterial::FileSet& files)
 {
     const std::string folder = FolderOfDocument(path);
-    GltfDocument document = DocumentOf(scene, Wearers::Shapes, folder, Pictures::Named, report);
+    GltfDocument document =
+        DocumentOf(scene, Wearers::Shapes, folder, Pictures::Named, report, &files);
     const QString name =
         QFileInfo(QString::fromStdString(path)).completeBaseName() + QStringLiteral(".bin");
     PutBuffer(document, QString::fromLatin1(QUrl::toPercentEncoding(name)));
-    CorvexMaterial::FileWriter numbers(folder + '/' + name.toStdString());
-    CorvexMaterial::FileWriter text(path);
+    // The one that is named first.
+    CorvexMaterial::FileWriter& numbers = files.Add(folder + '/' + name.toStdString());
+    CorvexMaterial::FileWriter& text = files.Add(path);
     numbers.Write(document.bytes);
     text.Write(QJsonDocument(document.object).toJson());
-    // Only when both are complete, and the one that is named first.
-    numbers.Finish();
-    text.Finish();
 }
 
-void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& report)
+void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& report,
+                   CorvexMaterial::FileSet& files)
 {
     // Numbers of the format.
     constexpr std::uint32_t kGltf = 0x46546C67;
@@ -190,8 +190,8 @@ void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& 
     constexpr std::uint32_t kBinary = 0x004E4942;
     constexpr qsizetype kHead = 12;
     constexpr qsizetype kPartHead = 8;
-    GltfDocument document =
-        DocumentOf(scene, Wearers::Shapes, FolderOfDocument(path), Pictures::Inside, report);
+    GltfDocument document = DocumentOf(scene, Wearers::Shapes, FolderOfDocument(path),
+                                       Pictures::Inside, report, &files);
     document.bytes.resize(Padded(document.bytes.size()), '\0');
     PutBuffer(document, {});
     QByteArray text = QJsonDocument(document.object).toJson(QJsonDocument::Compact);
@@ -203,7 +203,7 @@ void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& 
                                                 ".gltf file can.")
                                  .toStdString());
     }
-    CorvexMaterial::FileWriter file(path);
+    CorvexMaterial::FileWriter& file = files.Add(path);
     for (const qsizetype word :
          {qsizetype{kGltf}, qsizetype{2}, length, text.size(), qsizetype{kJson}}) {
         WriteWord(file, word);
@@ -212,7 +212,6 @@ void WriteGlbScene(const ImportedModel& scene, const std::string& path, Report& 
     WriteWord(file, document.bytes.size());
     WriteWord(file, kBinary);
     file.Write(document.bytes);
-    file.Finish();
 }
 
 }  // namespace studio

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FileSet.h"
 #include "SourcePatch.h"
 
 #include <QByteArray>
@@ -19,10 +20,10 @@ struct Format {
                         Report& report);
     /// Documents of materials are small, and their readers ours: they need no process of their own.
     bool hasShapes;
-    /// Writes shapes and what they wear, all files of it or none. Null for a format that holds
-    /// none, or is only read. Errors: FileFailed.
-    void (*writeScene)(const ImportedModel& scene, const std::string& path,
-                       Report& report) = nullptr;
+    /// Writes shapes and what they wear into files that it adds to the set. Null for a format that
+    /// holds none, or is only read. Errors: FileFailed.
+    void (*writeScene)(const ImportedModel& scene, const std::string& path, Report& report,
+                       CorvexMaterial::FileSet& files) = nullptr;
     bool holdsPictures = false;  ///< when it writes a scene, which needs no other file then
     /// Null for a format that materials are not saved back into.
     SourcePatch (*patch)(const MaterialSource& source, const DressedShapes& now,

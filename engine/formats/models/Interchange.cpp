@@ -1,12 +1,13 @@
 #include "Interchange.h"
 
 #include "DocumentFile.h"
-#include "FileWriting.h"
+#include "FileSet.h"
 #include "Formats.h"
 #include "JobFolder.h"
 #include "LastingPicture.h"
 #include "ModelShapes.h"
 #include "SurfaceLayers.h"
+#include "TextureFile.h"
 #include "Tr.h"
 #include <CorvexMaterial/Status.h>
 
@@ -14,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <set>
 
 namespace studio {
@@ -23,7 +25,8 @@ using Materials = std::vector<NamedMaterial>;
 using MaterialSpan = std::span<const NamedMaterial>;
 
 /// Pictures of simulated raytrace materials, as far as they are in the temporary folder.
-Materials WithLastingPictures(MaterialSpan materials, const std::string& folder)
+Materials WithLastingPictures(MaterialSpan materials, const std::string& folder,
+                              CorvexMaterial::FileSet& files)
 {
     const QString temporary = QString::fromStdString(CorvexMaterial::JobFolder());
     Materials lasting(materials.begin(), materials.end());
@@ -31,7 +34,7 @@ Materials WithLastingPictures(MaterialSpan materials, const std::string& folder)
         std::string& primary = named.material.Textures.primary;
         const QFileInfo file(QString::fromStdString(primary));
         if (file.isFile() && file.absolutePath() == temporary) {
-            primary = WithLastingPicture(primary, folder);
+            primary = WithLastingPicture(primary, folder, &files);
         }
     }
     return lasting;
@@ -85,14 +88,24 @@ bool IsThereOrNone(const std::string& texture)
     return texture.empty() || QFileInfo(QString::fromStdString(texture)).isFile();
 }
 
-void AddMissing(ImportedModel& scene)
+/// Textures that nobody will see; they are named all the same.
+void AddUnread(ImportedModel& scene)
 {
+    std::map<std::string, bool> areImages{{{}, true}};
     for (const auto& [name, material] : scene.materials) {
         for (const LayerRow& layer : kLayerRows) {
-            if (const std::string& file = material.Textures.*layer.file; !IsThereOrNone(file)) {
+            const std::string& file = material.Textures.*layer.file;
+            const auto [isImage, isNew] = areImages.try_emplace(file, false);
+            if (isNew) {
+                isImage->second = IsTextureFile(file);
+            }
+            if (!isImage->second) {
                 MaterialNotes(scene.report, name)
                     .Add(Tr("Texture file").toStdString(), Outcome::Dropped,
-                         QT_TRANSLATE_NOOP("Interchange", "there is no file %1"), file);
+                         IsThereOrNone(file)
+                             ? QT_TRANSLATE_NOOP("Interchange", "%1 is no image that can be read")
+                             : QT_TRANSLATE_NOOP("Interchange", "there is no file %1"),
+                         file);
             }
         }
     }
@@ -128,7 +141,7 @@ std::vector<NamedMaterial> ImportMaterials(const std::string& path, Report& repo
 }
 
 void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
-                     Report& report)
+                     Report& report, const std::stop_token& stop)
 {
     const Format* format = FormatOf(path);
     if (format == nullptr || !IsWritten(*format)) {
@@ -138,31 +151,36 @@ void ExportMaterials(const std::string& path, std::span<const NamedMaterial> mat
     }
     Report rows;
     const std::string folder = FolderOfDocument(path);
-    CorvexMaterial::WriteFile(path,
-                              format->write(WithLastingPictures(materials, folder), folder, rows));
+    CorvexMaterial::FileSet files(stop);
+    const Materials lasting = WithLastingPictures(materials, folder, files);
+    files.Add(path).Write(format->write(lasting, folder, rows));
+    files.Finish();
     Append(rows, report);
 }
 
-std::size_t ExportScene(const std::string& path, const StudioScene::Shapes& shapes, Report& report)
+ExportedScene ExportScene(const std::string& path, const StudioScene::Shapes& shapes,
+                          Report& report, const std::stop_token& stop)
 {
     if (!IsSceneFile(path)) {
         RefuseDocument(path,
                        Tr("a scene is exported as %1.").arg(SceneSuffixes(", ")).toStdString());
     }
-    ImportedModel scene = ModelOf(shapes);
+    ImportedModel scene = ModelOf(shapes, stop);
     if (scene.shapes.empty()) {
         RefuseDocument(path, Tr("there is no surface that it could hold.").toStdString());
     }
     const Format& format = *FormatOf(path);
+    CorvexMaterial::FileSet files(stop);
     if (!format.holdsPictures) {
-        scene.materials = WithLastingPictures(scene.materials, FolderOfDocument(path));
+        scene.materials = WithLastingPictures(scene.materials, FolderOfDocument(path), files);
     }
-    AddMissing(scene);
+    AddUnread(scene);
     Report rows;
-    format.writeScene(scene, path, rows);
+    format.writeScene(scene, path, rows, files);
+    files.Finish();
     Append(scene.report, report);
     Append(rows, report);
-    return scene.materials.size();
+    return {scene.materials.size(), files.Paths()};
 }
 
 std::vector<std::string> TexturesNotFound(const StudioScene::Shapes& shapes)
@@ -225,10 +243,10 @@ std::string NoteOf(const ReportRow& row)
     return row.material + ": " + row.property + " " + TextOf(row.outcome) + ", " + row.note;
 }
 
-std::vector<std::string> NotesOf(const Report& report, std::size_t materials)
+std::vector<std::string> NotesOf(const Report& report, std::size_t materials, Alike alike)
 {
     std::vector<std::string> notes;
-    for (const ReportRow& row : report.Rows()) {
+    for (const ReportRow& row : alike == Alike::Listed ? report.Rows() : LossesIn(report)) {
         if (row.outcome != Outcome::Mapped) {
             notes.push_back(NoteOf(row));
         }

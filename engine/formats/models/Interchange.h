@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <span>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -22,19 +23,25 @@ namespace studio {
 
 /// Writes a file for other programs, by its extension. Textures are named
 /// relative to it; one that does not last, in the temporary folder, is copied to `Textures/` beside
-/// it. Errors: FileFailed with a message that names file and cause; an existing file is
-/// then as it was.
+/// it. Errors: FileFailed with a message that names file and cause; Failed, when a stop is asked
+/// for in time. An existing file is then as it was.
 void ExportMaterials(const std::string& path, std::span<const NamedMaterial> materials,
-                     Report& report);
+                     Report& report, const std::stop_token& stop = {});
 
 /// "*.obj *.gltf" and so on, of every format that has shapes.
 [[nodiscard]] QString ModelPatterns();
 
+struct ExportedScene {
+    std::size_t materials = 0;
+    std::vector<std::string> files;  ///< without pictures
+};
+
 /// Writes shapes and what they wear for other programs, by the file's extension. Textures are named
-/// relative to it or go into it; with them and with materials it is as in ExportMaterials. Returns
-/// how many materials there are. Errors: FileFailed, also for shapes without any surface; existing
-/// files are then as they were.
-std::size_t ExportScene(const std::string& path, const StudioScene::Shapes& shapes, Report& report);
+/// relative to it or go into it; with them and with materials it is as in ExportMaterials. Errors:
+/// FileFailed, also for shapes without any surface; Failed, when a stop is asked for in time.
+/// Existing files are then as they were, and there are no new ones.
+ExportedScene ExportScene(const std::string& path, const StudioScene::Shapes& shapes,
+                          Report& report, const std::stop_token& stop = {});
 
 /// The textures of the shapes that are no files, each once.
 [[nodiscard]] std::vector<std::string> TexturesNotFound(const StudioScene::Shapes& shapes);
@@ -54,7 +61,10 @@ std::size_t ExportScene(const std::string& path, const StudioScene::Shapes& shap
 
 /// One of its lines.
 [[nodiscard]] std::string NoteOf(const ReportRow& row);
-/// A line for each property that is not mapped, and the summary.
-[[nodiscard]] std::vector<std::string> NotesOf(const Report& report, std::size_t materials);
+/// What becomes of losses that are alike: all in all, or a few and the number of the others.
+enum class Alike { Listed, Counted };
+/// A line for each of the losses, and the summary.
+[[nodiscard]] std::vector<std::string> NotesOf(const Report& report, std::size_t materials,
+                                               Alike alike = Alike::Counted);
 
 }  // namespace studio

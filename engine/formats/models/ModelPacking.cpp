@@ -24,7 +24,7 @@ constexpr std::uint8_t kLastAttribute = 0xFF;
 
 // The fewest bytes that one of each takes, so that a forged count is refused before it is believed.
 constexpr std::size_t kSmallestMaterial = sizeof(std::uint32_t) + sizeof(kLastAttribute);
-constexpr std::size_t kSmallestRow = 3 * sizeof(std::uint32_t) + 1;
+constexpr std::size_t kSmallestRow = 4 * sizeof(std::uint32_t) + 1;
 constexpr std::size_t kSmallestMesh = 4 * sizeof(std::uint32_t) + sizeof(VertexColours);
 constexpr std::size_t kSmallestPicture = 2 * sizeof(std::uint32_t);
 constexpr std::size_t kSmallestShape = 2 * sizeof(std::uint32_t) + 16 * sizeof(float);
@@ -146,6 +146,7 @@ void Put(ByteWriter& writer, const ReportRow& row)
     writer.PutText(row.property);
     writer.Put(row.outcome);
     writer.PutText(row.note);
+    writer.PutText(row.kind);
 }
 
 ReportRow GetRow(ByteReader& reader)
@@ -155,6 +156,7 @@ ReportRow GetRow(ByteReader& reader)
     Require(outcome < kOutcomeCount, "a report is damaged");
     row.outcome = static_cast<Outcome>(outcome);
     row.note = reader.GetText();
+    row.kind = reader.GetText();
     return row;
 }
 

@@ -1,6 +1,7 @@
 #include "ModelShapes.h"
 
 #include "ExportedProperties.h"
+#include "FileWriting.h"
 #include "MaterialName.h"
 #include "UniqueNames.h"
 #include "WrapCoordinates.h"
@@ -158,12 +159,13 @@ StudioScene::Shapes ShapesOf(const ImportedModel& model)
     return shapes;
 }
 
-ImportedModel ModelOf(const StudioScene::Shapes& shapes)
+ImportedModel ModelOf(const StudioScene::Shapes& shapes, const std::stop_token& stop)
 {
     ImportedModel model;
     SceneMaterials materials(model.materials);
     SceneMeshes meshes(model);
     for (const auto& shape : shapes) {
+        CorvexMaterial::ThrowIfStopped(stop);
         const FrameItem item = shape->Item();
         if (item.mesh == nullptr || item.mesh->indices.empty() || !IsFinite(item.worldFromMesh)) {
             MaterialNotes(model.report, shape->Name())

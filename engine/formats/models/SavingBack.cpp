@@ -3,7 +3,7 @@
 #include "DocumentFile.h"
 #include "ExportedProperties.h"
 #include "FileClaim.h"
-#include "FileWriting.h"
+#include "FileSet.h"
 #include "Formats.h"
 #include "LastingPicture.h"
 #include "QtRegularFile.h"
@@ -182,11 +182,12 @@ private:
     std::set<std::string> m_missed;  ///< materials whose colour cannot be said
 };
 
-DressedShapes WithLastingPictures(DressedShapes now, const std::string& folder)
+DressedShapes WithLastingPictures(DressedShapes now, const std::string& folder,
+                                  CorvexMaterial::FileSet& files)
 {
     for (NamedMaterial& named : now.materials) {
         std::string& primary = named.material.Textures.primary;
-        primary = WithLastingPicture(primary, folder);
+        primary = WithLastingPicture(primary, folder, &files);
     }
     return now;
 }
@@ -253,19 +254,22 @@ SourcePatch PatchOf(const MaterialSource& source, const DressedShapes& now, Patc
     return patch;
 }
 
-std::vector<std::string> SaveBack(const MaterialSource& source, const DressedShapes& now)
+std::vector<std::string> SaveBack(const MaterialSource& source, const DressedShapes& now,
+                                  const std::stop_token& stop)
 {
-    const SourcePatch patch =
-        PatchOf(source, WithLastingPictures(now, FolderOfDocument(source.path)), PatchFor::Writing);
-    RequireAsRead(source);
+    CorvexMaterial::FileSet files(stop);
+    const SourcePatch patch = PatchOf(
+        source, WithLastingPictures(now, FolderOfDocument(source.path), files), PatchFor::Writing);
     std::set<std::string> others;
     for (const FileMark& file : source.files) {
         others.insert(file.path);
     }
     for (const PatchedFile& file : patch.files) {
-        CorvexMaterial::WriteFile(file.path, file.bytes);
+        files.Add(file.path).Write(file.bytes);
         others.insert(file.path);
     }
+    RequireAsRead(source);
+    files.Finish();
     others.erase(source.path);
     return {others.begin(), others.end()};
 }

@@ -3,6 +3,8 @@
 #include "SourcePatch.h"
 #include "StudioScene.h"
 
+#include <stop_token>
+
 namespace studio {
 
 /// Whether materials can be saved back into files of its format.
@@ -24,8 +26,9 @@ namespace studio {
 [[nodiscard]] SourcePatch PatchOf(const MaterialSource& source, const DressedShapes& now,
                                   PatchFor purpose = PatchFor::Showing);
 
-/// Writes it, each file whole or not at all, and returns the files beside the source that it is
-/// read with from now on. Errors: as above; files that were written before stay.
-std::vector<std::string> SaveBack(const MaterialSource& source, const DressedShapes& now);
+/// Writes it, all files or none, and returns the files beside the source that it is read with from
+/// now on. Errors: as above; Failed, when a stop is asked for in time.
+std::vector<std::string> SaveBack(const MaterialSource& source, const DressedShapes& now,
+                                  const std::stop_token& stop = {});
 
 }  // namespace studio

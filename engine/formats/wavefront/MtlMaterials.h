@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ExportedProperties.h"
+#include "FileSet.h"
 #include "ImportedModel.h"
 
 #include <QByteArray>
@@ -24,6 +25,7 @@ namespace studio {
                                    const std::string& folder, Report& report);
 
 /// An .obj file with its .mtl beside it. Errors: FileFailed.
-void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& report);
+void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& report,
+                   CorvexMaterial::FileSet& files);
 
 }  // namespace studio

@@ -1,5 +1,4 @@
 #include "DocumentFile.h"
-#include "FileWriting.h"
 #include "MtlMaterials.h"
 #include "PlacedMesh.h"
 #include "ShapeNames.h"
@@ -148,7 +147,8 @@ void WriteShapes(TextStream& out, const ImportedModel& scene,
 
 }  // namespace
 
-void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& report)
+void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& report,
+                   CorvexMaterial::FileSet& files)
 {
     std::vector<NamedMaterial> materials = scene.materials;
     SafeNames names(report);
@@ -159,16 +159,14 @@ void WriteObjScene(const ImportedModel& scene, const std::string& path, Report& 
     const std::string base =
         QFileInfo(QString::fromStdString(path)).completeBaseName().toStdString();
     const std::string library = WithoutBlanks(ReadableName(base, "scene")) + ".mtl";
-    CorvexMaterial::FileWriter mtl(folder + '/' + library);
-    CorvexMaterial::FileWriter obj(path);
+    // The one that is named first.
+    CorvexMaterial::FileWriter& mtl = files.Add(folder + '/' + library);
+    CorvexMaterial::FileWriter& obj = files.Add(path);
     mtl.Write(MtlWornBy(Wearers::Shapes, materials, folder, report));
     TextStream out([&](std::string_view text) { obj.Write(text); });
     out << "# Corvex Studio, " << scene.shapes.size() << " shapes\nmtllib " << library << '\n';
     WriteShapes(out, scene, materials, report);
     out.Finish();
-    // Only when both are complete, and the one that is named first.
-    mtl.Finish();
-    obj.Finish();
 }
 
 }  // namespace studio

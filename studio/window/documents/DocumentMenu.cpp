@@ -78,7 +78,7 @@ void DocumentMenu::Read(const QString& file)
         for (const std::string& problem : m_parts.document.Open(file)) {
             problems << QString::fromStdString(problem);
         }
-    } catch (const DocumentWork::Cancelled&) {
+    } catch (const FileWork::Cancelled&) {
         const QString message = tr("%1 was not opened.").arg(QFileInfo(file).fileName());
         m_parts.messages.Show(message);
         Q_EMIT Refused({}, message);

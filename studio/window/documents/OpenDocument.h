@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DocumentWork.h"
+#include "FileWork.h"
 #include "SceneDocument.h"
 #include "Selection.h"
 #include "StudioScene.h"
@@ -36,7 +36,7 @@ public:
         StudioHost& host;
         ScenePane& scene;
         QUndoStack& history;
-        DocumentWork& work;
+        FileWork& work;
     };
 
     explicit OpenDocument(const Parts& parts);
@@ -51,7 +51,7 @@ public:
     /// Another number after each edit, and each undoing of one.
     [[nodiscard]] int Edits() const { return m_edits; }
     /// While a file is read or written, drops are taken all the same.
-    [[nodiscard]] bool IsBusy() const { return m_parts.work.IsBusy(); }
+    [[nodiscard]] bool IsBusy() const { return m_parts.work.IsWaiting(); }
     /// For a person; empty when it can be saved.
     [[nodiscard]] QString ReadOnlyReason() const;
     [[nodiscard]] const SourceModel& Source() const { return m_source; }
@@ -71,7 +71,7 @@ public:
     void Exchange(const ShownShapes& shown);
 
     /// Returns what could not be taken over, for a person. The document that is open already is
-    /// read again. The user can cancel it, see DocumentWork.
+    /// read again. The user can cancel it, see FileWork.
     std::vector<std::string> Open(const QString& path);
     void Save();
     /// From now on it is the document of this file.

@@ -2,7 +2,7 @@
 
 #include "CollectedFiles.h"
 #include "DocumentMenu.h"
-#include "DocumentWork.h"
+#include "FileWork.h"
 #include "MaterialLink.h"
 #include "OpenDocument.h"
 #include "ScenePane.h"

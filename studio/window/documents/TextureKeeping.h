@@ -8,7 +8,7 @@ class QMenu;
 namespace studio {
 
 class DocumentMenu;
-class DocumentWork;
+class FileWork;
 class MaterialLink;
 class OpenDocument;
 class ScenePane;
@@ -24,7 +24,7 @@ public:
     struct Parts {
         OpenDocument& document;
         DocumentMenu& documentMenu;
-        DocumentWork& work;
+        FileWork& work;
         WindowMessages& messages;
         ScenePane& scene;
         MaterialLink& link;

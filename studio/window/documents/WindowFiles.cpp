@@ -1,7 +1,6 @@
 #include "WindowFiles.h"
 
 #include "DocumentMenu.h"
-#include "DocumentWork.h"
 #include "FileOpening.h"
 #include "MaterialExchange.h"
 #include "ModelFiles.h"
@@ -27,9 +26,8 @@ namespace studio {
 WindowFiles::WindowFiles(const Parts& parts, const ImportProgram& importer)
     : m_parts(parts), m_report(std::make_unique<OpeningReport>(
                           OpeningReport::Parts{parts.messages, parts.scene, parts.exchange})),
-      m_work(std::make_unique<DocumentWork>(parts.window)),
       m_document(std::make_unique<OpenDocument>(
-          OpenDocument::Parts{parts.host, parts.scene, parts.history, *m_work})),
+          OpenDocument::Parts{parts.host, parts.scene, parts.history, parts.work})),
       m_menu(std::make_unique<DocumentMenu>(
           DocumentMenu::Parts{*m_document, parts.messages, parts.window})),
       m_models(
@@ -43,12 +41,12 @@ WindowFiles::WindowFiles(const Parts& parts, const ImportProgram& importer)
       m_recovery(std::make_unique<WorkRecovery>(WorkRecovery::Parts{
           parts.host, parts.messages, parts.scene, parts.history, *m_document, parts.window})),
       m_opening(std::make_unique<FileOpening>(parts.host.Settings(), parts.window)),
-      m_saving(std::make_unique<SourceSaving>(SourceSaving::Parts{parts.host, parts.messages,
-                                                                  parts.scene, *m_document,
-                                                                  parts.exchange, parts.window},
-                                              importer)),
+      m_saving(std::make_unique<SourceSaving>(
+          SourceSaving::Parts{parts.host, parts.messages, parts.scene, *m_document, parts.exchange,
+                              parts.work, parts.window},
+          importer)),
       m_keeping(std::make_unique<TextureKeeping>(TextureKeeping::Parts{
-          *m_document, *m_menu, *m_work, parts.messages, parts.scene, parts.panel.Link()}))
+          *m_document, *m_menu, parts.work, parts.messages, parts.scene, parts.panel.Link()}))
 {
     ConnectOpening();
     ConnectOutcomes();

@@ -13,7 +13,7 @@ class QUndoStack;
 namespace studio {
 
 class DocumentMenu;
-class DocumentWork;
+class FileWork;
 class FileOpening;
 class MaterialExchange;
 class ModelFiles;
@@ -44,6 +44,7 @@ public:
         PanelDock& panel;
         PanelLibraries& libraries;
         MaterialExchange& exchange;
+        FileWork& work;
         QMainWindow& window;
     };
 
@@ -54,7 +55,6 @@ public:
     [[nodiscard]] FileOpening& Opening() { return *m_opening; }
     [[nodiscard]] ModelFiles& Models() { return *m_models; }
     [[nodiscard]] WorkRecovery& Recovery() { return *m_recovery; }
-    [[nodiscard]] const DocumentWork& Work() const { return *m_work; }
     /// Whether the document may go; asks the user where he would lose something.
     [[nodiscard]] bool MayGo();
 
@@ -73,7 +73,6 @@ private:
     Parts m_parts;
     // In the order in which they need each other: the last one goes first.
     std::unique_ptr<OpeningReport> m_report;
-    std::unique_ptr<DocumentWork> m_work;
     std::unique_ptr<OpenDocument> m_document;
     std::unique_ptr<DocumentMenu> m_menu;
     std::unique_ptr<ModelFiles> m_models;

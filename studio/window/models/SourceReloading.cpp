@@ -34,15 +34,17 @@ QString FileNameOf(const std::string& path)
 Report ReportOf(const ReloadedScene& reloaded, const ImportedModel& model)
 {
     Report report = model.report;
-    const auto add = [&report](const std::string& shape, Outcome outcome, const QString& note) {
-        report.Add({shape, "shape", outcome, note.toStdString()});
+    const auto add = [&report](const std::string& shape, Outcome outcome, const QString& note,
+                               const QString& kind = {}) {
+        report.Add({shape, "shape", outcome, note.toStdString(), kind.toStdString()});
     };
     for (const std::string& name : reloaded.removed) {
         add(name, Outcome::Dropped, SourceReloading::tr("is no longer in the model"));
     }
     for (const auto& [former, name] : reloaded.renamed) {
         add(name, Outcome::Approximated,
-            SourceReloading::tr("was %1").arg(QString::fromStdString(former)));
+            SourceReloading::tr("was %1").arg(QString::fromStdString(former)),
+            SourceReloading::tr("was %1").arg(QStringLiteral("...")));
     }
     for (const std::string& name : reloaded.added) {
         add(name, Outcome::Approximated, SourceReloading::tr("is new"));

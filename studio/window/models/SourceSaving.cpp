@@ -1,14 +1,16 @@
 #include "SourceSaving.h"
 
+#include "FileWork.h"
+#include "FileWriting.h"
 #include "Interchange.h"
 #include "MaterialExchange.h"
 #include "ModelOpener.h"
 #include "OpenDocument.h"
+#include "SavingBack.h"
 #include "ScenePane.h"
 #include "ShownText.h"
 #include "StudioApplicationState.h"
 #include "StudioHost.h"
-#include "WaitCursor.h"
 #include "WindowMessages.h"
 
 #include <QAction>
@@ -30,7 +32,7 @@ QString NameOf(const std::string& path)
 QStringList LossesOf(const Report& report)
 {
     QStringList losses;
-    for (const ReportRow& row : report.Rows()) {
+    for (const ReportRow& row : LossesIn(report)) {
         if (row.outcome == Outcome::Dropped) {
             losses << QString::fromStdString(row.material + ": " + row.property + ", " + row.note);
         }
@@ -41,6 +43,23 @@ QStringList LossesOf(const Report& report)
         losses << SourceSaving::tr("and %1 more.").arg(more);
     }
     return losses;
+}
+
+QString QuestionOf(const SourcePatch& patch)
+{
+    QStringList names;
+    for (const PatchedFile& file : patch.files) {
+        names << NameOf(file.path);
+    }
+    QString question =
+        SourceSaving::tr("Save the changed materials into %1? Nothing else in it changes.")
+            .arg(names.join(SourceSaving::tr(" and ")));
+    if (const QStringList losses = LossesOf(patch.report); !losses.isEmpty()) {
+        question += QStringLiteral("\n\n") +
+                    SourceSaving::tr("What it cannot hold is not written:") + QStringLiteral("\n") +
+                    losses.join(u'\n');
+    }
+    return question;
 }
 
 }  // namespace
@@ -106,20 +125,14 @@ void SourceSaving::OfferReload(const QString& reason)
     }
 }
 
-QString SourceSaving::QuestionOf(const SourcePatch& patch) const
-{
-    QStringList names;
-    for (const PatchedFile& file : patch.files) {
-        names << NameOf(file.path);
-    }
-    QString question = tr("Save the changed materials into %1? Nothing else in it changes.")
-                           .arg(names.join(tr(" and ")));
-    if (const QStringList losses = LossesOf(patch.report); !losses.isEmpty()) {
-        question += QStringLiteral("\n\n") + tr("What it cannot hold is not written:") +
-                    QStringLiteral("\n") + losses.join(u'\n');
-    }
-    return question;
-}
+/// What is worked on beside the window.
+struct SourceSaving::Job {
+    MaterialSource source;
+    bool isOfScene = false;
+    DressedShapes now;
+    SourcePatch patch;
+    std::vector<std::string> others;  ///< files that the source is read with
+};
 
 void SourceSaving::Save(const QString& file, const ImportedModel& model)
 {
@@ -129,38 +142,59 @@ void SourceSaving::Save(const QString& file, const ImportedModel& model)
         StateOf(m_parts.document.Source()) != SourceState::Unchanged) {
         return;
     }
-    m_parts.messages.Telling([&] {
-        const MaterialSource source = SourceOf(path, model);
-        const StudioScene::Shapes& shapes = m_parts.scene.Scene().All();
-        if (!AreOf(source, shapes)) {
-            OfferReload(tr("The scene has other shapes than %1.").arg(NameOf(path)));
-            return;
+    const auto job = std::make_shared<Job>();
+    m_parts.work.Start(
+        tr("Comparing with %1...").arg(NameOf(path)),
+        [job, path, model,
+         shapes = CopiesOf(m_parts.scene.Scene().All())](const std::stop_token& stop) {
+            job->source = SourceOf(path, model);
+            job->isOfScene = AreOf(job->source, shapes);
+            if (job->isOfScene) {
+                job->now = DressedNow(job->source, shapes);
+                job->patch = PatchOf(job->source, job->now);
+            }
+            CorvexMaterial::ThrowIfStopped(stop);
+        },
+        [this, job] { Ask(job); });
+}
+
+void SourceSaving::Ask(const std::shared_ptr<Job>& job)
+{
+    const QString name = NameOf(job->source.path);
+    if (!job->isOfScene) {
+        OfferReload(tr("The scene has other shapes than %1.").arg(name));
+        return;
+    }
+    const QString losses =
+        m_parts.exchange.Keep(tr("Saved Back"), job->patch.report, job->now.materials.size());
+    if (!job->patch.files.empty()) {
+        if (m_parts.messages.Ask(QuestionOf(job->patch))) {
+            Write(job, losses);
         }
-        DressedShapes now;
-        SourcePatch patch;
-        {
-            const WaitCursor waiting;
-            now = DressedNow(source, shapes);
-            patch = PatchOf(source, now);
-        }
-        const QString losses =
-            m_parts.exchange.Keep(tr("Saved Back"), patch.report, now.materials.size());
-        if (patch.files.empty()) {
-            m_parts.messages.Show(losses.isEmpty()
-                                      ? tr("%1 has these materials already.").arg(NameOf(path))
-                                      : tr("%1 can hold nothing of what has changed. File > Last "
-                                           "Report tells more.")
-                                            .arg(NameOf(path)));
-            return;
-        }
-        if (!m_parts.messages.Ask(QuestionOf(patch))) {
-            return;
-        }
-        const WaitCursor waiting;
-        m_parts.document.SourceWritten(SourceModelAt(path, SaveBack(source, now)));
-        m_parts.messages.ShowAndLog(
-            tr("The materials were saved back into %1. %2").arg(file, losses).trimmed());
-    });
+        return;
+    }
+    m_parts.messages.Show(losses.isEmpty()
+                              ? tr("%1 has these materials already.").arg(name)
+                              : tr("%1 can hold nothing of what has changed. File > Last Report "
+                                   "tells more.")
+                                    .arg(name));
+}
+
+void SourceSaving::Write(const std::shared_ptr<Job>& job, const QString& losses)
+{
+    const std::string& path = job->source.path;
+    m_parts.work.Start(
+        tr("Writing %1...").arg(NameOf(path)),
+        [job](const std::stop_token& stop) { job->others = SaveBack(job->source, job->now, stop); },
+        [this, job, losses, path] {
+            // Another document may be shown by now.
+            if (m_parts.document.Source().path == path) {
+                m_parts.document.SourceWritten(SourceModelAt(path, job->others));
+            }
+            m_parts.messages.ShowAndLog(tr("The materials were saved back into %1. %2")
+                                            .arg(QString::fromStdString(path), losses)
+                                            .trimmed());
+        });
 }
 
 }  // namespace studio

@@ -1,9 +1,10 @@
 #pragma once
 
 #include "ModelImport.h"
-#include "SavingBack.h"
 
 #include <QObject>
+
+#include <memory>
 
 class QAction;
 class QMainWindow;
@@ -11,6 +12,7 @@ class QMenu;
 
 namespace studio {
 
+class FileWork;
 class MaterialExchange;
 class ModelOpener;
 class OpenDocument;
@@ -31,6 +33,7 @@ public:
         ScenePane& scene;
         OpenDocument& document;
         MaterialExchange& exchange;  ///< keeps the report
+        FileWork& work;
         QMainWindow& window;
     };
 
@@ -46,7 +49,9 @@ private:
     void Begin();
     void Save(const QString& file, const ImportedModel& model);
     void OfferReload(const QString& reason);
-    [[nodiscard]] QString QuestionOf(const SourcePatch& patch) const;
+    struct Job;
+    void Ask(const std::shared_ptr<Job>& job);
+    void Write(const std::shared_ptr<Job>& job, const QString& losses);
 
     Parts m_parts;
     ModelOpener* m_opener;
