@@ -1,7 +1,7 @@
 #pragma once
 
-// What the control's signal `Edited` tells, and what a host tells it of several shapes. For hosts too: standard C++17, nothing but the standard
-// library.
+// What the control's signal `Edited` tells, and what a host tells it of several shapes. For hosts
+// too: standard C++17, nothing but the standard library.
 
 #include <CorvexMaterial/Attribute.h>
 
