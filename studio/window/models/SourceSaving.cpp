@@ -137,9 +137,13 @@ struct SourceSaving::Job {
 void SourceSaving::Save(const QString& file, const ImportedModel& model)
 {
     const std::string path = file.toStdString();
-    // The window was alive while the model was read.
-    if (path != m_parts.document.Source().path ||
-        StateOf(m_parts.document.Source()) != SourceState::Unchanged) {
+    // The window was alive while the model was read: another one may be shown by now, or the file
+    // be another.
+    if (path != m_parts.document.Source().path) {
+        return;
+    }
+    if (StateOf(m_parts.document.Source()) != SourceState::Unchanged) {
+        Begin();
         return;
     }
     const auto job = std::make_shared<Job>();
