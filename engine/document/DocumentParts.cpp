@@ -100,6 +100,8 @@ constexpr QLatin1String kMatrix("matrix");
 constexpr QLatin1String kMoved("moved");
 constexpr QLatin1String kFlat("flat");
 constexpr QLatin1String kWrapped("wrapped");
+constexpr QLatin1String kHidden("hidden");
+constexpr QLatin1String kLocked("locked");
 
 QJsonObject FieldsOfStamp(const FileStamp& file, const std::string& folder)
 {
@@ -208,6 +210,12 @@ QByteArray JsonOfShape(const ShapeState& shape)
     }
     json.insert(kFlat, shape.option == ShapeOption::Flat);
     json.insert(kWrapped, shape.applied.coordinates == CorvexSG::CoordinateMode::FromWrap);
+    if (shape.flags.hidden) {
+        json.insert(kHidden, true);
+    }
+    if (shape.flags.locked) {
+        json.insert(kLocked, true);
+    }
     return Compact(json);
 }
 
@@ -224,6 +232,7 @@ bool ReadShape(std::string_view json, ShapeState& shape)
     shape.applied.coordinates = object.value(kWrapped).toBool()
                                     ? CorvexSG::CoordinateMode::FromWrap
                                     : CorvexSG::CoordinateMode::FromMesh;
+    shape.flags = {object.value(kHidden).toBool(), object.value(kLocked).toBool()};
     return hasPlace;
 }
 

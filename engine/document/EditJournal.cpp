@@ -160,13 +160,11 @@ private:
             const ShapeState& now = shapes[place]->State();
             ShapeState& told = m_told[place];
             if (now.applied == told.applied && now.option == told.option &&
-                now.moved == told.moved && now.placement == told.placement) {
+                now.moved == told.moved && now.placement == told.placement &&
+                now.flags == told.flags) {
                 continue;
             }
-            told.option = now.option;
-            told.placement = now.placement;
-            told.moved = now.moved;
-            told.applied = now.applied;
+            EditedShape(place, now).PutInto(told);
             isAny = true;
             if (std::exchange(m_waits[place], 1) == 0) {
                 m_next.places.push_back(place);
@@ -208,8 +206,7 @@ private:
         m_next.edits = work.edits;
         work.shapes.reserve(work.places.size());
         for (const std::size_t place : work.places) {
-            const ShapeState& told = m_told[place];
-            work.shapes.push_back({place, told.option, told.placement, told.moved, told.applied});
+            work.shapes.emplace_back(place, m_told[place]);
             m_waits[place] = 0;
         }
         return work;

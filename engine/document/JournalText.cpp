@@ -225,10 +225,7 @@ std::string JournalWriting::EditsLine(const JournalEdits& edits,
                           {QStringLiteral("material"), row->second}};
         if (!edited.StandsAsIn(state) || m_moved.contains(place)) {
             m_moved.insert(place);
-            state.option = edited.option;
-            state.placement = edited.placement;
-            state.moved = edited.moved;
-            state.applied.coordinates = edited.applied.coordinates;
+            edited.PutInto(state);
             shape.insert(QStringLiteral("state"), ObjectIn(JsonOfShape(state)));
         }
         shapeRows.append(shape);

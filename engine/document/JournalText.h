@@ -40,7 +40,23 @@ struct EditedShape {
     QMatrix4x4 placement;
     std::array<double, 3> moved{};
     AppliedMaterial applied;
+    ShapeFlags flags{};
 
+    EditedShape() = default;
+    EditedShape(std::size_t at, const ShapeState& state)
+        : place(at), option(state.option), placement(state.placement), moved(state.moved),
+          applied(state.applied), flags(state.flags)
+    {
+    }
+    /// Leaves what nobody edits as it is.
+    void PutInto(ShapeState& state) const
+    {
+        state.option = option;
+        state.placement = placement;
+        state.moved = moved;
+        state.applied = applied;
+        state.flags = flags;
+    }
     [[nodiscard]] bool IsAsIn(const ShapeState& state) const
     {
         return applied == state.applied && StandsAsIn(state);
@@ -48,7 +64,7 @@ struct EditedShape {
     [[nodiscard]] bool StandsAsIn(const ShapeState& state) const
     {
         return applied.coordinates == state.applied.coordinates && option == state.option &&
-               moved == state.moved && placement == state.placement;
+               moved == state.moved && placement == state.placement && flags == state.flags;
     }
 };
 

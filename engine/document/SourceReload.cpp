@@ -96,6 +96,7 @@ void Keep(const ShapeState& former, ShapeState& shape)
     }
     shape.option = former.option;
     shape.moved = former.moved;
+    shape.flags = former.flags;
     // A document does not write it again then.
     if (former.mesh != nullptr && shape.mesh != nullptr &&
         HaveSameBytes(former.mesh->vertices, shape.mesh->vertices) &&

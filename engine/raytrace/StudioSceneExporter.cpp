@@ -103,7 +103,9 @@ RaytraceScene RaytraceSceneOf(StudioScene& scene, const RaytraceSources& sources
         sources.complete(result.frame);
     }
     for (const auto& shape : scene.All()) {
-        result.names.push_back(shape->Name());
+        if (!shape->Flags().hidden) {
+            result.names.push_back(shape->Name());
+        }
     }
     if (sources.customFieldNames) {
         result.customFieldNames = sources.customFieldNames();

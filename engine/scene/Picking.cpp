@@ -115,7 +115,7 @@ std::optional<PickHit> PickNearest(const Ray& worldRay,
 {
     std::optional<PickHit> nearest;
     for (const auto& shape : shapes) {
-        const auto distance = HitDistance(worldRay, *shape);
+        const auto distance = shape->IsPickable() ? HitDistance(worldRay, *shape) : std::nullopt;
         if (distance && (!nearest || *distance < nearest->distance)) {
             nearest = PickHit{shape, *distance};
         }

@@ -3,6 +3,8 @@
 #include "Selection.h"
 #include <CorvexMaterial/Status.h>
 
+#include <algorithm>
+
 namespace studio {
 
 void StudioScene::ShowShape(const std::shared_ptr<CorvexSG::Shape>& shape)
@@ -23,6 +25,9 @@ void StudioScene::Fill(Frame& frame)
 {
     frame.items.reserve(frame.items.size() + m_shapes.size());
     for (const auto& shape : m_shapes) {
+        if (shape->Flags().hidden) {
+            continue;
+        }
         FrameItem item = shape->Item();
         item.selected = m_selection != nullptr && m_selection->Contains(*shape);
         frame.items.push_back(std::move(item));
@@ -34,6 +39,14 @@ void StudioScene::Add(std::shared_ptr<StudioShape> shape)
     if (shape != nullptr) {
         m_shapes.push_back(std::move(shape));
     }
+}
+
+StudioScene::Shapes StudioScene::Pickable() const
+{
+    Shapes pickable;
+    std::ranges::copy_if(m_shapes, std::back_inserter(pickable),
+                         [](const auto& shape) { return shape->IsPickable(); });
+    return pickable;
 }
 
 Bounds StudioScene::Extent() const

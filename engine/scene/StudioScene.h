@@ -41,6 +41,8 @@ public:
     [[nodiscard]] const Shapes& All() const { return m_shapes; }
     void SetShapes(Shapes shapes) { m_shapes = std::move(shapes); }
     void Add(std::shared_ptr<StudioShape> shape);
+    /// Those that are neither hidden nor locked.
+    [[nodiscard]] Shapes Pickable() const;
     /// The box around all shapes, in world coordinates.
     [[nodiscard]] Bounds Extent() const;
     /// The camera moved so that the shapes just fill the picture.

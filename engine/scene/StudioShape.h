@@ -42,6 +42,14 @@ enum class ShapeOption : std::int32_t {
 /// What `Move` understands: the axis of the world along which the shape moves.
 enum class MoveMode : std::int32_t { AlongX = 0, AlongY = 1, AlongZ = 2 };
 
+/// What the user keeps a shape out of.
+struct ShapeFlags {
+    bool hidden = false;  ///< it is neither drawn nor rendered, picked or framed
+    bool locked = false;  ///< it cannot be picked in the view
+
+    bool operator==(const ShapeFlags&) const = default;
+};
+
 /// All that a shape is.
 struct ShapeState {
     std::string name;
@@ -50,6 +58,7 @@ struct ShapeState {
     QMatrix4x4 placement;
     std::array<double, 3> moved{};  ///< double, so that small steps leave no rounding behind
     AppliedMaterial applied;
+    ShapeFlags flags{};
 
     bool operator==(const ShapeState&) const = default;
 };
@@ -87,6 +96,9 @@ public:
     [[nodiscard]] const AppliedMaterial& Applied() const { return m_state.applied; }
     /// A null material becomes the default one.
     void SetApplied(AppliedMaterial applied);
+    [[nodiscard]] const ShapeFlags& Flags() const { return m_state.flags; }
+    void SetFlags(const ShapeFlags& flags) { m_state.flags = flags; }
+    [[nodiscard]] bool IsPickable() const { return m_state.flags == ShapeFlags(); }
     [[nodiscard]] QMatrix4x4 WorldFromMesh() const;
     void SetWorldFromMesh(const QMatrix4x4& worldFromMesh);
     [[nodiscard]] FrameItem Item() const;

@@ -16,11 +16,13 @@
 #include "ScenePane.h"
 #include "SceneRaytracing.h"
 #include "SettingNames.h"
+#include "ShapeHiding.h"
 #include "StudioHost.h"
 #include "StudioIcon.h"
 #include "StudioSettings.h"
 #include "TextureFinder.h"
 #include "UndoKeys.h"
+#include "ViewportWidget.h"
 #include "WindowFiles.h"
 #include "WindowMessages.h"
 #include "WorkRecovery.h"
@@ -49,6 +51,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_messages(std::make_unique<WindowMessages>(host.Log(), platform.prompts, *this)),
       m_work(std::make_unique<FileWork>(*m_messages, *this)),
       m_scene(std::make_unique<ScenePane>(host, *m_messages, *this)),
+      m_hiding(std::make_unique<ShapeHiding>(m_scene->Scene(), m_scene->Selected(), m_history)),
       m_panel(std::make_unique<PanelDock>(
           PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
           std::move(clock))),
@@ -88,6 +91,7 @@ void MainWindow::ConnectParts()
     connect(m_files.get(), &WindowFiles::SceneRefused, this, &MainWindow::SceneRefused);
     connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
             &TextureFinder::ChooseFolder);
+    connect(m_hiding.get(), &ShapeHiding::Changed, &m_scene->Viewport(), &ViewportWidget::Draw);
     // A step may have given the selected shapes another material.
     connect(&m_history, &QUndoStack::indexChanged, m_scene.get(), &ScenePane::TellSelection);
     connect(m_exchange.get(), &MaterialExchange::Imported, m_libraries.get(),

@@ -23,6 +23,7 @@ class PanelLibraries;
 class ScenePane;
 class SceneExchange;
 class SceneRaytracing;
+class ShapeHiding;
 class StudioHost;
 class TextureFinder;
 class ViewportWidget;
@@ -63,6 +64,7 @@ public:
     [[nodiscard]] QUndoStack& History() { return m_history; }
     [[nodiscard]] QUndoStack& LibraryHistory();
     [[nodiscard]] OpenDocument& Document();
+    [[nodiscard]] ShapeHiding& Hiding() { return *m_hiding; }
     [[nodiscard]] FileWork& Work() { return *m_work; }
     [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
     [[nodiscard]] SceneExchange& Handing() { return *m_handing; }
@@ -94,6 +96,7 @@ private:
     std::unique_ptr<WindowMessages> m_messages;
     std::unique_ptr<FileWork> m_work;
     std::unique_ptr<ScenePane> m_scene;
+    std::unique_ptr<ShapeHiding> m_hiding;
     std::unique_ptr<PanelDock> m_panel;
     std::unique_ptr<PanelLibraries> m_libraries;
     std::unique_ptr<MaterialExchange> m_exchange;

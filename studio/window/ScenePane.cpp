@@ -87,8 +87,8 @@ std::shared_ptr<StudioShape> ScenePane::ShapeAt(QPoint position) const
 void ScenePane::AddSelectionTo(QMenu& menu)
 {
     menu.addAction(tr("Select &All"), QKeySequence::SelectAll, this,
-                   [this] { m_selection.Set(m_scene.All()); })
-        ->setStatusTip(tr("Selects every shape"));
+                   [this] { m_selection.Set(m_scene.Pickable()); })
+        ->setStatusTip(tr("Selects every shape that is neither hidden nor locked"));
     menu.addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
                    [this] { m_selection.Clear(); })
         ->setStatusTip(tr("Selects no shape"));

@@ -99,6 +99,7 @@ void ExpectSameEdits(const SceneContent& read, const SceneContent& written)
         EXPECT_EQ(one.placement, other.placement);
         EXPECT_EQ(one.moved, other.moved);
         EXPECT_EQ(one.option, other.option);
+        EXPECT_EQ(one.flags, other.flags);
         EXPECT_EQ(one.applied.coordinates, other.applied.coordinates);
         EXPECT_EQ(one.applied.gathered->material, other.applied.gathered->material);
         EXPECT_EQ(one.applied.gathered->applyMode, other.applied.gathered->applyMode);
@@ -117,9 +118,11 @@ TEST_F(EditJournalTest, GivesBackWhatWasEditedAndWhatIsShared)
     scene[3]->SetApplied(base.shapes[3].applied);
     Begin();
     scene[0]->Move(1.0F, 0);
+    scene[0]->SetFlags({.hidden = true, .locked = true});
     Edit(0, oak, "Oak");
     journal->Flush();
     scene[0]->Move(-1.0F, 0);
+    scene[0]->SetFlags({.hidden = false, .locked = true});
     Edit(1, oak, "Oak again");
     scene[2]->Move(0.25F, 1);
     scene[2]->SetShapeOption(static_cast<std::int32_t>(studio::ShapeOption::Flat));

@@ -45,9 +45,11 @@ protected:
         ShapeState facets = ball;
         facets.name = "Facets";
         facets.option = studio::ShapeOption::Flat;
+        facets.flags.hidden = true;
         facets.applied.coordinates = CorvexSG::CoordinateMode::FromMesh;
         ShapeState empty;
         empty.applied = Named("Plain", {});
+        empty.flags.locked = true;
         content.shapes = {ball, facets, empty};
         content.selection = {2, 0};
         content.camera = studio::Camera{{1.0F, 2.0F, 3.0F}, 10.0F, -20.0F, 7.0F, 40.0F};
@@ -106,6 +108,7 @@ void ExpectSame(const SceneContent& read, const SceneContent& written)
         const ShapeState& other = written.shapes[i];
         EXPECT_EQ(one.name, other.name);
         EXPECT_EQ(one.option, other.option);
+        EXPECT_EQ(one.flags, other.flags);
         EXPECT_EQ(one.placement, other.placement);
         EXPECT_EQ(one.moved, other.moved);
         EXPECT_EQ(one.applied.coordinates, other.applied.coordinates);

@@ -115,6 +115,8 @@ TEST(Picking, NearestShapeWinsWhateverTheOrderAndEmptyOnesAreNothing)
     ASSERT_TRUE(hit);
     EXPECT_EQ(hit->shape, front);
     EXPECT_EQ(PickNearest(ray, {front, back})->shape, front);
+    front->SetFlags({.locked = true});
+    EXPECT_EQ(PickNearest(ray, {front, back})->shape, back);
     EXPECT_FALSE(PickNearest({{0, 0, 10}, {0, 0, 1}}, {front, back}));  // looking away
     EXPECT_FALSE(PickNearest(ray, {}));
 }

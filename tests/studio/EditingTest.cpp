@@ -1,6 +1,8 @@
 #include "StudioRig.h"
 
+#include "ShapeHiding.h"
 #include "SqliteMaterialLibrary.h"
+#include "StudioSceneExporter.h"
 #include <CorvexMaterial/NamedColours.h>
 
 #include <QLabel>
@@ -39,6 +41,34 @@ TEST_F(Editing, SelectingShowsEachMaterialAndWithoutASelectionNoneChanges)
     rig.Choose("cboColor", "Bronze");
     EXPECT_EQ(Materials(), before);
     EXPECT_EQ(History().count(), 0);
+}
+
+TEST_F(Editing, WhatIsHiddenIsNeitherDrawnNorSelectedUntilThatIsUndone)
+{
+    const auto drawn = [this] {
+        studio::RaytraceScene scene = studio::RaytraceSceneOf(
+            const_cast<studio::StudioScene&>(rig.Window().Scene()), {});
+        EXPECT_EQ(scene.names.size(), scene.frame.items.size());
+        return scene.names;
+    };
+    const auto all = drawn();
+    rig.Select({0, 1});
+    rig.Window().Hiding().SetHidden({rig.Shape(1), rig.Shape(2)}, true);
+    rig.Window().Hiding().SetLocked({rig.Shape(3)}, true);
+    EXPECT_EQ(drawn().size(), all.size() - 2);
+    EXPECT_EQ(rig.Window().Selected().All(), studio::ShapeList{rig.Shape(0)});
+    rig.Trigger("Select All");
+    EXPECT_EQ(rig.Window().Selected().All().size(), all.size() - 3);
+    rig.Window().Hiding().Isolate({rig.Shape(2)});
+    EXPECT_EQ(drawn(), std::vector{all[2]});
+    EXPECT_EQ(History().undoText(), "Isolate " + QString::fromStdString(all[2]));
+    for (int steps = History().count(); steps > 0; --steps) {
+        History().undo();
+    }
+    EXPECT_EQ(drawn(), all);
+    EXPECT_EQ(rig.Window().Selected().All(), (studio::ShapeList{rig.Shape(0), rig.Shape(1)}));
+    rig.Window().Hiding().ShowAll();
+    EXPECT_EQ(History().index(), 0) << "nothing to show";
 }
 
 TEST_F(Editing, TypedTextIsOneStepThatTakesPanelAndShapeBack)
