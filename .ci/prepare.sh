@@ -5,6 +5,7 @@ studio_packages=(
     qt6-base-dev libqt6opengl6-dev qt6-image-formats-plugins
     libepoxy-dev libegl-dev libgl1-mesa-dri fonts-dejavu-core
     libassimp-dev libsqlite3-dev nlohmann-json3-dev povray povray-includes lld
+    qt6-l10n-tools qt6-translations-l10n
 )
 test_packages=(xvfb xauth libgtest-dev libgmock-dev clang libclang-rt-dev parallel)
 long_packages=(blender python3-numpy)

@@ -101,12 +101,9 @@ void PanelDock::ConnectPanel()
 
 void PanelDock::TellAffected(std::size_t shapes, std::size_t materials)
 {
-    const QLocale locale;
-    const QString shapeCount = locale.toString(static_cast<qulonglong>(shapes));
-    const QString materialCount = locale.toString(static_cast<qulonglong>(materials));
-    m_affects->setText(materials == 1
-                           ? tr("Affects %1 shapes, 1 material").arg(shapeCount)
-                           : tr("Affects %1 shapes, %2 materials").arg(shapeCount, materialCount));
+    m_affects->setText(tr("Affects %1, %2")
+                           .arg(tr("%Ln shape(s)", nullptr, static_cast<int>(shapes)),
+                                tr("%Ln material(s)", nullptr, static_cast<int>(materials))));
     m_affects->setVisible(shapes > 1);
 }
 

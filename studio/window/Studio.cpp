@@ -8,6 +8,7 @@
 #include "StudioHost.h"
 #include "Terminal.h"
 #include "Theme.h"
+#include <CorvexMaterial/Translations.h>
 
 namespace studio {
 namespace {
@@ -48,6 +49,7 @@ void NameApplication(QApplication& application)
     QApplication::setApplicationName(QLatin1String(kStudioName));
     QApplication::setApplicationDisplayName(QStringLiteral("Corvex Studio"));
     QApplication::setApplicationVersion(QStringLiteral(CORVEX_VERSION));
+    CorvexMaterial::InstallTranslations();
     ApplyTheme(application);
 }
 

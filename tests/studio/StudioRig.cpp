@@ -1,11 +1,14 @@
 #include "StudioRig.h"
 
 #include "FileWork.h"
+#include <CorvexMaterial/Translations.h>
 
 namespace StudioTest {
 
 StudioRig::StudioRig()
 {
+    // Once: "1 shape" and "2 shapes".
+    [[maybe_unused]] static const bool translated = CorvexMaterial::InstallTranslations();
     qputenv("XDG_CONFIG_HOME", files.Path().toLocal8Bit());
 }
 

@@ -1,11 +1,15 @@
 #include "ControlRig.h"
 
+#include <CorvexMaterial/Translations.h>
+
 namespace CorvexTest {
 
 using CorvexMaterial::Material;
 
 ControlRig::ControlRig() : m_host(host.Get()), m_platform(platform.Get())
 {
+    // Once: "1 shape" and "2 shapes".
+    [[maybe_unused]] static const bool translated = CorvexMaterial::InstallTranslations();
     for (const char* tip : {"POVRayConfiguration", "Simulation Texture", "MaterialTIF"}) {
         platform.settings.PutTip(tip, "0");
     }

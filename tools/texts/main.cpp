@@ -1,0 +1,20 @@
+// Prints the texts that stand in tables without Qt as a source that Qt's lupdate reads.
+
+#include <CorvexMaterial/Schema.h>
+
+#include <iostream>
+
+int main()
+{
+    std::cout << "#include <QtGlobal>\n";
+    const auto print = [](const char* text) {
+        std::cout << "QT_TRANSLATE_NOOP(\"Attribute\", \"" << text << "\")\n";
+    };
+    for (const CorvexMaterial::AttributeRow& row : CorvexMaterial::AttributeRows()) {
+        print(row.label);
+        if (const char* group = CorvexMaterial::LabelOf(row.group)) {
+            print(group);
+        }
+    }
+    return std::cout.flush() ? 0 : 1;
+}
