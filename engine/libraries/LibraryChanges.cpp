@@ -14,6 +14,26 @@ constexpr const char* kInsertEntry =
     "doublesided, alphatest, layers, raytraced, width, height, plugin, files, fields) "
     "VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16)";
 
+constexpr const char* kReplaceEntry =
+    "UPDATE entries SET (colour, ambient, emissive, specular, transparency, doublesided, "
+    "alphatest, layers, raytraced, width, height, plugin, files, fields) = "
+    "(?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11, ?12, ?13, ?14, ?15, ?16) WHERE id = ?1";
+
+/// From the third parameter on.
+void BindSearched(Statement& row, const SearchValues& search)
+{
+    int parameter = 3;
+    for (const auto& number : search.numbers) {
+        if (number) {
+            row.Bind(parameter, *number);
+        }
+        ++parameter;
+    }
+    for (const std::string& text : search.texts) {
+        row.Bind(parameter++, text);
+    }
+}
+
 }  // namespace
 
 // Work may rely on the entries being counted as they are in the file. After a failure they are
@@ -71,17 +91,29 @@ void LibraryFile::Rename(EntryId id, const std::string& name)
     });
 }
 
+void LibraryFile::Replace(EntryId id, const NewEntry& entry)
+{
+    Change([&] {
+        Statement row = m_database.Use(kReplaceEntry);
+        row.Bind(1, id);
+        BindSearched(row, entry.search);
+        row.Run();
+        m_database.Use("UPDATE contents SET json = ?2 WHERE entry = ?1")
+            .Bind(1, id)
+            .Bind(2, entry.json)
+            .Run();
+        m_database.Use("DELETE FROM thumbnails WHERE entry = ?1").Bind(1, id).Run();
+        if (!entry.png.empty()) {
+            PutPicture(id, entry.png);
+        }
+    });
+}
+
 void LibraryFile::SetThumbnails(std::span<const EntryPicture> pictures)
 {
     Change([&] {
         for (const EntryPicture& picture : pictures) {
-            // Another process may have removed the entry for good meanwhile.
-            m_database
-                .Use("INSERT OR REPLACE INTO thumbnails (entry, png) SELECT ?1, ?2 "
-                     "WHERE EXISTS (SELECT 1 FROM entries WHERE id = ?1)")
-                .Bind(1, picture.id)
-                .BindBlob(2, picture.png)
-                .Run();
+            PutPicture(picture.id, picture.png);
         }
     });
 }
@@ -161,16 +193,7 @@ EntryId LibraryFile::Insert(const NewEntry& entry)
 {
     Statement row = m_database.Use(kInsertEntry);
     row.Bind(1, entry.name).Bind(2, Folded(entry.name));
-    int parameter = 3;
-    for (const auto& number : entry.search.numbers) {
-        if (number) {
-            row.Bind(parameter, *number);
-        }
-        ++parameter;
-    }
-    for (const std::string& text : entry.search.texts) {
-        row.Bind(parameter++, text);
-    }
+    BindSearched(row, entry.search);
     row.Run();
     const EntryId id = m_database.LastId();
     m_database.Use("INSERT INTO contents (entry, json) VALUES (?1, ?2)")
@@ -178,12 +201,20 @@ EntryId LibraryFile::Insert(const NewEntry& entry)
         .Bind(2, entry.json)
         .Run();
     if (!entry.png.empty()) {
-        m_database.Use("INSERT INTO thumbnails (entry, png) VALUES (?1, ?2)")
-            .Bind(1, id)
-            .BindBlob(2, entry.png)
-            .Run();
+        PutPicture(id, entry.png);
     }
     return id;
+}
+
+// Another process may have removed the entry for good meanwhile.
+void LibraryFile::PutPicture(EntryId id, const std::string& png)
+{
+    m_database
+        .Use("INSERT OR REPLACE INTO thumbnails (entry, png) SELECT ?1, ?2 "
+             "WHERE EXISTS (SELECT 1 FROM entries WHERE id = ?1)")
+        .Bind(1, id)
+        .BindBlob(2, png)
+        .Run();
 }
 
 void LibraryFile::SetTrashed(EntryId id, std::int64_t trashed)

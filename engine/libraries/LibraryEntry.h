@@ -18,6 +18,15 @@ struct NewEntry {
     SearchValues search;
 };
 
+/// The entry that a material came from, and the state of its record then.
+struct EntryOrigin {
+    std::string library;  ///< its file, absolute
+    EntryId id = 0;
+    std::string revision;  ///< see `LibraryFile::RevisionOf`
+
+    bool operator==(const EntryOrigin&) const = default;
+};
+
 /// What an edit makes of an entry.
 struct EntryContent {
     std::string json;

@@ -1,13 +1,14 @@
 #include "LibraryFile.h"
 
-#include "FileWriting.h"
 #include "DatabaseError.h"
 #include "DatabaseKind.h"
+#include "FileWriting.h"
 #include "LibraryQuery.h"
 #include "QuerySql.h"
 #include "StoredPath.h"
 #include <CorvexMaterial/Status.h>
 
+#include <QCryptographicHash>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -127,6 +128,22 @@ std::string LibraryFile::JsonAt(std::int32_t index)
         ThrowDatabaseError(Path(), "entry " + std::to_string(index + 1) + " is no longer there");
     }
     return std::string(json.Text(0));
+}
+
+std::string LibraryFile::RevisionOf(EntryId id)
+{
+    constexpr int kSigns = 16;
+    Statement json = m_database.Use("SELECT json FROM contents WHERE entry = ?1");
+    json.Bind(1, id);
+    if (!json.Step()) {
+        return {};
+    }
+    const std::string_view text = json.Text(0);
+    const auto bytes = QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size()));
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1)
+        .toHex()
+        .first(kSigns)
+        .toStdString();
 }
 
 std::string LibraryFile::ThumbnailAt(std::int32_t index)

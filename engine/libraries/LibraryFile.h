@@ -47,6 +47,9 @@ public:
     /// Also of one in the trash; empty when there is no such entry.
     [[nodiscard]] std::string NameOf(EntryId id);
     [[nodiscard]] std::string JsonAt(std::int32_t index);
+    /// A short text that changes with the entry's record and with nothing else, and comes back with
+    /// it; the same in every file that has the record. Empty when there is no such entry.
+    [[nodiscard]] std::string RevisionOf(EntryId id);
     /// PNG as stored, empty when there is none.
     [[nodiscard]] std::string ThumbnailAt(std::int32_t index);
     /// Entries outside the trash that have this name, in any case.
@@ -58,6 +61,9 @@ public:
     /// All in one change, in this order, at the end.
     std::vector<EntryId> Add(std::span<const NewEntry> entries);
     void Rename(EntryId id, const std::string& name);
+    /// Record, what searches look at and the thumbnail become those of `entry`; id, place and name
+    /// stay. Nothing happens when there is no such entry.
+    void Replace(EntryId id, const NewEntry& entry);
     /// All in one change.
     void SetThumbnails(std::span<const EntryPicture> pictures);
 
@@ -91,6 +97,7 @@ private:
     void Change(const Work& work);
     void Load();
     EntryId Insert(const NewEntry& entry);
+    void PutPicture(EntryId id, const std::string& png);
     void SetTrashed(EntryId id, std::int64_t trashed);
 
     Database m_database;

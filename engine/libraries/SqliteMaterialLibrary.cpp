@@ -29,6 +29,7 @@ CorvexDB::udtMaterial SqliteMaterialLibrary::MaterialAt(std::int32_t index)
                                    "': " + problem + '.');
     }
     m_taken = file.NameAt(index);
+    m_lastTaken = {file.Path(), file.IdAt(index), file.RevisionOf(file.IdAt(index))};
     return std::move(reading.material);
 }
 

@@ -37,6 +37,8 @@ public:
     [[nodiscard]] LibraryFile* File() { return m_file ? &*m_file : nullptr; }
     /// Name of the entry that the control has asked for since the last call; empty for none.
     [[nodiscard]] std::string TakenEntry() { return std::exchange(m_taken, {}); }
+    /// Where the material that the control asked for last came from; with id 0 for none.
+    [[nodiscard]] const EntryOrigin& LastTaken() const { return m_lastTaken; }
     /// Told after each change that came through the control; not those made on `File()`.
     void SetListener(LibraryListener listener) { m_listener = std::move(listener); }
 
@@ -47,6 +49,7 @@ private:
     std::optional<LibraryFile> m_file;
     LibraryListener m_listener;
     std::string m_taken;
+    EntryOrigin m_lastTaken;
 };
 
 }  // namespace studio

@@ -1,5 +1,6 @@
 #include "SampleMaterials.h"
 
+#include "LibraryQuery.h"
 #include "LibraryReading.h"
 
 #include <sys/stat.h>
@@ -51,6 +52,29 @@ TEST(LibraryFiles, KeepOrderNamesAndPicturesThroughTrashAndBack)
     again.EmptyTrash();
     EXPECT_GT(again.Add(EntryNamed("new")), ids[3]) << "an id is never used again";
     EXPECT_THAT(again.StructureProblems(), IsEmpty());
+}
+
+TEST(LibraryFiles, TellOneStateOfARecordFromAnother)
+{
+    const LibraryTest::TemporaryLibrary temporary;
+    auto library = temporary.Open();
+    studio::NamedMaterial oak{"Oak", {}};
+    const auto entry = [&oak] { return studio::EntryOfMaterial(oak, "/"); };
+    const auto id = library.Add(entry());
+    const std::string before = library.RevisionOf(id);
+    library.Rename(id, "Elm");
+    EXPECT_EQ(library.RevisionOf(id), before) << "the record is the same";
+    oak.material.Transparency = 40;
+    library.Replace(id, entry());
+    EXPECT_NE(library.RevisionOf(id), before);
+    EXPECT_EQ(library.NameAt(0), "Elm");
+    EXPECT_EQ(studio::ReadMaterial(library, 0).material.Transparency, 40);
+    const auto query = studio::ReadLibraryQuery("transparency=40");
+    EXPECT_THAT(library.Search(std::get<studio::LibraryQuery>(query)), ElementsAre(0));
+    oak.material.Transparency = 0;
+    library.Replace(id, entry());
+    EXPECT_EQ(library.RevisionOf(id), before) << "and so is this one again";
+    EXPECT_EQ(library.RevisionOf(id + 1), "");
 }
 
 TEST(LibraryFiles, RefuseIndexesOutsideAndLeaveTheRestUsable)
