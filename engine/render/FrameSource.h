@@ -1,8 +1,13 @@
 #pragma once
 
+#include <QVector3D>
+
+#include <optional>
+
 namespace studio {
 
 struct Frame;
+struct Ray;
 
 /// What a viewport shows.
 class FrameSource {
@@ -11,6 +16,11 @@ public:
     /// Adds the items. Camera, background and size are the viewport's and already filled in; a
     /// source may replace the background. Called on the user-interface thread.
     virtual void Fill(Frame& frame) = 0;
+    /// What is seen along a ray; nothing for the background.
+    [[nodiscard]] virtual std::optional<QVector3D> SurfaceAt(const Ray& /*ray*/) const
+    {
+        return std::nullopt;
+    }
 };
 
 }  // namespace studio

@@ -1,5 +1,6 @@
 #include "StudioScene.h"
 
+#include "Picking.h"
 #include "Selection.h"
 #include <CorvexMaterial/Status.h>
 
@@ -32,6 +33,13 @@ void StudioScene::Fill(Frame& frame)
         item.selected = m_selection != nullptr && m_selection->Contains(*shape);
         frame.items.push_back(std::move(item));
     }
+}
+
+std::optional<QVector3D> StudioScene::SurfaceAt(const Ray& ray) const
+{
+    const auto hit = PickNearest(ray, m_shapes);
+    return hit ? std::optional(ray.origin + static_cast<float>(hit->distance) * ray.direction)
+               : std::nullopt;
 }
 
 void StudioScene::Add(std::shared_ptr<StudioShape> shape)

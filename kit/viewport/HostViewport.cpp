@@ -39,6 +39,7 @@ HostViewport::HostViewport(RenderService& service, QWidget* parent)
             m_listener->PositionChanged(text.toStdString());
         }
     });
+    connect(m_widget, &ViewportWidget::doubleClicked, m_widget, &ViewportWidget::ResetView);
     connect(m_widget, &ViewportWidget::interactionFinished, this, [this] {
         if (m_listener != nullptr) {
             m_listener->ViewChanged();

@@ -4,6 +4,7 @@
 #include "FrameSource.h"
 #include "OrbitMotion.h"
 #include "TextureCache.h"
+#include "ViewTool.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -11,6 +12,7 @@
 #include <QWheelEvent>
 
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 namespace studio {
@@ -19,6 +21,7 @@ namespace {
 constexpr int kRefineDelayMs = 150;
 constexpr int kWheelEndMs = 250;
 constexpr float kWheelUnitsPerStep = 120.0F;
+constexpr int kBoxAlpha = 48;
 
 }  // namespace
 
@@ -185,7 +188,7 @@ void ViewportWidget::Settle(int samples)
 void ViewportWidget::RefineWhenIdle()
 {
     // A refined picture takes about four times as long, which a moving view must not wait for.
-    if (!m_wanted && m_drag != Drag::Turn && m_drag != Drag::Pan) {
+    if (!m_wanted && !m_hold.MovesCamera()) {
         m_refineSoon.start();
     }
 }
@@ -197,16 +200,53 @@ void ViewportWidget::MoveCamera(const studio::Camera& camera)
     Q_EMIT positionText(PositionText());
 }
 
-void ViewportWidget::DragBy(QPointF delta)
+std::optional<QVector3D> ViewportWidget::SurfaceAt(QPointF position) const
 {
-    MoveCamera(m_drag == Drag::Pan ? Panned(m_camera, delta, QSizeF(size()))
-                                   : Turned(m_camera, delta));
+    return m_source != nullptr ? m_source->SurfaceAt(m_camera.RayThrough(position, size()))
+                               : std::nullopt;
+}
+
+QVector3D ViewportWidget::PointAt(QPointF position) const
+{
+    if (const auto surface = SurfaceAt(position)) {
+        return *surface;
+    }
+    return PointOnTargetPlane(m_camera, m_camera.RayThrough(position, size()));
+}
+
+void ViewportWidget::AddTool(ViewTool& tool)
+{
+    m_tools.push_back(&tool);
+    setMouseTracking(true);
+    update();
+}
+
+void ViewportWidget::RemoveTool(ViewTool& tool)
+{
+    if (m_hold.tool == &tool) {
+        CancelHold();
+    }
+    std::erase(m_tools, &tool);
+    setMouseTracking(!m_tools.empty());
+    update();
 }
 
 void ViewportWidget::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     m_picture.Paint(painter, rect(), BackdropColoursOf(m_background, Frame().backdrop));
+    for (ViewTool* tool : m_tools) {
+        painter.save();
+        tool->Paint(painter);
+        painter.restore();
+    }
+    if (m_hold.DrawsBox()) {
+        QColor inside = palette().color(QPalette::Highlight);
+        painter.setPen(inside);
+        inside.setAlpha(kBoxAlpha);
+        painter.setBrush(inside);
+        painter.drawRect(m_hold.Box());
+    }
 }
 
 void ViewportWidget::resizeEvent(QResizeEvent* event)
@@ -223,56 +263,109 @@ void ViewportWidget::showEvent(QShowEvent* event)
     DrawSoon();
 }
 
+bool ViewportWidget::ToolTakes(const QMouseEvent& event)
+{
+    if (event.button() != Qt::LeftButton || event.modifiers().testFlag(Qt::AltModifier)) {
+        return false;
+    }
+    const auto taker = std::ranges::find_if(
+        m_tools | std::views::reverse, [&](ViewTool* tool) { return tool->MousePress(event); });
+    m_hold.tool = taker != m_tools.rend() ? *taker : nullptr;
+    return m_hold.tool != nullptr;
+}
+
 void ViewportWidget::mousePressEvent(QMouseEvent* event)
 {
-    if (m_drag != Drag::None && event->buttons().testFlag(m_button)) {
+    if (m_hold.button != Qt::NoButton && event->buttons().testFlag(m_hold.button)) {
         return;  // a second button does not change what the first one began
     }
-    m_button = event->button();
-    m_drag = Drag::None;
-    m_pressed = m_last = event->position();
-    if (event->button() == Qt::MiddleButton) {
-        m_drag = Drag::Pan;
-        setCursor(Qt::SizeAllCursor);
-    } else if (event->button() == Qt::LeftButton) {
-        m_drag = Drag::Undecided;
+    m_hold = {};
+    m_hold.button = event->button();
+    m_hold.pressed = m_hold.last = event->position();
+    m_hold.before = m_camera;
+    if (ToolTakes(*event)) {
+        return;
     }
+    const auto surface = SurfaceAt(event->position());
+    m_hold.action =
+        ActionOfDrag(m_preset, m_use, {event->button(), event->modifiers(), surface.has_value()});
+    // A turn that begins beside all shapes is one of all of them.
+    const bool isTurn = m_hold.action == ViewAction::Orbit;
+    m_hold.held = surface ? *surface : isTurn ? m_camera.target : PointAt(event->position());
+}
+
+void ViewportWidget::BeginDrag()
+{
+    m_hold.isDragged = true;
+    if (m_hold.action != ViewAction::None) {
+        setCursor(m_hold.Cursor());
+    }
+}
+
+void ViewportWidget::CancelHold()
+{
+    const PointerHold hold = std::exchange(m_hold, {});
+    unsetCursor();
+    if (hold.tool != nullptr) {
+        hold.tool->MouseCancel();
+    } else if (hold.MovesCamera()) {
+        MoveCamera(hold.before);
+    }
+    update();
 }
 
 void ViewportWidget::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointF position = event->position();
-    if (m_drag == Drag::Undecided &&
-        (position - m_pressed).manhattanLength() >= QApplication::startDragDistance()) {
-        const bool pan = event->modifiers().testFlag(Qt::ShiftModifier);
-        m_drag = pan ? Drag::Pan : Drag::Turn;
-        setCursor(pan ? Qt::SizeAllCursor : Qt::ClosedHandCursor);
+    if (m_hold.tool != nullptr) {
+        m_hold.tool->MouseMove(*event);
+        return;
     }
-    if (m_drag == Drag::Turn || m_drag == Drag::Pan) {
-        DragBy(position - m_last);
-        m_last = position;
+    if (m_hold.button == Qt::NoButton) {
+        std::ranges::find_if(m_tools | std::views::reverse,
+                             [&](ViewTool* tool) { return tool->MouseMove(*event); });
+        return;
+    }
+    const QPointF position = event->position();
+    if (!m_hold.isDragged &&
+        (position - m_hold.pressed).manhattanLength() >= QApplication::startDragDistance()) {
+        BeginDrag();
+    }
+    if (m_hold.isDragged) {
+        const QPointF moved = position - std::exchange(m_hold.last, position);
+        if (m_hold.MovesCamera()) {
+            MoveCamera(m_hold.Moved(m_camera, moved, QSizeF(size()), m_home.distance));
+        }
+        update();
     }
 }
 
 void ViewportWidget::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() != m_button) {
+    if (event->button() != m_hold.button) {
         return;
     }
-    const Drag drag = std::exchange(m_drag, Drag::None);
+    const PointerHold hold = std::exchange(m_hold, {});
     unsetCursor();
-    if (drag == Drag::Undecided) {
-        Q_EMIT clicked(event->position().toPoint(), event->modifiers());
-    } else if (drag != Drag::None) {
+    if (hold.tool != nullptr) {
+        hold.tool->MouseRelease(*event);
+    } else if (hold.DrawsBox()) {
+        update();
+        Q_EMIT boxed(hold.Box(), event->modifiers());
+    } else if (hold.MovesCamera()) {
         RefineWhenIdle();
         Q_EMIT interactionFinished();
+    } else if (!hold.isDragged && hold.button == Qt::LeftButton) {
+        Q_EMIT clicked(event->position().toPoint(), event->modifiers());
     }
 }
 
+// The first click of the two was one already.
 void ViewportWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) {
-        ResetView();
+    mousePressEvent(event);
+    if (event->button() == Qt::LeftButton && m_hold.tool == nullptr) {
+        m_hold = {};
+        Q_EMIT doubleClicked(event->position().toPoint());
     }
 }
 
@@ -282,9 +375,36 @@ void ViewportWidget::wheelEvent(QWheelEvent* event)
     if (steps == 0.0F) {
         return;
     }
-    MoveCamera(Zoomed(m_camera, steps, m_home.distance));
+    MoveCamera(Zoomed(m_camera, steps, PointAt(event->position()), m_home.distance));
     m_wheelEnd.start();
     event->accept();
+}
+
+void ViewportWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && m_hold.button != Qt::NoButton) {
+        CancelHold();
+        return;
+    }
+    const bool isTaken = std::ranges::any_of(
+        m_tools | std::views::reverse, [event](ViewTool* tool) { return tool->KeyPress(*event); });
+    if (!isTaken) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void ViewportWidget::leaveEvent(QEvent* event)
+{
+    for (ViewTool* tool : m_tools) {
+        tool->MouseLeave();
+    }
+    QWidget::leaveEvent(event);
+}
+
+void ViewportWidget::hideEvent(QHideEvent* event)
+{
+    CancelHold();
+    QWidget::hideEvent(event);
 }
 
 }  // namespace studio

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "Frame.h"
+#include "Navigation.h"
+#include "PointerHold.h"
 #include "RenderService.h"
 #include "ViewportPicture.h"
 #include <CorvexMaterial/Colour.h>
@@ -9,12 +11,17 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <optional>
+#include <vector>
+
 namespace studio {
 
 class FrameSource;
+class ViewTool;
 
 /// A plain widget that shows the newest picture of its source and moves the camera with the mouse:
-/// drag turns, middle or shift drag pans, the wheel zooms, a double click resets.
+/// drags as the preset says (`ActionOfDrag`), round and by what is under the pointer, where the
+/// wheel zooms to. What is selected with it is its owner's business.
 class ViewportWidget : public QWidget {
     Q_OBJECT
 
@@ -34,9 +41,15 @@ public:
 
     [[nodiscard]] const studio::Camera& Camera() const { return m_camera; }
     void SetCamera(const studio::Camera& camera);
-    /// The view that a double click returns to, and that zoom 100 % refers to. Goes there.
+    /// The view that `ResetView` returns to, and that zoom 100 % refers to. Goes there.
     void SetHomeCamera(const studio::Camera& camera);
     void ResetView();
+
+    void SetNavigation(NavigationPreset preset) { m_preset = preset; }
+    void SetUse(ViewUse use) { m_use = use; }
+    /// The tool outlives the widget or is removed before.
+    void AddTool(ViewTool& tool);
+    void RemoveTool(ViewTool& tool);
 
     void SetBackground(CorvexMaterial::Colour colour);
 
@@ -52,6 +65,9 @@ public:
 Q_SIGNALS:
     /// Pressed and released without a drag; widget coordinates (see Camera::RayThrough).
     void clicked(QPoint position, Qt::KeyboardModifiers modifiers);
+    void doubleClicked(QPoint position);
+    /// A drag around shapes that are to be selected.
+    void boxed(QRectF box, Qt::KeyboardModifiers modifiers);
     /// The end of a drag, of a run of wheel steps, or a reset.
     void interactionFinished();
     /// The picture that was asked for last has become the one that is painted.
@@ -69,17 +85,22 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
-    enum class Drag { None, Undecided, Turn, Pan };
-
     void DrawSoon();
     void RequestPicture(int samples);
     void Receive(const RenderResult& result);
     void Settle(int samples);
     void RefineWhenIdle();
     void MoveCamera(const studio::Camera& camera);
-    void DragBy(QPointF delta);
+    [[nodiscard]] std::optional<QVector3D> SurfaceAt(QPointF position) const;
+    [[nodiscard]] QVector3D PointAt(QPointF position) const;
+    [[nodiscard]] bool ToolTakes(const QMouseEvent& event);
+    void BeginDrag();
+    void CancelHold();
 
     RenderService& m_service;
     RenderService::ViewId m_view;
@@ -93,10 +114,10 @@ private:
     QTimer m_refineSoon;  ///< a view that rests gets smooth edges
     QTimer m_wheelEnd;
     std::uint64_t m_requests = 0;
-    Drag m_drag = Drag::None;
-    Qt::MouseButton m_button = Qt::NoButton;  ///< that began the drag
-    QPointF m_pressed;
-    QPointF m_last;
+    NavigationPreset m_preset = NavigationPreset::Studio;
+    ViewUse m_use = ViewUse::Look;
+    PointerHold m_hold;
+    std::vector<ViewTool*> m_tools;  ///< the newest last
 };
 
 }  // namespace studio

@@ -24,6 +24,10 @@ ScenePane::ScenePane(StudioHost& host, WindowMessages& messages, QMainWindow& wi
             [this](QPoint position, Qt::KeyboardModifiers modifiers) {
                 m_selection.Click(ShapeAt(position), modifiers);
             });
+    connect(m_viewport, &ViewportWidget::doubleClicked, this, [this](QPoint position) {
+        const auto shape = ShapeAt(position);
+        FrameShapes(shape != nullptr ? StudioScene::Shapes{shape} : m_scene.All());
+    });
     connect(m_viewport, &ViewportWidget::positionText, &messages, &WindowMessages::ShowPosition);
     connect(m_viewport, &ViewportWidget::failed, &messages, [&messages](const QString& message) {
         messages.Log(QStringLiteral("Viewport: ") + message);
@@ -96,16 +100,12 @@ void ScenePane::AddSelectionTo(QMenu& menu)
 
 void ScenePane::AddFramingTo(QMenu& menu)
 {
-    QAction* selection =
-        menu.addAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")), this, [this] {
-            StudioScene selected;
-            selected.SetShapes(m_selection.All());
-            Frame(selected);
-        });
+    QAction* selection = menu.addAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")), this,
+                                        [this] { FrameShapes(m_selection.All()); });
     selection->setStatusTip(tr("Brings the selected shapes into view"));
     EnableWithSelection(selection);
     menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
-                   [this] { Frame(m_scene); })
+                   [this] { FrameShapes(m_scene.All()); })
         ->setStatusTip(tr("Brings all shapes into view"));
 }
 
@@ -116,8 +116,10 @@ void ScenePane::EnableWithSelection(QAction* action)
     follow();
 }
 
-void ScenePane::Frame(StudioScene& scene)
+void ScenePane::FrameShapes(StudioScene::Shapes shapes)
 {
+    StudioScene scene;
+    scene.SetShapes(std::move(shapes));
     m_viewport->SetCamera(scene.FramedBy(m_viewport->Camera()));
     m_viewport->Draw();
 }

@@ -44,7 +44,7 @@ public:
 private:
     /// Its name and how many shapes share it; empty for a material without a name.
     [[nodiscard]] QString MaterialText(const std::shared_ptr<StudioShape>& shape) const;
-    void Frame(StudioScene& scene);
+    void FrameShapes(StudioScene::Shapes shapes);
 
     WindowMessages& m_messages;
     StudioScene m_scene;

@@ -4,6 +4,7 @@
 #include "GlContext.h"
 #include "Images.h"
 #include "TextureCache.h"
+#include "ViewTool.h"
 #include <CorvexMaterial/Status.h>
 
 #include <QWheelEvent>
@@ -184,7 +185,7 @@ TEST_F(ViewportWidgetTest, DragsTurnAndPanAndAClickDoesNeither)
     EXPECT_EQ(clicked.count(), 3);
 }
 
-TEST_F(ViewportWidgetTest, WheelZoomsWithinLimitsAndADoubleClickReturns)
+TEST_F(ViewportWidgetTest, WheelZoomsToThePointerWithinLimits)
 {
     ShowAndWait();
     const studio::Camera home = widget.Camera();
@@ -194,12 +195,59 @@ TEST_F(ViewportWidgetTest, WheelZoomsWithinLimitsAndADoubleClickReturns)
     EXPECT_TRUE(finished.wait());
     EXPECT_EQ(finished.count(), 1);
     Wheel(1000);
-    EXPECT_GT(widget.Camera().distance, home.distance / 100.0F);
+    EXPECT_GT(widget.Camera().distance, home.distance / 1000.0F);
     Wheel(-2000);
     EXPECT_LT(widget.Camera().distance, home.distance * 100.0F);
-    QTest::mouseDClick(&widget, Qt::LeftButton, {}, {100, 75});
+    widget.ResetView();
     EXPECT_EQ(widget.Camera(), home);
     EXPECT_EQ(widget.PositionText(), "Yaw 35°  Pitch 20°  Zoom 100 %");
+}
+
+/// Takes what is pressed in the left half, and hears of it.
+class LeftHalf : public studio::ViewTool {
+public:
+    bool MousePress(const QMouseEvent& event) override
+    {
+        heard += 'p';
+        return event.position().x() < 100.0;
+    }
+    bool MouseMove(const QMouseEvent& /*event*/) override
+    {
+        heard += 'm';
+        return true;
+    }
+    void MouseRelease(const QMouseEvent& /*event*/) override { heard += 'r'; }
+    void MouseCancel() override { heard += 'c'; }
+
+    std::string heard;
+};
+
+TEST_F(ViewportWidgetTest, ToolTakesADragOrLeavesItToTheView)
+{
+    LeftHalf older;
+    LeftHalf tool;
+    widget.AddTool(older);
+    widget.AddTool(tool);
+    const studio::Camera home = widget.Camera();
+    QSignalSpy clicked(&widget, &ViewportWidget::clicked);
+    QTest::mousePress(&widget, Qt::LeftButton, {}, {20, 30});
+    QTest::mouseMove(&widget, {150, 30});
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, {150, 30});
+    EXPECT_EQ(tool.heard, "pmr");
+    EXPECT_EQ(older.heard, "");
+    EXPECT_EQ(widget.Camera(), home);
+    QTest::mousePress(&widget, Qt::LeftButton, {}, {20, 30});
+    QTest::keyClick(&widget, Qt::Key_Escape);
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, {20, 30});
+    EXPECT_EQ(tool.heard, "pmrpc");
+    EXPECT_EQ(clicked.count(), 0);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, {150, 30});
+    EXPECT_EQ(clicked.count(), 1);
+    Drag(Qt::LeftButton, Qt::AltModifier, {-80, 0});
+    EXPECT_NE(widget.Camera(), home);
+    EXPECT_EQ(tool.heard, "pmrpcp");
+    widget.RemoveTool(tool);
+    widget.RemoveTool(older);
 }
 
 TEST(ViewportWithoutDevice, SaysSo)
