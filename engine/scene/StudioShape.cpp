@@ -70,6 +70,7 @@ void StudioShape::ApplyMaterial(const CorvexSG::MaterialApplication& application
         m_shown = WithMergedPoints(m_shown);
     }
     m_state.applied.gathered = std::move(gathered);
+    m_instead.reset();
 }
 
 void StudioShape::ApplyMaterialWrapped(const CorvexSG::MaterialApplication& application)
@@ -120,6 +121,7 @@ void StudioShape::SetApplied(AppliedMaterial applied)
         applied.gathered = WholeMaterial({}).gathered;
     }
     m_state.applied = std::move(applied);
+    m_instead.reset();
 }
 
 QMatrix4x4 StudioShape::WorldFromMesh() const
@@ -141,12 +143,13 @@ void StudioShape::SetWorldFromMesh(const QMatrix4x4& worldFromMesh)
 
 FrameItem StudioShape::Item() const
 {
+    const AppliedMaterial& drawn = m_instead ? *m_instead : m_state.applied;
     FrameItem item;
     item.mesh = m_shown;
-    item.material = {m_state.applied.gathered, &m_state.applied.gathered->material};
+    item.material = {drawn.gathered, &drawn.gathered->material};
     item.worldFromMesh = WorldFromMesh();
-    item.coordinates = m_state.applied.coordinates;
-    item.applyMode = m_state.applied.gathered->applyMode;
+    item.coordinates = drawn.coordinates;
+    item.applyMode = drawn.gathered->applyMode;
     return item;
 }
 

@@ -7,7 +7,9 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace studio {
 
@@ -99,6 +101,10 @@ public:
     [[nodiscard]] const ShapeFlags& Flags() const { return m_state.flags; }
     void SetFlags(const ShapeFlags& flags) { m_state.flags = flags; }
     [[nodiscard]] bool IsPickable() const { return m_state.flags == ShapeFlags(); }
+    /// What is drawn in the place of the applied material, as long as no other is applied; nothing
+    /// to draw that one again. It is no part of what the shape is.
+    void ShowInstead(std::optional<AppliedMaterial> shown) { m_instead = std::move(shown); }
+    [[nodiscard]] bool ShowsAnother() const { return m_instead.has_value(); }
     [[nodiscard]] QMatrix4x4 WorldFromMesh() const;
     void SetWorldFromMesh(const QMatrix4x4& worldFromMesh);
     [[nodiscard]] FrameItem Item() const;
@@ -108,6 +114,7 @@ private:
 
     ShapeState m_state;
     std::shared_ptr<const Mesh> m_shown;
+    std::optional<AppliedMaterial> m_instead;  ///< its material is never null
 };
 
 }  // namespace studio

@@ -77,7 +77,9 @@ MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
     : QObject(parent), m_parts(parts), m_clock(std::move(clock))
 {
     connect(&m_parts.material, &Material::Edited, this, &MaterialLink::ApplyEdit);
+    connect(&m_parts.selection, &Selection::Changed, &m_previewing, &MaterialPreviewing::End);
     connect(&m_parts.selection, &Selection::Changed, this, &MaterialLink::ShowSelected);
+    connect(&m_previewing, &MaterialPreviewing::ShapesChanged, this, &MaterialLink::ShapesChanged);
 }
 
 void MaterialLink::ApplyEdit(const MaterialEdit& edit)
@@ -132,8 +134,8 @@ void MaterialLink::Make(std::vector<ShapeChange> changes)
     ShowSelected();
 }
 
-void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
-                       const CorvexDB::udtMaterial& material, const std::string& name)
+ShapeChange MaterialLink::PutOf(const std::shared_ptr<StudioShape>& shape,
+                                const CorvexDB::udtMaterial& material)
 {
     const AppliedMaterial before = shape->Applied();
     const auto coordinates = Differ(before.gathered->material, material, MakesCoordinates)
@@ -142,8 +144,13 @@ void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
     gathered->material = material;
     gathered->applyMode = before.gathered->applyMode;
-    std::vector<ShapeChange> changes{
-        {shape, before, {std::move(gathered), coordinates, before.identity}}};
+    return {shape, before, {std::move(gathered), coordinates, before.identity}};
+}
+
+void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
+                       const CorvexDB::udtMaterial& material, const std::string& name)
+{
+    std::vector<ShapeChange> changes{PutOf(shape, material)};
     Name(changes, name);
     Make(std::move(changes));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MaterialCommand.h"
+#include "MaterialPreviewing.h"
 #include "Selection.h"
 #include "StudioScene.h"
 #include <CorvexMaterial/Material.h>
@@ -43,6 +44,11 @@ public:
     /// it is shared with the shapes that have this material already.
     void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material,
              const std::string& name = {});
+    /// What `Put` would do to the shape, to be shown before it is done.
+    [[nodiscard]] static ShapeChange PutOf(const std::shared_ptr<StudioShape>& shape,
+                                           const CorvexDB::udtMaterial& material);
+    /// What is shown on shapes that does not count yet. It ends with the next selection.
+    [[nodiscard]] MaterialPreviewing& Previewing() { return m_previewing; }
 
 Q_SIGNALS:
     /// Shapes look different now.
@@ -70,6 +76,7 @@ private:
 
     LinkedParts m_parts;
     Clock m_clock;
+    MaterialPreviewing m_previewing;
     bool m_showsSoon = false;
 };
 
