@@ -49,6 +49,7 @@ QString Numbered(const char* array, std::size_t row)
 CustomFieldsPanel::CustomFieldsPanel(QWidget* parent)
     : QWidget(parent), m_grid(new QGridLayout(this))
 {
+    setProperty("helpTopic", QStringLiteral("custom-fields"));
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setHorizontalSpacing(8);
     m_grid->setVerticalSpacing(4);

@@ -37,6 +37,7 @@ PluginPanel::PluginPanel(const Trap& trap, CorvexDB::PluginTable& plugins,
       m_note(new QLabel(
           tr("This plug-in is not installed. The material keeps its name and its values."), this))
 {
+    setProperty("helpTopic", QStringLiteral("plugins"));
     m_list->setObjectName(QStringLiteral("cboPlugin"));
     m_list->setAccessibleName(tr("Plug-in"));
     m_list->setFocusPolicy(Qt::StrongFocus);

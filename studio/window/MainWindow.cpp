@@ -3,6 +3,9 @@
 #include "AboutBox.h"
 #include "FileOpening.h"
 #include "FileWork.h"
+#include "HelpDesk.h"
+#include "Hints.h"
+#include "HistoryDock.h"
 #include "HistoryMenu.h"
 #include "MaterialExchange.h"
 #include "MaterialNaming.h"
@@ -73,6 +76,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_options(std::make_unique<OptionsEditing>(
           OptionsEditing::Parts{host, platform.processes, *m_messages, *m_scene, *m_panel, *this}))
 {
+    m_help = new HelpDesk(*this);
+    m_hints = new Hints(m_scene->Viewport());
     m_history.setUndoLimit(kUndoSteps);
     setWindowIcon(StudioIcon());
     ConnectParts();
@@ -91,11 +96,25 @@ void MainWindow::ConnectParts()
     connect(m_files.get(), &WindowFiles::SceneRefused, this, &MainWindow::SceneRefused);
     connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
             &TextureFinder::ChooseFolder);
+    ConnectHints();
     connect(m_hiding.get(), &ShapeHiding::Changed, &m_scene->Viewport(), &ViewportWidget::Draw);
     // A step may have given the selected shapes another material.
     connect(&m_history, &QUndoStack::indexChanged, m_scene.get(), &ScenePane::TellSelection);
     connect(m_exchange.get(), &MaterialExchange::Imported, m_libraries.get(),
             &PanelLibraries::ShowImported);
+}
+
+void MainWindow::ConnectHints()
+{
+    const auto done = [this](Hints::Step step) { return [this, step] { m_hints->Done(step); }; };
+    connect(&m_scene->Selected(), &Selection::Changed, m_hints, done(Hints::Step::Select));
+    connect(&m_history, &QUndoStack::indexChanged, m_hints, done(Hints::Step::Edit));
+    connect(&m_scene->Viewport(), &ViewportWidget::interactionFinished, m_hints,
+            done(Hints::Step::Look));
+    connect(&m_history, &QUndoStack::indexChanged, m_hints, done(Hints::Step::Take));
+    connect(&m_history, &QUndoStack::cleanChanged, m_hints, done(Hints::Step::Save));
+    connect(m_hints, &Hints::Ended, this,
+            [this] { m_host.Settings().SetNumber(kFirstStepsSetting, 0); });
 }
 
 void MainWindow::BuildMenus()
@@ -125,10 +144,15 @@ void MainWindow::BuildMenus()
     m_scene->AddFramingTo(*view);
     view->addSeparator();
     m_panel->AddTo(*view);
+    AddHistoryDock(*this, *view, m_history);
 
     m_libraries->AddTo(*menuBar());
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
+    m_help->AddTo(*help);
+    help->addAction(tr("&First Steps"), m_hints, &Hints::Begin)
+        ->setStatusTip(tr("Shows what to do first, one line at a time"));
+    help->addSeparator();
     help->addAction(tr("Show Silenced &Messages Again"), m_panel.get(), &PanelDock::RestoreWarnings)
         ->setStatusTip(tr("Messages that were switched off come up again"));
     help->addSeparator();
@@ -145,6 +169,13 @@ void MainWindow::Start()
     }
     m_panel->Start(isFirstStart);
     ResetScene();
+}
+
+void MainWindow::OfferFirstSteps()
+{
+    if (m_host.Settings().Number(kFirstStepsSetting, 1) != 0) {
+        m_hints->Begin();
+    }
 }
 
 void MainWindow::OpenFile(const QString& file)

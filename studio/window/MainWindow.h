@@ -14,6 +14,8 @@ class QDockWidget;
 namespace studio {
 
 class FileWork;
+class HelpDesk;
+class Hints;
 class MaterialExchange;
 class MaterialNaming;
 class OpenDocument;
@@ -52,6 +54,8 @@ public:
     void ResetScene();
     /// Shows the work that programs could not save which ended before, if there is any.
     void OfferRecovery();
+    /// Until he has seen or closed them once.
+    void OfferFirstSteps();
     /// What closing the window saves.
     void Save();
     /// Closing the window asks nothing any more; what is not saved can be recovered.
@@ -85,6 +89,7 @@ protected:
 
 private:
     void ConnectParts();
+    void ConnectHints();
     void BuildMenus();
     void Start();
     void RestoreGeometry();
@@ -106,6 +111,8 @@ private:
     std::unique_ptr<TextureFinder> m_textures;
     std::unique_ptr<MaterialNaming> m_naming;
     std::unique_ptr<OptionsEditing> m_options;
+    HelpDesk* m_help = nullptr;
+    Hints* m_hints = nullptr;
     bool m_quitsUnasked = false;
 };
 

@@ -17,6 +17,7 @@ ScenePane::ScenePane(StudioHost& host, WindowMessages& messages, QMainWindow& wi
 {
     m_viewport->setMinimumSize(200, 160);
     m_viewport->setAccessibleName(tr("Scene"));
+    m_viewport->setProperty("helpTopic", QStringLiteral("view"));
     m_scene.MarkSelection(&m_selection);
     m_viewport->SetSource(&m_scene);
     window.setCentralWidget(m_viewport);

@@ -39,6 +39,7 @@ ExitCode RunWindow(const QString& model)
         window.OpenFile(model);
     }
     window.OfferRecovery();
+    window.OfferFirstSteps();
     return QApplication::exec() == 0 ? ExitCode::Done : ExitCode::Failed;
 }
 

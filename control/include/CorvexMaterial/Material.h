@@ -21,6 +21,10 @@ namespace CorvexMaterial {
 ///
 /// The constructor asks the host for a viewport and two browsers and lets out what it throws then.
 /// A slot of `MaterialChanged` that writes an attribute is answered by another `MaterialChanged`.
+///
+/// For a host's help its groups of controls and its dialogs have the dynamic property `helpTopic`:
+/// surface, textures, placement, advanced, custom-fields, plugins, preview, raytrace-attributes,
+/// libraries. What has the keyboard belongs to the nearest one around it.
 class CORVEX_EXPORT Material : public QWidget, public TextureMembers {
     Q_OBJECT
 

@@ -47,6 +47,7 @@ LibraryPanel::LibraryPanel(const LibraryPanelKind& kind, CorvexEditport::Editpor
     : QWidget(parent), m_rowPixels(kind.rowPixels), m_header(new SectionHeader(kind.title, this)),
       m_content(new QWidget(this))
 {
+    setProperty("helpTopic", QStringLiteral("libraries"));
     m_header->setObjectName(NameOf("chk", kind));
     auto* content = new QVBoxLayout(m_content);
     content->setContentsMargins(0, 4, 0, 6);
