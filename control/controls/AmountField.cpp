@@ -1,5 +1,6 @@
 #include "AmountField.h"
 
+#include <CorvexMaterial/LegibleColours.h>
 #include <CorvexMaterial/NumberText.h>
 
 #include <QPainter>
@@ -7,12 +8,6 @@
 #include <QVariant>
 
 namespace CorvexMaterial {
-
-namespace {
-
-const QColor kMarkColor(0xd8, 0x3a, 0x34);
-
-}  // namespace
 
 AmountField::AmountField(QWidget* parent) : QLineEdit(parent)
 {
@@ -47,7 +42,7 @@ void AmountField::paintEvent(QPaintEvent* event)
     }
     // Painted here so that the mark shows under any style sheet of the host.
     QPainter painter(this);
-    painter.setPen(QPen(kMarkColor, 2));
+    painter.setPen(QPen(ErrorOn(palette().color(QPalette::Base)), 2));
     painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 

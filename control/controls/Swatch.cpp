@@ -1,5 +1,7 @@
 #include "Swatch.h"
 
+#include <CorvexMaterial/LegibleColours.h>
+
 #include <QPainter>
 
 namespace CorvexMaterial {
@@ -28,7 +30,7 @@ void Swatch::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QColor edge = palette().color(hasFocus() ? QPalette::Highlight : QPalette::Midlight);
+    const QColor edge = hasFocus() ? palette().color(QPalette::Highlight) : EdgeOf(palette());
     painter.setPen(QPen(edge, hasFocus() ? 2.0 : 1.0));
     painter.setBrush(isEnabled() ? m_color : palette().color(QPalette::Button));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);

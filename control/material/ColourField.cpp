@@ -1,10 +1,11 @@
 #include "ColourField.h"
 
+#include "DrawnIcon.h"
 #include "Swatch.h"
 #include <CorvexMaterial/NamedColours.h>
 
 #include <QComboBox>
-#include <QPixmap>
+#include <QPainter>
 
 namespace CorvexMaterial {
 
@@ -13,9 +14,11 @@ namespace {
 QIcon ColourIcon(Colour colour)
 {
     const ColourBytes bytes = BytesOf(colour);
-    QPixmap pixmap(14, 14);
-    pixmap.fill(QColor(bytes.red, bytes.green, bytes.blue));
-    return QIcon(pixmap);
+    return DrawnIcon(14, [bytes](QPainter& painter, QIcon::Mode) {
+        painter.setPen(QColor(Qt::gray).darker(125));  // seen on light and on dark
+        painter.setBrush(QColor(bytes.red, bytes.green, bytes.blue));
+        painter.drawRect(QRectF(0.5, 0.5, 13, 13));
+    });
 }
 
 }  // namespace

@@ -1,21 +1,16 @@
 #include "FieldMessage.h"
 
+#include <CorvexMaterial/LegibleColours.h>
+
 #include <QCoreApplication>
 #include <QLabel>
 
 namespace CorvexMaterial {
 
-namespace {
-
-// Readable on a light and on a dark palette.
-const QColor kWarningColor(0xd8, 0x3a, 0x34);
-
-}  // namespace
-
 void ShowNotANumber(QLabel& label, const QString& text)
 {
     QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, kWarningColor);
+    palette.setColor(QPalette::WindowText, ErrorOn(palette.color(QPalette::Window)));
     label.setPalette(palette);
     label.setTextFormat(Qt::PlainText);
     label.setText(

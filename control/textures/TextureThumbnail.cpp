@@ -2,6 +2,7 @@
 
 #include "Checkerboard.h"
 #include "DroppedFile.h"
+#include <CorvexMaterial/LegibleColours.h>
 #include <CorvexMaterial/PlainText.h>
 
 #include <QFontInfo>
@@ -77,8 +78,7 @@ void TextureThumbnail::paintEvent(QPaintEvent* /*event*/)
     }
     const bool marked = hasFocus() || m_dropTarget;
     const bool inviting = shown.state == ThumbnailState::Empty && !marked;
-    const auto edge = inviting ? QPalette::PlaceholderText : QPalette::Midlight;
-    QPen pen(palette().color(marked ? QPalette::Highlight : edge), marked ? 2.0 : 1.0);
+    QPen pen(marked ? palette().color(QPalette::Highlight) : EdgeOf(palette()), marked ? 2.0 : 1.0);
     pen.setStyle(inviting ? Qt::DashLine : Qt::SolidLine);
     painter.setPen(pen);
     painter.setBrush(Qt::NoBrush);

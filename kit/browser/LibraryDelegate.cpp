@@ -1,7 +1,7 @@
 #include "LibraryDelegate.h"
 
 #include "LibraryModel.h"
-#include "TextOnColour.h"
+#include <CorvexMaterial/LegibleColours.h>
 
 #include <QApplication>
 #include <QLineEdit>
@@ -68,7 +68,8 @@ void LibraryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     PaintThumbnail(*painter, PictureArea(option), index.row());
     painter->setFont(NameFont(option));
     const bool selected = option.state.testFlag(QStyle::State_Selected);
-    painter->setPen(selected ? StrongTextOn(m_background) : QuietTextOn(m_background));
+    painter->setPen(selected ? CorvexMaterial::StrongTextOn(m_background)
+                             : CorvexMaterial::QuietTextOn(m_background));
     const QRect area = NameArea(option);
     const QString name = index.data().toString();
     const QFontMetrics metrics = painter->fontMetrics();

@@ -2,7 +2,7 @@
 
 #include "LibraryDelegate.h"
 #include "LibraryModel.h"
-#include "TextOnColour.h"
+#include <CorvexMaterial/LegibleColours.h>
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -169,7 +169,7 @@ void LibraryView::paintEvent(QPaintEvent* event)
         return;
     }
     QPainter painter(viewport());
-    painter.setPen(QuietTextOn(m_background));
+    painter.setPen(CorvexMaterial::QuietTextOn(m_background));
     painter.drawText(viewport()->rect().adjusted(8, 2, -8, -2), Qt::AlignCenter | Qt::TextWordWrap,
                      m_emptyText);
 }

@@ -1,13 +1,12 @@
 #include "SearchField.h"
 
+#include <CorvexMaterial/LegibleColours.h>
 #include <CorvexMaterial/PlainText.h>
 
 #include <QKeyEvent>
 
 namespace studio {
 namespace {
-
-constexpr QRgb kRefusedText = 0xFFE08A6A;
 
 QString Help()
 {
@@ -63,7 +62,7 @@ void SearchField::ShowError(const QString& error)
     setAccessibleDescription(error);
     QPalette colours;
     if (!error.isEmpty()) {
-        colours.setColor(QPalette::Text, QColor::fromRgb(kRefusedText));
+        colours.setColor(QPalette::Text, CorvexMaterial::ErrorOn(palette().color(QPalette::Base)));
     }
     setPalette(colours);
 }

@@ -13,6 +13,7 @@ inline constexpr const char* kRecentFilesSetting = "RecentFiles";
 inline constexpr const char* kExportFolderSetting = "ExportFolder";
 inline constexpr const char* kBackupsSetting = "Backups";
 inline constexpr const char* kFirstStepsSetting = "FirstSteps";
+inline constexpr const char* kThemeSetting = "Theme";
 inline constexpr const char* kGeometrySetting = "WindowGeometry";
 inline constexpr const char* kDocksSetting = "WindowDocks";
 inline constexpr const char* kPreviewBackgroundSetting = "PreviewBackground";

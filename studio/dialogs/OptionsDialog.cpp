@@ -7,6 +7,7 @@
 #include "ui_OptionsDialog.h"
 #include <CorvexMaterial/SettingsNames.h>
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QPainter>
@@ -18,9 +19,27 @@ using CorvexMaterial::kBackgroundTextureKey;
 
 namespace {
 
-// The control's own are nearly white, which glares in a dark window.
-constexpr CorvexMaterial::Colour kGraphite = 0x2D2926;
-constexpr CorvexMaterial::Colour kSlate = 0x453D38;
+/// Of the libraries and of what is drawn, until the user has chosen his own. The control's are
+/// nearly white, which glares in a dark window.
+struct Ground {
+    CorvexMaterial::Colour library;
+    CorvexMaterial::Colour view;
+};
+
+constexpr Ground kDarkGround{0x2D2926, 0x453D38};
+constexpr Ground kLightGround{0xFBFAF9, 0xD8D2CC};
+
+const Ground& DefaultGround()
+{
+    const bool isDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+    return isDark ? kDarkGround : kLightGround;
+}
+
+/// A default of the other theme has not been chosen by anybody.
+CorvexMaterial::Colour Followed(CorvexMaterial::Colour kept, CorvexMaterial::Colour Ground::*part)
+{
+    return kept == kDarkGround.*part || kept == kLightGround.*part ? DefaultGround().*part : kept;
+}
 
 QColor Shown(CorvexMaterial::Colour colour)
 {
@@ -48,10 +67,15 @@ void PaintSwatch(QPushButton* button, CorvexMaterial::Colour colour)
 
 StudioColours ReadColours(const StudioSettings& settings)
 {
-    return {settings.Number(kPreviewBackgroundSetting, kSlate),
-            settings.Number(kViewportBackgroundSetting, kSlate),
-            settings.LibraryBackground(kBackgroundMaterialKey, kGraphite),
-            settings.LibraryBackground(kBackgroundTextureKey, kGraphite)};
+    const Ground& ground = DefaultGround();
+    const auto view = [&](const char* key) {
+        return Followed(settings.Number(key, ground.view), &Ground::view);
+    };
+    const auto library = [&](const char* key) {
+        return Followed(settings.LibraryBackground(key, ground.library), &Ground::library);
+    };
+    return {view(kPreviewBackgroundSetting), view(kViewportBackgroundSetting),
+            library(kBackgroundMaterialKey), library(kBackgroundTextureKey)};
 }
 
 void ProvideColours(StudioSettings& settings)
@@ -73,6 +97,7 @@ OptionsDialog::OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessSt
     BindColour(m_ui->previewColour, &StudioColours::preview);
     BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
     BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
+    connect(m_ui->theme, &QComboBox::currentIndexChanged, this, &OptionsDialog::ThemeShown);
     connect(m_ui->customFields, &QPlainTextEdit::textChanged, this, &OptionsDialog::ShowMoves);
     connect(m_ui->moveFields, &QCheckBox::toggled, this, &OptionsDialog::ShowMoves);
     connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
@@ -86,6 +111,8 @@ OptionsDialog::~OptionsDialog() = default;
 
 void OptionsDialog::ShowSettings()
 {
+    m_ui->theme->setCurrentIndex(
+        std::clamp(m_settings.Number(kThemeSetting, 0), 0, m_ui->theme->count() - 1));
     m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
     const int raytracer = m_settings.Number(kRaytracerSetting, 0);
     m_ui->raytracer->setCurrentIndex(std::max(0, m_ui->raytracer->findData(raytracer)));
@@ -169,6 +196,9 @@ void OptionsDialog::Store() const
     m_settings.SetNumber(kViewportBackgroundSetting, m_colours.viewport);
     m_settings.SetLibraryBackground(kBackgroundMaterialKey, m_colours.materialLibrary);
     m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
+    if (m_ui->theme->currentIndex() != m_settings.Number(kThemeSetting, 0)) {
+        m_settings.SetNumber(kThemeSetting, m_ui->theme->currentIndex());
+    }
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
     if (m_ui->backups->value() != m_settings.Number(kBackupsSetting, kBackupsKept)) {
         m_settings.SetNumber(kBackupsSetting, m_ui->backups->value());

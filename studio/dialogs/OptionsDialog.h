@@ -50,6 +50,10 @@ public:
     /// Writes what is shown to the settings. Errors: FileFailed.
     void Store() const;
 
+Q_SIGNALS:
+    /// To be seen at once; a dialog that is cancelled takes it back.
+    void ThemeShown(int choice);
+
 private:
     void ShowSettings();
     void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);

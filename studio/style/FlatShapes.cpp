@@ -1,5 +1,7 @@
 #include "FlatShapes.h"
 
+#include <CorvexMaterial/LegibleColours.h>
+
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
@@ -33,11 +35,11 @@ QColor Accent(const QStyleOption& option)
     return option.palette.color(QPalette::Highlight);
 }
 
-QColor Blended(const QColor& colour, const QColor& with, float share)
+/// What is off may be as faint as it is.
+QColor Edge(const QStyleOption& option)
 {
-    const auto mix = [share](float from, float to) { return from + (to - from) * share; };
-    return QColor::fromRgbF(mix(colour.redF(), with.redF()), mix(colour.greenF(), with.greenF()),
-                            mix(colour.blueF(), with.blueF()));
+    return InState(option, QStyle::State_Enabled) ? CorvexMaterial::EdgeOf(option.palette)
+                                                  : option.palette.color(QPalette::Light);
 }
 
 QColor ButtonFill(const QStyleOption& option)
@@ -47,7 +49,7 @@ QColor ButtonFill(const QStyleOption& option)
         return option.palette.color(QPalette::Mid);
     }
     if (InState(option, QStyle::State_On)) {
-        return Blended(plain, Accent(option), Hovered(option) ? 0.45F : 0.35F);
+        return CorvexMaterial::Mixed(Accent(option), plain, Hovered(option) ? 45 : 35);
     }
     return Hovered(option) ? option.palette.color(QPalette::Light) : plain;
 }
@@ -99,9 +101,8 @@ void SetMarkColours(QPainter& painter, const QStyleOption& option, bool marked)
 void DrawFlatButton(QPainter& painter, const QStyleOption& option, bool isDefault)
 {
     const bool accented = isDefault || InState(option, QStyle::State_On);
-    const QColor edge = accented && InState(option, QStyle::State_Enabled)
-                            ? Accent(option)
-                            : option.palette.color(QPalette::Light);
+    const QColor edge =
+        accented && InState(option, QStyle::State_Enabled) ? Accent(option) : Edge(option);
     DrawPlate(painter, option.rect, ButtonFill(option),
               FocusedByKey(option) ? QPen(Accent(option), kRing) : QPen(edge));
 }
@@ -110,9 +111,9 @@ void DrawFlatField(QPainter& painter, const QStyleOption& option)
 {
     const bool active =
         InState(option, QStyle::State_HasFocus) && InState(option, QStyle::State_Enabled);
-    const QColor edge =
-        active ? Accent(option)
-               : option.palette.color(Hovered(option) ? QPalette::Light : QPalette::Midlight);
+    const QColor edge = active            ? Accent(option)
+                        : Hovered(option) ? option.palette.color(QPalette::PlaceholderText)
+                                          : Edge(option);
     DrawPlate(painter, option.rect, option.palette.color(QPalette::Base), QPen(edge));
 }
 
@@ -238,7 +239,7 @@ void DrawFlatSlider(QPainter& painter, const QStyleOptionSlider& option, const Q
     const bool enabled = InState(option, QStyle::State_Enabled);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(option.palette.color(QPalette::Base));
+    painter.setBrush(Edge(option));
     painter.drawRoundedRect(track, kTrackHeight / 2.0, kTrackHeight / 2.0);
     painter.setBrush(Accent(option));
     painter.drawRoundedRect(filled, kTrackHeight / 2.0, kTrackHeight / 2.0);
@@ -246,9 +247,10 @@ void DrawFlatSlider(QPainter& painter, const QStyleOptionSlider& option, const Q
     const bool held = InState(option, QStyle::State_Sunken) || FocusedByKey(option);
     const qreal radius = std::min(handle.width(), handle.height()) / 2.0 - 1.5;
     const QColor text = option.palette.color(QPalette::ButtonText);
-    const QColor face = enabled ? text : text.darker(150);
-    painter.setPen(held ? QPen(Accent(option), 2.0) : QPen(option.palette.color(QPalette::Window)));
-    painter.setBrush(Hovered(option) || held ? face : face.darker(112));
+    const QColor base = option.palette.color(QPalette::Base);
+    const QColor face = text.lightness() > base.lightness() ? text : base;
+    painter.setPen(held ? QPen(Accent(option), 2.0) : QPen(Edge(option)));
+    painter.setBrush(Hovered(option) || held || !enabled ? face : face.darker(106));
     painter.drawEllipse(knob, radius, radius);
 }
 

@@ -1,11 +1,12 @@
 #include "StudioIcon.h"
 
-#include "Theme.h"
-
 #include <QRadialGradient>
 
 namespace studio {
 namespace {
+
+// The same in every theme: the icon stands among those of others.
+const QColor kBall(0x4C, 0x9B, 0xE8);
 
 void PaintTile(QPainter& painter)
 {
@@ -20,9 +21,9 @@ void PaintBall(QPainter& painter)
 {
     QRadialGradient light(QPointF(0.5, 0.5), 0.34, QPointF(0.38, 0.36));
     light.setColorAt(0.0, QColor(0xFFFFFF));
-    light.setColorAt(0.25, AccentColour().lighter(140));
-    light.setColorAt(0.7, AccentColour());
-    light.setColorAt(1.0, AccentColour().darker(280));
+    light.setColorAt(0.25, kBall.lighter(140));
+    light.setColorAt(0.7, kBall);
+    light.setColorAt(1.0, kBall.darker(280));
     painter.setBrush(light);
     painter.drawEllipse(QPointF(0.5, 0.5), 0.33, 0.33);
 }

@@ -102,6 +102,7 @@ void MainWindow::ConnectParts()
     connect(&m_history, &QUndoStack::indexChanged, m_scene.get(), &ScenePane::TellSelection);
     connect(m_exchange.get(), &MaterialExchange::Imported, m_libraries.get(),
             &PanelLibraries::ShowImported);
+    connect(m_options.get(), &OptionsEditing::ThemeWanted, this, &MainWindow::ThemeWanted);
 }
 
 void MainWindow::ConnectHints()
@@ -165,8 +166,8 @@ void MainWindow::Start()
     const bool isFirstStart = !m_host.Settings().HasPanelLayout();
     if (isFirstStart) {
         PanelLibraries::ProvideFirst(m_host, *m_messages);
-        ProvideColours(m_host.Settings());
     }
+    ProvideColours(m_host.Settings());
     m_panel->Start(isFirstStart);
     ResetScene();
 }
@@ -237,6 +238,14 @@ bool MainWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate && m_libraries != nullptr) {
         m_libraries->LookForChanges();
+    }
+    if (event->type() == QEvent::ThemeChange) {
+        Q_EMIT DesktopChanged();
+    }
+    // What stands behind pictures follows the theme too, until the user has chosen it.
+    if (event->type() == QEvent::ApplicationPaletteChange && m_panel != nullptr) {
+        ProvideColours(m_host.Settings());
+        m_panel->ApplyColours();
     }
     return QMainWindow::event(event);
 }

@@ -81,6 +81,10 @@ Q_SIGNALS:
     void SceneOpened();
     /// The message has been shown to the user.
     void SceneRefused(const QString& message);
+    /// The number of a choice, see Themes.
+    void ThemeWanted(int choice);
+    /// The desktop's colours may be others now.
+    void DesktopChanged();
 
 protected:
     bool event(QEvent* event) override;

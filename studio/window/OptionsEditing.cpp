@@ -6,6 +6,7 @@
 #include "OptionsDialog.h"
 #include "PanelDock.h"
 #include "ScenePane.h"
+#include "SettingNames.h"
 #include "StudioApplicationState.h"
 #include "StudioHost.h"
 #include "StudioSettings.h"
@@ -18,7 +19,7 @@ namespace studio {
 void OptionsEditing::AddTo(QMenu& menu)
 {
     menu.addAction(tr("&Options..."), QKeySequence(tr("Ctrl+,")), this, &OptionsEditing::ShowDialog)
-        ->setStatusTip(tr("Colors, folders, raytracers, documents and fields"));
+        ->setStatusTip(tr("Theme, colors, folders, raytracers, documents and fields"));
 }
 
 void OptionsEditing::ShowDialog()
@@ -27,6 +28,9 @@ void OptionsEditing::ShowDialog()
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->ShowBackupFolder(QString::fromStdString(
         BackupFolder(m_parts.host.State().Profile().stateFolder.toStdString())));
+    connect(dialog, &OptionsDialog::ThemeShown, this, &OptionsEditing::ThemeWanted);
+    connect(dialog, &QDialog::rejected, this,
+            [this] { Q_EMIT ThemeWanted(m_parts.host.Settings().Number(kThemeSetting, 0)); });
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         m_parts.messages.Telling([dialog] { dialog->Store(); });
         m_parts.panel.ApplyColours();

@@ -38,6 +38,10 @@ public:
 
     void AddTo(QMenu& menu);
 
+Q_SIGNALS:
+    /// The number of a choice, see Themes.
+    void ThemeWanted(int choice);
+
 private:
     void ShowDialog();
     void MoveFieldValues(const FieldMoves& moves);

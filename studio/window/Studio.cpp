@@ -3,28 +3,33 @@
 #include "EndRequests.h"
 #include "EventLog.h"
 #include "MainWindow.h"
+#include "SettingNames.h"
 #include "ShippedLibraries.h"
 #include "StudioDesktop.h"
 #include "StudioHost.h"
+#include "StudioSettings.h"
 #include "Terminal.h"
-#include "Theme.h"
+#include "Themes.h"
 #include <CorvexMaterial/Translations.h>
 
 namespace studio {
 namespace {
 
-ExitCode RunWindow(const QString& model)
+ExitCode RunWindow(const QString& model, Themes& themes)
 {
     const CorvexMaterial::EndRequests requests;
     const StudioProfile profile = UserProfile();
     const QStringList problems = DeliverLibraries(ShippedLibraryFolder(), profile.dataFolder);
     StudioDesktop desktop;
     StudioHost host(profile, desktop.OwnSettings(), desktop.Get().processes);
+    themes.Choose(host.Settings().Number(kThemeSetting, 0));
     for (const QString& problem : problems) {
         host.Log().RecordEvent(problem.toStdString());
     }
     MainWindow window(host, desktop.Get());
     desktop.SetWindow(&window);
+    QObject::connect(&window, &MainWindow::ThemeWanted, &themes, &Themes::Choose);
+    QObject::connect(&window, &MainWindow::DesktopChanged, &themes, &Themes::LookAgain);
     QObject::connect(&requests, &CorvexMaterial::EndRequests::Asked, &window, [&] {
         desktop.SetMuted(true);
         window.QuitUnasked();
@@ -45,21 +50,19 @@ ExitCode RunWindow(const QString& model)
 
 }  // namespace
 
-void NameApplication(QApplication& application)
+Themes& NameApplication(QApplication& application)
 {
     QApplication::setApplicationName(QLatin1String(kStudioName));
-    QApplication::setApplicationDisplayName(QStringLiteral("Corvex Studio"));
     QApplication::setApplicationVersion(QStringLiteral(CORVEX_VERSION));
     CorvexMaterial::InstallTranslations();
-    ApplyTheme(application);
+    return *new Themes(application);
 }
 
 ExitCode RunStudio(int& argc, char** argv, const QString& model)
 {
     PrintMessagesOfToolkit();
     QApplication application(argc, argv);
-    NameApplication(application);
-    return RunWindow(model);
+    return RunWindow(model, NameApplication(application));
 }
 
 }  // namespace studio

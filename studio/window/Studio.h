@@ -6,8 +6,10 @@ class QApplication;
 
 namespace studio {
 
-/// Name, version and look of the desktop program.
-void NameApplication(QApplication& application);
+class Themes;
+
+/// Name, version and looks of the desktop program; the looks are the application's.
+Themes& NameApplication(QApplication& application);
 
 /// Shows the window, with the model if one is named, until the user quits.
 [[nodiscard]] ExitCode RunStudio(int& argc, char** argv, const QString& model);

@@ -1,12 +1,14 @@
 #include "StudioRig.h"
 
 #include "FileWork.h"
+#include "ThemeColours.h"
 #include <CorvexMaterial/Translations.h>
 
 namespace StudioTest {
 
 StudioRig::StudioRig()
 {
+    QApplication::setPalette(studio::PaletteOf(studio::Theme::Dark));
     // Once: "1 shape" and "2 shapes".
     [[maybe_unused]] static const bool translated = CorvexMaterial::InstallTranslations();
     qputenv("XDG_CONFIG_HOME", files.Path().toLocal8Bit());

@@ -37,7 +37,7 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     QApplication application(argc, argv);
-    studio::NameApplication(application);
+    static_cast<void>(studio::NameApplication(application));
     if (const auto failure = studio::RecordTour(RequestFrom(application))) {
         studio::PrintProblem(*failure);
         return static_cast<int>(studio::ExitCode::Failed);

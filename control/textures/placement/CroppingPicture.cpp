@@ -1,6 +1,7 @@
 #include "CroppingPicture.h"
 
 #include "Checkerboard.h"
+#include <CorvexMaterial/LegibleColours.h>
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -172,7 +173,7 @@ void CroppingPicture::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     PaintImage(painter);
     PaintRect(painter);
-    painter.setPen(palette().color(hasFocus() ? QPalette::Highlight : QPalette::Mid));
+    painter.setPen(hasFocus() ? palette().color(QPalette::Highlight) : EdgeOf(palette()));
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
