@@ -18,4 +18,34 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>studio::ShapeHiding</name>
+    <message numerus="yes">
+        <source>%Ln shape(s)</source>
+        <translation>
+            <numerusform>%Ln shape</numerusform>
+            <numerusform>%Ln shapes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>studio::OutlinerModel</name>
+    <message numerus="yes">
+        <source>%1, on %Ln shape(s)</source>
+        <translation>
+            <numerusform>%1, on %Ln shape</numerusform>
+            <numerusform>%1, on %Ln shapes</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>studio::OutlinerView</name>
+    <message numerus="yes">
+        <source>%Ln shape(s)</source>
+        <translation>
+            <numerusform>%Ln shape</numerusform>
+            <numerusform>%Ln shapes</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

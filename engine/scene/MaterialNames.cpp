@@ -100,15 +100,16 @@ std::vector<ShapeChange> RenamedMaterials(const ShapeList& shapes, const std::st
                                           const ShapeList& scene)
 {
     Names names(scene);
-    std::map<Identity, Identity> renamed;
+    // Those without a name share one where they have the same record.
+    std::map<std::pair<Identity, const void*>, Identity> renamed;
     std::vector<ShapeChange> changes;
     for (const auto& shape : Sharers(shapes, scene)) {
         ShapeChange change{shape, shape->Applied(), shape->Applied()};
-        if (IdentityOf(shape) == nullptr) {
-            change.after.identity = Named(nullptr, names.Unique(name));
-        } else if (IdentityOf(shape)->name != name) {
-            Identity& now = renamed[IdentityOf(shape)];
-            now = now == nullptr ? Named(IdentityOf(shape), names.Unique(name)) : now;
+        const Identity& former = IdentityOf(shape);
+        if (former == nullptr || former->name != name) {
+            Identity& now =
+                renamed[{former, former == nullptr ? shape->Applied().gathered.get() : nullptr}];
+            now = now == nullptr ? Named(former, names.Unique(name)) : now;
             change.after.identity = now;
         }
         changes.push_back(std::move(change));
@@ -131,6 +132,34 @@ std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& sc
             ShapeChange change{shape, shape->Applied(), shape->Applied()};
             change.after.identity = Named(identity, names.Unique(identity->name));
             changes.push_back(std::move(change));
+        }
+    }
+    return changes;
+}
+
+std::vector<ShapeChange> SharedWith(const StudioShape& wearer, const ShapeList& shapes,
+                                    const std::string& name, const ShapeList& scene)
+{
+    const AppliedMaterial worn = wearer.Applied();
+    const Identity shared =
+        worn.identity != nullptr ? worn.identity : Named(nullptr, Names(scene).Unique(name));
+    std::vector<ShapeChange> changes;
+    const auto give = [&](const std::shared_ptr<StudioShape>& shape) {
+        ShapeChange change{shape, shape->Applied(), shape->Applied()};
+        change.after.gathered = worn.gathered;
+        change.after.identity = shared;
+        if (change.after != change.before) {
+            changes.push_back(std::move(change));
+        }
+    };
+    std::ranges::for_each(shapes, give);
+    if (worn.identity == nullptr && !changes.empty()) {
+        const std::set<std::shared_ptr<StudioShape>> given(shapes.begin(), shapes.end());
+        for (const auto& shape : scene) {
+            if (shape->Applied().gathered == worn.gathered && IdentityOf(shape) == nullptr &&
+                !given.contains(shape)) {
+                give(shape);
+            }
         }
     }
     return changes;

@@ -17,6 +17,12 @@ RenamedMaterials(const ShapeList& shapes, const std::string& name, const ShapeLi
 /// Gives each of them a material that it shares with no other shape.
 [[nodiscard]] std::vector<ShapeChange> MadeUnique(const ShapeList& shapes, const ShapeList& scene);
 
+/// Gives shapes the material that another one wears, which they share from now on. Without a name
+/// it gets this one, or that with a number.
+[[nodiscard]] std::vector<ShapeChange> SharedWith(const StudioShape& wearer,
+                                                  const ShapeList& shapes, const std::string& name,
+                                                  const ShapeList& scene);
+
 /// They share one material of this name from now on, also with the shapes that have it already and
 /// look the same. Where another material has the name, it gets a number.
 void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene);

@@ -18,7 +18,8 @@ struct PickHit {
 /// faces count for a double-sided material only.
 [[nodiscard]] std::optional<double> HitDistance(const Ray& worldRay, const StudioShape& shape);
 
-/// The nearest shape that the ray hits, hidden and locked ones left out; the earlier one of two at the same distance.
+/// The nearest shape that the ray hits, hidden and locked ones left out; the earlier one of two at
+/// the same distance.
 [[nodiscard]] std::optional<PickHit>
 PickNearest(const Ray& worldRay, const std::vector<std::shared_ptr<StudioShape>>& shapes);
 

@@ -17,6 +17,9 @@ class LibraryFile;
 /// every program understands. Errors: those of reading the library.
 [[nodiscard]] std::unique_ptr<QMimeData> DraggedEntry(LibraryFile& file, std::int32_t index);
 
+/// The same of a material that is in no library.
+[[nodiscard]] std::unique_ptr<QMimeData> DraggedMaterialData(const NamedMaterial& named);
+
 /// The material of a drag; nothing when it carries none.
 [[nodiscard]] std::optional<NamedMaterial> DraggedMaterial(const QMimeData& data);
 

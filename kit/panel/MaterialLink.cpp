@@ -1,6 +1,7 @@
 #include "MaterialLink.h"
 
 #include "MaterialDifferences.h"
+#include "MaterialName.h"
 #include "MaterialNames.h"
 
 #include <algorithm>
@@ -147,11 +148,31 @@ ShapeChange MaterialLink::PutOf(const std::shared_ptr<StudioShape>& shape,
     return {shape, before, {std::move(gathered), coordinates, before.identity}};
 }
 
-void MaterialLink::Put(const std::shared_ptr<StudioShape>& shape,
-                       const CorvexDB::udtMaterial& material, const std::string& name)
+void MaterialLink::Put(const ShapeList& shapes, const CorvexDB::udtMaterial& material,
+                       const std::string& name)
 {
-    std::vector<ShapeChange> changes{PutOf(shape, material)};
+    std::vector<ShapeChange> changes;
+    std::map<CorvexDB::ApplyMode, std::shared_ptr<const CorvexSG::GatheredMaterial>> made;
+    for (const auto& shape : shapes) {
+        ShapeChange change = PutOf(shape, material);
+        auto& gathered = made[change.after.gathered->applyMode];
+        gathered = gathered == nullptr ? change.after.gathered : gathered;
+        change.after.gathered = gathered;
+        changes.push_back(std::move(change));
+    }
     Name(changes, name);
+    Make(std::move(changes));
+}
+
+void MaterialLink::Share(const StudioShape& wearer, const ShapeList& shapes)
+{
+    std::vector<ShapeChange> changes =
+        SharedWith(wearer, shapes, DescriptiveName(wearer.Material()), m_parts.scene.All());
+    for (ShapeChange& change : changes) {
+        if (Differ(change.before.gathered->material, wearer.Material(), MakesCoordinates)) {
+            change.after.coordinates = CorvexSG::CoordinateMode::FromWrap;
+        }
+    }
     Make(std::move(changes));
 }
 

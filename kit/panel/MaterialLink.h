@@ -40,10 +40,17 @@ public:
 
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
-    /// Gives one shape a material that does not come from the panel, as one undo step. With a name
+    /// Gives shapes a material that does not come from the panel, as one undo step. With a name
     /// it is shared with the shapes that have this material already.
     void Put(const std::shared_ptr<StudioShape>& shape, const CorvexDB::udtMaterial& material,
+             const std::string& name = {})
+    {
+        Put(ShapeList{shape}, material, name);
+    }
+    void Put(const ShapeList& shapes, const CorvexDB::udtMaterial& material,
              const std::string& name = {});
+    /// Gives shapes the material that this one wears, as one undo step; they share it.
+    void Share(const StudioShape& wearer, const ShapeList& shapes);
     /// What `Put` would do to the shape, to be shown before it is done.
     [[nodiscard]] static ShapeChange PutOf(const std::shared_ptr<StudioShape>& shape,
                                            const CorvexDB::udtMaterial& material);

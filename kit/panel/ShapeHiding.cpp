@@ -1,6 +1,5 @@
 #include "ShapeHiding.h"
 
-#include <QLocale>
 #include <QUndoStack>
 
 #include <algorithm>
@@ -14,13 +13,6 @@ struct FlagChange {
     ShapeFlags before;
     ShapeFlags after;
 };
-
-QString Titled(const ShapeList& shapes, const QString& one, const QString& several)
-{
-    return shapes.size() == 1
-               ? one.arg(QString::fromStdString(shapes.front()->Name()))
-               : several.arg(QLocale().toString(static_cast<qulonglong>(shapes.size())));
-}
 
 }  // namespace
 
@@ -55,6 +47,12 @@ private:
     ShapeList m_left;  ///< of these
 };
 
+QString ShapeHiding::NameOf(const ShapeList& shapes)
+{
+    return shapes.size() == 1 ? QString::fromStdString(shapes.front()->Name())
+                              : tr("%Ln shape(s)", nullptr, static_cast<int>(shapes.size()));
+}
+
 ShapeHiding::ShapeHiding(StudioScene& scene, Selection& selection, QUndoStack& history,
                          QObject* parent)
     : QObject(parent), m_scene(scene), m_selection(selection), m_history(history)
@@ -63,22 +61,22 @@ ShapeHiding::ShapeHiding(StudioScene& scene, Selection& selection, QUndoStack& h
 
 void ShapeHiding::SetHidden(const ShapeList& shapes, bool hidden)
 {
-    const QString text = hidden ? Titled(shapes, tr("Hide %1"), tr("Hide %1 shapes"))
-                                : Titled(shapes, tr("Show %1"), tr("Show %1 shapes"));
+    const QString text =
+        hidden ? tr("Hide %1").arg(NameOf(shapes)) : tr("Show %1").arg(NameOf(shapes));
     Change(shapes, text, [hidden](const auto&, ShapeFlags& flags) { flags.hidden = hidden; });
 }
 
 void ShapeHiding::SetLocked(const ShapeList& shapes, bool locked)
 {
-    const QString text = locked ? Titled(shapes, tr("Lock %1"), tr("Lock %1 shapes"))
-                                : Titled(shapes, tr("Unlock %1"), tr("Unlock %1 shapes"));
+    const QString text =
+        locked ? tr("Lock %1").arg(NameOf(shapes)) : tr("Unlock %1").arg(NameOf(shapes));
     Change(shapes, text, [locked](const auto&, ShapeFlags& flags) { flags.locked = locked; });
 }
 
 void ShapeHiding::Isolate(const ShapeList& shapes)
 {
     const std::unordered_set<std::shared_ptr<StudioShape>> kept(shapes.begin(), shapes.end());
-    Change(m_scene.All(), Titled(shapes, tr("Isolate %1"), tr("Isolate %1 shapes")),
+    Change(m_scene.All(), tr("Isolate %1").arg(NameOf(shapes)),
            [&kept](const auto& shape, ShapeFlags& flags) { flags.hidden = !kept.contains(shape); });
 }
 

@@ -29,6 +29,9 @@ public:
     void ShowAll();
     void UnlockAll();
 
+    /// The only one's, or how many there are.
+    [[nodiscard]] static QString NameOf(const ShapeList& shapes);
+
 Q_SIGNALS:
     /// Flags of shapes are others: the scene is to be drawn anew.
     void Changed();

@@ -13,6 +13,7 @@
 #include "OpenDocument.h"
 #include "OptionsDialog.h"
 #include "OptionsEditing.h"
+#include "OutlinerDock.h"
 #include "PanelDock.h"
 #include "PanelLibraries.h"
 #include "SceneExchange.h"
@@ -73,6 +74,9 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
                                [this] { return m_files->Opening().Folder(); }, *this})),
       m_naming(std::make_unique<MaterialNaming>(
           MaterialNaming::Parts{*m_messages, *m_scene, m_panel->Link(), *this})),
+      m_outliner(std::make_unique<OutlinerDock>(
+          OutlinerDock::Parts{host.Settings(), *m_messages, *m_scene, *m_hiding, m_panel->Link(),
+                              *m_naming, m_history, *this})),
       m_options(std::make_unique<OptionsEditing>(
           OptionsEditing::Parts{host, platform.processes, *m_messages, *m_scene, *m_panel, *this}))
 {
@@ -145,6 +149,7 @@ void MainWindow::BuildMenus()
     m_scene->AddFramingTo(*view);
     view->addSeparator();
     m_panel->AddTo(*view);
+    m_outliner->AddTo(*view);
     AddHistoryDock(*this, *view, m_history);
 
     m_libraries->AddTo(*menuBar());

@@ -20,6 +20,7 @@ class MaterialExchange;
 class MaterialNaming;
 class OpenDocument;
 class OptionsEditing;
+class OutlinerDock;
 class PanelDock;
 class PanelLibraries;
 class ScenePane;
@@ -114,6 +115,7 @@ private:
     std::unique_ptr<SceneRaytracing> m_raytracing;
     std::unique_ptr<TextureFinder> m_textures;
     std::unique_ptr<MaterialNaming> m_naming;
+    std::unique_ptr<OutlinerDock> m_outliner;
     std::unique_ptr<OptionsEditing> m_options;
     HelpDesk* m_help = nullptr;
     Hints* m_hints = nullptr;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ShapeChange.h"
+
 #include <QObject>
 
 class QMenu;
@@ -27,12 +29,16 @@ public:
     explicit MaterialNaming(const Parts& parts) : m_parts(parts) {}
 
     void AddTo(QMenu& menu);
-    /// Of all that share a material with one of the selected shapes.
-    void Rename(const QString& name);
+    /// Of all that share a material with one of the shapes.
+    void Rename(const ShapeList& shapes, const QString& name);
+    /// The selected shapes share the material that this one wears.
+    void ApplyToSelected(const StudioShape& wearer);
+    void MakeUnique(const ShapeList& shapes);
+    /// Selects all shapes that share a material with one of these.
+    void SelectSame(const ShapeList& shapes);
 
 private:
     void AskForName();
-    void MakeUnique();
 
     Parts m_parts;
 };

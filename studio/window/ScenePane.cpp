@@ -80,6 +80,7 @@ void ScenePane::Show(StudioScene::Shapes shapes)
     m_selection.Clear();
     m_scene.SetShapes(std::move(shapes));
     m_viewport->Draw();
+    Q_EMIT ShapesReplaced();
 }
 
 std::shared_ptr<StudioShape> ScenePane::ShapeAt(QPoint position) const

@@ -33,6 +33,8 @@ public:
     /// Null where there is none.
     [[nodiscard]] std::shared_ptr<StudioShape> ShapeAt(QPoint position) const;
 
+    /// Brings them into view.
+    void FrameShapes(StudioScene::Shapes shapes);
     void AddSelectionTo(QMenu& menu);
     void AddFramingTo(QMenu& menu);
     /// Enabled as long as a shape is selected.
@@ -41,11 +43,13 @@ public:
     /// On the status line: what is selected and what it wears.
     void TellSelection();
 
+Q_SIGNALS:
+    /// The scene has other shapes now.
+    void ShapesReplaced();
+
 private:
     /// Its name and how many shapes share it; empty for a material without a name.
     [[nodiscard]] QString MaterialText(const std::shared_ptr<StudioShape>& shape) const;
-    void FrameShapes(StudioScene::Shapes shapes);
-
     WindowMessages& m_messages;
     StudioScene m_scene;
     Selection m_selection;

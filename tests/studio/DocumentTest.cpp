@@ -379,7 +379,7 @@ TEST_F(Documents, MaterialsHaveNamesThatShapesShare)
     auto& status = rig.Find<studio::StatusMessage>("miscField");
     status.Show({});
     EXPECT_EQ(status.text(), "Vase selected (Teak, shared by 3 shapes)");
-    rig.Trigger("Make Material Unique");
+    rig.Trigger("Make Unique");
     EXPECT_EQ(status.text(), "Vase selected (Teak 2)");
     EXPECT_EQ(rig.Shape(2)->Applied().identity, shared.identity);
     EXPECT_TRUE(rig.Window().isWindowModified());
