@@ -44,9 +44,6 @@ namespace {
 /// What a desktop puts around a window, of which nothing is known before the window is shown.
 constexpr QSize kFrame(8, 48);
 
-/// Each may hold two materials for every shape of a large scene.
-constexpr int kUndoSteps = 200;
-
 }  // namespace
 
 MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
@@ -82,7 +79,6 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
 {
     m_help = new HelpDesk(*this);
     m_hints = new Hints(m_scene->Viewport());
-    m_history.setUndoLimit(kUndoSteps);
     setWindowIcon(StudioIcon());
     ConnectParts();
     BuildMenus();

@@ -29,6 +29,14 @@ StudioScene::Shapes ShapesOf(const SceneContent& content)
     return shapes;
 }
 
+/// Each may hold a material for every shape of a large scene.
+int UndoSteps(std::size_t shapes)
+{
+    constexpr std::size_t kMaterials = 2'000'000;
+    return static_cast<int>(
+        std::clamp<std::size_t>(kMaterials / std::max<std::size_t>(shapes, 1), 200, 10'000));
+}
+
 /// The same file under another name too.
 QString CanonicalPath(const QString& path)
 {
@@ -118,6 +126,7 @@ void OpenDocument::Show(StudioScene::Shapes shapes, const SceneContent& content)
         selected.push_back(shapes.at(place));
     }
     m_parts.history.clear();
+    m_parts.history.setUndoLimit(UndoSteps(shapes.size()));
     m_parts.scene.Show(std::move(shapes));
     ViewportWidget& viewport = m_parts.scene.Viewport();
     viewport.SetHomeCamera(m_parts.scene.Scene().FramedBy(DefaultCamera()));
