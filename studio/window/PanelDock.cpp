@@ -1,5 +1,6 @@
 #include "PanelDock.h"
 
+#include "MaterialVariants.h"
 #include "OptionsDialog.h"
 #include "PanelArea.h"
 #include "PanelFill.h"
@@ -9,6 +10,7 @@
 #include "SqliteMaterialLibrary.h"
 #include "StudioHost.h"
 #include "StudioSettings.h"
+#include "VariantBar.h"
 #include "ViewportWidget.h"
 #include "WindowMessages.h"
 
@@ -57,6 +59,9 @@ PanelDock::~PanelDock()
 
 void PanelDock::Build()
 {
+    m_variants = new MaterialVariants(*m_link, m_parts.scene.Selected(), this);
+    connect(m_variants, &MaterialVariants::ShapesChanged, &m_parts.scene.Viewport(),
+            &ViewportWidget::Draw);
     m_area->setWidget(m_material);
     m_affects->setObjectName(QStringLiteral("lblAffects"));
     m_affects->setWordWrap(true);
@@ -66,6 +71,7 @@ void PanelDock::Build()
     auto* column = new QVBoxLayout(panel);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
+    column->addWidget(new VariantBar(*m_variants, m_parts.scene.Viewport(), panel));
     column->addWidget(m_affects);
     column->addWidget(m_area);
     m_dock->setObjectName(QStringLiteral("materialDock"));

@@ -13,6 +13,7 @@ class QMenu;
 
 namespace studio {
 
+class MaterialVariants;
 class PanelArea;
 class PanelFill;
 class ScenePane;
@@ -65,6 +66,7 @@ private:
     PanelArea* m_area;
     CorvexMaterial::Material* m_material;
     MaterialLink* m_link;
+    MaterialVariants* m_variants = nullptr;
     PanelFill* m_fill;
     QDockWidget* m_dock;
 };

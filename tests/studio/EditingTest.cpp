@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QToolButton>
 
 #include <set>
 
@@ -93,6 +94,38 @@ TEST_F(Editing, TypedTextIsOneStepThatTakesPanelAndShapeBack)
     rig.Type("txtAmbient", "7");
     rig.Type("txtAmbient", "135");
     EXPECT_EQ(History().count(), 0) << "it ends where it began";
+}
+
+TEST_F(Editing, TwoTriesAreKeptInSlotsAndComparedWithWhatWasSelected)
+{
+    rig.Select({0, 1});
+    const auto before = Materials();
+    rig.Press("slotB");
+    EXPECT_EQ(History().count(), 0) << "an empty slot takes what is worn";
+    rig.Type("txtAmbient", "77");
+    const auto second = Materials();
+    rig.Press("slotA");
+    EXPECT_EQ(Materials(), before);
+    EXPECT_EQ(rig.TextOf("txtAmbient"), QString::number(before[1].Ambient));
+    rig.Press("slotB");
+    EXPECT_EQ(Materials(), second);
+    History().undo();
+    EXPECT_EQ(Materials(), before) << "a step";
+    History().redo();
+
+    auto& compare = rig.Find<QToolButton>("compare");
+    const auto drawn = [this] { return rig.Shape(0)->Item().material->Ambient; };
+    QTest::mousePress(&compare, Qt::LeftButton);
+    EXPECT_EQ(drawn(), before[0].Ambient);
+    EXPECT_EQ(Materials(), second) << "nothing has changed";
+    QTest::mouseRelease(&compare, Qt::LeftButton);
+    EXPECT_EQ(drawn(), 77);
+    QTest::keyPress(&rig.Window().Viewport(), Qt::Key_C);
+    EXPECT_EQ(drawn(), before[0].Ambient);
+    QTest::keyRelease(&rig.Window().Viewport(), Qt::Key_C);
+    EXPECT_EQ(drawn(), 77);
+    rig.Select({2});
+    EXPECT_TRUE(rig.Find<QToolButton>("slotA").isChecked()) << "each shape has its own";
 }
 
 TEST_F(Editing, OfSeveralShapesEachTakesWhatWasTouchedAndKeepsTheRest)
