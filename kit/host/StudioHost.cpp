@@ -124,6 +124,11 @@ RenderService& StudioHost::Rendering()
     return m_parts->rendering;
 }
 
+HostViewport* StudioHost::Preview()
+{
+    return m_parts->viewports.Latest();
+}
+
 PluginFolder& StudioHost::Plugins()
 {
     return m_parts->plugins;

@@ -9,6 +9,7 @@
 
 namespace studio {
 
+class HostViewport;
 class EventLog;
 class LibraryBrowsers;
 class PluginFolder;
@@ -40,6 +41,8 @@ public:
     [[nodiscard]] StudioApplicationState& State();
     [[nodiscard]] EventLog& Log();
     [[nodiscard]] RenderService& Rendering();
+    /// The preview of the latest control; null without one.
+    [[nodiscard]] HostViewport* Preview();
     [[nodiscard]] PluginFolder& Plugins();
     [[nodiscard]] PluginTextures& PluginPictures();
     [[nodiscard]] StudioRaytraceServices& Raytracing();

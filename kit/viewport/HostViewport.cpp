@@ -75,6 +75,7 @@ void HostViewport::Draw()
 {
     Prepare();
     m_widget->Draw();
+    Q_EMIT Drawn();
 }
 
 void HostViewport::SetBackColor(CorvexMaterial::Colour colour)
@@ -114,7 +115,8 @@ void HostViewport::ResetDevice()
 CorvexViewport::Viewport* HostViewportFactory::CreateViewport(QWidget* parent)
 {
     // Owned by its widget, which is owned by the parent.
-    return new HostViewport(m_service, parent);
+    m_latest = new HostViewport(m_service, parent);
+    return m_latest;
 }
 
 }  // namespace studio

@@ -5,6 +5,7 @@
 #include <CorvexMaterial/CorvexViewport.h>
 
 #include <QObject>
+#include <QPointer>
 
 #include <memory>
 
@@ -23,7 +24,7 @@ public:
     HostViewport(RenderService& service, QWidget* parent);
 
     QWidget& Widget() override;
-    CorvexSG::Scene& Scene() override { return m_scene; }
+    StudioScene& Scene() override { return m_scene; }
     /// Brings a shape that is newly shown into view. The user's turn and zoom stay.
     void Prepare() override;
     void Draw() override;
@@ -34,6 +35,10 @@ public:
     void PrepareRaytracedPicture() override;
     void ShowBitmap(const std::string& path) override;
     void ResetDevice() override;
+
+Q_SIGNALS:
+    /// What it shows has changed.
+    void Drawn();
 
 private:
     RenderService& m_service;
@@ -50,9 +55,12 @@ public:
     explicit HostViewportFactory(RenderService& service) : m_service(service) {}
 
     CorvexViewport::Viewport* CreateViewport(QWidget* parent) override;
+    /// Of those that live; null without one.
+    [[nodiscard]] HostViewport* Latest() const { return m_latest; }
 
 private:
     RenderService& m_service;
+    QPointer<HostViewport> m_latest;
 };
 
 }  // namespace studio

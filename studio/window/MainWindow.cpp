@@ -7,6 +7,7 @@
 #include "Hints.h"
 #include "HistoryDock.h"
 #include "HistoryMenu.h"
+#include "LargePreview.h"
 #include "MaterialExchange.h"
 #include "MaterialNaming.h"
 #include "ModelFiles.h"
@@ -56,6 +57,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_panel(std::make_unique<PanelDock>(
           PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
           std::move(clock))),
+      m_largePreview(std::make_unique<LargePreview>(LargePreview::Parts{
+          host.Rendering(), m_panel->Link(), m_scene->Selected(), host.Preview(), *this})),
       m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
       m_exchange(std::make_unique<MaterialExchange>(host, *m_messages, importer, *m_work, *this)),
       m_files(std::make_unique<WindowFiles>(WindowFiles::Parts{host, *m_messages, *m_scene,
@@ -146,6 +149,7 @@ void MainWindow::BuildMenus()
     view->addSeparator();
     m_panel->AddTo(*view);
     m_outliner->AddTo(*view);
+    m_largePreview->AddTo(*view);
     AddHistoryDock(*this, *view, m_history);
 
     m_libraries->AddTo(*menuBar());

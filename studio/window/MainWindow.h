@@ -16,6 +16,7 @@ namespace studio {
 class FileWork;
 class HelpDesk;
 class Hints;
+class LargePreview;
 class MaterialExchange;
 class MaterialNaming;
 class OpenDocument;
@@ -108,6 +109,7 @@ private:
     std::unique_ptr<ScenePane> m_scene;
     std::unique_ptr<ShapeHiding> m_hiding;
     std::unique_ptr<PanelDock> m_panel;
+    std::unique_ptr<LargePreview> m_largePreview;
     std::unique_ptr<PanelLibraries> m_libraries;
     std::unique_ptr<MaterialExchange> m_exchange;
     std::unique_ptr<WindowFiles> m_files;

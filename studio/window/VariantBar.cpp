@@ -32,7 +32,7 @@ VariantBar::VariantBar(MaterialVariants& variants, QWidget& view, QWidget* paren
 {
     setProperty("helpTopic", QStringLiteral("compare"));
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kMargin, kMargin, kMargin, 0);
+    row->setContentsMargins(kMargin, kMargin, 2 * kMargin, 0);
     const auto slot = [this](const char* name, const QString& text, MaterialVariants::Slot used) {
         QToolButton* button = Button(
             *this, name, text,

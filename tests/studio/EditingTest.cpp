@@ -128,6 +128,23 @@ TEST_F(Editing, TwoTriesAreKeptInSlotsAndComparedWithWhatWasSelected)
     EXPECT_TRUE(rig.Find<QToolButton>("slotA").isChecked()) << "each shape has its own";
 }
 
+TEST_F(Editing, TheLargePreviewShowsThePanelsObjectOrTheSelectedShapes)
+{
+    rig.Select({3});
+    rig.Trigger("Large Preview");
+    auto& view = rig.Find<studio::ViewportWidget>("largePreview");
+    const auto item = [&view] {
+        const studio::Frame frame = view.CurrentFrame();
+        return frame.items.size() == 1 ? frame.items.front() : studio::FrameItem();
+    };
+    EXPECT_NE(item().mesh, rig.Shape(3)->Item().mesh);
+    EXPECT_EQ(item().material->Color, rig.Shape(3)->Material().Color);
+    rig.Press("previewShapes");
+    EXPECT_EQ(item().mesh, rig.Shape(3)->Item().mesh);
+    rig.Type("txtAmbient", "13");
+    EXPECT_EQ(item().material->Ambient, 13);
+}
+
 TEST_F(Editing, OfSeveralShapesEachTakesWhatWasTouchedAndKeepsTheRest)
 {
     rig.Shape(2)->SetApplied(rig.Shape(3)->Applied());
