@@ -21,6 +21,14 @@ AmountField::AmountField(QWidget* parent) : QLineEdit(parent)
     });
 }
 
+QSize AmountField::sizeHint() const
+{
+    constexpr int kLeastWidth = 52;
+    constexpr int kAroundText = 16;
+    const int width = fontMetrics().horizontalAdvance(QStringLiteral("-0000")) + kAroundText;
+    return {std::max(kLeastWidth, width), QLineEdit::sizeHint().height()};
+}
+
 void AmountField::Mark()
 {
     const auto value = WholeNumberFromText(text().toStdString());

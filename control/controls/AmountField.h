@@ -26,6 +26,9 @@ public:
         return m_invalid ? TouchedRows() : TouchedRows{{attribute}};
     }
 
+    /// Of a whole number with its sign, in any font.
+    [[nodiscard]] QSize sizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
 

@@ -7,7 +7,8 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr int kHeaderHeight = 26;
+constexpr int kLeastHeight = 26;
+constexpr int kAroundText = 8;
 constexpr int kArrowArea = 22;
 
 }  // namespace
@@ -22,7 +23,9 @@ SectionHeader::SectionHeader(const QString& title, QWidget* parent) : QCheckBox(
 
 QSize SectionHeader::sizeHint() const
 {
-    return {kArrowArea + fontMetrics().horizontalAdvance(text()) + 8, kHeaderHeight};
+    const QSize title = fontMetrics().size(Qt::TextShowMnemonic, text());
+    return {kArrowArea + title.width() + kAroundText,
+            std::max(kLeastHeight, title.height() + kAroundText)};
 }
 
 bool SectionHeader::hitButton(const QPoint& position) const
@@ -52,8 +55,9 @@ void SectionHeader::paintEvent(QPaintEvent* /*event*/)
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText));
     const QRect textArea = rect().adjusted(kArrowArea, 0, -6, 0);
-    painter.drawText(textArea, Qt::AlignVCenter | Qt::AlignLeft,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, textArea.width()));
+    painter.drawText(
+        textArea, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic,
+        fontMetrics().elidedText(text(), Qt::ElideRight, textArea.width(), Qt::TextShowMnemonic));
     if (hasFocus() && arrow.state.testFlag(QStyle::State_KeyboardFocusChange)) {
         painter.setPen(palette().color(QPalette::Highlight));
         painter.setBrush(Qt::NoBrush);

@@ -2,6 +2,7 @@
 
 #include "ErrorTexts.h"
 #include "ui_frmDialog.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 #include <CorvexMaterial/WarningCatalogue.h>
 
 #include <QStyle>
@@ -15,11 +16,14 @@ frmDialog::frmDialog(SettingsStore& settings, CorvexDB::Diagnostics& diagnostics
 {
     m_diagnostics.DebugTrace("Loading Dialog Form");
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     setWindowTitle(
         QString::fromStdString(m_request.title.empty() ? std::string(kBoxTitle) : m_request.title));
     const int iconSize = style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, this);
     m_ui->lblIcon->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxInformation).pixmap(iconSize, iconSize));
+    constexpr int kTextWidth = 56;  // of average letters
+    m_ui->lblWarning->setFixedWidth(kTextWidth * fontMetrics().averageCharWidth());
     m_ui->lblWarning->setText(QString::fromStdString(m_request.sWarning));
     m_ui->chkContinueToReceiveWarning->setChecked(true);
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &QDialog::accept);

@@ -61,7 +61,7 @@ void AttributePanel::AddDefaultsRow()
         auto* button = new QPushButton(row.text, this);
         button->setObjectName(QString::fromLatin1(row.name));
         button->setToolTip(row.tip);
-        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         connect(button, &QPushButton::clicked, this, row.pressed);
         line->addWidget(button);
     }

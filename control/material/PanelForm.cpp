@@ -5,6 +5,8 @@
 #include "PreviewPanel.h"
 #include "SectionHeader.h"
 
+#include <CorvexMaterial/KeyboardAccess.h>
+
 #include <QBoxLayout>
 #include <QCoreApplication>
 
@@ -76,6 +78,7 @@ PanelForm::PanelForm(const ChannelServices& services, const Trap& trap, QWidget&
     outer->addWidget(m_picture);
     outer->addStretch();
     m_attributes->setVisible(false);
+    GiveKeyboardAccess(*m_picture);
     QObject::connect(m_materialHeader, &QCheckBox::toggled, m_attributes, &QWidget::setVisible);
 }
 

@@ -21,8 +21,7 @@ namespace CorvexMaterial {
 
 namespace {
 
-constexpr int kListHeight = 24;
-constexpr int kButtonHeight = 24;
+constexpr int kListHeight = 24;  // as that of a button
 constexpr int kGap = 4;
 constexpr int kNoteLines = 3;
 constexpr int kLeastWidth = 180;
@@ -219,12 +218,12 @@ void PluginPanel::PickColour(PluginRow& row)
 QSize PluginPanel::sizeHint() const
 {
     if (m_missing) {
-        return {kLeastWidth, kListHeight + kGap + kNoteLines * fontMetrics().lineSpacing()};
+        return {kLeastWidth, ListHeight() + kGap + kNoteLines * fontMetrics().lineSpacing()};
     }
     if (m_shownRows == 0) {
-        return {kLeastWidth, kListHeight};
+        return {kLeastWidth, ListHeight()};
     }
-    return {kLeastWidth, ParameterRowTop(m_shownRows) / kTwipsPerPixel + kGap + kButtonHeight};
+    return {kLeastWidth, ButtonTop() + ListHeight()};
 }
 
 QSize PluginPanel::minimumSizeHint() const
@@ -238,19 +237,36 @@ void PluginPanel::resizeEvent(QResizeEvent* event)
     PlaceWidgets();
 }
 
+// The rows are as high as the font of the design needs them.
+double PluginPanel::Scale() const
+{
+    constexpr double kAroundText = 4.0;
+    constexpr double kEditorHeight = kParameterEditorTwips / kTwipsPerPixel;
+    return std::max(1.0, (fontMetrics().height() + kAroundText) / kEditorHeight);
+}
+
+int PluginPanel::ListHeight() const
+{
+    return qRound(Scale() * kListHeight);
+}
+
+int PluginPanel::ButtonTop() const
+{
+    return qRound(Scale() * ParameterRowTop(m_shownRows) / kTwipsPerPixel) + kGap;
+}
+
 void PluginPanel::PlaceWidgets()
 {
-    m_list->setGeometry(0, 0, width(), kListHeight);
-    m_note->setGeometry(0, kListHeight + kGap, width(), kNoteLines * fontMetrics().lineSpacing());
+    m_list->setGeometry(0, 0, width(), ListHeight());
+    m_note->setGeometry(0, ListHeight() + kGap, width(), kNoteLines * fontMetrics().lineSpacing());
     for (PluginRow* row : m_rows) {
-        row->Place(width());
+        row->Place(width(), Scale());
     }
     const int count = static_cast<int>(m_buttons.size());
     const int step = (width() + kGap) / count;
-    const int top = ParameterRowTop(m_shownRows) / kTwipsPerPixel + kGap;
     for (int i = 0; i < count; ++i) {
-        m_buttons[static_cast<std::size_t>(i)]->setGeometry(i * step, top, step - kGap,
-                                                            kButtonHeight);
+        m_buttons[static_cast<std::size_t>(i)]->setGeometry(i * step, ButtonTop(), step - kGap,
+                                                            ListHeight());
     }
 }
 

@@ -107,6 +107,9 @@ private:
     void ShowEntry(int position, std::optional<Missing> missing);
     void ConfirmNumber(PluginRow& row);
     void PickColour(PluginRow& row);
+    [[nodiscard]] double Scale() const;
+    [[nodiscard]] int ListHeight() const;
+    [[nodiscard]] int ButtonTop() const;
     void PlaceWidgets();
 
     const Trap& m_trap;

@@ -25,7 +25,6 @@ using CorvexDB::ParameterKind;
 
 constexpr int kCaptionShare = 38;  // percent of the width
 constexpr int kEditorGap = 6;
-constexpr int kPositionWidth = 38;
 
 template <typename Widget>
 Widget* Element(const char* array, std::size_t row, QWidget& panel)
@@ -83,9 +82,8 @@ std::vector<QWidget*> PluginRow::Editors() const
 void PluginRow::Show(const CorvexDB::PluginParameter& parameter, float value)
 {
     m_parameter = parameter;
-    const QString name = QString::fromStdString(parameter.name);
-    m_caption->setText(name);
-    m_caption->setToolTip(PlainTip(name));
+    m_caption->setText(PlainCaption(Name()));
+    m_caption->setToolTip(PlainTip(Name()));
     m_caption->setVisible(parameter.kind != ParameterKind::Tick);
     switch (parameter.kind) {
     case ParameterKind::Slider:
@@ -100,11 +98,22 @@ void PluginRow::Show(const CorvexDB::PluginParameter& parameter, float value)
         return ShowTick(value);
     case ParameterKind::PackedColour:
         ShowColour(UnpackColour(value));
-        m_swatch->setAccessibleName(name);
-        return m_swatch->show();
+        return ShowEditor(*m_swatch);
     default:
         return;
     }
+}
+
+QString PluginRow::Name() const
+{
+    return QString::fromStdString(m_parameter.name);
+}
+
+void PluginRow::ShowEditor(QWidget& editor)
+{
+    editor.setAccessibleName(Name());
+    m_caption->setBuddy(&editor);
+    editor.show();
 }
 
 void PluginRow::ShowSlider(float value)
@@ -115,9 +124,8 @@ void PluginRow::ShowSlider(float value)
     m_slider->setTickInterval(setting.tickFrequency);
     m_slider->setPageStep(setting.largeChange);
     m_slider->setValue(RoundHalfEven(std::clamp<double>(value, setting.minimum, setting.maximum)));
-    m_slider->setAccessibleName(m_caption->text());
     m_position->setNum(m_slider->value());
-    m_slider->show();
+    ShowEditor(*m_slider);
     m_position->show();
 }
 
@@ -126,8 +134,7 @@ void PluginRow::ShowNumber(float value)
     m_number->SetNumbers(
         {m_parameter.minimum, m_parameter.maximum, m_parameter.step, m_parameter.boxDefault});
     m_number->ShowText(QString::fromStdString(TextOfSingle(value)));
-    m_number->setAccessibleName(m_caption->text());
-    m_number->show();
+    ShowEditor(*m_number);
 }
 
 void PluginRow::ShowList(float value)
@@ -138,15 +145,14 @@ void PluginRow::ShowList(float value)
         m_list->addItem(QString::fromStdString(choice));
     }
     m_list->setCurrentIndex(ListPositionOf(value, static_cast<std::size_t>(m_list->count())));
-    m_list->setAccessibleName(m_caption->text());
-    m_list->show();
+    ShowEditor(*m_list);
 }
 
 void PluginRow::ShowTick(float value)
 {
     const QSignalBlocker quiet(m_tick);
     // A name's "&" is no mnemonic.
-    m_tick->setText(PlainCaption(m_caption->text()));
+    m_tick->setText(PlainCaption(Name()));
     m_tick->setChecked(ListPositionOf(value, 2) == 1);
     m_tick->show();
 }
@@ -190,16 +196,18 @@ std::string PluginRow::Text() const
                                                      : TextOfSingle(Value(m_parameter.kind));
 }
 
-void PluginRow::Place(int width)
+void PluginRow::Place(int width, double scale)
 {
-    const int top = ParameterRowTop(m_row) / kTwipsPerPixel;
-    const int height = kParameterEditorTwips / kTwipsPerPixel;
-    const int captionTop = top + kParameterCaptionDropTwips / kTwipsPerPixel;
+    const auto pixels = [scale](int twips) { return qRound(scale * twips / kTwipsPerPixel); };
+    const int top = pixels(ParameterRowTop(m_row));
+    const int height = pixels(kParameterEditorTwips);
+    const int captionTop = top + pixels(kParameterCaptionDropTwips);
+    const int positionWidth = m_position->fontMetrics().horizontalAdvance(QStringLiteral("-0000"));
     const int left = width * kCaptionShare / 100;
     const QRect editor(left, top, std::max(0, width - left), height);
     m_caption->setGeometry(0, captionTop, std::max(0, left - kEditorGap), height);
-    m_slider->setGeometry(editor.adjusted(0, 0, -kPositionWidth - kEditorGap, 0));
-    m_position->setGeometry(editor.right() + 1 - kPositionWidth, top, kPositionWidth, height);
+    m_slider->setGeometry(editor.adjusted(0, 0, -positionWidth - kEditorGap, 0));
+    m_position->setGeometry(editor.right() + 1 - positionWidth, top, positionWidth, height);
     m_number->setGeometry(editor);
     m_list->setGeometry(editor);
     m_tick->setGeometry(left, top, std::max(0, width - left), height);

@@ -43,8 +43,9 @@ public:
     [[nodiscard]] Colour SwatchColour() const { return m_colour; }
     void ShowColour(Colour colour);
 
-    /// Lays the row out in a panel of this width, logical pixels.
-    void Place(int width);
+    /// Lays the row out in a panel of this width, logical pixels; heights are for the font of the
+    /// design, times a scale.
+    void Place(int width, double scale);
 
 Q_SIGNALS:
     void Edited();
@@ -53,6 +54,8 @@ Q_SIGNALS:
 
 private:
     void Connect();
+    [[nodiscard]] QString Name() const;
+    void ShowEditor(QWidget& editor);
     void ShowSlider(float value);
     void ShowNumber(float value);
     void ShowList(float value);

@@ -2,6 +2,7 @@
 
 #include "PrimitivePictures.h"
 #include "ui_frmPreviewPrimitiveDialog.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 #include <CorvexMaterial/PreviewPrimitives.h>
 
 namespace CorvexMaterial {
@@ -10,6 +11,7 @@ frmPreviewPrimitiveDialog::frmPreviewPrimitiveDialog(QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmPreviewPrimitiveDialog>())
 {
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     for (std::size_t code = 0; code < kPreviewPrimitives.size(); ++code) {
         AddPrimitive(static_cast<int>(code));
     }

@@ -1,6 +1,7 @@
 #include "RenderProgressDialog.h"
 
 #include "ui_RenderProgressDialog.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -40,6 +41,7 @@ RenderProgressDialog::RenderProgressDialog(QWidget& over)
       m_over(over), m_ui(std::make_unique<Ui::RenderProgressDialog>())
 {
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     connect(m_ui->cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     // Escape and the window's frame end here too.
     connect(this, &QDialog::rejected, this, [this] { m_cancelled = true; });

@@ -8,6 +8,7 @@
 #include "Trap.h"
 #include "WheelGuard.h"
 #include "ui_frmMaterialExtended.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 #include <CorvexMaterial/Looks.h>
 
 #include <QStandardItemModel>
@@ -57,6 +58,7 @@ frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
       m_wait(services.platform.processes, *this)
 {
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     m_swatches = {m_ui->picColorPattern_0, m_ui->picColorPattern_1, m_ui->picColorPattern_2,
                   m_ui->picColorPattern_3};
     m_followSoon.setSingleShot(true);

@@ -3,6 +3,7 @@
 #include "TextureMessages.h"
 #include "Trap.h"
 #include "ui_frmTextureDialog.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 #include <CorvexMaterial/SettingsNames.h>
 
 #include <QFileInfo>
@@ -17,6 +18,7 @@ frmTextureDialog::frmTextureDialog(const Trap& trap, ChannelServices services, Q
       m_ui(std::make_unique<Ui::frmTextureDialog>()), m_selectedTexture(kNothingChosen)
 {
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     const QFileInfo library(QString::fromStdString(m_services.owner.TextureLibraryFile()));
     setWindowTitle(tr("Select Texture - %1").arg(library.fileName()));
     m_ui->cmdOK->setEnabled(false);

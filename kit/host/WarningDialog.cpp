@@ -8,8 +8,7 @@ namespace studio {
 namespace {
 
 // As the panel's own messages.
-constexpr int kLeastTextWidth = 340;
-constexpr int kMostTextWidth = 420;
+constexpr int kTextWidth = 56;  // of average letters
 constexpr QMargins kEdge(16, 16, 16, 12);
 constexpr int kColumnGap = 12;
 constexpr int kRowGap = 14;
@@ -29,8 +28,7 @@ WarningDialog::WarningDialog(const QString& warning, QWidget* parent)
     auto* text = new QLabel(warning, this);
     text->setTextFormat(Qt::PlainText);
     text->setWordWrap(true);
-    text->setMinimumWidth(kLeastTextWidth);
-    text->setMaximumWidth(kMostTextWidth);
+    text->setFixedWidth(kTextWidth * text->fontMetrics().averageCharWidth());
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 

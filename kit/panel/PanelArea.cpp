@@ -6,6 +6,7 @@ namespace studio {
 
 PanelArea::PanelArea(QWidget* parent) : QScrollArea(parent)
 {
+    setAccessibleName(tr("Material panel"));
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -33,6 +33,7 @@ HostViewport::HostViewport(RenderService& service, QWidget* parent)
 {
     setParent(m_widget);
     m_widget->SetSource(&m_scene);
+    m_widget->setAccessibleName(tr("Preview"));
     m_widget->SetHomeCamera(m_home);
     connect(m_widget, &ViewportWidget::positionText, this, [this](const QString& text) {
         if (m_listener != nullptr) {

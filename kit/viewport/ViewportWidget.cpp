@@ -1,5 +1,6 @@
 #include "ViewportWidget.h"
 
+#include "AccessibleViewport.h"
 #include "Backdrop.h"
 #include "FrameSource.h"
 #include "OrbitMotion.h"
@@ -40,6 +41,8 @@ ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
     m_wheelEnd.setInterval(kWheelEndMs);
     connect(&m_refineSoon, &QTimer::timeout, this, [this] { RequestPicture(4); });
     connect(&m_wheelEnd, &QTimer::timeout, this, &ViewportWidget::interactionFinished);
+    MakeViewportsAccessible();
+    connect(this, &ViewportWidget::interactionFinished, this, [this] { TellAccessibly(*this); });
     connect(&service.Textures(), &TextureCache::textureReady, this, [this] {
         if (!m_picture.IsImage()) {
             Draw();

@@ -39,8 +39,8 @@ QString Shown(std::string_view text)
 
 RaytracerField::RaytracerField(const SceneWriter& writer, CorvexMaterial::ProcessStarter& processes,
                                const QString& program, QWidget* parent)
-    : QWidget(parent), m_writer(writer), m_program(program), m_choose(tr("&Choose...")),
-      m_test(tr("T&est")), m_run(processes)
+    : QWidget(parent), m_writer(writer), m_program(program), m_choose(tr("Choose...")),
+      m_test(tr("Test")), m_run(processes)
 {
     NameControls();
     Arrange();
@@ -65,6 +65,7 @@ void RaytracerField::NameControls()
 {
     const QString word = Shown(Raytracer().word);
     const QString inName = word.left(1).toUpper() + word.mid(1);
+    m_program.setAccessibleName(Shown(Raytracer().program.label).remove(u'&'));
     m_program.setObjectName(word + QStringLiteral("Program"));
     m_choose.setObjectName(QStringLiteral("choose") + inName);
     m_test.setObjectName(QStringLiteral("test") + inName);
@@ -75,8 +76,6 @@ void RaytracerField::NameControls()
 
 void RaytracerField::Arrange()
 {
-    m_status.setTextFormat(Qt::PlainText);
-    m_status.setWordWrap(true);
     auto* row = new QHBoxLayout;
     row->addWidget(&m_program);
     row->addWidget(&m_choose);
@@ -152,7 +151,7 @@ void RaytracerField::Test()
         return End(tr("The test was cancelled."));
     }
     m_picture.clear();
-    m_test.setText(tr("Canc&el"));
+    m_test.setText(tr("Cancel"));
     m_status.setText(tr("Rendering a small picture."));
     m_limit.start(kLimitMilliseconds);
     try {
@@ -172,7 +171,7 @@ void RaytracerField::End(const QString& why)
 void RaytracerField::Conclude(const QString& outcome)
 {
     m_limit.stop();
-    m_test.setText(tr("T&est"));
+    m_test.setText(tr("Test"));
     ShowProgram();
     if (!outcome.isEmpty()) {
         m_status.setText(outcome);

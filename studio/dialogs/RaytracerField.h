@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RaytraceRun.h"
+#include "WrappedLabel.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -45,7 +46,7 @@ private:
     QPushButton m_choose;
     QPushButton m_test;
     QLabel m_picture;
-    QLabel m_status;
+    WrappedLabel m_status;
     RaytraceRun m_run;
     QTimer m_limit;
     QString m_ended;  ///< why a test was ended; empty when the field names another program by now

@@ -37,6 +37,7 @@ RenderWindow::RenderWindow(CorvexMaterial::ProcessStarter& processes, QWidget* p
     m_save->setEnabled(false);
     m_cancel->setObjectName(QStringLiteral("cancelRender"));
     auto* area = new QScrollArea(this);
+    area->setAccessibleName(tr("Rendered picture"));
     area->setWidget(m_picture);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);

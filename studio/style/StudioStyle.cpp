@@ -2,9 +2,12 @@
 
 #include "FlatShapes.h"
 #include "StyleSigns.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 
 #include <QApplication>
-#include <QDialog>
+#include <QColorDialog>
+#include <QDockWidget>
+#include <QFileDialog>
 #include <QLabel>
 #include <QPainter>
 #include <QStyleFactory>
@@ -52,6 +55,12 @@ StudioStyle::StudioStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("F
 void StudioStyle::polish(QWidget* widget)
 {
     QProxyStyle::polish(widget);
+    const bool isOwnDialog = qobject_cast<QDialog*>(widget) != nullptr &&
+                             qobject_cast<QFileDialog*>(widget) == nullptr &&
+                             qobject_cast<QColorDialog*>(widget) == nullptr;
+    if (isOwnDialog || qobject_cast<QDockWidget*>(widget) != nullptr) {
+        CorvexMaterial::GiveKeyboardAccess(*widget);
+    }
     auto* const label = qobject_cast<QLabel*>(widget);
     // A tool tip is one too. Ours have names and values in a table, each of them escaped.
     if (label != nullptr && label->textFormat() == Qt::AutoText && !label->inherits("QTipLabel")) {

@@ -63,16 +63,22 @@ QString ScenePane::MaterialText(const std::shared_ptr<StudioShape>& shape) const
 
 void ScenePane::TellSelection()
 {
+    const QString text = SelectionText();
+    m_messages.SetLasting(text);
+    m_viewport->setAccessibleDescription(text);
+}
+
+QString ScenePane::SelectionText() const
+{
     const StudioScene::Shapes& shapes = m_selection.All();
     if (shapes.empty()) {
-        m_messages.SetLasting(tr("Click a shape to select it"));
-        return;
+        return tr("Click a shape to select it");
     }
     const QString what = shapes.size() == 1 ? QString::fromStdString(shapes.front()->Name())
                                             : tr("%1 shapes").arg(shapes.size());
     const QString material = MaterialText(m_selection.Latest());
-    m_messages.SetLasting(material.isEmpty() ? tr("%1 selected").arg(what)
-                                             : tr("%1 selected (%2)").arg(what, material));
+    return material.isEmpty() ? tr("%1 selected").arg(what)
+                              : tr("%1 selected (%2)").arg(what, material);
 }
 
 void ScenePane::Show(StudioScene::Shapes shapes)

@@ -49,6 +49,7 @@ Q_SIGNALS:
 
 private:
     /// Its name and how many shapes share it; empty for a material without a name.
+    [[nodiscard]] QString SelectionText() const;
     [[nodiscard]] QString MaterialText(const std::shared_ptr<StudioShape>& shape) const;
     WindowMessages& m_messages;
     StudioScene m_scene;

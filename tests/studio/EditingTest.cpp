@@ -47,8 +47,8 @@ TEST_F(Editing, SelectingShowsEachMaterialAndWithoutASelectionNoneChanges)
 TEST_F(Editing, WhatIsHiddenIsNeitherDrawnNorSelectedUntilThatIsUndone)
 {
     const auto drawn = [this] {
-        studio::RaytraceScene scene = studio::RaytraceSceneOf(
-            const_cast<studio::StudioScene&>(rig.Window().Scene()), {});
+        studio::RaytraceScene scene =
+            studio::RaytraceSceneOf(const_cast<studio::StudioScene&>(rig.Window().Scene()), {});
         EXPECT_EQ(scene.names.size(), scene.frame.items.size());
         return scene.names;
     };

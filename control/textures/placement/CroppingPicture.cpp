@@ -3,6 +3,7 @@
 #include "Checkerboard.h"
 #include <CorvexMaterial/LegibleColours.h>
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -50,10 +51,20 @@ void PaintHandle(QPainter& painter, QPointF corner, const QSizeF& size)
     painter.drawRect(square);
 }
 
+QAccessibleInterface* AccessiblePicture(const QString& /*className*/, QObject* object)
+{
+    auto* picture = qobject_cast<CroppingPicture*>(object);
+    return picture != nullptr ? new QAccessibleWidget(picture, QAccessible::Graphic) : nullptr;
+}
+
 }  // namespace
 
 CroppingPicture::CroppingPicture(QWidget* parent) : QWidget(parent)
 {
+    [[maybe_unused]] static const bool once = [] {
+        QAccessible::installFactory(AccessiblePicture);
+        return true;
+    }();
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);

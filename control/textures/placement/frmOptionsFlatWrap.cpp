@@ -4,6 +4,7 @@
 #include "TexturePlacement.h"
 #include "TextureWrap.h"
 #include "ui_frmOptionsFlatWrap.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/Schema.h>
 
@@ -13,6 +14,7 @@ frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmOptionsFlatWrap>())
 {
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     m_options = {m_ui->optFlatWrapType_0, m_ui->optFlatWrapType_1, m_ui->optFlatWrapType_2};
     for (std::size_t i = 0; i < m_options.size(); ++i) {
         m_options[i]->setText(tr(kFlatWrapTitles[i]));

@@ -5,6 +5,7 @@
 #include "TextureImage.h"
 #include "TextureMessages.h"
 #include "ui_frmOptionsTexture.h"
+#include <CorvexMaterial/KeyboardAccess.h>
 #include <CorvexMaterial/NumberText.h>
 
 #include <QSignalBlocker>
@@ -24,6 +25,7 @@ frmOptionsTexture::frmOptionsTexture(QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::frmOptionsTexture>())
 {
     m_ui->setupUi(this);
+    GiveKeyboardAccess(*this);
     m_fields = {m_ui->txtOriginLeft, m_ui->txtOriginTop, m_ui->txtScaleWidth, m_ui->txtScaleHeight};
     m_ui->lblMessage->hide();
     m_ui->lblTooTall->hide();
