@@ -59,6 +59,10 @@ frmMaterialExtended::frmMaterialExtended(const RaytraceDialogServices& services,
 {
     m_ui->setupUi(this);
     GiveKeyboardAccess(*this);
+    for (const QString& text : {tr("Raytraced"), tr("Live view")}) {
+        m_ui->lblPicture->setMinimumWidth(std::max(m_ui->lblPicture->minimumWidth(),
+                                                   fontMetrics().horizontalAdvance(text)));
+    }
     m_swatches = {m_ui->picColorPattern_0, m_ui->picColorPattern_1, m_ui->picColorPattern_2,
                   m_ui->picColorPattern_3};
     m_followSoon.setSingleShot(true);

@@ -39,7 +39,7 @@ TEST_F(Warning, IsShownUntilTheUserSwitchesItOff)
         EXPECT_EQ(dialog.windowTitle(), "Corvex");
         EXPECT_EQ(dialog.findChild<QLabel*>("lblWarning")->text(), "Mind the <b>step</b>");
         auto* choice = dialog.findChild<QCheckBox*>("chkContinueToReceiveWarning");
-        EXPECT_EQ(choice->text(), "Continue to receive this message");
+        EXPECT_EQ(choice->text().remove(u'&'), "Continue to receive this message");
         EXPECT_TRUE(choice->isChecked());
         PressOk(dialog);
     }));

@@ -88,13 +88,14 @@ void EveryWindow::Trigger(const QMenu& menu)
 
 void EveryWindow::LookAt(QWidget& window)
 {
+    QTest::qWait(40);  // a changed size climbs from layout to layout
     const auto tabs = window.findChildren<QTabWidget*>();
     if (tabs.isEmpty()) {
         return m_look(window);
     }
     for (int page = 0; page < tabs.front()->count(); ++page) {
         tabs.front()->setCurrentIndex(page);
-        QCoreApplication::processEvents();
+        QTest::qWait(40);
         m_look(window);
     }
 }
@@ -113,7 +114,6 @@ void EveryWindow::CloseDialogs()
             qobject_cast<QColorDialog*>(dialog) == nullptr &&
             !m_dialogs.contains(dialog->windowTitle())) {
             m_dialogs << dialog->windowTitle();
-            QCoreApplication::processEvents();
             LookAt(*dialog);
         }
         dialog->reject();

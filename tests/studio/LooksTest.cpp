@@ -117,6 +117,8 @@ QString MnemonicOf(const QString& text)
     return QKeySequence::mnemonic(text).toString();
 }
 
+/// Each letter once. With more captions than letters some go without, but only those whose letters
+/// are all taken.
 void ExpectMnemonics(const QWidget& window, Complaints& complaints)
 {
     QMap<QString, int> letters;
@@ -126,6 +128,7 @@ void ExpectMnemonics(const QWidget& window, Complaints& complaints)
         }
     }
     QSet<const QWidget*> named;
+    QList<const QWidget*> without;
     for (const QLabel* label : window.findChildren<QLabel*>()) {
         named << label->buddy();
     }
@@ -145,9 +148,16 @@ void ExpectMnemonics(const QWidget& window, Complaints& complaints)
         }
         const QString letter = MnemonicOf(text);
         if (letter.isEmpty()) {
-            complaints.Add(*widget, "has no letter to press");
+            without << widget;
         } else if (++letters[letter] > 1) {
             complaints.Add(*widget, "shares its letter");
+        }
+    }
+    for (const QWidget* widget : without) {
+        for (const QChar letter : widget->property("text").toString().toUpper()) {
+            if (letter.isLetter() && !letters.contains(MnemonicOf(QStringLiteral("&") + letter))) {
+                complaints.Add(*widget, "has no letter to press");
+            }
         }
     }
 }
