@@ -13,10 +13,10 @@ namespace CorvexMaterial {
 
 AttributePanel::AttributePanel(const Trap& trap, const ChannelServices& services, QWidget* parent)
     : QWidget(parent), m_channels(new ChannelPanel(trap, services, this)),
-      m_surface(new SurfacePanel(trap, services.platform.choosers, this)),
+      m_surface(new SurfacePanel(trap, services.platform.choosers, services.trial, this)),
       m_customFields(new CustomFieldsPanel(this)), m_advanced(new AdvancedPanel(this)),
       m_plugins(new PluginPanel(trap, services.host.plugins, services.host.numbers,
-                                services.platform.choosers, this))
+                                services.platform.choosers, services.trial, this))
 {
     PlacePages();
     ConnectPages();

@@ -2,6 +2,7 @@
 
 #include "DrawnIcon.h"
 #include "Swatch.h"
+#include "Trial.h"
 #include <CorvexMaterial/NamedColours.h>
 
 #include <QComboBox>
@@ -23,8 +24,8 @@ QIcon ColourIcon(Colour colour)
 
 }  // namespace
 
-ColourField::ColourField(const Widgets& widgets, QObject* parent)
-    : QObject(parent), m_widgets(widgets)
+ColourField::ColourField(const Widgets& widgets, Choosers& choosers, Trial& trial, QObject* parent)
+    : QObject(parent), m_widgets(widgets), m_trial(trial), m_dialog(choosers, trial)
 {
     for (const NamedColour& row : kNamedColours) {
         m_widgets.list.addItem(ColourIcon(row.colour), QString::fromUtf8(row.name));
@@ -48,25 +49,29 @@ std::vector<QWidget*> ColourField::Shown() const
     return {&m_widgets.list, &m_widgets.swatch};
 }
 
-void ColourField::ChooseEntry(int position, Choosers& choosers)
+void ColourField::ChooseEntry(int position)
 {
     if (position < 0 || position >= static_cast<int>(kNamedColours.size())) {
-        ChooseFromDialog(choosers);
+        ChooseFromDialog();
         return;
     }
     Show(kNamedColours[static_cast<std::size_t>(position)].colour);
     Q_EMIT Edited();
 }
 
-void ColourField::ChooseFromDialog(Choosers& choosers)
+// What is tried is seen in the swatch; the field's colour is still the old one.
+void ColourField::ChooseFromDialog()
 {
-    std::optional<Colour> chosen;
-    try {
-        chosen = choosers.ChooseColour(m_colour);
-    } catch (...) {
-        Show(m_colour);
-        throw;
-    }
+    m_dialog.Open(m_colour, m_widgets.swatch,
+                  {[this](Colour tried) {
+                       m_widgets.swatch.SetColour(tried);
+                       m_trial.Show({{Attribute::Color, 0, tried}});
+                   },
+                   [this](std::optional<Colour> chosen) { Take(chosen); }});
+}
+
+void ColourField::Take(std::optional<Colour> chosen)
+{
     Show(chosen.value_or(m_colour));
     if (chosen) {
         Q_EMIT Edited();

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ColourTrial.h"
 #include <CorvexMaterial/Colour.h>
-#include <CorvexMaterial/Prompts.h>
 
 #include <QObject>
 
@@ -14,6 +14,7 @@ class QWidget;
 namespace CorvexMaterial {
 
 class Swatch;
+class Trial;
 
 /// The three views of the material colour: named list, swatch and colour dialog.
 class ColourField : public QObject {
@@ -26,7 +27,8 @@ public:
         QAbstractButton& button;
     };
 
-    ColourField(const Widgets& widgets, QObject* parent);
+    /// Choosers and trial outlive the field.
+    ColourField(const Widgets& widgets, Choosers& choosers, Trial& trial, QObject* parent);
 
     [[nodiscard]] Colour Value() const { return m_colour; }
     void Show(Colour colour);
@@ -34,8 +36,8 @@ public:
     [[nodiscard]] std::vector<QWidget*> Shown() const;
 
     /// A named entry; "Custom" asks for a colour first.
-    void ChooseEntry(int position, Choosers& choosers);
-    void ChooseFromDialog(Choosers& choosers);
+    void ChooseEntry(int position);
+    void ChooseFromDialog();
 
 Q_SIGNALS:
     void Edited();
@@ -43,7 +45,11 @@ Q_SIGNALS:
     void DialogWanted();
 
 private:
+    void Take(std::optional<Colour> chosen);
+
     Widgets m_widgets;
+    Trial& m_trial;
+    ColourTrial m_dialog;
     Colour m_colour = kWhite;
 };
 

@@ -28,6 +28,8 @@ Material::Material(Host& host, Platform& platform, QWidget* parent) : QWidget(pa
     OfferImageFormats();
     connect(m_editor.get(), &MaterialEditor::Edited, this, &Material::Edited);
     connect(m_editor.get(), &MaterialEditor::Changed, this, &Material::MaterialChanged);
+    connect(&m_editor->Previewing(), &TrialFlow::Previewed, this, &Material::Previewed);
+    connect(&m_editor->Previewing(), &TrialFlow::PreviewEnded, this, &Material::PreviewEnded);
     connect(&m_editor->Layout(), &LayoutFlow::TextureLibraryExpanded, this,
             &Material::TextureLibraryExpanded);
     connect(&m_editor->Layout(), &LayoutFlow::MaterialLibraryExpanded, this,
@@ -41,6 +43,11 @@ Material::Material(Host& host, Platform& platform, QWidget* parent) : QWidget(pa
 Material::~Material()
 {
     m_editor->Terminate();
+}
+
+void Material::EndPreview()
+{
+    m_editor->Tried().Accept();
 }
 
 Status Material::SetRaytraceButtonImage(const QIcon& Image)

@@ -51,7 +51,7 @@ TouchedRows SurfaceRows()
 MaterialEditor::MaterialEditor(Host& host, Platform& platform, IMaterial& control, QWidget& widget)
     : m_host(host), m_platform(platform), m_control(control), m_widget(widget),
       m_errorHandler(platform.prompts, host.diagnostics, host.applicationState),
-      m_trap(m_errorHandler), m_form({host, platform, *this}, m_trap, widget),
+      m_trap(m_errorHandler), m_form({host, platform, *this, m_trial}, m_trap, widget),
       m_attributes(m_form.Attributes()), m_preview(m_form.Preview()),
       m_gatherer(control, m_attributes),
       m_savedState(platform.settings,
@@ -152,6 +152,9 @@ void MaterialEditor::ConnectPreview()
     PreviewPanel& panel = m_form.Preview();
     connect(&panel, &PreviewPanel::PositionTextChanged, this, &MaterialEditor::PositionText);
     connect(&panel, &PreviewPanel::ViewTouched, this, [this] {
+        if (m_trialFlow.IsOn()) {
+            return m_trialFlow.Show();
+        }
         const modCorvexGeneralErrorHandler::TellOnce once(m_errorHandler);
         m_trap("dfvMaterialViewport", [this] { RefreshPreviewMaterial(); });
     });
@@ -210,12 +213,23 @@ void MaterialEditor::ApplyToPreview()
     }
 }
 
-void MaterialEditor::RefreshPreviewMaterial()
+void MaterialEditor::ApplyAndDraw()
 {
     ApplyToPreview();
     if (m_preview.IsBuilt()) {
         m_preview.Redraw();
     }
+}
+
+void MaterialEditor::ShowPreview()
+{
+    const modCorvexGeneralErrorHandler::TellOnce once(m_errorHandler);
+    m_trap("RefreshPreviewMaterial", [this] { ApplyAndDraw(); });
+}
+
+void MaterialEditor::RefreshPreviewMaterial()
+{
+    ApplyAndDraw();
     TellHost();
 }
 
@@ -400,6 +414,7 @@ void MaterialEditor::ShowFactory(const TouchedRows& rows)
 
 void MaterialEditor::Terminate()
 {
+    m_trial.Reject();
     m_trap("Terminate",
            [this] { m_host.diagnostics.RecordEvent("Material instance terminating"); });
     m_trap("Terminate", [this] { m_savedState.SaveAtTerminate(m_attributes); });

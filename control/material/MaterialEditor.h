@@ -13,6 +13,7 @@
 #include "TextureLibraryFlow.h"
 #include "TouchedRows.h"
 #include "Trap.h"
+#include "TrialFlow.h"
 #include <CorvexMaterial/Host.h>
 #include <CorvexMaterial/Platform.h>
 
@@ -44,12 +45,16 @@ public:
     LibraryFlow& MaterialLibrary() { return m_materialLibrary; }
     LibraryFlow& TextureLibrary() { return m_textureLibrary; }
     MaterialGatherer& Gatherer() { return m_gatherer; }
+    Trial& Tried() { return m_trial; }
+    TrialFlow& Previewing() { return m_trialFlow; }
 
     /// Puts the material on the preview shape, redraws it and tells the host: the end of every
     /// edit. What the user has touched and the host could not be told is told then.
     void RefreshPreviewMaterial();
     /// The first of these alone.
     void ApplyToPreview();
+    /// The first two; what fails is reported.
+    void ShowPreview();
     /// Raises a warning that the user may silence; a failure of it is reported.
     void RequestWarning(std::string_view text, std::string_view key);
     void RenderMaterial();
@@ -91,6 +96,7 @@ public:
     template <typename Change>
     void ChangeSilently(Change&& change)
     {
+        m_trial.Reject();
         const Batch batch(m_batchDepth);
         const FollowAtEnd follow(*this);
         m_gatherer.Forget();
@@ -155,6 +161,7 @@ private:
     void ConnectLibraries();
     [[nodiscard]] Status LoadSavedLibraries();
     void OnEdited(const TouchedRows& touched);
+    void ApplyAndDraw();
     [[nodiscard]] MaterialEdit EditWithValues();
     [[nodiscard]] std::vector<QWidget*> ControlsOf(const TouchedRow& row);
     void TellHost();
@@ -169,10 +176,12 @@ private:
     QWidget& m_widget;
     modCorvexGeneralErrorHandler m_errorHandler;
     Trap m_trap;
+    Trial m_trial;
     PanelForm m_form;
     PanelAttributes m_attributes;
     PreviewScene m_preview;
     MaterialGatherer m_gatherer;
+    TrialFlow m_trialFlow{*this, m_trial};
     SavedState m_savedState;
     LayoutFlow m_layout;
     MaterialLibraryFlow m_materialLibrary;

@@ -1,6 +1,7 @@
 #include "MaterialGatherer.h"
 
 #include "PanelAttributes.h"
+#include "TouchedRows.h"
 #include "Trap.h"
 #include <CorvexMaterial/IMaterial.h>
 #include <CorvexMaterial/Schema.h>
@@ -31,6 +32,9 @@ std::shared_ptr<const CorvexSG::GatheredMaterial> MaterialGatherer::Gather()
     const std::uint64_t before = m_changes;
     auto gathered = std::make_shared<CorvexSG::GatheredMaterial>();
     gathered->material = Whole();
+    if (m_tried != nullptr) {
+        TakeRows(gathered->material, *m_tried);
+    }
     gathered->applyMode = m_attributes.ApplyRelative();
     if (gathered->applyMode == CorvexDB::ApplyMode::FilesOnly) {
         KeepTextureUse(gathered->material, {});

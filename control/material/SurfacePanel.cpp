@@ -10,12 +10,11 @@
 
 namespace CorvexMaterial {
 
-SurfacePanel::SurfacePanel(const Trap& trap, Choosers& choosers, QWidget* parent)
-    : QWidget(parent), m_trap(trap), m_choosers(choosers),
-      m_ui(std::make_unique<Ui::SurfacePanel>())
+SurfacePanel::SurfacePanel(const Trap& trap, Choosers& choosers, Trial& trial, QWidget* parent)
+    : QWidget(parent), m_trap(trap), m_ui(std::make_unique<Ui::SurfacePanel>())
 {
     m_ui->setupUi(this);
-    ConnectColor();
+    ConnectColor(choosers, trial);
     ConnectAmounts();
     connect(m_ui->cmdMiscellaneousResetToDefaults, &QToolButton::clicked, this,
             &SurfacePanel::ResetPressed);
@@ -24,15 +23,15 @@ SurfacePanel::SurfacePanel(const Trap& trap, Choosers& choosers, QWidget* parent
 
 SurfacePanel::~SurfacePanel() = default;
 
-void SurfacePanel::ConnectColor()
+void SurfacePanel::ConnectColor(Choosers& choosers, Trial& trial)
 {
-    m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, this);
+    m_color = new ColourField({*m_ui->cboColor, *m_ui->picVBColor, *m_ui->cmdSelectColor}, choosers,
+                              trial, this);
     TellOtherNames(*m_ui->cboColor, Attribute::Color);
-    connect(m_color, &ColourField::EntryChosen, this, [this](int position) {
-        m_trap("cboColor", [&] { m_color->ChooseEntry(position, m_choosers); });
-    });
+    connect(m_color, &ColourField::EntryChosen, this,
+            [this](int position) { m_trap("cboColor", [&] { m_color->ChooseEntry(position); }); });
     connect(m_color, &ColourField::DialogWanted, this,
-            [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(m_choosers); }); });
+            [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(); }); });
 }
 
 std::vector<SurfacePanel::Amount> SurfacePanel::Amounts() const

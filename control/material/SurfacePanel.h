@@ -25,7 +25,7 @@ class SurfacePanel : public QWidget {
     Q_OBJECT
 
 public:
-    SurfacePanel(const Trap& trap, Choosers& choosers, QWidget* parent);
+    SurfacePanel(const Trap& trap, Choosers& choosers, Trial& trial, QWidget* parent);
     ~SurfacePanel() override;
 
     struct Amount {
@@ -44,11 +44,10 @@ Q_SIGNALS:
     void ResetPressed();
 
 private:
-    void ConnectColor();
+    void ConnectColor(Choosers& choosers, Trial& trial);
     void ConnectAmounts();
 
     const Trap& m_trap;
-    Choosers& m_choosers;
     std::unique_ptr<Ui::SurfacePanel> m_ui;
     ColourField* m_color = nullptr;
 };

@@ -1,8 +1,9 @@
 #include "QtChoosers.h"
 
+#include "BesideWork.h"
+#include "ColourPicker.h"
 #include "DialogParent.h"
 
-#include <QColorDialog>
 #include <QFileDialog>
 #include <QStringList>
 
@@ -41,25 +42,72 @@ void SetUp(QFileDialog& dialog, const FileRequest& request)
     }
 }
 
+/// The dialog goes with the window that it belongs to, or with this.
+class OpenPicker final : public OpenColourDialog {
+public:
+    explicit OpenPicker(ColourPicker& picker) : m_picker(&picker) {}
+    ~OpenPicker() override
+    {
+        if (m_picker != nullptr) {
+            m_picker->disconnect();
+            m_picker->hide();
+            m_picker->deleteLater();
+        }
+    }
+    OpenPicker(const OpenPicker&) = delete;
+    OpenPicker& operator=(const OpenPicker&) = delete;
+    void Accept() override
+    {
+        if (m_picker != nullptr) {
+            m_picker->accept();
+        }
+    }
+
+private:
+    QPointer<ColourPicker> m_picker;
+};
+
 }  // namespace
 
-QtChoosers::QtChoosers(const DialogParent& parent) : m_parent(parent) {}
+QtChoosers::QtChoosers(const DialogParent& parent, SettingsStore& settings)
+    : m_parent(parent), m_history(settings)
+{
+}
 
 std::optional<Colour> QtChoosers::ChooseColour(std::optional<Colour> initial)
 {
     // On the heap and watched: the parent may be destroyed, and its dialog with it, meanwhile.
-    const QPointer<QColorDialog> dialog = new QColorDialog(m_parent.Current());
-    if (initial) {
-        const ColourBytes bytes = BytesOf(*initial);
-        dialog->setCurrentColor(QColor(bytes.red, bytes.green, bytes.blue));
-    }
+    const QPointer<ColourPicker> dialog = new ColourPicker(m_history, m_parent.Current());
+    dialog->Begin(initial.value_or(kWhite));
     std::optional<Colour> chosen;
     if (dialog->exec() == QDialog::Accepted && dialog) {
-        const QColor colour = dialog->selectedColor();
-        chosen = MakeColour({colour.red(), colour.green(), colour.blue()});
+        chosen = dialog->Shown();
     }
     delete dialog;
     return chosen;
+}
+
+std::unique_ptr<OpenColourDialog> QtChoosers::OpenColour(const ColourRequest& request)
+{
+    QWidget* const beside = request.beside;
+    auto* picker =
+        new ColourPicker(m_history, beside != nullptr ? beside->window() : m_parent.Current());
+    picker->Begin(request.initial.value_or(kWhite));
+    QObject::connect(picker, &ColourPicker::Tried, picker, request.tried);
+    QObject::connect(picker, &QDialog::finished, picker,
+                     [picker, closed = request.closed](int end) {
+                         const bool isChosen = end == QDialog::Accepted;
+                         picker->deleteLater();
+                         closed(isChosen ? std::optional(picker->Shown()) : std::nullopt);
+                     });
+    // Who only looked does not put the colour of one shape on all.
+    new BesideWork(*picker, beside,
+                   [picker] { picker->IsTouched() ? picker->accept() : picker->reject(); });
+    if (beside != nullptr) {
+        BesideWork::Place(*picker, *beside);
+    }
+    picker->show();
+    return std::make_unique<OpenPicker>(*picker);
 }
 
 std::optional<std::string> QtChoosers::ChooseFile(const FileRequest& request)

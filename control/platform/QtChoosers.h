@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ColourHistory.h"
 #include <CorvexMaterial/Prompts.h>
 
 namespace CorvexMaterial {
@@ -8,12 +9,15 @@ struct DialogParent;
 
 class QtChoosers final : public Choosers {
 public:
-    explicit QtChoosers(const DialogParent& parent);
+    /// Both outlive this object.
+    QtChoosers(const DialogParent& parent, SettingsStore& settings);
     std::optional<Colour> ChooseColour(std::optional<Colour> initial) override;
+    std::unique_ptr<OpenColourDialog> OpenColour(const ColourRequest& request) override;
     std::optional<std::string> ChooseFile(const FileRequest& request) override;
 
 private:
     const DialogParent& m_parent;
+    ColourHistory m_history;
 };
 
 }  // namespace CorvexMaterial

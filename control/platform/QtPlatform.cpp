@@ -16,7 +16,7 @@ struct QtPlatform::Parts {
     DialogParent dialogParent;
     QtSettingsStore settings{QtSettingsStore::UserFolder()};
     QtPrompts prompts{dialogParent};
-    QtChoosers choosers{dialogParent};
+    QtChoosers choosers{dialogParent, settings};
     QtProcessStarter processes;
     QtTemporaryFiles temporaryFiles;
     QtControlLibrary library;

@@ -2,7 +2,9 @@
 
 #include "PluginParameters.h"
 #include "PluginRow.h"
+#include "Swatch.h"
 #include "Trap.h"
+#include "Trial.h"
 #include "UpDownText.h"
 #include "WheelGuard.h"
 #include <CorvexMaterial/NumberText.h>
@@ -29,10 +31,10 @@ constexpr int kLeastWidth = 180;
 }  // namespace
 
 PluginPanel::PluginPanel(const Trap& trap, CorvexDB::PluginTable& plugins,
-                         CorvexCommon::NumericValidation& numbers, Choosers& choosers,
+                         CorvexCommon::NumericValidation& numbers, Choosers& choosers, Trial& trial,
                          QWidget* parent)
-    : QWidget(parent), m_trap(trap), m_plugins(plugins), m_numbers(numbers), m_choosers(choosers),
-      m_list(new QComboBox(this)),
+    : QWidget(parent), m_trap(trap), m_plugins(plugins), m_numbers(numbers), m_trial(trial),
+      m_colours(choosers, trial), m_list(new QComboBox(this)),
       m_note(new QLabel(
           tr("This plug-in is not installed. The material keeps its name and its values."), this))
 {
@@ -207,12 +209,19 @@ void PluginPanel::PickColour(PluginRow& row)
     // Black cannot be told from a colour that was never chosen, so the dialog opens with its own.
     constexpr Colour kBlack = 0;
     const Colour shown = row.SwatchColour();
-    const auto picked =
-        m_choosers.ChooseColour(shown == kBlack ? std::nullopt : std::optional(shown));
-    if (picked) {
-        row.ShowColour(*picked);
-        Q_EMIT Edited();
-    }
+    m_colours.Open(shown == kBlack ? std::nullopt : std::optional(shown), row.ColourButton(),
+                   {[this, &row, values = ShownValues()](Colour tried) mutable {
+                        row.ColourButton().SetColour(tried);
+                        values[row.Index()] = PackColour(tried);
+                        m_trial.Show({{Attribute::Plugin, 0, ListText()},
+                                      {Attribute::PluginParameters, 0, values}});
+                    },
+                    [this, &row](std::optional<Colour> picked) {
+                        row.ShowColour(picked.value_or(row.SwatchColour()));
+                        if (picked) {
+                            Q_EMIT Edited();
+                        }
+                    }});
 }
 
 QSize PluginPanel::sizeHint() const

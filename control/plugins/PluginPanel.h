@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ColourTrial.h"
 #include "PluginEntry.h"
 #include <CorvexMaterial/CorvexCommon.h>
 #include <CorvexMaterial/CorvexDB.h>
@@ -29,7 +30,8 @@ class PluginPanel : public QWidget {
 public:
     /// All of the arguments outlive the panel.
     PluginPanel(const Trap& trap, CorvexDB::PluginTable& plugins,
-                CorvexCommon::NumericValidation& numbers, Choosers& choosers, QWidget* parent);
+                CorvexCommon::NumericValidation& numbers, Choosers& choosers, Trial& trial,
+                QWidget* parent);
 
     // Changes by program: none of them emits a signal.
 
@@ -110,12 +112,14 @@ private:
     [[nodiscard]] double Scale() const;
     [[nodiscard]] int ListHeight() const;
     [[nodiscard]] int ButtonTop() const;
+    [[nodiscard]] std::vector<float> ShownValues() const;
     void PlaceWidgets();
 
     const Trap& m_trap;
     CorvexDB::PluginTable& m_plugins;
     CorvexCommon::NumericValidation& m_numbers;
-    Choosers& m_choosers;
+    Trial& m_trial;
+    ColourTrial m_colours;
     QComboBox* m_list = nullptr;
     QLabel* m_note = nullptr;
     std::vector<PluginRow*> m_rows;

@@ -133,6 +133,17 @@ std::vector<std::string> PluginPanel::DefaultTexts() const
     return TextsOf(Defaults());
 }
 
+// A text that is no number stands for the default, until the material is asked for.
+std::vector<float> PluginPanel::ShownValues() const
+{
+    std::vector<float> values = Defaults();
+    const std::vector<std::string> texts = ParameterTexts();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = SingleFromText(texts[i]).value_or(values[i]);
+    }
+    return values;
+}
+
 std::vector<std::string> PluginPanel::ParameterTexts() const
 {
     if (m_missing) {

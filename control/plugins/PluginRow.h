@@ -40,6 +40,8 @@ public:
     /// Of every kind.
     [[nodiscard]] std::vector<QWidget*> Editors() const;
     [[nodiscard]] UpDownText& Number() { return *m_number; }
+    [[nodiscard]] std::size_t Index() const { return m_row; }
+    [[nodiscard]] Swatch& ColourButton() { return *m_swatch; }
     [[nodiscard]] Colour SwatchColour() const { return m_colour; }
     void ShowColour(Colour colour);
 

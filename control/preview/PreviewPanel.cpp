@@ -1,6 +1,7 @@
 #include "PreviewPanel.h"
 
 #include "ui_PreviewPanel.h"
+#include <CorvexMaterial/Prompts.h>
 
 namespace CorvexMaterial {
 
@@ -11,6 +12,7 @@ PreviewPanel::PreviewPanel(CorvexViewport::ViewportFactory& viewports, QWidget* 
     m_viewport = viewports.CreateViewport(m_ui->fraViewport);
     m_viewportWidget = &m_viewport->Widget();
     m_viewportWidget->setObjectName("dfvMaterialViewport");
+    m_viewportWidget->setProperty(kUsableMeanwhileProperty, true);
     m_ui->fraViewport->layout()->addWidget(m_viewportWidget);
     m_viewport->SetListener(this);
     connect(m_ui->cmdPreviewPrimitive, &QToolButton::clicked, this,

@@ -296,13 +296,22 @@ void frmMaterialExtended::OnNormalPattern()
 void frmMaterialExtended::ChooseColour(std::size_t swatch)
 {
     const Colour present = m_swatches[swatch]->Value();
-    const auto chosen = m_services.platform.choosers.ChooseColour(
-        present == 0 ? std::nullopt : std::optional(present));
-    if (chosen) {
-        m_swatches[swatch]->SetColour(*chosen);
-        ShowSameColours();
-        Touch(kSwatchColours[swatch]);  // and with it the other fractions
-    }
+    m_colours = m_services.platform.choosers.OpenColour(
+        {present == 0 ? std::nullopt : std::optional(present), m_swatches[swatch],
+         [this, swatch](Colour tried) { ShowColour(swatch, tried); },
+         [this, swatch, present](std::optional<Colour> chosen) {
+             ShowColour(swatch, chosen.value_or(present));
+             if (chosen) {
+                 Touch(kSwatchColours[swatch]);  // and with it the other fractions
+             }
+         }});
+}
+
+void frmMaterialExtended::ShowColour(std::size_t swatch, Colour colour)
+{
+    m_swatches[swatch]->SetColour(colour);
+    ShowSameColours();
+    m_followSoon.start();
 }
 
 void frmMaterialExtended::FollowRaytracer()

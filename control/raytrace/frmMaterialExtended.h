@@ -93,6 +93,7 @@ private:
     void OnColorPattern();
     void OnNormalPattern();
     void ChooseColour(std::size_t swatch);
+    void ShowColour(std::size_t swatch, Colour colour);
 
     void FollowRaytracer();
     void UpdateEnabled();
@@ -108,6 +109,7 @@ private:
     std::unique_ptr<Ui::frmMaterialExtended> m_ui;
     std::array<SliderRow, 12> m_sliders{};
     std::array<Swatch*, 4> m_swatches{};
+    std::unique_ptr<OpenColourDialog> m_colours;
     std::array<bool, 4> m_swatchUsed{true, true, true, true};
     QTimer m_followSoon;
     modRaytrace m_raytrace;

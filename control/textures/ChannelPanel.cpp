@@ -37,6 +37,7 @@ void ChannelPanel::AddTabs()
         m_ui->tabChannels->setAccessibleTabName(index, tr(row.title));
     }
     m_ui->tabChannels->setIconSize({18, 18});
+    m_ui->tabChannels->setProperty(kUsableMeanwhileProperty, true);
     m_ui->tabChannels->SetFileTabs(kTextureLayers.front().tab, kTextureLayers.back().tab);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Trial.h"
 #include <CorvexMaterial/Host.h>
 #include <CorvexMaterial/Platform.h>
 
@@ -22,6 +23,7 @@ struct ChannelServices {
     Host& host;
     Platform& platform;
     ChannelOwner& owner;
+    Trial& trial;
 };
 
 }  // namespace CorvexMaterial

@@ -153,10 +153,21 @@ void TextureCommands::Crop()
     if (!layer) {
         return;
     }
-    frmOptionsTexture dialog(Window());
-    dialog.ShowTexts(TextsOf(m_page.Placement()));
-    dialog.SetupForm(m_page.File(*layer));
-    dialog.exec();
+    auto* dialog = new frmOptionsTexture(Window());
+    dialog->ShowTexts(TextsOf(m_page.Placement()));
+    dialog->SetupForm(m_page.File(*layer));
+    connect(dialog, &frmOptionsTexture::Tried, this,
+            [this](const CorvexDB::TexturePlacement& placement) {
+                m_services.trial.Show({{Attribute::OriginU, 0, placement.originU},
+                                       {Attribute::OriginV, 0, placement.originV},
+                                       {Attribute::ScaleU, 0, placement.scaleU},
+                                       {Attribute::ScaleV, 0, placement.scaleV}});
+            });
+    m_services.trial.Open(*dialog, m_page.CropButton(), [this, dialog] { TakeCrop(*dialog); });
+}
+
+void TextureCommands::TakeCrop(const frmOptionsTexture& dialog)
+{
     if (dialog.OKClicked()) {
         m_page.SetPlacement(dialog.GetResults());
         Q_EMIT Edited({{Attribute::OriginU}});  // and with it the other three
@@ -180,9 +191,19 @@ void TextureCommands::Delete()
 
 void TextureCommands::EditFlatWrap()
 {
-    frmOptionsFlatWrap dialog(Window());
-    dialog.ShowOptions(m_page.FlatWrap(), m_page.TilesPerUnit());
-    dialog.exec();
+    auto* dialog = new frmOptionsFlatWrap(Window());
+    dialog->ShowOptions(m_page.FlatWrap(), m_page.TilesPerUnit());
+    connect(dialog, &frmOptionsFlatWrap::Tried, this, [this, dialog] {
+        m_services.trial.Show(
+            {{Attribute::FlatWrapType, 0, static_cast<std::int32_t>(dialog->FlatWrap())},
+             {Attribute::TilesPerUnit, 0, dialog->TilesPerUnit()}});
+    });
+    m_services.trial.Open(*dialog, m_page.FlatWrapButton(),
+                          [this, dialog] { TakeFlatWrap(*dialog); });
+}
+
+void TextureCommands::TakeFlatWrap(const frmOptionsFlatWrap& dialog)
+{
     TouchedRows touched;
     if (dialog.OKClicked()) {
         m_page.SetFlatWrap(dialog.FlatWrap());

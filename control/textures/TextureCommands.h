@@ -13,6 +13,8 @@ namespace CorvexMaterial {
 
 class TexturePage;
 class Trap;
+class frmOptionsFlatWrap;
+class frmOptionsTexture;
 
 /// What the buttons and dialogs of the texture page do. Every flow is one `Edited` at its end, or
 /// none when it changed nothing; one that touched nothing asks for the picture to be made anew.
@@ -43,8 +45,10 @@ private:
     [[nodiscard]] bool PrimaryIsLocked();
     [[nodiscard]] std::string AskTextureDialog();
     void Crop();
+    void TakeCrop(const frmOptionsTexture& dialog);
     void Delete();
     void EditFlatWrap();
+    void TakeFlatWrap(const frmOptionsFlatWrap& dialog);
     [[nodiscard]] QWidget* Window() const;
 
     const Trap& m_trap;

@@ -235,6 +235,16 @@ void TexturePage::SetOverlayTranslucencyText(const std::string& text)
     Quietly([&] { m_ui->txtTexture2Translucency->setText(QString::fromStdString(text)); });
 }
 
+QWidget& TexturePage::CropButton() const
+{
+    return *m_ui->cmdTexture;
+}
+
+QWidget& TexturePage::FlatWrapButton() const
+{
+    return *m_ui->cmdFlatWrapOptions;
+}
+
 std::vector<QWidget*> TexturePage::ControlsOf(Attribute attribute) const
 {
     for (const TextureLayerRow& row : kTextureLayers) {

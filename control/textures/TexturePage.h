@@ -60,6 +60,10 @@ public:
     [[nodiscard]] std::string OverlayTranslucencyText() const;
     void SetOverlayTranslucencyText(const std::string& text);
 
+    /// What opens the dialogs of the placement.
+    [[nodiscard]] QWidget& CropButton() const;
+    [[nodiscard]] QWidget& FlatWrapButton() const;
+
     /// What shows the attribute, or opens what does; none where another page does.
     [[nodiscard]] std::vector<QWidget*> ControlsOf(Attribute attribute) const;
     /// Shows the fields that only some layers have; none for no layer.

@@ -35,6 +35,7 @@ void Selection::Set(const Shapes& shapes)
         }
     }
     if (kept != m_shapes) {
+        Q_EMIT AboutToChange();
         m_shapes = std::move(kept);
         m_members = std::move(members);
         Q_EMIT Changed();

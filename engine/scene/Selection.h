@@ -32,6 +32,8 @@ public:
     void Clear() { Set({}); }
 
 Q_SIGNALS:
+    /// The shapes that are selected still are about to be others.
+    void AboutToChange();
     /// The selected shapes or their order are now others.
     void Changed();
 

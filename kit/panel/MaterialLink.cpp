@@ -4,6 +4,8 @@
 #include "MaterialName.h"
 #include "MaterialNames.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <map>
 
@@ -78,6 +80,14 @@ MaterialLink::MaterialLink(LinkedParts parts, Clock clock, QObject* parent)
     : QObject(parent), m_parts(parts), m_clock(std::move(clock))
 {
     connect(&m_parts.material, &Material::Edited, this, &MaterialLink::ApplyEdit);
+    connect(&m_parts.material, &Material::Previewed, this, &MaterialLink::Preview);
+    connect(&m_parts.material, &Material::PreviewEnded, &m_previewing, &MaterialPreviewing::End);
+    // While a step is taken back no other can be made.
+    connect(&m_parts.selection, &Selection::AboutToChange, this, [this] {
+        if (!m_showsAgain) {
+            m_parts.material.EndPreview();
+        }
+    });
     connect(&m_parts.selection, &Selection::Changed, &m_previewing, &MaterialPreviewing::End);
     connect(&m_parts.selection, &Selection::Changed, this, &MaterialLink::ShowSelected);
     connect(&m_previewing, &MaterialPreviewing::ShapesChanged, this, &MaterialLink::ShapesChanged);
@@ -96,6 +106,11 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
         change.shape->SetApplied(change.after);
     }
     Push(std::move(changes), FieldsOf(edit));
+}
+
+void MaterialLink::Preview(const MaterialEdit& edit)
+{
+    m_previewing.Show(WithTouchedRows(m_parts.selection.All(), edit));
 }
 
 // None where one of them refuses it.
@@ -230,6 +245,7 @@ Status MaterialLink::Show(const CorvexSG::GatheredMaterial& gathered)
 void MaterialLink::ShowAgain(const ShapeList& shapes)
 {
     // The order matters: the last one is shown in the panel. A selection that stays tells nobody.
+    const QScopedValueRollback<bool> again(m_showsAgain, true);
     const bool selectionStays = m_parts.selection.All() == shapes;
     m_parts.selection.Set(shapes);
     if (selectionStays) {

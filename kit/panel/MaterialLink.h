@@ -69,6 +69,7 @@ private:
     enum class Coordinates { Kept, Wrapped };
 
     void ApplyEdit(const CorvexMaterial::MaterialEdit& edit);
+    void Preview(const CorvexMaterial::MaterialEdit& edit);
     [[nodiscard]] std::vector<ShapeChange> AppliedWhole(Coordinates coordinates);
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
     /// Without a name as an edit does, which leaves those alone that share a material.
@@ -85,6 +86,7 @@ private:
     Clock m_clock;
     MaterialPreviewing m_previewing;
     bool m_showsSoon = false;
+    bool m_showsAgain = false;
 };
 
 /// The clock of everyday use.

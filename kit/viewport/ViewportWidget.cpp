@@ -6,6 +6,7 @@
 #include "OrbitMotion.h"
 #include "TextureCache.h"
 #include "ViewTool.h"
+#include <CorvexMaterial/Prompts.h>
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -33,6 +34,7 @@ ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
     // Keys pressed after a click here must not go to what had the focus before.
     setFocusPolicy(Qt::ClickFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setProperty(CorvexMaterial::kUsableMeanwhileProperty, true);
     setMinimumSize(32, 32);
     for (QTimer* timer : {&m_refineSoon, &m_wheelEnd}) {
         timer->setSingleShot(true);

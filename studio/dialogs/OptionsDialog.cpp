@@ -8,7 +8,6 @@
 #include <CorvexMaterial/SettingsNames.h>
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QFileDialog>
 #include <QPainter>
 
@@ -86,9 +85,10 @@ void ProvideColours(StudioSettings& settings)
 }
 
 OptionsDialog::OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
-                             QWidget* parent, std::span<const SceneWriter> raytracers)
+                             CorvexMaterial::Choosers& choosers, QWidget* parent,
+                             std::span<const SceneWriter> raytracers)
     : QDialog(parent), m_settings(settings), m_ui(std::make_unique<Ui::OptionsDialog>()),
-      m_colours(ReadColours(settings))
+      m_colours(ReadColours(settings)), m_choosers(choosers)
 {
     m_ui->setupUi(this);
     AddRaytracers(raytracers, processes);
@@ -169,13 +169,23 @@ void OptionsDialog::BindColour(QPushButton* button, CorvexMaterial::Colour Studi
 {
     PaintSwatch(button, m_colours.*colour);
     connect(button, &QPushButton::clicked, this, [this, button, colour] {
-        const QColor chosen = QColorDialog::getColor(Shown(m_colours.*colour), this);
-        if (chosen.isValid()) {
-            m_colours.*colour =
-                CorvexMaterial::MakeColour({chosen.red(), chosen.green(), chosen.blue()});
-            PaintSwatch(button, m_colours.*colour);
-        }
+        const CorvexMaterial::Colour before = m_colours.*colour;
+        const auto show = [this, button, colour](CorvexMaterial::Colour tried) {
+            ShowColour(button, colour, tried);
+        };
+        m_picking = m_choosers.OpenColour(
+            {before, button, show, [show, before](std::optional<CorvexMaterial::Colour> chosen) {
+                 show(chosen.value_or(before));
+             }});
     });
+}
+
+void OptionsDialog::ShowColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*which,
+                               CorvexMaterial::Colour colour)
+{
+    m_colours.*which = colour;
+    PaintSwatch(button, colour);
+    Q_EMIT ColoursTried(m_colours);
 }
 
 void OptionsDialog::AddFolder()

@@ -4,6 +4,7 @@
 #include "SceneWriters.h"
 #include <CorvexMaterial/Colour.h>
 #include <CorvexMaterial/Processes.h>
+#include <CorvexMaterial/Prompts.h>
 
 #include <QDialog>
 
@@ -37,9 +38,9 @@ class OptionsDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// Settings, processes and raytracers outlive the dialog.
+    /// Settings, processes, choosers and raytracers outlive the dialog.
     OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
-                  QWidget* parent = nullptr,
+                  CorvexMaterial::Choosers& choosers, QWidget* parent = nullptr,
                   std::span<const SceneWriter> raytracers = SceneWriters());
     ~OptionsDialog() override;
 
@@ -53,10 +54,14 @@ public:
 Q_SIGNALS:
     /// To be seen at once; a dialog that is cancelled takes it back.
     void ThemeShown(int choice);
+    /// What the user looks at; they are not his choice before he accepts.
+    void ColoursTried(const studio::StudioColours& colours);
 
 private:
     void ShowSettings();
     void BindColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*colour);
+    void ShowColour(QPushButton* button, CorvexMaterial::Colour StudioColours::*which,
+                    CorvexMaterial::Colour colour);
     void AddFolder();
     void AddRaytracers(std::span<const SceneWriter> raytracers,
                        CorvexMaterial::ProcessStarter& processes);
@@ -66,6 +71,8 @@ private:
     StudioSettings& m_settings;
     std::unique_ptr<Ui::OptionsDialog> m_ui;
     StudioColours m_colours;
+    CorvexMaterial::Choosers& m_choosers;
+    std::unique_ptr<CorvexMaterial::OpenColourDialog> m_picking;
     std::vector<RaytracerField*> m_raytracers;
     QStringList m_fields;  ///< the names so far
 };

@@ -77,8 +77,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_outliner(std::make_unique<OutlinerDock>(
           OutlinerDock::Parts{host.Settings(), *m_messages, *m_scene, *m_hiding, m_panel->Link(),
                               *m_naming, m_history, *this})),
-      m_options(std::make_unique<OptionsEditing>(
-          OptionsEditing::Parts{host, platform.processes, *m_messages, *m_scene, *m_panel, *this}))
+      m_options(std::make_unique<OptionsEditing>(OptionsEditing::Parts{
+          host, platform.processes, platform.choosers, *m_messages, *m_scene, *m_panel, *this}))
 {
     m_help = new HelpDesk(*this);
     m_hints = new Hints(m_scene->Viewport());

@@ -24,13 +24,16 @@ void OptionsEditing::AddTo(QMenu& menu)
 
 void OptionsEditing::ShowDialog()
 {
-    auto* dialog = new OptionsDialog(m_parts.host.Settings(), m_parts.processes, &m_parts.window);
+    auto* dialog = new OptionsDialog(m_parts.host.Settings(), m_parts.processes, m_parts.choosers,
+                                     &m_parts.window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->ShowBackupFolder(QString::fromStdString(
         BackupFolder(m_parts.host.State().Profile().stateFolder.toStdString())));
     connect(dialog, &OptionsDialog::ThemeShown, this, &OptionsEditing::ThemeWanted);
     connect(dialog, &QDialog::rejected, this,
             [this] { Q_EMIT ThemeWanted(m_parts.host.Settings().Number(kThemeSetting, 0)); });
+    connect(dialog, &OptionsDialog::ColoursTried, &m_parts.panel, &PanelDock::ShowColours);
+    connect(dialog, &QDialog::rejected, &m_parts.panel, &PanelDock::ApplyColours);
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         m_parts.messages.Telling([dialog] { dialog->Store(); });
         m_parts.panel.ApplyColours();

@@ -8,8 +8,9 @@ class QMenu;
 class QWidget;
 
 namespace CorvexMaterial {
+class Choosers;
 class ProcessStarter;
-}
+}  // namespace CorvexMaterial
 
 namespace studio {
 
@@ -28,6 +29,7 @@ public:
     struct Parts {
         StudioHost& host;
         CorvexMaterial::ProcessStarter& processes;
+        CorvexMaterial::Choosers& choosers;
         WindowMessages& messages;
         ScenePane& scene;
         PanelDock& panel;

@@ -152,7 +152,11 @@ void PanelDock::Start(bool isFirstStart)
 
 void PanelDock::ApplyColours()
 {
-    const StudioColours colours = ReadColours(m_parts.host.Settings());
+    ShowColours(ReadColours(m_parts.host.Settings()));
+}
+
+void PanelDock::ShowColours(const StudioColours& colours)
+{
     m_parts.scene.Viewport().SetBackground(colours.viewport);
     m_parts.scene.Viewport().Draw();
     m_parts.messages.Check(

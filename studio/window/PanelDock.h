@@ -15,6 +15,7 @@ namespace studio {
 
 class MaterialVariants;
 class PanelArea;
+struct StudioColours;
 class PanelFill;
 class ScenePane;
 class StudioHost;
@@ -49,6 +50,7 @@ public:
     void RevealSoon(QWidget& widget);
     /// The background colours of the settings.
     void ApplyColours();
+    void ShowColours(const StudioColours& colours);
     void SaveLayout();
     void CloseWarnings() { m_warnings.CloseAll(); }
     void RestoreWarnings();

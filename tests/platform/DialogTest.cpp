@@ -1,7 +1,6 @@
 #include "SampleFolder.h"
 #include <CorvexMaterial/QtPlatform.h>
 
-#include <QColorDialog>
 #include <QFileDialog>
 #include <QListView>
 #include <QMessageBox>
@@ -75,7 +74,7 @@ TEST(MessageTest, WhatADialogBringsUpBelongsToIt)
     };
     WhenOpen<QMessageBox>(look);
     platform.Get().prompts.Show({PromptIcon::Critical, "Corvex", "Over the dialog"});
-    WhenOpen<QColorDialog>(look);
+    WhenOpen<QDialog>(look);
     platform.Get().choosers.ChooseColour(kWhite);
     WhenOpen<QFileDialog>(look);
     platform.Get().choosers.ChooseFile({"Open", "Any", {}, {}, false});
@@ -103,22 +102,8 @@ TEST(QuestionTest, AWindowThatDiesUnderItsDialogsIsAnsweredWithNo)
     EXPECT_FALSE(platform.Get().prompts.AskYesNo({PromptIcon::Critical, "Corvex", "Still there?"}));
     window = std::make_unique<QWidget>();
     platform.SetDialogParent(window.get());
-    WhenOpen<QColorDialog>([&](QColorDialog&) { window.reset(); });
+    WhenOpen<QDialog>([&](QDialog&) { window.reset(); });
     EXPECT_EQ(platform.Get().choosers.ChooseColour(kWhite), std::nullopt);
-}
-
-TEST(ColourChooserTest, StartsAtTheGivenColourAndReturnsTheChosen)
-{
-    QtPlatform platform;
-    WhenOpen<QColorDialog>([](QColorDialog& dialog) {
-        EXPECT_EQ(dialog.currentColor(), QColor(1, 2, 3));
-        dialog.setCurrentColor(QColor(255, 128, 0));
-        dialog.accept();
-    });
-    EXPECT_THAT(platform.Get().choosers.ChooseColour(1 + 2 * 256 + 3 * 65536),
-                Optional(255 + 128 * 256));
-    WhenOpen<QColorDialog>([](QColorDialog& dialog) { dialog.reject(); });
-    EXPECT_EQ(platform.Get().choosers.ChooseColour(std::nullopt), std::nullopt);
 }
 
 // As typed: the dialog's own `selectFile` leaves a name field that has the focus alone.

@@ -7,6 +7,7 @@
 #include "RecordingPlatform.h"
 #include "RecordingPlugin.h"
 #include "Trap.h"
+#include "Trial.h"
 
 namespace CorvexTest {
 
@@ -83,7 +84,9 @@ public:
     CorvexMaterial::Trap trap{handler};
     std::shared_ptr<RecordingPlugin> first = std::make_shared<RecordingPlugin>(log);
     std::shared_ptr<RecordingPlugin> second = std::make_shared<RecordingPlugin>(log);
-    CorvexMaterial::PluginPanel panel{trap, host.plugins, host.numbers, platform.choosers, nullptr};
+    CorvexMaterial::Trial trial;
+    CorvexMaterial::PluginPanel panel{trap,  host.plugins, host.numbers, platform.choosers,
+                                      trial, nullptr};
     int edits = 0;
     int chosen = 0;
 };

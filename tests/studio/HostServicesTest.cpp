@@ -129,6 +129,7 @@ protected:
     CorvexTest::CallLog log;
     CorvexTest::RecordingStore store{log};
     CorvexTest::RecordingProcesses processes{log};
+    CorvexTest::RecordingChoosers choosers{log};
     studio::StudioSettings settings{store, "Corvex"};
 };
 
@@ -166,10 +167,10 @@ TEST(CustomFieldNames, TakeTheirValuesAlongWhenTheirLinesChange)
 
 TEST_F(OwnSettings, NamesOfCustomFieldsKeepTheirPlaces)
 {
-    studio::OptionsDialog first(settings, processes);
+    studio::OptionsDialog first(settings, processes, choosers);
     first.findChild<QPlainTextEdit*>("customFields")->setPlainText("\nSupplier");
     first.Store();
-    studio::OptionsDialog(settings, processes).Store();
+    studio::OptionsDialog(settings, processes, choosers).Store();
     EXPECT_EQ(studio::StudioCustomFields(settings).GetCustomMaterialFieldNames(),
               (std::vector<std::string>{"", "Supplier"}));
 }
@@ -190,7 +191,7 @@ TEST_F(OwnSettings, AThirdRaytracerIsChosenAndWorksWithItsRowAndItsWriter)
     const CorvexTest::SampleFolder folder;
     const QString program = folder.WriteScript("program", CorvexTest::kThirdProgram);
     CorvexMaterial::QtPlatform desktop;
-    studio::OptionsDialog options(settings, desktop.Get().processes, nullptr, writers);
+    studio::OptionsDialog options(settings, desktop.Get().processes, choosers, nullptr, writers);
     options.findChild<QComboBox*>("raytracer")->setCurrentText("Third");
     options.findChild<QLineEdit*>("thirdProgram")->setText(program);
     options.Store();

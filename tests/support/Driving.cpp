@@ -73,18 +73,38 @@ DialogAnswer::DialogAnswer(std::function<void(QDialog&)> answer) : m_answer(std:
     m_timer.start(0);
 }
 
-/// The modal one, or the progress of a raytracer, which shuts everything else itself.
+/// The progress of a raytracer, which shuts everything else itself, the modal one, or one that is
+/// open beside the work.
 QDialog* OpenDialog()
 {
+    QDialog* open = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "RenderProgressDialog" && window->isVisible()) {
-            return qobject_cast<QDialog*>(window);
+        auto* dialog = qobject_cast<QDialog*>(window);
+        if (dialog != nullptr && dialog->isVisible()) {
+            if (window->objectName() == "RenderProgressDialog") {
+                return dialog;
+            }
+            open = dialog;
         }
     }
-    return qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? qobject_cast<QDialog*>(modal) : open;
 }
 
-void DialogAnswer::Look()
+DialogAnswer::~DialogAnswer()
+{
+    static_cast<void>(Given());
+}
+
+bool DialogAnswer::Given() const
+{
+    if (!m_given) {
+        Look();
+    }
+    return m_given;
+}
+
+void DialogAnswer::Look() const
 {
     auto* dialog = OpenDialog();
     if (dialog == nullptr || !dialog->isVisible()) {

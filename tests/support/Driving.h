@@ -31,24 +31,26 @@ void Choose(QComboBox& list, const QString& entry);
 bool Drop(QWidget& widget, const QMimeData& data, QPoint at);
 bool DropFile(QWidget& widget, const QString& file, QPoint at);
 
-/// Answers the next modal dialog: call it before the click that opens the dialog.
 [[nodiscard]] QDialog* OpenDialog();
 
+/// Answers the next dialog: call it before the click that opens the dialog. One that does not wait
+/// for its answer has it at the latest when this goes.
 class DialogAnswer {
 public:
     explicit DialogAnswer(std::function<void(QDialog&)> answer);
+    ~DialogAnswer();
     DialogAnswer(const DialogAnswer&) = delete;
     DialogAnswer& operator=(const DialogAnswer&) = delete;
 
     /// False when no dialog has opened so far.
-    [[nodiscard]] bool Given() const { return m_given; }
+    [[nodiscard]] bool Given() const;
 
 private:
-    void Look();
+    void Look() const;
 
     std::function<void(QDialog&)> m_answer;
-    QTimer m_timer;
-    bool m_given = false;
+    mutable QTimer m_timer;
+    mutable bool m_given = false;
 };
 
 }  // namespace CorvexTest

@@ -79,6 +79,31 @@ RecordingChoosers::ChooseColour(std::optional<CorvexMaterial::Colour> initial)
     return Take(colours);
 }
 
+std::unique_ptr<CorvexMaterial::OpenColourDialog>
+RecordingChoosers::OpenColour(const CorvexMaterial::ColourRequest& request)
+{
+    class Open : public CorvexMaterial::OpenColourDialog {
+    public:
+        explicit Open(RecordingChoosers& choosers) : m_choosers(choosers) {}
+        ~Open() override { m_choosers.open.reset(); }
+        void Accept() override { m_choosers.Close(); }
+
+    private:
+        RecordingChoosers& m_choosers;
+    };
+    if (!staysOpen) {
+        return Choosers::OpenColour(request);
+    }
+    open = request;
+    return std::make_unique<Open>(*this);
+}
+
+void RecordingChoosers::Close()
+{
+    const CorvexMaterial::ColourRequest closing = std::exchange(open, std::nullopt).value();
+    closing.closed(Take(colours));
+}
+
 std::optional<std::string> RecordingChoosers::ChooseFile(const CorvexMaterial::FileRequest& request)
 {
     m_log.Enter("Choosers.ChooseFile", request.title);

@@ -49,7 +49,8 @@ public:
     std::deque<bool> answers;  ///< No when empty
 };
 
-/// Choosers whose answers are set before; cancelled when none is left.
+/// Choosers whose answers are set before; cancelled when none is left. A colour dialog that stays
+/// open waits for the test.
 class RecordingChoosers : public Recording<CorvexMaterial::Choosers> {
 public:
     using Recording::Recording;
@@ -57,7 +58,13 @@ public:
     std::optional<CorvexMaterial::Colour>
     ChooseColour(std::optional<CorvexMaterial::Colour> initial) override;
     std::optional<std::string> ChooseFile(const CorvexMaterial::FileRequest& request) override;
+    std::unique_ptr<CorvexMaterial::OpenColourDialog>
+    OpenColour(const CorvexMaterial::ColourRequest& request) override;
+    /// The user's OK or Cancel.
+    void Close();
 
+    bool staysOpen = false;
+    std::optional<CorvexMaterial::ColourRequest> open;
     std::deque<CorvexMaterial::Colour> colours;
     std::deque<std::string> files;
 };

@@ -72,9 +72,10 @@ private:
     CorvexMaterial::modCorvexGeneralErrorHandler m_errorHandler{platform.prompts, host.diagnostics,
                                                                 host.applicationState};
     CorvexMaterial::Trap m_trap{m_errorHandler};
+    CorvexMaterial::Trial m_trial;
 
 public:
-    CorvexMaterial::ChannelPanel panel{m_trap, {m_host, m_platform, *this}, nullptr};
+    CorvexMaterial::ChannelPanel panel{m_trap, {m_host, m_platform, *this, m_trial}, nullptr};
 };
 
 }  // namespace CorvexTest

@@ -106,6 +106,10 @@ public:
     Status ShowDifferences(const std::vector<DifferingRow>& rows);
 
 public Q_SLOTS:
+    /// For a host that is about to select other shapes, or to change those that are selected:
+    /// ends a dialog that is open beside the panel, as its OK does where something was tried in it,
+    /// which is an edit of the shapes selected still.
+    void EndPreview();
     /// As if the user had pressed the button of the library's panel that deletes the selected
     /// entry, or the one that chooses or creates a library. Nothing happens where the button is
     /// disabled.
@@ -141,6 +145,17 @@ Q_SIGNALS:
     /// raised; the rows come with those of the next edit, unless the host has changed the panel
     /// before.
     void Edited(const CorvexMaterial::MaterialEdit& edit);
+
+    /// The user looks at what an edit would do that he has not made: in the colour dialog, in that
+    /// of the crop or of the flat wrap, which stay open beside the work. The preview shape shows
+    /// it; a host that wants to shows it on its shapes, without a trace in what it keeps. The panel
+    /// has its values still, and so has `ApplyShapeMaterial`. Once per change, each in the place of
+    /// the one before.
+    void Previewed(const CorvexMaterial::MaterialEdit& edit);
+    /// What was shown so is to be seen no more: the dialog was cancelled, or `Edited` and
+    /// `MaterialChanged` follow at once. A host that writes an attribute or shows a material
+    /// meanwhile cancels the dialog.
+    void PreviewEnded();
 };
 
 }  // namespace CorvexMaterial

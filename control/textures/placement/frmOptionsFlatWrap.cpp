@@ -8,6 +8,8 @@
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/Schema.h>
 
+#include <QLineEdit>
+
 namespace CorvexMaterial {
 
 frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
@@ -28,6 +30,15 @@ frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
                                        SingleFromText(tiles.factoryText).value_or(1.0F)});
     m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
     connect(m_ui->txtTilesPerUnit, &UpDownText::Confirmed, m_ui->lblMessage, &QLabel::hide);
+    connect(m_ui->txtTilesPerUnit->findChild<QLineEdit*>(), &QLineEdit::textChanged, this,
+            &frmOptionsFlatWrap::Tried);
+    for (const QRadioButton* option : m_options) {
+        connect(option, &QRadioButton::toggled, this, [this](bool isOn) {
+            if (isOn) {
+                Q_EMIT Tried();
+            }
+        });
+    }
 }
 
 frmOptionsFlatWrap::~frmOptionsFlatWrap() = default;

@@ -34,6 +34,10 @@ public:
     /// Stays open over a text that is no number.
     void accept() override;
 
+Q_SIGNALS:
+    /// The user looks at these; a text that is no number leaves the tiles as they were.
+    void Tried();
+
 private:
     void ShowDefaults();
     void ShowOption(CorvexDB::FlatWrapType flatWrap);

@@ -108,6 +108,9 @@ void frmOptionsTexture::ShowRect()
     // A text that is no number yet leaves the rectangle where it was.
     if (const auto placement = PlacementOf(Texts())) {
         m_ui->imgTextureCropping->SetRect(RectOf(*placement));
+        if (placement->scaleU != 0.0F && placement->scaleV != 0.0F) {
+            Q_EMIT Tried(*placement);
+        }
     }
 }
 

@@ -34,6 +34,10 @@ public:
     /// Stays open over a text that is no number.
     void accept() override;
 
+Q_SIGNALS:
+    /// The user looks at this one; one without extent is only the beginning of a drag.
+    void Tried(const CorvexDB::TexturePlacement& placement);
+
 private:
     void ConnectFields();
     void ConnectPicture();
