@@ -19,6 +19,7 @@ void ColourTrial::Open(std::optional<Colour> initial, QWidget& beside, const Ans
                        m_open.reset();
                        close(std::nullopt);
                    }});
+    m_open.reset();
     try {
         m_open = m_choosers.OpenColour({initial, &beside, answers.tried, close});
     } catch (...) {

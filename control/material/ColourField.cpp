@@ -33,8 +33,11 @@ ColourField::ColourField(const Widgets& widgets, Choosers& choosers, Trial& tria
     m_widgets.list.addItem(QString::fromUtf8(kCustomColourName));
     Show(m_colour);
     connect(&m_widgets.list, &QComboBox::activated, this, &ColourField::EntryChosen);
-    connect(&m_widgets.swatch, &QAbstractButton::clicked, this, &ColourField::DialogWanted);
-    connect(&m_widgets.button, &QAbstractButton::clicked, this, &ColourField::DialogWanted);
+    for (QAbstractButton* button :
+         std::initializer_list<QAbstractButton*>{&m_widgets.swatch, &m_widgets.button}) {
+        connect(button, &QAbstractButton::clicked, this,
+                [this, button] { Q_EMIT DialogWanted(button); });
+    }
 }
 
 void ColourField::Show(Colour colour)
@@ -52,7 +55,7 @@ std::vector<QWidget*> ColourField::Shown() const
 void ColourField::ChooseEntry(int position)
 {
     if (position < 0 || position >= static_cast<int>(kNamedColours.size())) {
-        ChooseFromDialog();
+        ChooseFromDialog(m_widgets.list);
         return;
     }
     Show(kNamedColours[static_cast<std::size_t>(position)].colour);
@@ -60,9 +63,9 @@ void ColourField::ChooseEntry(int position)
 }
 
 // What is tried is seen in the swatch; the field's colour is still the old one.
-void ColourField::ChooseFromDialog()
+void ColourField::ChooseFromDialog(QWidget& beside)
 {
-    m_dialog.Open(m_colour, m_widgets.swatch,
+    m_dialog.Open(m_colour, beside,
                   {[this](Colour tried) {
                        m_widgets.swatch.SetColour(tried);
                        m_trial.Show({{Attribute::Color, 0, tried}});

@@ -37,12 +37,13 @@ public:
 
     /// A named entry; "Custom" asks for a colour first.
     void ChooseEntry(int position);
-    void ChooseFromDialog();
+    /// The dialog opens near the widget.
+    void ChooseFromDialog(QWidget& beside);
 
 Q_SIGNALS:
     void Edited();
     void EntryChosen(int position);
-    void DialogWanted();
+    void DialogWanted(QWidget* beside);
 
 private:
     void Take(std::optional<Colour> chosen);

@@ -30,8 +30,9 @@ void SurfacePanel::ConnectColor(Choosers& choosers, Trial& trial)
     TellOtherNames(*m_ui->cboColor, Attribute::Color);
     connect(m_color, &ColourField::EntryChosen, this,
             [this](int position) { m_trap("cboColor", [&] { m_color->ChooseEntry(position); }); });
-    connect(m_color, &ColourField::DialogWanted, this,
-            [this] { m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(); }); });
+    connect(m_color, &ColourField::DialogWanted, this, [this](QWidget* beside) {
+        m_trap("cmdSelectColor", [&] { m_color->ChooseFromDialog(*beside); });
+    });
 }
 
 std::vector<SurfacePanel::Amount> SurfacePanel::Amounts() const

@@ -101,8 +101,8 @@ TEST_F(Previewed, WhatTheHostWritesAndTheEndOfTheControlCancelIt)
 
 TEST_F(Previewed, CropFlatWrapAndColoursOfAPluginAreSeenToo)
 {
-    const CorvexDB::PluginParameter mortar{"Mortar", 0, 0, 0,
-                                           CorvexDB::ParameterKind::PackedColour};
+    CorvexDB::PluginParameter mortar;
+    mortar.kind = CorvexDB::ParameterKind::PackedColour;
     rig.ChoosePlugin("Brick", [&] { return Parameters{mortar}; });
     const auto type = [this](const char* button, const char* field, const char* text) {
         rig.Press(button);
@@ -131,6 +131,7 @@ TEST_F(Previewed, CropFlatWrapAndColoursOfAPluginAreSeenToo)
          [this] { rig.platform.choosers.Close(); }},
     };
     const auto before = rig.Previewed();
+    rig.edits.clear();
     for (const Row& row : rows) {
         rig.log.Clear();
         row.tryIt();

@@ -69,7 +69,9 @@ TEST_F(ColourPicking, StandsBesideItsButtonOnTheScreen)
         const QRect anchor(button.mapToGlobal(QPoint()), button.size());
         const QRect picker = Picker().geometry();
         EXPECT_FALSE(picker.intersects(anchor));
-        EXPECT_TRUE(window.screen()->availableGeometry().contains(picker));
+        EXPECT_TRUE(window.screen()->availableGeometry().contains(picker))
+            << testing::PrintToString(
+                   std::array{picker.left(), picker.top(), picker.right(), picker.bottom()});
         EXPECT_FALSE(Picker().isModal());
         open.reset();
         EXPECT_TRUE(closed.empty());
@@ -117,6 +119,7 @@ TEST_F(ColourPicking, TheEyedropperTakesWhatAWindowShows)
         QTest::mouseMove(&Picker(), place);
         QTest::mouseClick(&Picker(), which, {}, place);
     };
+    Picker().move(0, 100);
     eyedropper.click();
     clickAt({50, 50}, Qt::RightButton);
     EXPECT_TRUE(tried.empty());

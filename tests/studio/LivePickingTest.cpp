@@ -4,6 +4,7 @@
 #include "StudioShape.h"
 #include "ViewportWidget.h"
 
+#include <QMessageBox>
 #include <QUndoStack>
 
 namespace {
@@ -115,7 +116,7 @@ TEST_F(LivePicking, ViewsTurnMeanwhileAndWhateverElseIsDoneComesAfterTheColour)
     History().setClean();
     Try();
     const DialogAnswer question([](QDialog& box) {
-        qobject_cast<QMessageBox&>(box).button(QMessageBox::Discard)->click();
+        qobject_cast<QMessageBox*>(&box)->button(QMessageBox::Discard)->click();
     });
     rig.Window().close();
     EXPECT_TRUE(question.Given());

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -40,17 +41,23 @@ QWidget* WidgetOf(QObject* watched)
     return static_cast<QWidget*>(watched);
 }
 
-bool IsUsableMeanwhile(const QWidget& widget)
+bool IsUsableMeanwhile(const QWidget* widget)
 {
-    if (qobject_cast<const QScrollBar*>(&widget) != nullptr) {
+    if (qobject_cast<const QScrollBar*>(widget) != nullptr) {
         return true;
     }
-    for (const QWidget* at = &widget; at != nullptr && !at->isWindow(); at = at->parentWidget()) {
-        if (at->property(kUsableMeanwhileProperty).toBool()) {
+    for (; widget != nullptr && !widget->isWindow(); widget = widget->parentWidget()) {
+        if (widget->property(kUsableMeanwhileProperty).toBool()) {
             return true;
         }
     }
     return false;
+}
+
+/// What a widget leaves alone comes to its parents; the one under the pointer is meant.
+bool IsUsableMeanwhile(const QMouseEvent& press)
+{
+    return IsUsableMeanwhile(QApplication::widgetAt(press.globalPosition().toPoint()));
 }
 
 bool IsTurnedByWheel(const QWidget& widget)
@@ -79,7 +86,10 @@ void BesideWork::Place(QWidget& dialog, const QWidget& beside)
 {
     dialog.adjustSize();
     const QRect free = beside.screen()->availableGeometry();
-    const QRect anchor(beside.mapToGlobal(QPoint()), beside.size());
+    // The panel around it stays in sight, too.
+    const QWidget& panel = beside.isWindow() ? beside : *beside.parentWidget();
+    const QRect anchor(panel.mapToGlobal(QPoint()).x(), beside.mapToGlobal(QPoint()).y(),
+                       panel.width(), beside.height());
     const QSize size = dialog.size() + QSize(0, kTitle);
     const int left = anchor.left() - kGap - size.width();
     const int right = anchor.right() + kGap;
@@ -128,11 +138,12 @@ bool BesideWork::eventFilter(QObject* watched, QEvent* event)
     }
     switch (event->type()) {
     case QEvent::Shortcut:
+        return !watched->property(kUsableMeanwhileProperty).toBool() && Leave(watched);
     case QEvent::Drop:
         return Leave(watched);
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick:
-        if (IsUsableMeanwhile(*widget)) {
+        if (IsUsableMeanwhile(*static_cast<QMouseEvent*>(event))) {
             return false;
         }
         // The button that opened it closes it.
@@ -144,8 +155,8 @@ bool BesideWork::eventFilter(QObject* watched, QEvent* event)
             m_dialog.reject();
             return true;
         }
-        return !MovesFocus(static_cast<QKeyEvent*>(event)->key()) && !IsUsableMeanwhile(*widget) &&
-               Leave(watched);
+        return !MovesFocus(static_cast<QKeyEvent*>(event)->key()) &&
+               !IsUsableMeanwhile(QApplication::focusWidget()) && Leave(watched);
     case QEvent::Close:
         return widget->isWindow() && Leave(watched);
     default:

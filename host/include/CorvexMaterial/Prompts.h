@@ -41,9 +41,9 @@ struct FileRequest {
     bool isProgram = false;
 };
 
-/// A widget that has this property set can be used while a dialog is open beside the work: a view
-/// that is turned, tabs that are turned over. Whatever else the user begins in the program ends the
-/// dialog first, as its OK does.
+/// A widget, or an action, that has this property set can be used while a dialog is open beside the
+/// work: a view that is turned, tabs that are turned over. Whatever else the user begins in the
+/// program ends the dialog first: as its OK does where he has tried something in it.
 inline constexpr const char* kUsableMeanwhileProperty = "corvexUsableMeanwhile";
 
 /// A colour dialog that is open beside the work. Deleting this object closes it, and nothing is
