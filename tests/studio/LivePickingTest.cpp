@@ -19,16 +19,17 @@ protected:
     LivePicking()
     {
         rig.Select({0, 1});
+        QCoreApplication::processEvents();  // the panel has its places then
         for (const auto& shape : rig.Window().Scene().All()) {
             before.push_back(shape->State());
         }
         QObject::connect(&rig.Window().Panel(), &CorvexMaterial::Material::MaterialChanged,
                          [this] { ++changes; });
     }
-    void Try()
+    void Try(const char* hex = "123456")
     {
         rig.Press("cmdSelectColor");
-        Type(*OpenDialog()->findChild<QLineEdit*>("hex"), "123456");
+        Type(*OpenDialog()->findChild<QLineEdit*>("hex"), hex);
     }
     [[nodiscard]] CorvexMaterial::Colour DrawnColour(std::size_t shape)
     {
@@ -114,7 +115,7 @@ TEST_F(LivePicking, ViewsTurnMeanwhileAndWhateverElseIsDoneComesAfterTheColour)
 
     // So does the end: the colour is an edit, and the user is asked whether to keep it.
     History().setClean();
-    Try();
+    Try("654321");
     const DialogAnswer question([](QDialog& box) {
         qobject_cast<QMessageBox*>(&box)->button(QMessageBox::Discard)->click();
     });
