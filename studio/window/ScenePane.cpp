@@ -6,6 +6,7 @@
 #include "StudioHost.h"
 #include "ViewportWidget.h"
 #include "WindowMessages.h"
+#include <CorvexMaterial/Prompts.h>
 
 #include <QMainWindow>
 #include <QMenu>
@@ -112,9 +113,12 @@ void ScenePane::AddFramingTo(QMenu& menu)
                                         [this] { FrameShapes(m_selection.All()); });
     selection->setStatusTip(tr("Brings the selected shapes into view"));
     EnableWithSelection(selection);
-    menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
-                   [this] { FrameShapes(m_scene.All()); })
-        ->setStatusTip(tr("Brings all shapes into view"));
+    QAction* all = menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
+                                  [this] { FrameShapes(m_scene.All()); });
+    all->setStatusTip(tr("Brings all shapes into view"));
+    for (QAction* look : {selection, all}) {
+        look->setProperty(CorvexMaterial::kUsableMeanwhileProperty, true);
+    }
 }
 
 void ScenePane::EnableWithSelection(QAction* action)

@@ -13,6 +13,8 @@
 #include <QMenu>
 #include <QUndoStack>
 
+#include <algorithm>
+
 namespace studio {
 namespace {
 
@@ -37,8 +39,14 @@ WorkRecovery::WorkRecovery(const Parts& parts)
 {
     m_picture.setSingleShot(true);
     m_picture.setInterval(kPictureAge);
-    connect(&m_picture, &QTimer::timeout, this,
-            [this] { m_journal.Show(m_parts.scene.Viewport().Picture()); });
+    connect(&m_picture, &QTimer::timeout, this, [this] {
+        // What somebody only tries on a shape is no work to be kept.
+        if (std::ranges::any_of(m_parts.scene.Scene().All(), &StudioShape::ShowsAnother)) {
+            m_picture.start();
+        } else {
+            m_journal.Show(m_parts.scene.Viewport().Picture());
+        }
+    });
     // Whoever is killed just after he has saved is offered nothing older than what he saved.
     connect(&m_parts.document, &OpenDocument::AboutToSave, this,
             [this](const QString& file, qint64 mark) {
