@@ -1,5 +1,6 @@
 #include "HsvField.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,10 +16,20 @@ constexpr int kCells = 64;
 constexpr qreal kMarkRadius = 5.0;
 constexpr int kFarther = 10;
 
+QAccessibleInterface* AccessibleField(const QString& /*className*/, QObject* object)
+{
+    auto* field = qobject_cast<HsvField*>(object);
+    return field != nullptr ? new QAccessibleWidget(field, QAccessible::ColorChooser) : nullptr;
+}
+
 }  // namespace
 
 HsvField::HsvField(QWidget* parent) : QWidget(parent)
 {
+    [[maybe_unused]] static const bool once = [] {
+        QAccessible::installFactory(AccessibleField);
+        return true;
+    }();
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
 }
