@@ -3,6 +3,7 @@
 #include "CommandOutput.h"
 #include "LibraryCommandLine.h"
 #include "LibraryFile.h"
+#include "UserMarks.h"
 
 #include <CorvexMaterial/Status.h>
 
@@ -21,10 +22,11 @@ struct CommandContext {
     return LibraryKindOf(job.library.toStdString());
 }
 
-[[nodiscard]] inline LibraryFile OpenIn(const LibraryJob& job)
-{
-    return LibraryFile::Open(job.library.toStdString(), KindIn(job));
-}
+/// The library of the job. A copy that its first change leaves is told.
+[[nodiscard]] LibraryFile OpenIn(const LibraryJob& job);
+
+/// Of who runs the program.
+[[nodiscard]] UserMarks OwnMarks();
 
 /// What the job's search finds, of that what its shard has.
 [[nodiscard]] std::vector<std::int32_t> SelectedIn(LibraryFile& library, const LibraryJob& job);

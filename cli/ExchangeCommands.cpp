@@ -88,6 +88,7 @@ void AddMaterials(CommandContext& context, const std::vector<NamedMaterial>& mat
     std::vector<NewEntry> entries;
     for (const NamedMaterial& named : materials) {
         NewEntry entry = EntryOfMaterial(named, FolderOf(library.Path()));
+        Apply(context.job.changes, entry.details);
         entry.png = thumbnails.Get().PngIfPossible(named.material);
         entries.push_back(std::move(entry));
         context.output.Progress(static_cast<qsizetype>(entries.size()),
@@ -109,6 +110,7 @@ void AddTextures(CommandContext& context)
         }
         entries.push_back(EntryOfTexture(file, FolderOf(library.Path()),
                                          {picture.size.width(), picture.size.height()}));
+        Apply(context.job.changes, entries.back().details);
         entries.back().png = Thumbnailer::Png(picture.thumbnail);
     }
     AddAll(context, library, entries);
@@ -124,7 +126,8 @@ void ExportCommand(CommandContext& context)
     ForEachSelected(library, context, [&](std::int32_t index) {
         MaterialReading reading = ReadMaterial(library, index);
         TellProblems(library, index, reading.problems, context);
-        materials.push_back({library.NameAt(index), std::move(reading.material)});
+        materials.push_back({library.NameAt(index), std::move(reading.material),
+                             library.DetailsOf(library.IdAt(index))});
     });
     const std::string out = context.job.out.toStdString();
     std::vector<std::string> notes;

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "EntryDetails.h"
+
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <variant>
 
 namespace studio {
@@ -14,6 +17,27 @@ struct Shard {
 
     [[nodiscard]] bool Has(std::int32_t index) const { return index % count == number - 1; }
 };
+
+/// What becomes of entries; what is not given stays.
+struct EntryChanges {
+    std::optional<QString> author;
+    std::optional<QString> licence;
+    std::optional<QString> source;
+    QStringList tags;
+    QStringList untags;
+    QStringList collections;
+    QStringList uncollects;
+    // The user's own, not the library's.
+    std::optional<bool> favourite{};
+    std::optional<int> rating{};
+
+    [[nodiscard]] bool AreOfTheLibrary() const
+    {
+        return author || licence || source || !tags.isEmpty() || !untags.isEmpty() ||
+               !collections.isEmpty() || !uncollects.isEmpty();
+    }
+};
+void Apply(const EntryChanges& changes, EntryDetails& details);
 
 /// One `corvex library` command.
 struct LibraryJob {
@@ -27,6 +51,7 @@ struct LibraryJob {
     Shard shard;
     bool json = false;
     bool missingOnly = false;
+    EntryChanges changes{};
 };
 
 /// Arguments after the word `library`. A text says what is wrong with them.

@@ -11,6 +11,7 @@ void CreateCommand(CommandContext& context);
 void ListCommand(CommandContext& context);
 void ValidateCommand(CommandContext& context);
 void AddCommand(CommandContext& context);
+void SetCommand(CommandContext& context);
 void ImportCommand(CommandContext& context);
 void ExportCommand(CommandContext& context);
 void ThumbnailsCommand(CommandContext& context);
@@ -34,6 +35,7 @@ inline constexpr std::array kLibraryCommands{
     LibraryCommandRow{"list", 0, 0, false, ListCommand},
     LibraryCommandRow{"validate", 0, 0, false, ValidateCommand},
     LibraryCommandRow{"add", 0, kManyOperands, false, AddCommand},
+    LibraryCommandRow{"set", 0, kManyOperands, false, SetCommand},
     LibraryCommandRow{"import", 1, kManyOperands, false, ImportCommand},
     LibraryCommandRow{"export", 0, 0, true, ExportCommand},
     LibraryCommandRow{"thumbnails", 0, 0, false, ThumbnailsCommand},

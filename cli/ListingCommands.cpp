@@ -1,5 +1,6 @@
 #include "CommandContext.h"
 #include "LibraryCommandTable.h"
+#include "MaterialDocument.h"
 
 #include <QJsonDocument>
 
@@ -21,6 +22,20 @@ void KeepEachOnce(std::vector<EntryId>& ids)
     ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
 }
 
+std::vector<EntryId> NamedIds(LibraryFile& library, CommandContext& context)
+{
+    std::vector<EntryId> ids;
+    for (const QString& name : context.job.operands) {
+        const auto named = library.IdsNamed(name.toStdString());
+        if (named.empty()) {
+            RefuseName(context, name, QStringLiteral("the library"));
+        }
+        ids.insert(ids.end(), named.begin(), named.end());
+    }
+    KeepEachOnce(ids);
+    return ids;
+}
+
 }  // namespace
 
 void CreateCommand(CommandContext& context)
@@ -31,9 +46,20 @@ void CreateCommand(CommandContext& context)
 void ListCommand(CommandContext& context)
 {
     LibraryFile library = OpenIn(context.job);
+    UserMarks own = OwnMarks();
+    const EntryMarks& marks = own.Of(library.Path());
     ForEachSelected(library, context, [&](std::int32_t index) {
         const QString name = QString::fromStdString(library.NameAt(index));
-        QJsonObject json{{"index", index}, {"id", qint64{library.IdAt(index)}}, {"name", name}};
+        const EntryId id = library.IdAt(index);
+        QJsonObject json{{"index", index}, {"id", qint64{id}}, {"name", name}};
+        AddDetails(json, library.DetailsOf(id));
+        const EntryMark mark = MarkOf(marks, id);
+        if (mark.isFavourite) {
+            json["favourite"] = true;
+        }
+        if (mark.rating > 0) {
+            json["rating"] = mark.rating;
+        }
         const std::string text = library.JsonAt(index);
         json["entry"] = QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
         const QString file = json["entry"].toObject().value("file").toString();
@@ -41,18 +67,45 @@ void ListCommand(CommandContext& context)
     });
 }
 
+void SetCommand(CommandContext& context)
+{
+    LibraryFile library = OpenIn(context.job);
+    const EntryChanges& changes = context.job.changes;
+    std::vector<EntryId> ids = NamedIds(library, context);
+    if (!context.job.query.isEmpty()) {
+        std::vector<EntryId> found;
+        for (const std::int32_t index : SelectedIn(library, context.job)) {
+            found.push_back(library.IdAt(index));
+        }
+        // Names and a search: what is both.
+        std::erase_if(found, [&](EntryId id) {
+            return !context.job.operands.isEmpty() && !std::ranges::binary_search(ids, id);
+        });
+        ids = std::move(found);
+    }
+    if (changes.AreOfTheLibrary() && !ids.empty()) {
+        std::vector<DescribedEntry> entries;
+        for (const EntryId id : ids) {
+            entries.push_back({id, library.DetailsOf(id)});
+            Apply(changes, entries.back().details);
+        }
+        library.Describe(entries);
+    }
+    UserMarks own = OwnMarks();
+    if (changes.favourite) {
+        own.SetFavourite(library.Path(), ids, *changes.favourite);
+    }
+    if (changes.rating) {
+        own.SetRating(library.Path(), ids, *changes.rating);
+    }
+    context.output.Result({{"set", static_cast<int>(ids.size())}},
+                          {CountText("Entries changed: %n.", ids.size())});
+}
+
 void RemoveCommand(CommandContext& context)
 {
     LibraryFile library = OpenIn(context.job);
-    std::vector<EntryId> ids;
-    for (const QString& name : context.job.operands) {
-        const auto named = library.IdsNamed(name.toStdString());
-        if (named.empty()) {
-            RefuseName(context, name, QStringLiteral("the library"));
-        }
-        ids.insert(ids.end(), named.begin(), named.end());
-    }
-    KeepEachOnce(ids);
+    const std::vector<EntryId> ids = NamedIds(library, context);
     library.Remove(ids);
     context.output.Result({{"removed", static_cast<int>(ids.size())}}, {});
 }

@@ -47,7 +47,8 @@ std::vector<NamedMaterial> ReadLibraryMaterials(const std::string& file,
     std::vector<NamedMaterial> materials;
     for (std::int32_t index = 0; index < library.Count(); ++index) {
         MaterialReading reading = ReadMaterial(library, index);
-        materials.push_back({library.NameAt(index), std::move(reading.material)});
+        materials.push_back({library.NameAt(index), std::move(reading.material),
+                             library.DetailsOf(library.IdAt(index))});
         for (const std::string& problem : reading.problems) {
             notes.push_back(materials.back().name + ": " + problem);
         }

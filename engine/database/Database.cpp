@@ -5,10 +5,12 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>
 #include <thread>
+#include <vector>
 
 namespace studio {
 namespace {
@@ -291,6 +293,28 @@ std::string Database::Bytes() const
         throw std::bad_alloc();
     }
     return {bytes.get(), bytes.get() + size};
+}
+
+void Database::ReadFile(const std::function<bool(std::span<const char>)>& take) const
+{
+    constexpr sqlite3_int64 kPiece = 1 << 20;
+    sqlite3_file* file = nullptr;
+    sqlite3_int64 size = 0;
+    sqlite3_file_control(m_handle.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    if (file->pMethods->xFileSize(file, &size) != SQLITE_OK) {
+        ThrowDatabaseError(m_path, "it cannot be read");
+    }
+    std::vector<char> piece;
+    for (sqlite3_int64 at = 0; at < size; at += kPiece) {
+        piece.resize(static_cast<std::size_t>(std::min(kPiece, size - at)));
+        if (file->pMethods->xRead(file, piece.data(), static_cast<int>(piece.size()), at) !=
+            SQLITE_OK) {
+            ThrowDatabaseError(m_path, "it cannot be read");
+        }
+        if (!take(piece)) {
+            return;
+        }
+    }
 }
 
 Transaction::Transaction(Database& database, Purpose purpose) : m_database(database)

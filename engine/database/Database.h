@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <stop_token>
@@ -62,6 +63,10 @@ public:
     void RemoveIdleJournal();
     /// What a file of it holds.
     [[nodiscard]] std::string Bytes() const;
+    /// Its file as it is on the disk, until a piece is not wanted. In a transaction that writes and
+    /// has not written yet, so that nobody changes it meanwhile. To open the file for it would end
+    /// this program's locks.
+    void ReadFile(const std::function<bool(std::span<const char>)>& take) const;
     [[nodiscard]] sqlite3* Handle() const { return m_handle.get(); }
 
 private:

@@ -110,7 +110,7 @@ void TintByVertices(ImportedModel& model, std::span<const VertexColours::Meaning
         return;
     }
     for (std::size_t i = 0; i < wearers.size(); ++i) {
-        auto& [name, record] = model.materials[i];
+        auto& [name, record, details] = model.materials[i];
         const SaidColour& said = model.said.emplace_back(SaidColour{record.Color, meanings[i]});
         MaterialNotes notes(model.report, name);
         if (!wearers[i].Any()) {

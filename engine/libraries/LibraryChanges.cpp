@@ -1,4 +1,5 @@
 #include "DatabaseError.h"
+#include "LibraryBackup.h"
 #include "LibraryFile.h"
 #include <CorvexMaterial/Status.h>
 
@@ -43,9 +44,26 @@ void LibraryFile::Change(const Work& work)
 {
     RequireWritable();
     Transaction change(m_database, Transaction::Purpose::Write);
-    if (m_database.Integer("PRAGMA data_version") == m_dataVersion) {
+    std::optional<LibraryBackup> backup;
+    const auto make = [&] {
+        if (LibraryFormatOf(m_database) < kLibraryVersion) {
+            backup.emplace(m_database);
+            UpgradeLibraryTables(m_database);
+        }
         work();
         change.Commit();
+        if (backup) {
+            backup->Keep();
+        }
+    };
+    const auto tell = [&] {
+        if (backup && m_backupListener) {
+            m_backupListener(backup->Path());
+        }
+    };
+    if (m_database.Integer("PRAGMA data_version") == m_dataVersion) {
+        make();
+        tell();
         return;
     }
     auto asShown = qScopeGuard([this, ids = m_ids, version = m_dataVersion]() mutable {
@@ -53,9 +71,9 @@ void LibraryFile::Change(const Work& work)
         m_dataVersion = version;
     });
     Load();
-    work();
-    change.Commit();
+    make();
     asShown.dismiss();
+    tell();
 }
 
 void LibraryFile::RequireWritable() const
@@ -105,6 +123,18 @@ void LibraryFile::Replace(EntryId id, const NewEntry& entry)
         m_database.Use("DELETE FROM thumbnails WHERE entry = ?1").Bind(1, id).Run();
         if (!entry.png.empty()) {
             PutPicture(id, entry.png);
+        }
+    });
+}
+
+void LibraryFile::Describe(std::span<const DescribedEntry> entries)
+{
+    Change([&] {
+        for (const DescribedEntry& entry : entries) {
+            Statement there = m_database.Use("SELECT 1 FROM entries WHERE id = ?1");
+            if (there.Bind(1, entry.id).Step()) {
+                PutDetails(entry.id, entry.details);
+            }
         }
     });
 }
@@ -177,6 +207,10 @@ void LibraryFile::EmptyTrash()
         m_database.Run(kOrphans);
         m_database.Run(
             "DELETE FROM contents WHERE entry IN (SELECT id FROM entries WHERE trashed > 0)");
+        m_database.Run(
+            "DELETE FROM details WHERE entry IN (SELECT id FROM entries WHERE trashed > 0)");
+        m_database.Run(
+            "DELETE FROM labels WHERE entry IN (SELECT id FROM entries WHERE trashed > 0)");
         m_database.Run("DELETE FROM entries WHERE trashed > 0");
     });
     try {
@@ -202,6 +236,9 @@ EntryId LibraryFile::Insert(const NewEntry& entry)
         .Run();
     if (!entry.png.empty()) {
         PutPicture(id, entry.png);
+    }
+    if (entry.details != EntryDetails()) {
+        PutDetails(id, entry.details);
     }
     return id;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EntryDetails.h"
 #include "SearchProperties.h"
 
 #include <cstdint>
@@ -16,6 +17,18 @@ struct NewEntry {
     std::string json;  ///< one object, see MaterialText.h and TextureText.h
     std::string png;   ///< the thumbnail; empty = none
     SearchValues search;
+    EntryDetails details{};
+};
+
+struct DescribedEntry {
+    EntryId id = 0;
+    EntryDetails details;
+};
+
+/// A tag or a collection, and how many entries have it.
+struct LabelUse {
+    std::string name;
+    std::int64_t entries = 0;
 };
 
 /// The entry that a material came from, and the state of its record then.

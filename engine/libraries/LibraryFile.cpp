@@ -165,9 +165,10 @@ std::vector<EntryId> LibraryFile::IdsNamed(const std::string& name)
     return ids;
 }
 
-std::vector<std::int32_t> LibraryFile::Search(const LibraryQuery& query)
+std::vector<std::int32_t> LibraryFile::Search(const LibraryQuery& query, const EntryMarks& marks)
 {
-    Statement found = CompiledQuery(m_database, query);
+    const bool hasDetails = LibraryFormatOf(m_database) >= kFormatWithDetails;
+    Statement found = CompiledQuery(m_database, query, {hasDetails, marks});
     std::vector<std::int32_t> indexes;
     auto place = m_ids.begin();
     while (found.Step()) {
@@ -176,6 +177,11 @@ std::vector<std::int32_t> LibraryFile::Search(const LibraryQuery& query)
         if (place != m_ids.end() && *place == id) {
             indexes.push_back(static_cast<std::int32_t>(place - m_ids.begin()));
         }
+    }
+    if (AsksForUsed(query)) {
+        std::ranges::stable_sort(indexes, std::greater(), [&](std::int32_t index) {
+            return MarkOf(marks, IdAt(index)).used;
+        });
     }
     return indexes;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Database.h"
+#include "EntryMarks.h"
 #include "LibraryEntry.h"
 #include "LibrarySchema.h"
 
@@ -37,6 +38,11 @@ public:
     [[nodiscard]] const std::string& ReadOnlyReason() const { return m_readOnlyReason; }
     /// Fails as every change would when there is such a reason.
     void RequireWritable() const;
+    /// Told after the change that gave a library of the first format this one, which is also the
+    /// first of all changes: as it was before it is kept in this file beside it. A change is
+    /// refused when that cannot be written.
+    using BackupListener = std::function<void(const std::string& backup)>;
+    void SetBackupListener(BackupListener listener) { m_backupListener = std::move(listener); }
 
     [[nodiscard]] std::int32_t Count() const { return static_cast<std::int32_t>(m_ids.size()); }
     [[nodiscard]] EntryId IdAt(std::int32_t index) const;
@@ -50,12 +56,20 @@ public:
     /// A short text that changes with the entry's record and with nothing else, and comes back with
     /// it; the same in every file that has the record. Empty when there is no such entry.
     [[nodiscard]] std::string RevisionOf(EntryId id);
+    /// Nothing of an entry that has none, as those of a library of the first format.
+    [[nodiscard]] EntryDetails DetailsOf(EntryId id);
+    /// Those in use, by name.
+    [[nodiscard]] std::vector<LabelUse> Labels(LabelKind kind);
+    [[nodiscard]] std::vector<std::string> Authors();
+    [[nodiscard]] std::vector<std::string> Licences();
     /// PNG as stored, empty when there is none.
     [[nodiscard]] std::string ThumbnailAt(std::int32_t index);
     /// Entries outside the trash that have this name, in any case.
     [[nodiscard]] std::vector<EntryId> IdsNamed(const std::string& name);
-    /// Indexes in file order. Errors: FileFailed.
-    [[nodiscard]] std::vector<std::int32_t> Search(const LibraryQuery& query);
+    /// Indexes in file order, but the latest first when it asks for what the user used lately.
+    /// Errors: FileFailed.
+    [[nodiscard]] std::vector<std::int32_t> Search(const LibraryQuery& query,
+                                                   const EntryMarks& marks = {});
 
     EntryId Add(const NewEntry& entry);
     /// All in one change, in this order, at the end.
@@ -65,6 +79,7 @@ public:
     /// stay. Nothing happens when there is no such entry.
     void Replace(EntryId id, const NewEntry& entry);
     /// All in one change.
+    void Describe(std::span<const DescribedEntry> entries);
     void SetThumbnails(std::span<const EntryPicture> pictures);
 
     /// Of every entry, those in the trash too, all in one change. Nothing for one that stays as it
@@ -97,12 +112,14 @@ private:
     void Change(const Work& work);
     void Load();
     EntryId Insert(const NewEntry& entry);
+    void PutDetails(EntryId id, const EntryDetails& details);
     void PutPicture(EntryId id, const std::string& png);
     void SetTrashed(EntryId id, std::int64_t trashed);
 
     Database m_database;
     LibraryKind m_kind;
     std::string m_readOnlyReason;
+    BackupListener m_backupListener;
     std::vector<EntryId> m_ids;  ///< ascending, not those in the trash
     std::int64_t m_dataVersion = 0;
 };

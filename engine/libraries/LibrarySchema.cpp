@@ -1,5 +1,6 @@
 #include "LibrarySchema.h"
 
+#include "Database.h"
 #include "DatabaseError.h"
 #include "DatabaseKind.h"
 
@@ -22,7 +23,13 @@ constexpr std::array kObjects{
     "CREATE TABLE thumbnails (entry INTEGER PRIMARY KEY, png BLOB NOT NULL) STRICT",
     "CREATE INDEX entries_in_order ON entries (trashed)",
     "CREATE INDEX entries_by_name ON entries (folded)",
+    "CREATE TABLE details (entry INTEGER PRIMARY KEY, author TEXT NOT NULL, "
+    "licence TEXT NOT NULL, source TEXT NOT NULL) STRICT",
+    "CREATE TABLE labels (kind INTEGER NOT NULL, folded TEXT NOT NULL, entry INTEGER NOT NULL, "
+    "name TEXT NOT NULL, PRIMARY KEY (kind, folded, entry)) STRICT, WITHOUT ROWID",
+    "CREATE INDEX labels_by_entry ON labels (entry)",
 };
+constexpr std::size_t kObjectsOfTheFirst = 5;
 
 struct KindRow {
     LibraryKind kind;
@@ -31,8 +38,8 @@ struct KindRow {
     const char* refusal;  ///< of a file of this kind where the other is asked for
 };
 
-constexpr const char* kVersionStatement = "PRAGMA user_version = 1";
-static_assert(kLibraryVersion == 1, "the statement above says it again");
+constexpr const char* kVersionStatement = "PRAGMA user_version = 2";
+static_assert(kLibraryVersion == 2, "the statement above says it again");
 
 constexpr std::array kKinds{
     KindRow{LibraryKind::Materials,
@@ -86,9 +93,26 @@ void MakeLibraryTables(Database& database, LibraryKind kind)
     MakeTables(database, RowOf(kind).database);
 }
 
+std::int64_t LibraryFormatOf(Database& database)
+{
+    return database.Integer("PRAGMA user_version");
+}
+
+void UpgradeLibraryTables(Database& database)
+{
+    for (const char* object : std::span(kObjects).subspan(kObjectsOfTheFirst)) {
+        database.Run(object);
+    }
+    database.Run(kVersionStatement);
+}
+
 void CheckLibraryTables(Database& database)
 {
-    CheckTables(database, RowOf(LibraryKind::Materials).database);
+    DatabaseKind kind = RowOf(LibraryKind::Materials).database;
+    if (LibraryFormatOf(database) < kFormatWithDetails) {
+        kind.objects = kind.objects.first(kObjectsOfTheFirst);
+    }
+    CheckTables(database, kind);
 }
 
 }  // namespace studio

@@ -24,6 +24,20 @@ constexpr QLatin1String kEntryMaterial("material");
                                 path + ": " + cause.toStdString());
 }
 
+struct DetailKey {
+    QLatin1String key;
+    std::string EntryDetails::*text;
+};
+constexpr DetailKey kDetailKeys[] = {{QLatin1String("author"), &EntryDetails::author},
+                                     {QLatin1String("licence"), &EntryDetails::licence},
+                                     {QLatin1String("source"), &EntryDetails::source}};
+struct LabelKey {
+    QLatin1String key;
+    LabelKind kind;
+};
+constexpr LabelKey kLabelKeys[] = {{QLatin1String("tags"), LabelKind::Tag},
+                                   {QLatin1String("collections"), LabelKind::Collection}};
+
 QByteArray CompactObject(const QJsonValue& value)
 {
     return QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
@@ -31,14 +45,50 @@ QByteArray CompactObject(const QJsonValue& value)
 
 }  // namespace
 
+void AddDetails(QJsonObject& json, const EntryDetails& details)
+{
+    for (const auto& [key, text] : kDetailKeys) {
+        if (!(details.*text).empty()) {
+            json[key] = QString::fromStdString(details.*text);
+        }
+    }
+    for (const auto& [key, kind] : kLabelKeys) {
+        QJsonArray labels;
+        for (const std::string& label : LabelsIn(details, kind)) {
+            labels.append(QString::fromStdString(label));
+        }
+        if (!labels.isEmpty()) {
+            json[key] = labels;
+        }
+    }
+}
+
+EntryDetails DetailsOfJson(const QJsonObject& json)
+{
+    EntryDetails details;
+    for (const auto& [key, text] : kDetailKeys) {
+        details.*text = json[key].toString().simplified().toStdString();
+    }
+    for (const auto& [key, kind] : kLabelKeys) {
+        std::vector<std::string> labels;
+        for (const QJsonValue& label : json[key].toArray()) {
+            labels.push_back(label.toString().toStdString());
+        }
+        LabelsIn(details, kind) = TidyLabels(labels);
+    }
+    return details;
+}
+
 void WriteMaterialDocument(const std::string& path, std::span<const NamedMaterial> materials)
 {
     QJsonArray array;
     for (const NamedMaterial& named : materials) {
         const std::string json = JsonOfMaterial(named.material, FolderOf(path));
-        array.append(QJsonObject{
+        QJsonObject entry{
             {kEntryName, QString::fromStdString(named.name)},
-            {kEntryMaterial, QJsonDocument::fromJson(QByteArray::fromStdString(json)).object()}});
+            {kEntryMaterial, QJsonDocument::fromJson(QByteArray::fromStdString(json)).object()}};
+        AddDetails(entry, named.details);
+        array.append(entry);
     }
     CorvexMaterial::WriteFile(path, QJsonDocument(QJsonObject{{kMaterials, array}}).toJson());
 }
@@ -65,7 +115,7 @@ std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,
         for (const std::string& problem : reading.problems) {
             problems.push_back('"' + name + "\": " + problem);
         }
-        materials.push_back({name, std::move(reading.material)});
+        materials.push_back({name, std::move(reading.material), DetailsOfJson(entry.toObject())});
     }
     return materials;
 }

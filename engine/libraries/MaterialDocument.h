@@ -4,6 +4,8 @@
 
 #include <span>
 
+class QJsonObject;
+
 namespace studio {
 
 /// Materials as one JSON document, with everything that a library keeps of them but the
@@ -14,5 +16,9 @@ void WriteMaterialDocument(const std::string& path, std::span<const NamedMateria
 /// Problems name the material.
 [[nodiscard]] std::vector<NamedMaterial> ReadMaterialDocument(const std::string& path,
                                                               std::vector<std::string>& problems);
+
+/// The details that are there, each by its key.
+void AddDetails(QJsonObject& json, const EntryDetails& details);
+[[nodiscard]] EntryDetails DetailsOfJson(const QJsonObject& json);
 
 }  // namespace studio

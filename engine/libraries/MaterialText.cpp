@@ -140,7 +140,8 @@ NewEntry EntryOfMaterial(const NamedMaterial& named, const std::string& folder,
     return {named.name,
             JsonOfMaterial(named.material, folder),
             {},
-            SearchValuesOf(named.material, folder, fieldNames)};
+            SearchValuesOf(named.material, folder, fieldNames),
+            named.details};
 }
 
 }  // namespace studio

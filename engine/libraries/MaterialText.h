@@ -15,6 +15,7 @@ namespace studio {
 struct NamedMaterial {
     std::string name;
     CorvexDB::udtMaterial material;
+    EntryDetails details{};
 };
 
 /// A material as one JSON object; docs/libraries.md lists the keys. Texture files in the folder or

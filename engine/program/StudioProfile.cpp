@@ -18,6 +18,11 @@ QString UserStateFolder()
 
 }  // namespace
 
+std::string MarksFile(const StudioProfile& profile)
+{
+    return (profile.dataFolder + QStringLiteral("/Favourites.cvu")).toStdString();
+}
+
 StudioProfile UserProfile()
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);

@@ -17,6 +17,9 @@ struct StudioProfile {
 
 inline constexpr const char* kStudioName = "CorvexStudio";
 
+/// Holds the user's favourites and ratings of library entries.
+[[nodiscard]] std::string MarksFile(const StudioProfile& profile);
+
 /// The profile of the user who runs the program.
 [[nodiscard]] StudioProfile UserProfile();
 /// Everything below one folder.

@@ -181,7 +181,7 @@ TEST_P(EitherWay, TheSameMaterialsAndTheSameReport)
     const auto lines = [](const std::vector<studio::NamedMaterial>& materials,
                           const studio::Report& report) {
         std::vector<std::string> all;
-        for (const auto& [name, material] : materials) {
+        for (const auto& [name, material, details] : materials) {
             all.push_back(name + studio::JsonOfMaterial(material, "/"));
         }
         for (const auto& [material, property, outcome, note, kind] : report.Rows()) {

@@ -23,7 +23,12 @@ class LibraryCommands : public testing::Test {
 protected:
     Outcome Library(const QStringList& arguments)
     {
-        return CorvexTest::RunProgram(STUDIO_PROGRAM, QStringList("library") + arguments);
+        return CorvexTest::RunProgram(STUDIO_PROGRAM, QStringList("library") + arguments,
+                                      [this](QProcess& program) {
+                                          auto own = QProcessEnvironment::systemEnvironment();
+                                          own.insert("XDG_DATA_HOME", PathOf("own"));
+                                          program.setProcessEnvironment(own);
+                                      });
     }
     void Expect(const QStringList& arguments)
     {
@@ -64,6 +69,36 @@ TEST_F(LibraryCommands, AddListExportImportRemoveRestore)
     Expect({"empty-trash", m_library});
     EXPECT_EQ(Library({"trash", m_library}).output, "");
     Expect({"validate", m_library});
+}
+
+TEST_F(LibraryCommands, SetWhatIsNotedOfEntriesAndHandItOn)
+{
+    Expect({"add", m_library, "--name", "Oak", "--tag", "wood", "--licence", "CC0"});
+    Expect({"add", m_library, "--name", "Jade"});
+    Expect({"set", m_library, "oak", "--tag", "Bark", "--tag", "WOOD", "--untag", "none",
+            "--collection", "House", "--author", "Ann  Lee", "--source", "https://x.example"});
+    EXPECT_EQ(Library({"list", m_library, "--find", "tag:bark author:ann", "--json"}).output,
+              Library({"list", m_library, "--find", "collection=house", "--json"}).output);
+    Expect({"export", m_library, "--out", PathOf("all.json")});
+    Expect({"import", PathOf("new.cvm"), PathOf("all.json"), m_library});
+    auto copy =
+        studio::LibraryFile::Open(m_temporary.PathOf("new.cvm"), studio::LibraryKind::Materials);
+    const studio::EntryDetails all{
+        "Ann Lee", "CC0", "https://x.example", {"Bark", "wood"}, {"House"}};
+    EXPECT_EQ(copy.DetailsOf(copy.IdAt(0)), all);
+    EXPECT_EQ(copy.DetailsOf(copy.IdAt(2)), all);
+
+    EXPECT_EQ(Library({"set", m_library, "--find", "tag:bark", "--untag", "bark", "--author", "",
+                       "--rating", "4", "--favourite", "yes"})
+                  .output,
+              "Entries changed: 1.\n");
+    const QString found = Library({"list", m_library, "--find", "rating>3 fav:yes"}).output;
+    EXPECT_EQ(found, "Oak\n");
+    const QString json = Library({"list", m_library, "--json"}).output.section('\n', 0, 0);
+    EXPECT_TRUE(json.contains("\"tags\":[\"wood\"]") && !json.contains("author") &&
+                json.contains("\"rating\":4"))
+        << json.toStdString();
+    EXPECT_EQ(Library({"set", m_library, "Elm", "--tag", "x"}).exitCode, 1);
 }
 
 TEST_F(LibraryCommands, TellEveryProblemAndEndWithOne)
@@ -124,7 +159,8 @@ TEST_F(LibraryCommands, ExplainWrongUseAndEndWithTwo)
          {"", "paint a.cvm", "list", "list a.cvm b.cvm", "export a.cvm", "import a.cvm",
           "list a.cvm --shard 3/2", "list a.cvm --shard 0/1", "list a.cvm --find shine>3",
           "list a.cvm --nonsense", "add a.cvm --material colour=mud", "add a.cvm b.png",
-          "add a.cvt", "add a.cvt b.png --name c"}) {
+          "add a.cvt", "add a.cvt b.png --name c", "set a.cvm Oak", "set a.cvm --tag x",
+          "set a.cvm Oak --rating 6", "set a.cvm Oak --favourite maybe"}) {
         const Outcome outcome = Library(QString(line).split(' ', Qt::SkipEmptyParts));
         EXPECT_EQ(outcome.exitCode, 2) << line;
         EXPECT_TRUE(outcome.errors.contains("--help")) << line;

@@ -30,6 +30,11 @@ protected:
         });
         Add("Deleted oak", [](auto&) {});
         m_library.Remove(m_library.IdAt(4));
+        m_library.Describe(std::vector<studio::DescribedEntry>{
+            {m_library.IdAt(0), {"Ann", "CC0", "https://wood.example", {"wood", "Bark"}, {}}},
+            {m_library.IdAt(1), {"", "", "", {"metal"}, {"For the Ring"}}},
+            {m_library.IdAt(2), {"Ren\xC3\xA9 & Ann", "", "", {"metallic"}, {}}}});
+        m_marks = {{m_library.IdAt(1), {true, 5, 2}}, {m_library.IdAt(3), {false, 3, 7}}};
     }
 
     std::string Found(const std::string& text)
@@ -39,7 +44,8 @@ protected:
             return *problem;
         }
         std::string found;
-        for (const auto index : m_library.Search(std::get<studio::LibraryQuery>(reading))) {
+        for (const auto index :
+             m_library.Search(std::get<studio::LibraryQuery>(reading), m_marks)) {
             found += std::to_string(index);
         }
         return found;
@@ -55,6 +61,7 @@ private:
 
     LibraryTest::TemporaryLibrary m_temporary;
     studio::LibraryFile m_library;
+    studio::EntryMarks m_marks;
 };
 
 struct Search {
@@ -102,6 +109,21 @@ TEST_F(Searching, FindsByNameAndProperty)
              Search{"field:2=\"Acme & Sons\"", "3"},
              Search{"field:Supplier=acme", ""},
              Search{"width>0", ""},
+             Search{"tag:METAL", "12"},
+             Search{"tag=\"metal\"", "1"},
+             Search{"-has:tag", "3"},
+             Search{"tag:bark tag:wood", "0"},
+             Search{"collection:ring", "1"},
+             Search{"tag:ring", ""},
+             Search{"author:\"ren\xC3\x89 &\"", "2"},
+             Search{"author:ann -licence:cc", "2"},
+             Search{"source:wood.example license:CC0", "0"},
+             Search{"fav:yes", "1"},
+             Search{"fav:no transparency=0", "03"},
+             Search{"rating>3", "1"},
+             Search{"rating=0", "02"},
+             Search{"recent:", "31"},
+             Search{"recent:yes -fav:yes", "3"},
          }) {
         EXPECT_EQ(Found(query), found) << query;
     }
@@ -121,6 +143,9 @@ TEST_F(Searching, SaysWhatIsWrongWithAQuery)
              Search{"color~mud", "\"mud\" is no colour"},
              Search{"color~#12", "is no colour"},
              Search{"is:nice", "is: knows"},
+             Search{"fav:maybe", "fav:yes or fav:no"},
+             Search{"tag:", "needs a value"},
+             Search{"rating:good", "needs a number"},
              Search{"oak field=x", "like field:Supplier=Acme"},
          }) {
         EXPECT_THAT(Found(query), HasSubstr(problem)) << query;

@@ -1,9 +1,13 @@
+#include "FullDisk.h"
 #include "SampleFolder.h"
 #include "SampleMaterials.h"
 
 #include "LibraryQuery.h"
 #include "LibraryReading.h"
 #include "MaterialDocument.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 // Files of the first program that had this format. They stay as they are.
 
@@ -62,6 +66,9 @@ TEST_P(OldLibrary, IsReadAndSearchedAndStaysAsItIs)
 TEST_P(OldLibrary, IsChanged)
 {
     auto library = temporary.Open();
+    auto reader = temporary.Open();
+    std::vector<std::string> told;
+    library.SetBackupListener([&](const std::string& backup) { told.push_back(backup); });
     const auto added = library.Add(LibraryTest::EntryNamed("new"));
     library.Remove(added);
     library.Restore(std::vector{library.Trash().back().id, added});
@@ -71,6 +78,72 @@ TEST_P(OldLibrary, IsChanged)
     ExpectOldEntries(again, temporary.PathOf(""));
     EXPECT_EQ(NamesIn(again).back(), "new");
     EXPECT_THAT(again.StructureProblems(), IsEmpty());
+    EXPECT_THAT(told, ElementsAre(temporary.Path() + ".v1-backup"));
+    EXPECT_EQ(CorvexTest::ContentOf(QString::fromStdString(told.front())), bytes);
+    EXPECT_TRUE(reader.Refresh());
+    reader.Describe(std::vector<studio::DescribedEntry>{{reader.IdAt(0), {"Ann", "", "", {}, {}}}});
+    EXPECT_EQ(again.DetailsOf(again.IdAt(0)).author, "Ann");
+}
+
+TEST_P(OldLibrary, IsCopiedBesideBeforeItsFirstChangeOrNotChanged)
+{
+    const QString backup = QString::fromStdString(temporary.Path() + ".v1-backup");
+    const auto change = [&] {
+        auto library = temporary.Open();
+        library.Rename(library.IdAt(0), "new");
+    };
+    {
+        const CorvexTest::FullDisk disk(static_cast<rlim_t>(bytes.size() / 2));
+        EXPECT_THAT(LibraryTest::ErrorOf(change), testing::HasSubstr("copied before its first"));
+    }
+    EXPECT_EQ(temporary.Bytes(), bytes);
+    EXPECT_FALSE(QFile::exists(backup));
+    const auto broken = [&] {
+        auto library = temporary.Open();
+        auto entry = LibraryTest::EntryNamed("too large");
+        entry.png.assign(17 << 20, 'x');
+        library.Add(entry);
+    };
+    EXPECT_THAT(LibraryTest::ErrorOf(broken), testing::HasSubstr("larger than"));
+    EXPECT_EQ(temporary.Bytes(), bytes) << "a change that fails changes no format";
+    EXPECT_FALSE(QFile::exists(backup));
+
+    QFile stranger(backup);
+    ASSERT_TRUE(stranger.open(QIODevice::WriteOnly) && stranger.write("precious") == 8);
+    stranger.close();
+    change();
+    EXPECT_EQ(CorvexTest::ContentOf(backup), "precious");
+    EXPECT_EQ(CorvexTest::ContentOf(backup + "-2"), bytes);
+    temporary.SetBytes(bytes);
+    change();
+    EXPECT_FALSE(QFile::exists(backup + "-3")) << "the same copy is there already";
+}
+
+TEST_P(OldLibrary, IsTheOldOrTheNewWhenItsFirstChangeIsKilled)
+{
+    int isNew = 0;
+    for (int round = 0; round < 60; ++round) {
+        temporary.SetBytes(bytes);
+        const pid_t writer = ::fork();
+        if (writer == 0) {
+            auto library = temporary.Open();
+            library.Rename(library.IdAt(0), "new");
+            ::_exit(0);
+        }
+        ::usleep(static_cast<useconds_t>(round) * 60);
+        ::kill(writer, SIGKILL);
+        ::waitpid(writer, nullptr, 0);
+        auto library = temporary.Open();
+        EXPECT_THAT(library.StructureProblems(), IsEmpty());
+        const bool isDone = library.NameAt(0) == "new";
+        EXPECT_TRUE(isDone || temporary.Bytes() == bytes) << round;
+        isNew += isDone ? 1 : 0;
+    }
+    EXPECT_GT(isNew, 0);
+    const QDir folder(QString::fromStdString(temporary.PathOf("")));
+    for (const QString& file : folder.entryList({"*-backup*"}, QDir::Files)) {
+        EXPECT_EQ(CorvexTest::ContentOf(folder.filePath(file)), bytes) << file.toStdString();
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(, OldLibrary,

@@ -75,7 +75,12 @@ Names NamesIn(const QString& library)
 /// Arguments of a command that changes the library, whose names become those it leaves.
 QStringList NextChange(std::mt19937& dice, Names& names, int number)
 {
-    const auto kind = dice() % 10;
+    const auto kind = dice() % 12;
+    if (kind > 9 && !names.empty()) {
+        return {"library", "set",
+                "a.cvm",   QString::fromStdString(names.back()),
+                "--tag",   "number " + QString::number(number)};
+    }
     if (kind < 2 && !names.empty()) {
         const std::string first = names.front();
         std::erase(names, first);

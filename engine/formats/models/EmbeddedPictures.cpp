@@ -73,7 +73,7 @@ void TakeOutPictures(ImportedModel& model, const std::string& folder)
         const Keeping keeping = Keep(picture.bytes, owner, folder);
         const bool kept = !keeping.path.empty();
         for (const std::size_t wearer : picture.wearers) {
-            auto& [name, material] = model.materials[wearer];
+            auto& [name, material, details] = model.materials[wearer];
             std::string& texture = material.Textures.primary;
             texture = kept ? keeping.path : texture;
             MaterialNotes(model.report, name)

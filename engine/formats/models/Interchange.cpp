@@ -92,7 +92,7 @@ bool IsThereOrNone(const std::string& texture)
 void AddUnread(ImportedModel& scene)
 {
     std::map<std::string, bool> areImages{{{}, true}};
-    for (const auto& [name, material] : scene.materials) {
+    for (const auto& [name, material, details] : scene.materials) {
         for (const LayerRow& layer : kLayerRows) {
             const std::string& file = material.Textures.*layer.file;
             const auto [isImage, isNew] = areImages.try_emplace(file, false);

@@ -165,9 +165,14 @@ QueryTest HasOf(const QueryWord& word)
     if (what == "thumbnail") {
         return ThumbnailTest{};
     }
-    RefuseQuery(
-        "has: knows texture, overlay, alpha, bump, specular, environment, plugin, field and "
-        "thumbnail.");
+    if (what == "tag") {
+        return LabelTest{LabelKind::Tag, {}, false};
+    }
+    if (what == "collection") {
+        return LabelTest{LabelKind::Collection, {}, false};
+    }
+    RefuseQuery("has: knows texture, overlay, alpha, bump, specular, environment, plugin, field, "
+                "thumbnail, tag and collection.");
 }
 
 std::optional<NumberProperty> ColumnOf(CorvexMaterial::Attribute attribute)
@@ -197,15 +202,59 @@ QueryTest IsOf(const QueryWord& word)
     RefuseQuery("is: knows raytraced and what a material is or is not, as doublesided.");
 }
 
+template <LabelKind kind>
+QueryTest LabelOf(const QueryWord& word)
+{
+    NeedOperator(word, ":~=", word.key + ":metal");
+    return LabelTest{kind, Folded(word.value), word.operatorText == "="};
+}
+
+template <DetailText text>
+QueryTest DetailOf(const QueryWord& word)
+{
+    NeedOperator(word, ":~=", word.key + ":\"Ann Lee\"");
+    return DetailTest{text, Folded(word.value)};
+}
+
+template <MarkProperty property>
+QueryTest IsMarked(const QueryWord& word)
+{
+    const std::string answer = Folded(word.value);
+    const bool isNo = answer == "no";
+    if (word.operatorText != ":" || !(isNo || answer.empty() || answer == "yes")) {
+        RefuseQuery("Write it like " + word.key + ":yes or " + word.key + ":no.");
+    }
+    return MarkTest{property, isNo ? Comparison::Equal : Comparison::Greater, 0.0};
+}
+
+QueryTest RatingOf(const QueryWord& word)
+{
+    return MarkTest{MarkProperty::Rating, ComparisonIn(word), NumberIn(word)};
+}
+
 struct KeyRow {
     std::string_view key;
     QueryTest (*read)(const QueryWord&);
 };
 
 constexpr std::array kKeys{
-    KeyRow{"name", NameOf}, KeyRow{"width", WidthOf}, KeyRow{"height", HeightOf},
-    KeyRow{"has", HasOf},   KeyRow{"is", IsOf},       KeyRow{"plugin", PluginOf},
-    KeyRow{"file", FileOf}, KeyRow{"field", FieldOf},
+    KeyRow{"name", NameOf},
+    KeyRow{"width", WidthOf},
+    KeyRow{"height", HeightOf},
+    KeyRow{"has", HasOf},
+    KeyRow{"is", IsOf},
+    KeyRow{"plugin", PluginOf},
+    KeyRow{"file", FileOf},
+    KeyRow{"field", FieldOf},
+    KeyRow{"tag", LabelOf<LabelKind::Tag>},
+    KeyRow{"collection", LabelOf<LabelKind::Collection>},
+    KeyRow{"author", DetailOf<DetailText::Author>},
+    KeyRow{"licence", DetailOf<DetailText::Licence>},
+    KeyRow{"license", DetailOf<DetailText::Licence>},
+    KeyRow{"source", DetailOf<DetailText::Source>},
+    KeyRow{"fav", IsMarked<MarkProperty::Favourite>},
+    KeyRow{"rating", RatingOf},
+    KeyRow{"recent", IsMarked<MarkProperty::Used>},
 };
 
 std::string KnownKeys()
@@ -266,6 +315,44 @@ QueryReading ReadLibraryQuery(std::string_view text)
         return problem.text;
     }
     return query;
+}
+
+std::vector<std::string> QueryBeginnings()
+{
+    std::vector<std::string> beginnings;
+    for (std::size_t i = 0; i < AttributesOfColumns().size(); ++i) {
+        const AttributeKind kind = RowOf(AttributesOfColumns().at(i)).kind;
+        if (kind != AttributeKind::Flag) {
+            beginnings.push_back(std::string(kNumberColumns.at(i)) +
+                                 (kind == AttributeKind::PackedColour ? '~' : '>'));
+        }
+    }
+    for (const KeyRow& row : kKeys) {
+        const bool isNumber = row.key == "width" || row.key == "height" || row.key == "rating";
+        const bool isAnswer = row.key == "fav" || row.key == "recent";
+        beginnings.push_back(std::string(row.key) + (isNumber ? ">" : isAnswer ? ":yes" : ":"));
+    }
+    for (const std::string_view layer : kSearchLayers) {
+        beginnings.push_back("has:" + std::string(layer));
+    }
+    return beginnings;
+}
+
+std::string QueryTextOf(std::string_view key, std::string_view value)
+{
+    std::string text(key);
+    text += "=\"";
+    std::ranges::remove_copy(value, std::back_inserter(text), '"');
+    return text + '"';
+}
+
+bool AsksForUsed(const LibraryQuery& query)
+{
+    return std::ranges::any_of(query.terms, [](const QueryTerm& term) {
+        const auto* mark = std::get_if<MarkTest>(&term.test);
+        return mark != nullptr && !term.isNegated && mark->property == MarkProperty::Used &&
+               mark->comparison == Comparison::Greater;
+    });
 }
 
 }  // namespace studio

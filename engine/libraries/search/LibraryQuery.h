@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EntryDetails.h"
 #include "SearchProperties.h"
 #include <CorvexMaterial/Colour.h>
 
@@ -51,9 +52,27 @@ struct PresenceTest {
     TextProperty property{};
 };
 struct ThumbnailTest {};
+/// A tag or a collection.
+struct LabelTest {
+    LabelKind kind{};
+    std::string label;  ///< without case
+    bool isWhole = false;
+};
+enum class DetailText : std::int32_t { Author, Licence, Source };
+struct DetailTest {
+    DetailText text{};
+    std::string part;  ///< without case
+};
+enum class MarkProperty : std::int32_t { Favourite, Rating, Used };
+/// Of the user who searches.
+struct MarkTest {
+    MarkProperty property{};
+    Comparison comparison{};
+    double value = 0.0;
+};
 
 using QueryTest = std::variant<NameTest, NumberTest, AttributeTest, TextTest, MaskTest, ColourTest,
-                               PresenceTest, ThumbnailTest>;
+                               PresenceTest, ThumbnailTest, LabelTest, DetailTest, MarkTest>;
 
 struct QueryTerm {
     QueryTest test;
@@ -69,7 +88,16 @@ struct LibraryQuery {
 using QueryReading = std::variant<LibraryQuery, std::string>;
 
 /// What a user types: words are parts of names, `transparency>30`, `has:bump`, `color~gold`,
-/// `plugin:brick`, `field:Supplier=Acme`; a leading minus negates. docs/libraries.md has it all.
+/// `plugin:brick`, `field:Supplier=Acme`, `tag:metal`, `fav:yes`; a leading minus negates.
+/// docs/libraries.md has it all.
 [[nodiscard]] QueryReading ReadLibraryQuery(std::string_view text);
+
+/// How words may begin that are no part of a name, as a user types them: `tag:`, `transparency>`.
+[[nodiscard]] std::vector<std::string> QueryBeginnings();
+/// A test that finds this very value: `tag="dark wood"`.
+[[nodiscard]] std::string QueryTextOf(std::string_view key, std::string_view value);
+
+/// Whether it asks for what was used lately, which is then found latest first.
+[[nodiscard]] bool AsksForUsed(const LibraryQuery& query);
 
 }  // namespace studio

@@ -70,9 +70,35 @@ void SqlColourDistance(sqlite3_context* context, int, sqlite3_value** values)
     }
 }
 
+void SqlFolded(sqlite3_context* context, int, sqlite3_value** values)
+{
+    const auto* text = sqlite3_value_text(values[0]);
+    const std::size_t size = static_cast<std::size_t>(sqlite3_value_bytes(values[0]));
+    const std::string folded =
+        text == nullptr ? std::string()
+                        : Folded({static_cast<const char*>(static_cast<const void*>(text)), size});
+    sqlite3_result_text64(context, folded.data(), folded.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+void SqlMark(sqlite3_context* context, int, sqlite3_value** values)
+{
+    const auto& marks = *static_cast<const EntryMarks*>(sqlite3_user_data(context));
+    const EntryMark mark = MarkOf(marks, sqlite3_value_int64(values[1]));
+    switch (static_cast<MarkProperty>(sqlite3_value_int(values[0]))) {
+    case MarkProperty::Favourite:
+        return sqlite3_result_int(context, mark.isFavourite ? 1 : 0);
+    case MarkProperty::Rating:
+        return sqlite3_result_int(context, mark.rating);
+    case MarkProperty::Used:
+        return sqlite3_result_int64(context, mark.used);
+    }
+}
+
 // Texts that a user typed are bound, never written into the statement.
 class SqlCondition {
 public:
+    explicit SqlCondition(bool hasDetails) : m_hasDetails(hasDetails) {}
+
     std::string operator()(const NameTest& test) { return Contains("folded", test.part); }
     std::string operator()(const TextTest& test)
     {
@@ -106,27 +132,80 @@ public:
     {
         return "EXISTS (SELECT 1 FROM thumbnails WHERE entry = entries.id)";
     }
+    std::string operator()(const LabelTest& test)
+    {
+        return m_hasDetails ? "id IN (SELECT entry FROM labels WHERE kind = " +
+                                  std::to_string(static_cast<int>(test.kind)) + " AND " +
+                                  (test.isWhole ? Equals("folded", test.label)
+                                                : Contains("folded", test.label)) +
+                                  ")"
+                            : "0";
+    }
+    std::string operator()(const DetailTest& test)
+    {
+        constexpr std::array kColumns{"folded(author)", "folded(licence)", "folded(source)"};
+        return m_hasDetails
+                   ? "id IN (SELECT entry FROM details WHERE " +
+                         Contains(kColumns.at(static_cast<std::size_t>(test.text)), test.part) + ")"
+                   : "0";
+    }
+    std::string operator()(const MarkTest& test)
+    {
+        return "user_mark(" + std::to_string(static_cast<int>(test.property)) + ", id)" +
+               OperatorOf(test.comparison) + SqlNumber(test.value);
+    }
 
     std::vector<std::string> texts;
 
 private:
+    std::string Equals(const std::string& column, const std::string& text)
+    {
+        texts.push_back(text);
+        return column + " = ?" + std::to_string(texts.size());
+    }
     std::string Contains(const std::string& column, const std::string& part)
     {
         texts.push_back(part);
         return "instr(" + column + ", ?" + std::to_string(texts.size()) + ") > 0";
     }
+
+    bool m_hasDetails;
 };
+
+using SqlFunction = void (*)(sqlite3_context*, int, sqlite3_value**);
+
+void Define(Database& database, const char* name, int parameters, SqlFunction function,
+            const void* data = nullptr)
+{
+    sqlite3_create_function(database.Handle(), name, parameters,
+                            SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
+                            const_cast<void*>(data), function, nullptr, nullptr);
+}
+
+// Each definition costs the statements that are kept their compilation.
+template <typename Test>
+bool HasTest(const LibraryQuery& query)
+{
+    return std::ranges::any_of(
+        query.terms, [](const QueryTerm& term) { return std::holds_alternative<Test>(term.test); });
+}
 
 }  // namespace
 
-Statement CompiledQuery(Database& database, const LibraryQuery& query)
+Statement CompiledQuery(Database& database, const LibraryQuery& query, const QuerySources& sources)
 {
-    sqlite3_create_function(database.Handle(), "colour_distance", 2,
-                            SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY, nullptr,
-                            SqlColourDistance, nullptr, nullptr);
+    if (HasTest<ColourTest>(query)) {
+        Define(database, "colour_distance", 2, SqlColourDistance);
+    }
+    if (HasTest<DetailTest>(query)) {
+        Define(database, "folded", 1, SqlFolded);
+    }
+    if (HasTest<MarkTest>(query)) {
+        Define(database, "user_mark", 2, SqlMark, &sources.marks);
+    }
     // The plus keeps the index of the trash out: most entries are read anyway, best in file order.
     std::string sql = "SELECT id FROM entries WHERE +trashed = 0";
-    SqlCondition condition;
+    SqlCondition condition(sources.hasDetails);
     for (const QueryTerm& term : query.terms) {
         // What an entry does not have it does not fulfil, but fulfils negated.
         const std::string test = "coalesce(" + std::visit(condition, term.test) + ", 0)";
