@@ -48,4 +48,65 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>studio::LibraryBrowser</name>
+    <message numerus="yes">
+        <source>Search %Ln material(s)</source>
+        <translation>
+            <numerusform>Search %Ln material</numerusform>
+            <numerusform>Search %Ln materials</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Search %Ln texture(s)</source>
+        <translation>
+            <numerusform>Search %Ln texture</numerusform>
+            <numerusform>Search %Ln textures</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>studio::PanelLibraries</name>
+    <message numerus="yes">
+        <source>%Ln material(s)</source>
+        <translation>
+            <numerusform>%Ln material</numerusform>
+            <numerusform>%Ln materials</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln texture(s)</source>
+        <translation>
+            <numerusform>%Ln texture</numerusform>
+            <numerusform>%Ln textures</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln file(s) were not added:</source>
+        <translation>
+            <numerusform>%Ln file was not added:</numerusform>
+            <numerusform>%Ln files were not added:</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>studio::PropertiesDialog</name>
+    <message numerus="yes">
+        <source>%Ln entries of the library</source>
+        <translation>
+            <numerusform>%Ln entry of the library</numerusform>
+            <numerusform>%Ln entries of the library</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>studio::SceneMaterials</name>
+    <message numerus="yes">
+        <source>%Ln shape(s)</source>
+        <translation>
+            <numerusform>%Ln shape</numerusform>
+            <numerusform>%Ln shapes</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -46,6 +46,11 @@ bool MaterialLibraryFlow::AddCurrent()
     return true;
 }
 
+std::vector<CorvexDB::HostLibrary> MaterialLibraryFlow::HostLibraries()
+{
+    return Services().host.materialLibrary.HostLibraries();
+}
+
 void MaterialLibraryFlow::DeleteAt(std::int32_t index)
 {
     Services().host.materialLibrary.DeleteMaterialFromLibrary(index);

@@ -24,6 +24,7 @@ private:
     void CloseFile() override;
     CorvexDB::LibraryContent OpenFile(const std::string& path) override;
     bool AddCurrent() override;
+    std::vector<CorvexDB::HostLibrary> HostLibraries() override;
     void DeleteAt(std::int32_t index) override;
     void Take(std::int32_t index) override;
 

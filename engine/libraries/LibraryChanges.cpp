@@ -213,6 +213,9 @@ void LibraryFile::EmptyTrash()
             "DELETE FROM labels WHERE entry IN (SELECT id FROM entries WHERE trashed > 0)");
         m_database.Run("DELETE FROM entries WHERE trashed > 0");
     });
+    if (m_isInMemory) {
+        return;
+    }
     try {
         // The copy may be too large for the memory.
         m_database.Run("PRAGMA temp_store = FILE");

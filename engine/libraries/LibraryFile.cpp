@@ -52,9 +52,13 @@ void RefuseIndex(std::int32_t index)
 
 }  // namespace
 
-LibraryFile::LibraryFile(Database database, LibraryKind kind)
-    : m_database(std::move(database)), m_kind(kind)
+LibraryFile::LibraryFile(Database database, LibraryKind kind, Place place)
+    : m_database(std::move(database)), m_kind(kind), m_isInMemory(place == Place::Memory)
 {
+    if (m_isInMemory) {
+        Load();
+        return;
+    }
     Transaction reading(m_database, Transaction::Purpose::Read);
     CheckLibraryTables(m_database);
     Load();
@@ -70,7 +74,7 @@ LibraryFile LibraryFile::Open(const std::string& path, LibraryKind kind)
     const std::string absolute = AbsolutePath(path);
     CheckLibraryHeader(absolute, kind);
     try {
-        LibraryFile library(Database(absolute, Database::Mode::Existing), kind);
+        LibraryFile library(Database(absolute, Database::Mode::Existing), kind, Place::Disk);
         // Again: a journal beside it has been rolled back by now.
         CheckLibraryHeader(absolute, kind);
         return library;
@@ -79,6 +83,17 @@ LibraryFile LibraryFile::Open(const std::string& path, LibraryKind kind)
         RefuseTruncated(absolute);
         throw;
     }
+}
+
+LibraryFile LibraryFile::InMemory(LibraryKind kind)
+{
+    Database database(":memory:", Database::Mode::New);
+    {
+        Transaction making(database, Transaction::Purpose::Write);
+        MakeLibraryTables(database, kind);
+        making.Commit();
+    }
+    return LibraryFile(std::move(database), kind, Place::Memory);
 }
 
 void LibraryFile::Create(const std::string& path, LibraryKind kind)

@@ -29,6 +29,8 @@ public:
     /// A missing file is not made. Read-only where writing is not possible; a file that is refused
     /// is left as it was.
     [[nodiscard]] static LibraryFile Open(const std::string& path, LibraryKind kind);
+    /// Empty, of this program alone, and gone with it.
+    [[nodiscard]] static LibraryFile InMemory(LibraryKind kind);
     /// Makes an empty library. An existing file is left alone and reported.
     static void Create(const std::string& path, LibraryKind kind);
 
@@ -36,6 +38,9 @@ public:
     [[nodiscard]] LibraryKind Kind() const { return m_kind; }
     /// Why nothing can be changed, for a person; empty when changes are possible.
     [[nodiscard]] const std::string& ReadOnlyReason() const { return m_readOnlyReason; }
+    /// Of one in memory: why its user cannot change it; empty if he can.
+    void SetReadOnly(std::string reason) { m_readOnlyReason = std::move(reason); }
+    [[nodiscard]] bool IsInMemory() const { return m_isInMemory; }
     /// Fails as every change would when there is such a reason.
     void RequireWritable() const;
     /// Told after the change that gave a library of the first format this one, which is also the
@@ -106,7 +111,8 @@ public:
     [[nodiscard]] std::vector<std::string> StructureProblems();
 
 private:
-    LibraryFile(Database database, LibraryKind kind);
+    enum class Place { Disk, Memory };
+    LibraryFile(Database database, LibraryKind kind, Place place);
 
     template <typename Work>
     void Change(const Work& work);
@@ -118,6 +124,7 @@ private:
 
     Database m_database;
     LibraryKind m_kind;
+    bool m_isInMemory;
     std::string m_readOnlyReason;
     BackupListener m_backupListener;
     std::vector<EntryId> m_ids;  ///< ascending, not those in the trash

@@ -13,4 +13,9 @@ class LibraryFile;
 /// The file of an entry of a texture library. Errors: the same.
 [[nodiscard]] std::string ReadTexture(LibraryFile& library, std::int32_t index);
 
+/// An entry as it is added to another library, under a name that is free there, with its picture
+/// and all that is noted of it. Errors: the same.
+[[nodiscard]] NewEntry CopiedEntry(LibraryFile& source, std::int32_t index, LibraryFile& target,
+                                   const FieldNames& fieldNames);
+
 }  // namespace studio

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AddRequest.h"
 #include "LibraryChange.h"
 #include "LibraryFile.h"
 #include <CorvexMaterial/CorvexDB.h>
@@ -8,6 +9,7 @@
 
 namespace studio {
 
+class SceneLibrary;
 class Thumbnailer;
 
 /// The material library that the control has open. User-interface thread only.
@@ -25,20 +27,37 @@ public:
     void CreateLibrary(const std::string& path) override;
     /// After a failure no library is open.
     CorvexDB::LibraryContent Open(const std::string& path) override;
-    void CloseLibrary() override { m_file.reset(); }
+    void CloseLibrary() override;
+    /// That of the scene, where there is one.
+    std::vector<CorvexDB::HostLibrary> HostLibraries() override;
     /// What of the entry cannot be read has its default and goes to the event log.
     CorvexDB::udtMaterial MaterialAt(std::int32_t index) override;
-    /// Named after what is seen of it; with a thumbnail where pictures can be drawn.
+    /// Named after what is seen of it, where nobody is asked; with a thumbnail where pictures can
+    /// be drawn.
     void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override;
     /// Into the library's trash.
     void DeleteMaterialFromLibrary(std::int32_t index) override;
 
     /// Null while none is open; until the next `Open` or `CloseLibrary`.
-    [[nodiscard]] LibraryFile* File() { return m_file ? &*m_file : nullptr; }
+    [[nodiscard]] LibraryFile* File();
+    /// The library that shows the scene's materials, and what brings it up to date before it is
+    /// opened. Null takes it away again.
+    void SetSceneLibrary(SceneLibrary* scene, std::function<void()> follow);
+    /// Path of the file that was open last.
+    [[nodiscard]] const std::string& LatestFile() const { return m_latestFile; }
     /// Name of the entry that the control has asked for since the last call; empty for none.
     [[nodiscard]] std::string TakenEntry() { return std::exchange(m_taken, {}); }
     /// Where the material that the control asked for last came from; with id 0 for none.
     [[nodiscard]] const EntryOrigin& LastTaken() const { return m_lastTaken; }
+    /// Asked for the name and the library of what is added.
+    void SetAsking(AskBeforeAdding asking) { m_asking = std::move(asking); }
+    /// Of each library that is opened from now on.
+    void SetBackupListener(LibraryFile::BackupListener listener)
+    {
+        m_backupListener = std::move(listener);
+    }
+    /// Adds it as it is wanted, under a name that the library does not have yet.
+    void Add(const AddRequest& request, const CorvexDB::udtMaterial& material);
     /// Told after each change that came through the control; not those made on `File()`.
     void SetListener(LibraryListener listener) { m_listener = std::move(listener); }
 
@@ -47,7 +66,13 @@ private:
 
     Services m_services;
     std::optional<LibraryFile> m_file;
+    std::string m_latestFile;
+    SceneLibrary* m_scene = nullptr;
+    std::function<void()> m_follow;
+    bool m_showsScene = false;
     LibraryListener m_listener;
+    LibraryFile::BackupListener m_backupListener;
+    AskBeforeAdding m_asking;
     std::string m_taken;
     EntryOrigin m_lastTaken;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AddRequest.h"
 #include "LibraryChange.h"
 #include "LibraryFile.h"
 #include <CorvexMaterial/CorvexDB.h>
@@ -16,13 +17,25 @@ public:
     CorvexDB::TextureCollection& Textures() override { return *this; }
     /// With its full path.
     std::string SelectedLibraryTexture(std::int32_t index) override;
-    /// Named after the file. Errors: FileFailed also for a file that is no image.
+    /// Named after the file, where nobody is asked. Errors: FileFailed also for a file that is no
+    /// image.
     void AddTextureToLibrary(const std::string& file) override;
     /// Into the library's trash.
     void DeleteTextureFromLibrary(std::int32_t index) override;
 
     /// Null while none is open; until the next `Open` or `CloseLibrary`.
     [[nodiscard]] LibraryFile* File() { return m_file ? &*m_file : nullptr; }
+    // These as in the material library.
+    void SetAsking(AskBeforeAdding asking) { m_asking = std::move(asking); }
+    void SetBackupListener(LibraryFile::BackupListener listener)
+    {
+        m_backupListener = std::move(listener);
+    }
+    void Add(const AddRequest& request, const std::string& file);
+    /// Into the open library, under their names; a listener hears of one change. Returns the
+    /// files that are no images, and why.
+    [[nodiscard]] std::vector<std::string> AddFiles(const std::vector<std::string>& files,
+                                                    const EntryDetails& details);
     /// Told after each change that came through the control; not those made on `File()`.
     void SetListener(LibraryListener listener) { m_listener = std::move(listener); }
 
@@ -33,6 +46,8 @@ private:
 
     std::optional<LibraryFile> m_file;
     LibraryListener m_listener;
+    LibraryFile::BackupListener m_backupListener;
+    AskBeforeAdding m_asking;
 };
 
 }  // namespace studio

@@ -1,18 +1,25 @@
 #include "LibraryBrowser.h"
 
+#include "DetailsForm.h"
+#include "DropShelf.h"
+#include "FilterButton.h"
 #include "LibraryDelegate.h"
 #include "LibraryDrag.h"
 #include "LibraryView.h"
 #include "SearchField.h"
+#include "ShownText.h"
 #include <CorvexMaterial/Status.h>
+#include <CorvexMaterial/TextureFileTypes.h>
 
 #include <QBoxLayout>
 #include <QDrag>
 #include <QHelpEvent>
-#include <QLocale>
 #include <QMimeData>
 #include <QScrollBar>
 #include <QToolTip>
+#include <QUrl>
+
+#include <algorithm>
 
 namespace studio {
 namespace {
@@ -26,14 +33,16 @@ constexpr int kDragPictureSide = 48;
 }  // namespace
 
 LibraryBrowser::LibraryBrowser(OpenLibrary library, LibraryKind kind, FieldNames fieldNames,
-                               QWidget* parent)
+                               UserMarks& marks, QWidget* parent)
     : QWidget(parent), m_fieldNames(std::move(fieldNames)),
-      m_model(new LibraryModel(std::move(library), kind, this)),
+      m_model(new LibraryModel(std::move(library), kind, marks, this)),
       m_delegate(new LibraryDelegate(*m_model, this)),
       m_view(new LibraryView(
           *m_model, *m_delegate,
           kind == LibraryKind::Materials ? kMaterialRowHeight : kTextureRowHeight, this)),
-      m_search(new SearchField(parent))
+      m_searchRow(new QWidget(parent)), m_search(new SearchField(m_searchRow)),
+      m_filter(new FilterButton([this] { return File(); }, m_searchRow)),
+      m_shelf(new DropShelf(this))
 {
     const bool materials = kind == LibraryKind::Materials;
     m_view->setObjectName(materials ? QStringLiteral("materialEntries")
@@ -42,7 +51,15 @@ LibraryBrowser::LibraryBrowser(OpenLibrary library, LibraryKind kind, FieldNames
                                         : tr("Textures of the library"));
     m_search->setObjectName(materials ? QStringLiteral("searchMaterials")
                                       : QStringLiteral("searchTextures"));
-    m_search->hide();  // until somebody wants it
+    m_filter->setObjectName(materials ? QStringLiteral("filterMaterials")
+                                      : QStringLiteral("filterTextures"));
+    m_searchRow->setFocusProxy(m_search);
+    m_searchRow->hide();  // until somebody wants it
+    auto* row = new QHBoxLayout(m_searchRow);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    row->addWidget(m_filter);
+    row->addWidget(m_search, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_view);
@@ -52,6 +69,7 @@ LibraryBrowser::LibraryBrowser(OpenLibrary library, LibraryKind kind, FieldNames
     m_delegate->SetBackground(background);
     m_view->viewport()->installEventFilter(this);
     Connect();
+    ConnectMarks();
     UpdateTexts();
 }
 
@@ -71,10 +89,153 @@ void LibraryBrowser::Connect()
     // Queued: the editor has to be gone before the entries are shown anew.
     connect(m_model, &LibraryModel::RenameWanted, this, &LibraryBrowser::RenameWanted,
             Qt::QueuedConnection);
+    connect(m_model, &LibraryModel::PictureMissing, this, &LibraryBrowser::PictureMissing);
     connect(m_model, &LibraryModel::Failed, this, &LibraryBrowser::Message);
     const QScrollBar* bar = m_view->verticalScrollBar();
     connect(bar, &QScrollBar::valueChanged, this, &LibraryBrowser::TellScroll);
     connect(bar, &QScrollBar::rangeChanged, this, &LibraryBrowser::TellScroll);
+}
+
+void LibraryBrowser::ConnectMarks()
+{
+    constexpr std::chrono::milliseconds kUntilUsed{1000};
+    m_search->SetWords([this] { return SearchWords(); });
+    connect(m_filter, &FilterButton::Chosen, m_search, &QLineEdit::setText);
+    connect(m_search, &QLineEdit::textChanged, m_filter, &FilterButton::SetCurrent);
+    connect(m_view, &LibraryView::StarPressed, this, [this](int row) {
+        if (LibraryFile* file = File(); file != nullptr && m_model->HasMarks()) {
+            Q_EMIT FavouriteWanted({file->IdAt(m_model->FileIndex(row))});
+        }
+    });
+    m_view->SetTakes([this](const QDropEvent& event) { return Takes(event); });
+    connect(m_view, &LibraryView::Dropped, this, &LibraryBrowser::TakeDropped);
+    connect(
+        m_shelf, &DropShelf::Dropped, this, [this] { Q_EMIT CopyDropped(SelectedIds()); },
+        Qt::QueuedConnection);
+    connect(m_view, &LibraryView::FavouritePressed, this,
+            [this] { Q_EMIT FavouriteWanted(SelectedIds()); });
+    connect(m_view, &LibraryView::RatingPressed, this,
+            [this](int rating) { Q_EMIT RatingWanted(SelectedIds(), rating); });
+    m_useSoon.setSingleShot(true);
+    m_useSoon.setInterval(kUntilUsed);
+    connect(&m_useSoon, &QTimer::timeout, this,
+            [this] { Q_EMIT Used(m_chosen.first, m_chosen.second); });
+}
+
+// Files are for textures, of which one at least is there by its name; the window around opens
+// others.
+bool LibraryBrowser::Takes(const QDropEvent& event)
+{
+    const LibraryFile* file = File();
+    if (file == nullptr || file->IsInMemory() || event.source() == m_view) {
+        return false;
+    }
+    if (Kind() == LibraryKind::Materials) {
+        return DraggedMaterial(*event.mimeData()).has_value();
+    }
+    return std::ranges::any_of(event.mimeData()->urls(), [](const QUrl& url) {
+        return CorvexMaterial::IsListed(url.toLocalFile().toStdString(),
+                                        CorvexMaterial::TextureTypeList::All);
+    });
+}
+
+void LibraryBrowser::TakeDropped(const QMimeData& dropped)
+{
+    if (const auto material = DraggedMaterial(dropped);
+        material && Kind() == LibraryKind::Materials) {
+        QMetaObject::invokeMethod(
+            this, [this, material] { Q_EMIT MaterialDropped(*material); }, Qt::QueuedConnection);
+        return;
+    }
+    QStringList files;
+    for (const QUrl& url : dropped.urls()) {
+        files << (url.isLocalFile() ? url.toLocalFile() : url.toString());
+    }
+    QMetaObject::invokeMethod(
+        this, [this, files] { Q_EMIT FilesDropped(files); }, Qt::QueuedConnection);
+}
+
+// Who goes through a library with the keys does not use what he passes.
+void LibraryBrowser::UseSoon(int row)
+{
+    if (LibraryFile* file = File(); file != nullptr && !file->IsInMemory()) {
+        m_chosen = {file->Path(), file->IdAt(m_model->FileIndex(row))};
+        m_useSoon.start();
+    }
+}
+
+QStringList LibraryBrowser::SearchWords() const
+{
+    QStringList words{QStringLiteral("fav:no"), QStringLiteral("has:tag"),
+                      QStringLiteral("has:collection")};
+    LibraryFile* file = File();
+    if (file == nullptr) {
+        return words;
+    }
+    const DetailChoices choices = DetailChoices::Of(*file);
+    const auto add = [&words](const char* key, const QStringList& values) {
+        for (const QString& value : values) {
+            const QString text = value.contains(u' ') ? u'"' + value + u'"' : value;
+            words << QLatin1String(key) + text;
+        }
+    };
+    for (const auto& [kind, labels] : choices.labels) {
+        add(kind == LabelKind::Tag ? "tag:" : "collection:", labels);
+    }
+    add("author:", choices.authors);
+    add("licence:", choices.licences);
+    return words;
+}
+
+std::vector<EntryId> LibraryBrowser::SelectedIds() const
+{
+    std::vector<EntryId> ids;
+    const LibraryFile* file = File();
+    for (const QModelIndex& index : m_view->selectionModel()->selectedIndexes()) {
+        if (file != nullptr && m_model->FileIndex(index.row()) < file->Count()) {
+            ids.push_back(file->IdAt(m_model->FileIndex(index.row())));
+        }
+    }
+    std::ranges::sort(ids);
+    return ids;
+}
+
+std::string LibraryBrowser::ShownCollection() const
+{
+    const auto& query = m_model->Query();
+    LibraryFile* file = File();
+    if (!query || file == nullptr) {
+        return {};
+    }
+    std::string shown;
+    for (const QueryTerm& term : query->terms) {
+        const auto* label = std::get_if<LabelTest>(&term.test);
+        if (label == nullptr || label->kind != LabelKind::Collection || term.isNegated) {
+            continue;
+        }
+        for (const LabelUse& known : file->Labels(LabelKind::Collection)) {
+            if (Folded(known.name) == label->label) {
+                shown = known.name;
+            }
+        }
+    }
+    return shown;
+}
+
+void LibraryBrowser::ShowMarks()
+{
+    const int row = SelectedRow();
+    const std::int32_t selected = row < 0 ? -1 : m_model->FileIndex(row);
+    m_model->ShowMarks();
+    if (SelectedRow() < 0 && selected >= 0) {
+        m_view->Mark(m_model->RowOf(selected));
+    }
+}
+
+void LibraryBrowser::ShowPicture(EntryId id)
+{
+    m_model->ForgetPicture(id);
+    m_view->viewport()->update();
 }
 
 LibraryKind LibraryBrowser::Kind() const
@@ -84,8 +245,8 @@ LibraryKind LibraryBrowser::Kind() const
 
 QWidget* LibraryBrowser::Companion()
 {
-    m_search->show();
-    return m_search;
+    m_searchRow->show();
+    return m_searchRow;
 }
 
 void LibraryBrowser::ShowItems(std::int32_t count)
@@ -148,13 +309,13 @@ void LibraryBrowser::UpdateTexts()
         return;
     }
     const bool materials = Kind() == LibraryKind::Materials;
-    const QString count = QLocale().toString(std::max(m_model->EntryCount(), 0));
-    m_search->setEnabled(m_model->EntryCount() > 0);
-    if (m_model->EntryCount() <= 0) {
+    const int count = std::max(m_model->EntryCount(), 0);
+    m_searchRow->setEnabled(count > 0);
+    if (count == 0) {
         m_search->setPlaceholderText(tr("Search"));
     } else {
-        m_search->setPlaceholderText(materials ? tr("Search %1 materials").arg(count)
-                                               : tr("Search %1 textures").arg(count));
+        m_search->setPlaceholderText(materials ? tr("Search %Ln material(s)", nullptr, count)
+                                               : tr("Search %Ln texture(s)", nullptr, count));
     }
 }
 
@@ -173,8 +334,13 @@ QString LibraryBrowser::EmptyText() const
 
 int LibraryBrowser::SelectedRow() const
 {
-    const QModelIndexList selected = m_view->selectionModel()->selectedIndexes();
-    return selected.isEmpty() ? -1 : selected.front().row();
+    const QItemSelectionModel& selection = *m_view->selectionModel();
+    const QModelIndexList selected = selection.selectedIndexes();
+    const QModelIndex current = selection.currentIndex();
+    if (selected.isEmpty()) {
+        return -1;
+    }
+    return selection.isSelected(current) ? current.row() : selected.front().row();
 }
 
 std::int32_t LibraryBrowser::SelectedIndex()
@@ -249,6 +415,7 @@ void LibraryBrowser::TellScroll()
 
 void LibraryBrowser::Choose(int row)
 {
+    UseSoon(row);
     if (m_listener != nullptr) {
         m_listener->ItemSelected(m_model->FileIndex(row));
     }
@@ -276,7 +443,14 @@ void LibraryBrowser::Drag(int row)
         picture.setDevicePixelRatio(devicePixelRatioF());
         drag->setPixmap(picture);
         drag->setHotSpot({kDragPictureSide / 2, kDragPictureSide / 2});
+        // It may be dropped on a shape.
+        UseSoon(row);
+        const QString shelf = file->IsInMemory() && m_shelfLibrary ? m_shelfLibrary() : QString();
+        if (!shelf.isEmpty()) {
+            m_shelf->Offer(shelf);
+        }
         drag->exec(Qt::CopyAction);
+        m_shelf->hide();
     } catch (const CorvexMaterial::Error& error) {
         Q_EMIT Message(QString::fromUtf8(error.what()));
     }
@@ -289,8 +463,16 @@ bool LibraryBrowser::eventFilter(QObject* watched, QEvent* event)
     }
     const auto* help = static_cast<const QHelpEvent*>(event);
     const QModelIndex index = m_view->indexAt(help->pos());
-    const QString text =
-        index.isValid() ? m_model->ToolTip(index.row(), m_fieldNames()) : QString();
+    const bool onStar = index.isValid() &&
+                        LibraryDelegate::StarArea(m_view->visualRect(index)).contains(help->pos());
+    QString text = onStar ? tr("Favourite (Ctrl+D)") : QString();
+    if (index.isValid() && !onStar) {
+        text = m_model->ToolTip(index.row(), m_fieldNames());
+        const LibraryFile* file = File();
+        if (file != nullptr && file->IsInMemory() && m_users) {
+            text += TipRow(tr("Used by"), m_users(file->IdAt(m_model->FileIndex(index.row()))));
+        }
+    }
     QToolTip::showText(help->globalPos(), text, m_view, m_view->visualRect(index));
     return true;
 }

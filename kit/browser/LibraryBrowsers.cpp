@@ -3,9 +3,9 @@
 namespace studio {
 
 LibraryBrowsers::LibraryBrowsers(OpenLibrary materials, OpenLibrary textures,
-                                 LibraryBrowser::FieldNames fieldNames)
+                                 LibraryBrowser::FieldNames fieldNames, UserMarks& marks)
     : m_materials(std::move(materials)), m_textures(std::move(textures)),
-      m_fieldNames(std::move(fieldNames))
+      m_fieldNames(std::move(fieldNames)), m_marks(marks)
 {
 }
 
@@ -15,8 +15,18 @@ CorvexEditport::Editport* LibraryBrowsers::CreateEditport(QWidget* parent,
     const LibraryKind shown = kind == CorvexEditport::BrowserKind::Materials
                                   ? LibraryKind::Materials
                                   : LibraryKind::Textures;
-    auto* browser =
-        new LibraryBrowser([this, shown] { return Open(shown); }, shown, m_fieldNames, parent);
+    auto* browser = new LibraryBrowser([this, shown] { return Open(shown); }, shown, m_fieldNames,
+                                       m_marks, parent);
+    connect(browser, &LibraryBrowser::FavouriteWanted, this,
+            [this, shown](const auto& ids) { Q_EMIT FavouriteWanted(shown, ids); });
+    connect(
+        browser, &LibraryBrowser::RatingWanted, this,
+        [this, shown](const auto& ids, int rating) { Q_EMIT RatingWanted(shown, ids, rating); });
+    connect(browser, &LibraryBrowser::MaterialDropped, this, &LibraryBrowsers::MaterialDropped);
+    connect(browser, &LibraryBrowser::FilesDropped, this, &LibraryBrowsers::FilesDropped);
+    connect(browser, &LibraryBrowser::CopyDropped, this, &LibraryBrowsers::CopyDropped);
+    connect(browser, &LibraryBrowser::PictureMissing, this, &LibraryBrowsers::PictureMissing);
+    connect(browser, &LibraryBrowser::Used, this, &LibraryBrowsers::Used);
     connect(browser, &LibraryBrowser::RenameWanted, this,
             [this, shown](std::int64_t id, const QString& name) {
                 Q_EMIT RenameWanted(shown, id, name);
@@ -48,6 +58,15 @@ std::vector<LibraryBrowser*> LibraryBrowsers::Of(LibraryKind kind) const
     return browsers;
 }
 
+void LibraryBrowsers::ShowMarks()
+{
+    for (const auto& browser : m_browsers) {
+        if (browser != nullptr) {
+            browser->ShowMarks();
+        }
+    }
+}
+
 void LibraryBrowsers::Refresh(LibraryKind kind)
 {
     LibraryFile* file = Open(kind);
@@ -65,6 +84,23 @@ void LibraryBrowsers::Refresh(LibraryKind kind)
     }
     for (std::size_t i = 0; i < browsers.size(); ++i) {
         browsers[i]->Reread(file->Count(), marked[i] ? file->IndexOf(*marked[i]) : std::nullopt);
+    }
+}
+
+void LibraryBrowsers::ShowFollowed(LibraryKind kind)
+{
+    const LibraryFile* file = Open(kind);
+    for (LibraryBrowser* browser : Of(kind)) {
+        if (file != nullptr) {
+            browser->Reread(file->Count(), std::nullopt);
+        }
+    }
+}
+
+void LibraryBrowsers::ShowPicture(LibraryKind kind, EntryId id)
+{
+    for (LibraryBrowser* browser : Of(kind)) {
+        browser->ShowPicture(id);
     }
 }
 

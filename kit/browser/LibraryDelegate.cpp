@@ -6,8 +6,11 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace studio {
 namespace {
@@ -15,6 +18,26 @@ namespace {
 constexpr int kMargin = 2;
 constexpr int kLeastEditorWidth = 110;
 constexpr int kLongestName = 200;
+
+constexpr int kStarSide = 18;
+constexpr qreal kRatingStep = 8.5;
+const QColor kStarColour(0xF2, 0xB8, 0x2E);
+
+QPainterPath StarIn(const QRectF& area)
+{
+    constexpr int kCorners = 10;
+    constexpr double kInner = 0.45;
+    QPolygonF star;
+    for (int i = 0; i < kCorners; ++i) {
+        const double radius = area.width() / 2 * (i % 2 == 0 ? 1.0 : kInner);
+        const double angle = i * 2 * std::numbers::pi / kCorners;
+        star << area.center() + QPointF(std::sin(angle), -std::cos(angle)) * radius;
+    }
+    QPainterPath path;
+    path.addPolygon(star);
+    path.closeSubpath();
+    return path;
+}
 
 QFont NameFont(const QStyleOptionViewItem& option)
 {
@@ -66,6 +89,7 @@ void LibraryDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->save();
     PaintGround(*painter, option);
     PaintThumbnail(*painter, PictureArea(option), index.row());
+    PaintMarks(*painter, option, m_model.Mark(index.row()));
     painter->setFont(NameFont(option));
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     painter->setPen(selected ? CorvexMaterial::StrongTextOn(m_background)
@@ -106,6 +130,35 @@ void LibraryDelegate::PaintThumbnail(QPainter& painter, const QRect& area, int r
     QRectF place(QPointF(), picture.deviceIndependentSize());
     place.moveCenter(QRectF(area).center());
     painter.drawPixmap(place.topLeft(), picture);
+}
+
+QRect LibraryDelegate::StarArea(const QRect& cell)
+{
+    return {cell.right() - kStarSide - 2, cell.top() + 2, kStarSide, kStarSide};
+}
+
+// A favourite wears its star always; under the pointer every entry shows where it is to be clicked.
+void LibraryDelegate::PaintMarks(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const EntryMark& mark) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor edge(0, 0, 0, 150);
+    const bool hovered = option.state.testFlag(QStyle::State_MouseOver);
+    if (mark.isFavourite || (hovered && m_model.HasMarks())) {
+        const QRectF area = QRectF(StarArea(option.rect)).adjusted(2, 2, -2, -2);
+        painter.setPen(
+            QPen(mark.isFavourite ? edge : CorvexMaterial::StrongTextOn(m_background), 1));
+        painter.setBrush(mark.isFavourite ? kStarColour : QColor(127, 127, 127, 90));
+        painter.drawPath(StarIn(area));
+    }
+    const QRect name = NameArea(option);
+    const qreal width = mark.rating * kRatingStep;
+    painter.setPen(QPen(edge, 0.5));
+    painter.setBrush(kStarColour);
+    for (int star = 0; star < mark.rating; ++star) {
+        const qreal left = option.rect.center().x() - width / 2 + star * kRatingStep;
+        painter.drawPath(StarIn({left, name.top() - kRatingStep, kRatingStep, kRatingStep}));
+    }
 }
 
 QWidget* LibraryDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,

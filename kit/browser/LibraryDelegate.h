@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EntryMarks.h"
+
 #include <QStyledItemDelegate>
 
 namespace studio {
@@ -16,6 +18,9 @@ public:
     void SetBackground(const QColor& background) { m_background = background; }
     void SetCell(QSize cell) { m_cell = cell; }
 
+    /// Where a click makes the entry in this cell a favourite, or no more one.
+    [[nodiscard]] static QRect StarArea(const QRect& cell);
+
     QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const override
     {
         return m_cell;
@@ -30,6 +35,8 @@ public:
 private:
     void PaintGround(QPainter& painter, const QStyleOptionViewItem& option) const;
     void PaintThumbnail(QPainter& painter, const QRect& area, int row) const;
+    void PaintMarks(QPainter& painter, const QStyleOptionViewItem& option,
+                    const EntryMark& mark) const;
 
     const LibraryModel& m_model;
     QColor m_background;

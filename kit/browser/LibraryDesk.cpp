@@ -3,6 +3,7 @@
 #include <CorvexMaterial/Status.h>
 
 #include <QFileInfo>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -38,6 +39,14 @@ void Apply(const LibraryEdit& change, LibraryFile& file)
     case LibraryEdit::What::Rename:
         file.Rename(change.ids.front(), change.name);
         break;
+    case LibraryEdit::What::Describe: {
+        std::vector<DescribedEntry> entries;
+        for (std::size_t i = 0; i < change.ids.size(); ++i) {
+            entries.push_back({change.ids[i], change.details[i]});
+        }
+        file.Describe(entries);
+        break;
+    }
     }
 }
 
@@ -59,6 +68,10 @@ QString Done(const LibraryEdit& change)
         return (several ? LibraryDesk::tr("%1 entries were taken out of %2.")
                         : LibraryDesk::tr("%1 was taken out of %2."))
             .arg(change.Described(), library);
+    case LibraryEdit::What::Describe:
+        return (several ? LibraryDesk::tr("The properties of %1 entries of %2 were changed.")
+                        : LibraryDesk::tr("The properties of %1 in %2 were changed."))
+            .arg(change.Described(), library);
     case LibraryEdit::What::Rename:
         break;
     }
@@ -73,6 +86,9 @@ LibraryDesk::LibraryDesk(LibraryBrowsers& browsers, QObject* parent)
 {
     connect(&browsers, &LibraryBrowsers::RenameWanted, this, &LibraryDesk::Rename);
     connect(&browsers, &LibraryBrowsers::Message, this, &LibraryDesk::Message);
+    connect(&browsers, &LibraryBrowsers::FavouriteWanted, this, &LibraryDesk::ToggleFavourites);
+    connect(&browsers, &LibraryBrowsers::RatingWanted, this, &LibraryDesk::Rate);
+    connect(&browsers, &LibraryBrowsers::Used, this, &LibraryDesk::MarkUsed);
 }
 
 bool LibraryDesk::Reporting(const std::function<void()>& work)
@@ -113,6 +129,10 @@ void LibraryDesk::Record(LibraryKind kind, const LibraryChange& change)
     }
     Reporting([&] {
         LibraryFile* file = m_browsers.Open(kind);
+        std::optional<LibraryFile> other;
+        if (file != nullptr && file->Path() != change.path) {
+            file = &other.emplace(LibraryFile::Open(change.path, kind));
+        }
         const bool isNamed = file != nullptr && change.ids.size() == 1;
         Push({change.kind == LibraryChange::Kind::Added ? LibraryEdit::What::Add
                                                         : LibraryEdit::What::Remove,
@@ -121,8 +141,30 @@ void LibraryDesk::Record(LibraryKind kind, const LibraryChange& change)
               change.ids,
               isNamed ? file->NameOf(change.ids.front()) : std::string(),
               {}});
-        RevealSoon(kind, change.ids.back());
+        if (change.kind == LibraryChange::Kind::Added && change.ids.size() > 1) {
+            const QString count = QLocale().toString(static_cast<qulonglong>(change.ids.size()));
+            TellSoon(tr("Added %1 entries to %2.").arg(count, FileName(change.path)));
+        }
+        if (change.kind == LibraryChange::Kind::Added && isNamed) {
+            const QString name = QString::fromStdString(file->NameOf(change.ids.front()));
+            const auto collections = file->DetailsOf(change.ids.front()).collections;
+            const QString where = QString::fromStdString(TextOfLabels(collections));
+            TellSoon(where.isEmpty()
+                         ? tr("Added %1 to %2.").arg(name, FileName(change.path))
+                         : tr("Added %1 to %2, %3.").arg(name, FileName(change.path), where));
+        }
+        if (!other) {
+            RevealSoon(kind, change.ids.back());
+        }
     });
+}
+
+// The control says that the library is loaded, after every change of it.
+void LibraryDesk::TellSoon(const QString& text)
+{
+    QMetaObject::invokeMethod(
+        this, [this, text] { Q_EMIT Message(text + std::exchange(m_backup, {})); },
+        Qt::QueuedConnection);
 }
 
 // The panel shows the library anew after its change, which undoes every marking.
@@ -152,9 +194,10 @@ bool LibraryDesk::Make(const LibraryEdit& change)
             m_browsers.ShowAgain(change.kind, change.ids.back());
         } else {
             LibraryFile other = LibraryFile::Open(change.path, change.kind);
+            other.SetBackupListener([this](const auto& backup) { TellBackup(backup); });
             Apply(change, other);
         }
-        Q_EMIT Message(Done(change));
+        Q_EMIT Message(Done(change) + std::exchange(m_backup, {}));
     });
 }
 
@@ -172,8 +215,95 @@ void LibraryDesk::Rename(LibraryKind kind, EntryId id, const QString& name)
     });
 }
 
+void LibraryDesk::Describe(LibraryKind kind, const std::string& library,
+                           const std::vector<DescribedEntry>& entries)
+{
+    InOpen(kind, [&](LibraryFile& file) {
+        // Another may have been opened while the user thought about it.
+        if (entries.empty() || file.Path() != library) {
+            return;
+        }
+        LibraryEdit change{LibraryEdit::What::Describe, kind, file.Path(), {}, {}, {}};
+        for (const DescribedEntry& entry : entries) {
+            change.ids.push_back(entry.id);
+            change.details.push_back(entry.details);
+            change.detailsBefore.push_back(file.DetailsOf(entry.id));
+        }
+        change.name = file.NameOf(entries.front().id);
+        MakeStep(std::move(change));
+    });
+}
+
+void LibraryDesk::Collect(LibraryKind kind, const std::vector<EntryId>& ids,
+                          const std::string& collection)
+{
+    InOpen(kind, [&](LibraryFile& file) {
+        std::vector<DescribedEntry> entries;
+        for (const EntryId id : ids) {
+            EntryDetails details = file.DetailsOf(id);
+            if (!HasLabel(details.collections, collection)) {
+                details.collections.push_back(collection);
+                details.collections = TidyLabels(details.collections);
+                entries.push_back({id, std::move(details)});
+            }
+        }
+        Describe(kind, file.Path(), entries);
+    });
+}
+
+void LibraryDesk::Remove(LibraryKind kind, const std::vector<EntryId>& ids)
+{
+    InOpen(kind, [&](LibraryFile& file) {
+        if (!ids.empty()) {
+            MakeStep(
+                {LibraryEdit::What::Remove, kind, file.Path(), ids, file.NameOf(ids.front()), {}});
+        }
+    });
+}
+
+void LibraryDesk::ToggleFavourites(LibraryKind kind, const std::vector<EntryId>& ids)
+{
+    InOpen(kind, [&](const LibraryFile& file) {
+        if (file.IsInMemory()) {
+            return;
+        }
+        const EntryMarks& marks = m_browsers.Marks().Of(file.Path());
+        const bool areAll =
+            std::ranges::all_of(ids, [&](EntryId id) { return MarkOf(marks, id).isFavourite; });
+        m_browsers.Marks().SetFavourite(file.Path(), ids, !areAll);
+        m_browsers.ShowMarks();
+    });
+}
+
+void LibraryDesk::Rate(LibraryKind kind, const std::vector<EntryId>& ids, int rating)
+{
+    InOpen(kind, [&](const LibraryFile& file) {
+        if (!file.IsInMemory()) {
+            m_browsers.Marks().SetRating(file.Path(), ids, rating);
+            m_browsers.ShowMarks();
+        }
+    });
+}
+
+void LibraryDesk::MarkUsed(const std::string& library, EntryId id)
+{
+    try {
+        m_browsers.Marks().SetUsed(library, id);
+    } catch (const CorvexMaterial::Error& error) {
+        // Nothing that one has asked for.
+        Q_EMIT Message(QString::fromUtf8(error.what()));
+    }
+}
+
+void LibraryDesk::TellBackup(const std::string& backup)
+{
+    m_backup =
+        tr(" Its file has a newer format now; the old one is kept as %1.").arg(FileName(backup));
+}
+
 void LibraryDesk::LookForChanges()
 {
+    m_browsers.Marks().Forget();
     for (const LibraryKind kind : {LibraryKind::Materials, LibraryKind::Textures}) {
         try {
             m_browsers.Refresh(kind);

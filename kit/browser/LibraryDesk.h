@@ -18,13 +18,26 @@ public:
     /// The browsers outlive the desk.
     explicit LibraryDesk(LibraryBrowsers& browsers, QObject* parent = nullptr);
 
+    [[nodiscard]] UserMarks& Marks() { return m_browsers.Marks(); }
     /// Of the libraries alone: they outlive every scene that one works on.
     [[nodiscard]] QUndoStack& History() { return m_history; }
 
     /// This change has been made already; it becomes one step, however many entries it has.
     void Record(LibraryKind kind, const LibraryChange& change);
+    /// Told together with the change that made it.
+    void TellBackup(const std::string& backup);
     void Rename(LibraryKind kind, EntryId id, const QString& name);
     void RenameSelected(LibraryKind kind);
+    /// What is noted of entries, as one step.
+    void Describe(LibraryKind kind, const std::string& library,
+                  const std::vector<DescribedEntry>& entries);
+    /// Puts them into this collection, in which they may be already.
+    void Collect(LibraryKind kind, const std::vector<EntryId>& ids, const std::string& collection);
+    /// Several, into the trash as one step.
+    void Remove(LibraryKind kind, const std::vector<EntryId>& ids);
+    /// The user's own: no steps, and in no library. Those that are all favourites are none then.
+    void ToggleFavourites(LibraryKind kind, const std::vector<EntryId>& ids);
+    void Rate(LibraryKind kind, const std::vector<EntryId>& ids, int rating);
     /// Shows what other programs changed in the open libraries meanwhile.
     void LookForChanges();
 
@@ -45,13 +58,16 @@ Q_SIGNALS:
 private:
     bool Make(const LibraryEdit& change);
     void MakeStep(LibraryEdit change);
+    void MarkUsed(const std::string& library, EntryId id);
     void Push(LibraryEdit change);
+    void TellSoon(const QString& text);
     void RevealSoon(LibraryKind kind, EntryId id);
     bool Reporting(const std::function<void()>& work);
     /// Nothing is done while no library is open.
     void InOpen(LibraryKind kind, const std::function<void(LibraryFile&)>& work);
 
     LibraryBrowsers& m_browsers;
+    QString m_backup;  ///< is told with the change that made it
     QUndoStack m_history;
 };
 

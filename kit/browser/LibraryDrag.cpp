@@ -1,6 +1,7 @@
 #include "LibraryDrag.h"
 
 #include "LibraryFile.h"
+#include "MaterialDragging.h"
 #include "StoredPath.h"
 #include "TextureText.h"
 #include <CorvexMaterial/Status.h>
@@ -11,12 +12,6 @@
 
 namespace studio {
 namespace {
-
-constexpr const char* kMaterialFormat = "application/x-corvex-material";
-constexpr const char* kFolderFormat = "application/x-corvex-material-folder";
-constexpr const char* kNameFormat = "application/x-corvex-material-name";
-/// Of what no library holds: its files have their full paths.
-constexpr const char* kNoFolder = "/";
 
 QByteArray BytesOf(const std::string& text)
 {
@@ -29,15 +24,6 @@ std::string TextOf(const QMimeData& data, const char* format)
 }
 
 }  // namespace
-
-std::unique_ptr<QMimeData> DraggedMaterialData(const NamedMaterial& named)
-{
-    auto data = std::make_unique<QMimeData>();
-    data->setData(QLatin1String(kMaterialFormat), BytesOf(JsonOfMaterial(named.material, kNoFolder)));
-    data->setData(QLatin1String(kFolderFormat), kNoFolder);
-    data->setData(QLatin1String(kNameFormat), BytesOf(named.name));
-    return data;
-}
 
 std::unique_ptr<QMimeData> DraggedEntry(LibraryFile& file, std::int32_t index)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialText.h"
+#include "MaterialDragging.h"
 
 #include <QString>
 
@@ -16,9 +16,6 @@ class LibraryFile;
 /// What travels when an entry is dragged: a material as its own text, a texture as its file, which
 /// every program understands. Errors: those of reading the library.
 [[nodiscard]] std::unique_ptr<QMimeData> DraggedEntry(LibraryFile& file, std::int32_t index);
-
-/// The same of a material that is in no library.
-[[nodiscard]] std::unique_ptr<QMimeData> DraggedMaterialData(const NamedMaterial& named);
 
 /// The material of a drag; nothing when it carries none.
 [[nodiscard]] std::optional<NamedMaterial> DraggedMaterial(const QMimeData& data);

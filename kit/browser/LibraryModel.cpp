@@ -7,8 +7,8 @@
 
 namespace studio {
 
-LibraryModel::LibraryModel(OpenLibrary library, LibraryKind kind, QObject* parent)
-    : QAbstractListModel(parent), m_library(std::move(library)), m_kind(kind)
+LibraryModel::LibraryModel(OpenLibrary library, LibraryKind kind, UserMarks& marks, QObject* parent)
+    : QAbstractListModel(parent), m_library(std::move(library)), m_kind(kind), m_marks(marks)
 {
 }
 
@@ -41,7 +41,8 @@ void LibraryModel::SetQuery(std::optional<LibraryQuery> query)
 void LibraryModel::Find()
 {
     if (m_query && m_entries >= 0) {
-        m_found = File()->Search(*m_query);
+        LibraryFile* file = File();
+        m_found = file->Search(*m_query, m_marks.Of(file->Path()));
     }
 }
 
@@ -55,9 +56,29 @@ int LibraryModel::RowOf(std::int32_t fileIndex) const
     if (!m_query) {
         return fileIndex < m_entries ? fileIndex : -1;
     }
-    const auto found = std::ranges::lower_bound(m_found, fileIndex);
-    return found != m_found.end() && *found == fileIndex ? static_cast<int>(found - m_found.begin())
-                                                         : -1;
+    const auto found = std::ranges::find(m_found, fileIndex);
+    return found != m_found.end() ? static_cast<int>(found - m_found.begin()) : -1;
+}
+
+void LibraryModel::ShowMarks()
+{
+    const auto asks = [](const QueryTerm& term) {
+        const auto* mark = std::get_if<MarkTest>(&term.test);
+        // What was used last would jump away under the pointer.
+        return mark != nullptr && mark->property != MarkProperty::Used;
+    };
+    if (m_query && std::ranges::any_of(m_query->terms, asks)) {
+        SetQuery(m_query);
+    } else if (rowCount() > 0) {
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
+    }
+}
+
+EntryMark LibraryModel::Mark(int row) const
+{
+    return Reading(EntryMark(), [&](LibraryFile& file) {
+        return MarkOf(m_marks.Of(file.Path()), file.IdAt(FileIndex(row)));
+    });
 }
 
 // A file may vanish or be damaged at any time; a view must not see exceptions.
@@ -78,14 +99,19 @@ Value LibraryModel::Reading(Value fallback, const Read& read) const
 
 QPixmap LibraryModel::Thumbnail(int row, int side) const
 {
-    return Reading(QPixmap(),
-                   [&](LibraryFile& file) { return m_thumbnails.Get(file, FileIndex(row), side); });
+    return Reading(QPixmap(), [&](LibraryFile& file) {
+        const auto [picture, isStored] = m_thumbnails.Get(file, FileIndex(row), side);
+        if (!isStored && file.IsInMemory()) {
+            Q_EMIT PictureMissing(file.IdAt(FileIndex(row)));
+        }
+        return picture;
+    });
 }
 
 QString LibraryModel::ToolTip(int row, const std::vector<std::string>& fieldNames) const
 {
     return Reading(QString(), [&](LibraryFile& file) {
-        return LibraryToolTipText(file, FileIndex(row), fieldNames);
+        return LibraryToolTipText(file, FileIndex(row), fieldNames, Mark(row));
     });
 }
 

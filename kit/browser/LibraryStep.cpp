@@ -16,6 +16,9 @@ QString StepTitle(const LibraryEdit& change)
     if (change.what == What::Add) {
         title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Add %1 Entries to the Library")
                         : QT_TRANSLATE_NOOP("LibraryStep", "Add %1 to the Library");
+    } else if (change.what == What::Describe) {
+        title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Change Properties of %1 Entries")
+                        : QT_TRANSLATE_NOOP("LibraryStep", "Change Properties of %1");
     } else if (change.what == What::Remove) {
         title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 Entries from the Library")
                         : QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 from the Library");
@@ -37,6 +40,9 @@ LibraryEdit LibraryEdit::Reversed() const
         break;
     case What::Rename:
         std::swap(reversed.name, reversed.before);
+        break;
+    case What::Describe:
+        std::swap(reversed.details, reversed.detailsBefore);
         break;
     }
     return reversed;

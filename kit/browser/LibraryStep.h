@@ -13,7 +13,7 @@ namespace studio {
 
 /// A change of one entry of a library, or of several in the same way.
 struct LibraryEdit {
-    enum class What { Add, Remove, Rename };
+    enum class What { Add, Remove, Rename, Describe };
 
     What what = What::Add;
     LibraryKind kind = LibraryKind::Materials;
@@ -21,6 +21,9 @@ struct LibraryEdit {
     std::vector<EntryId> ids;
     std::string name;    ///< of one entry, as it is after the change
     std::string before;  ///< of a rename
+    // Of a description, by `ids`.
+    std::vector<EntryDetails> details{};
+    std::vector<EntryDetails> detailsBefore{};
 
     [[nodiscard]] LibraryEdit Reversed() const;
     /// The entry's name, or how many there are.

@@ -79,10 +79,19 @@ QPixmap DrawnFrame(int side)
 
 LibraryThumbnails::LibraryThumbnails() : m_pictures(kMostBytes) {}
 
-QPixmap LibraryThumbnails::Get(LibraryFile& file, std::int32_t index, int side)
+void LibraryThumbnails::Forget(std::int64_t id)
+{
+    for (const Key& key : m_pictures.keys()) {
+        if (key.first == id) {
+            m_pictures.remove(key);
+        }
+    }
+}
+
+LibraryThumbnails::Picture LibraryThumbnails::Get(LibraryFile& file, std::int32_t index, int side)
 {
     const Key key(file.IdAt(index), side);
-    if (const QPixmap* known = m_pictures.object(key)) {
+    if (const Picture* known = m_pictures.object(key)) {
         return *known;
     }
     QPixmap picture;
@@ -94,8 +103,9 @@ QPixmap LibraryThumbnails::Get(LibraryFile& file, std::int32_t index, int side)
         picture = file.Kind() == LibraryKind::Materials ? DrawnBall(ColourOf(file, index), side)
                                                         : DrawnFrame(side);
     }
-    m_pictures.insert(key, new QPixmap(picture), picture.width() * picture.height() * 4);
-    return picture;
+    const Picture drawn{picture, !stored.isNull()};
+    m_pictures.insert(key, new Picture(drawn), picture.width() * picture.height() * 4);
+    return drawn;
 }
 
 }  // namespace studio

@@ -18,13 +18,19 @@ public:
 
     /// In a square of this many pixels at most. An entry without a usable picture gets a drawn
     /// sign. Errors: those of reading the file.
-    [[nodiscard]] QPixmap Get(LibraryFile& file, std::int32_t index, int side);
+    struct Picture {
+        QPixmap pixels;
+        bool isStored = true;  ///< else it is the sign
+    };
+    [[nodiscard]] Picture Get(LibraryFile& file, std::int32_t index, int side);
+    /// Of this entry.
+    void Forget(std::int64_t id);
     void Clear() { m_pictures.clear(); }
 
 private:
     using Key = std::pair<std::int64_t, int>;  ///< entry, side
 
-    QCache<Key, QPixmap> m_pictures;
+    QCache<Key, Picture> m_pictures;
 };
 
 }  // namespace studio

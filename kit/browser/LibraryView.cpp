@@ -5,6 +5,7 @@
 #include <CorvexMaterial/LegibleColours.h>
 
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -16,6 +17,8 @@ constexpr int kLeastColumnWidth = 58;
 // Where there is room, names have more of it than the pictures need.
 constexpr int kRoomyWidth = 400;
 constexpr int kRoomyColumnWidth = 86;
+
+constexpr Qt::KeyboardModifiers kExtending = Qt::ControlModifier | Qt::ShiftModifier;
 
 }  // namespace
 
@@ -34,10 +37,11 @@ LibraryView::LibraryView(LibraryModel& model, LibraryDelegate& delegate, int row
     setUniformItemSizes(true);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setSelectionMode(QAbstractItemView::SingleSelection);
-    setSelectionRectVisible(false);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setSelectionRectVisible(true);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     setDragEnabled(true);
+    setAcceptDrops(true);
     setFrameShape(QFrame::NoFrame);
     setMouseTracking(true);
     connect(this, &QListView::clicked, this, &LibraryView::OnClicked);
@@ -62,14 +66,15 @@ void LibraryView::Mark(int row)
         clearSelection();
         setCurrentIndex({});
     } else {
-        setCurrentIndex(model()->index(row, 0));
+        selectionModel()->setCurrentIndex(model()->index(row, 0),
+                                          QItemSelectionModel::ClearAndSelect);
     }
 }
 
 void LibraryView::OnClicked(const QModelIndex& index)
 {
     // The second click of a double click ends here too; the entry is open by then.
-    if (!m_doubleClicked) {
+    if (!m_doubleClicked && !m_extends) {
         Q_EMIT Chosen(index.row());
     }
     m_doubleClicked = false;
@@ -78,17 +83,62 @@ void LibraryView::OnClicked(const QModelIndex& index)
 void LibraryView::mousePressEvent(QMouseEvent* event)
 {
     m_doubleClicked = false;
+    m_extends = (event->modifiers() & kExtending) != Qt::NoModifier;
+    const QPoint position = event->position().toPoint();
+    const QModelIndex index = indexAt(position);
+    if (index.isValid() && event->button() == Qt::LeftButton &&
+        LibraryDelegate::StarArea(visualRect(index)).contains(position)) {
+        Q_EMIT StarPressed(index.row());
+        return;
+    }
     QListView::mousePressEvent(event);
 }
 
 void LibraryView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
+    if (index.isValid() &&
+        LibraryDelegate::StarArea(visualRect(index)).contains(event->position().toPoint())) {
+        mousePressEvent(event);  // of two quick ones the second takes it away again
+        return;
+    }
     m_doubleClicked = true;
     QListView::mouseDoubleClickEvent(event);
     if (index.isValid() && event->button() == Qt::LeftButton) {
         Q_EMIT Opened(index.row());
     }
+}
+
+// As the menu of an entry tells them: Ctrl+D, and Ctrl with the number of stars.
+bool LibraryView::MarksByKey(const QKeyEvent& event)
+{
+    if (event.modifiers() != Qt::ControlModifier || selectionModel()->selectedIndexes().isEmpty()) {
+        return false;
+    }
+    if (event.key() == Qt::Key_D) {
+        Q_EMIT FavouritePressed();
+        return true;
+    }
+    if (event.key() >= Qt::Key_0 && event.key() <= Qt::Key_0 + kBestRating) {
+        Q_EMIT RatingPressed(event.key() - Qt::Key_0);
+        return true;
+    }
+    return false;
+}
+
+// Before a shortcut of the window takes the key.
+bool LibraryView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        const bool isMark = key.key() == Qt::Key_D ||
+                            (key.key() >= Qt::Key_0 && key.key() <= Qt::Key_0 + kBestRating);
+        if (key.modifiers() == Qt::ControlModifier && isMark) {
+            event->accept();
+            return true;
+        }
+    }
+    return QListView::event(event);
 }
 
 void LibraryView::keyPressEvent(QKeyEvent* event)
@@ -104,12 +154,17 @@ void LibraryView::keyPressEvent(QKeyEvent* event)
         Q_EMIT Opened(before.row());
         return;
     }
+    // First: on some desktops Ctrl+D is a second key to delete.
+    if (state() != EditingState && MarksByKey(*event)) {
+        return;
+    }
     if (event->matches(QKeySequence::Delete) && state() != EditingState) {
         Q_EMIT DeletePressed();
         return;
     }
     QListView::keyPressEvent(event);
-    if (currentIndex().isValid() && currentIndex() != before) {
+    const bool extends = (event->modifiers() & kExtending) != Qt::NoModifier;
+    if (currentIndex().isValid() && currentIndex() != before && !extends) {
         Q_EMIT Chosen(currentIndex().row());
     }
 }
@@ -118,7 +173,10 @@ void LibraryView::contextMenuEvent(QContextMenuEvent* event)
 {
     // By mouse it is about what is under the pointer, by key about what is marked.
     if (event->reason() == QContextMenuEvent::Mouse) {
-        Mark(indexAt(event->pos()).row());
+        const QModelIndex index = indexAt(event->pos());
+        if (!index.isValid() || !selectionModel()->isSelected(index)) {
+            Mark(index.row());
+        }
         Q_EMIT MenuWanted(event->globalPos());
         return;
     }
@@ -138,6 +196,37 @@ void LibraryView::startDrag(Qt::DropActions /*actions*/)
     if (currentIndex().isValid()) {
         Q_EMIT DragStarted(currentIndex().row());
     }
+}
+
+void LibraryView::dragEnterEvent(QDragEnterEvent* event)
+{
+    m_isTarget = m_takes && m_takes(*event);
+    event->setAccepted(m_isTarget);
+    viewport()->update();
+}
+
+void LibraryView::dragMoveEvent(QDragMoveEvent* event)
+{
+    event->setAccepted(m_isTarget);
+}
+
+void LibraryView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
+{
+    m_isTarget = false;
+    viewport()->update();
+}
+
+void LibraryView::dropEvent(QDropEvent* event)
+{
+    m_isTarget = false;
+    viewport()->update();
+    if (!m_takes || !m_takes(*event)) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT Dropped(*event->mimeData());
 }
 
 void LibraryView::resizeEvent(QResizeEvent* event)
@@ -165,6 +254,11 @@ void LibraryView::paintEvent(QPaintEvent* event)
     // Not left to the palette, which an application's style sheet overrules.
     QPainter(viewport()).fillRect(event->rect(), m_background);
     QListView::paintEvent(event);
+    if (m_isTarget) {
+        QPainter frame(viewport());
+        frame.setPen(QPen(palette().color(QPalette::Highlight), 3));
+        frame.drawRect(viewport()->rect().adjusted(1, 1, -2, -2));
+    }
     if (model()->rowCount() > 0) {
         return;
     }

@@ -41,7 +41,7 @@ struct StudioHost::Parts {
         : settings(store, profile.settingsApplication), state(profile, settings),
           log(profile.stateFolder), graphics([this] { return CanDraw(rendering); }),
           customFields(settings), simulations(profile.dataFolder + QStringLiteral("/Simulations")),
-          raytrace(simulations, processes), viewports(rendering)
+          raytrace(simulations, processes), viewports(rendering), marks(MarksFile(profile))
     {
         rendering.SetCompletion([this](Frame& frame) { pluginMaterials.Complete(frame); });
         RemoveLostSimulations();
@@ -82,9 +82,10 @@ struct StudioHost::Parts {
         [this] { return customFields.GetCustomMaterialFieldNames(); }};
     StudioSceneExporter exporter{raytraceSources};
     HostViewportFactory viewports;
+    UserMarks marks;
     LibraryBrowsers browsers{[this] { return materialLibrary.File(); },
                              [this] { return textureLibrary.File(); },
-                             [this] { return customFields.GetCustomMaterialFieldNames(); }};
+                             [this] { return customFields.GetCustomMaterialFieldNames(); }, marks};
     NumberField numbers;
     CorvexMaterial::Host host{state,          log,       graphics,     materialLibrary,
                               textureLibrary, plugins,   customFields, raytrace,

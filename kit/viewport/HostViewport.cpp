@@ -1,5 +1,6 @@
 #include "HostViewport.h"
 
+#include "MaterialDragging.h"
 #include "QtRegularFile.h"
 #include "RenderService.h"
 #include "ViewportWidget.h"
@@ -39,6 +40,11 @@ HostViewport::HostViewport(RenderService& service, QWidget* parent)
         if (m_listener != nullptr) {
             m_listener->PositionChanged(text.toStdString());
         }
+    });
+    new MaterialDragging(*m_widget, [this](QPoint) {
+        const auto& shapes = m_scene.All();
+        return shapes.empty() ? std::nullopt
+                              : std::optional(NamedMaterial{{}, shapes.front()->Material()});
     });
     connect(m_widget, &ViewportWidget::doubleClicked, m_widget, &ViewportWidget::ResetView);
     connect(m_widget, &ViewportWidget::interactionFinished, this, [this] {

@@ -35,7 +35,8 @@ std::vector<NamedMaterial> MaterialsIn(LibraryFile& library, Report& report)
             for (const std::string& problem : reading.problems) {
                 report.Add({name, "entry of the library", Outcome::Approximated, problem});
             }
-            materials.push_back({name, std::move(reading.material)});
+            materials.push_back(
+                {name, std::move(reading.material), library.DetailsOf(library.IdAt(index))});
         } catch (const CorvexMaterial::Error& error) {
             report.Add({name, "entry of the library", Outcome::Dropped, error.what()});
         }

@@ -55,7 +55,8 @@ void OptionsEditing::MoveFieldValues(const FieldMoves& moves)
                                tr("The values were not moved"));
     }
     m_parts.messages.Telling([&] {
-        if (LibraryFile* library = m_parts.host.Browsers().Open(LibraryKind::Materials)) {
+        LibraryFile* library = m_parts.host.Browsers().Open(LibraryKind::Materials);
+        if (library != nullptr && !library->IsInMemory()) {
             const FieldNames names = m_parts.host.Get().customFields.GetCustomMaterialFieldNames();
             library->EditContents([&moves, &names](const std::string& json) {
                 return WithMovedFields(json, moves, names);

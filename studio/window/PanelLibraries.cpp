@@ -1,16 +1,23 @@
 #include "PanelLibraries.h"
 
+#include "AddDialog.h"
+#include "DetailsForm.h"
 #include "EntryMenu.h"
 #include "HistoryMenu.h"
 #include "LibraryDesk.h"
 #include "LibraryMenu.h"
+#include "LibraryReading.h"
+#include "MaterialDragging.h"
+#include "MaterialName.h"
 #include "PanelDock.h"
+#include "SceneMaterials.h"
 #include "ScenePane.h"
 #include "SqliteMaterialLibrary.h"
 #include "SqliteTextureLibrary.h"
 #include "StudioApplicationState.h"
 #include "StudioHost.h"
 #include "ViewportDrops.h"
+#include "ViewportWidget.h"
 #include "WindowMessages.h"
 #include <CorvexMaterial/Material.h>
 
@@ -38,27 +45,171 @@ PanelLibraries::PanelLibraries(StudioHost& host, WindowMessages& messages, Panel
     ConnectDesk();
     connect(&m_host.Browsers(), &LibraryBrowsers::DeletePressed, this, [this](LibraryKind kind) {
         // A browser in a dialog has a selection of its own; the button is about the panel's.
-        if (QApplication::activeModalWidget() == nullptr) {
+        if (QApplication::activeModalWidget() != nullptr) {
+            return;
+        }
+        const auto browsers = m_host.Browsers().Of(kind);
+        const auto ids =
+            browsers.empty() ? std::vector<EntryId>() : browsers.front()->SelectedIds();
+        if (ids.size() > 1) {
+            m_desk->Remove(kind, ids);
+        } else {
             m_panel.Panel().DeleteFromLibrary(OnPanel(kind));
         }
     });
     connect(&m_host.Browsers(), &LibraryBrowsers::MenuWanted, this, &PanelLibraries::ShowEntryMenu);
+    ConnectDrops();
 }
 
 PanelLibraries::~PanelLibraries()
 {
-    m_host.Materials().SetListener({});
-    m_host.Textures().SetListener({});
+    const auto leave = [](auto& library) {
+        library.SetListener({});
+        library.SetBackupListener({});
+        library.SetAsking({});
+    };
+    leave(m_host.Materials());
+    leave(m_host.Textures());
 }
 
 void PanelLibraries::ConnectDesk()
 {
     connect(m_desk, &LibraryDesk::Message, &m_messages, &WindowMessages::Show);
     connect(m_desk, &LibraryDesk::Refused, &m_messages, &WindowMessages::Tell);
-    m_host.Materials().SetListener(
-        [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Materials, change); });
-    m_host.Textures().SetListener(
-        [this](const LibraryChange& change) { m_desk->Record(LibraryKind::Textures, change); });
+    const auto connectTo = [this](auto& library, LibraryKind kind) {
+        library.SetListener(
+            [this, kind](const LibraryChange& change) { m_desk->Record(kind, change); });
+        library.SetBackupListener([this](const std::string& backup) {
+            m_messages.Log(tr("A library has a newer format now; as it was it is kept as %1")
+                               .arg(QString::fromStdString(backup)));
+            m_desk->TellBackup(backup);
+        });
+        library.SetAsking(
+            [this, kind](AddRequest& request) { return AskBeforeAdd(kind, request); });
+    };
+    connectTo(m_host.Materials(), LibraryKind::Materials);
+    connectTo(m_host.Textures(), LibraryKind::Textures);
+}
+
+void PanelLibraries::ConnectDrops()
+{
+    LibraryBrowsers& browsers = m_host.Browsers();
+    connect(&browsers, &LibraryBrowsers::MaterialDropped, this, &PanelLibraries::AddDropped);
+    connect(&browsers, &LibraryBrowsers::FilesDropped, this, &PanelLibraries::AddFiles);
+    connect(&browsers, &LibraryBrowsers::CopyDropped, this, [this](const auto& ids) {
+        Copy(LibraryKind::Materials, ids, QString::fromStdString(m_host.Materials().LatestFile()));
+    });
+}
+
+EntryDetails PanelLibraries::ShownDetails(LibraryKind kind) const
+{
+    EntryDetails details;
+    const auto browsers = m_host.Browsers().Of(kind);
+    const std::string shown =
+        browsers.empty() ? std::string() : browsers.front()->ShownCollection();
+    if (!shown.empty()) {
+        details.collections = {shown};
+    }
+    return details;
+}
+
+void PanelLibraries::ShowAdded(LibraryKind kind)
+{
+    if (LibraryFile* file = m_host.Browsers().Open(kind); file != nullptr && file->Count() > 0) {
+        m_host.Browsers().ShowAgain(kind, file->IdAt(file->Count() - 1));
+    }
+}
+
+void PanelLibraries::AddDropped(const NamedMaterial& named)
+{
+    m_messages.Telling([&] {
+        const LibraryFile* file = m_host.Materials().File();
+        if (file == nullptr) {
+            return;
+        }
+        const std::string name = named.name.empty() ? DescriptiveName(named.material) : named.name;
+        m_host.Materials().Add({name, file->Path(), ShownDetails(LibraryKind::Materials)},
+                               named.material);
+        ShowAdded(LibraryKind::Materials);
+    });
+}
+
+void PanelLibraries::AddFiles(const QStringList& files)
+{
+    std::vector<std::string> paths;
+    for (const QString& file : files) {
+        paths.push_back(file.toStdString());
+    }
+    m_messages.Telling([&] {
+        const std::vector<std::string> refused =
+            m_host.Textures().AddFiles(paths, ShownDetails(LibraryKind::Textures));
+        ShowAdded(LibraryKind::Textures);
+        if (!refused.empty()) {
+            QStringList reasons;
+            for (const std::string& reason : refused) {
+                reasons << QString::fromStdString(reason);
+            }
+            m_messages.Tell(
+                tr("%Ln file(s) were not added:", nullptr, static_cast<int>(refused.size())) +
+                QLatin1Char('\n') + reasons.join(QLatin1Char('\n')));
+        }
+    });
+}
+
+void PanelLibraries::Copy(LibraryKind kind, const std::vector<EntryId>& ids, const QString& target)
+{
+    LibraryFile* source = m_host.Browsers().Open(kind);
+    m_messages.Telling([&] {
+        if (source == nullptr || target.isEmpty() || ids.empty()) {
+            return;
+        }
+        LibraryFile library = LibraryFile::Open(target.toStdString(), kind);
+        library.SetBackupListener([this](const auto& backup) { m_desk->TellBackup(backup); });
+        const auto fields = m_host.Get().customFields.GetCustomMaterialFieldNames();
+        std::vector<NewEntry> entries;
+        for (const EntryId id : ids) {
+            if (const auto index = source->IndexOf(id)) {
+                entries.push_back(CopiedEntry(*source, *index, library, fields));
+            }
+        }
+        m_desk->Record(kind, {LibraryChange::Kind::Added, library.Path(), library.Add(entries)});
+    });
+}
+
+QStringList PanelLibraries::Targets(LibraryKind kind) const
+{
+    const QDir folder(QString::fromStdString(m_host.State().LibraryFolder()));
+    const QString pattern = QStringLiteral("*.") + QLatin1String(LibrarySuffix(kind));
+    QStringList targets;
+    for (const QFileInfo& file : folder.entryInfoList({pattern}, QDir::Files, QDir::Name)) {
+        targets << file.absoluteFilePath();
+    }
+    const LibraryFile* open = m_host.Browsers().Open(kind);
+    if (open != nullptr && !open->IsInMemory() &&
+        !targets.contains(QString::fromStdString(open->Path()))) {
+        targets.prepend(QString::fromStdString(open->Path()));
+    }
+    return targets;
+}
+
+bool PanelLibraries::AskBeforeAdd(LibraryKind kind, AddRequest& request)
+{
+    LibraryFile* open = m_host.Browsers().Open(kind);
+    const auto browsers = m_host.Browsers().Of(kind);
+    if (open == nullptr || browsers.empty()) {
+        return true;
+    }
+    if (!open->IsInMemory()) {
+        open->RequireWritable();  // before anybody has named what cannot be added
+    }
+    request.details = ShownDetails(kind);
+    AddDialog dialog(kind, request, Targets(kind), DetailChoices::Of(*open),
+                     m_panel.Panel().window());
+    if (dialog.exec() != QDialog::Accepted) {
+        return false;
+    }
+    request = dialog.Wanted();
+    return true;
 }
 
 void PanelLibraries::ProvideFirst(StudioHost& host, WindowMessages& messages)
@@ -98,6 +249,26 @@ void PanelLibraries::DropOn(ScenePane& scene)
     auto* drops = new ViewportDrops(scene.Viewport(),
                                     [&scene](QPoint position) { return scene.ShapeAt(position); });
     MaterialLink* const link = &m_panel.Link();
+    new MaterialDragging(
+        scene.Viewport(), [&scene](QPoint position) -> std::optional<NamedMaterial> {
+            const auto shape = scene.ShapeAt(position);
+            if (shape == nullptr) {
+                return std::nullopt;
+            }
+            const auto& identity = shape->Applied().identity;
+            return NamedMaterial{identity ? identity->name : std::string(), shape->Material()};
+        });
+    auto* const followed = new SceneMaterials(
+        {scene.Scene(), m_host.Materials(), m_host.Browsers(), m_host.Thumbnails(),
+         [this] { return m_host.Get().customFields.GetCustomMaterialFieldNames(); }},
+        this);
+    for (LibraryBrowser* browser : m_host.Browsers().Of(LibraryKind::Materials)) {
+        browser->SetShelf([this] {
+            return QFileInfo(QString::fromStdString(m_host.Materials().LatestFile())).fileName();
+        });
+    }
+    connect(&scene.Viewport(), &ViewportWidget::pictureShown, followed,
+            &SceneMaterials::FollowSoon);
     connect(drops, &ViewportDrops::Hint, &m_messages, &WindowMessages::Show);
     connect(drops, &ViewportDrops::MaterialDropped, link,
             [link](const std::shared_ptr<StudioShape>& shape, const NamedMaterial& dropped) {
@@ -150,7 +321,12 @@ void PanelLibraries::ShowEntryMenu(LibraryBrowser& browser, QPoint globalPositio
 {
     const bool inPanel = browser.window() == m_panel.Panel().window();
     auto* menu = new EntryMenu(browser, *m_desk,
-                               inPanel ? EntryMenu::Place::Panel : EntryMenu::Place::Dialog);
+                               inPanel ? EntryMenu::Place::Panel : EntryMenu::Place::Dialog,
+                               Targets(browser.Kind()));
+    connect(menu, &EntryMenu::CopyWanted, this,
+            [this, kind = browser.Kind()](const auto& ids, const QString& target) {
+                Copy(kind, ids, target);
+            });
     menu->setAttribute(Qt::WA_DeleteOnClose);
     connect(menu, &EntryMenu::EmptyTrashWanted, this, &PanelLibraries::EmptyTrash);
     connect(menu, &EntryMenu::Message, &m_messages, &WindowMessages::Show);
@@ -165,10 +341,9 @@ void PanelLibraries::EmptyTrash()
         m_messages.Show(tr("Nothing was deleted from the open libraries."));
         return;
     }
-    if (m_messages.Ask(tr("Delete %1 materials and %2 textures in the trash of the open "
-                          "libraries for good?")
-                           .arg(materials)
-                           .arg(textures))) {
+    if (m_messages.Ask(tr("Delete %1 and %2 in the trash of the open libraries for good?")
+                           .arg(tr("%Ln material(s)", nullptr, static_cast<int>(materials)),
+                                tr("%Ln texture(s)", nullptr, static_cast<int>(textures))))) {
         m_desk->EmptyTrash(LibraryKind::Materials);
         m_desk->EmptyTrash(LibraryKind::Textures);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LibraryEntry.h"
 #include "LibrarySchema.h"
 
 #include <QObject>
@@ -16,7 +17,9 @@ class PanelDock;
 class ScenePane;
 class StudioHost;
 class WindowMessages;
+struct AddRequest;
 struct LibraryChange;
+struct NamedMaterial;
 
 /// What the window does with the libraries of the panel: its menu, the menus of their entries,
 /// their changes as undo steps, and what is dragged out of them onto the scene.
@@ -44,6 +47,19 @@ public:
 
 private:
     void ConnectDesk();
+    /// False when the user thinks better of it.
+    bool AskBeforeAdd(LibraryKind kind, AddRequest& request);
+    /// Those of the folder that may be changed, and the open one; by their paths.
+    [[nodiscard]] QStringList Targets(LibraryKind kind) const;
+    void ConnectDrops();
+    void AddDropped(const NamedMaterial& named);
+    void AddFiles(const QStringList& files);
+    /// Entries of the open library, into another.
+    void Copy(LibraryKind kind, const std::vector<EntryId>& ids, const QString& target);
+    /// For what is added to the open library where one looks at a collection.
+    [[nodiscard]] EntryDetails ShownDetails(LibraryKind kind) const;
+    /// What was added shows.
+    void ShowAdded(LibraryKind kind);
     void EmptyTrash();
     void ShowEntryMenu(LibraryBrowser& browser, QPoint globalPosition);
 

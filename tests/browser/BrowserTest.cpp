@@ -1,9 +1,13 @@
+#include "DetailsForm.h"
 #include "LibraryBrowser.h"
+#include "LibraryDelegate.h"
 #include "LibraryDrag.h"
 #include "LibraryView.h"
 #include "SampleMaterials.h"
 #include "SearchField.h"
 
+#include <QComboBox>
+#include <QCompleter>
 #include <QDrag>
 
 namespace {
@@ -61,7 +65,7 @@ protected:
     LibraryView& View() { return *browser->findChild<LibraryView*>(); }
     studio::SearchField& Search()
     {
-        return dynamic_cast<studio::SearchField&>(*browser->Companion());
+        return *browser->Companion()->findChild<studio::SearchField*>();
     }
     QRect Place(int row) { return View().visualRect(View().model()->index(row, 0)); }
     void Click(int row)
@@ -70,13 +74,15 @@ protected:
     }
 
     int asked = 0;  ///< how often the library was needed
+    LibraryTest::TemporaryLibrary own;
+    studio::UserMarks marks{own.PathOf("own.cvu")};
     std::optional<LibraryTest::TemporaryLibrary> library;
     std::optional<LibraryFile> file;
     HeardListener heard;
     QWidget window;
     LibraryBrowser* browser = new LibraryBrowser(
         [this] { return ++asked, file ? &*file : nullptr; }, studio::LibraryKind::Materials,
-        [] { return std::vector<std::string>{"Supplier"}; }, &window);
+        [] { return std::vector<std::string>{"Supplier"}; }, marks, &window);
 };
 
 TEST_F(Browser, ClickChoosesDoubleClickOpensKeysGoOn)
@@ -138,6 +144,76 @@ TEST_F(Browser, SearchShowsWhatMatchesAndTellsPlacesInTheFile)
     EXPECT_EQ(View().model()->rowCount(), 0) << "nothing is shown of a library that is not";
     browser->ShowItems(file->Count());
     EXPECT_EQ(View().model()->rowCount(), 2) << "the search holds for what is shown next";
+}
+
+TEST_F(Browser, StarsAndKeysMarkWhatTheyAreAboutAndChooseNothing)
+{
+    Open(NumberedNames(12));
+    std::vector<std::vector<studio::EntryId>> stars;
+    std::vector<int> ratings;
+    QObject::connect(browser, &LibraryBrowser::FavouriteWanted,
+                     [&](const auto& ids) { stars.push_back(ids); });
+    QObject::connect(browser, &LibraryBrowser::RatingWanted,
+                     [&](const auto&, int rating) { ratings.push_back(rating); });
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, {},
+                      studio::LibraryDelegate::StarArea(Place(2)).center());
+    EXPECT_EQ(stars, (std::vector<std::vector<studio::EntryId>>{{3}}));
+    EXPECT_TRUE(heard.selected.empty());
+    Click(0);
+    QTest::mouseClick(View().viewport(), Qt::LeftButton, Qt::ControlModifier, Place(4).center());
+    EXPECT_EQ(heard.selected, (std::vector<std::int32_t>{0})) << "the second is selected too";
+    QTest::keyClick(&View(), Qt::Key_D, Qt::ControlModifier);
+    QTest::keyClick(&View(), Qt::Key_4, Qt::ControlModifier);
+    EXPECT_EQ(stars.back(), (std::vector<studio::EntryId>{1, 5}));
+    EXPECT_EQ(ratings, (std::vector<int>{4}));
+
+    marks.SetFavourite(file->Path(), std::vector<studio::EntryId>{2, 9}, true);
+    Search().setText("fav:yes");
+    EXPECT_EQ(View().model()->rowCount(), 2);
+    marks.SetFavourite(file->Path(), std::vector<studio::EntryId>{2}, false);
+    browser->ShowMarks();
+    EXPECT_EQ(View().model()->rowCount(), 1) << "what is no favourite any more goes";
+}
+
+TEST_F(Browser, SearchCompletesItsLastWord)
+{
+    Open({"Ruby", "Gold"});
+    file->Describe(std::vector<studio::DescribedEntry>{
+        {file->IdAt(0), {"Ann Lee", "", "", {"metal", "dark stone"}, {}}}});
+    Search().setFocus();
+    QFocusEvent focus(QEvent::FocusIn, Qt::MouseFocusReason);
+    QCoreApplication::sendEvent(&Search(), &focus);
+    auto& completer = *Search().completer();
+    const auto proposed = [&](const char* text) {
+        completer.setCompletionPrefix(text);
+        QStringList words;
+        for (int row = 0; completer.setCurrentRow(row); ++row) {
+            words << completer.currentCompletion();
+        }
+        return words;
+    };
+    EXPECT_EQ(proposed("ruby TAG:"),
+              QStringList({"ruby tag:", "ruby tag:\"dark stone\"", "ruby tag:metal"}));
+    EXPECT_EQ(proposed("-auth"), QStringList({"-author:", "-author:\"Ann Lee\""}));
+    EXPECT_EQ(proposed("t"), QStringList()) << "names are typed more often";
+}
+
+TEST(Details, OfSeveralEntriesChangeWhereTheyAreTouched)
+{
+    const std::vector<studio::EntryDetails> entries{{"Ann", "CC0", "", {"metal", "old"}, {}},
+                                                    {"Bob", "CC0", "", {"metal"}, {"House"}}};
+    studio::DetailsForm form(entries, {}, nullptr);
+    const auto field = [&form](const char* name) { return form.findChild<QLineEdit*>(name); };
+    EXPECT_EQ(form.Edited(entries[0]), entries[0]);
+    EXPECT_EQ(form.Edited(entries[1]), entries[1]);
+    QTest::keyClicks(field("txtSource"), "x");
+    field("txtTags")->setText("shiny, ");
+    form.findChild<QComboBox*>("cboLicence")->lineEdit()->selectAll();
+    QTest::keyClick(form.findChild<QComboBox*>("cboLicence")->lineEdit(), Qt::Key_Delete);
+    EXPECT_EQ(form.Edited(entries[0]),
+              (studio::EntryDetails{"Ann", "", "x", {"old", "shiny"}, {}}));
+    EXPECT_EQ(form.Edited(entries[1]),
+              (studio::EntryDetails{"Bob", "", "x", {"shiny"}, {"House"}}));
 }
 
 TEST_F(Browser, AnotherLibraryHasPicturesOfItsOwn)

@@ -1,8 +1,11 @@
 #include "LibraryBrowsers.h"
 #include "LibraryDrag.h"
+#include "LibraryReading.h"
 #include "LibraryView.h"
+#include "MaterialDragging.h"
 #include "MaterialText.h"
 #include "SampleFolder.h"
+#include "SceneMaterials.h"
 #include "SqliteTextureLibrary.h"
 #include "StudioRig.h"
 #include "ViewportWidget.h"
@@ -263,6 +266,9 @@ TEST_F(Library, KeysAreTheBrowsersOnlyWhileItIsSeenAndHasTheFocus)
         EXPECT_EQ(rig.TextOf("searchMaterials"), "");
     };
     for (QWidget* viewport : rig.Window().findChildren<studio::ViewportWidget*>()) {
+        if (!viewport->isVisible()) {
+            continue;
+        }
         ClickEntry(0);
         QTest::mouseClick(viewport, Qt::LeftButton, {}, viewport->rect().center());
         press();
@@ -327,6 +333,110 @@ TEST_F(Library, StepsOfALibraryThatIsNoLongerOpenStillWork)
     Steps().undo();
     EXPECT_EQ(rig.prompts.shown.size(), 1U) << "told, and the step is gone";
     EXPECT_FALSE(Steps().canRedo());
+}
+
+TEST_F(Library, PropertiesAreAStepAndFavouritesAreNot)
+{
+    AddMaterial("11");
+    AddMaterial("22");
+    View().setFocus();
+    View().selectAll();
+    auto& browser = *rig.Host().Browsers().Of(LibraryKind::Materials).front();
+    const auto ids = browser.SelectedIds();
+    const int steps = Steps().count();
+    QTest::keyClick(&View(), Qt::Key_D, Qt::ControlModifier);
+    auto& search = rig.Find<QLineEdit>("searchMaterials");
+    search.setText("fav:yes");
+    EXPECT_EQ(Names().size(), 2U);
+    EXPECT_EQ(Steps().count(), steps);
+    View().selectAll();
+    Q_EMIT browser.MenuWanted({0, 0});
+    rig.Find<QAction>("entryPropertiesAction").trigger();
+    auto& dialog = rig.Find<QDialog>("entryProperties");
+    dialog.findChild<QLineEdit*>("txtTags")->setText("stone");
+    dialog.accept();
+    EXPECT_EQ(Steps().count(), steps + 1);
+    search.setText("tag:stone");
+    EXPECT_EQ(Names().size(), 2U);
+    Steps().undo();
+    EXPECT_TRUE(Names().empty());
+    Steps().redo();
+    EXPECT_EQ(Names().size(), 2U);
+    QTest::keyClick(&View(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&View(), Qt::Key_Delete);
+    EXPECT_EQ(Materials().Count(), 0);
+    Steps().undo();
+    EXPECT_EQ(Materials().Count(), 2) << "several are deleted as one step";
+    EXPECT_EQ(Materials().IdAt(0), ids[0]);
+}
+
+TEST_F(Library, ImagesDroppedOnTheTexturesAreAddedAndOthersNamed)
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(rig.files.Save("oak.png", Qt::red)),
+                  QUrl::fromLocalFile(rig.files.Write("notes.txt", "text")),
+                  QUrl::fromLocalFile(rig.files.Save("elm.png", Qt::green))});
+    auto& view = rig.Find<LibraryView>("textureEntries");
+    ASSERT_TRUE(CorvexTest::Drop(*view.viewport(), data, {10, 10}));
+    EXPECT_EQ(view.model()->rowCount(), 2);
+    ASSERT_EQ(rig.prompts.shown.size(), 1U);
+    EXPECT_THAT(rig.prompts.shown.front().text, testing::HasSubstr("notes.txt"));
+    Steps().undo();
+    EXPECT_EQ(view.model()->rowCount(), 0) << "one step";
+}
+
+TEST_F(Library, OfTheSceneFollowsItAndOnlyReads)
+{
+    AddMaterial("77");
+    auto& list = rig.Find<QComboBox>("cboMaterialLibrary");
+    CorvexTest::Click(list);
+    list.hidePopup();
+    CorvexTest::Choose(list, "Materials in This Scene");
+    EXPECT_EQ(list.currentText(), "Materials in This Scene");
+    const auto& shapes = rig.Window().Scene().All();
+    ASSERT_EQ(Names().size(), studio::MaterialUsesOf(shapes).size());
+    EXPECT_FALSE(rig.Find<QWidget>("cmdMaterialLibraryDelete").isEnabled());
+    const std::string first = rig.Shape(0)->Applied().identity->name;
+    EXPECT_EQ(Names().front(), first);
+
+    rig.Select({1});
+    ClickEntry(0);
+    EXPECT_EQ(rig.Shape(1)->Applied().identity->name, first);
+    rig.Select({0});
+    rig.Type("txtAmbient", "3");
+    auto& search = rig.Find<QLineEdit>("searchMaterials");
+    search.setText("ambient=3");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !Names().empty(); }, 5000)) << "an edit is seen";
+    search.clear();
+
+    const auto data = studio::DraggedEntry(*rig.Host().Browsers().Open(LibraryKind::Materials), 0);
+    EXPECT_FALSE(CorvexTest::Drop(*View().viewport(), *data, {10, 10}));
+    View().selectAll();
+    auto& browser = *rig.Host().Browsers().Of(LibraryKind::Materials).front();
+    const std::size_t count = Names().size();
+    Q_EMIT browser.CopyDropped(browser.SelectedIds());
+    rig.Stop();
+    rig.Start();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Names().size() == count; }, 10000))
+        << "shown again at the next start";
+    rig.Window().Panel().LoadMaterialLibrary("Gems.cvm");
+    EXPECT_EQ(Names().size(), count + 1);
+}
+
+TEST_F(Library, MaterialDroppedOnItIsAddedUnderItsName)
+{
+    AddMaterial("11");
+    studio::NamedMaterial jade{"Jade", {}};
+    jade.material.Textures.bump = "/t/grain.png";
+    const auto data = studio::DraggedMaterialData(jade);
+    ASSERT_TRUE(CorvexTest::Drop(*View().viewport(), *data, {10, 10}));
+    QCoreApplication::processEvents();
+    ASSERT_EQ(Names().size(), 2U);
+    EXPECT_EQ(Names()[1], "Jade");
+    EXPECT_EQ(studio::ReadMaterial(Materials(), 1).material, jade.material);
+    EXPECT_EQ(rig.Find<QLabel>("miscField").text(), "Added Jade to Gems.cvm.");
+    Steps().undo();
+    EXPECT_EQ(Names().size(), 1U);
 }
 
 TEST_F(Library, TrashGivesBackUntilItIsEmptied)

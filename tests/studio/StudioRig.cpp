@@ -1,6 +1,8 @@
 #include "StudioRig.h"
 
 #include "FileWork.h"
+#include "SqliteMaterialLibrary.h"
+#include "SqliteTextureLibrary.h"
 #include "ThemeColours.h"
 #include <CorvexMaterial/Translations.h>
 
@@ -33,6 +35,10 @@ void StudioRig::Start()
     m_window = std::make_unique<studio::MainWindow>(
         *m_host, *m_platform, studio::ImportProgram{QStringLiteral(STUDIO_PROGRAM)},
         [this] { return now; });
+    if (!asksWhenAdding) {
+        m_host->Materials().SetAsking({});
+        m_host->Textures().SetAsking({});
+    }
     m_window->show();
     m_window->activateWindow();
 }

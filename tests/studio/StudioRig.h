@@ -72,6 +72,7 @@ public:
 
     CorvexTest::SampleFolder files;  ///< settings in Corvex/, libraries in data/
     std::chrono::milliseconds now{0};
+    bool asksWhenAdding = false;  ///< else what is added keeps the name that is proposed
     CorvexTest::CallLog log;
     CorvexTest::RecordingPrompts prompts{log};
 

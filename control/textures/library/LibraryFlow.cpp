@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace CorvexMaterial {
 
 namespace {
@@ -110,11 +112,16 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
     const std::string path = PathOf(name, folder);
     m_services.name = name;
     m_sinceSelected.invalidate();
-    panel.ShowLibrary(name);
+    panel.ShowLibrary(TitleOf(name));
     Q_EMIT StatusText(QString::fromUtf8(m_texts.loading));
     panel.SetChangesEnabled(false);
     panel.Browser().Clear();
     CloseFile();
+    if (IsHostLibrary(name)) {
+        List(folder);
+        ShowContent(name);
+        return Outcome::Loaded;
+    }
     if (!files.Exists(path)) {
         Tell(PromptIcon::Information,
              std::string(m_texts.missingBefore).append(name).append(m_texts.missingAfter));
@@ -124,18 +131,48 @@ LibraryFlow::Outcome LibraryFlow::Show(const std::string& name)
     // A library that stays read-only can be browsed; the host refuses changes and says why.
     files.MakeWritable(path);
     List(folder);
-    panel.Browser().ShowItems(OpenFile(path).count);
-    panel.SetChangesEnabled(true);
-    Q_EMIT StatusText(QString::fromUtf8(m_texts.loaded));
+    ShowContent(path);
     return Outcome::Loaded;
+}
+
+void LibraryFlow::ShowContent(const std::string& path)
+{
+    LibraryPanel& panel = m_services.panel;
+    const CorvexDB::LibraryContent content = OpenFile(path);
+    panel.Browser().ShowItems(content.count);
+    panel.SetChangesEnabled(true);
+    if (content.isFixed) {
+        panel.SetDeleteEnabled(false);
+    }
+    Q_EMIT StatusText(QString::fromUtf8(m_texts.loaded));
+}
+
+bool LibraryFlow::IsHostLibrary(const std::string& name)
+{
+    const auto libraries = HostLibraries();
+    return std::any_of(libraries.begin(), libraries.end(),
+                       [&](const auto& library) { return library.name == name; });
+}
+
+std::string LibraryFlow::TitleOf(const std::string& name)
+{
+    for (const CorvexDB::HostLibrary& library : HostLibraries()) {
+        if (library.name == name) {
+            return library.title;
+        }
+    }
+    return name;
 }
 
 // Files come and go in the folder while the panel is there.
 void LibraryFlow::List(const std::string& folder)
 {
-    m_services.panel.ListLibraries(
-        m_services.platform.libraryFiles.NamesIn(folder, std::string(m_texts.extension)));
-    m_services.panel.ShowLibrary(m_services.name);
+    auto names = m_services.platform.libraryFiles.NamesIn(folder, std::string(m_texts.extension));
+    for (const CorvexDB::HostLibrary& library : HostLibraries()) {
+        names.push_back(library.title);
+    }
+    m_services.panel.ListLibraries(names);
+    m_services.panel.ShowLibrary(TitleOf(m_services.name));
 }
 
 std::string LibraryFlow::PathOf(const std::string& name, const std::string& folder) const
@@ -146,6 +183,12 @@ std::string LibraryFlow::PathOf(const std::string& name, const std::string& fold
 
 void LibraryFlow::Choose(const QString& entry)
 {
+    for (const CorvexDB::HostLibrary& library : HostLibraries()) {
+        if (library.title == entry.toStdString()) {
+            Load(library.name);
+            return;
+        }
+    }
     Load(WithExtension(entry, m_texts.extension).toStdString());
 }
 

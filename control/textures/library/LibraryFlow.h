@@ -67,12 +67,18 @@ protected:
     virtual CorvexDB::LibraryContent OpenFile(const std::string& path) = 0;
     /// False when there is nothing to add; the library is as it was then.
     virtual bool AddCurrent() = 0;
+    /// Beside the files.
+    virtual std::vector<CorvexDB::HostLibrary> HostLibraries() { return {}; }
     virtual void DeleteAt(std::int32_t index) = 0;
     virtual void Take(std::int32_t index) = 0;
 
 private:
     void Connect();
     Outcome Show(const std::string& name);
+    /// As the list shows it.
+    [[nodiscard]] std::string TitleOf(const std::string& name);
+    [[nodiscard]] bool IsHostLibrary(const std::string& name);
+    void ShowContent(const std::string& path);
     void List(const std::string& folder);
     void SayNotOpened(const std::string& name);
     /// Where an error arose: a control's name.

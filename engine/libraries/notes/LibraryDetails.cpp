@@ -5,7 +5,7 @@
 namespace studio {
 namespace {
 
-std::string Shown(std::string_view text)
+std::string ShownUtf8(std::string_view text)
 {
     return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())).toStdString();
 }
@@ -14,7 +14,7 @@ std::vector<std::string> FirstColumn(Statement rows)
 {
     std::vector<std::string> texts;
     while (rows.Step()) {
-        texts.push_back(Shown(rows.Text(0)));
+        texts.push_back(ShownUtf8(rows.Text(0)));
     }
     return texts;
 }
@@ -31,9 +31,9 @@ EntryDetails LibraryFile::DetailsOf(EntryId id)
         m_database.Use("SELECT author, licence, source FROM details WHERE entry = ?1");
     texts.Bind(1, id);
     if (texts.Step()) {
-        details.author = Shown(texts.Text(0));
-        details.licence = Shown(texts.Text(1));
-        details.source = Shown(texts.Text(2));
+        details.author = ShownUtf8(texts.Text(0));
+        details.licence = ShownUtf8(texts.Text(1));
+        details.source = ShownUtf8(texts.Text(2));
     }
     Statement labels =
         m_database.Use("SELECT kind, name FROM labels WHERE entry = ?1 ORDER BY folded");
@@ -41,7 +41,7 @@ EntryDetails LibraryFile::DetailsOf(EntryId id)
     while (labels.Step()) {
         const bool isTag = labels.Integer(0) == static_cast<std::int64_t>(LabelKind::Tag);
         LabelsIn(details, isTag ? LabelKind::Tag : LabelKind::Collection)
-            .push_back(Shown(labels.Text(1)));
+            .push_back(ShownUtf8(labels.Text(1)));
     }
     return details;
 }
@@ -57,7 +57,7 @@ std::vector<LabelUse> LibraryFile::Labels(LabelKind kind)
         "WHERE kind = ?1 AND trashed = 0 GROUP BY labels.folded ORDER BY labels.folded");
     rows.Bind(1, static_cast<std::int64_t>(kind));
     while (rows.Step()) {
-        labels.push_back({Shown(rows.Text(0)), rows.Integer(1)});
+        labels.push_back({ShownUtf8(rows.Text(0)), rows.Integer(1)});
     }
     return labels;
 }

@@ -12,7 +12,7 @@
 namespace studio {
 namespace {
 
-constexpr std::array kObjects{
+constexpr std::array kMarkTables{
     "CREATE TABLE marks (library TEXT NOT NULL, entry INTEGER NOT NULL, "
     "favourite INTEGER NOT NULL DEFAULT 0, rating INTEGER NOT NULL DEFAULT 0, "
     "used INTEGER NOT NULL DEFAULT 0, PRIMARY KEY (library, entry)) STRICT, WITHOUT ROWID"};
@@ -22,7 +22,7 @@ constexpr DatabaseKind kMarks{0x43767855,
                               "list of favourites",
                               "PRAGMA application_id = 0x43767855",
                               "PRAGMA user_version = 1",
-                              kObjects};
+                              kMarkTables};
 
 constexpr const char* kForgetOlder =
     "UPDATE marks SET used = 0 WHERE library = ?1 AND used > 0 AND used NOT IN "
@@ -33,7 +33,7 @@ constexpr const char* kForgetEmpty =
 constexpr const char* kForgetOldest =
     "UPDATE marks SET used = 0 WHERE used > 0 AND used <= (SELECT max(used) FROM marks) - 5000";
 
-void Make(const std::string& path)
+void MakeMarks(const std::string& path)
 {
     Database database(":memory:", Database::Mode::New);
     Transaction making(database, Transaction::Purpose::Write);
@@ -69,7 +69,7 @@ Database& UserMarks::Opened()
     for (const bool isLastTry : {false, true}) {
         try {
             if (!IsThere()) {
-                Make(m_file);
+                MakeMarks(m_file);
             }
             Database database(m_file, Database::Mode::Existing);
             CheckMarks(m_file, database);

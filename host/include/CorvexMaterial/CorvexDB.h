@@ -62,6 +62,14 @@ public:
 /// A library as the browser shows it: how many entries, in file order.
 struct LibraryContent {
     std::int32_t count = 0;
+    bool isFixed = false;  ///< nothing can be deleted from it
+};
+
+/// A library of the host's that is no file, such as one of the materials of its scene. The list of
+/// libraries shows it behind the files.
+struct HostLibrary {
+    std::string name;   ///< what it is opened by and kept under in the settings; no path
+    std::string title;  ///< what the list shows
 };
 
 /// Reads and writes material library files; the control only names the file and orders operations.
@@ -72,6 +80,8 @@ public:
     /// is not there. A host that makes none does nothing, and the user is told that there is no
     /// such file. Errors: FileFailed.
     virtual void CreateLibrary(const std::string& /*path*/) {}
+    /// Asked whenever the libraries are listed; `Open` gets the name of one.
+    virtual std::vector<HostLibrary> HostLibraries() { return {}; }
     /// Opens an existing file. Errors: FileFailed.
     virtual LibraryContent Open(const std::string& path) = 0;
     /// Nothing is shown any more, be it before another `Open` or because the file is missing. A

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "LibraryEntry.h"
+
 #include <QMenu>
 
 namespace studio {
@@ -16,21 +18,31 @@ public:
     enum class Place { Panel, Dialog };
 
     /// Both outlive the menu.
-    EntryMenu(LibraryBrowser& browser, LibraryDesk& desk, Place place);
+    /// They can be copied into the libraries at these paths.
+    EntryMenu(LibraryBrowser& browser, LibraryDesk& desk, Place place, const QStringList& targets);
 
 Q_SIGNALS:
     /// The user agreed to nothing yet.
     void EmptyTrashWanted();
+    void CopyWanted(const std::vector<studio::EntryId>& ids, const QString& target);
     /// For the status line.
     void Message(const QString& text);
 
 private:
     void AddEntryActions(Place place);
+    void AddMarkActions(bool isMarked);
+    void AddDetailActions(bool mayChange);
+    void AddCollections(QMenu& menu);
+    void AddTargets(bool isMarked, const QStringList& targets);
+    enum class Focus { First, Tags };
+    void ShowProperties(Focus focus);
+    void CollectAnew();
     void AddTrashActions();
     void ShowFile();
 
     LibraryBrowser& m_browser;
     LibraryDesk& m_desk;
+    std::vector<EntryId> m_ids;  ///< that are selected
 };
 
 }  // namespace studio

@@ -1,5 +1,6 @@
 #include "SearchField.h"
 
+#include "SearchCompleter.h"
 #include <CorvexMaterial/LegibleColours.h>
 #include <CorvexMaterial/PlainText.h>
 
@@ -11,13 +12,16 @@ namespace {
 QString Help()
 {
     return SearchField::tr("Part of a name, or a property: transparency>30, has:bump, "
-                           "color~gold, plugin:brick. A minus in front means not.");
+                           "color~gold, plugin:brick, tag:wood, fav:yes, rating>3, author:, "
+                           "recent:. A minus in front means not.");
 }
 
 }  // namespace
 
-SearchField::SearchField(QWidget* parent) : QLineEdit(parent)
+SearchField::SearchField(QWidget* parent)
+    : QLineEdit(parent), m_completer(new SearchCompleter(this))
 {
+    setCompleter(m_completer);
     setPlaceholderText(tr("Search"));
     setAccessibleName(tr("Search in the library"));
     setClearButtonEnabled(true);
@@ -30,6 +34,18 @@ void SearchField::Append(const QString& text)
 {
     setFocus(Qt::ShortcutFocusReason);
     setText(this->text() + text);
+}
+
+void SearchField::focusInEvent(QFocusEvent* event)
+{
+    if (event->reason() != Qt::PopupFocusReason) {
+        QStringList words;
+        for (const std::string& beginning : QueryBeginnings()) {
+            words << QString::fromStdString(beginning);
+        }
+        m_completer->SetWords(m_words ? words + m_words() : words);
+    }
+    QLineEdit::focusInEvent(event);
 }
 
 void SearchField::Read()

@@ -4,9 +4,12 @@
 
 #include <QLineEdit>
 
+#include <functional>
 #include <optional>
 
 namespace studio {
+
+class SearchCompleter;
 
 /// Where a user types what to look for in a library. A text that is no query is marked, and the
 /// query before it stays.
@@ -18,6 +21,9 @@ public:
 
     /// The text as a user would type it, at the end of what is there.
     void Append(const QString& text);
+    /// Asked when the user comes to it: values that the library has, as `tag="oak"`.
+    using Words = std::function<QStringList()>;
+    void SetWords(Words words) { m_words = std::move(words); }
 
 Q_SIGNALS:
     /// What was typed is no query; the text says why. Empty when it is one again.
@@ -29,11 +35,14 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
 
 private:
     void Read();
     void ShowError(const QString& error);
 
+    SearchCompleter* m_completer;
+    Words m_words;
     bool m_hasQuery = false;
 };
 
