@@ -7,7 +7,7 @@ studio_packages=(
     libassimp-dev libsqlite3-dev nlohmann-json3-dev povray povray-includes lld
     qt6-l10n-tools qt6-translations-l10n
 )
-test_packages=(xvfb xauth libgtest-dev libgmock-dev clang libclang-rt-dev parallel)
+test_packages=(xvfb xauth dbus at-spi2-core libatspi2.0-dev libgtest-dev libgmock-dev clang libclang-rt-dev parallel)
 long_packages=(blender python3-numpy)
 benchmark_packages=(libgtest-dev libgmock-dev libbenchmark-dev)
 
