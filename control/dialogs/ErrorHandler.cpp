@@ -46,10 +46,10 @@ void modCorvexGeneralErrorHandler::Report(const ErrorReport& report) noexcept
         if (IsTold(text)) {
             return;
         }
-        m_prompts.Show(
-            IsAboutFile(report)
-                ? Message{PromptIcon::Exclamation, std::string(kBoxTitle), report.description, text}
-                : Message{PromptIcon::Critical, std::string(kErrorBoxTitle), text});
+        const auto title = report.status == Status::OutOfMemory ? kBoxTitle : kErrorBoxTitle;
+        m_prompts.Show(IsForUser(report) ? Message{PromptIcon::Exclamation, std::string(kBoxTitle),
+                                                   report.description, text}
+                                         : Message{PromptIcon::Critical, std::string(title), text});
         if (IsUnrecoverable(report)) {
             OfferHelp();
         }

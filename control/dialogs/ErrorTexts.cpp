@@ -39,9 +39,11 @@ bool IsUnrecoverable(const ErrorReport& report)
     return report.status == Status::Failed || report.status == Status::GraphicsFailed;
 }
 
-bool IsAboutFile(const ErrorReport& report)
+bool IsForUser(const ErrorReport& report)
 {
-    return report.status == Status::FileFailed && !report.description.empty();
+    const bool isHis =
+        report.status == Status::FileFailed || report.status == Status::ConversionFailed;
+    return isHis && !report.description.empty();
 }
 
 std::string ErrorBoxText(const ErrorReport& report)

@@ -7,7 +7,7 @@
 
 namespace CorvexMaterial {
 
-/// Title of the error box; every other box has the product's name.
+/// Title of the box for an error of the program; every other box has the product's name.
 inline constexpr std::string_view kErrorBoxTitle = "Internal Error";
 inline constexpr std::string_view kBoxTitle = "Corvex";
 
@@ -18,9 +18,9 @@ inline constexpr std::string_view kInternetQuestion =
 /// The error is not the user's input, a file or memory; help on it is offered.
 [[nodiscard]] bool IsUnrecoverable(const ErrorReport& report);
 
-/// A file or a disk that the user can do something about: told in plain words, with the text of the
-/// error box as details.
-[[nodiscard]] bool IsAboutFile(const ErrorReport& report);
+/// A file, a disk or a text of his that the user can do something about: told in plain words, with
+/// the text of the error box as details.
+[[nodiscard]] bool IsForUser(const ErrorReport& report);
 
 /// The text of the error box.
 [[nodiscard]] std::string ErrorBoxText(const ErrorReport& report);

@@ -31,10 +31,16 @@ void WarningPresenter::Present(const QString& application, const QString& warnin
     }
     auto* dialog = new WarningDialog(warning, &m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (m_open.isEmpty()) {
+        qApp->installEventFilter(this);
+    }
     m_open.insert(key, dialog);
     // Every way of closing a dialog ends in this signal.
     QObject::connect(dialog, &QDialog::finished, &m_window, [this, application, key, dialog] {
         m_open.remove(key);
+        if (m_open.isEmpty()) {
+            qApp->removeEventFilter(this);
+        }
         Keep(application, key, dialog->ContinueToReceive());
     });
     // A dialog that opens with the warning would cover it and keep it from being closed. So it
@@ -48,6 +54,18 @@ void WarningPresenter::Present(const QString& application, const QString& warnin
         dialog->raise();
         dialog->activateWindow();
     });
+}
+
+// A window over another stays over it, and would lie on what the user does next.
+bool WarningPresenter::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isWork =
+        event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress;
+    const auto* widget = isWork ? qobject_cast<const QWidget*>(watched) : nullptr;
+    if (widget != nullptr && qobject_cast<const WarningDialog*>(widget->window()) == nullptr) {
+        CloseAll();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void WarningPresenter::CloseAll()

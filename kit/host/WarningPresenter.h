@@ -3,6 +3,7 @@
 #include <CorvexMaterial/SettingsStore.h>
 
 #include <QHash>
+#include <QObject>
 #include <QPointer>
 #include <QString>
 
@@ -12,8 +13,9 @@ class QWidget;
 namespace studio {
 
 /// Shows the warnings that the control asks for, unless the user has silenced them. Never waits for
-/// the user: the dialog stands beside the work and keeps its choice whenever it is closed.
-class WarningPresenter {
+/// the user: the dialog stands beside the work, closes when the work goes on, and keeps its choice
+/// however it is closed.
+class WarningPresenter : public QObject {
 public:
     /// Both outlive this object.
     WarningPresenter(CorvexMaterial::SettingsStore& store, QWidget& window);
@@ -25,6 +27,9 @@ public:
     void CloseAll();
     /// Lets every warning of the application be shown again. Errors: FileFailed.
     void RestoreAll(const QString& application);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] bool Wanted(const QString& application, const QString& key) const;

@@ -137,7 +137,7 @@ void RenderWindow::ChooseFile()
     try {
         SaveTo(file);
     } catch (const CorvexMaterial::Error& error) {
-        QMessageBox::warning(this, windowTitle(), QString::fromStdString(error.what()));
+        QMessageBox::warning(this, QStringLiteral("Corvex"), QString::fromStdString(error.what()));
     }
 }
 

@@ -2,12 +2,20 @@
 
 #include "Tr.h"
 
+#include <QApplication>
 #include <QDateTime>
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace studio {
 namespace {
+
+/// A box behind a modal window could not be answered.
+QWidget* Front(QWidget& window)
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal != nullptr ? modal : &window;
+}
 
 void Prepare(QMessageBox& box, const char* name, const QString& question, const QString& more)
 {
@@ -55,7 +63,7 @@ QString AgeText(qint64 seconds)
 
 Unsaved AskAboutUnsaved(QWidget& window, const QString& name, const QDateTime& savedAt)
 {
-    QMessageBox box(&window);
+    QMessageBox box(Front(window));
     Prepare(
         box, "unsavedQuestion", Tr("Save the changes to \"%1\"?").arg(name),
         savedAt.isValid()
@@ -78,7 +86,7 @@ Unsaved AskAboutUnsaved(QWidget& window, const QString& name, const QDateTime& s
 
 ChangedByOthers AskAboutChangedByOthers(QWidget& window, const QString& name)
 {
-    QMessageBox box(&window);
+    QMessageBox box(Front(window));
     Prepare(box, "changedByOthers",
             Tr("\"%1\" was changed by another program since it was read.").arg(name),
             Tr("Overwriting it loses what the other program wrote."));
@@ -87,7 +95,7 @@ ChangedByOthers AskAboutChangedByOthers(QWidget& window, const QString& name)
 
 ChangedByOthers AskAboutGone(QWidget& window, const QString& name)
 {
-    QMessageBox box(&window);
+    QMessageBox box(Front(window));
     Prepare(
         box, "gone", Tr("\"%1\" is not there any more.").arg(name),
         Tr("It was removed or moved, or its folder was. Nothing of what is open here is lost."));

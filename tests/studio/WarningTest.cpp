@@ -70,6 +70,16 @@ TEST_F(Warnings, EachIsThereOnceAndClosingTheWindowKeepsItsChoice)
     EXPECT_EQ(store.GetTip("MaterialExtended"), "1");
 }
 
+TEST_F(Warnings, DoNotLieOnWhatTheUserDoesNext)
+{
+    Ask();
+    ASSERT_EQ(Open().size(), 1);
+    Untick(*Open().front());
+    QTest::mouseClick(&window, Qt::LeftButton);
+    EXPECT_TRUE(Open().empty());
+    EXPECT_EQ(store.GetTip("Bumpmapping"), "0");
+}
+
 TEST_F(Warnings, TheHintForADialogIsFirstShownOverIt)
 {
     presenter.Present("Corvex", "These attributes only apply when raytracing.", "MaterialExtended");
