@@ -1,9 +1,9 @@
 #include "CroppingPicture.h"
 
+#include "AccessibleRole.h"
 #include "Checkerboard.h"
 #include <CorvexMaterial/LegibleColours.h>
 
-#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -51,20 +51,11 @@ void PaintHandle(QPainter& painter, QPointF corner, const QSizeF& size)
     painter.drawRect(square);
 }
 
-QAccessibleInterface* AccessiblePicture(const QString& /*className*/, QObject* object)
-{
-    auto* picture = qobject_cast<CroppingPicture*>(object);
-    return picture != nullptr ? new QAccessibleWidget(picture, QAccessible::Graphic) : nullptr;
-}
-
 }  // namespace
 
 CroppingPicture::CroppingPicture(QWidget* parent) : QWidget(parent)
 {
-    [[maybe_unused]] static const bool once = [] {
-        QAccessible::installFactory(AccessiblePicture);
-        return true;
-    }();
+    SetAccessibleRole(*this, QAccessible::Graphic);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::CrossCursor);
