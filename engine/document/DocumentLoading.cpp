@@ -89,6 +89,7 @@ private:
     {
         SceneContent& content = m_rows.content;
         content.camera = CameraOfJson(Parsed("camera"));
+        content.views = ViewsOfJson(Parsed("views"));
         content.source = SourceOfJson(Parsed("source"), m_folder);
         content.textures = ValueOf(m_database, "textures") == "\"embedded\""
                                ? TexturePlace::Embedded

@@ -96,6 +96,9 @@ bool IsUsable(const Vertex& vertex)
            std::ranges::all_of(vertex.normal, isFine) && std::ranges::all_of(vertex.uv, isFine);
 }
 
+constexpr std::ptrdiff_t kMostViews = 1000;
+
+constexpr QLatin1String kName("name");
 constexpr QLatin1String kMatrix("matrix");
 constexpr QLatin1String kMoved("moved");
 constexpr QLatin1String kFlat("flat");
@@ -116,6 +119,44 @@ FileStamp StampOfFields(const QJsonObject& object, const std::string& folder)
     return {path.empty() ? path : PathOfStored(path, folder),
             static_cast<std::int64_t>(object.value(QLatin1String("bytes")).toDouble()),
             static_cast<std::int64_t>(object.value(QLatin1String("modified")).toDouble())};
+}
+
+QJsonObject FieldsOfCamera(const Camera& camera)
+{
+    QJsonObject object{
+        {QStringLiteral("target"),
+         ArrayOf(std::array{camera.target.x(), camera.target.y(), camera.target.z()})},
+        {QStringLiteral("yaw"), static_cast<double>(camera.yawDegrees)},
+        {QStringLiteral("pitch"), static_cast<double>(camera.pitchDegrees)},
+        {QStringLiteral("distance"), static_cast<double>(camera.distance)},
+        {QStringLiteral("fieldOfView"), static_cast<double>(camera.fovDegrees)}};
+    if (camera.lens == Lens::Parallel) {
+        object.insert(QStringLiteral("parallel"), true);
+    }
+    return object;
+}
+
+std::optional<Camera> CameraOfFields(const QJsonObject& object)
+{
+    std::array<float, 3> target{};
+    ReadNumbers<float>(object.value(QLatin1String("target")), target);
+    const auto number = [&object](const char* key) {
+        return static_cast<float>(object.value(QLatin1String(key)).toDouble());
+    };
+    const Camera camera{{target[0], target[1], target[2]},
+                        number("yaw"),
+                        number("pitch"),
+                        number("distance"),
+                        number("fieldOfView"),
+                        object.value(QLatin1String("parallel")).toBool() ? Lens::Parallel
+                                                                         : Lens::Perspective};
+    const bool isUsable =
+        camera.distance > 0.0F && camera.distance <= kLargestCoordinate &&
+        std::abs(camera.pitchDegrees) <= 90.0F && std::abs(camera.yawDegrees) <= 1.0e6F &&
+        camera.fovDegrees >= 1.0F && camera.fovDegrees <= 170.0F &&
+        std::ranges::all_of(target,
+                            [](float axis) { return std::abs(axis) <= kLargestCoordinate; });
+    return isUsable ? std::optional(camera) : std::nullopt;
 }
 
 }  // namespace
@@ -238,34 +279,38 @@ bool ReadShape(std::string_view json, ShapeState& shape)
 
 QByteArray JsonOfCamera(const Camera& camera)
 {
-    return Compact({{QStringLiteral("target"),
-                     ArrayOf(std::array{camera.target.x(), camera.target.y(), camera.target.z()})},
-                    {QStringLiteral("yaw"), static_cast<double>(camera.yawDegrees)},
-                    {QStringLiteral("pitch"), static_cast<double>(camera.pitchDegrees)},
-                    {QStringLiteral("distance"), static_cast<double>(camera.distance)},
-                    {QStringLiteral("fieldOfView"), static_cast<double>(camera.fovDegrees)}});
+    return Compact(FieldsOfCamera(camera));
 }
 
 std::optional<Camera> CameraOfJson(std::string_view json)
 {
-    const QJsonObject object = ObjectOf(json);
-    std::array<float, 3> target{};
-    ReadNumbers<float>(object.value(QLatin1String("target")), target);
-    const auto number = [&object](const char* key) {
-        return static_cast<float>(object.value(QLatin1String(key)).toDouble());
-    };
-    const Camera camera{{target[0], target[1], target[2]},
-                        number("yaw"),
-                        number("pitch"),
-                        number("distance"),
-                        number("fieldOfView")};
-    const bool isUsable =
-        camera.distance > 0.0F && camera.distance <= kLargestCoordinate &&
-        std::abs(camera.pitchDegrees) <= 90.0F && std::abs(camera.yawDegrees) <= 1.0e6F &&
-        camera.fovDegrees >= 1.0F && camera.fovDegrees <= 170.0F &&
-        std::ranges::all_of(target,
-                            [](float axis) { return std::abs(axis) <= kLargestCoordinate; });
-    return isUsable ? std::optional(camera) : std::nullopt;
+    return CameraOfFields(ObjectOf(json));
+}
+
+QByteArray JsonOfViews(const std::vector<NamedView>& views)
+{
+    QJsonArray array;
+    for (const NamedView& view : views) {
+        QJsonObject object = FieldsOfCamera(view.camera);
+        object.insert(kName, QString::fromStdString(view.name));
+        array.append(object);
+    }
+    return QJsonDocument(array).toJson(QJsonDocument::Compact);
+}
+
+std::vector<NamedView> ViewsOfJson(std::string_view json)
+{
+    std::vector<NamedView> views;
+    const auto bytes = QByteArray::fromRawData(json.data(), static_cast<qsizetype>(json.size()));
+    for (const QJsonValue view : QJsonDocument::fromJson(bytes).array()) {
+        const QJsonObject object = view.toObject();
+        const std::string name = object.value(kName).toString().toStdString();
+        const auto camera = CameraOfFields(object);
+        if (!name.empty() && camera && std::ssize(views) < kMostViews) {
+            views.push_back({name, *camera});
+        }
+    }
+    return views;
 }
 
 QByteArray JsonOfSource(const SourceModel& source, const std::string& folder)

@@ -35,6 +35,9 @@ void WriteMesh(Database& database, std::int64_t id, const Mesh& mesh);
 
 [[nodiscard]] QByteArray JsonOfCamera(const Camera& camera);
 [[nodiscard]] std::optional<Camera> CameraOfJson(std::string_view json);
+[[nodiscard]] QByteArray JsonOfViews(const std::vector<NamedView>& views);
+/// Without those that cannot be used.
+[[nodiscard]] std::vector<NamedView> ViewsOfJson(std::string_view json);
 [[nodiscard]] QByteArray JsonOfSource(const SourceModel& source, const std::string& folder);
 [[nodiscard]] SourceModel SourceOfJson(std::string_view json, const std::string& folder);
 

@@ -179,6 +179,9 @@ private:
         if (m_content.camera) {
             Put("camera", JsonOfCamera(*m_content.camera));
         }
+        if (m_content.views != m_rows.content.views) {
+            Put("views", JsonOfViews(m_content.views));
+        }
         if (m_content.mark != 0) {
             Put("mark", QByteArray::number(static_cast<qint64>(m_content.mark)));
         }

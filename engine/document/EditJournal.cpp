@@ -62,12 +62,12 @@ public:
         m_wake.notify_all();
     }
 
-    void Take(const JournalHead& head, const StudioScene::Shapes& shapes, TexturePlace textures,
-              const Camera& camera, std::string_view what, int count)
+    void Take(const JournalHead& head, const StudioScene::Shapes& shapes,
+              const JournalAround& around, const Camera& camera, std::string_view what, int count)
     {
         const std::lock_guard lock(m_mutex);
         FollowMeshes(head, shapes);
-        const bool isElsewhere = std::exchange(m_toldTextures, textures) != textures;
+        const bool isElsewhere = std::exchange(m_toldAround, around) != around;
         if (!TakeChanges(shapes) && !isElsewhere) {
             return;
         }
@@ -79,7 +79,10 @@ public:
         edits.made = now;
         edits.what = what;
         edits.camera = camera;
-        edits.textures = textures == head.textures ? std::nullopt : std::optional(textures);
+        const JournalAround& base = head.around;
+        edits.textures =
+            around.textures == base.textures ? std::nullopt : std::optional(around.textures);
+        edits.views = around.views == base.views ? std::nullopt : std::optional(around.views);
         edits.saving = {};
         m_wake.notify_all();
     }
@@ -125,7 +128,7 @@ private:
     void TakeBase(JournalHead head, const StudioScene::Shapes& shapes)
     {
         m_next = {};
-        m_toldTextures = head.textures;
+        m_toldAround = head.around;
         m_next.head = std::move(head);
         m_told.clear();
         m_told.reserve(shapes.size());
@@ -262,7 +265,7 @@ private:
 
     void Write()
     {
-        if (m_changed.empty() && !m_edits.textures) {
+        if (m_changed.empty() && !m_edits.textures && !m_edits.views) {
             m_file.Remove();
             return;
         }
@@ -313,7 +316,7 @@ private:
     std::condition_variable m_idle;
     Work m_next;
     std::vector<ShapeState> m_told;  ///< as the window told of them last
-    TexturePlace m_toldTextures = TexturePlace::Referenced;
+    JournalAround m_toldAround;
     std::vector<char> m_waits;  ///< whether a place is among those of `m_next`
     bool m_isBusy = false;
     bool m_isHurried = false;
@@ -345,16 +348,16 @@ EditJournal::EditJournal(const std::string& stateFolder, Trouble trouble)
 EditJournal::~EditJournal() = default;
 
 void EditJournal::Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes,
-                        TexturePlace textures)
+                        JournalAround around)
 {
-    m_head = {std::move(base), std::move(name), Now(), textures};
+    m_head = {std::move(base), std::move(name), Now(), std::move(around)};
     m_writer->Begin(m_head, shapes);
 }
 
-void EditJournal::Record(const StudioScene::Shapes& shapes, TexturePlace textures,
+void EditJournal::Record(const StudioScene::Shapes& shapes, const JournalAround& around,
                          const Camera& camera, std::string_view what, int edits)
 {
-    m_writer->Take(m_head, shapes, textures, camera, what, edits);
+    m_writer->Take(m_head, shapes, around, camera, what, edits);
 }
 
 void EditJournal::Show(const QImage& picture)

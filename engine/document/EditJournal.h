@@ -27,12 +27,12 @@ public:
 
     /// What was journalled is saved, or not wanted any more; from now on edits count from here.
     void Begin(JournalBase base, std::string name, const StudioScene::Shapes& shapes,
-               TexturePlace textures);
+               JournalAround around);
     /// Of the meshes that shapes have at the next call of `Record`, if they are others.
     void SetBase(JournalBase base) { m_head.base = std::move(base); }
-    /// Nothing happens unless shapes or the textures' place have changed since the last call.
-    void Record(const StudioScene::Shapes& shapes, TexturePlace textures, const Camera& camera,
-                std::string_view what, int edits = 1);
+    /// Nothing happens unless shapes or what is around them have changed since the last call.
+    void Record(const StudioScene::Shapes& shapes, const JournalAround& around,
+                const Camera& camera, std::string_view what, int edits = 1);
     /// What the scene looks like now, for a person who is asked whether he wants it back.
     void Show(const QImage& picture);
     /// Whether everything is on the disk now. What is left is needless once the save is done that

@@ -113,6 +113,11 @@ void ReadEdits(const QJsonObject& line, JournalContent& content)
         content.edits.camera = CameraOfJson(
             QJsonDocument(camera.toObject()).toJson(QJsonDocument::Compact).toStdString());
     }
+    content.edits.views.reset();
+    if (const QJsonValue views = line.value(QLatin1String("views")); views.isArray()) {
+        content.edits.views = ViewsOfJson(
+            QJsonDocument(views.toArray()).toJson(QJsonDocument::Compact).toStdString());
+    }
     content.edits.textures.reset();
     if (const QJsonValue inside = line.value(QLatin1String("texturesInside")); inside.isBool()) {
         content.edits.textures =
@@ -237,6 +242,10 @@ std::string JournalWriting::EditsLine(const JournalEdits& edits,
                      {QStringLiteral("shapes"), shapeRows}};
     if (edits.camera) {
         line.insert(QStringLiteral("camera"), ObjectIn(JsonOfCamera(*edits.camera)));
+    }
+    if (edits.views) {
+        line.insert(QStringLiteral("views"),
+                    QJsonDocument::fromJson(JsonOfViews(*edits.views)).array());
     }
     if (edits.textures) {
         line.insert(QStringLiteral("texturesInside"), *edits.textures == TexturePlace::Embedded);

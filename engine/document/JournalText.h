@@ -26,11 +26,19 @@ struct JournalBase {
 /// As the file is now.
 [[nodiscard]] JournalBase BaseAt(JournalBase::Kind kind, const std::string& path);
 
+/// What belongs to no shape.
+struct JournalAround {
+    TexturePlace textures = TexturePlace::Referenced;
+    std::vector<NamedView> views{};
+
+    bool operator==(const JournalAround&) const = default;
+};
+
 struct JournalHead {
     JournalBase base;
     std::string name;          ///< of the work, for a person
     std::int64_t started = 0;  ///< milliseconds since 1970, UTC, as all times here
-    TexturePlace textures = TexturePlace::Referenced;  ///< of the base, which has it itself
+    JournalAround around{};    ///< of the base, which has it itself
 };
 
 /// What a user edits of a shape.
@@ -80,8 +88,9 @@ struct JournalEdits {
     int count = 0;          ///< of edits, from the start
     std::string what;       ///< the latest, as the undo history says it
     std::optional<Camera> camera;
-    std::optional<TexturePlace> textures;  ///< where it is another than in the base
-    JournalSaving saving{};                ///< that was begun after the latest
+    std::optional<std::vector<NamedView>> views;  ///< where they are others than in the base
+    std::optional<TexturePlace> textures;         ///< where it is another than in the base
+    JournalSaving saving{};                       ///< that was begun after the latest
 };
 
 /// Makes lines and remembers what the file has.

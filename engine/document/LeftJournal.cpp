@@ -60,6 +60,7 @@ public:
         if (m_journal.edits.camera) {
             m_content.camera = m_journal.edits.camera;
         }
+        m_content.views = m_journal.edits.views.value_or(m_content.views);
         m_content.textures = m_journal.edits.textures.value_or(m_content.textures);
     }
 

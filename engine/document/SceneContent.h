@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Camera.h"
+#include "NamedViews.h"
 #include "SourceModel.h"
 #include "StudioShape.h"
 
@@ -39,6 +39,7 @@ struct SceneContent {
     std::vector<ShapeState> shapes;
     std::vector<std::size_t> selection;  ///< places of shapes, in the order they were chosen
     std::optional<Camera> camera;
+    std::vector<NamedView> views;
     SourceModel source;
     TexturePlace textures = TexturePlace::Referenced;
     std::string picture;    ///< a small one of the scene, PNG; may be empty

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace studio {
 namespace {
@@ -33,11 +34,15 @@ HalfExtent HalfExtentOf(float fovDegrees, QSizeF size)
 
 }  // namespace
 
+QVector3D Camera::Back() const
+{
+    return {Cosine(pitchDegrees) * Sine(yawDegrees), Sine(pitchDegrees),
+            Cosine(pitchDegrees) * Cosine(yawDegrees)};
+}
+
 QVector3D Camera::Eye() const
 {
-    const QVector3D back(Cosine(pitchDegrees) * Sine(yawDegrees), Sine(pitchDegrees),
-                         Cosine(pitchDegrees) * Cosine(yawDegrees));
-    return target + distance * back;
+    return target + distance * Back();
 }
 
 QVector3D Camera::Right() const
@@ -61,10 +66,16 @@ QMatrix4x4 Camera::View() const
 QMatrix4x4 Camera::Projection(QSizeF size, DepthRange range) const
 {
     const HalfExtent half = HalfExtentOf(fovDegrees, size);
-    const float x = half.x * range.nearest;
-    const float y = half.y * range.nearest;
     QMatrix4x4 projection;
-    projection.frustum(-x, x, -y, y, range.nearest, range.farthest);
+    if (lens == Lens::Parallel) {
+        const float x = half.x * distance;
+        const float y = half.y * distance;
+        projection.ortho(-x, x, -y, y, range.nearest, range.farthest);
+    } else {
+        const float x = half.x * range.nearest;
+        const float y = half.y * range.nearest;
+        projection.frustum(-x, x, -y, y, range.nearest, range.farthest);
+    }
     return projection;
 }
 
@@ -73,9 +84,11 @@ Ray Camera::RayThrough(QPointF point, QSizeF size) const
     const HalfExtent half = HalfExtentOf(fovDegrees, size);
     const auto x = static_cast<float>(2.0 * point.x() / std::max(1.0, size.width()) - 1.0);
     const auto y = static_cast<float>(1.0 - 2.0 * point.y() / std::max(1.0, size.height()));
-    const QVector3D eye = Eye();
-    const QVector3D forward = (target - eye).normalized();
-    return {eye, (forward + x * half.x * Right() + y * half.y * Up()).normalized()};
+    const QVector3D aside = x * half.x * Right() + y * half.y * Up();
+    if (lens == Lens::Parallel) {
+        return {Eye() + distance * aside, -Back(), -std::numeric_limits<double>::infinity()};
+    }
+    return {Eye(), (aside - Back()).normalized()};
 }
 
 float Camera::UnitsPerPixel(QSizeF size) const

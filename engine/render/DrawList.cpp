@@ -12,17 +12,21 @@ namespace {
 
 constexpr float kNearestOfFarthest = 1.0e-4F;  ///< keeps the depths apart when the eye is inside
 
-DepthRange DepthRangeOf(const Bounds& bounds, const QMatrix4x4& eyeFromWorld)
+DepthRange DepthRangeOf(const Bounds& bounds, const QMatrix4x4& eyeFromWorld, Lens lens)
 {
     if (bounds.Empty()) {
         return {};
     }
     float nearest = std::numeric_limits<float>::max();
-    float farthest = 0.0F;
+    float farthest = std::numeric_limits<float>::lowest();
     for (const QVector3D& corner : bounds.Corners()) {
         const float depth = -eyeFromWorld.map(corner).z();
         nearest = std::min(nearest, depth);
         farthest = std::max(farthest, depth);
+    }
+    if (lens == Lens::Parallel) {
+        const float margin = 1.0e-3F * (farthest - nearest) + 1.0e-6F;
+        return {nearest - margin, farthest + margin};
     }
     farthest = std::max(farthest * 1.001F, 1.0e-6F);
     return {std::max(nearest * 0.999F, farthest * kNearestOfFarthest), farthest};
@@ -81,10 +85,13 @@ private:
 }  // namespace
 
 DrawList::DrawList(const Frame& frame, MeshBufferCache& meshes, FrameTextures& textures)
-    : m_eyeFromWorld(frame.camera.View())
+    : m_eyeFromWorld(frame.camera.View()),
+      m_viewer(frame.camera.lens == Lens::Parallel ? QVector4D(0.0F, 0.0F, 1.0F, 0.0F)
+                                                   : QVector4D(0.0F, 0.0F, 0.0F, 1.0F))
 {
     const QSizeF size(frame.width, frame.height);
-    const DepthRange range = DepthRangeOf(WorldBounds(frame.items), m_eyeFromWorld);
+    const DepthRange range =
+        DepthRangeOf(WorldBounds(frame.items), m_eyeFromWorld, frame.camera.lens);
     m_clipFromEye = UpsideDown() * frame.camera.Projection(size, range);
     for (const FrameItem& item : frame.items) {
         if (item.mesh && !item.mesh->indices.empty()) {
@@ -132,7 +139,7 @@ void DrawList::Draw(const DrawGroup& group, SurfaceStage stage, SurfaceShaders& 
         if (current != variant) {
             current = variant;
             shader = &shaders.Shader(variant);
-            shader->Use({m_clipFromEye, m_eyeFromWorld.inverted()});
+            shader->Use({m_clipFromEye, m_eyeFromWorld.inverted(), m_viewer});
         }
         bindings.Bind(item.layers);
         shader->SetItem(item);

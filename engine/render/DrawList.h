@@ -63,6 +63,7 @@ private:
 
     QMatrix4x4 m_eyeFromWorld;
     QMatrix4x4 m_clipFromEye;
+    QVector4D m_viewer;
     DrawGroup m_solid;
     DrawGroup m_transparent;
     DrawGroup m_selected;

@@ -46,6 +46,10 @@ struct Frame {
 /// Looks at every vertex. Unchanged when there is nothing to see.
 [[nodiscard]] Camera Framed(const Camera& camera, const std::vector<FrameItem>& items);
 
+/// How far from the target the eye has to be for a raytracer, to which a parallel camera shows only
+/// what is before it.
+[[nodiscard]] float DistanceBeforeAll(const Frame& frame);
+
 /// The box around all items, in world coordinates.
 [[nodiscard]] Bounds WorldBounds(const std::vector<FrameItem>& items);
 [[nodiscard]] Bounds WorldBounds(const FrameItem& item);

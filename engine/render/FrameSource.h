@@ -9,6 +9,12 @@ namespace studio {
 struct Frame;
 struct Ray;
 
+/// What is seen at a point of a view.
+struct SurfacePoint {
+    QVector3D point;
+    bool isPickable = true;  ///< a drag that begins there is one on a shape
+};
+
 /// What a viewport shows.
 class FrameSource {
 public:
@@ -17,7 +23,7 @@ public:
     /// source may replace the background. Called on the user-interface thread.
     virtual void Fill(Frame& frame) = 0;
     /// What is seen along a ray; nothing for the background.
-    [[nodiscard]] virtual std::optional<QVector3D> SurfaceAt(const Ray& /*ray*/) const
+    [[nodiscard]] virtual std::optional<SurfacePoint> SurfaceAt(const Ray& /*ray*/) const
     {
         return std::nullopt;
     }

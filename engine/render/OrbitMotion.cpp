@@ -12,11 +12,6 @@ constexpr float kZoomPerStep = 0.87F;
 constexpr float kNearestOfHome = 0.002F;
 constexpr float kFarthestOfHome = 50.0F;
 
-QVector3D Back(const Camera& camera)
-{
-    return (camera.Eye() - camera.target).normalized();
-}
-
 }  // namespace
 
 Camera Turned(const Camera& camera, QPointF pixels, const QVector3D& pivot)
@@ -31,13 +26,15 @@ Camera Turned(const Camera& camera, QPointF pixels, const QVector3D& pivot)
     const QVector3D place = pivot - camera.target;
     turned.target = pivot - QVector3D::dotProduct(place, camera.Right()) * turned.Right() -
                     QVector3D::dotProduct(place, camera.Up()) * turned.Up() -
-                    QVector3D::dotProduct(place, Back(camera)) * Back(turned);
+                    QVector3D::dotProduct(place, camera.Back()) * turned.Back();
     return turned;
 }
 
 Camera Panned(Camera camera, QPointF pixels, QSizeF size, const QVector3D& held)
 {
-    const float depth = QVector3D::dotProduct(camera.Eye() - held, Back(camera));
+    const float depth = camera.lens == Lens::Parallel
+                            ? camera.distance
+                            : QVector3D::dotProduct(camera.Eye() - held, camera.Back());
     const float unit = camera.UnitsPerPixel(size) * depth / camera.distance;
     camera.target -= static_cast<float>(pixels.x()) * unit * camera.Right();
     camera.target += static_cast<float>(pixels.y()) * unit * camera.Up();
@@ -57,7 +54,7 @@ Camera Zoomed(Camera camera, float steps, const QVector3D& anchor, float homeDis
 
 QVector3D PointOnTargetPlane(const Camera& camera, const Ray& ray)
 {
-    const QVector3D back = Back(camera);
+    const QVector3D back = camera.Back();
     const float depth = QVector3D::dotProduct(ray.origin - camera.target, back);
     return ray.origin - depth / QVector3D::dotProduct(ray.direction, back) * ray.direction;
 }

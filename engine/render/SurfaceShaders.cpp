@@ -78,7 +78,7 @@ ShaderSources SourcesOf(const SurfaceVariant& variant)
 SurfaceShader::SurfaceShader(const SurfaceVariant& variant)
     : m_program(SourcesOf(variant)), m_textured(!variant.layers.Empty()),
       m_clipFromEye(m_program.Uniform("clipFromEye")),
-      m_worldFromEye(m_program.Uniform("worldFromEye")),
+      m_worldFromEye(m_program.Uniform("worldFromEye")), m_viewer(m_program.Uniform("viewer")),
       m_eyeFromMesh(m_program.Uniform("eyeFromMesh")),
       m_eyeNormalFromMesh(m_program.Uniform("eyeNormalFromMesh")),
       m_base(m_program.Uniform("base")), m_emission(m_program.Uniform("emission")),
@@ -114,6 +114,7 @@ void SurfaceShader::Use(const SurfaceView& view) const
     m_program.Use();
     glUniformMatrix4fv(m_clipFromEye, 1, GL_FALSE, view.clipFromEye.constData());
     glUniformMatrix4fv(m_worldFromEye, 1, GL_FALSE, view.worldFromEye.constData());
+    glUniform4f(m_viewer, view.viewer.x(), view.viewer.y(), view.viewer.z(), view.viewer.w());
 }
 
 void SurfaceShader::SetItem(const DrawItem& item) const

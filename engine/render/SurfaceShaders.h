@@ -42,6 +42,7 @@ inline constexpr int kFirstLayerUnit = 1;
 struct SurfaceView {
     QMatrix4x4 clipFromEye;
     QMatrix4x4 worldFromEye;
+    QVector4D viewer;  ///< where the eye is in its own space; a direction in a parallel view
 };
 
 class SurfaceShader {
@@ -60,6 +61,7 @@ private:
     bool m_textured;
     GLint m_clipFromEye;
     GLint m_worldFromEye;
+    GLint m_viewer;
     GLint m_eyeFromMesh;
     GLint m_eyeNormalFromMesh;
     GLint m_base;

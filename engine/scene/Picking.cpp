@@ -32,11 +32,12 @@ Vector PositionAt(const Mesh& mesh, std::uint32_t index)
 struct MeshRay {
     Vector origin;
     Vector direction;
+    double begin = 0.0;
 };
 
 bool MeetsBox(const MeshRay& ray, const Bounds& bounds)
 {
-    double enter = 0.0;
+    double enter = ray.begin;
     double leave = std::numeric_limits<double>::infinity();
     const Vector low = From(bounds.minimum) - ray.origin;
     const Vector high = From(bounds.maximum) - ray.origin;
@@ -76,7 +77,7 @@ std::optional<double> Hit(const MeshRay& ray, const Triangle& triangle, Faces fa
     const Vector turned = Cross(toOrigin, triangle.first);
     const double v = Dot(ray.direction, turned) / determinant;
     const double distance = Dot(triangle.second, turned) / determinant;
-    const bool inside = u >= 0.0 && v >= 0.0 && u + v <= 1.0 && distance >= 0.0;
+    const bool inside = u >= 0.0 && v >= 0.0 && u + v <= 1.0 && distance >= ray.begin;
     return inside ? std::optional(distance) : std::nullopt;
 }
 
@@ -91,7 +92,7 @@ std::optional<double> HitDistance(const Ray& worldRay, const StudioShape& shape)
         return std::nullopt;
     }
     const MeshRay ray{From(meshFromWorld.map(worldRay.origin)),
-                      From(meshFromWorld.mapVector(worldRay.direction))};
+                      From(meshFromWorld.mapVector(worldRay.direction)), worldRay.begin};
     if (!MeetsBox(ray, mesh->bounds)) {
         return std::nullopt;
     }
@@ -111,11 +112,13 @@ std::optional<double> HitDistance(const Ray& worldRay, const StudioShape& shape)
 }
 
 std::optional<PickHit> PickNearest(const Ray& worldRay,
-                                   const std::vector<std::shared_ptr<StudioShape>>& shapes)
+                                   const std::vector<std::shared_ptr<StudioShape>>& shapes,
+                                   PickAmong among)
 {
     std::optional<PickHit> nearest;
     for (const auto& shape : shapes) {
-        const auto distance = shape->IsPickable() ? HitDistance(worldRay, *shape) : std::nullopt;
+        const bool counts = among == PickAmong::Seen ? !shape->Flags().hidden : shape->IsPickable();
+        const auto distance = counts ? HitDistance(worldRay, *shape) : std::nullopt;
         if (distance && (!nearest || *distance < nearest->distance)) {
             nearest = PickHit{shape, *distance};
         }

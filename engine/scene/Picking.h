@@ -18,9 +18,13 @@ struct PickHit {
 /// faces count for a double-sided material only.
 [[nodiscard]] std::optional<double> HitDistance(const Ray& worldRay, const StudioShape& shape);
 
-/// The nearest shape that the ray hits, hidden and locked ones left out; the earlier one of two at
-/// the same distance.
+/// Locked shapes are seen, but let a pick through.
+enum class PickAmong { Seen, Pickable };
+
+/// The nearest shape that the ray hits, hidden ones left out; the earlier one of two at the same
+/// distance.
 [[nodiscard]] std::optional<PickHit>
-PickNearest(const Ray& worldRay, const std::vector<std::shared_ptr<StudioShape>>& shapes);
+PickNearest(const Ray& worldRay, const std::vector<std::shared_ptr<StudioShape>>& shapes,
+            PickAmong among = PickAmong::Pickable);
 
 }  // namespace studio

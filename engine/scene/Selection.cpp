@@ -1,5 +1,7 @@
 #include "Selection.h"
 
+#include <algorithm>
+
 namespace studio {
 
 bool Selection::Contains(const StudioShape& shape) const
@@ -12,17 +14,21 @@ std::shared_ptr<StudioShape> Selection::Latest() const
     return m_shapes.empty() ? nullptr : m_shapes.back();
 }
 
-void Selection::Click(const std::shared_ptr<StudioShape>& shape, Qt::KeyboardModifiers modifiers)
+void Selection::Choose(const Shapes& shapes, Qt::KeyboardModifiers modifiers)
 {
-    if (!modifiers.testFlag(Qt::ControlModifier)) {
-        Set({shape});
+    const bool toggles = modifiers.testFlag(Qt::ControlModifier);
+    if (!toggles && !modifiers.testFlag(Qt::ShiftModifier)) {
+        Set(shapes);
         return;
     }
-    Shapes shapes = m_shapes;
-    if (std::erase(shapes, shape) == 0) {
-        shapes.push_back(shape);
-    }
-    Set(shapes);
+    const std::unordered_set<std::shared_ptr<StudioShape>> chosen(shapes.begin(), shapes.end());
+    Shapes result;
+    std::ranges::copy_if(m_shapes, std::back_inserter(result),
+                         [&](const auto& shape) { return !chosen.contains(shape); });
+    std::ranges::copy_if(shapes, std::back_inserter(result), [&](const auto& shape) {
+        return !toggles || shape == nullptr || !Contains(*shape);
+    });
+    Set(result);
 }
 
 void Selection::Set(const Shapes& shapes)

@@ -24,9 +24,10 @@ public:
     /// The shape chosen last, null when nothing is selected.
     [[nodiscard]] std::shared_ptr<StudioShape> Latest() const;
 
-    /// A click on a shape, null for a click beside all of them: selects it alone; with Ctrl adds it
-    /// or takes it away, and beside all shapes changes nothing.
-    void Click(const std::shared_ptr<StudioShape>& shape, Qt::KeyboardModifiers modifiers);
+    /// A click on shapes, or a box around them: selects them alone; with Shift adds them, as those
+    /// chosen last, with Ctrl too, but takes away those that were selected. Without shapes it
+    /// clears, with a key it changes nothing.
+    void Choose(const Shapes& shapes, Qt::KeyboardModifiers modifiers);
     /// Nulls and repetitions are left out.
     void Set(const Shapes& shapes);
     void Clear() { Set({}); }

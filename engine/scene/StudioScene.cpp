@@ -35,11 +35,14 @@ void StudioScene::Fill(Frame& frame)
     }
 }
 
-std::optional<QVector3D> StudioScene::SurfaceAt(const Ray& ray) const
+std::optional<SurfacePoint> StudioScene::SurfaceAt(const Ray& ray) const
 {
-    const auto hit = PickNearest(ray, m_shapes);
-    return hit ? std::optional(ray.origin + static_cast<float>(hit->distance) * ray.direction)
-               : std::nullopt;
+    const auto hit = PickNearest(ray, m_shapes, PickAmong::Seen);
+    if (!hit) {
+        return std::nullopt;
+    }
+    return SurfacePoint{ray.origin + static_cast<float>(hit->distance) * ray.direction,
+                        hit->shape->IsPickable()};
 }
 
 void StudioScene::Add(std::shared_ptr<StudioShape> shape)

@@ -37,7 +37,7 @@ public:
     CorvexSG::Group* CameraGroup() override { return &m_camera; }
 
     void Fill(Frame& frame) override;
-    [[nodiscard]] std::optional<QVector3D> SurfaceAt(const Ray& ray) const override;
+    [[nodiscard]] std::optional<SurfacePoint> SurfaceAt(const Ray& ray) const override;
 
     [[nodiscard]] const Shapes& All() const { return m_shapes; }
     void SetShapes(Shapes shapes) { m_shapes = std::move(shapes); }

@@ -11,6 +11,7 @@ inline constexpr const char* kCustomFieldsSetting = "CustomFieldNames";
 inline constexpr const char* kSupportSiteSetting = "SupportSite";
 inline constexpr const char* kRecentFilesSetting = "RecentFiles";
 inline constexpr const char* kExportFolderSetting = "ExportFolder";
+inline constexpr const char* kNavigationSetting = "Navigation";
 inline constexpr const char* kBackupsSetting = "Backups";
 inline constexpr const char* kFirstStepsSetting = "FirstSteps";
 inline constexpr const char* kThemeSetting = "Theme";

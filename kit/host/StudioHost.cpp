@@ -175,4 +175,9 @@ StudioSceneGraph& StudioHost::SceneGraph()
     return m_parts->sceneGraph;
 }
 
+HostViewportFactory& StudioHost::Viewports()
+{
+    return m_parts->viewports;
+}
+
 }  // namespace studio

@@ -11,6 +11,7 @@ namespace studio {
 
 class HostViewport;
 class EventLog;
+class HostViewportFactory;
 class LibraryBrowsers;
 class PluginFolder;
 class PluginTextures;
@@ -52,6 +53,7 @@ public:
     [[nodiscard]] const Thumbnailer& Thumbnails();
     [[nodiscard]] LibraryBrowsers& Browsers();
     [[nodiscard]] StudioSceneGraph& SceneGraph();
+    [[nodiscard]] HostViewportFactory& Viewports();
 
 private:
     struct Parts;

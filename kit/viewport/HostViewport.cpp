@@ -3,8 +3,9 @@
 #include "MaterialDragging.h"
 #include "QtRegularFile.h"
 #include "RenderService.h"
-#include "ViewportWidget.h"
 #include <CorvexMaterial/Status.h>
+
+#include <QShortcut>
 
 namespace studio {
 
@@ -47,6 +48,10 @@ HostViewport::HostViewport(RenderService& service, QWidget* parent)
                               : std::optional(NamedMaterial{{}, shapes.front()->Material()});
     });
     connect(m_widget, &ViewportWidget::doubleClicked, m_widget, &ViewportWidget::ResetView);
+    for (const Qt::Key key : {Qt::Key_F, Qt::Key_Home}) {
+        connect(new QShortcut(key, m_widget, {}, {}, Qt::WidgetShortcut), &QShortcut::activated,
+                m_widget, &ViewportWidget::ResetView);
+    }
     connect(m_widget, &ViewportWidget::interactionFinished, this, [this] {
         if (m_listener != nullptr) {
             m_listener->ViewChanged();
@@ -54,7 +59,7 @@ HostViewport::HostViewport(RenderService& service, QWidget* parent)
     });
 }
 
-QWidget& HostViewport::Widget()
+ViewportWidget& HostViewport::Widget()
 {
     return *m_widget;
 }
@@ -123,7 +128,25 @@ CorvexViewport::Viewport* HostViewportFactory::CreateViewport(QWidget* parent)
 {
     // Owned by its widget, which is owned by the parent.
     m_latest = new HostViewport(m_service, parent);
+    Join(m_latest->Widget());
     return m_latest;
+}
+
+void HostViewportFactory::Join(ViewportWidget& widget)
+{
+    widget.SetNavigation(m_navigation);
+    std::erase(m_widgets, nullptr);
+    m_widgets.emplace_back(&widget);
+}
+
+void HostViewportFactory::SetNavigation(NavigationPreset preset)
+{
+    m_navigation = preset;
+    for (const QPointer<ViewportWidget>& widget : m_widgets) {
+        if (widget != nullptr) {
+            widget->SetNavigation(preset);
+        }
+    }
 }
 
 }  // namespace studio

@@ -1,18 +1,20 @@
 #pragma once
 
 #include "Camera.h"
+#include "Navigation.h"
 #include "StudioScene.h"
+#include "ViewportWidget.h"
 #include <CorvexMaterial/CorvexViewport.h>
 
 #include <QObject>
 #include <QPointer>
 
 #include <memory>
+#include <vector>
 
 namespace studio {
 
 class RenderService;
-class ViewportWidget;
 
 /// The studio's viewport as the control embeds it: shows one shape, seen from a little above and
 /// the side, filling the picture. Dies with its widget.
@@ -23,7 +25,7 @@ public:
     /// The service outlives the widget.
     HostViewport(RenderService& service, QWidget* parent);
 
-    QWidget& Widget() override;
+    ViewportWidget& Widget() override;
     StudioScene& Scene() override { return m_scene; }
     /// Brings a shape that is newly shown into view. The user's turn and zoom stay.
     void Prepare() override;
@@ -57,9 +59,15 @@ public:
     CorvexViewport::Viewport* CreateViewport(QWidget* parent) override;
     /// Of those that live; null without one.
     [[nodiscard]] HostViewport* Latest() const { return m_latest; }
+    /// Another view that is moved alike.
+    void Join(ViewportWidget& widget);
+    /// Of all its viewports, those that there are already too.
+    void SetNavigation(NavigationPreset preset);
 
 private:
     RenderService& m_service;
+    NavigationPreset m_navigation = NavigationPreset::Studio;
+    std::vector<QPointer<ViewportWidget>> m_widgets;
     QPointer<HostViewport> m_latest;
 };
 

@@ -1,5 +1,7 @@
 #include "Navigation.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <vector>
 
@@ -55,7 +57,60 @@ const Drags& DragsOf(NavigationPreset preset)
     return kDrags.at(static_cast<std::size_t>(preset));
 }
 
+struct PresetTexts {
+    const char* title;
+    const char* hint;
+};
+
+constexpr std::array<PresetTexts, kNavigationPresets.size()> kTexts{{
+    {QT_TRANSLATE_NOOP("Navigation", "Corvex Studio"),
+     QT_TRANSLATE_NOOP("Navigation", "Turn: drag a shape, or drag with the right button. Pan: drag "
+                                     "with the middle button. Zoom: wheel. Select: click, or drag "
+                                     "a box on the background.")},
+    {"Blender",
+     QT_TRANSLATE_NOOP("Navigation",
+                       "Turn: drag with the middle button. Pan: Shift and the middle button. Zoom: "
+                       "wheel, or Ctrl and the middle button. Select: click, or drag a box.")},
+    {"Maya", QT_TRANSLATE_NOOP("Navigation",
+                               "Turn: Alt and drag. Pan: Alt and the middle button. Zoom: wheel, "
+                               "or Alt and the right button. Select: click, or drag a box.")},
+    {QT_TRANSLATE_NOOP("Navigation", "CAD"),
+     QT_TRANSLATE_NOOP("Navigation",
+                       "Turn: drag with the middle button. Pan: Ctrl and the middle button. Zoom: "
+                       "wheel, or Shift and the middle button. Select: click, or drag a box; to "
+                       "the left it takes what it touches, to the right what is whole in it.")},
+}};
+
+QString Translated(const char* text)
+{
+    return QCoreApplication::translate("Navigation", text);
+}
+
 }  // namespace
+
+QString TitleOf(NavigationPreset preset)
+{
+    return Translated(kTexts.at(static_cast<std::size_t>(preset)).title);
+}
+
+QString HintOf(NavigationPreset preset)
+{
+    return Translated(kTexts.at(static_cast<std::size_t>(preset)).hint);
+}
+
+NavigationPreset PresetOf(int number)
+{
+    const auto preset = static_cast<NavigationPreset>(number);
+    return std::ranges::find(kNavigationPresets, preset) != kNavigationPresets.end()
+               ? preset
+               : NavigationPreset::Studio;
+}
+
+BoxRule RuleOfBox(NavigationPreset preset, QPointF from, QPointF to)
+{
+    return preset == NavigationPreset::Cad && to.x() > from.x() ? BoxRule::Inside
+                                                                : BoxRule::Touching;
+}
 
 ViewAction ActionOfDrag(NavigationPreset preset, ViewUse use, const PointerPress& press)
 {

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <Qt>
+#include "BoxPicking.h"
+
+#include <QString>
 
 #include <array>
 
@@ -29,5 +31,13 @@ enum class ViewUse { Look, Select };
 
 [[nodiscard]] ViewAction ActionOfDrag(NavigationPreset preset, ViewUse use,
                                       const PointerPress& press);
+/// CAD programs take all that a box to the left touches, and what is whole in one to the right.
+[[nodiscard]] BoxRule RuleOfBox(NavigationPreset preset, QPointF from, QPointF to);
+
+/// What it is called, and which buttons move the view, for a person.
+[[nodiscard]] QString TitleOf(NavigationPreset preset);
+[[nodiscard]] QString HintOf(NavigationPreset preset);
+/// As it is stored; the studio's own for any other number.
+[[nodiscard]] NavigationPreset PresetOf(int number);
 
 }  // namespace studio

@@ -28,9 +28,10 @@ QString ShapeToolTip::TextOf(const std::shared_ptr<StudioShape>& shape) const
 }
 
 ShapeToolTip::ShapeToolTip(ViewportWidget& viewport, Pick pick, MaterialText materialText,
-                           FieldNames fieldNames)
+                           FieldNames fieldNames, ViewText viewText)
     : QObject(&viewport), m_viewport(viewport), m_pick(std::move(pick)),
-      m_materialText(std::move(materialText)), m_fieldNames(std::move(fieldNames))
+      m_materialText(std::move(materialText)), m_fieldNames(std::move(fieldNames)),
+      m_viewText(std::move(viewText))
 {
     m_viewport.installEventFilter(this);
 }
@@ -42,11 +43,9 @@ bool ShapeToolTip::eventFilter(QObject* /*watched*/, QEvent* event)
     }
     const auto* help = static_cast<const QHelpEvent*>(event);
     const auto shape = m_pick(help->pos());
-    if (shape == nullptr) {
-        QToolTip::hideText();
-    } else {
-        QToolTip::showText(help->globalPos(), TextOf(shape), &m_viewport);
-    }
+    QToolTip::showText(help->globalPos(),
+                       shape == nullptr ? m_viewText().toHtmlEscaped() : TextOf(shape),
+                       &m_viewport);
     return true;
 }
 

@@ -13,7 +13,8 @@ namespace studio {
 class StudioShape;
 class ViewportWidget;
 
-/// Tells about the shape under the pointer when it rests over the viewport.
+/// Tells about the shape under the pointer when it rests over the viewport, beside all of them how
+/// to move the view.
 class ShapeToolTip : public QObject {
     Q_OBJECT
 
@@ -22,9 +23,11 @@ public:
     /// What its material is called; empty for nothing.
     using MaterialText = std::function<QString(const std::shared_ptr<StudioShape>&)>;
     using FieldNames = std::function<std::vector<std::string>()>;
+    /// Of the background.
+    using ViewText = std::function<QString()>;
 
     ShapeToolTip(ViewportWidget& viewport, Pick pick, MaterialText materialText,
-                 FieldNames fieldNames);
+                 FieldNames fieldNames, ViewText viewText);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,6 +40,7 @@ private:
     Pick m_pick;
     MaterialText m_materialText;
     FieldNames m_fieldNames;
+    ViewText m_viewText;
 };
 
 }  // namespace studio

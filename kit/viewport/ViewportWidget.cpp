@@ -2,28 +2,22 @@
 
 #include "AccessibleViewport.h"
 #include "Backdrop.h"
-#include "FrameSource.h"
-#include "OrbitMotion.h"
 #include "TextureCache.h"
 #include "ViewTool.h"
 #include <CorvexMaterial/Prompts.h>
 
-#include <QApplication>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QWheelEvent>
 
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 namespace studio {
 namespace {
 
 constexpr int kRefineDelayMs = 150;
-constexpr int kWheelEndMs = 250;
-constexpr float kWheelUnitsPerStep = 120.0F;
+constexpr int kMotionEndMs = 250;
 constexpr int kBoxAlpha = 48;
+constexpr double kFocusWidth = 2.0;
 
 }  // namespace
 
@@ -31,18 +25,17 @@ ViewportWidget::ViewportWidget(RenderService& service, QWidget* parent)
     : QWidget(parent), m_service(service), m_view(service.AddView())
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    // Keys pressed after a click here must not go to what had the focus before.
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setProperty(CorvexMaterial::kUsableMeanwhileProperty, true);
     setMinimumSize(32, 32);
-    for (QTimer* timer : {&m_refineSoon, &m_wheelEnd}) {
+    for (QTimer* timer : {&m_refineSoon, &m_motionEnd}) {
         timer->setSingleShot(true);
     }
     m_refineSoon.setInterval(kRefineDelayMs);
-    m_wheelEnd.setInterval(kWheelEndMs);
+    m_motionEnd.setInterval(kMotionEndMs);
     connect(&m_refineSoon, &QTimer::timeout, this, [this] { RequestPicture(4); });
-    connect(&m_wheelEnd, &QTimer::timeout, this, &ViewportWidget::interactionFinished);
+    connect(&m_motionEnd, &QTimer::timeout, this, &ViewportWidget::interactionFinished);
     MakeViewportsAccessible();
     connect(this, &ViewportWidget::interactionFinished, this, [this] { TellAccessibly(*this); });
     connect(&service.Textures(), &TextureCache::textureReady, this, [this] {
@@ -103,16 +96,18 @@ void ViewportWidget::SetCamera(const studio::Camera& camera)
     }
 }
 
-void ViewportWidget::SetHomeCamera(const studio::Camera& camera)
+void ViewportWidget::GoTo(const studio::Camera& camera)
 {
-    m_home = camera;
     MoveCamera(camera);
+    Q_EMIT interactionFinished();
 }
 
-void ViewportWidget::ResetView()
+void ViewportWidget::SetHomeCamera(const studio::Camera& home,
+                                   const std::optional<studio::Camera>& shown)
 {
-    MoveCamera(m_home);
-    Q_EMIT interactionFinished();
+    m_home = home;
+    MoveCamera(shown.value_or(home));
+    Q_EMIT homeChanged();
 }
 
 void ViewportWidget::SetBackground(CorvexMaterial::Colour colour)
@@ -143,7 +138,8 @@ QSize ViewportWidget::PictureSize() const
 
 QString ViewportWidget::PositionText() const
 {
-    return tr("Yaw %1°  Pitch %2°  Zoom %3 %")
+    return (m_camera.lens == Lens::Parallel ? tr("Yaw %1°  Pitch %2°  Zoom %3 %  Parallel")
+                                            : tr("Yaw %1°  Pitch %2°  Zoom %3 %"))
         .arg(std::lround(m_camera.yawDegrees))
         .arg(std::lround(m_camera.pitchDegrees))
         .arg(std::lround(100.0F * m_home.distance / m_camera.distance));
@@ -205,52 +201,34 @@ void ViewportWidget::MoveCamera(const studio::Camera& camera)
     Q_EMIT positionText(PositionText());
 }
 
-std::optional<QVector3D> ViewportWidget::SurfaceAt(QPointF position) const
-{
-    return m_source != nullptr ? m_source->SurfaceAt(m_camera.RayThrough(position, size()))
-                               : std::nullopt;
-}
-
-QVector3D ViewportWidget::PointAt(QPointF position) const
-{
-    if (const auto surface = SurfaceAt(position)) {
-        return *surface;
-    }
-    return PointOnTargetPlane(m_camera, m_camera.RayThrough(position, size()));
-}
-
-void ViewportWidget::AddTool(ViewTool& tool)
-{
-    m_tools.push_back(&tool);
-    setMouseTracking(true);
-    update();
-}
-
-void ViewportWidget::RemoveTool(ViewTool& tool)
-{
-    if (m_hold.tool == &tool) {
-        CancelHold();
-    }
-    std::erase(m_tools, &tool);
-    setMouseTracking(!m_tools.empty());
-    update();
-}
-
 void ViewportWidget::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     m_picture.Paint(painter, rect(), BackdropColoursOf(m_background, Frame().backdrop));
+    PaintOver(painter);
+}
+
+void ViewportWidget::PaintOver(QPainter& painter)
+{
     for (ViewTool* tool : m_tools) {
         painter.save();
         tool->Paint(painter);
         painter.restore();
     }
+    const QColor highlight = palette().color(QPalette::Highlight);
     if (m_hold.DrawsBox()) {
-        QColor inside = palette().color(QPalette::Highlight);
-        painter.setPen(inside);
+        const bool touches = RuleOfBox(m_preset, m_hold.pressed, m_hold.last) == BoxRule::Touching;
+        QColor inside = highlight;
         inside.setAlpha(kBoxAlpha);
+        painter.setPen(QPen(highlight, 1.0, touches ? Qt::DashLine : Qt::SolidLine));
         painter.setBrush(inside);
         painter.drawRect(m_hold.Box());
+    }
+    if (m_showsFocus) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(highlight, kFocusWidth));
+        constexpr double kInset = kFocusWidth / 2.0;
+        painter.drawRect(QRectF(rect()).adjusted(kInset, kInset, -kInset, -kInset));
     }
 }
 
@@ -266,150 +244,6 @@ void ViewportWidget::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     DrawSoon();
-}
-
-bool ViewportWidget::ToolTakes(const QMouseEvent& event)
-{
-    if (event.button() != Qt::LeftButton || event.modifiers().testFlag(Qt::AltModifier)) {
-        return false;
-    }
-    const auto taker = std::ranges::find_if(
-        m_tools | std::views::reverse, [&](ViewTool* tool) { return tool->MousePress(event); });
-    m_hold.tool = taker != m_tools.rend() ? *taker : nullptr;
-    return m_hold.tool != nullptr;
-}
-
-void ViewportWidget::mousePressEvent(QMouseEvent* event)
-{
-    if (m_hold.button != Qt::NoButton && event->buttons().testFlag(m_hold.button)) {
-        return;  // a second button does not change what the first one began
-    }
-    m_hold = {};
-    m_hold.button = event->button();
-    m_hold.pressed = m_hold.last = event->position();
-    m_hold.before = m_camera;
-    if (ToolTakes(*event)) {
-        return;
-    }
-    const auto surface = SurfaceAt(event->position());
-    m_hold.action =
-        ActionOfDrag(m_preset, m_use, {event->button(), event->modifiers(), surface.has_value()});
-    // A turn that begins beside all shapes is one of all of them.
-    const bool isTurn = m_hold.action == ViewAction::Orbit;
-    m_hold.held = surface ? *surface : isTurn ? m_camera.target : PointAt(event->position());
-}
-
-void ViewportWidget::BeginDrag()
-{
-    m_hold.isDragged = true;
-    if (m_hold.action != ViewAction::None) {
-        setCursor(m_hold.Cursor());
-    }
-}
-
-void ViewportWidget::CancelHold()
-{
-    const PointerHold hold = std::exchange(m_hold, {});
-    unsetCursor();
-    if (hold.tool != nullptr) {
-        hold.tool->MouseCancel();
-    } else if (hold.MovesCamera()) {
-        MoveCamera(hold.before);
-    }
-    update();
-}
-
-void ViewportWidget::mouseMoveEvent(QMouseEvent* event)
-{
-    if (m_hold.tool != nullptr) {
-        m_hold.tool->MouseMove(*event);
-        return;
-    }
-    if (m_hold.button == Qt::NoButton) {
-        std::ranges::find_if(m_tools | std::views::reverse,
-                             [&](ViewTool* tool) { return tool->MouseMove(*event); });
-        return;
-    }
-    const QPointF position = event->position();
-    if (!m_hold.isDragged &&
-        (position - m_hold.pressed).manhattanLength() >= QApplication::startDragDistance()) {
-        BeginDrag();
-    }
-    if (m_hold.isDragged) {
-        const QPointF moved = position - std::exchange(m_hold.last, position);
-        if (m_hold.MovesCamera()) {
-            MoveCamera(m_hold.Moved(m_camera, moved, QSizeF(size()), m_home.distance));
-        }
-        update();
-    }
-}
-
-void ViewportWidget::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (event->button() != m_hold.button) {
-        return;
-    }
-    const PointerHold hold = std::exchange(m_hold, {});
-    unsetCursor();
-    if (hold.tool != nullptr) {
-        hold.tool->MouseRelease(*event);
-    } else if (hold.DrawsBox()) {
-        update();
-        Q_EMIT boxed(hold.Box(), event->modifiers());
-    } else if (hold.MovesCamera()) {
-        RefineWhenIdle();
-        Q_EMIT interactionFinished();
-    } else if (!hold.isDragged && hold.button == Qt::LeftButton) {
-        Q_EMIT clicked(event->position().toPoint(), event->modifiers());
-    }
-}
-
-// The first click of the two was one already.
-void ViewportWidget::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    mousePressEvent(event);
-    if (event->button() == Qt::LeftButton && m_hold.tool == nullptr) {
-        m_hold = {};
-        Q_EMIT doubleClicked(event->position().toPoint());
-    }
-}
-
-void ViewportWidget::wheelEvent(QWheelEvent* event)
-{
-    const auto steps = static_cast<float>(event->angleDelta().y()) / kWheelUnitsPerStep;
-    if (steps == 0.0F) {
-        return;
-    }
-    MoveCamera(Zoomed(m_camera, steps, PointAt(event->position()), m_home.distance));
-    m_wheelEnd.start();
-    event->accept();
-}
-
-void ViewportWidget::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape && m_hold.button != Qt::NoButton) {
-        CancelHold();
-        return;
-    }
-    const bool isTaken = std::ranges::any_of(
-        m_tools | std::views::reverse, [event](ViewTool* tool) { return tool->KeyPress(*event); });
-    if (!isTaken) {
-        QWidget::keyPressEvent(event);
-    }
-}
-
-void ViewportWidget::leaveEvent(QEvent* event)
-{
-    for (ViewTool* tool : m_tools) {
-        tool->MouseLeave();
-    }
-    QWidget::leaveEvent(event);
-}
-
-void ViewportWidget::hideEvent(QHideEvent* event)
-{
-    CancelHold();
-    QWidget::hideEvent(event);
 }
 
 }  // namespace studio

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Frame.h"
+#include "FrameSource.h"
 #include "Navigation.h"
 #include "PointerHold.h"
 #include "RenderService.h"
@@ -16,12 +17,11 @@
 
 namespace studio {
 
-class FrameSource;
 class ViewTool;
 
 /// A plain widget that shows the newest picture of its source and moves the camera with the mouse:
 /// drags as the preset says (`ActionOfDrag`), round and by what is under the pointer, where the
-/// wheel zooms to. What is selected with it is its owner's business.
+/// wheel zooms to, or with keys (`MovedByKey`). What is selected with it is its owner's business.
 class ViewportWidget : public QWidget {
     Q_OBJECT
 
@@ -41,9 +41,12 @@ public:
 
     [[nodiscard]] const studio::Camera& Camera() const { return m_camera; }
     void SetCamera(const studio::Camera& camera);
-    /// The view that `ResetView` returns to, and that zoom 100 % refers to. Goes there.
-    void SetHomeCamera(const studio::Camera& camera);
-    void ResetView();
+    /// The same by a wish of the user's: an interaction that has ended.
+    void GoTo(const studio::Camera& camera);
+    /// The view that `ResetView` returns to, and that zoom 100 % refers to. Goes there, or to
+    /// another that is shown of the same.
+    void SetHomeCamera(const studio::Camera& home, const std::optional<studio::Camera>& shown = {});
+    void ResetView() { GoTo(m_home); }
 
     void SetNavigation(NavigationPreset preset) { m_preset = preset; }
     void SetUse(ViewUse use) { m_use = use; }
@@ -67,9 +70,15 @@ Q_SIGNALS:
     void clicked(QPoint position, Qt::KeyboardModifiers modifiers);
     void doubleClicked(QPoint position);
     /// A drag around shapes that are to be selected.
-    void boxed(QRectF box, Qt::KeyboardModifiers modifiers);
-    /// The end of a drag, of a run of wheel steps, or a reset.
+    void boxed(QRectF box, BoxRule rule, Qt::KeyboardModifiers modifiers);
+    /// A press of the right button without a drag, or the menu's key.
+    void menuRequested(QPoint position);
+    /// Esc, where there is nothing to end.
+    void escaped();
+    /// The end of a drag, of a run of wheel steps or keys, or a reset.
     void interactionFinished();
+    /// Something else is looked at now.
+    void homeChanged();
     /// The picture that was asked for last has become the one that is painted.
     void pictureShown();
     void positionText(const QString& text);
@@ -86,6 +95,10 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool event(QEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
@@ -96,9 +109,10 @@ private:
     void Settle(int samples);
     void RefineWhenIdle();
     void MoveCamera(const studio::Camera& camera);
-    [[nodiscard]] std::optional<QVector3D> SurfaceAt(QPointF position) const;
+    [[nodiscard]] std::optional<SurfacePoint> SurfaceAt(QPointF position) const;
     [[nodiscard]] QVector3D PointAt(QPointF position) const;
     [[nodiscard]] bool ToolTakes(const QMouseEvent& event);
+    void PaintOver(QPainter& painter);
     void BeginDrag();
     void CancelHold();
 
@@ -112,11 +126,12 @@ private:
     bool m_wanted = false;  ///< a picture is to be drawn once the widget can be seen
     bool m_drawPosted = false;
     QTimer m_refineSoon;  ///< a view that rests gets smooth edges
-    QTimer m_wheelEnd;
+    QTimer m_motionEnd;   ///< of wheel and keys
     std::uint64_t m_requests = 0;
     NavigationPreset m_preset = NavigationPreset::Studio;
     ViewUse m_use = ViewUse::Look;
     PointerHold m_hold;
+    bool m_showsFocus = false;       ///< it came by keyboard
     std::vector<ViewTool*> m_tools;  ///< the newest last
 };
 

@@ -84,6 +84,11 @@ void ProvideColours(StudioSettings& settings)
     settings.SetLibraryBackground(kBackgroundTextureKey, colours.textureLibrary);
 }
 
+NavigationPreset ReadNavigation(const StudioSettings& settings)
+{
+    return PresetOf(settings.Number(kNavigationSetting, 0));
+}
+
 OptionsDialog::OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessStarter& processes,
                              CorvexMaterial::Choosers& choosers, QWidget* parent,
                              std::span<const SceneWriter> raytracers)
@@ -98,6 +103,8 @@ OptionsDialog::OptionsDialog(StudioSettings& settings, CorvexMaterial::ProcessSt
     BindColour(m_ui->materialColour, &StudioColours::materialLibrary);
     BindColour(m_ui->textureColour, &StudioColours::textureLibrary);
     connect(m_ui->theme, &QComboBox::currentIndexChanged, this, &OptionsDialog::ThemeShown);
+    connect(m_ui->navigation, &QComboBox::currentIndexChanged, this,
+            &OptionsDialog::ShowNavigation);
     connect(m_ui->customFields, &QPlainTextEdit::textChanged, this, &OptionsDialog::ShowMoves);
     connect(m_ui->moveFields, &QCheckBox::toggled, this, &OptionsDialog::ShowMoves);
     connect(m_ui->addFolder, &QPushButton::clicked, this, &OptionsDialog::AddFolder);
@@ -113,6 +120,12 @@ void OptionsDialog::ShowSettings()
 {
     m_ui->theme->setCurrentIndex(
         std::clamp(m_settings.Number(kThemeSetting, 0), 0, m_ui->theme->count() - 1));
+    for (const NavigationPreset preset : kNavigationPresets) {
+        m_ui->navigation->addItem(TitleOf(preset));
+        m_ui->navigation->setItemData(static_cast<int>(preset), HintOf(preset), Qt::ToolTipRole);
+    }
+    m_ui->navigation->setCurrentIndex(static_cast<int>(ReadNavigation(m_settings)));
+    ShowNavigation();
     m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
     const int raytracer = m_settings.Number(kRaytracerSetting, 0);
     m_ui->raytracer->setCurrentIndex(std::max(0, m_ui->raytracer->findData(raytracer)));
@@ -123,6 +136,11 @@ void OptionsDialog::ShowSettings()
     m_ui->backups->setRange(0, kMostBackups);
     m_ui->backups->setValue(m_settings.Number(kBackupsSetting, kBackupsKept));
     m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
+}
+
+void OptionsDialog::ShowNavigation()
+{
+    m_ui->navigationHint->setText(HintOf(PresetOf(m_ui->navigation->currentIndex())));
 }
 
 void OptionsDialog::ShowBackupFolder(const QString& folder)
@@ -208,6 +226,9 @@ void OptionsDialog::Store() const
     m_settings.SetLibraryBackground(kBackgroundTextureKey, m_colours.textureLibrary);
     if (m_ui->theme->currentIndex() != m_settings.Number(kThemeSetting, 0)) {
         m_settings.SetNumber(kThemeSetting, m_ui->theme->currentIndex());
+    }
+    if (m_ui->navigation->currentIndex() != static_cast<int>(ReadNavigation(m_settings))) {
+        m_settings.SetNumber(kNavigationSetting, m_ui->navigation->currentIndex());
     }
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
     if (m_ui->backups->value() != m_settings.Number(kBackupsSetting, kBackupsKept)) {

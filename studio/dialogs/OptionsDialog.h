@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FieldMoves.h"
+#include "Navigation.h"
 #include "SceneWriters.h"
 #include <CorvexMaterial/Colour.h>
 #include <CorvexMaterial/Processes.h>
@@ -32,6 +33,8 @@ struct StudioColours {
 [[nodiscard]] StudioColours ReadColours(const StudioSettings& settings);
 /// Stores the colours of the libraries, which the panel's dialogs look up for themselves.
 void ProvideColours(StudioSettings& settings);
+
+[[nodiscard]] NavigationPreset ReadNavigation(const StudioSettings& settings);
 
 /// Edits the studio's own settings. Nothing is written unless the user accepts.
 class OptionsDialog : public QDialog {
@@ -66,6 +69,7 @@ private:
     void AddRaytracers(std::span<const SceneWriter> raytracers,
                        CorvexMaterial::ProcessStarter& processes);
     void ShowMoves();
+    void ShowNavigation();
     [[nodiscard]] QStringList FieldNames() const;
 
     StudioSettings& m_settings;

@@ -7,6 +7,7 @@
 #include "Hints.h"
 #include "HistoryDock.h"
 #include "HistoryMenu.h"
+#include "HostViewport.h"
 #include "LargePreview.h"
 #include "MaterialExchange.h"
 #include "MaterialNaming.h"
@@ -22,11 +23,13 @@
 #include "SceneRaytracing.h"
 #include "SettingNames.h"
 #include "ShapeHiding.h"
+#include "ShapeMenu.h"
 #include "StudioHost.h"
 #include "StudioIcon.h"
 #include "StudioSettings.h"
 #include "TextureFinder.h"
 #include "UndoKeys.h"
+#include "ViewMenu.h"
 #include "ViewportWidget.h"
 #include "WindowFiles.h"
 #include "WindowMessages.h"
@@ -54,6 +57,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_work(std::make_unique<FileWork>(*m_messages, *this)),
       m_scene(std::make_unique<ScenePane>(host, *m_messages, *this)),
       m_hiding(std::make_unique<ShapeHiding>(m_scene->Scene(), m_scene->Selected(), m_history)),
+      m_views(std::make_unique<ViewMenu>(ViewMenu::Parts{*m_scene, m_history, *this})),
+      m_shapes(std::make_unique<ShapeMenu>(ShapeMenu::Parts{*m_scene, *m_hiding, *m_views})),
       m_panel(std::make_unique<PanelDock>(
           PanelDock::Parts{host, platform, *m_messages, *m_scene, m_history, *this},
           std::move(clock))),
@@ -100,6 +105,7 @@ void MainWindow::ConnectParts()
     connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
             &TextureFinder::ChooseFolder);
     ConnectHints();
+    m_host.Viewports().Join(m_largePreview->View());
     connect(m_hiding.get(), &ShapeHiding::Changed, &m_scene->Viewport(), &ViewportWidget::Draw);
     // A step may have given the selected shapes another material.
     connect(&m_history, &QUndoStack::indexChanged, m_scene.get(), &ScenePane::TellSelection);
@@ -139,6 +145,7 @@ void MainWindow::BuildMenus()
     AddHistory(*edit, m_history, HistoryKeys::Standard);
     edit->addSeparator();
     m_scene->AddSelectionTo(*edit);
+    m_shapes->AddTo(*edit);
     edit->addSeparator();
     m_naming->AddTo(*edit);
     edit->addSeparator();
@@ -146,6 +153,7 @@ void MainWindow::BuildMenus()
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     m_scene->AddFramingTo(*view);
+    m_views->AddTo(*view);
     view->addSeparator();
     m_panel->AddTo(*view);
     m_outliner->AddTo(*view);

@@ -28,9 +28,11 @@ class ScenePane;
 class SceneExchange;
 class SceneRaytracing;
 class ShapeHiding;
+class ShapeMenu;
 class StudioHost;
 class TextureFinder;
 class ViewportWidget;
+class ViewMenu;
 class WindowFiles;
 class WindowMessages;
 
@@ -71,6 +73,9 @@ public:
     [[nodiscard]] QUndoStack& LibraryHistory();
     [[nodiscard]] OpenDocument& Document();
     [[nodiscard]] ShapeHiding& Hiding() { return *m_hiding; }
+    [[nodiscard]] ViewMenu& Views() { return *m_views; }
+    /// Its `MenuRequested` offers more at the pointer.
+    [[nodiscard]] ShapeMenu& Shapes() { return *m_shapes; }
     [[nodiscard]] FileWork& Work() { return *m_work; }
     [[nodiscard]] MaterialExchange& Exchange() { return *m_exchange; }
     [[nodiscard]] SceneExchange& Handing() { return *m_handing; }
@@ -108,6 +113,8 @@ private:
     std::unique_ptr<FileWork> m_work;
     std::unique_ptr<ScenePane> m_scene;
     std::unique_ptr<ShapeHiding> m_hiding;
+    std::unique_ptr<ViewMenu> m_views;
+    std::unique_ptr<ShapeMenu> m_shapes;
     std::unique_ptr<PanelDock> m_panel;
     std::unique_ptr<LargePreview> m_largePreview;
     std::unique_ptr<PanelLibraries> m_libraries;

@@ -19,7 +19,7 @@ namespace studio {
 void OptionsEditing::AddTo(QMenu& menu)
 {
     menu.addAction(tr("&Options..."), QKeySequence(tr("Ctrl+,")), this, &OptionsEditing::ShowDialog)
-        ->setStatusTip(tr("Theme, colors, folders, raytracers, documents and fields"));
+        ->setStatusTip(tr("Theme, colors, navigation, folders, raytracers, documents and fields"));
 }
 
 void OptionsEditing::ShowDialog()
@@ -37,6 +37,7 @@ void OptionsEditing::ShowDialog()
     connect(dialog, &QDialog::accepted, this, [this, dialog] {
         m_parts.messages.Telling([dialog] { dialog->Store(); });
         m_parts.panel.ApplyColours();
+        m_parts.scene.ApplyNavigation();
         m_parts.panel.Panel().UpdateCustomFieldNames();
         if (dialog->Moves() != kNoFieldMoves) {
             MoveFieldValues(dialog->Moves());

@@ -53,12 +53,12 @@ protected:
     }
     void Begin(const JournalBase& from = {})
     {
-        journal->Begin(from, "Default Scene", scene, TexturePlace::Referenced);
+        journal->Begin(from, "Default Scene", scene, {});
     }
     void Edit(std::size_t place, const studio::AppliedMaterial& applied, const char* what = "Edit")
     {
         scene[place]->SetApplied(applied);
-        journal->Record(scene, textures, camera, what);
+        journal->Record(scene, {textures, views}, camera, what);
     }
     void Crash()
     {
@@ -80,6 +80,7 @@ protected:
     StudioScene::Shapes scene = studio::DefaultShapes();
     SceneContent base;
     TexturePlace textures = TexturePlace::Referenced;
+    std::vector<studio::NamedView> views;
     studio::Camera camera{{1.0F, 2.0F, 3.0F}, 10.0F, -20.0F, 7.0F, 40.0F};
     std::mutex mutex;
     std::vector<std::string> troubles;
@@ -117,6 +118,7 @@ TEST_F(EditJournalTest, GivesBackWhatWasEditedAndWhatIsShared)
     base.shapes[3].applied = Shared("Base", 6);
     scene[3]->SetApplied(base.shapes[3].applied);
     Begin();
+    views = {{"Lid", camera}};
     scene[0]->Move(1.0F, 0);
     scene[0]->SetFlags({.hidden = true, .locked = true});
     Edit(0, oak, "Oak");
@@ -143,6 +145,7 @@ TEST_F(EditJournalTest, GivesBackWhatWasEditedAndWhatIsShared)
     EXPECT_EQ(content.shapes[0].applied.identity, content.shapes[1].applied.identity);
     EXPECT_EQ(content.shapes[2].applied.identity, base.shapes[3].applied.identity);
     EXPECT_EQ(content.camera, camera);
+    EXPECT_EQ(content.views, views);
     EXPECT_THAT(problems, IsEmpty());
     left.found[0].Discard();
     left = {};
@@ -164,7 +167,12 @@ TEST_F(EditJournalTest, LeavesNothingWhereNothingIsLost)
     journal->Flush();
     EXPECT_THAT(Files("*.edits"), SizeIs(1));
     textures = TexturePlace::Referenced;
-    Edit(0, before, "Keep Textures beside Document");
+    views = {{"Lid", camera}};
+    Edit(0, before, "Save view Lid");
+    journal->Flush();
+    EXPECT_THAT(Files("*.edits"), SizeIs(1));
+    views.clear();
+    Edit(0, before, "Undo");
     journal->Flush();
     EXPECT_THAT(Files(), IsEmpty()) << "taken back";
     Edit(0, Shared("Oak", 5));

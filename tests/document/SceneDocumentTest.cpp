@@ -53,6 +53,8 @@ protected:
         content.shapes = {ball, facets, empty};
         content.selection = {2, 0};
         content.camera = studio::Camera{{1.0F, 2.0F, 3.0F}, 10.0F, -20.0F, 7.0F, 40.0F};
+        content.views = {{"Außen & <innen>", *content.camera}, {"Top", {}}};
+        content.views[1].camera.lens = studio::Lens::Parallel;
         content.source = {{(folder.Path() + "/model.obj").toStdString(), 12, 34}, {}};
         content.source.others = {{(folder.Path() + "/model.mtl").toStdString(), 5, 6}};
         content.picture = "PNG";
@@ -125,6 +127,7 @@ void ExpectSame(const SceneContent& read, const SceneContent& written)
     }
     EXPECT_EQ(read.selection, written.selection);
     EXPECT_EQ(read.camera, written.camera);
+    EXPECT_EQ(read.views, written.views);
     EXPECT_EQ(read.source, written.source);
     EXPECT_EQ(read.textures, written.textures);
     EXPECT_EQ(read.picture, written.picture);

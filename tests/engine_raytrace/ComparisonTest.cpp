@@ -151,7 +151,8 @@ struct Pairs {
     QStringList captions;
 };
 
-void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
+void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs,
+                studio::Lens lens = studio::Lens::Perspective)
 {
     SphereGrid grid;
     grid.columns = std::min(static_cast<int>(cases.size()), 4);
@@ -165,6 +166,13 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
     for (std::size_t i = 0; i < cases.size(); ++i) {
         scene.frame.items[i].coordinates = cases[i].wrapped ? CorvexSG::CoordinateMode::FromWrap
                                                             : CorvexSG::CoordinateMode::FromMesh;
+    }
+    scene.frame.camera.lens = lens;
+    if (lens == studio::Lens::Parallel) {
+        // Neither nearer than the eye is nor farther away makes a difference.
+        QMatrix4x4 nearer;
+        nearer.translate(3.0F * scene.frame.camera.distance * scene.frame.camera.Back());
+        scene.frame.items[0].worldFromMesh = nearer * scene.frame.items[0].worldFromMesh;
     }
     const QImage drawn = rig.Draw(scene);
     const auto [raytraced, messages, exitCode] = rig.Raytrace(scene);
@@ -185,6 +193,14 @@ void CheckCases(RaytraceRig& rig, std::span<const Case> cases, Pairs& pairs)
         EXPECT_GT(difference.correlation, kSanitized ? 0.0 : each.correlation) << each.name;
         pairs.captions << QLatin1String(each.name) << QStringLiteral("POV-Ray");
     }
+}
+
+TEST(Comparison, ParallelViewIsTheSameInPovRay)
+{
+    RaytraceRig rig;
+    Pairs pairs;
+    const std::vector<Case> cases = Cases(rig);
+    CheckCases(rig, std::span(cases).first(2), pairs, studio::Lens::Parallel);
 }
 
 TEST(Comparison, PovRayShowsWhatTheViewportShows)

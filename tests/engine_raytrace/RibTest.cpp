@@ -180,6 +180,33 @@ TEST_F(Rib, SeesAndLightsTheSceneAsTheViewportDoes)
     }
 }
 
+TEST_F(Rib, SeesAParallelViewAsTheViewportDoes)
+{
+    studio::RaytraceScene scene = SceneWith({});
+    scene.frame.width = 96;
+    scene.frame.height = 64;
+    studio::Camera& camera = scene.frame.camera;
+    camera.lens = studio::Lens::Parallel;
+    scene.frame.items.push_back(scene.frame.items.front());
+    scene.frame.items.back().worldFromMesh.translate(2.0F * camera.distance * camera.Back());
+    scene.names.push_back("behind the eye");
+    const RibFile file = ReadRib(rig.RibText(scene));
+    EXPECT_EQ(file.Find("Projection")->Text(), "orthographic");
+    QMatrix4x4 eye;
+    eye.scale(VectorAt(file.Find("Scale")->Numbers(), 0));
+    eye *= QMatrix4x4(file.Find("ConcatTransform")->Numbers().data()).transposed();
+    // -1 to 1 is the smaller side.
+    const QSizeF size(96, 64);
+    const QVector3D corner = eye.map(camera.RayThrough({0, 0}, size).origin);
+    EXPECT_NEAR(corner.x(), -1.5F, 1.0e-4F);
+    EXPECT_NEAR(corner.y(), 1.0F, 1.0e-4F);
+    for (const studio::FrameItem& item : scene.frame.items) {
+        for (const QVector3D& point : studio::WorldBounds(item).Corners()) {
+            EXPECT_GT(eye.map(point).z(), 0.0F);
+        }
+    }
+}
+
 struct Polygon {
     QVector2D place;  ///< its middle
     QVector2D image;  ///< and that in the image

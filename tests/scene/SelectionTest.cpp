@@ -18,21 +18,24 @@ struct SelectionFixture : testing::Test {
     int changes = 0;
 };
 
-TEST_F(SelectionFixture, ClickReplacesCtrlTogglesNothingClears)
+TEST_F(SelectionFixture, ChoiceReplacesShiftAddsCtrlTogglesNothingClears)
 {
-    selection.Click(a, Qt::NoModifier);
-    selection.Click(b, Qt::NoModifier);
+    selection.Choose({a}, Qt::NoModifier);
+    selection.Choose({b}, Qt::NoModifier);
     EXPECT_EQ(selection.All(), Selection::Shapes{b});
-    selection.Click(a, Qt::ControlModifier);
-    selection.Click(c, Qt::ControlModifier | Qt::ShiftModifier);
+    selection.Choose({a}, Qt::ControlModifier);
+    selection.Choose({c}, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(selection.All(), (Selection::Shapes{b, a, c}));
-    selection.Click(a, Qt::ControlModifier);
-    EXPECT_EQ(selection.All(), (Selection::Shapes{b, c}));
-    EXPECT_EQ(selection.Latest(), c);
+    selection.Choose({a, b}, Qt::ShiftModifier);
+    EXPECT_EQ(selection.All(), (Selection::Shapes{c, a, b}));
+    selection.Choose({a}, Qt::ControlModifier);
+    EXPECT_EQ(selection.All(), (Selection::Shapes{c, b}));
+    EXPECT_EQ(selection.Latest(), b);
     EXPECT_FALSE(selection.Contains(*a));
-    selection.Click(nullptr, Qt::ControlModifier);
+    selection.Choose({}, Qt::ControlModifier);
+    selection.Choose({nullptr}, Qt::ShiftModifier);
     EXPECT_EQ(selection.All().size(), 2U);
-    selection.Click(nullptr, Qt::NoModifier);
+    selection.Choose({nullptr}, Qt::NoModifier);
     EXPECT_TRUE(selection.All().empty());
     EXPECT_EQ(selection.Latest(), nullptr);
 }
@@ -43,7 +46,7 @@ TEST_F(SelectionFixture, ChangedComesOncePerRealChange)
     EXPECT_EQ(selection.All(), (Selection::Shapes{a, b}));
     EXPECT_EQ(changes, 1);
     selection.Set({a, b});
-    selection.Click(nullptr, Qt::ControlModifier);
+    selection.Choose({nullptr}, Qt::ControlModifier);
     EXPECT_EQ(changes, 1);
     selection.Set({b, a});  // another order: another shape is the latest one
     EXPECT_EQ(changes, 2);
@@ -55,7 +58,7 @@ TEST_F(SelectionFixture, ChangedComesOncePerRealChange)
 TEST_F(SelectionFixture, SlotMayChangeTheSelectionAgain)
 {
     QObject::connect(&selection, &Selection::Changed, &selection, [this] { selection.Set({c}); });
-    selection.Click(a, Qt::NoModifier);
+    selection.Choose({a}, Qt::NoModifier);
     EXPECT_EQ(selection.All(), Selection::Shapes{c});
     EXPECT_TRUE(selection.Contains(*c));
     EXPECT_FALSE(selection.Contains(*a));

@@ -170,7 +170,7 @@ TEST_F(ShapeFixture, SceneShowsOneShapeAloneAndRefusesForeignOnes)
     const auto first = BoxShape({});
     const auto second = BoxShape({});
     studio::Selection selection;
-    selection.Click(second, Qt::NoModifier);
+    selection.Choose({second}, Qt::NoModifier);
     scene.MarkSelection(&selection);
     scene.SetShapes({first, second});
     studio::Frame both;

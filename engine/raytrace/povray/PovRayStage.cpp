@@ -16,7 +16,8 @@ namespace {
 constexpr float kFlatLight = 1.0F - kSkyIntensity / 2.0F;
 constexpr float kRadiansPerDegree = 0.017453292F;
 
-/// The camera's axes, each half as long as the picture is wide and high at distance 1.
+/// The camera's axes, each half as long as the picture is wide and high: at distance 1, in a
+/// parallel view at any.
 struct CameraAxes {
     QVector3D right;
     QVector3D up;
@@ -27,17 +28,18 @@ CameraAxes AxesOf(const Frame& frame)
 {
     const auto width = static_cast<float>(std::max(frame.width, 1));
     const auto height = static_cast<float>(std::max(frame.height, 1));
-    const float half = std::tan(frame.camera.fovDegrees / 2.0F * kRadiansPerDegree);
-    const float smaller = std::min(width, height);
     const Camera& camera = frame.camera;
+    const float half = std::tan(camera.fovDegrees / 2.0F * kRadiansPerDegree) *
+                       (camera.lens == Lens::Parallel ? camera.distance : 1.0F);
+    const float smaller = std::min(width, height);
     return {camera.Right() * half * width / smaller, camera.Up() * half * height / smaller,
-            (camera.target - camera.Eye()).normalized()};
+            -camera.Back()};
 }
 
 QVector3D WorldFromEye(const Camera& camera, const QVector3D& direction)
 {
-    const QVector3D back = (camera.Eye() - camera.target).normalized();
-    return direction.x() * camera.Right() + direction.y() * camera.Up() + direction.z() * back;
+    return direction.x() * camera.Right() + direction.y() * camera.Up() +
+           direction.z() * camera.Back();
 }
 
 /// Far enough to be beyond everything, near enough for POV-Ray to hit it exactly.
@@ -85,10 +87,12 @@ void WriteCamera(TextStream& out, const RaytraceScene& scene)
     // perpendicular to the last digit, which POV-Ray says in every run.
     const CameraAxes axes = AxesOf(scene.frame);
     const Camera& camera = scene.frame.camera;
-    out << "camera {\n  location <" << PovRayPoint(camera.Eye()) << ">\n  sky <"
-        << PovRayPoint(camera.Up()) << ">\n  right " << 2.0F * axes.right.length() << "*x\n  up "
-        << 2.0F * axes.up.length() << "*y\n  direction z\n  look_at <" << PovRayPoint(camera.target)
-        << ">\n}\n";
+    const QVector3D eye = camera.target + DistanceBeforeAll(scene.frame) * camera.Back();
+    out << "camera {\n"
+        << (camera.lens == Lens::Parallel ? "  orthographic\n" : "") << "  location <"
+        << PovRayPoint(eye) << ">\n  sky <" << PovRayPoint(camera.Up()) << ">\n  right "
+        << 2.0F * axes.right.length() << "*x\n  up " << 2.0F * axes.up.length()
+        << "*y\n  direction z\n  look_at <" << PovRayPoint(camera.target) << ">\n}\n";
 }
 
 void WriteLights(TextStream& out, const RaytraceScene& scene)
@@ -118,7 +122,8 @@ void WriteBackdrop(TextStream& out, const RaytraceScene& scene)
     const CameraAxes axes = AxesOf(scene.frame);
     const float distance = BackdropDistance(scene.frame, axes.forward);
     const QVector3D middle = scene.frame.camera.Eye() + distance * axes.forward;
-    const float halfHeight = distance * axes.up.length();
+    const bool isParallel = scene.frame.camera.lens == Lens::Parallel;
+    const float halfHeight = (isParallel ? 1.0F : distance) * axes.up.length();
     constexpr float kShare = 0.05F;  // of the gradient; the rest is what bent rays meet
     out << "plane { z, 0\n  pigment { gradient y";
     WriteGradientColours(out, BackdropColoursOf(scene.frame.background, scene.frame.backdrop),

@@ -34,7 +34,7 @@ public:
     explicit BackdropPlane(const RaytraceScene& scene) : m_scene(scene)
     {
         const Camera& camera = scene.frame.camera;
-        m_forward = (camera.target - camera.Eye()).normalized();
+        m_forward = -camera.Back();
         for (const QVector3D& corner : WorldBounds(scene.frame.items).Corners()) {
             m_distance = std::max(m_distance,
                                   2.0F * QVector3D::dotProduct(corner - camera.Eye(), m_forward));
@@ -109,7 +109,8 @@ void WriteRibHead(TextStream& out, const RaytraceScene& scene, const std::string
     out << "##RenderMan RIB-Structure 1.1\n##Creator Corvex Studio\nversion 3.03\n"
         << "Display " << RibString(picture) << " \"file\" \"rgb\"\n"
         << "Format " << std::max(frame.width, 1) << ' ' << std::max(frame.height, 1) << " 1\n";
-    if (scene.flat) {
+    const bool isParallel = frame.camera.lens == Lens::Parallel;
+    if (scene.flat || isParallel) {
         out << "Projection \"orthographic\"\n";
     } else {
         out << "Projection \"perspective\" \"float fov\" [" << frame.camera.fovDegrees << "]\n";
@@ -124,8 +125,14 @@ void WriteRibHead(TextStream& out, const RaytraceScene& scene, const std::string
         out << "Scale " << static_cast<float>(size.width() / smaller) << ' '
             << static_cast<float>(size.height() / smaller) << " -1\nTranslate 0 0 -5\n";
     } else {
-        out << "Scale 1 1 -1\n";
-        WriteRibTransform(out, frame.camera.View());
+        // -1 to 1 is what the smaller side sees here too.
+        const double smaller = std::min(SizeOf(frame).width(), SizeOf(frame).height());
+        const float units = frame.camera.UnitsPerPixel(SizeOf(frame));
+        const float scale = isParallel ? 2.0F / (units * static_cast<float>(smaller)) : 1.0F;
+        Camera camera = frame.camera;
+        camera.distance = DistanceBeforeAll(frame);
+        out << "Scale " << scale << ' ' << scale << " -1\n";
+        WriteRibTransform(out, camera.View());
     }
 }
 
@@ -137,10 +144,9 @@ void WriteRibLights(TextStream& out, const RaytraceScene& scene)
         return;
     }
     const Camera& camera = scene.frame.camera;
-    const QVector3D back = (camera.Eye() - camera.target).normalized();
     const auto world = [&](const Light& light) {
         return light.towards[0] * camera.Right() + light.towards[1] * camera.Up() +
-               light.towards[2] * back;
+               light.towards[2] * camera.Back();
     };
     WriteDistantLight(out, 2, world(kKeyLight), kKeyLight.intensity);
     WriteDistantLight(out, 3, world(kFillLight), kFillLight.intensity);

@@ -15,9 +15,16 @@ uniform float keyIntensity;
 uniform float fillIntensity;
 uniform float skyIntensity;
 
+uniform vec4 viewer;
+
 #ifdef PEEL
 uniform sampler2D peeledDepth;
 #endif
+
+vec3 TowardsEye()
+{
+    return normalize(viewer.xyz - viewer.w * eyePosition);
+}
 
 float Direct(vec3 n)
 {
@@ -30,7 +37,7 @@ float Highlight(vec3 n)
     if (dot(n, towardsKey) <= 0.0) {
         return 0.0;
     }
-    vec3 halfway = normalize(towardsKey - normalize(eyePosition));
+    vec3 halfway = normalize(towardsKey + TowardsEye());
     return highlight * pow(max(0.0, dot(n, halfway)), shininess);
 }
 
@@ -51,7 +58,7 @@ void main()
     n = BumpedNormal(n, eyePosition, place);
 #endif
 #ifdef LAYER_environment
-    vec3 towardsEye = -normalize(eyePosition);
+    vec3 towardsEye = TowardsEye();
     vec3 surroundings = Surroundings(reflect(-towardsEye, n));
 #endif
 #endif

@@ -99,6 +99,7 @@ SceneContent OpenDocument::Content() const
         }
     }
     content.camera = m_parts.scene.Viewport().Camera();
+    content.views = m_parts.scene.Views().All();
     content.source = m_source;
     content.textures = m_textures;
     return content;
@@ -128,12 +129,9 @@ void OpenDocument::Show(StudioScene::Shapes shapes, const SceneContent& content)
     m_parts.history.clear();
     m_parts.history.setUndoLimit(UndoSteps(shapes.size()));
     m_parts.scene.Show(std::move(shapes));
-    ViewportWidget& viewport = m_parts.scene.Viewport();
-    viewport.SetHomeCamera(m_parts.scene.Scene().FramedBy(DefaultCamera()));
-    if (content.camera) {
-        viewport.SetCamera(*content.camera);
-        viewport.Draw();
-    }
+    const Camera home = m_parts.scene.Scene().FramedBy(DefaultCamera());
+    m_parts.scene.Viewport().SetHomeCamera(home, content.camera);
+    m_parts.scene.Views().Set(content.views);
     m_parts.scene.Selected().Set(selected);
     m_textures = content.textures;
     SetSource(content.source);

@@ -91,16 +91,21 @@ JournalBase WorkRecovery::Base() const
     return BaseAt(model.empty() ? Kind::DefaultScene : Kind::Model, model);
 }
 
+JournalAround WorkRecovery::Around() const
+{
+    return {m_parts.document.Textures(), m_parts.scene.Views().All()};
+}
+
 void WorkRecovery::Begin()
 {
     m_journal.Begin(Base(), m_parts.document.Name().toStdString(), m_parts.scene.Scene().All(),
-                    m_parts.document.Textures());
+                    Around());
 }
 
 void WorkRecovery::Record(const QString& what, int edits)
 {
-    m_journal.Record(m_parts.scene.Scene().All(), m_parts.document.Textures(),
-                     m_parts.scene.Viewport().Camera(), what.toStdString(), edits);
+    m_journal.Record(m_parts.scene.Scene().All(), Around(), m_parts.scene.Viewport().Camera(),
+                     what.toStdString(), edits);
     m_picture.start();
 }
 

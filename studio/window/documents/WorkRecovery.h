@@ -56,6 +56,7 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] JournalBase Base() const;
+    [[nodiscard]] JournalAround Around() const;
     void Begin();
     void Record(const QString& what, int edits = 1);
     void ShowDialog(LeftJournals journals);

@@ -37,6 +37,7 @@ public:
     ~LargePreview() override;
 
     void AddTo(QMenu& view);
+    [[nodiscard]] ViewportWidget& View() { return *m_view; }
 
 private:
     void Build();

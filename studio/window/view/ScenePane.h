@@ -1,10 +1,15 @@
 #pragma once
 
+#include "NamedViews.h"
 #include "Selection.h"
 #include "StudioScene.h"
 
 #include <QObject>
 
+#include <functional>
+
+class QAction;
+class QKeySequence;
 class QMainWindow;
 class QMenu;
 
@@ -37,8 +42,12 @@ public:
     void FrameShapes(StudioScene::Shapes shapes);
     void AddSelectionTo(QMenu& menu);
     void AddFramingTo(QMenu& menu);
+    [[nodiscard]] NamedViews& Views() { return m_views; }
     /// Enabled as long as a shape is selected.
     void EnableWithSelection(QAction* action);
+
+    /// Of the settings, for the panel's preview too.
+    void ApplyNavigation();
 
     /// On the status line: what is selected and what it wears.
     void TellSelection();
@@ -48,13 +57,28 @@ Q_SIGNALS:
     void ShapesReplaced();
 
 private:
+    void Connect();
+    void MakeActions();
+    QAction* MakeAction(const QString& text, const QKeySequence& key, const QString& tip,
+                        const std::function<void()>& work);
+    /// In the view alone.
+    void AddKey(Qt::Key key, const std::function<void()>& work);
+    void FrameSelection();
+    void FrameAll();
     /// Its name and how many shapes share it; empty for a material without a name.
     [[nodiscard]] QString SelectionText() const;
     [[nodiscard]] QString MaterialText(const std::shared_ptr<StudioShape>& shape) const;
+
+    StudioHost& m_host;
     WindowMessages& m_messages;
     StudioScene m_scene;
     Selection m_selection;
+    NamedViews m_views;
     ViewportWidget* m_viewport;
+    QAction* m_selectAll;
+    QAction* m_clear;
+    QAction* m_frameSelection;
+    QAction* m_frameAll;
 };
 
 }  // namespace studio

@@ -1,6 +1,8 @@
 #include "ScenePane.h"
 
+#include "HostViewport.h"
 #include "MaterialNames.h"
+#include "OptionsDialog.h"
 #include "Picking.h"
 #include "ShapeToolTip.h"
 #include "StudioHost.h"
@@ -10,38 +12,56 @@
 
 #include <QMainWindow>
 #include <QMenu>
+#include <QShortcut>
 
 namespace studio {
 
 ScenePane::ScenePane(StudioHost& host, WindowMessages& messages, QMainWindow& window)
-    : m_messages(messages), m_viewport(new ViewportWidget(host.Rendering(), &window))
+    : m_host(host), m_messages(messages), m_viewport(new ViewportWidget(host.Rendering(), &window))
 {
     m_viewport->setMinimumSize(200, 160);
+    m_viewport->setObjectName(QStringLiteral("sceneView"));
     m_viewport->setAccessibleName(tr("Scene"));
     m_viewport->setProperty("helpTopic", QStringLiteral("view"));
+    m_viewport->SetUse(ViewUse::Select);
+    host.Viewports().Join(*m_viewport);
+    ApplyNavigation();
     m_scene.MarkSelection(&m_selection);
     m_viewport->SetSource(&m_scene);
     window.setCentralWidget(m_viewport);
+    Connect();
+    MakeActions();
+    TellSelection();
+}
+
+void ScenePane::Connect()
+{
     connect(m_viewport, &ViewportWidget::clicked, this,
             [this](QPoint position, Qt::KeyboardModifiers modifiers) {
-                m_selection.Click(ShapeAt(position), modifiers);
+                m_selection.Choose({ShapeAt(position)}, modifiers);
             });
+    connect(m_viewport, &ViewportWidget::boxed, this,
+            [this](QRectF box, BoxRule rule, Qt::KeyboardModifiers modifiers) {
+                const PickBox pick{m_viewport->Camera(), m_viewport->size(), box, rule};
+                m_selection.Choose(PickInBox(pick, m_scene.All()), modifiers);
+            });
+    connect(m_viewport, &ViewportWidget::escaped, &m_selection, &Selection::Clear);
     connect(m_viewport, &ViewportWidget::doubleClicked, this, [this](QPoint position) {
         const auto shape = ShapeAt(position);
         FrameShapes(shape != nullptr ? StudioScene::Shapes{shape} : m_scene.All());
     });
-    connect(m_viewport, &ViewportWidget::positionText, &messages, &WindowMessages::ShowPosition);
-    connect(m_viewport, &ViewportWidget::failed, &messages, [&messages](const QString& message) {
-        messages.Log(QStringLiteral("Viewport: ") + message);
-        messages.Show(message);
+    connect(m_viewport, &ViewportWidget::positionText, &m_messages, &WindowMessages::ShowPosition);
+    connect(m_viewport, &ViewportWidget::failed, this, [this](const QString& message) {
+        m_messages.Log(QStringLiteral("Viewport: ") + message);
+        m_messages.Show(message);
     });
     new ShapeToolTip(
         *m_viewport, [this](QPoint position) { return ShapeAt(position); },
         [this](const std::shared_ptr<StudioShape>& shape) { return MaterialText(shape); },
-        [&host] { return host.Get().customFields.GetCustomMaterialFieldNames(); });
+        [this] { return m_host.Get().customFields.GetCustomMaterialFieldNames(); },
+        [this] { return HintOf(ReadNavigation(m_host.Settings())); });
     connect(&m_selection, &Selection::Changed, m_viewport, &ViewportWidget::Draw);
     connect(&m_selection, &Selection::Changed, this, &ScenePane::TellSelection);
-    TellSelection();
 }
 
 // The viewport goes later, with the window.
@@ -60,6 +80,11 @@ QString ScenePane::MaterialText(const std::shared_ptr<StudioShape>& shape) const
     const QString name = QString::fromStdString(identity->name);
     const std::size_t sharers = Sharers({shape}, m_scene.All()).size();
     return sharers == 1 ? name : tr("%1, shared by %2 shapes").arg(name).arg(sharers);
+}
+
+void ScenePane::ApplyNavigation()
+{
+    m_host.Viewports().SetNavigation(ReadNavigation(m_host.Settings()));
 }
 
 void ScenePane::TellSelection()
@@ -97,28 +122,61 @@ std::shared_ptr<StudioShape> ScenePane::ShapeAt(QPoint position) const
     return hit ? hit->shape : nullptr;
 }
 
+QAction* ScenePane::MakeAction(const QString& text, const QKeySequence& key, const QString& tip,
+                               const std::function<void()>& work)
+{
+    auto* action = new QAction(text, m_viewport);
+    action->setShortcut(key);
+    action->setStatusTip(tip);
+    connect(action, &QAction::triggered, this, work);
+    return action;
+}
+
+void ScenePane::AddKey(Qt::Key key, const std::function<void()>& work)
+{
+    connect(new QShortcut(key, m_viewport, {}, {}, Qt::WidgetShortcut), &QShortcut::activated, this,
+            work);
+}
+
+void ScenePane::MakeActions()
+{
+    m_selectAll = MakeAction(tr("Select &All"), QKeySequence::SelectAll,
+                             tr("Selects every shape that is neither hidden nor locked"),
+                             [this] { m_selection.Set(m_scene.Pickable()); });
+    m_clear = MakeAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")),
+                         tr("Selects no shape; Esc in the view"), [this] { m_selection.Clear(); });
+    m_frameSelection = MakeAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")),
+                                  tr("Brings the selected shapes into view; F in the view"),
+                                  [this] { FrameSelection(); });
+    EnableWithSelection(m_frameSelection);
+    m_frameAll =
+        MakeAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")),
+                   tr("Brings all shapes into view; Home in the view"), [this] { FrameAll(); });
+    for (QAction* look : {m_frameSelection, m_frameAll}) {
+        look->setProperty(CorvexMaterial::kUsableMeanwhileProperty, true);
+    }
+    AddKey(Qt::Key_F, [this] { FrameSelection(); });
+    AddKey(Qt::Key_Home, [this] { FrameAll(); });
+}
+
 void ScenePane::AddSelectionTo(QMenu& menu)
 {
-    menu.addAction(tr("Select &All"), QKeySequence::SelectAll, this,
-                   [this] { m_selection.Set(m_scene.Pickable()); })
-        ->setStatusTip(tr("Selects every shape that is neither hidden nor locked"));
-    menu.addAction(tr("&Clear Selection"), QKeySequence(tr("Ctrl+Shift+A")), this,
-                   [this] { m_selection.Clear(); })
-        ->setStatusTip(tr("Selects no shape"));
+    menu.addActions({m_selectAll, m_clear});
 }
 
 void ScenePane::AddFramingTo(QMenu& menu)
 {
-    QAction* selection = menu.addAction(tr("Frame &Selection"), QKeySequence(tr("Ctrl+F")), this,
-                                        [this] { FrameShapes(m_selection.All()); });
-    selection->setStatusTip(tr("Brings the selected shapes into view"));
-    EnableWithSelection(selection);
-    QAction* all = menu.addAction(tr("Frame &All"), QKeySequence(tr("Ctrl+Shift+F")), this,
-                                  [this] { FrameShapes(m_scene.All()); });
-    all->setStatusTip(tr("Brings all shapes into view"));
-    for (QAction* look : {selection, all}) {
-        look->setProperty(CorvexMaterial::kUsableMeanwhileProperty, true);
-    }
+    menu.addActions({m_frameSelection, m_frameAll});
+}
+
+void ScenePane::FrameAll()
+{
+    FrameShapes(m_scene.All());
+}
+
+void ScenePane::FrameSelection()
+{
+    FrameShapes(m_selection.All().empty() ? m_scene.All() : m_selection.All());
 }
 
 void ScenePane::EnableWithSelection(QAction* action)
@@ -132,8 +190,7 @@ void ScenePane::FrameShapes(StudioScene::Shapes shapes)
 {
     StudioScene scene;
     scene.SetShapes(std::move(shapes));
-    m_viewport->SetCamera(scene.FramedBy(m_viewport->Camera()));
-    m_viewport->Draw();
+    m_viewport->GoTo(scene.FramedBy(m_viewport->Camera()));
 }
 
 }  // namespace studio

@@ -1,0 +1,1 @@
+#include "NamedViews.h"
