@@ -17,6 +17,9 @@
 namespace studio {
 namespace {
 
+using CorvexMaterial::UnknownFields;
+using CorvexMaterial::WithUnknown;
+
 static_assert(std::endian::native == std::endian::little,
               "documents hold numbers as they are here");
 static_assert(sizeof(Vertex) == 32 && std::is_trivially_copyable_v<Vertex>);

@@ -12,7 +12,10 @@ namespace studio {
 namespace {
 
 using CorvexMaterial::Attribute;
+using CorvexMaterial::JsonOf;
+using CorvexMaterial::JsonOfRecord;
 using CorvexMaterial::kTextureFiles;
+using CorvexMaterial::ReadRecord;
 using Material = CorvexDB::udtMaterial;
 using CustomFields = CorvexMaterial::CustomFieldValues;
 

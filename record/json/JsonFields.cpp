@@ -8,15 +8,8 @@
 #include <cmath>
 #include <limits>
 
-namespace studio {
+namespace CorvexMaterial {
 namespace {
-
-using CorvexMaterial::AttributeGroup;
-using CorvexMaterial::AttributeKind;
-using CorvexMaterial::AttributeRow;
-using CorvexMaterial::AttributeValue;
-using CorvexMaterial::CustomFieldValues;
-using CorvexMaterial::NumberRange;
 
 constexpr qsizetype kMostNumbers = 10;
 constexpr NumberRange kAnyInteger{std::numeric_limits<std::int32_t>::min(),
@@ -193,7 +186,7 @@ const Level& Document()
 {
     static const Level kDocument = [] {
         Level document;
-        for (const AttributeRow& row : CorvexMaterial::AttributeRows()) {
+        for (const AttributeRow& row : AttributeRows()) {
             Level* level = &document;
             const QString word = QString::fromUtf8(row.word.data(), std::ssize(row.word));
             for (const QString& name : word.split(u'.', Qt::SkipEmptyParts)) {
@@ -212,16 +205,31 @@ bool IsUnusedLayer(const AttributeRow& row, const AttributeValue& value)
     return row.group == AttributeGroup::Textures && file != nullptr && file->empty();
 }
 
-QJsonValue Written(const Level& level, const CorvexDB::udtMaterial& record)
+using Chosen = std::optional<std::span<const Attribute>>;
+
+bool HasAny(const Level& level, std::span<const Attribute> attributes)
+{
+    const auto hasAny = [attributes](const Level& inner) { return HasAny(inner, attributes); };
+    return level.row != nullptr
+               ? std::ranges::find(attributes, level.row->attribute) != attributes.end()
+               : std::ranges::any_of(level.inner, hasAny);
+}
+
+/// The chosen attributes, else all but layers without a file.
+QJsonValue Written(const Level& level, const CorvexDB::udtMaterial& record, const Chosen& chosen)
 {
     if (level.row != nullptr) {
         const AttributeValue value = level.row->path.get(record);
-        return IsUnusedLayer(*level.row, value) ? QJsonValue(QJsonValue::Undefined) : JsonOf(value);
+        return !chosen && IsUnusedLayer(*level.row, value) ? QJsonValue(QJsonValue::Undefined)
+                                                           : JsonOf(value);
     }
     QJsonArray array;
     QJsonObject object;
     for (const Level& inner : level.inner) {
-        const QJsonValue value = Written(inner, record);
+        if (chosen && !HasAny(inner, *chosen)) {
+            continue;
+        }
+        const QJsonValue value = Written(inner, record, chosen);
         if (level.IsArray()) {
             array.append(value);
         } else if (!value.isUndefined()) {
@@ -237,6 +245,8 @@ public:
         : m_record(record), m_problems(problems)
     {
     }
+
+    [[nodiscard]] const std::vector<Attribute>& Taken() const { return m_taken; }
 
     void Read(const Level& level, const QJsonValue& json)
     {
@@ -265,6 +275,7 @@ private:
         const auto value = std::visit(JsonReader(row, json, problem), row.path.get(m_record));
         if (value) {
             row.path.set(m_record, *value);
+            m_taken.push_back(row.attribute);
         }
         if (!problem.isEmpty()) {
             Complain(level.name, problem);
@@ -278,6 +289,7 @@ private:
 
     CorvexDB::udtMaterial& m_record;
     std::vector<std::string>& m_problems;
+    std::vector<Attribute> m_taken;
 };
 
 QJsonObject Unknown(const Level& level, const QJsonObject& json)
@@ -306,13 +318,21 @@ QJsonValue JsonOf(const AttributeValue& value)
 
 QJsonObject JsonOfRecord(const CorvexDB::udtMaterial& record)
 {
-    return Written(Document(), record).toObject();
+    return Written(Document(), record, std::nullopt).toObject();
 }
 
-void ReadRecord(const QJsonObject& json, CorvexDB::udtMaterial& record,
-                std::vector<std::string>& problems)
+QJsonObject JsonOfAttributes(const CorvexDB::udtMaterial& record,
+                             std::span<const Attribute> attributes)
 {
-    RecordReader(record, problems).Read(Document(), json);
+    return Written(Document(), record, attributes).toObject();
+}
+
+std::vector<Attribute> ReadRecord(const QJsonObject& json, CorvexDB::udtMaterial& record,
+                                  std::vector<std::string>& problems)
+{
+    RecordReader reader(record, problems);
+    reader.Read(Document(), json);
+    return reader.Taken();
 }
 
 QJsonObject UnknownFields(const QJsonObject& json)
@@ -333,4 +353,4 @@ QJsonObject WithUnknown(QJsonObject json, const QJsonObject& unknown)
     return json;
 }
 
-}  // namespace studio
+}  // namespace CorvexMaterial
