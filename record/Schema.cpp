@@ -105,18 +105,20 @@ std::string_view FactoryText(Attribute attribute)
     return RowOf(attribute).factoryText;
 }
 
+const char* TitleOf(AttributeGroup group)
+{
+    constexpr std::array kTitles{"Surface", "Blending",          "Textures",
+                                 "Wrap",    "Texture placement", "Raytrace attributes",
+                                 "Plug-in", "Custom fields",     "Panel"};
+    static_assert(kTitles.size() == static_cast<std::size_t>(Group::Panel) + 1);
+    return kTitles[static_cast<std::size_t>(group)];
+}
+
 const char* LabelOf(AttributeGroup group)
 {
-    switch (group) {
-    case Group::Textures:
-        return "Textures";
-    case Group::Placement:
-        return "Texture placement";
-    case Group::Raytrace:
-        return "Raytrace attributes";
-    default:
-        return nullptr;
-    }
+    const bool changesAsOne =
+        group == Group::Textures || group == Group::Placement || group == Group::Raytrace;
+    return changesAsOne ? TitleOf(group) : nullptr;
 }
 
 bool Differ(const CorvexDB::udtMaterial& one, const CorvexDB::udtMaterial& other,

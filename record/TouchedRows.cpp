@@ -43,6 +43,15 @@ TouchedRows RowsOf(std::span<const Attribute> attributes)
     return rows;
 }
 
+TouchedRows RowsOf(AttributeGroup group)
+{
+    TouchedRows rows = RowsOfMaterial();
+    std::erase_if(rows, [group](const TouchedRow& row) {
+        return CorvexMaterial::RowOf(row.attribute).group != group;
+    });
+    return rows;
+}
+
 TouchedRows RowsOfMaterial()
 {
     TouchedRows rows;
@@ -107,9 +116,10 @@ void PendingEdit::Touch(const TouchedRows& rows)
     m_rows.erase(std::unique(m_rows.begin(), m_rows.end()), m_rows.end());
 }
 
-void PendingEdit::TouchWhole(TouchedRows rows)
+void PendingEdit::TouchWhole(TouchedRows rows, std::string name)
 {
     m_rows = std::move(rows);
+    m_name = std::move(name);
     std::ranges::sort(m_rows);
     m_isWhole = true;
 }
@@ -118,12 +128,13 @@ void PendingEdit::Forget()
 {
     m_rows.clear();
     m_isWhole = false;
+    m_name.clear();
 }
 
 MaterialEdit PendingEdit::WithValues(const CorvexDB::udtMaterial& record,
                                      CorvexDB::ApplyMode mode) const
 {
-    MaterialEdit edit{{}, m_isWhole};
+    MaterialEdit edit{{}, m_isWhole, m_name};
     for (const TouchedRow& row : m_rows) {
         edit.rows.push_back({row.attribute, row.element,
                              row.attribute == ApplyRelative

@@ -2,6 +2,7 @@
 
 #include <CorvexMaterial/MaterialEdit.h>
 #include <CorvexMaterial/MaterialRecord.h>
+#include <CorvexMaterial/Schema.h>
 
 #include <span>
 
@@ -19,6 +20,8 @@ using TouchedRows = std::vector<TouchedRow>;
 
 /// These attributes with all of their elements.
 [[nodiscard]] TouchedRows RowsOf(std::span<const Attribute> attributes);
+/// Those of the group.
+[[nodiscard]] TouchedRows RowsOf(AttributeGroup group);
 /// Everything that a material consists of.
 [[nodiscard]] TouchedRows RowsOfMaterial();
 /// Those that differ.
@@ -29,8 +32,8 @@ using TouchedRows = std::vector<TouchedRow>;
 class PendingEdit {
 public:
     void Touch(const TouchedRows& rows);
-    /// Another material in the place of what was there.
-    void TouchWhole(TouchedRows rows);
+    /// Another material in the place of what was there, with the name that it has elsewhere.
+    void TouchWhole(TouchedRows rows, std::string name = {});
     void Forget();
     [[nodiscard]] bool IsEmpty() const { return m_rows.empty(); }
     /// The rows with their values. What is pending stays so.
@@ -40,6 +43,7 @@ public:
 private:
     TouchedRows m_rows;
     bool m_isWhole = false;
+    std::string m_name;
 };
 
 }  // namespace CorvexMaterial

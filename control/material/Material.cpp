@@ -232,6 +232,33 @@ Status Material::ShowDifferences(const std::vector<DifferingRow>& rows)
     return m_editor->Guard()("ShowDifferences", [&] { m_editor->ShowDifferences(rows); });
 }
 
+Status Material::CopyMaterial(const std::vector<Attribute>& attributes)
+{
+    return m_editor->Guard()("CopyMaterial",
+                             [&] { m_editor->Clipboard().Copy(PieceOf(attributes)); });
+}
+
+Status Material::PasteMaterial()
+{
+    return m_editor->Guard()("PasteMaterial",
+                             [&] { m_editor->Clipboard().Paste(WholeMaterial()); });
+}
+
+QString Material::PastedTitle()
+{
+    QString title;
+    m_editor->Guard()("PastedTitle", [&] {
+        const auto pasted = m_editor->Clipboard().Pasted(WholeMaterial());
+        title = pasted ? pasted->title : QString();
+    });
+    return title;
+}
+
+Status Material::SetMaterialName(const std::string& name)
+{
+    return m_editor->Guard()("SetMaterialName", [&] { m_editor->Clipboard().SetName(name); });
+}
+
 void Material::DeleteFromLibrary(CorvexEditport::BrowserKind library)
 {
     m_editor->Form().Library(library).PressDelete();

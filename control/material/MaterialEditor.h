@@ -1,6 +1,8 @@
 #pragma once
 
+#include "AttributeMenu.h"
 #include "ChannelServices.h"
+#include "ClipboardFlow.h"
 #include "DifferenceMarks.h"
 #include "ErrorHandler.h"
 #include "LayoutFlow.h"
@@ -47,6 +49,7 @@ public:
     MaterialGatherer& Gatherer() { return m_gatherer; }
     Trial& Tried() { return m_trial; }
     TrialFlow& Previewing() { return m_trialFlow; }
+    ClipboardFlow& Clipboard() { return m_clipboard; }
 
     /// Puts the material on the preview shape, redraws it and tells the host: the end of every
     /// edit. What the user has touched and the host could not be told is told then.
@@ -85,11 +88,11 @@ public:
     }
     /// As an edit that puts another material in the place of the old one.
     template <typename Change>
-    void EditWhole(TouchedRows rows, Change&& change)
+    void EditWhole(TouchedRows rows, Change&& change, const std::string& name = {})
     {
         ChangeAtOnce([&] {
             change();
-            m_pending.TouchWhole(std::move(rows));
+            m_pending.TouchWhole(std::move(rows), name);
         });
     }
     /// The same without a refresh.
@@ -188,6 +191,9 @@ private:
     TextureLibraryFlow m_textureLibrary;
     std::unique_ptr<RaytraceFlow> m_raytrace;
     DifferenceMarks m_marks{[this](const TouchedRow& row) { return ControlsOf(row); }};
+    ClipboardFlow m_clipboard{*this, m_savedState};
+    AttributeMenu m_menu{m_form, m_clipboard, m_trap,
+                         [this](const TouchedRow& row) { return ControlsOf(row); }};
     PendingEdit m_pending;
     int m_batchDepth = 0;
 };

@@ -6,6 +6,8 @@
 #include <CorvexMaterial/NumberText.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <sstream>
 #include <utility>
 
@@ -27,6 +29,17 @@ constexpr const char* kNoNumber = "-";
 std::string KeyOfElement(std::string_view stem, std::size_t index)
 {
     return std::string(stem) + std::to_string(index);
+}
+
+/// NaN for what is no number.
+std::vector<float> NumbersIn(const std::string& line)
+{
+    std::istringstream stored(line);
+    std::vector<float> numbers;
+    for (std::string text; stored >> text;) {
+        numbers.push_back(SingleFromText(text).value_or(std::numeric_limits<float>::quiet_NaN()));
+    }
+    return numbers;
 }
 
 }  // namespace
@@ -111,6 +124,30 @@ TouchedRows SavedState::RowsOfUserDefaults()
     return RowsOf(SavedStateOrders::kUserResetOrder);
 }
 
+std::optional<EditedValue> SavedState::Remembered(const TouchedRow& row, const std::string& plugin)
+{
+    const auto& order = SavedStateOrders::kUserResetOrder;
+    if (std::ranges::find(order, row.attribute) == order.end()) {
+        return std::nullopt;
+    }
+    if (row.attribute == Attribute::PluginParameters) {
+        const auto line = plugin.empty() ? std::nullopt : Read(plugin, kPluginDefaultsSection);
+        return line ? std::optional<EditedValue>(NumbersIn(*line)) : std::nullopt;
+    }
+    const std::string_view key = RowOf(row.attribute).userKey;
+    if (row.attribute == Attribute::CustomFields) {
+        return Read(KeyOfElement(key, row.element));
+    }
+    const auto text = Read(key);
+    CorvexDB::udtMaterial record;
+    const bool isKnown =
+        text &&
+        SetText(
+            record, row.attribute,
+            CanonicalText(row.attribute, *text).value_or(std::string(FactoryText(row.attribute))));
+    return isKnown ? std::optional(ValueOf(row.attribute, 0, record)) : std::nullopt;
+}
+
 void SavedState::ResetToFactory(AttributeTarget& target)
 {
     for (const AttributeRow& row : AttributeRows()) {
@@ -163,14 +200,12 @@ std::vector<std::string> SavedState::UserPluginParameters(AttributeTarget& targe
     if (plugin.empty()) {
         return texts;
     }
-    std::istringstream stored(Read(plugin, kPluginDefaultsSection).value_or(""));
-    std::string text;
-    for (std::size_t i = 0; stored >> text; ++i) {
-        const auto value = SingleFromText(text);
+    const auto stored = NumbersIn(Read(plugin, kPluginDefaultsSection).value_or(""));
+    for (std::size_t i = 0; i < stored.size(); ++i) {
         if (i == texts.size()) {
             texts.emplace_back();  // of a plug-in that is missing nobody knows how many it has
         }
-        texts[i] = value ? TextOfSingle(*value) : texts[i];
+        texts[i] = std::isfinite(stored[i]) ? TextOfSingle(stored[i]) : texts[i];
     }
     return texts;
 }

@@ -69,6 +69,10 @@ public:
     /// of the store the panel shows what it showed.
     void ResetToUser(AttributeTarget& target);
     [[nodiscard]] static TouchedRows RowsOfUserDefaults();
+    /// Of one row, the parameters being those of this plug-in. Nothing where none was written, and
+    /// for what `ResetToUser` leaves alone.
+    [[nodiscard]] std::optional<EditedValue> Remembered(const TouchedRow& row,
+                                                        const std::string& plugin);
     /// Shows the factory value of every attribute but the two libraries; the store is not asked.
     void ResetToFactory(AttributeTarget& target);
 

@@ -98,6 +98,16 @@ void ChannelPanel::SetCurrentTab(int tab)
     m_ui->tabChannels->setCurrentIndex(tab - 1);
 }
 
+TouchedRows ChannelPanel::RowsOfTabAt(QPoint global) const
+{
+    const int index = m_ui->tabChannels->tabAt(m_ui->tabChannels->mapFromGlobal(global));
+    const int tab = index < 0 ? CurrentTab() : index + 1;
+    if (tab >= kTextureLayers.front().tab && tab <= kTextureLayers.back().tab) {
+        return {{FileOf(LayerOfTab(tab))}};
+    }
+    return RowsOf(kChannelTabs[static_cast<std::size_t>(tab - 1)].group);
+}
+
 void ChannelPanel::OnTabChanged()
 {
     const int tab = CurrentTab();

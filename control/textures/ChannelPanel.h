@@ -37,6 +37,9 @@ public:
     /// The same as the user's click on the tab, warnings included.
     void SetCurrentTab(int tab);
 
+    /// What a tab stands for, or the page of the current one where no tab is.
+    [[nodiscard]] TouchedRows RowsOfTabAt(QPoint global) const;
+
     /// The widgets of the texture layers, which are the storage of their attributes.
     TexturePage& Textures() { return *m_textures; }
 

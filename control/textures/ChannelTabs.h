@@ -26,31 +26,32 @@ struct ChannelTabRow {
     ChannelTab tab;
     const char* title;
     ChannelSign sign;
+    AttributeGroup group;         ///< what of the material it is about
     bool titleAbovePage = false;  ///< of a page that has no heading of its own
 };
 
 inline constexpr std::array kChannelTabs{
     ChannelTabRow{ChannelTab::Surface, QT_TRANSLATE_NOOP("ChannelPanel", "Surface"),
-                  ChannelSign::Surface},
+                  ChannelSign::Surface, AttributeGroup::Surface},
     ChannelTabRow{ChannelTab::Primary, QT_TRANSLATE_NOOP("ChannelPanel", "Primary Texture"),
-                  ChannelSign::Primary},
+                  ChannelSign::Primary, AttributeGroup::Textures},
     ChannelTabRow{ChannelTab::Overlay, QT_TRANSLATE_NOOP("ChannelPanel", "Overlay Texture"),
-                  ChannelSign::Overlay},
+                  ChannelSign::Overlay, AttributeGroup::Textures},
     ChannelTabRow{ChannelTab::Alpha, QT_TRANSLATE_NOOP("ChannelPanel", "Alpha (Translucency) Map"),
-                  ChannelSign::Alpha},
+                  ChannelSign::Alpha, AttributeGroup::Textures},
     ChannelTabRow{ChannelTab::Bump, QT_TRANSLATE_NOOP("ChannelPanel", "Bump Map"),
-                  ChannelSign::Bump},
+                  ChannelSign::Bump, AttributeGroup::Textures},
     ChannelTabRow{ChannelTab::Specular, QT_TRANSLATE_NOOP("ChannelPanel", "Specular Map"),
-                  ChannelSign::Specular},
+                  ChannelSign::Specular, AttributeGroup::Textures},
     ChannelTabRow{ChannelTab::Environment, QT_TRANSLATE_NOOP("ChannelPanel", "Environment Map"),
-                  ChannelSign::Environment},
+                  ChannelSign::Environment, AttributeGroup::Textures},
     ChannelTabRow{ChannelTab::CustomFields,
                   QT_TRANSLATE_NOOP("ChannelPanel", "Custom Material Fields"),
-                  ChannelSign::CustomFields, true},
+                  ChannelSign::CustomFields, AttributeGroup::CustomFields, true},
     ChannelTabRow{ChannelTab::Advanced, QT_TRANSLATE_NOOP("ChannelPanel", "Advanced Options"),
-                  ChannelSign::Advanced},
+                  ChannelSign::Advanced, AttributeGroup::Blending},
     ChannelTabRow{ChannelTab::Plugin, QT_TRANSLATE_NOOP("ChannelPanel", "Plug-in Material"),
-                  ChannelSign::Plugin, true}};
+                  ChannelSign::Plugin, AttributeGroup::Plugin, true}};
 
 consteval bool TabsFollowEnumAndLayers()
 {

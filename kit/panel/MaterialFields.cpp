@@ -3,15 +3,37 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <optional>
 
 namespace studio {
 namespace {
 
 using CorvexMaterial::Attribute;
+using CorvexMaterial::AttributeGroup;
 using CorvexMaterial::AttributeRow;
 using CorvexMaterial::AttributeRows;
 
 constexpr const char* kContext = "Attribute";
+
+/// What belongs to the choice of a texture, and comes along with it.
+bool IsOfTextures(Attribute attribute)
+{
+    const AttributeGroup group = RowOf(attribute).group;
+    return group == AttributeGroup::Textures || group == AttributeGroup::Placement ||
+           attribute == Attribute::TilesPerUnit;
+}
+
+/// The group of all of them; nothing where they are of several.
+std::optional<AttributeGroup> CommonGroup(const FieldSet& fields)
+{
+    const AttributeGroup first = RowOf(*fields.begin()).group;
+    const auto isOfFirst = [first](Attribute field) { return RowOf(field).group == first; };
+    if (std::ranges::all_of(fields, isOfFirst)) {
+        return first;
+    }
+    return std::ranges::all_of(fields, IsOfTextures) ? std::optional(AttributeGroup::Textures)
+                                                     : std::nullopt;
+}
 
 /// The first of those that change together.
 Attribute StandsFor(const AttributeRow& row)
@@ -55,12 +77,12 @@ FieldSet Differences(const CorvexDB::udtMaterial& one, const CorvexDB::udtMateri
 
 QString NameOf(const FieldSet& fields)
 {
-    if (fields.size() != 1) {
+    const auto group = fields.empty() ? std::nullopt : CommonGroup(fields);
+    if (!group) {
         return QCoreApplication::translate(kContext, "material");
     }
-    const AttributeRow& row = RowOf(*fields.begin());
-    const char* const group = LabelOf(row.group);
-    return Uncapitalised(group != nullptr ? group : row.label);
+    const bool isOne = fields.size() == 1 && LabelOf(*group) == nullptr;
+    return Uncapitalised(isOne ? RowOf(*fields.begin()).label : TitleOf(*group));
 }
 
 }  // namespace studio

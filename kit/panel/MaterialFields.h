@@ -16,8 +16,8 @@ using FieldSet = std::set<CorvexMaterial::Attribute>;
 [[nodiscard]] FieldSet Differences(const CorvexDB::udtMaterial& one,
                                    const CorvexDB::udtMaterial& other);
 
-/// What a person calls the change of these: the attribute's name when it is one, "material" when
-/// there are several.
+/// What a person calls the change of these: the attribute's name when it is one, that of their
+/// group when they are of one, else "material".
 [[nodiscard]] QString NameOf(const FieldSet& fields);
 
 }  // namespace studio

@@ -21,13 +21,18 @@ constexpr bool MakesCoordinates(CorvexMaterial::Touches touches)
     return touches == CorvexMaterial::Touches::Coordinates;
 }
 
-/// A wrap that was chosen by itself; one that came with a whole material leaves coordinates alone
-/// that it would not change.
+/// A wrap that was chosen by itself; one that came with a whole material or a texture leaves
+/// coordinates alone that it would not change.
 bool WrapsAnew(const MaterialEdit& edit)
 {
-    return !edit.isWhole && std::ranges::any_of(edit.rows, [](const auto& row) {
-        return MakesCoordinates(CorvexMaterial::RowOf(row.attribute).touches);
-    });
+    const auto isTexture = [](const auto& row) {
+        return CorvexMaterial::RowOf(row.attribute).group ==
+               CorvexMaterial::AttributeGroup::Textures;
+    };
+    return !edit.isWhole && std::ranges::none_of(edit.rows, isTexture) &&
+           std::ranges::any_of(edit.rows, [](const auto& row) {
+               return MakesCoordinates(CorvexMaterial::RowOf(row.attribute).touches);
+           });
 }
 
 std::shared_ptr<const CorvexSG::GatheredMaterial> WithRows(const CorvexSG::GatheredMaterial& before,
@@ -101,7 +106,7 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
     std::vector<ShapeChange> changes = edit.isWhole || shapes.size() == 1
                                            ? AppliedWhole(coordinates)
                                            : WithTouchedRows(shapes, edit);
-    Name(changes, edit.isWhole ? entry : std::string());
+    Name(changes, !edit.isWhole ? std::string() : edit.name.empty() ? entry : edit.name);
     for (const ShapeChange& change : changes) {
         change.shape->SetApplied(change.after);
     }
@@ -269,6 +274,9 @@ void MaterialLink::ShowDifferences()
     if (status != Status::Success) {
         Q_EMIT Failed(tr("The differences of the shapes cannot be shown"), status);
     }
+    const auto latest = m_parts.selection.Latest();
+    const auto identity = latest != nullptr ? latest->Applied().identity : nullptr;
+    m_parts.material.SetMaterialName(identity != nullptr ? identity->name : std::string());
     Q_EMIT Affects(shapes.size(), MaterialsOf(shapes));
 }
 

@@ -105,6 +105,20 @@ public:
     /// `CopyFieldToFormMaterial`. What no control shows is left out.
     Status ShowDifferences(const std::vector<DifferingRow>& rows);
 
+    /// Puts what the panel shows on the clipboard, for this panel or that of another program: these
+    /// attributes, the whole material where there are none. Other programs get it as JSON text, a
+    /// single value as text.
+    Status CopyMaterial(const std::vector<Attribute>& attributes = {});
+    /// Takes what of a material is on the clipboard as one edit of the user; where that is nothing,
+    /// `DisplayMiscInformation` says why. The context menus of the panel do the same for every
+    /// field and group.
+    Status PasteMaterial();
+    /// What `PasteMaterial` would change, for a menu: "Material", "Surface"; empty for nothing.
+    [[nodiscard]] QString PastedTitle();
+    /// What the host calls the material that the panel shows, empty for nothing; a copy of the
+    /// whole takes it along (`MaterialEdit::name`).
+    Status SetMaterialName(const std::string& name);
+
 public Q_SLOTS:
     /// For a host that is about to select other shapes, or to change those that are selected:
     /// ends a dialog that is open beside the panel, as its OK does where something was tried in it,

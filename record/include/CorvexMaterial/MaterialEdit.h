@@ -34,6 +34,9 @@ struct MaterialEdit {
     /// Another material was put in the place of the old one, from a library or from the defaults,
     /// and these are all the rows that it brings.
     bool isWhole = false;
+    /// What that material was called where it was copied (`Material::SetMaterialName`); empty for
+    /// none.
+    std::string name = {};
 };
 
 /// Where the shapes differ that the next edit goes to.

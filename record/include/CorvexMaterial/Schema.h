@@ -96,6 +96,8 @@ inline constexpr std::array kTextureFiles{
 {
     return touches != Touches::Raytracer && touches != Touches::Nothing;
 }
+/// For a person, English.
+[[nodiscard]] const char* TitleOf(AttributeGroup group);
 /// What a person calls the group where a change of one member is a change of all; else null.
 [[nodiscard]] const char* LabelOf(AttributeGroup group);
 /// Whether the records differ in an attribute whose change touches such.
