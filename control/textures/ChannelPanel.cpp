@@ -39,6 +39,7 @@ void ChannelPanel::AddTabs()
     m_ui->tabChannels->setIconSize({18, 18});
     m_ui->tabChannels->setProperty(kUsableMeanwhileProperty, true);
     m_ui->tabChannels->SetFileTabs(kTextureLayers.front().tab, kTextureLayers.back().tab);
+    m_ui->tabChannels->SetLayerPanel(*m_textures);
 }
 
 void ChannelPanel::ConnectTabs()
@@ -52,6 +53,20 @@ void ChannelPanel::ConnectTabs()
             m_commands->TakeFile(file);
         },
         Qt::QueuedConnection);
+    connect(m_ui->tabChannels, &ChannelTabBar::LayerDragged, this,
+            [this](int tab) { m_textures->DragLayerFrom(LayerOfTab(tab), *m_ui->tabChannels); });
+    const auto take = [this](TextureLayer from, TextureLayer to, Transfer transfer) {
+        SetCurrentTab(RowOf(to).tab);
+        m_trap("tabChannels", [&] { m_commands->Take(from, to, transfer); });
+    };
+    // Queued: the drag's source waits for the end of the drop.
+    connect(
+        m_ui->tabChannels, &ChannelTabBar::LayerDropped, this,
+        [take](int tab, TextureLayer from, Transfer transfer) {
+            take(from, LayerOfTab(tab), transfer);
+        },
+        Qt::QueuedConnection);
+    connect(m_textures, &TexturePage::LayerDropped, this, take, Qt::QueuedConnection);
 }
 
 void ChannelPanel::ConnectTextures()

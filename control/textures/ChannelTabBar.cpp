@@ -2,8 +2,12 @@
 
 #include "DroppedFile.h"
 
+#include <QApplication>
+#include <QMouseEvent>
 #include <QStyleOptionTab>
 #include <QStylePainter>
+
+#include <utility>
 
 namespace CorvexMaterial {
 
@@ -82,6 +86,11 @@ void ChannelTabBar::PaintTab(QStylePainter& painter, int index) const
                                          QPalette::Highlight));
         painter.drawEllipse(QPointF(area.right() + 1, area.top()), kMarkRadius, kMarkRadius);
     }
+    if (index + 1 == m_dropTab) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2.0));
+        painter.drawRect(QRectF(option.rect).adjusted(1, 1, -1, -1));
+    }
     if (hasFocus() && index == currentIndex()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
@@ -101,10 +110,49 @@ void ChannelTabBar::wheelEvent(QWheelEvent* event)
     event->ignore();
 }
 
+void ChannelTabBar::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->pos();
+    QTabBar::mousePressEvent(event);
+}
+
+void ChannelTabBar::mouseMoveEvent(QMouseEvent* event)
+{
+    const int index = tabAt(m_pressed);
+    const bool isDrag =
+        event->buttons() == Qt::LeftButton &&
+        (event->pos() - m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    if (isDrag && TakesFiles(index + 1) && tabData(index).toBool()) {
+        m_pressed = {-1, -1};
+        Q_EMIT LayerDragged(index + 1);
+        // The drop has taken the release.
+        QMouseEvent release(QEvent::MouseButtonRelease, event->position(), event->globalPosition(),
+                            Qt::LeftButton, Qt::NoButton, event->modifiers());
+        QTabBar::mouseReleaseEvent(&release);
+    } else {
+        QTabBar::mouseMoveEvent(event);
+    }
+}
+
+std::optional<TextureLayer> ChannelTabBar::LayerFor(int tab, const QDropEvent& event) const
+{
+    const auto layer = m_panel != nullptr ? DraggedLayer(event, *m_panel) : std::nullopt;
+    return layer && RowOf(*layer).tab != tab ? layer : std::nullopt;
+}
+
+void ChannelTabBar::ShowDropOn(int tab)
+{
+    if (std::exchange(m_dropTab, tab) != tab) {
+        update();
+    }
+}
+
 void ChannelTabBar::dragEnterEvent(QDragEnterEvent* event)
 {
     // Without the entry there are no moves, and only they tell the tab.
-    if (DroppedFile(*event).isEmpty()) {
+    if (LayerFor(0, *event)) {
+        AcceptLayer(*event);
+    } else if (DroppedFile(*event).isEmpty()) {
         event->ignore();
     } else {
         event->acceptProposedAction();
@@ -113,24 +161,37 @@ void ChannelTabBar::dragEnterEvent(QDragEnterEvent* event)
 
 void ChannelTabBar::dragMoveEvent(QDragMoveEvent* event)
 {
-    const QRect rect = tabRect(tabAt(event->position().toPoint()));
-    if (TakesFiles(tabAt(event->position().toPoint()) + 1) && !DroppedFile(*event).isEmpty()) {
+    const int tab = tabAt(event->position().toPoint()) + 1;
+    const bool takesLayer = TakesFiles(tab) && LayerFor(tab, *event);
+    const bool takesFile = TakesFiles(tab) && !DroppedFile(*event).isEmpty();
+    ShowDropOn(takesLayer || takesFile ? tab : 0);
+    if (takesLayer) {
+        AcceptLayer(*event);
+    } else if (takesFile) {
         event->acceptProposedAction();
     } else {
-        event->ignore(rect);
+        event->ignore(tabRect(tab - 1));
     }
+}
+
+void ChannelTabBar::dragLeaveEvent(QDragLeaveEvent* /*event*/)
+{
+    ShowDropOn(0);
 }
 
 void ChannelTabBar::dropEvent(QDropEvent* event)
 {
+    ShowDropOn(0);
     const int tab = tabAt(event->position().toPoint()) + 1;
     const QString file = DroppedFile(*event);
-    if (!TakesFiles(tab) || file.isEmpty()) {
+    if (const auto layer = LayerFor(tab, *event); layer && TakesFiles(tab)) {
+        Q_EMIT LayerDropped(tab, *layer, AcceptLayer(*event));
+    } else if (TakesFiles(tab) && !file.isEmpty()) {
+        event->acceptProposedAction();
+        Q_EMIT FileDropped(tab, file);
+    } else {
         event->ignore();
-        return;
     }
-    event->acceptProposedAction();
-    Q_EMIT FileDropped(tab, file);
 }
 
 }  // namespace CorvexMaterial

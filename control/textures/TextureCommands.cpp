@@ -13,6 +13,7 @@
 #include <CorvexMaterial/SettingsNames.h>
 
 #include <algorithm>
+#include <iterator>
 
 namespace CorvexMaterial {
 
@@ -64,8 +65,27 @@ std::optional<TextureLayer> TextureCommands::CurrentLayer() const
 
 void TextureCommands::Assign(TextureLayer layer, const std::string& file)
 {
+    TouchedRows touched{{FileOf(layer)}};
+    if (m_page.BeginsAnew(layer, file)) {
+        std::ranges::copy(m_page.ForgetPlacement(), std::back_inserter(touched));
+    }
     m_page.SetFile(layer, file);
-    Q_EMIT Edited({{FileOf(layer)}});
+    Q_EMIT Edited(touched);
+}
+
+void TextureCommands::Take(TextureLayer from, TextureLayer to, Transfer transfer)
+{
+    const std::string file = m_page.File(from);
+    const bool mayLeave = transfer == Transfer::Copy || m_page.IsEnabled(from);
+    if (from == to || file.empty() || !mayLeave || !m_page.IsEnabled(to)) {
+        return;
+    }
+    TouchedRows touched{{FileOf(to)}};
+    m_page.SetFile(to, file);
+    if (transfer == Transfer::Move) {
+        std::ranges::copy(Clear(from), std::back_inserter(touched));
+    }
+    Q_EMIT Edited(touched);
 }
 
 void TextureCommands::SelectFile()
@@ -176,17 +196,20 @@ void TextureCommands::TakeCrop(const frmOptionsTexture& dialog)
 
 void TextureCommands::Delete()
 {
-    const auto layer = CurrentLayer();
-    if (!layer) {
-        return;
+    if (const auto layer = CurrentLayer()) {
+        Q_EMIT Edited(Clear(*layer));
     }
-    TouchedRows touched{{FileOf(*layer)}};
-    m_page.SetFile(*layer, {});
+}
+
+TouchedRows TextureCommands::Clear(TextureLayer layer)
+{
+    TouchedRows touched{{FileOf(layer)}};
+    m_page.SetFile(layer, {});
     if (layer == TextureLayer::Overlay) {
         m_page.SetOverlayTranslucencyText(std::string(FactoryText(Attribute::OverlayTranslucency)));
         touched.push_back({Attribute::OverlayTranslucency});
     }
-    Q_EMIT Edited(touched);
+    return touched;
 }
 
 void TextureCommands::EditFlatWrap()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChannelServices.h"
+#include "LayerDrag.h"
 #include "TouchedRows.h"
 #include <CorvexMaterial/TextureLayers.h>
 
@@ -30,7 +31,11 @@ public:
 
     /// A file from outside, checked like one from the file dialog; for the current tab's layer.
     void TakeFile(const QString& file);
+    /// What the user has chosen. Crop and tiling do not stick to another texture: they go with the
+    /// old one, in the same edit.
     void Assign(TextureLayer layer, const std::string& file);
+    /// Takes the place of what the other layer has.
+    void Take(TextureLayer from, TextureLayer to, Transfer transfer);
     /// The texture library in a dialog, for the current tab; needs no layer of its own.
     void OpenLibrary();
 
@@ -47,6 +52,7 @@ private:
     void Crop();
     void TakeCrop(const frmOptionsTexture& dialog);
     void Delete();
+    [[nodiscard]] TouchedRows Clear(TextureLayer layer);
     void EditFlatWrap();
     void TakeFlatWrap(const frmOptionsFlatWrap& dialog);
     [[nodiscard]] QWidget* Window() const;

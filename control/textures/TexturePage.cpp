@@ -12,6 +12,8 @@
 #include <QButtonGroup>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace CorvexMaterial {
 
 namespace {
@@ -47,6 +49,7 @@ TexturePage::TexturePage(QWidget* parent)
     m_ui->txtTexture2Translucency->setText(
         QString::fromUtf8(FactoryText(Attribute::OverlayTranslucency)));
     TellOtherNames(*m_ui->txtTexture2Translucency, Attribute::OverlayTranslucency);
+    m_ui->lblWrapType->setBuddy(m_ui->optWrapType_0);
     TellOtherNames(*m_ui->lblWrapType, Attribute::WrapType);
     TellOtherNames(*m_ui->cmdFlatWrapOptions, Attribute::FlatWrapType);
     TellOtherNames(*m_ui->chkFlipU, Attribute::WrapOrientationU);
@@ -63,7 +66,7 @@ TexturePage::~TexturePage() = default;
 void TexturePage::AddThumbnails()
 {
     for (const TextureLayerRow& row : kTextureLayers) {
-        auto* thumbnail = new TextureThumbnail(*m_cache, this);
+        auto* thumbnail = new TextureThumbnail(*m_cache, row.layer, this);
         thumbnail->setObjectName(QStringLiteral("imgTexture_%1").arg(row.image));
         thumbnail->setAccessibleName(tr(kLayerTitles[static_cast<std::size_t>(row.layer)]));
         m_thumbnails[static_cast<std::size_t>(row.layer)] = thumbnail;
@@ -71,6 +74,10 @@ void TexturePage::AddThumbnails()
         setTabOrder(this, thumbnail);
         connect(thumbnail, &QAbstractButton::clicked, this, &TexturePage::SelectPressed);
         connect(thumbnail, &TextureThumbnail::FileDropped, this, &TexturePage::FileDropped);
+        connect(thumbnail, &TextureThumbnail::LayerDropped, this,
+                [this, to = row.layer](TextureLayer from, Transfer transfer) {
+                    Q_EMIT LayerDropped(from, to, transfer);
+                });
     }
 }
 
@@ -165,6 +172,38 @@ CorvexDB::TextureFiles TexturePage::Files() const
         files.*row.file = File(row.layer);
     }
     return files;
+}
+
+void TexturePage::SetPlacement(const CorvexDB::TexturePlacement& placement)
+{
+    m_placement = placement;
+    for (const TextureLayerRow& row : kTextureLayers) {
+        if (row.layer != TextureLayer::Environment) {  // which surrounds the scene
+            Thumbnail(row.layer).SetCrop(placement);
+        }
+    }
+}
+
+bool TexturePage::BeginsAnew(TextureLayer layer, const std::string& file) const
+{
+    const bool isAlone = std::ranges::all_of(kTextureLayers, [&](const TextureLayerRow& row) {
+        return row.layer == layer || File(row.layer).empty();
+    });
+    return file != File(layer) && (layer == TextureLayer::Primary || isAlone);
+}
+
+TouchedRows TexturePage::ForgetPlacement()
+{
+    TouchedRows touched;
+    if (!(m_placement == CorvexDB::TexturePlacement()) || DifferenceMark::IsOn(*m_ui->cmdTexture)) {
+        SetPlacement({});
+        touched.push_back({Attribute::OriginU});  // and with it the other three
+    }
+    if (m_tilesPerUnit != 1.0F && Wrap() == CorvexDB::WrapType::Flat) {
+        m_tilesPerUnit = 1.0F;
+        touched.push_back({Attribute::TilesPerUnit});
+    }
+    return touched;
 }
 
 CorvexDB::WrapType TexturePage::Wrap() const
@@ -325,6 +364,18 @@ void TexturePage::RefreshThumbnail()
     if (m_shown) {
         Thumbnail(*m_shown).Refresh();
         ShowFileName();
+    }
+}
+
+bool TexturePage::IsEnabled(TextureLayer layer) const
+{
+    return Thumbnail(layer).isEnabled();
+}
+
+void TexturePage::DragLayerFrom(TextureLayer layer, QWidget& widget)
+{
+    if (IsEnabled(layer)) {
+        Thumbnail(layer).DragFrom(widget);
     }
 }
 

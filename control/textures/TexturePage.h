@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LayerDrag.h"
 #include "TouchedRows.h"
 #include <CorvexMaterial/MaterialRecord.h>
 #include <CorvexMaterial/TextureLayers.h>
@@ -44,7 +45,12 @@ public:
     [[nodiscard]] float TilesPerUnit() const { return m_tilesPerUnit; }
     void SetTilesPerUnit(float tiles) { m_tilesPerUnit = tiles; }
     [[nodiscard]] const CorvexDB::TexturePlacement& Placement() const { return m_placement; }
-    void SetPlacement(const CorvexDB::TexturePlacement& placement) { m_placement = placement; }
+    void SetPlacement(const CorvexDB::TexturePlacement& placement);
+    /// A new file of the layer would take its place on the shape anew: crop and tiling, which all
+    /// layers share, were made for another primary texture, or for one that nobody sees any more.
+    [[nodiscard]] bool BeginsAnew(TextureLayer layer, const std::string& file) const;
+    /// Back to the whole image, once per unit. Gives what was otherwise.
+    [[nodiscard]] TouchedRows ForgetPlacement();
 
     /// Position 0 to 4 in `cboTextureAlphaChannelUse`.
     [[nodiscard]] int AlphaChannelUse() const;
@@ -74,6 +80,10 @@ public:
     void RefreshThumbnail();
     /// Reads every thumbnail anew.
     void RebuildThumbnails();
+    /// Whether the layer may get another file.
+    [[nodiscard]] bool IsEnabled(TextureLayer layer) const;
+    /// Lets the layer be dragged from the widget.
+    void DragLayerFrom(TextureLayer layer, QWidget& widget);
     /// The thumbnails and the buttons that choose and delete.
     void SetLayersEnabled(bool enabled);
     /// The same for the primary layer alone.
@@ -88,6 +98,9 @@ Q_SIGNALS:
     void DeletePressed();
     void FlatWrapOptionsWanted();
     void FileDropped(const QString& file);
+    /// On the thumbnail of another layer.
+    void LayerDropped(CorvexMaterial::TextureLayer from, CorvexMaterial::TextureLayer to,
+                      CorvexMaterial::Transfer transfer);
 
 private:
     void AddThumbnails();

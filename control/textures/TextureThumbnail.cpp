@@ -5,8 +5,11 @@
 #include <CorvexMaterial/LegibleColours.h>
 #include <CorvexMaterial/PlainText.h>
 
+#include <QApplication>
 #include <QFontInfo>
+#include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 namespace CorvexMaterial {
 
@@ -29,8 +32,8 @@ QString Hint(ThumbnailState state)
 
 }  // namespace
 
-TextureThumbnail::TextureThumbnail(ThumbnailCache& cache, QWidget* parent)
-    : QAbstractButton(parent), m_cache(cache)
+TextureThumbnail::TextureThumbnail(ThumbnailCache& cache, TextureLayer layer, QWidget* parent)
+    : QAbstractButton(parent), m_cache(cache), m_layer(layer)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
@@ -47,8 +50,24 @@ QSize TextureThumbnail::sizeHint() const
 void TextureThumbnail::SetFile(const std::string& file)
 {
     m_file = file;
-    setToolTip(file.empty() ? tr("Choose an image file") : PlainTip(QString::fromStdString(file)));
+    ShowTip();
     Refresh();
+}
+
+void TextureThumbnail::SetCrop(const CorvexDB::TexturePlacement& crop)
+{
+    m_crop = crop;
+    ShowTip();
+    update();
+}
+
+void TextureThumbnail::ShowTip()
+{
+    const bool isCropped = !(m_crop == CorvexDB::TexturePlacement());
+    const QString file = QString::fromStdString(m_file);
+    setToolTip(file.isEmpty() ? tr("Choose an image file")
+               : isCropped    ? PlainTip(tr("%1\nCropped: what is pale is not used").arg(file))
+                              : PlainTip(file));
 }
 
 void TextureThumbnail::Refresh()
@@ -97,6 +116,30 @@ void TextureThumbnail::PaintPicture(QPainter& painter, const QPixmap& picture) c
     painter.setOpacity(isEnabled() ? 1.0 : 0.4);
     painter.drawPixmap(area, picture);
     painter.setOpacity(1.0);
+    PaintCrop(painter, area);
+}
+
+void TextureThumbnail::PaintCrop(QPainter& painter, const QRectF& area) const
+{
+    const QSizeF size = area.size();
+    const QRectF crop = QRectF(area.x() + static_cast<qreal>(m_crop.originU) * size.width(),
+                               area.y() + static_cast<qreal>(m_crop.originV) * size.height(),
+                               static_cast<qreal>(m_crop.scaleU) * size.width(),
+                               static_cast<qreal>(m_crop.scaleV) * size.height())
+                            .normalized()
+                            .intersected(area);
+    if (crop == area) {
+        return;
+    }
+    QColor pale = palette().color(QPalette::Window);
+    pale.setAlphaF(0.75F);
+    QPainterPath outside;
+    outside.addRect(area);
+    outside.addRect(crop);
+    painter.fillPath(outside, pale);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(crop);
 }
 
 void TextureThumbnail::PaintNothing(QPainter& painter, ThumbnailState state) const
@@ -115,14 +158,56 @@ void TextureThumbnail::SetDropTarget(bool target)
     update();
 }
 
+void TextureThumbnail::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->pos();
+    QAbstractButton::mousePressEvent(event);
+}
+
+void TextureThumbnail::mouseMoveEvent(QMouseEvent* event)
+{
+    const bool isDrag = isDown() && (event->pos() - m_pressed).manhattanLength() >=
+                                        QApplication::startDragDistance();
+    if (isDrag && !m_file.empty()) {
+        setDown(false);  // no click comes after a drag
+        DragFrom(*this);
+    } else {
+        QAbstractButton::mouseMoveEvent(event);
+    }
+}
+
+void TextureThumbnail::DragFrom(QWidget& widget)
+{
+    DragLayer(widget, *parentWidget(), m_layer, Shown().picture);
+}
+
+std::optional<TextureLayer> TextureThumbnail::OtherLayer(const QDropEvent& event) const
+{
+    const auto layer = DraggedLayer(event, *parentWidget());
+    return layer == m_layer ? std::nullopt : layer;
+}
+
 void TextureThumbnail::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (DroppedFile(*event).isEmpty()) {
+    if (OtherLayer(*event)) {
+        AcceptLayer(*event);
+    } else if (DroppedFile(*event).isEmpty()) {
         event->ignore();
         return;
+    } else {
+        event->acceptProposedAction();
     }
-    event->acceptProposedAction();
     SetDropTarget(true);
+}
+
+// Alt and Ctrl may be pressed on the way.
+void TextureThumbnail::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (OtherLayer(*event)) {
+        AcceptLayer(*event);
+    } else {
+        event->acceptProposedAction();
+    }
 }
 
 void TextureThumbnail::dragLeaveEvent(QDragLeaveEvent* /*event*/)
@@ -133,6 +218,10 @@ void TextureThumbnail::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 void TextureThumbnail::dropEvent(QDropEvent* event)
 {
     SetDropTarget(false);
+    if (const auto layer = OtherLayer(*event)) {
+        Q_EMIT LayerDropped(*layer, AcceptLayer(*event));
+        return;
+    }
     const QString file = DroppedFile(*event);
     if (file.isEmpty()) {
         event->ignore();

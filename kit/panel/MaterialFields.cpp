@@ -15,12 +15,14 @@ using CorvexMaterial::AttributeRows;
 
 constexpr const char* kContext = "Attribute";
 
-/// What belongs to the choice of a texture, and comes along with it.
+/// What comes along with the choice of a texture.
 bool IsOfTextures(Attribute attribute)
 {
-    const AttributeGroup group = RowOf(attribute).group;
-    return group == AttributeGroup::Textures || group == AttributeGroup::Placement ||
-           attribute == Attribute::TilesPerUnit;
+    const AttributeRow& row = RowOf(attribute);
+    const bool isOfLayer =
+        row.group == AttributeGroup::Blending && row.touches == CorvexMaterial::Touches::Texture;
+    return isOfLayer || row.group == AttributeGroup::Textures ||
+           row.group == AttributeGroup::Placement || attribute == Attribute::TilesPerUnit;
 }
 
 /// The group of all of them; nothing where they are of several.

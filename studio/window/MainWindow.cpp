@@ -9,6 +9,7 @@
 #include "HistoryMenu.h"
 #include "HostViewport.h"
 #include "LargePreview.h"
+#include "MaterialCopying.h"
 #include "MaterialExchange.h"
 #include "MaterialNaming.h"
 #include "ModelFiles.h"
@@ -82,6 +83,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_outliner(std::make_unique<OutlinerDock>(
           OutlinerDock::Parts{host.Settings(), *m_messages, *m_scene, *m_hiding, m_panel->Link(),
                               *m_naming, m_history, *this})),
+      m_copying(std::make_unique<MaterialCopying>(
+          MaterialCopying::Parts{*m_messages, *m_scene, m_panel->Panel(), m_panel->Link()})),
       m_options(std::make_unique<OptionsEditing>(OptionsEditing::Parts{
           host, platform.processes, platform.choosers, *m_messages, *m_scene, *m_panel, *this}))
 {
@@ -143,6 +146,8 @@ void MainWindow::BuildMenus()
 
     QMenu* edit = menuBar()->addMenu(tr("&Edit"));
     AddHistory(*edit, m_history, HistoryKeys::Standard);
+    edit->addSeparator();
+    m_copying->AddTo(*edit);
     edit->addSeparator();
     m_scene->AddSelectionTo(*edit);
     m_shapes->AddTo(*edit);

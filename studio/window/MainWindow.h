@@ -17,6 +17,7 @@ class FileWork;
 class HelpDesk;
 class Hints;
 class LargePreview;
+class MaterialCopying;
 class MaterialExchange;
 class MaterialNaming;
 class OpenDocument;
@@ -125,6 +126,7 @@ private:
     std::unique_ptr<TextureFinder> m_textures;
     std::unique_ptr<MaterialNaming> m_naming;
     std::unique_ptr<OutlinerDock> m_outliner;
+    std::unique_ptr<MaterialCopying> m_copying;
     std::unique_ptr<OptionsEditing> m_options;
     HelpDesk* m_help = nullptr;
     Hints* m_hints = nullptr;
