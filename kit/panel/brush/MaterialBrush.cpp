@@ -36,7 +36,7 @@ QCursor BrushCursor(CorvexMaterial::Colour colour)
     painter.drawEllipse(middle, 10.5, 10.5);
     painter.setPen(QPen(Qt::black, 1.0));
     painter.drawEllipse(middle, 12.0, 12.0);
-    return {picture, kCursorMiddle, kCursorMiddle};
+    return QCursor(picture, kCursorMiddle, kCursorMiddle);
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ void MaterialBrush::Pick()
     Start(Mode::Pick);
 }
 
-void MaterialBrush::Paint(const AppliedMaterial& material)
+void MaterialBrush::Brush(const AppliedMaterial& material)
 {
     m_material = material;
     Start(Mode::Paint);

@@ -32,7 +32,7 @@ public:
 
     [[nodiscard]] Mode Now() const { return m_mode; }
     void Pick();
-    void Paint(const AppliedMaterial& material);
+    void Brush(const AppliedMaterial& material);
     void Stop();
 
     bool MousePress(const QMouseEvent& event) override;

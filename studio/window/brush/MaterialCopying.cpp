@@ -68,9 +68,9 @@ void MaterialCopying::AddToolsTo(QMenu& menu)
 void MaterialCopying::StartPainting()
 {
     if (const auto latest = m_parts.scene.Selected().Latest()) {
-        m_brush.Paint(latest->Applied());
+        m_brush.Brush(latest->Applied());
     } else if (const auto shown = m_parts.panel.ShownMaterial()) {
-        m_brush.Paint(WholeMaterial(shown->material));
+        m_brush.Brush(WholeMaterial(shown->material));
     } else {
         m_paint->setChecked(false);
     }
