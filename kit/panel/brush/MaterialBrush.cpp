@@ -45,7 +45,6 @@ MaterialBrush::MaterialBrush(ViewportWidget& view, MaterialLink& link, Selection
                              ShapeAt shapeAt)
     : m_view(view), m_link(link), m_selection(selection), m_shapeAt(std::move(shapeAt))
 {
-    connect(&m_previewing, &MaterialPreviewing::ShapesChanged, this, &MaterialBrush::ShapesChanged);
 }
 
 MaterialBrush::~MaterialBrush()
@@ -116,15 +115,26 @@ void MaterialBrush::PaintAt(QPoint position)
     const auto shape = m_shapeAt(position);
     if (shape != nullptr && std::ranges::find(m_stroke, shape) == m_stroke.end()) {
         m_stroke.push_back(shape);
-        m_previewing.Show(MaterialLink::Dressed(m_stroke, m_material));
+        std::vector<ShapeChange> changes;
+        for (const auto& painted : m_stroke) {
+            changes.push_back(MaterialLink::PutOf(painted, m_material.gathered->material));
+        }
+        m_link.Previewing().Show(changes);
     }
+}
+
+// A material with a name is shared.
+void MaterialBrush::Dress(const ShapeList& shapes, const AppliedMaterial& material)
+{
+    m_link.Put(shapes, material.gathered->material,
+               material.identity != nullptr ? material.identity->name : std::string());
 }
 
 void MaterialBrush::MouseRelease(const QMouseEvent& event)
 {
     if (m_mode == Mode::Paint) {
-        m_previewing.End();
-        m_link.Dress(std::exchange(m_stroke, {}), m_material);
+        m_link.Previewing().End();
+        Dress(std::exchange(m_stroke, {}), m_material);
         ShowCursor();
         return;
     }
@@ -137,14 +147,14 @@ void MaterialBrush::MouseRelease(const QMouseEvent& event)
     if (m_selection.All().empty()) {
         Q_EMIT Picked(shape);
     } else {
-        m_link.Dress(m_selection.All(), shape->Applied());
+        Dress(m_selection.All(), shape->Applied());
     }
 }
 
 void MaterialBrush::MouseCancel()
 {
     m_stroke.clear();
-    m_previewing.End();
+    m_link.Previewing().End();
     Stop();
 }
 

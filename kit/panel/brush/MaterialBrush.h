@@ -1,7 +1,6 @@
 #pragma once
 
-#include "MaterialPreviewing.h"
-#include "StudioShape.h"
+#include "ShapeChange.h"
 #include "ViewTool.h"
 
 #include <QObject>
@@ -30,7 +29,6 @@ public:
     MaterialBrush(ViewportWidget& view, MaterialLink& link, Selection& selection, ShapeAt shapeAt);
     ~MaterialBrush() override;
 
-    [[nodiscard]] Mode Now() const { return m_mode; }
     void Pick();
     void Brush(const AppliedMaterial& material);
     void Stop();
@@ -45,11 +43,11 @@ Q_SIGNALS:
     void ModeChanged(studio::MaterialBrush::Mode mode);
     /// Picked while nothing was selected.
     void Picked(const std::shared_ptr<studio::StudioShape>& shape);
-    void ShapesChanged();
 
 private:
     void Start(Mode mode);
     void PaintAt(QPoint position);
+    void Dress(const ShapeList& shapes, const AppliedMaterial& material);
     void ShowCursor();
 
     ViewportWidget& m_view;
@@ -59,7 +57,6 @@ private:
     Mode m_mode = Mode::Off;
     AppliedMaterial m_material;  ///< on the brush
     ShapeList m_stroke;
-    MaterialPreviewing m_previewing;
 };
 
 }  // namespace studio

@@ -16,8 +16,6 @@ MaterialCopying::MaterialCopying(const Parts& parts)
                               [this](QPoint at) { return m_parts.scene.ShapeAt(at); })
 {
     connect(&m_brush, &MaterialBrush::ModeChanged, this, &MaterialCopying::FollowMode);
-    connect(&m_brush, &MaterialBrush::ShapesChanged, &parts.scene.Viewport(),
-            &ViewportWidget::Draw);
     connect(&m_brush, &MaterialBrush::Picked, this, [this](const auto& shape) {
         m_parts.messages.Check(m_parts.panel.CopyFieldToFormMaterial(shape->Material()),
                                tr("The material of the shape cannot be shown"));
