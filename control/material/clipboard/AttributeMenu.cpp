@@ -5,6 +5,7 @@
 #include "ClipboardFlow.h"
 #include "LibraryPanel.h"
 #include "PanelForm.h"
+#include "PreviewPanel.h"
 #include "Trap.h"
 #include <CorvexMaterial/PlainText.h>
 
@@ -80,7 +81,8 @@ std::vector<MaterialPiece> AttributeMenu::PiecesAt(QWidget* widget, QPoint globa
 {
     ChannelPanel& channels = m_form.Attributes().Channels();
     for (; widget != nullptr && widget != &m_form.Picture(); widget = widget->parentWidget()) {
-        if (widget == &m_form.Materials() || widget == &m_form.Textures()) {
+        if (widget == &m_form.Materials() || widget == &m_form.Textures() ||
+            widget == &m_form.Preview().Viewport().Widget()) {
             return {};
         }
         if (const auto* label = qobject_cast<QLabel*>(widget);

@@ -33,7 +33,7 @@ protected:
 private:
     void WatchControls();
     [[nodiscard]] TouchedRows RowsAt(QWidget* widget) const;
-    /// None over a library.
+    /// None over what is the host's: a library, the view of the preview.
     [[nodiscard]] std::vector<MaterialPiece> PiecesAt(QWidget* widget, QPoint global) const;
     [[nodiscard]] bool Open(QWidget* widget, QPoint global);
     void Add(QMenu& menu, const MaterialPiece& piece);
