@@ -66,7 +66,7 @@ void TextureThumbnail::ShowTip()
     const bool isCropped = !(m_crop == CorvexDB::TexturePlacement());
     const QString file = QString::fromStdString(m_file);
     setToolTip(file.isEmpty() ? tr("Choose an image file")
-               : isCropped    ? PlainTip(tr("%1\nCropped: what is pale is not used").arg(file))
+               : isCropped    ? PlainTip(tr("%1\nCropped: what is dimmed is not used").arg(file))
                               : PlainTip(file));
 }
 

@@ -10,8 +10,8 @@
 
 namespace CorvexMaterial {
 
-/// Picture of one layer's file, and the storage of its path; what the crop leaves out is pale. Can
-/// be pressed, takes a dropped file, and is dragged to another layer of the panel.
+/// Picture of one layer's file, and the storage of its path; what the crop leaves out is dimmed.
+/// Can be pressed, takes a dropped file, and is dragged to another layer of the panel.
 class TextureThumbnail : public QAbstractButton {
     Q_OBJECT
 
