@@ -39,15 +39,13 @@ Camera StartCamera()
 
 LargePreview::LargePreview(const Parts& parts)
     : m_parts(parts), m_object(parts.object),
-      m_dock(new QDockWidget(tr("Large Preview"), &parts.window)), m_what(new QButtonGroup(m_dock)),
-      m_view(new ViewportWidget(parts.rendering, m_dock))
+      m_dock(new QDockWidget(tr("Large Preview"), &parts.window)), m_what(new QButtonGroup(m_dock))
 {
     Build();
     connect(m_what, &QButtonGroup::idClicked, this, &LargePreview::Reframe);
     connect(m_dock, &QDockWidget::visibilityChanged, this, &LargePreview::Show);
     connect(&m_parts.selection, &Selection::Changed, this, &LargePreview::Reframe);
     connect(&m_parts.link, &MaterialLink::ShapesChanged, this, &LargePreview::Draw);
-    connect(m_view, &ViewportWidget::doubleClicked, m_view, &ViewportWidget::ResetView);
     if (m_object != nullptr) {
         connect(m_object, &HostViewport::Drawn, this, &LargePreview::Draw);
     }
@@ -55,7 +53,9 @@ LargePreview::LargePreview(const Parts& parts)
 
 LargePreview::~LargePreview()
 {
-    m_view->SetSource(nullptr);
+    if (m_view != nullptr) {
+        m_view->SetSource(nullptr);
+    }
 }
 
 void LargePreview::Build()
@@ -78,16 +78,22 @@ void LargePreview::Build()
     row->addStretch();
     m_what->button(kObject)->setChecked(true);
     column->addLayout(row);
-    m_view->setObjectName(QStringLiteral("largePreview"));
-    m_view->setAccessibleName(tr("Large preview"));
-    m_view->SetSource(this);
-    column->addWidget(m_view, 1);
     m_dock->setObjectName(QStringLiteral("largePreviewDock"));
     m_dock->setWidget(content);
     m_parts.window.addDockWidget(Qt::LeftDockWidgetArea, m_dock);
     m_dock->setFloating(true);
     m_dock->resize(kSize);
     m_dock->hide();
+}
+
+void LargePreview::AddView()
+{
+    m_view = new ViewportWidget(m_parts.rendering, m_dock);
+    m_view->setObjectName(QStringLiteral("largePreview"));
+    m_view->setAccessibleName(tr("Large preview"));
+    m_view->SetSource(this);
+    m_dock->widget()->layout()->addWidget(m_view);
+    connect(m_view, &ViewportWidget::doubleClicked, m_view, &ViewportWidget::ResetView);
 }
 
 void LargePreview::AddTo(QMenu& view)
@@ -118,7 +124,7 @@ void LargePreview::Fill(Frame& frame)
 
 void LargePreview::Draw()
 {
-    if (m_dock->isVisible()) {
+    if (m_view != nullptr && m_dock->isVisible()) {
         m_view->Draw();
     }
 }
@@ -135,6 +141,9 @@ void LargePreview::Reframe()
 {
     if (!m_dock->isVisible()) {
         return;
+    }
+    if (m_view == nullptr) {
+        AddView();
     }
     StudioScene shown;
     shown.SetShapes(ShowsShapes() ? m_parts.selection.All() : m_object->Scene().All());

@@ -41,6 +41,7 @@ public:
 
 private:
     void Build();
+    void AddView();
     void Fill(Frame& frame) override;
     void Draw();
     void Show();
@@ -51,7 +52,7 @@ private:
     QPointer<HostViewport> m_object;
     QDockWidget* m_dock;
     QButtonGroup* m_what;
-    ViewportWidget* m_view;
+    ViewportWidget* m_view = nullptr;  ///< made when it is first to be seen
     bool m_isPlaced = false;
 };
 
