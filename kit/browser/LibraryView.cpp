@@ -133,7 +133,8 @@ bool LibraryView::event(QEvent* event)
         const auto& key = *static_cast<QKeyEvent*>(event);
         const bool isMark = key.key() == Qt::Key_D ||
                             (key.key() >= Qt::Key_0 && key.key() <= Qt::Key_0 + kBestRating);
-        if (key.modifiers() == Qt::ControlModifier && isMark) {
+        if (key.matches(QKeySequence::SelectAll) ||
+            (key.modifiers() == Qt::ControlModifier && isMark)) {
             event->accept();
             return true;
         }
