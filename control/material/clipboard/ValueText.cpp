@@ -11,12 +11,14 @@ namespace CorvexMaterial {
 
 namespace {
 
-using Kind = AttributeKind;
+using RowKind = AttributeKind;
 
 /// Numbers are one kind, and so are flags.
-Kind Broad(Kind kind)
+RowKind Broad(RowKind kind)
 {
-    return kind == Kind::Single ? Kind::WholeNumber : kind == Kind::Switch ? Kind::Flag : kind;
+    return kind == RowKind::Single   ? RowKind::WholeNumber
+           : kind == RowKind::Switch ? RowKind::Flag
+                                     : kind;
 }
 
 std::optional<Colour> ColourIn(const QString& text)
@@ -36,14 +38,14 @@ std::optional<Colour> ColourIn(const QString& text)
 }
 
 /// What `CanonicalText` understands of what a person writes.
-std::string Plain(Kind kind, const std::string& text)
+std::string Plain(RowKind kind, const std::string& text)
 {
     const QString typed = QString::fromStdString(text);
-    if (kind == Kind::PackedColour) {
+    if (kind == RowKind::PackedColour) {
         const auto colour = ColourIn(typed);
         return colour ? std::to_string(*colour) : std::string();
     }
-    if (Broad(kind) == Kind::Flag) {
+    if (Broad(kind) == RowKind::Flag) {
         return typed.compare(u"on", Qt::CaseInsensitive) == 0    ? "1"
                : typed.compare(u"off", Qt::CaseInsensitive) == 0 ? "0"
                                                                  : text;
@@ -61,14 +63,14 @@ QString ValueText(const TouchedRow& row, const CorvexDB::udtMaterial& record,
     }
     const QString text = QString::fromStdString(TextIn(record, row.attribute).value_or(""));
     switch (Broad(RowOf(row.attribute).kind)) {
-    case Kind::PackedColour: {
+    case RowKind::PackedColour: {
         const ColourBytes bytes = BytesOf(record.Color);
         return QColor(bytes.red, bytes.green, bytes.blue).name();
     }
-    case Kind::Flag:
+    case RowKind::Flag:
         return std::get<bool>(ValueOf(row.attribute, 0, record)) ? QStringLiteral("on")
                                                                  : QStringLiteral("off");
-    case Kind::ListPosition: {
+    case RowKind::ListPosition: {
         const auto* list =
             controls.empty() ? nullptr : qobject_cast<const QComboBox*>(controls.front());
         return list != nullptr ? list->currentText() : text;
@@ -85,7 +87,7 @@ std::optional<EditedValue> ValueOfText(Attribute attribute, const std::string& t
     }
     const AttributeRow& row = RowOf(attribute);
     // A position means nothing without its list, and not every text is a file or a plug-in.
-    const bool isTold = row.kind != Kind::Text && row.kind != Kind::ListPosition;
+    const bool isTold = row.kind != RowKind::Text && row.kind != RowKind::ListPosition;
     const std::string plain = isTold ? Plain(row.kind, text) : std::string();
     const auto canonical = plain.empty() ? std::nullopt : CanonicalText(attribute, plain);
     CorvexDB::udtMaterial record;
@@ -99,9 +101,9 @@ bool IsOfTheSameKind(Attribute one, Attribute other)
     const AttributeRow& first = RowOf(one);
     const AttributeRow& second = RowOf(other);
     switch (Broad(first.kind)) {
-    case Kind::WholeNumber:
-    case Kind::Flag:
-    case Kind::PackedColour:
+    case RowKind::WholeNumber:
+    case RowKind::Flag:
+    case RowKind::PackedColour:
         return Broad(first.kind) == Broad(second.kind);
     default:
         return one == other;

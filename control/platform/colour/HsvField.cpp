@@ -12,7 +12,7 @@ namespace CorvexMaterial {
 namespace {
 
 /// As many as tell neighbours apart; the painter fills in between.
-constexpr int kCells = 64;
+constexpr int kHsvCells = 64;
 constexpr qreal kMarkRadius = 5.0;
 constexpr int kFarther = 10;
 
@@ -58,10 +58,10 @@ void HsvField::MoveTo(QPointF place)
 
 void HsvField::paintEvent(QPaintEvent* /*event*/)
 {
-    QImage cells(kCells, kCells, QImage::Format_RGB32);
-    for (int y = 0; y < kCells; ++y) {
-        for (int x = 0; x < kCells; ++x) {
-            const QPointF place(x / (kCells - 1.0), y / (kCells - 1.0));
+    QImage cells(kHsvCells, kHsvCells, QImage::Format_RGB32);
+    for (int y = 0; y < kHsvCells; ++y) {
+        for (int x = 0; x < kHsvCells; ++x) {
+            const QPointF place(x / (kHsvCells - 1.0), y / (kHsvCells - 1.0));
             cells.setPixel(x, y, At(place).Shown().rgb());
         }
     }
