@@ -35,11 +35,18 @@ void ShowMaterials(const std::vector<WornMaterial>& materials, const SceneConten
         }
         const auto attributes = QByteArray::fromStdString(
             JsonOfMaterial(worn.applied.gathered->material, std::string()));
-        output.Result({{"material", Text(worn.name)},
-                       {"shapes", wearers},
-                       {"attributes", QJsonDocument::fromJson(attributes).object()}},
-                      {Tr("material"), Text(worn.name),
-                       Tr("shapes: %1").arg(static_cast<qulonglong>(worn.wearers.size()))});
+        QJsonObject json{{"material", Text(worn.name)},
+                         {"shapes", wearers},
+                         {"attributes", QJsonDocument::fromJson(attributes).object()}};
+        QStringList columns{Tr("material"), Text(worn.name),
+                            Tr("shapes: %1").arg(static_cast<qulonglong>(worn.wearers.size()))};
+        if (const auto& identity = worn.applied.identity;
+            identity != nullptr && identity->link != nullptr) {
+            const LibraryLink& link = *identity->link;
+            json["link"] = QJsonObject{{"library", Text(link.library)}, {"entry", Text(link.name)}};
+            columns << Tr("linked to: %1, %2").arg(Text(link.library), Text(link.name));
+        }
+        output.Result(json, columns);
     }
 }
 

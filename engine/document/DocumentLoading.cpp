@@ -37,14 +37,22 @@ private:
                                                           rows.Integer(2), m_folder, m_problems);
             DocumentRows::Material row{rows.Integer(0), {}};
             auto gathered = std::make_shared<CorvexSG::GatheredMaterial>(*applied.gathered);
-            ReplaceTextures(gathered->material, [&](const std::string& stored) {
+            const auto extracted = [&](const std::string& stored) {
                 auto file = m_rows.textures.FileOf(stored);
                 if (file) {
                     row.embedded.insert(stored);
                 }
                 return file;
-            });
+            };
+            ReplaceTextures(gathered->material, extracted);
             applied.gathered = std::move(gathered);
+            if (applied.identity->link != nullptr) {
+                auto link = std::make_shared<LibraryLink>(*applied.identity->link);
+                ReplaceTextures(link->taken, extracted);
+                SceneMaterial identity = *applied.identity;
+                identity.link = std::move(link);
+                applied.identity = std::make_shared<SceneMaterial>(std::move(identity));
+            }
             m_rows.materials.emplace(KeyOf(applied), row);
             m_materials.emplace(row.id, std::move(applied));
         }

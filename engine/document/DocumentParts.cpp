@@ -109,6 +109,38 @@ constexpr QLatin1String kWrapped("wrapped");
 constexpr QLatin1String kHidden("hidden");
 constexpr QLatin1String kLocked("locked");
 
+constexpr QLatin1String kLink("link");
+constexpr QLatin1String kLibrary("library");
+constexpr QLatin1String kEntry("entry");
+constexpr QLatin1String kRevision("revision");
+constexpr QLatin1String kTaken("taken");
+
+QJsonObject JsonOfLink(const LibraryLink& link, const std::string& folder)
+{
+    return {{kLibrary, QString::fromStdString(StoredPath(link.library, folder))},
+            {kEntry, static_cast<double>(link.entry)},
+            {kName, QString::fromStdString(link.name)},
+            {kRevision, QString::fromStdString(link.revision)},
+            {kTaken, ObjectOf(JsonOfMaterial(link.taken, folder))}};
+}
+
+/// Null for what is no link.
+std::shared_ptr<const LibraryLink> LinkOfJson(const QJsonObject& json, const std::string& folder)
+{
+    const std::string library = json.value(kLibrary).toString().toStdString();
+    if (library.empty()) {
+        return nullptr;
+    }
+    auto link = std::make_shared<LibraryLink>();
+    link->library = PathOfStored(library, folder);
+    link->entry = static_cast<std::int64_t>(json.value(kEntry).toDouble());
+    link->name = json.value(kName).toString().toStdString();
+    link->revision = json.value(kRevision).toString().toStdString();
+    link->taken =
+        MaterialOfJson(Compact(json.value(kTaken).toObject()).toStdString(), folder).material;
+    return link;
+}
+
 QJsonObject FieldsOfStamp(const FileStamp& file, const std::string& folder)
 {
     return {{QStringLiteral("path"), QString::fromStdString(StoredPath(file.path, folder))},
@@ -337,10 +369,15 @@ SourceModel SourceOfJson(std::string_view json, const std::string& folder)
     return source;
 }
 
-QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material, const std::string& unknown,
+QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material, const SceneMaterial& identity,
                                const std::string& folder)
 {
-    return Compact(WithUnknown(ObjectOf(JsonOfMaterial(material, folder)), ObjectOf(unknown)));
+    QJsonObject json =
+        WithUnknown(ObjectOf(JsonOfMaterial(material, folder)), ObjectOf(identity.unknown));
+    if (identity.link != nullptr) {
+        json.insert(kLink, JsonOfLink(*identity.link, folder));
+    }
+    return Compact(json);
 }
 
 AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& name,
@@ -362,10 +399,12 @@ AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& na
     if (mode >= 0 && mode <= kLastMode) {
         gathered->applyMode = static_cast<CorvexDB::ApplyMode>(mode);
     }
-    const QJsonObject unknown = UnknownFields(ObjectOf(json));
+    QJsonObject unknown = UnknownFields(ObjectOf(json));
+    const QJsonValue link = unknown.take(kLink);
     return {std::move(gathered), CorvexSG::CoordinateMode::FromMesh,
             std::make_shared<SceneMaterial>(SceneMaterial{
-                name, unknown.isEmpty() ? std::string() : Compact(unknown).toStdString()})};
+                name, unknown.isEmpty() ? std::string() : Compact(unknown).toStdString(),
+                LinkOfJson(link.toObject(), folder)})};
 }
 
 }  // namespace studio

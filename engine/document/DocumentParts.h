@@ -42,9 +42,10 @@ void WriteMesh(Database& database, std::int64_t id, const Mesh& mesh);
 [[nodiscard]] SourceModel SourceOfJson(std::string_view json, const std::string& folder);
 
 /// A material's attributes by their words, textures relative to the folder where they can be, with
-/// those that only a later program knows.
+/// those that only a later program knows, and its link.
 [[nodiscard]] QByteArray JsonOfSceneMaterial(const CorvexDB::udtMaterial& material,
-                                             const std::string& unknown, const std::string& folder);
+                                             const SceneMaterial& identity,
+                                             const std::string& folder);
 /// With an identity of its own. A problem is what has its default now, for a person.
 [[nodiscard]] AppliedMaterial SceneMaterialOfJson(std::string_view json, const std::string& name,
                                                   std::int64_t mode, const std::string& folder,

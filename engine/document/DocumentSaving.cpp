@@ -117,21 +117,26 @@ private:
         DocumentRows::Material& row = entry.second;
         CorvexDB::udtMaterial material = key.gathered->material;
         row.embedded.clear();
-        ReplaceTextures(material, [&](const std::string& file) {
+        const auto embedded = [&](const std::string& file) {
             auto stored = Embedded(file);
             if (stored) {
                 row.embedded.insert(*stored);
             }
             return stored;
-        });
-        const SceneMaterial unnamed;
-        const SceneMaterial& identity = key.identity != nullptr ? *key.identity : unnamed;
+        };
+        ReplaceTextures(material, embedded);
+        SceneMaterial identity = key.identity != nullptr ? *key.identity : SceneMaterial();
+        if (identity.link != nullptr) {
+            auto link = std::make_shared<LibraryLink>(*identity.link);
+            ReplaceTextures(link->taken, embedded);
+            identity.link = std::move(link);
+        }
         m_database
             .Use("INSERT OR REPLACE INTO materials (id, name, mode, json) VALUES (?1, ?2, ?3, ?4)")
             .Bind(1, row.id)
             .Bind(2, identity.name)
             .Bind(3, static_cast<std::int64_t>(key.gathered->applyMode))
-            .Bind(4, JsonOfSceneMaterial(material, identity.unknown, m_folder).toStdString())
+            .Bind(4, JsonOfSceneMaterial(material, identity, m_folder).toStdString())
             .Run();
     }
 

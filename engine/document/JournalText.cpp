@@ -221,8 +221,8 @@ std::string JournalWriting::EditsLine(const JournalEdits& edits,
                 {QStringLiteral("identity"), IdentityOf(edited.applied.identity)},
                 {QStringLiteral("mode"), static_cast<int>(edited.applied.gathered->applyMode)},
                 {QStringLiteral("json"),
-                 ObjectIn(JsonOfSceneMaterial(edited.applied.gathered->material, identity.unknown,
-                                              m_folder))}});
+                 ObjectIn(
+                     JsonOfSceneMaterial(edited.applied.gathered->material, identity, m_folder))}});
         }
         ShapeState state = m_base.at(place);
         QJsonObject shape{{QStringLiteral("place"), static_cast<int>(place)},

@@ -97,16 +97,21 @@ void SqliteMaterialLibrary::Add(const AddRequest& request, const CorvexDB::udtMa
     }
     LibraryFile& file = other ? *other : *m_file;
     file.RequireWritable();  // before a picture is copied
-    NamedMaterial named{UnusedName(file, request.name), material, request.details};
-    named.material.Textures.primary =
-        WithLastingPicture(material.Textures.primary, FolderOf(file.Path()));
-    NewEntry entry = EntryOfMaterial(named, FolderOf(file.Path()),
-                                     m_services.customFields.GetCustomMaterialFieldNames());
-    entry.png = m_services.thumbnails.PngIfPossible(material);
-    const EntryId id = file.Add(entry);
+    const EntryId id = file.Add(EntryOf({UnusedName(file, request.name), material, request.details},
+                                        FolderOf(file.Path())));
     if (m_listener) {
         m_listener({LibraryChange::Kind::Added, file.Path(), {id}});
     }
+}
+
+NewEntry SqliteMaterialLibrary::EntryOf(NamedMaterial named, const std::string& folder) const
+{
+    std::string png = m_services.thumbnails.PngIfPossible(named.material);
+    named.material.Textures.primary = WithLastingPicture(named.material.Textures.primary, folder);
+    NewEntry entry =
+        EntryOfMaterial(named, folder, m_services.customFields.GetCustomMaterialFieldNames());
+    entry.png = std::move(png);
+    return entry;
 }
 
 void SqliteMaterialLibrary::DeleteMaterialFromLibrary(std::int32_t index)

@@ -3,6 +3,7 @@
 #include "AddRequest.h"
 #include "LibraryChange.h"
 #include "LibraryFile.h"
+#include "MaterialText.h"
 #include <CorvexMaterial/CorvexDB.h>
 
 #include <utility>
@@ -35,6 +36,9 @@ public:
     /// Named after what is seen of it, where nobody is asked; with a thumbnail where pictures can
     /// be drawn.
     void AddMaterialToLibrary(const CorvexDB::udtMaterial& material) override;
+    /// Of a library in the folder, with its thumbnail; the picture of a simulated raytrace material
+    /// is copied there.
+    [[nodiscard]] NewEntry EntryOf(NamedMaterial named, const std::string& folder) const;
     /// Into the library's trash.
     void DeleteMaterialFromLibrary(std::int32_t index) override;
 

@@ -58,8 +58,15 @@ private:
 
 Identity Named(const Identity& like, std::string name)
 {
-    return std::make_shared<SceneMaterial>(
-        SceneMaterial{std::move(name), like == nullptr ? std::string() : like->unknown});
+    SceneMaterial material = like == nullptr ? SceneMaterial{} : *like;
+    material.name = std::move(name);
+    return std::make_shared<SceneMaterial>(std::move(material));
+}
+
+bool HaveSame(const std::shared_ptr<const LibraryLink>& one,
+              const std::shared_ptr<const LibraryLink>& other)
+{
+    return one == other || (one != nullptr && other != nullptr && *one == *other);
 }
 
 }  // namespace
@@ -165,14 +172,16 @@ std::vector<ShapeChange> SharedWith(const StudioShape& wearer, const ShapeList& 
     return changes;
 }
 
-void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene)
+void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene,
+                const std::shared_ptr<const LibraryLink>& link)
 {
     if (changes.empty()) {
         return;
     }
     const auto given = changes.front().after.gathered;
-    const auto looksSame = [&given](const AppliedMaterial& applied) {
-        return applied.gathered->applyMode == given->applyMode &&
+    const auto looksSame = [&](const AppliedMaterial& applied) {
+        return HaveSame(applied.identity->link, link) &&
+               applied.gathered->applyMode == given->applyMode &&
                applied.gathered->material == given->material;
     };
     std::multimap<std::string, const AppliedMaterial*> known;
@@ -184,7 +193,7 @@ void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, cons
     std::unordered_set<const StudioShape*> changed;
     for (const ShapeChange& change : changes) {
         changed.insert(change.shape.get());
-        if (looksSame(change.before)) {
+        if (change.before.identity != nullptr && looksSame(change.before)) {
             know(change.before);
         }
     }
@@ -204,7 +213,7 @@ void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, cons
         return first == last || same != last;
     });
     if (shared.identity == nullptr) {
-        shared.identity = Named(nullptr, unique);
+        shared.identity = std::make_shared<SceneMaterial>(SceneMaterial{unique, {}, link});
     }
     for (ShapeChange& change : changes) {
         change.after.identity = shared.identity;
@@ -212,6 +221,26 @@ void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, cons
             change.after.gathered = shared.gathered;
         }
     }
+}
+
+std::vector<ShapeChange> LinkedTo(const std::shared_ptr<const LibraryLink>& link,
+                                  const ShapeList& shapes, const ShapeList& scene)
+{
+    std::map<Identity, Identity> linked;
+    std::vector<ShapeChange> changes;
+    for (const auto& shape : Sharers(shapes, scene)) {
+        if (const Identity& former = IdentityOf(shape); former != nullptr) {
+            Identity& now = linked[former];
+            if (now == nullptr) {
+                SceneMaterial material = *former;
+                material.link = link;
+                now = std::make_shared<SceneMaterial>(std::move(material));
+            }
+            changes.push_back({shape, shape->Applied(), shape->Applied()});
+            changes.back().after.identity = now;
+        }
+    }
+    return changes;
 }
 
 ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene)

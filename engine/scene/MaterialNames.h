@@ -23,9 +23,14 @@ RenamedMaterials(const ShapeList& shapes, const std::string& name, const ShapeLi
                                                   const ShapeList& shapes, const std::string& name,
                                                   const ShapeList& scene);
 
-/// They share one material of this name from now on, also with the shapes that have it already and
-/// look the same. Where another material has the name, it gets a number.
-void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene);
+/// They share one material of this name and this link from now on, also with the shapes that have
+/// it already and look the same. Where another material has the name, it gets a number.
+void ShareNamed(std::vector<ShapeChange>& changes, const std::string& name, const ShapeList& scene,
+                const std::shared_ptr<const LibraryLink>& link = {});
+
+/// The materials of these shapes, also where others share them, get this link or lose theirs.
+[[nodiscard]] std::vector<ShapeChange> LinkedTo(const std::shared_ptr<const LibraryLink>& link,
+                                                const ShapeList& shapes, const ShapeList& scene);
 
 /// All shapes of the scene that share a material with one of these, these included.
 [[nodiscard]] ShapeList Sharers(const ShapeList& shapes, const ShapeList& scene);

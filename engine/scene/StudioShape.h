@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Frame.h"
+#include "LibraryLink.h"
 #include <CorvexMaterial/CorvexSG.h>
 
 #include <QMatrix4x4>
@@ -19,6 +20,7 @@ struct SceneMaterial {
     std::string name;
     /// Attributes that a later program stored, as a JSON object; empty for none.
     std::string unknown;
+    std::shared_ptr<const LibraryLink> link{};  ///< null for one of its own
 };
 
 /// A shape's material as it was applied: enough to put it back later.

@@ -47,6 +47,9 @@ void Apply(const LibraryEdit& change, LibraryFile& file)
         file.Describe(entries);
         break;
     }
+    case LibraryEdit::What::Replace:
+        file.Replace(change.ids.front(), change.contents->after);
+        break;
     }
 }
 
@@ -72,6 +75,8 @@ QString Done(const LibraryEdit& change)
         return (several ? LibraryDesk::tr("The properties of %1 entries of %2 were changed.")
                         : LibraryDesk::tr("The properties of %1 in %2 were changed."))
             .arg(change.Described(), library);
+    case LibraryEdit::What::Replace:
+        return LibraryDesk::tr("%1 was changed in %2.").arg(change.Described(), library);
     case LibraryEdit::What::Rename:
         break;
     }
@@ -109,11 +114,33 @@ void LibraryDesk::InOpen(LibraryKind kind, const std::function<void(LibraryFile&
     }
 }
 
-void LibraryDesk::MakeStep(LibraryEdit change)
+bool LibraryDesk::MakeStep(LibraryEdit change)
 {
-    if (Make(change)) {
+    const bool isMade = Make(change);
+    if (isMade) {
         Push(std::move(change));
     }
+    return isMade;
+}
+
+bool LibraryDesk::Replace(const EntryOrigin& entry, NewEntry after)
+{
+    std::optional<EntryReplacement> contents;
+    Reporting([&] {
+        LibraryFile file = LibraryFile::Open(entry.library, LibraryKind::Materials);
+        contents = ReplacementOf(file, entry.id, std::move(after));
+    });
+    if (!contents) {
+        return false;
+    }
+    LibraryEdit change{LibraryEdit::What::Replace,
+                       LibraryKind::Materials,
+                       entry.library,
+                       {entry.id},
+                       contents->after.name,
+                       {}};
+    change.contents = std::make_shared<EntryReplacement>(*std::move(contents));
+    return MakeStep(std::move(change));
 }
 
 void LibraryDesk::Push(LibraryEdit change)

@@ -27,6 +27,9 @@ public:
     /// Told together with the change that made it.
     void TellBackup(const std::string& backup);
     void Rename(LibraryKind kind, EntryId id, const QString& name);
+    /// Puts another material in the place of an entry's. False when that cannot be; the user knows
+    /// then.
+    bool Replace(const EntryOrigin& entry, NewEntry after);
     void RenameSelected(LibraryKind kind);
     /// What is noted of entries, as one step.
     void Describe(LibraryKind kind, const std::string& library,
@@ -57,7 +60,7 @@ Q_SIGNALS:
 
 private:
     bool Make(const LibraryEdit& change);
-    void MakeStep(LibraryEdit change);
+    bool MakeStep(LibraryEdit change);
     void MarkUsed(const std::string& library, EntryId id);
     void Push(LibraryEdit change);
     void TellSoon(const QString& text);

@@ -13,6 +13,8 @@
 namespace studio {
 namespace {
 
+constexpr const char* kOriginFormat = "application/x-corvex-material-origin";
+
 QByteArray BytesOf(const std::string& text)
 {
     return {text.data(), static_cast<qsizetype>(text.size())};
@@ -21,6 +23,13 @@ QByteArray BytesOf(const std::string& text)
 std::string TextOf(const QMimeData& data, const char* format)
 {
     return data.data(QLatin1String(format)).toStdString();
+}
+
+EntryOrigin OriginIn(const QMimeData& data)
+{
+    const QString text = QString::fromUtf8(data.data(QLatin1String(kOriginFormat)));
+    return {text.section(u' ', 2).toStdString(), text.section(u' ', 0, 0).toLongLong(),
+            text.section(u' ', 1, 1).toStdString()};
 }
 
 }  // namespace
@@ -36,11 +45,17 @@ std::unique_ptr<QMimeData> DraggedEntry(LibraryFile& file, std::int32_t index)
         data->setData(QLatin1String(kMaterialFormat), BytesOf(json));
         data->setData(QLatin1String(kFolderFormat), BytesOf(folder));
         data->setData(QLatin1String(kNameFormat), BytesOf(file.NameAt(index)));
+        if (!file.IsInMemory()) {
+            const EntryId id = file.IdAt(index);
+            data->setData(
+                QLatin1String(kOriginFormat),
+                BytesOf(std::to_string(id) + ' ' + file.RevisionOf(id) + ' ' + file.Path()));
+        }
     }
     return data;
 }
 
-std::optional<NamedMaterial> DraggedMaterial(const QMimeData& data)
+std::optional<DroppedMaterial> DraggedMaterial(const QMimeData& data)
 {
     if (!data.hasFormat(QLatin1String(kMaterialFormat))) {
         return std::nullopt;
@@ -48,7 +63,7 @@ std::optional<NamedMaterial> DraggedMaterial(const QMimeData& data)
     try {
         const auto reading =
             MaterialOfJson(TextOf(data, kMaterialFormat), TextOf(data, kFolderFormat));
-        return NamedMaterial{TextOf(data, kNameFormat), reading.material};
+        return DroppedMaterial{{TextOf(data, kNameFormat), reading.material, {}}, OriginIn(data)};
     } catch (const CorvexMaterial::Error&) {
         // Another program may use the format for something else.
         return std::nullopt;

@@ -17,8 +17,12 @@ class LibraryFile;
 /// every program understands. Errors: those of reading the library.
 [[nodiscard]] std::unique_ptr<QMimeData> DraggedEntry(LibraryFile& file, std::int32_t index);
 
+struct DroppedMaterial : NamedMaterial {
+    EntryOrigin origin{};  ///< with id 0 where it comes out of no library
+};
+
 /// The material of a drag; nothing when it carries none.
-[[nodiscard]] std::optional<NamedMaterial> DraggedMaterial(const QMimeData& data);
+[[nodiscard]] std::optional<DroppedMaterial> DraggedMaterial(const QMimeData& data);
 
 /// The image file of a drag; empty when it carries none.
 [[nodiscard]] QString DraggedTexture(const QMimeData& data);

@@ -23,6 +23,9 @@ QString StepTitle(const LibraryEdit& change)
         title = several ? QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 Entries from the Library")
                         : QT_TRANSLATE_NOOP("LibraryStep", "Delete %1 from the Library");
     }
+    if (change.what == What::Replace) {
+        title = QT_TRANSLATE_NOOP("LibraryStep", "Push %1 Back to the Library");
+    }
     return QCoreApplication::translate("LibraryStep", title).arg(change.Described());
 }
 
@@ -43,6 +46,10 @@ LibraryEdit LibraryEdit::Reversed() const
         break;
     case What::Describe:
         std::swap(reversed.details, reversed.detailsBefore);
+        break;
+    case What::Replace:
+        reversed.contents =
+            std::make_shared<EntryReplacement>(EntryReplacement{contents->after, contents->before});
         break;
     }
     return reversed;

@@ -2,10 +2,12 @@
 
 #include "LibraryEntry.h"
 #include "LibrarySchema.h"
+#include "LinkedEntry.h"
 
 #include <QUndoStack>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,7 +15,7 @@ namespace studio {
 
 /// A change of one entry of a library, or of several in the same way.
 struct LibraryEdit {
-    enum class What { Add, Remove, Rename, Describe };
+    enum class What { Add, Remove, Rename, Describe, Replace };
 
     What what = What::Add;
     LibraryKind kind = LibraryKind::Materials;
@@ -24,6 +26,8 @@ struct LibraryEdit {
     // Of a description, by `ids`.
     std::vector<EntryDetails> details{};
     std::vector<EntryDetails> detailsBefore{};
+    /// Of one that is replaced: the contents before and after.
+    std::shared_ptr<const EntryReplacement> contents{};
 
     [[nodiscard]] LibraryEdit Reversed() const;
     /// The entry's name, or how many there are.

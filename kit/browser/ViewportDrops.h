@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialText.h"
+#include "LibraryDrag.h"
 
 #include <QObject>
 
@@ -28,7 +28,7 @@ public:
 Q_SIGNALS:
     // After the drop is over, so that whoever answers may show a message.
     void MaterialDropped(const studio::ViewportDrops::ShapePointer& shape,
-                         const studio::NamedMaterial& material);
+                         const studio::DroppedMaterial& material);
     void TextureDropped(const studio::ViewportDrops::ShapePointer& shape, const QString& file);
     /// For the status line: what a drop here would do.
     void Hint(const QString& text);

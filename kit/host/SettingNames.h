@@ -17,6 +17,7 @@ inline constexpr const char* kFirstStepsSetting = "FirstSteps";
 inline constexpr const char* kThemeSetting = "Theme";
 inline constexpr const char* kGeometrySetting = "WindowGeometry";
 inline constexpr const char* kOutlinerSetting = "Outliner";
+inline constexpr const char* kLinkSetting = "LinkMaterials";
 inline constexpr const char* kDocksSetting = "WindowDocks";
 inline constexpr const char* kPreviewBackgroundSetting = "PreviewBackground";
 inline constexpr const char* kViewportBackgroundSetting = "ViewportBackground";

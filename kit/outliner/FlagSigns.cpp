@@ -38,6 +38,18 @@ void DrawLock(QPainter& painter, bool isClosed)
     painter.drawRoundedRect(QRectF(3.5, 7.5, 9, 6.5), 1, 1);
 }
 
+void DrawChain(QPainter& painter)
+{
+    for (const qreal side : {-1.0, 1.0}) {
+        painter.save();
+        painter.translate(8, 8);
+        painter.rotate(-45);
+        painter.translate(side * 3.2, 0);
+        painter.drawRoundedRect(QRectF(-3.6, -2.4, 7.2, 4.8), 2.4, 2.4);
+        painter.restore();
+    }
+}
+
 QColor ColourOf(CorvexMaterial::Colour colour)
 {
     return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
@@ -63,6 +75,9 @@ void DrawFlag(QPainter& painter, const QRectF& area, FlagSign sign, const QColor
     case FlagSign::Unlocked:
     case FlagSign::Locked:
         DrawLock(painter, sign == FlagSign::Locked);
+        break;
+    case FlagSign::Linked:
+        DrawChain(painter);
         break;
     }
     painter.restore();

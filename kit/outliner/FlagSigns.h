@@ -9,7 +9,7 @@ struct udtMaterial;
 
 namespace studio {
 
-enum class FlagSign { Shown, Hidden, Unlocked, Locked };
+enum class FlagSign { Shown, Hidden, Unlocked, Locked, Linked };
 
 /// In the middle of the area, as large as the smaller side lets it be.
 void DrawFlag(QPainter& painter, const QRectF& area, FlagSign sign, const QColor& colour);

@@ -25,7 +25,7 @@ Outliner::Outliner(StudioScene& scene, Selection& selection, QWidget* parent)
     connect(m_modes, &QTabBar::currentChanged, this, [this](int tab) {
         const auto mode = static_cast<OutlinerModel::Mode>(tab);
         m_model->SetMode(mode);
-        m_view->setRootIsDecorated(mode == OutlinerModel::Mode::Materials);
+        ArrangeColumns();
         Q_EMIT ModeChosen(mode);
     });
     connect(m_search, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -65,9 +65,7 @@ void Outliner::Build()
     m_search->installEventFilter(this);
     m_view->setObjectName(QStringLiteral("outlinerRows"));
     m_view->setAccessibleName(tr("Shapes and materials of the scene"));
-    m_view->setRootIsDecorated(false);
-    m_view->header()->resizeSection(OutlinerModel::kMaterial,
-                                    m_view->fontMetrics().averageCharWidth() * 14);
+    ArrangeColumns();
     m_nothing->setObjectName(QStringLiteral("outlinerEmpty"));
     m_nothing->setWordWrap(true);
     m_nothing->setMargin(6);
@@ -80,6 +78,15 @@ void Outliner::Build()
     column->addWidget(m_nothing);
     column->addWidget(m_view, 1);
     setFocusProxy(m_view);
+}
+
+// Names of materials need more room than their number of shapes.
+void Outliner::ArrangeColumns()
+{
+    const bool byMaterial = Listed() == OutlinerModel::Mode::Materials;
+    m_view->setRootIsDecorated(byMaterial);
+    m_view->header()->resizeSection(
+        OutlinerModel::kMaterial, m_view->fontMetrics().averageCharWidth() * (byMaterial ? 9 : 14));
 }
 
 void Outliner::SetMode(OutlinerModel::Mode mode)

@@ -40,6 +40,7 @@ protected:
 
 private:
     void Build();
+    void ArrangeColumns();
     void ShowNow();
 
     StudioScene& m_scene;

@@ -51,6 +51,12 @@ void OutlinerDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
         option->icon = QIcon(picture);
         option->icon.addPixmap(picture, QIcon::Selected);  // not tinted
     }
+    if (m_model.LinkAt(index).isLinked) {
+        // The sign has its place behind the text.
+        option->text = option->fontMetrics.elidedText(option->text, Qt::ElideMiddle,
+                                                      option->rect.width() -
+                                                          2 * option->rect.height() - kRoom);
+    }
     const ShapeList shapes = m_model.ShapesOf(index);
     const bool isHidden =
         std::ranges::all_of(shapes, [](const auto& shape) { return shape->Flags().hidden; });
@@ -62,11 +68,36 @@ void OutlinerDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
     }
 }
 
+// At the end of the name; with a dot where the library has another one.
+void OutlinerDelegate::PaintLink(QPainter& painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const
+{
+    const LinkMark link = m_model.LinkAt(index);
+    if (!link.isLinked) {
+        return;
+    }
+    const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+    const QColor colour =
+        option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+    QRectF area = option.rect;
+    area.setLeft(area.right() - area.height());
+    DrawFlag(painter, area.adjusted(3, 3, -3, -3), FlagSign::Linked, colour);
+    if (link.isStale) {
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(0xE8, 0x8A, 0x1A));
+        painter.drawEllipse(QRectF(area.right() - 8, area.top() + 2, 7, 7));
+        painter.restore();
+    }
+}
+
 void OutlinerDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const
 {
     QStyledItemDelegate::paint(painter, option, index);
     if (index.column() < OutlinerModel::kEye) {
+        PaintLink(*painter, option, index);
         return;
     }
     const FlagSign sign = SignOf(index.column(), m_model.ShapesOf(index));

@@ -21,6 +21,9 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    void PaintLink(QPainter& painter, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) const;
+
     const OutlinerModel& m_model;
 };
 

@@ -166,6 +166,13 @@ const AppliedMaterial* OutlinerModel::Swatch(const QModelIndex& index) const
     return material == nullptr ? nullptr : &material->wearers.front()->Applied();
 }
 
+LinkMark OutlinerModel::LinkAt(const QModelIndex& index) const
+{
+    return Swatch(index) == nullptr || !m_linkTexts
+               ? LinkMark()
+               : m_linkTexts(*MaterialAt(index)->wearers.front());
+}
+
 QVariant OutlinerModel::data(const QModelIndex& index, int role) const
 {
     if (!index.isValid()) {
@@ -232,13 +239,16 @@ QString OutlinerModel::ToolTipAt(const QModelIndex& index) const
         return tr("%1. Click to keep it from being clicked in the view (Shift+Space).")
             .arg(FlagText(index));
     }
-    const OutlinerMaterial* material = Swatch(index) == nullptr ? nullptr : MaterialAt(index);
-    const QString text = TextAt(index).toString();
-    return CorvexMaterial::PlainTip(
-        material == nullptr
-            ? text
-            : tr("%1, on %Ln shape(s)", nullptr, static_cast<int>(material->wearers.size()))
-                  .arg(text));
+    QString text = TextAt(index).toString();
+    if (Swatch(index) != nullptr) {
+        text =
+            tr("%1, on %Ln shape(s)", nullptr, static_cast<int>(MaterialAt(index)->wearers.size()))
+                .arg(text);
+    }
+    if (const LinkMark link = LinkAt(index); link.isLinked) {
+        text += QStringLiteral("\n") + link.text;
+    }
+    return CorvexMaterial::PlainTip(text);
 }
 
 bool OutlinerModel::setData(const QModelIndex& index, const QVariant& value, int role)

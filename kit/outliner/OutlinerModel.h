@@ -11,6 +11,13 @@ class QMimeData;
 
 namespace studio {
 
+/// Of a material that is linked to a library.
+struct LinkMark {
+    bool isLinked = false;
+    bool isStale = false;  ///< the library has another one, or none any more
+    QString text{};        ///< for a person
+};
+
 /// The shapes of a scene, or its materials with the shapes below them.
 class OutlinerModel : public QAbstractItemModel {
     Q_OBJECT
@@ -24,6 +31,11 @@ public:
     static constexpr const char* kShapesFormat = "application/x-corvex-shapes";
 
     using QAbstractItemModel::QAbstractItemModel;
+
+    using LinkTexts = std::function<LinkMark(const StudioShape&)>;
+    void SetLinkTexts(LinkTexts texts) { m_linkTexts = std::move(texts); }
+    /// Of the material that is shown there.
+    [[nodiscard]] LinkMark LinkAt(const QModelIndex& index) const;
 
     [[nodiscard]] Mode Listed() const { return m_mode; }
     void SetMode(Mode mode);
@@ -76,6 +88,7 @@ private:
     [[nodiscard]] QString ToolTipAt(const QModelIndex& index) const;
     [[nodiscard]] QString FlagText(const QModelIndex& index) const;
 
+    LinkTexts m_linkTexts;
     Mode m_mode = Mode::Shapes;
     QString m_search;
     OutlinerOrder m_order = OutlinerOrder::Scene;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MaterialText.h"
+#include "LibraryDrag.h"
 #include "OutlinerModel.h"
 
 #include <QPersistentModelIndex>
@@ -34,7 +34,7 @@ Q_SIGNALS:
     void ShareWanted(const std::shared_ptr<studio::StudioShape>& wearer,
                      const studio::ShapeList& shapes);
     /// The same, of a material from elsewhere.
-    void MaterialDropped(const studio::NamedMaterial& material, const studio::ShapeList& shapes);
+    void MaterialDropped(const studio::DroppedMaterial& material, const studio::ShapeList& shapes);
     /// For the status line: what a drop here would do.
     void Hint(const QString& text);
 
@@ -56,7 +56,7 @@ private:
     /// What a drop would do.
     struct Drop {
         std::shared_ptr<StudioShape> wearer;    ///< whose material it is about, of the scene
-        std::optional<NamedMaterial> material;  ///< or from elsewhere
+        std::optional<DroppedMaterial> material;  ///< or from elsewhere
         ShapeList shapes;                       ///< that get it; none where nothing can be dropped
         QString name;
     };

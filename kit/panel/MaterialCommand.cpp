@@ -19,7 +19,13 @@ QString NameOfChange(const FieldSet& fields, const std::vector<ShapeChange>& cha
     if (!changes.empty() &&
         IsSame(*changes.front().before.gathered, *changes.front().after.gathered) &&
         changes.front().before.coordinates == changes.front().after.coordinates) {
-        return Tr("material name");
+        const auto isNamed = [](const AppliedMaterial& applied) {
+            return applied.identity != nullptr;
+        };
+        const ShapeChange& first = changes.front();
+        const bool keepsName = isNamed(first.before) && isNamed(first.after) &&
+                               first.before.identity->name == first.after.identity->name;
+        return keepsName ? Tr("material link") : Tr("material name");
     }
     return std::ranges::all_of(changes, keepsCoordinates) ? Tr("way of applying") : Tr("wrap");
 }

@@ -106,7 +106,12 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
     std::vector<ShapeChange> changes = edit.isWhole || shapes.size() == 1
                                            ? AppliedWhole(coordinates)
                                            : WithTouchedRows(shapes, edit);
-    Name(changes, !edit.isWhole ? std::string() : edit.name.empty() ? entry : edit.name);
+    const bool isTaken = edit.isWhole && edit.name.empty() && !entry.empty();
+    Name(changes,
+         isTaken        ? entry
+         : edit.isWhole ? edit.name
+                        : std::string(),
+         isTaken && m_linkChoice ? m_linkChoice() : nullptr);
     for (const ShapeChange& change : changes) {
         change.shape->SetApplied(change.after);
     }
@@ -169,7 +174,7 @@ ShapeChange MaterialLink::PutOf(const std::shared_ptr<StudioShape>& shape,
 }
 
 void MaterialLink::Put(const ShapeList& shapes, const CorvexDB::udtMaterial& material,
-                       const std::string& name)
+                       const std::string& name, const std::shared_ptr<const LibraryLink>& link)
 {
     std::vector<ShapeChange> changes;
     std::map<CorvexDB::ApplyMode, std::shared_ptr<const CorvexSG::GatheredMaterial>> made;
@@ -180,7 +185,7 @@ void MaterialLink::Put(const ShapeList& shapes, const CorvexDB::udtMaterial& mat
         change.after.gathered = gathered;
         changes.push_back(std::move(change));
     }
-    Name(changes, name);
+    Name(changes, name, link);
     Make(std::move(changes));
 }
 
@@ -196,13 +201,20 @@ void MaterialLink::Share(const StudioShape& wearer, const ShapeList& shapes)
     Make(std::move(changes));
 }
 
-void MaterialLink::Name(std::vector<ShapeChange>& changes, const std::string& name) const
+void MaterialLink::Name(std::vector<ShapeChange>& changes, const std::string& name,
+                        const std::shared_ptr<const LibraryLink>& link) const
 {
     if (name.empty()) {
         SplitShared(changes, m_parts.scene.All());
-    } else {
-        ShareNamed(changes, name, m_parts.scene.All());
+        return;
     }
+    std::shared_ptr<LibraryLink> taken;
+    if (link != nullptr && !changes.empty()) {
+        taken = std::make_shared<LibraryLink>(*link);
+        taken->name = name;
+        taken->taken = changes.front().after.gathered->material;
+    }
+    ShareNamed(changes, name, m_parts.scene.All(), taken);
 }
 
 void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)

@@ -38,6 +38,11 @@ public:
 
     MaterialLink(LinkedParts parts, Clock clock, QObject* parent = nullptr);
 
+    /// Asked for when the panel has taken a library's entry; null for a copy. What it does not
+    /// know, the name and what was taken, is filled in.
+    using LinkChoice = std::function<std::shared_ptr<const LibraryLink>()>;
+    void SetLinkChoice(LinkChoice choice) { m_linkChoice = std::move(choice); }
+
     /// Makes changes that do not come from the panel, as one undo step; the panel shows them.
     void Make(std::vector<ShapeChange> changes);
     /// Gives shapes a material that does not come from the panel, as one undo step. With a name
@@ -47,8 +52,9 @@ public:
     {
         Put(ShapeList{shape}, material, name);
     }
+    /// With a link it is linked to it.
     void Put(const ShapeList& shapes, const CorvexDB::udtMaterial& material,
-             const std::string& name = {});
+             const std::string& name = {}, const std::shared_ptr<const LibraryLink>& link = {});
     /// Gives shapes the material that this one wears, as one undo step; they share it.
     void Share(const StudioShape& wearer, const ShapeList& shapes);
     /// What `Put` would do to the shape, to be shown before it is done.
@@ -73,7 +79,8 @@ private:
     [[nodiscard]] std::vector<ShapeChange> AppliedWhole(Coordinates coordinates);
     [[nodiscard]] CorvexMaterial::Status Apply(StudioShape& shape, Coordinates coordinates);
     /// Without a name as an edit does, which leaves those alone that share a material.
-    void Name(std::vector<ShapeChange>& changes, const std::string& name) const;
+    void Name(std::vector<ShapeChange>& changes, const std::string& name,
+              const std::shared_ptr<const LibraryLink>& link = {}) const;
     void Push(std::vector<ShapeChange> changes, FieldSet fields);
     void ShowSelected();
     [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);
@@ -84,6 +91,7 @@ private:
 
     LinkedParts m_parts;
     Clock m_clock;
+    LinkChoice m_linkChoice;
     MaterialPreviewing m_previewing;
     bool m_showsSoon = false;
     bool m_showsAgain = false;

@@ -126,6 +126,7 @@ void OptionsDialog::ShowSettings()
     }
     m_ui->navigation->setCurrentIndex(static_cast<int>(ReadNavigation(m_settings)));
     ShowNavigation();
+    m_ui->linkMaterials->setChecked(m_settings.Number(kLinkSetting, 0) != 0);
     m_ui->antialias->setCurrentIndex(std::clamp(m_settings.Number(kAntialiasSetting, 1), 0, 2));
     const int raytracer = m_settings.Number(kRaytracerSetting, 0);
     m_ui->raytracer->setCurrentIndex(std::max(0, m_ui->raytracer->findData(raytracer)));
@@ -229,6 +230,9 @@ void OptionsDialog::Store() const
     }
     if (m_ui->navigation->currentIndex() != static_cast<int>(ReadNavigation(m_settings))) {
         m_settings.SetNumber(kNavigationSetting, m_ui->navigation->currentIndex());
+    }
+    if (m_ui->linkMaterials->isChecked() != (m_settings.Number(kLinkSetting, 0) != 0)) {
+        m_settings.SetNumber(kLinkSetting, m_ui->linkMaterials->isChecked() ? 1 : 0);
     }
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
     if (m_ui->backups->value() != m_settings.Number(kBackupsSetting, kBackupsKept)) {

@@ -9,6 +9,8 @@
 #include "HistoryMenu.h"
 #include "HostViewport.h"
 #include "LargePreview.h"
+#include "LibraryLinks.h"
+#include "LinkBar.h"
 #include "MaterialCopying.h"
 #include "MaterialExchange.h"
 #include "MaterialNaming.h"
@@ -66,6 +68,8 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
       m_largePreview(std::make_unique<LargePreview>(LargePreview::Parts{
           host.Rendering(), m_panel->Link(), m_scene->Selected(), host.Preview(), *this})),
       m_libraries(std::make_unique<PanelLibraries>(host, *m_messages, *m_panel)),
+      m_links(std::make_unique<LibraryLinks>(
+          LibraryLinks::Parts{host, *m_messages, *m_scene, m_panel->Link(), *m_libraries})),
       m_exchange(std::make_unique<MaterialExchange>(host, *m_messages, importer, *m_work, *this)),
       m_files(std::make_unique<WindowFiles>(WindowFiles::Parts{host, *m_messages, *m_scene,
                                                                m_history, *m_panel, *m_libraries,
@@ -82,7 +86,7 @@ MainWindow::MainWindow(StudioHost& host, CorvexMaterial::Platform& platform,
           MaterialNaming::Parts{*m_messages, *m_scene, m_panel->Link(), *this})),
       m_outliner(std::make_unique<OutlinerDock>(
           OutlinerDock::Parts{host.Settings(), *m_messages, *m_scene, *m_hiding, m_panel->Link(),
-                              *m_naming, m_history, *this})),
+                              *m_naming, *m_links, m_history, *this})),
       m_copying(std::make_unique<MaterialCopying>(
           MaterialCopying::Parts{*m_messages, *m_scene, m_panel->Panel(), m_panel->Link()})),
       m_options(std::make_unique<OptionsEditing>(OptionsEditing::Parts{
@@ -101,7 +105,9 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::ConnectParts()
 {
-    m_libraries->DropOn(*m_scene);
+    m_libraries->DropOn(*m_scene, *m_links);
+    m_panel->AddAbove(
+        *new LinkBar(*m_links, m_scene->Selected(), m_history, m_panel->Dock().widget()));
     new UndoKeys(m_panel->Panel(), m_history, m_libraries->History(), m_libraries.get());
     connect(m_files.get(), &WindowFiles::SceneOpened, this, &MainWindow::SceneOpened);
     connect(m_files.get(), &WindowFiles::SceneRefused, this, &MainWindow::SceneRefused);
@@ -153,6 +159,9 @@ void MainWindow::BuildMenus()
     m_shapes->AddTo(*edit);
     edit->addSeparator();
     m_naming->AddTo(*edit);
+    QMenu* linked = edit->addMenu(tr("&Linked Material"));
+    linked->menuAction()->setStatusTip(tr("Updates what came out of a library, or puts it back"));
+    m_links->FillWhenOpened(*linked);
     edit->addSeparator();
     m_options->AddTo(*edit);
 
@@ -256,6 +265,7 @@ bool MainWindow::event(QEvent* event)
 {
     if (event->type() == QEvent::WindowActivate && m_libraries != nullptr) {
         m_libraries->LookForChanges();
+        m_links->LookAgain();
     }
     if (event->type() == QEvent::ThemeChange) {
         Q_EMIT DesktopChanged();

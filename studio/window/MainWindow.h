@@ -17,6 +17,7 @@ class FileWork;
 class HelpDesk;
 class Hints;
 class LargePreview;
+class LibraryLinks;
 class MaterialCopying;
 class MaterialExchange;
 class MaterialNaming;
@@ -73,6 +74,7 @@ public:
     [[nodiscard]] QUndoStack& History() { return m_history; }
     [[nodiscard]] QUndoStack& LibraryHistory();
     [[nodiscard]] OpenDocument& Document();
+    [[nodiscard]] LibraryLinks& Links() { return *m_links; }
     [[nodiscard]] ShapeHiding& Hiding() { return *m_hiding; }
     [[nodiscard]] ViewMenu& Views() { return *m_views; }
     /// Its `MenuRequested` offers more at the pointer.
@@ -119,6 +121,7 @@ private:
     std::unique_ptr<PanelDock> m_panel;
     std::unique_ptr<LargePreview> m_largePreview;
     std::unique_ptr<PanelLibraries> m_libraries;
+    std::unique_ptr<LibraryLinks> m_links;
     std::unique_ptr<MaterialExchange> m_exchange;
     std::unique_ptr<WindowFiles> m_files;
     std::unique_ptr<SceneExchange> m_handing;

@@ -182,6 +182,11 @@ void PanelDock::AddTo(QMenu& view)
     });
 }
 
+void PanelDock::AddAbove(QWidget& line)
+{
+    static_cast<QVBoxLayout*>(m_dock->widget()->layout())->insertWidget(0, &line);
+}
+
 void PanelDock::RevealSoon(QWidget& widget)
 {
     QMetaObject::invokeMethod(

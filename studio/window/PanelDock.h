@@ -46,6 +46,8 @@ public:
     /// Lists the plug-ins and shows what was saved. At the first start the panels are unfolded.
     void Start(bool isFirstStart);
     void AddTo(QMenu& view);
+    /// Above all else in the dock.
+    void AddAbove(QWidget& line);
     /// Scrolls to what stands on the panel, once that has its place.
     void RevealSoon(QWidget& widget);
     /// The background colours of the settings.

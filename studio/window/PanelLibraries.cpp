@@ -5,6 +5,7 @@
 #include "EntryMenu.h"
 #include "HistoryMenu.h"
 #include "LibraryDesk.h"
+#include "LibraryLinks.h"
 #include "LibraryMenu.h"
 #include "LibraryReading.h"
 #include "MaterialDragging.h"
@@ -14,6 +15,7 @@
 #include "ScenePane.h"
 #include "SqliteMaterialLibrary.h"
 #include "SqliteTextureLibrary.h"
+#include "StoredPath.h"
 #include "StudioApplicationState.h"
 #include "StudioHost.h"
 #include "ViewportDrops.h"
@@ -244,7 +246,12 @@ void PanelLibraries::AddTo(QMenuBar& bar)
     connect(menu, &LibraryMenu::EmptyTrashWanted, this, &PanelLibraries::EmptyTrash);
 }
 
-void PanelLibraries::DropOn(ScenePane& scene)
+bool PanelLibraries::Replace(const EntryOrigin& entry, const NamedMaterial& material)
+{
+    return m_desk->Replace(entry, m_host.Materials().EntryOf(material, FolderOf(entry.library)));
+}
+
+void PanelLibraries::DropOn(ScenePane& scene, LibraryLinks& links)
 {
     auto* drops = new ViewportDrops(scene.Viewport(),
                                     [&scene](QPoint position) { return scene.ShapeAt(position); });
@@ -270,9 +277,9 @@ void PanelLibraries::DropOn(ScenePane& scene)
     connect(&scene.Viewport(), &ViewportWidget::pictureShown, followed,
             &SceneMaterials::FollowSoon);
     connect(drops, &ViewportDrops::Hint, &m_messages, &WindowMessages::Show);
-    connect(drops, &ViewportDrops::MaterialDropped, link,
-            [link](const std::shared_ptr<StudioShape>& shape, const NamedMaterial& dropped) {
-                link->Put(shape, dropped.material, dropped.name);
+    connect(drops, &ViewportDrops::MaterialDropped, &links,
+            [&links](const std::shared_ptr<StudioShape>& shape, const DroppedMaterial& dropped) {
+                links.Put({shape}, dropped);
             });
     connect(drops, &ViewportDrops::TextureDropped, link,
             [link](const std::shared_ptr<StudioShape>& shape, const QString& file) {
@@ -329,6 +336,7 @@ void PanelLibraries::ShowEntryMenu(LibraryBrowser& browser, QPoint globalPositio
             });
     menu->setAttribute(Qt::WA_DeleteOnClose);
     connect(menu, &EntryMenu::EmptyTrashWanted, this, &PanelLibraries::EmptyTrash);
+    connect(menu, &EntryMenu::LinkWanted, this, [this, &browser] { Q_EMIT LinkWanted(browser); });
     connect(menu, &EntryMenu::Message, &m_messages, &WindowMessages::Show);
     menu->popup(globalPosition);
 }

@@ -2,6 +2,7 @@
 
 #include "LibraryEntry.h"
 #include "LibrarySchema.h"
+#include "MaterialText.h"
 
 #include <QObject>
 #include <QPoint>
@@ -13,6 +14,7 @@ namespace studio {
 
 class LibraryBrowser;
 class LibraryDesk;
+class LibraryLinks;
 class PanelDock;
 class ScenePane;
 class StudioHost;
@@ -37,13 +39,20 @@ public:
     [[nodiscard]] QUndoStack& History();
     void AddTo(QMenuBar& bar);
     /// Lets what is dragged out of the libraries be dropped on the shapes.
-    void DropOn(ScenePane& scene);
+    void DropOn(ScenePane& scene, LibraryLinks& links);
     /// Shows the library in the panel.
     void Open(const QString& file, LibraryKind kind);
+    /// Puts another material in the place of an entry's, as an undo step of the libraries. False
+    /// when that cannot be; the user knows then.
+    bool Replace(const EntryOrigin& entry, const NamedMaterial& material);
     /// New entries, which are made already, become an undo step.
     void ShowImported(const LibraryChange& change);
     /// Of other programs.
     void LookForChanges();
+
+Q_SIGNALS:
+    /// The selected entry is to be linked to.
+    void LinkWanted(studio::LibraryBrowser& browser);
 
 private:
     void ConnectDesk();

@@ -31,7 +31,11 @@ studio::AppliedMaterial Shared(const std::string& name, std::int32_t specular)
     CorvexDB::udtMaterial material = CorvexTest::KeptMaterial();
     material.Specular = specular;
     studio::AppliedMaterial applied = studio::WholeMaterial(material);
-    applied.identity = std::make_shared<studio::SceneMaterial>(studio::SceneMaterial{name, {}});
+    applied.identity = std::make_shared<studio::SceneMaterial>(
+        studio::SceneMaterial{name,
+                              {},
+                              std::make_shared<studio::LibraryLink>(
+                                  studio::LibraryLink{"/Wood.cvm", 1, name, "0123", {}})});
     return applied;
 }
 
@@ -107,6 +111,8 @@ void ExpectSameEdits(const SceneContent& read, const SceneContent& written)
         ASSERT_EQ(one.applied.identity == nullptr, other.applied.identity == nullptr);
         if (one.applied.identity != nullptr) {
             EXPECT_EQ(one.applied.identity->name, other.applied.identity->name);
+            EXPECT_EQ(one.applied.identity->link == nullptr,
+                      other.applied.identity->link == nullptr);
         }
     }
 }

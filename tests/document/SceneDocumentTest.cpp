@@ -39,6 +39,11 @@ protected:
         ball.name = "Ball \u00e4";
         ball.mesh = studio::SphereMesh(1.0F);
         ball.applied = Named("Oak", CorvexTest::KeptMaterial());
+        studio::LibraryLink link{PathOf("Wood.cvm"), 7, "Oak", "0123", CorvexTest::KeptMaterial()};
+        link.taken.Specular = 3;
+        link.taken.Textures.bump = PathOf("bump.png");
+        ball.applied.identity = std::make_shared<studio::SceneMaterial>(studio::SceneMaterial{
+            "Oak", R"({"later":1})", std::make_shared<studio::LibraryLink>(link)});
         ball.placement.translate(1.0F, 2.0F, 3.0F);
         ball.placement.rotate(30.0F, 0.0F, 1.0F, 0.0F);
         ball.moved = {0.1, 0.0, -2.0};
@@ -117,6 +122,11 @@ void ExpectSame(const SceneContent& read, const SceneContent& written)
         EXPECT_EQ(one.applied.gathered->material, other.applied.gathered->material);
         EXPECT_EQ(one.applied.gathered->applyMode, other.applied.gathered->applyMode);
         EXPECT_EQ(one.applied.identity->name, other.applied.identity->name);
+        EXPECT_EQ(one.applied.identity->unknown, other.applied.identity->unknown);
+        ASSERT_EQ(one.applied.identity->link == nullptr, other.applied.identity->link == nullptr);
+        if (one.applied.identity->link != nullptr) {
+            EXPECT_TRUE(*one.applied.identity->link == *other.applied.identity->link);
+        }
         ASSERT_EQ(one.mesh == nullptr, other.mesh == nullptr);
         if (one.mesh != nullptr) {
             EXPECT_EQ(one.mesh->indices, other.mesh->indices);

@@ -52,6 +52,12 @@ void EntryMenu::AddEntryActions(Place place)
             materials ? tr("Gives the selected shapes this material")
                       : tr("Puts the image on the channel that is shown"),
             "chooseEntry", isMarked, [this] { m_browser.ChooseSelected(); });
+        if (materials) {
+            add(tr("Apply Lin&ked"),
+                tr("Gives it to the selected shapes, which can follow what the library makes of "
+                   "it"),
+                "linkEntry", isMarked && !file->IsInMemory(), [this] { Q_EMIT LinkWanted(); });
+        }
     }
     add(tr("&Rename"), tr("Gives the entry another name"), "renameEntry", mayChange,
         [this] { m_browser.EditName(); });

@@ -22,6 +22,8 @@ public:
     EntryMenu(LibraryBrowser& browser, LibraryDesk& desk, Place place, const QStringList& targets);
 
 Q_SIGNALS:
+    /// The selected entry, as if it had been clicked, but as a link.
+    void LinkWanted();
     /// The user agreed to nothing yet.
     void EmptyTrashWanted();
     void CopyWanted(const std::vector<studio::EntryId>& ids, const QString& target);

@@ -1,5 +1,6 @@
 #include "OutlinerDock.h"
 
+#include "LibraryLinks.h"
 #include "MaterialLink.h"
 #include "MaterialNaming.h"
 #include "Outliner.h"
@@ -61,10 +62,17 @@ void OutlinerDock::Connect()
             [this](const std::shared_ptr<StudioShape>& wearer, const ShapeList& shapes) {
                 m_parts.link.Share(*wearer, shapes);
             });
-    connect(&view, &OutlinerView::MaterialDropped, &m_parts.link,
-            [this](const NamedMaterial& dropped, const ShapeList& shapes) {
-                m_parts.link.Put(shapes, dropped.material, dropped.name);
+    connect(&view, &OutlinerView::MaterialDropped, &m_parts.links,
+            [this](const DroppedMaterial& dropped, const ShapeList& shapes) {
+                m_parts.links.Put(shapes, dropped);
             });
+    m_outliner->Model().SetLinkTexts([this](const StudioShape& shape) {
+        const LibraryLink* link = LibraryLinks::LinkOf(shape);
+        return LinkMark{link != nullptr,
+                        link != nullptr && m_parts.links.StateOf(*link) != LinkState::Current,
+                        m_parts.links.TextOf(shape)};
+    });
+    connect(&m_parts.links, &LibraryLinks::Changed, m_outliner, &Outliner::ShowSoon);
     // Queued: the editor has to be gone before the rows are others.
     connect(&m_outliner->Model(), &OutlinerModel::RenameWanted, &m_parts.naming,
             &MaterialNaming::Rename, Qt::QueuedConnection);
@@ -112,6 +120,10 @@ void OutlinerDock::AddMaterialTo(QMenu& menu, const QModelIndex& row, const Shap
             m_outliner->View().EditName(named);
         }
     });
+    if (LibraryLinks::LinkOf(*wearer) != nullptr) {
+        menu.addSeparator();
+        m_parts.links.AddTo(menu, shapes);
+    }
 }
 
 void OutlinerDock::AddFlagsTo(QMenu& menu, const ShapeList& shapes)

@@ -13,6 +13,7 @@ class QUndoStack;
 
 namespace studio {
 
+class LibraryLinks;
 class MaterialLink;
 class MaterialNaming;
 class Outliner;
@@ -34,6 +35,7 @@ public:
         ShapeHiding& hiding;
         MaterialLink& link;
         MaterialNaming& naming;
+        LibraryLinks& links;
         QUndoStack& history;
         QMainWindow& window;
     };
