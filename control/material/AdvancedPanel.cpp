@@ -14,8 +14,8 @@ AdvancedPanel::AdvancedPanel(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::AdvancedPanel>())
 {
     m_ui->setupUi(this);
-    m_ui->txtAlphaTestReference->setText(
-        QString::fromUtf8(FactoryText(Attribute::AlphaTestReference)));
+    m_ui->txtAlphaTestReference->Hold(Attribute::AlphaTestReference);
+    m_ui->txtAlphaTestReference->Input().DragOn(*m_ui->lblAlphaTest);
     FillAlphaTests();
     // Partially ticked is set by program only, so a click must not pass through it.
     connect(m_ui->chkApplyRelative, &QCheckBox::stateChanged, this, [this](int state) {

@@ -5,6 +5,7 @@
 #include "AttributeHints.h"
 #include "AttributePanel.h"
 #include "ChannelPanel.h"
+#include "DifferenceMark.h"
 #include "PanelAttributes.h"
 #include "PluginPanel.h"
 #include "SurfacePanel.h"
@@ -55,6 +56,12 @@ void PanelAttributes::BindAmount(Attribute attribute, AmountField& field)
     QObject::connect(
         &field, &QLineEdit::textChanged, &m_panel,
         [attribute, &field, &panel = m_panel] { Q_EMIT panel.Edited(field.Touched(attribute)); });
+    QObject::connect(&field.Input(), &NumberInput::Retaken, &m_panel,
+                     [attribute, &field, &panel = m_panel] {
+                         if (DifferenceMark::IsOn(field)) {
+                             Q_EMIT panel.Edited({{attribute}});
+                         }
+                     });
 }
 
 void PanelAttributes::BindFlag(Attribute attribute, QCheckBox& box)

@@ -5,6 +5,7 @@
 #include "ChannelPanel.h"
 #include "CustomFieldsPanel.h"
 #include "LibraryPanel.h"
+#include "NumberInput.h"
 #include "PluginPanel.h"
 #include "PreviewPanel.h"
 #include "PrimitivePictures.h"
@@ -237,9 +238,24 @@ void MaterialEditor::RefreshPreviewMaterial()
 MaterialEdit MaterialEditor::EditWithValues()
 {
     const auto gathered = m_gatherer.Gather();
-    return gathered->applyMode == CorvexDB::ApplyMode::FilesOnly
-               ? m_pending.WithValues(m_gatherer.Whole(), gathered->applyMode)
-               : m_pending.WithValues(gathered->material, gathered->applyMode);
+    MaterialEdit edit = gathered->applyMode == CorvexDB::ApplyMode::FilesOnly
+                            ? m_pending.WithValues(m_gatherer.Whole(), gathered->applyMode)
+                            : m_pending.WithValues(gathered->material, gathered->applyMode);
+    edit.gesture = GestureOf(edit.rows);
+    return edit;
+}
+
+std::uint32_t MaterialEditor::GestureOf(const std::vector<EditedRow>& rows)
+{
+    for (const EditedRow& row : rows) {
+        for (const QWidget* control : ControlsOf({row.attribute, row.element})) {
+            const NumberInput* input = NumberInput::Of(*control);
+            if (input != nullptr && input->Gesture() != 0) {
+                return input->Gesture();
+            }
+        }
+    }
+    return 0;
 }
 
 void MaterialEditor::TellHost()

@@ -166,6 +166,7 @@ private:
     void OnEdited(const TouchedRows& touched);
     void ApplyAndDraw();
     [[nodiscard]] MaterialEdit EditWithValues();
+    [[nodiscard]] std::uint32_t GestureOf(const std::vector<EditedRow>& rows);
     [[nodiscard]] std::vector<QWidget*> ControlsOf(const TouchedRow& row);
     void TellHost();
     void ShowFactory(const TouchedRows& rows);

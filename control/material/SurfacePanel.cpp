@@ -1,7 +1,6 @@
 #include "SurfacePanel.h"
 
 #include "AmountField.h"
-#include "AmountLink.h"
 #include "AttributeHints.h"
 #include "Trap.h"
 #include "WheelGuard.h"
@@ -48,10 +47,10 @@ std::vector<SurfacePanel::Amount> SurfacePanel::Amounts() const
 void SurfacePanel::ConnectAmounts()
 {
     for (const Amount& amount : Amounts()) {
-        amount.field.setText(QString::fromUtf8(FactoryText(amount.attribute)));
+        amount.field.Hold(amount.attribute);
         OfferRange(amount.slider, amount.attribute);
         TellOtherNames(amount.slider, amount.attribute);
-        LinkSlider(amount.slider, amount.field);
+        amount.field.Input().LinkSlider(amount.slider);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "CustomFieldsPanel.h"
 
+#include "DifferenceMark.h"
 #include "ElidedLabel.h"
 #include <CorvexMaterial/PlainText.h>
 
@@ -61,6 +62,11 @@ CustomFieldsPanel::CustomFieldsPanel(QWidget* parent)
         m_values[i] = new FieldText(this);
         m_values[i]->setObjectName(Numbered("txtCustomMaterialFieldValue", i));
         connect(m_values[i], &QLineEdit::textChanged, this, [this, i] { Q_EMIT Edited(i); });
+        connect(m_values[i], &QLineEdit::returnPressed, this, [this, i] {
+            if (DifferenceMark::IsOn(*m_values[i])) {
+                Q_EMIT Edited(i);
+            }
+        });
         m_grid->addWidget(m_names[i], static_cast<int>(i), 0);
         m_grid->addWidget(m_values[i], static_cast<int>(i), 1);
     }

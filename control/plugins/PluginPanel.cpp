@@ -5,11 +5,11 @@
 #include "Swatch.h"
 #include "Trap.h"
 #include "Trial.h"
-#include "UpDownText.h"
 #include "WheelGuard.h"
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/PlainText.h>
 #include <CorvexMaterial/Twips.h>
+#include <CorvexMaterial/UpDownText.h>
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,13 +1,15 @@
 #include "PluginRow.h"
 
+#include "AmountField.h"
 #include "ArgumentChecks.h"
+#include "DifferenceMark.h"
 #include "PluginParameters.h"
 #include "Swatch.h"
-#include "UpDownText.h"
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/PlainText.h>
 #include <CorvexMaterial/Status.h>
 #include <CorvexMaterial/Twips.h>
+#include <CorvexMaterial/UpDownText.h>
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -40,7 +42,7 @@ Widget* Element(const char* array, std::size_t row, QWidget& panel)
 PluginRow::PluginRow(std::size_t number, QWidget& panel)
     : QObject(&panel), m_row(number), m_caption(Element<QLabel>("lblParameter", number, panel)),
       m_slider(Element<QSlider>("sldParameter", number, panel)),
-      m_position(Element<QLabel>("lblParameterPosition", number, panel)),
+      m_position(Element<AmountField>("txtParameterPosition", number, panel)),
       m_number(Element<UpDownText>("txtParameter", number, panel)),
       m_list(Element<QComboBox>("cboParameter", number, panel)),
       m_tick(Element<QCheckBox>("chkParameter", number, panel)),
@@ -58,9 +60,22 @@ PluginRow::PluginRow(std::size_t number, QWidget& panel)
 
 void PluginRow::Connect()
 {
-    connect(m_slider, &QSlider::valueChanged, m_position, qOverload<int>(&QLabel::setNum));
+    m_position->Input().ShowSlider(*m_slider);
+    m_position->Input().DragOn(*m_caption);
+    m_number->DragOn(*m_caption);
+    connect(&m_position->Input(), &NumberInput::Retaken, this, [this] {
+        if (DifferenceMark::IsOn(*m_position)) {
+            Q_EMIT Edited();
+        }
+    });
     connect(m_slider, &QSlider::valueChanged, this, &PluginRow::Edited);
     connect(m_number, &UpDownText::Confirmed, this, &PluginRow::NumberConfirmed);
+    connect(m_number, &UpDownText::Typed, this, &PluginRow::Edited);
+    connect(m_number, &UpDownText::Retaken, this, [this] {
+        if (DifferenceMark::IsOn(*m_number)) {
+            Q_EMIT Edited();
+        }
+    });
     connect(m_list, &QComboBox::currentIndexChanged, this, &PluginRow::Edited);
     connect(m_tick, &QCheckBox::toggled, this, &PluginRow::Edited);
     connect(m_swatch, &Swatch::clicked, this, &PluginRow::SwatchPressed);
@@ -124,7 +139,12 @@ void PluginRow::ShowSlider(float value)
     m_slider->setTickInterval(setting.tickFrequency);
     m_slider->setPageStep(setting.largeChange);
     m_slider->setValue(RoundHalfEven(std::clamp<double>(value, setting.minimum, setting.maximum)));
-    m_position->setNum(m_slider->value());
+    NumberRules rules = m_position->Input().Rules();
+    rules.least = setting.minimum;
+    rules.most = setting.maximum;
+    m_position->Input().SetRules(rules);
+    m_position->Input().ShowQuietly(m_slider->value());
+    m_position->setAccessibleName(Name());
     ShowEditor(*m_slider);
     m_position->show();
 }
@@ -202,7 +222,7 @@ void PluginRow::Place(int width, double scale)
     const int top = pixels(ParameterRowTop(m_row));
     const int height = pixels(kParameterEditorTwips);
     const int captionTop = top + pixels(kParameterCaptionDropTwips);
-    const int positionWidth = m_position->fontMetrics().horizontalAdvance(QStringLiteral("-0000"));
+    const int positionWidth = m_position->sizeHint().width();
     const int left = width * kCaptionShare / 100;
     const QRect editor(left, top, std::max(0, width - left), height);
     m_caption->setGeometry(0, captionTop, std::max(0, left - kEditorGap), height);

@@ -15,6 +15,7 @@ class QWidget;
 
 namespace CorvexMaterial {
 
+class AmountField;
 class Swatch;
 class UpDownText;
 
@@ -68,7 +69,7 @@ private:
     Colour m_colour = 0;
     QLabel* m_caption;
     QSlider* m_slider;
-    QLabel* m_position;
+    AmountField* m_position;
     UpDownText* m_number;
     QComboBox* m_list;
     QCheckBox* m_tick;

@@ -1,6 +1,8 @@
 #include "frmMaterialExtended.h"
 
+#include "AmountField.h"
 #include "AttributeHints.h"
+#include "DifferenceMark.h"
 #include "PatternColours.h"
 #include "RaytraceAmounts.h"
 #include "RaytracedPreview.h"
@@ -100,16 +102,21 @@ void frmMaterialExtended::ConnectAmounts()
     for (std::size_t i = 0; i < kRaytraceAmounts.size(); ++i) {
         const QString name = QString::fromUtf8(kRaytraceAmounts[i].slider);
         auto* slider = findChild<QSlider*>(name);
-        auto* value = findChild<QLabel*>("lblValue" + name.mid(3));
+        auto* value = findChild<AmountField*>("txt" + name.mid(3));
         m_sliders[i] = {slider, value};
         const Attribute attribute = kRaytraceAmounts[i].attribute;
         OfferRange(*slider, attribute);
         TellOtherNames(*slider, attribute);
-        connect(slider, &QSlider::valueChanged, this, [this, value, attribute](int position) {
-            value->setNum(position);
-            Touch(attribute);
+        value->setAccessibleName(slider->accessibleName());
+        value->Input().SetRules(RulesOf(attribute));
+        value->Input().ShowSlider(*slider);
+        value->Input().DragOnLabels();
+        connect(slider, &QSlider::valueChanged, this, [this, attribute] { Touch(attribute); });
+        connect(&value->Input(), &NumberInput::Retaken, this, [this, value, attribute] {
+            if (DifferenceMark::IsOn(*value)) {
+                Touch(attribute);
+            }
         });
-        value->setNum(slider->value());
     }
     TellOtherNames(*m_ui->chkMetallic, Attribute::RayTraceMetallic);
     connect(m_ui->chkMetallic, &QCheckBox::toggled, this,
@@ -322,11 +329,10 @@ void frmMaterialExtended::FollowRaytracer()
     };
     const std::initializer_list<Row> rows{
         {RaytraceOption::Brilliance,
-         {m_ui->lblBrilliance, m_ui->sldBrilliance, m_ui->lblValueBrilliance}},
+         {m_ui->lblBrilliance, m_ui->sldBrilliance, m_ui->txtBrilliance}},
         {RaytraceOption::Reflection,
-         {m_ui->lblReflection, m_ui->sldReflection, m_ui->lblValueReflection}},
-        {RaytraceOption::Roughness,
-         {m_ui->lblRoughness, m_ui->sldRoughness, m_ui->lblValueRoughness}},
+         {m_ui->lblReflection, m_ui->sldReflection, m_ui->txtReflection}},
+        {RaytraceOption::Roughness, {m_ui->lblRoughness, m_ui->sldRoughness, m_ui->txtRoughness}},
         {RaytraceOption::Metallic, {m_ui->chkMetallic}},
         {RaytraceOption::Iridescence, {m_ui->fraIridescence}},
         {RaytraceOption::ColorPattern, {m_ui->fraColorPattern}},
@@ -357,8 +363,8 @@ void frmMaterialExtended::UpdateEnabled()
         NeedsOfColorPattern(m_ui->cboColorPattern->currentText().toStdString());
     for (QWidget* widget : std::initializer_list<QWidget*>{
              m_ui->lblColorPatternFrequency, m_ui->sldColorPatternFrequency,
-             m_ui->lblValueColorPatternFrequency, m_ui->lblColorPatternTurbulence,
-             m_ui->sldColorPatternTurbulence, m_ui->lblValueColorPatternTurbulence}) {
+             m_ui->txtColorPatternFrequency, m_ui->lblColorPatternTurbulence,
+             m_ui->sldColorPatternTurbulence, m_ui->txtColorPatternTurbulence}) {
         widget->setEnabled(needs.frequencyAndTurbulence);
     }
     for (std::size_t i = 0; i < m_swatches.size(); ++i) {
@@ -369,9 +375,9 @@ void frmMaterialExtended::UpdateEnabled()
         m_ui->cboNormalPattern->currentIndex() != static_cast<int>(NormalPattern::None);
     for (QWidget* widget : std::initializer_list<QWidget*>{
              m_ui->lblNormalPatternFrequency, m_ui->sldNormalPatternFrequency,
-             m_ui->lblValueNormalPatternFrequency, m_ui->lblNormalPatternScale,
-             m_ui->sldNormalScale, m_ui->lblValueNormalScale, m_ui->lblNormalPatternTurbulence,
-             m_ui->sldNormalPatternTurbulence, m_ui->lblValueNormalPatternTurbulence}) {
+             m_ui->txtNormalPatternFrequency, m_ui->lblNormalPatternScale, m_ui->sldNormalScale,
+             m_ui->txtNormalScale, m_ui->lblNormalPatternTurbulence,
+             m_ui->sldNormalPatternTurbulence, m_ui->txtNormalPatternTurbulence}) {
         widget->setEnabled(bumpy);
     }
 }

@@ -21,11 +21,11 @@ class frmMaterialExtended;
 }
 
 class QComboBox;
-class QLabel;
 class QSlider;
 
 namespace CorvexMaterial {
 
+class AmountField;
 class RaytracedPreview;
 class Swatch;
 class Trap;
@@ -74,7 +74,7 @@ public:
 private:
     struct SliderRow {
         QSlider* slider;
-        QLabel* value;
+        AmountField* value;
     };
     class ButtonsOff;
 

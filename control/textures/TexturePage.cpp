@@ -46,8 +46,7 @@ TexturePage::TexturePage(QWidget* parent)
     for (const char* use : kAlphaChannelUses) {
         m_ui->cboTextureAlphaChannelUse->addItem(QString::fromUtf8(use));
     }
-    m_ui->txtTexture2Translucency->setText(
-        QString::fromUtf8(FactoryText(Attribute::OverlayTranslucency)));
+    m_ui->txtTexture2Translucency->Hold(Attribute::OverlayTranslucency);
     TellOtherNames(*m_ui->txtTexture2Translucency, Attribute::OverlayTranslucency);
     m_ui->lblWrapType->setBuddy(m_ui->optWrapType_0);
     TellOtherNames(*m_ui->lblWrapType, Attribute::WrapType);
@@ -116,6 +115,11 @@ void TexturePage::ConnectFields()
             edited(Attribute::TextureAlphaChannelUse));
     connect(m_ui->txtTexture2Translucency, &QLineEdit::textChanged, this, [this] {
         EmitEdited(m_ui->txtTexture2Translucency->Touched(Attribute::OverlayTranslucency));
+    });
+    connect(&m_ui->txtTexture2Translucency->Input(), &NumberInput::Retaken, this, [this] {
+        if (DifferenceMark::IsOn(*m_ui->txtTexture2Translucency)) {
+            EmitEdited({{Attribute::OverlayTranslucency}});
+        }
     });
 }
 

@@ -4,8 +4,8 @@
 
 namespace studio {
 
-/// Accepts a typed number with a dot or the user's own decimal sign, brings it into the range and
-/// writes it with the field's decimals and a dot. Anything else becomes the default.
+/// Accepts what a number's field does, brings it into the range and writes it with the field's
+/// decimals and a dot. Anything else becomes the default.
 class NumberField : public CorvexCommon::NumericValidation {
 public:
     std::string Accept(const std::string& text, const CorvexCommon::NumericRange& range) override;

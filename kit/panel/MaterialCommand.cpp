@@ -71,9 +71,9 @@ FieldSet Differences(const std::vector<ShapeChange>& changes)
     return fields;
 }
 
-MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields,
-                                 std::chrono::milliseconds madeAt, Shown shown)
-    : m_changes(std::move(changes)), m_fields(std::move(fields)), m_madeAt(madeAt),
+MaterialCommand::MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields, Moment made,
+                                 Shown shown)
+    : m_changes(std::move(changes)), m_fields(std::move(fields)), m_made(made),
       m_shown(std::move(shown))
 {
     setText(TitleOf(m_fields, m_changes));
@@ -84,20 +84,20 @@ void MaterialCommand::undo()
     for (const ShapeChange& change : m_changes) {
         change.shape->SetApplied(change.before);
     }
-    m_made = false;
+    m_isMade = false;
     m_shown(Shapes());
 }
 
 void MaterialCommand::redo()
 {
     // Pushing a step calls this too, with the change already made.
-    if (m_made) {
+    if (m_isMade) {
         return;
     }
     for (const ShapeChange& change : m_changes) {
         change.shape->SetApplied(change.after);
     }
-    m_made = true;
+    m_isMade = true;
     m_shown(Shapes());
 }
 
@@ -110,7 +110,7 @@ bool MaterialCommand::mergeWith(const QUndoCommand* other)
     for (std::size_t i = 0; i < m_changes.size(); ++i) {
         m_changes[i].after = later->m_changes[i].after;
     }
-    m_madeAt = later->m_madeAt;
+    m_made = later->m_made;
     setObsolete(std::ranges::all_of(m_changes, ChangesNothing));
     return true;
 }
@@ -120,7 +120,9 @@ bool MaterialCommand::Continues(const MaterialCommand& earlier) const
     const auto sameShape = [](const ShapeChange& one, const ShapeChange& other) {
         return one.shape == other.shape;
     };
-    return m_fields == earlier.m_fields && m_madeAt - earlier.m_madeAt <= kMergeWithin &&
+    const std::uint32_t gesture = m_made.gesture;
+    const bool follows = gesture != 0 || m_made.at - earlier.m_made.at <= kMergeWithin;
+    return gesture == earlier.m_made.gesture && follows && m_fields == earlier.m_fields &&
            std::ranges::equal(m_changes, earlier.m_changes, sameShape);
 }
 

@@ -19,8 +19,9 @@ namespace studio {
 [[nodiscard]] FieldSet Differences(const std::vector<ShapeChange>& changes);
 
 /// One step of the undo history: a change of the materials of some shapes, already made when the
-/// step is pushed. Edits of the same fields of the same shapes that follow each other quickly, as
-/// typing and dragging produce them, become one step; one that ends where it began vanishes.
+/// step is pushed. Edits of the same fields of the same shapes become one step when they are one
+/// drag, or when they are none and follow each other quickly, as typing produces them; one that
+/// ends where it began vanishes.
 class MaterialCommand : public QUndoCommand {
 public:
     /// Edits further apart than this stay two steps.
@@ -29,9 +30,13 @@ public:
     /// Called after each undo and redo with the shapes that changed.
     using Shown = std::function<void(const ShapeList&)>;
 
+    struct Moment {
+        std::chrono::milliseconds at{};
+        std::uint32_t gesture = 0;  ///< number of the drag; 0 for none
+    };
+
     /// The fields are what the user edited, which the step is called after.
-    MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields,
-                    std::chrono::milliseconds madeAt, Shown shown);
+    MaterialCommand(std::vector<ShapeChange> changes, FieldSet fields, Moment made, Shown shown);
 
     void undo() override;
     void redo() override;
@@ -44,9 +49,9 @@ private:
 
     std::vector<ShapeChange> m_changes;
     FieldSet m_fields;
-    std::chrono::milliseconds m_madeAt;
+    Moment m_made;
     Shown m_shown;
-    bool m_made = true;
+    bool m_isMade = true;
 };
 
 }  // namespace studio

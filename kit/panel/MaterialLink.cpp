@@ -115,7 +115,7 @@ void MaterialLink::ApplyEdit(const MaterialEdit& edit)
     for (const ShapeChange& change : changes) {
         change.shape->SetApplied(change.after);
     }
-    Push(std::move(changes), FieldsOf(edit));
+    Push(std::move(changes), FieldsOf(edit), edit.gesture);
 }
 
 void MaterialLink::Preview(const MaterialEdit& edit)
@@ -217,7 +217,7 @@ void MaterialLink::Name(std::vector<ShapeChange>& changes, const std::string& na
     ShareNamed(changes, name, m_parts.scene.All(), taken);
 }
 
-void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
+void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields, std::uint32_t gesture)
 {
     if (std::ranges::all_of(changes, ChangesNothing)) {
         return;
@@ -225,7 +225,7 @@ void MaterialLink::Push(std::vector<ShapeChange> changes, FieldSet fields)
     ShowDifferencesSoon();
     const bool isSeen = std::ranges::any_of(changes, LooksDifferent);
     m_parts.history.push(
-        new MaterialCommand(std::move(changes), std::move(fields), m_clock(),
+        new MaterialCommand(std::move(changes), std::move(fields), {m_clock(), gesture},
                             [this](const ShapeList& shapes) { ShowAgain(shapes); }));
     if (isSeen) {
         Q_EMIT ShapesChanged();

@@ -81,7 +81,7 @@ private:
     /// Without a name as an edit does, which leaves those alone that share a material.
     void Name(std::vector<ShapeChange>& changes, const std::string& name,
               const std::shared_ptr<const LibraryLink>& link = {}) const;
-    void Push(std::vector<ShapeChange> changes, FieldSet fields);
+    void Push(std::vector<ShapeChange> changes, FieldSet fields, std::uint32_t gesture = 0);
     void ShowSelected();
     [[nodiscard]] CorvexMaterial::Status Show(const CorvexSG::GatheredMaterial& gathered);
     void ShowAgain(const ShapeList& shapes);

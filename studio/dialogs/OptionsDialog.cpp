@@ -134,8 +134,9 @@ void OptionsDialog::ShowSettings()
     m_fields = m_settings.List(kCustomFieldsSetting, Qt::KeepEmptyParts);
     m_ui->customFields->setPlainText(m_fields.join(u'\n'));
     ShowMoves();
-    m_ui->backups->setRange(0, kMostBackups);
-    m_ui->backups->setValue(m_settings.Number(kBackupsSetting, kBackupsKept));
+    m_ui->backups->SetNumbers({0, kMostBackups, 1, kBackupsKept, kMostBackups, true});
+    m_ui->backups->ShowText(QString::number(m_settings.Number(kBackupsSetting, kBackupsKept)));
+    m_ui->backups->DragOn(*m_ui->label8);
     m_ui->supportSite->setText(m_settings.Text(kSupportSiteSetting));
 }
 
@@ -235,8 +236,10 @@ void OptionsDialog::Store() const
         m_settings.SetNumber(kLinkSetting, m_ui->linkMaterials->isChecked() ? 1 : 0);
     }
     m_settings.SetNumber(kAntialiasSetting, m_ui->antialias->currentIndex());
-    if (m_ui->backups->value() != m_settings.Number(kBackupsSetting, kBackupsKept)) {
-        m_settings.SetNumber(kBackupsSetting, m_ui->backups->value());
+    m_ui->backups->Commit();
+    const int backups = std::clamp(static_cast<int>(m_ui->backups->Value()), 0, kMostBackups);
+    if (backups != m_settings.Number(kBackupsSetting, kBackupsKept)) {
+        m_settings.SetNumber(kBackupsSetting, backups);
     }
     m_settings.SetNumber(kRaytracerSetting, m_ui->raytracer->currentData().toInt());
     for (const RaytracerField* field : m_raytracers) {

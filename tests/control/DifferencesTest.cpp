@@ -115,6 +115,21 @@ TEST_F(Differences, LeaveAFieldThatIsEditedAndShowItsTextMeanwhile)
     }
 }
 
+TEST_F(Differences, EndWithReturnWhichGivesAllWhatTheFieldHolds)
+{
+    rig.Control().ShowDifferences(kRows);
+    for (const char* name : {"txtAmbient", "txtCustomMaterialFieldValue_1"}) {
+        auto& field = rig.Field(name);
+        QTest::keyClick(&field, Qt::Key_Return);
+        ASSERT_EQ(rig.edits.size(), 1U) << name;
+        EXPECT_EQ(rig.edits.front().rows.size(), 1U);
+        EXPECT_TRUE(Told(name).isEmpty());
+        QTest::keyClick(&field, Qt::Key_Return);
+        EXPECT_EQ(rig.edits.size(), 1U) << "there is nothing left to give";
+        rig.edits.clear();
+    }
+}
+
 TEST_F(Differences, OfWhatNoControlShowsAreLeftOut)
 {
     EXPECT_EQ(rig.Control().ShowDifferences({{PreviewPrimitive, 0, {1, 2}, 2},
@@ -137,7 +152,12 @@ TEST_F(Differences, OfTheRaytracerAreMarkedInItsDialogUntilTouched)
         };
         EXPECT_TRUE(isMarked("sldReflection") && isMarked("picColorPattern_1"));
         EXPECT_TRUE(isMarked("cboColorPattern") && !isMarked("picColorPattern_0"));
-        FindIn<QSlider>(dialog, "sldReflection").setValue(5);
+        auto& reflection = FindIn<QLineEdit>(dialog, "txtReflection");
+        Type(reflection, "25");
+        EXPECT_EQ(reflection.text(), "25");
+        QTest::keyClick(&reflection, Qt::Key_Down);
+        EXPECT_EQ(FindIn<QSlider>(dialog, "sldReflection").value(), 9);
+        EXPECT_EQ(reflection.text(), "9");
         auto& list = FindIn<QComboBox>(dialog, "cboColorPattern");
         Choose(list, list.currentText());
         EXPECT_FALSE(isMarked("sldReflection") || isMarked("cboColorPattern"));

@@ -121,7 +121,7 @@ TEST_F(Editing, AnAmountThatIsNoNumberLeavesTheLastOneInForceAndInTheField)
     for (const auto& [text, last] : {std::pair("abc", 33),
                                      {"", 33},
                                      {"-", 33},
-                                     {"1,5", 1},
+                                     {"1,5x", 1},
                                      {"0x10", 0},
                                      {"99999999999", 999'999'999}}) {
         Type(field, "33");
@@ -143,6 +143,74 @@ TEST_F(Editing, AnAmountThatIsNoNumberLeavesTheLastOneInForceAndInTheField)
     Type(field, "2.5");
     EXPECT_EQ(rig.Previewed().Ambient, 2);
     EXPECT_TRUE(rig.platform.prompts.shown.empty());
+}
+
+TEST_F(Editing, WhatIsComputedCountsOnReturnAndOnLeavingAndThenStandsInTheField)
+{
+    auto& field = rig.Field("txtAmbient");
+    Type(field, "2*15");
+    EXPECT_EQ(rig.Previewed().Ambient, 2);
+    EXPECT_FALSE(field.property("invalid").toBool());
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(rig.Previewed().Ambient, 30);
+    EXPECT_EQ(field.text(), "30");
+    Type(field, "50 %");
+    QFocusEvent leaving(QEvent::FocusOut, Qt::TabFocusReason);
+    QCoreApplication::sendEvent(&field, &leaving);
+    EXPECT_EQ(rig.Previewed().Ambient, 50);
+    Type(field, "1.234,5");
+    EXPECT_TRUE(field.accessibleDescription().contains("decimal sign"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(field.text(), "1.234,5") << "there to be mended";
+    EXPECT_EQ(rig.Previewed().Ambient, 1);
+    Type(field, "97");
+    EXPECT_TRUE(field.accessibleDescription().isEmpty());
+
+    QTest::keyClick(&field, Qt::Key_Up);
+    QTest::keyClick(&field, Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_EQ(field.text(), "99");
+    QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(rig.Previewed().Ambient, 100) << "steps stay in the range";
+    Type(field, "140");
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), "140") << "or where they were";
+    QTest::keyClick(&field, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(rig.Previewed().Ambient, 130);
+}
+
+TEST_F(Editing, ANumberIsDraggedOnItsLabelAsOneGestureThatEscTakesBack)
+{
+    auto& label = rig.Shown("lblAmbient");
+    const auto drag = [&label](std::initializer_list<int> places, Qt::KeyboardModifiers modifiers) {
+        QTest::mousePress(&label, Qt::LeftButton, {}, {5, 5});
+        for (const int place : places) {
+            const QPointF at(place, 5);
+            QMouseEvent move(QEvent::MouseMove, at, label.mapToGlobal(at), Qt::NoButton,
+                             Qt::LeftButton, modifiers);
+            QCoreApplication::sendEvent(&label, &move);
+        }
+    };
+    const auto release = [&label] { QTest::mouseRelease(&label, Qt::LeftButton, {}, {5, 5}); };
+    drag({30, 40, 50}, {});
+    EXPECT_EQ(rig.Previewed().Ambient, 70);
+    release();
+    drag({30, 230}, Qt::ShiftModifier);
+    EXPECT_EQ(rig.Previewed().Ambient, 80);
+    release();
+    drag({30, 36, 600}, Qt::ControlModifier);
+    EXPECT_EQ(rig.Previewed().Ambient, 100);
+    QTest::keyClick(&label, Qt::Key_Escape);
+    EXPECT_EQ(rig.Previewed().Ambient, 80);
+    drag({400}, {});  // the hand that was not lifted yet
+    release();
+    std::set<std::uint32_t> gestures;
+    for (const auto& edit : rig.edits) {
+        gestures.insert(edit.gesture);
+    }
+    EXPECT_EQ(gestures.size(), 3U);
+    EXPECT_FALSE(gestures.contains(0));
+    QTest::mouseClick(&label, Qt::LeftButton);
+    EXPECT_EQ(rig.Field("txtAmbient").selectedText(), "80");
 }
 
 TEST_F(Editing, TheWheelPassesByWhatHasNotTheFocus)

@@ -1,4 +1,5 @@
 #include "ArgumentChecks.h"
+#include <CorvexMaterial/NumberExpression.h>
 #include <CorvexMaterial/NumberText.h>
 #include <CorvexMaterial/Status.h>
 
@@ -19,6 +20,47 @@ TEST(NumberText, RefusesWhatIsNotEntirelyAFiniteNumber)
     EXPECT_EQ(NumberFromText(std::string_view("1\0", 2)), std::nullopt);
     EXPECT_EQ(NumberFromText("\t-1.5e1\r\n"), -15.0);
     EXPECT_EQ(NumberFromText(".5"), 0.5);
+}
+
+TEST(TypedNumbers, AreComputedWithEitherDecimalSignOrRefusedWithTheReason)
+{
+    using enum TypedNumber::Fault;
+    struct Row {
+        const char* text;
+        double value;
+        TypedNumber::Fault fault = None;
+        bool isPlain = false;
+    };
+    for (const Row& row : {Row{"12", 12, None, true},
+                           Row{"-1.5e1 ", -15, None, true},
+                           Row{"2*1.5", 3},
+                           Row{"50 %", 20},
+                           Row{"(1+2)*-3 - 4/8", -9.5},
+                           Row{"12,5", 12.5},
+                           Row{"1,", 1},
+                           Row{"10 + 25%*2", 30},
+                           Row{"\u2212 2 \u00D7 3 \u00F7 4", -1.5},
+                           Row{"45 \u00B0", 45},
+                           Row{"", 0, Unfinished},
+                           Row{"2*", 0, Unfinished},
+                           Row{"(1+2", 0, Unfinished},
+                           Row{"-", 0, Unfinished},
+                           Row{"1.234,5", 0, GroupSign},
+                           Row{"1,234.5", 0, GroupSign},
+                           Row{"1 234", 0, GroupSign},
+                           Row{"1'234", 0, GroupSign},
+                           Row{"1/0", 0, NoNumber},
+                           Row{"0/0", 0, NoNumber},
+                           Row{"12 apples", 0, NoNumber},
+                           Row{"2)", 0, NoNumber},
+                           Row{"%", 0, NoNumber},
+                           Row{"1+nan", 0, NoNumber}}) {
+        const TypedNumber read = ReadTyped(row.text, 40.0);
+        EXPECT_EQ(read.value, row.value) << row.text;
+        EXPECT_EQ(read.fault, row.fault) << row.text;
+        EXPECT_EQ(read.isPlain, row.isPlain) << row.text;
+    }
+    EXPECT_EQ(ReadTyped(std::string(100'000, '(') + "1").fault, NoNumber);
 }
 
 TEST(NumberText, RoundsAsTheProcessorDoes)

@@ -1,7 +1,7 @@
 #include "PluginRig.h"
 
 #include "PluginParameters.h"
-#include "UpDownText.h"
+#include <CorvexMaterial/UpDownText.h>
 
 namespace CorvexTest {
 namespace {
@@ -24,7 +24,7 @@ TEST_F(PluginPanel, ShowsOneEditorOfItsKindPerParameter)
     EXPECT_THAT(rig.VisibleRows(),
                 UnorderedElementsAre(
                     "lblParameter_0", "cboParameter_0", "chkParameter_1", "lblParameter_2",
-                    "sldParameter_2", "lblParameterPosition_2", "lblParameter_3", "txtParameter_3",
+                    "sldParameter_2", "txtParameterPosition_2", "lblParameter_3", "txtParameter_3",
                     "lblParameter_4", "cboParameter_4", "lblParameter_5", "cboParameter_5",
                     "lblParameter_6", "picParameter_6", "cmdRemember", "cmdReset", "cmdResetUser"));
     EXPECT_THAT(rig.Read(), ElementsAre(1, 1, 7, 2.5F, 2, 1, 8388607, 0, 0, 0));
@@ -77,13 +77,21 @@ TEST_F(PluginPanel, AConfirmedNumberGoesThroughTheHost)
     auto& box = rig.Find<UpDownText>("txtParameter_3");
     auto& text = *box.findChild<QLineEdit*>();
     Type(text, "4.75");
-    EXPECT_EQ(rig.edits, 0) << "typing alone confirms nothing";
-    QTest::keyClick(&text, Qt::Key_Enter);
-    EXPECT_EQ(rig.edits, 1);
-    EXPECT_THAT(rig.log.DetailsOf("NumericValidation.Accept"), ElementsAre("4.75"));
+    EXPECT_EQ(rig.edits, 4) << "digits are shown as they are typed";
     EXPECT_EQ(rig.Read()[3], 4.75F);
+    EXPECT_EQ(rig.log.CountOf("NumericValidation.Accept"), 0U);
     QTest::keyClick(&text, Qt::Key_Enter);
-    EXPECT_EQ(rig.edits, 1) << "the same text again is no edit";
+    EXPECT_THAT(rig.log.DetailsOf("NumericValidation.Accept"), ElementsAre("4.75"));
+    QTest::keyClick(&text, Qt::Key_Enter);
+    EXPECT_EQ(rig.edits, 5) << "the same text again is no edit";
+
+    Type(text, "50");
+    EXPECT_EQ(rig.edits, 6) << "beyond the range only what the host makes of it";
+    Type(text, "9,5/2");
+    EXPECT_EQ(rig.edits, 7);
+    QTest::keyClick(&text, Qt::Key_Enter);
+    EXPECT_EQ(rig.Read()[3], 4.75F);
+    EXPECT_EQ(rig.edits, 8);
 
     box.stepBy(1);
     EXPECT_EQ(rig.Read()[3], 5.25F);
@@ -92,7 +100,7 @@ TEST_F(PluginPanel, AConfirmedNumberGoesThroughTheHost)
     Type(text, "");
     QTest::keyClick(&text, Qt::Key_Enter);
     EXPECT_EQ(box.text(), "1.25") << "an emptied box falls back to its own default";
-    EXPECT_EQ(rig.edits, 4);
+    EXPECT_EQ(rig.edits, 11);
 }
 
 TEST_F(PluginPanel, AMarkedTextEndsReadingAtItsParameter)
@@ -111,6 +119,7 @@ TEST_F(PluginPanel, AMarkedTextEndsReadingAtItsParameter)
     }
     EXPECT_THAT(values, ElementsAre(1, 1, 7, 0, 0, 0, 0, 0, 0, 0));
     EXPECT_EQ(rig.panel.ParameterTexts()[3], "wide") << "saving never fails";
+    EXPECT_TRUE(box.accessibleDescription().contains("wide"));
     Type(*box.findChild<QLineEdit*>(), "3");
     EXPECT_FALSE(box.property("invalid").toBool());
     EXPECT_EQ(rig.Read()[3], 3.0F);

@@ -72,6 +72,28 @@ TEST_F(Editing, WhatIsHiddenIsNeitherDrawnNorSelectedUntilThatIsUndone)
     EXPECT_EQ(History().index(), 0) << "nothing to show";
 }
 
+TEST_F(Editing, EachDragOfANumberIsOneStepAndNoneWhereItEndsAsItBegan)
+{
+    rig.Select({0, 1});
+    const auto before = Materials();
+    auto& label = rig.Find<QWidget>("lblAmbient");
+    const auto drag = [&label](std::initializer_list<int> places) {
+        QTest::mousePress(&label, Qt::LeftButton, {}, {5, 5});
+        for (const int place : places) {
+            QTest::mouseMove(&label, {place, 5});
+        }
+        QTest::mouseRelease(&label, Qt::LeftButton, {}, {5, 5});
+    };
+    drag({-30, -40, -50});
+    drag({-30, -35, -40});
+    EXPECT_EQ(History().count(), 2) << "quick as they came";
+    drag({-30, -60, -30});
+    EXPECT_EQ(History().count(), 2);
+    History().undo();
+    History().undo();
+    EXPECT_EQ(Materials(), before);
+}
+
 TEST_F(Editing, TypedTextIsOneStepThatTakesPanelAndShapeBack)
 {
     rig.Select({1});

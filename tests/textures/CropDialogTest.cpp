@@ -86,15 +86,16 @@ TEST_F(CropDialog, ResetTakesTheWholeImage)
 
 TEST_F(CropDialog, KeepsOpenOverTextThatIsNoNumber)
 {
-    Type(Field("txtScaleWidth"), "0,5");
+    Type(Field("txtScaleWidth"), "0,5,");
     Press("cmdOK");
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(dialog.OKClicked());
     EXPECT_TRUE(FindIn<QLabel>(dialog, "lblMessage").isVisible());
-    Type(Field("txtScaleWidth"), "0.5");
+    Type(Field("txtScaleWidth"), "0,25+25%");
     EXPECT_FALSE(FindIn<QLabel>(dialog, "lblMessage").isVisible());
     Press("cmdOK");
     EXPECT_TRUE(dialog.OKClicked());
+    EXPECT_EQ(dialog.GetResults().scaleU, 0.5F);
 }
 
 TEST_F(CropDialog, SaysWhenProportionsAreLost)

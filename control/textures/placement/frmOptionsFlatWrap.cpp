@@ -29,6 +29,7 @@ frmOptionsFlatWrap::frmOptionsFlatWrap(QWidget* parent)
     m_ui->txtTilesPerUnit->SetNumbers({tiles.range.least, tiles.range.most, kTilesStep,
                                        SingleFromText(tiles.factoryText).value_or(1.0F)});
     m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
+    m_ui->txtTilesPerUnit->DragOn(*m_ui->lblTilesPerUnit);
     connect(m_ui->txtTilesPerUnit, &UpDownText::Confirmed, m_ui->lblMessage, &QLabel::hide);
     connect(m_ui->txtTilesPerUnit->findChild<QLineEdit*>(), &QLineEdit::textChanged, this,
             &frmOptionsFlatWrap::Tried);
@@ -77,13 +78,13 @@ float frmOptionsFlatWrap::TilesPerUnit() const
 
 void frmOptionsFlatWrap::accept()
 {
-    const QString text = m_ui->txtTilesPerUnit->text();
-    if (!TilesFromText(text.toStdString())) {
-        ShowNotANumber(*m_ui->lblMessage, text);
+    if (!m_ui->txtTilesPerUnit->IsNumber()) {
+        ShowNotANumber(*m_ui->lblMessage, m_ui->txtTilesPerUnit->text());
         m_ui->txtTilesPerUnit->setFocus();
         m_ui->txtTilesPerUnit->selectAll();
         return;
     }
+    m_ui->txtTilesPerUnit->Commit();
     m_okClicked = true;
     QDialog::accept();
 }

@@ -1,16 +1,12 @@
 #include "frmOptionsTexture.h"
 
+#include "AmountField.h"
 #include "CropGrip.h"
 #include "FieldMessage.h"
 #include "TextureImage.h"
 #include "TextureMessages.h"
 #include "ui_frmOptionsTexture.h"
 #include <CorvexMaterial/KeyboardAccess.h>
-#include <CorvexMaterial/NumberText.h>
-
-#include <QSignalBlocker>
-
-#include <algorithm>
 
 namespace CorvexMaterial {
 
@@ -30,9 +26,9 @@ frmOptionsTexture::frmOptionsTexture(QWidget* parent)
     m_ui->lblMessage->hide();
     m_ui->lblTooTall->hide();
     m_ui->lblTooTall->setText(QString::fromUtf8(kTextureTooTall));
-    ShowTexts(DefaultCrop());
     ConnectFields();
     ConnectPicture();
+    ShowTexts(DefaultCrop());
     connect(m_ui->cmdResetDefaults, &QPushButton::clicked, this,
             [this] { ShowTexts(DefaultCrop()); });
     connect(m_ui->cmdOK, &QPushButton::clicked, this, &frmOptionsTexture::accept);
@@ -44,8 +40,14 @@ frmOptionsTexture::~frmOptionsTexture() = default;
 
 void frmOptionsTexture::ConnectFields()
 {
-    for (QLineEdit* field : m_fields) {
-        connect(field, &QLineEdit::textChanged, this, &frmOptionsTexture::OnTextChanged);
+    constexpr std::array kAttributes{Attribute::OriginU, Attribute::OriginV, Attribute::ScaleU,
+                                     Attribute::ScaleV};
+    for (std::size_t i = 0; i < m_fields.size(); ++i) {
+        NumberInput& input = m_fields[i]->Input();
+        input.SetRules(RulesOf(kAttributes[i]));
+        input.DragOnLabels();
+        connect(m_fields[i], &QLineEdit::textChanged, this, &frmOptionsTexture::OnTextChanged);
+        connect(&input, &NumberInput::Committed, m_ui->lblMessage, &QLabel::hide);
     }
 }
 
@@ -87,10 +89,9 @@ CropTexts frmOptionsTexture::Texts() const
 void frmOptionsTexture::ShowTexts(const CropTexts& texts)
 {
     for (std::size_t i = 0; i < m_fields.size(); ++i) {
-        const QSignalBlocker quiet(m_fields[i]);
         const QString text = QString::fromStdString(texts.*kTexts[i]);
         if (m_fields[i]->text() != text) {
-            m_fields[i]->setText(text);
+            m_fields[i]->Input().ShowQuietly(text);
         }
     }
     m_ui->lblMessage->hide();
@@ -121,17 +122,16 @@ CorvexDB::TexturePlacement frmOptionsTexture::GetResults() const
 
 void frmOptionsTexture::accept()
 {
-    const auto placement = PlacementOf(Texts());
-    if (!placement) {
-        QLineEdit* field = *std::ranges::find_if(m_fields, [](const QLineEdit* candidate) {
-            return !SingleFromText(candidate->text().toStdString());
-        });
-        ShowNotANumber(*m_ui->lblMessage, field->text());
-        field->setFocus();
-        field->selectAll();
-        return;
+    for (AmountField* field : m_fields) {
+        if (!field->Input().IsNumber()) {
+            ShowNotANumber(*m_ui->lblMessage, field->text());
+            field->setFocus();
+            field->selectAll();
+            return;
+        }
+        field->Input().Commit();
     }
-    m_results = *placement;
+    m_results = PlacementOf(Texts()).value();
     m_okClicked = true;
     QDialog::accept();
 }

@@ -11,10 +11,9 @@ namespace Ui {
 class frmOptionsTexture;
 }
 
-class QLineEdit;
-
 namespace CorvexMaterial {
 
+class AmountField;
 struct CropRect;
 
 /// Lets the user choose the part of a texture that is used. Used in the order of its members.
@@ -47,7 +46,7 @@ private:
 
     std::unique_ptr<Ui::frmOptionsTexture> m_ui;
     /// In the order of `CropTexts`.
-    std::array<QLineEdit*, 4> m_fields{};
+    std::array<AmountField*, 4> m_fields{};
     CorvexDB::TexturePlacement m_results;
     bool m_okClicked = false;
 };

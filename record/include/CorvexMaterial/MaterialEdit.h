@@ -37,6 +37,8 @@ struct MaterialEdit {
     /// What that material was called where it was copied (`Material::SetMaterialName`); empty for
     /// none.
     std::string name = {};
+    /// Edits of one drag of a slider or a label have the same number, those of no drag 0.
+    std::uint32_t gesture = 0;
 };
 
 /// Where the shapes differ that the next edit goes to.
