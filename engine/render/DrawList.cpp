@@ -127,6 +127,9 @@ void DrawList::Add(const FrameItem& item, MeshBufferCache& meshes, FrameTextures
     if (item.selected) {
         addTo(m_selected);
     }
+    if (item.target) {
+        addTo(m_targets);
+    }
 }
 
 void DrawList::Draw(const DrawGroup& group, SurfaceStage stage, SurfaceShaders& shaders) const

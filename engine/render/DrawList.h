@@ -51,6 +51,7 @@ public:
     [[nodiscard]] const DrawGroup& Solid() const { return m_solid; }
     [[nodiscard]] const DrawGroup& Transparent() const { return m_transparent; }
     [[nodiscard]] const DrawGroup& Selected() const { return m_selected; }
+    [[nodiscard]] const DrawGroup& Targets() const { return m_targets; }
 
     /// Draws into the bound target with its depth test and blending.
     void Draw(const DrawGroup& group, SurfaceStage stage, SurfaceShaders& shaders) const;
@@ -67,6 +68,7 @@ private:
     DrawGroup m_solid;
     DrawGroup m_transparent;
     DrawGroup m_selected;
+    DrawGroup m_targets;
 };
 
 }  // namespace studio

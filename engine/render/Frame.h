@@ -21,6 +21,7 @@ struct FrameItem {
     std::shared_ptr<const CorvexDB::udtMaterial> material;  ///< null is the default material
     QMatrix4x4 worldFromMesh;
     bool selected = false;
+    bool target = false;  ///< of what is dragged over it; glows
     CorvexSG::CoordinateMode coordinates = CorvexSG::CoordinateMode::FromMesh;
     CorvexDB::ApplyMode applyMode = CorvexDB::ApplyMode::Absolute;  ///< of the wrap
     TexturePointer generatedColor{};  ///< instead of the primary texture's file; may be null

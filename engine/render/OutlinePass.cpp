@@ -9,38 +9,45 @@ namespace studio {
 namespace {
 
 constexpr CorvexMaterial::Colour kOutlineColour = CorvexMaterial::MakeColour({255, 140, 26});
+constexpr CorvexMaterial::Colour kGlowColour = CorvexMaterial::MakeColour({90, 190, 255});
 constexpr float kWidestPixels = 8.0F;  ///< the pass reads the square of it for every pixel
+constexpr float kGlowWidth = 4.0F;     ///< lines
 
 }  // namespace
 
 OutlinePass::OutlinePass() : m_outline(shaders::kOutlineFragment)
 {
-    const Rgb colour = LightOf(kOutlineColour);
     m_outline.Use();
     glUniform1i(m_outline.Uniform("mask"), 0);
-    glUniform3f(m_outline.Uniform("outlineColour"), colour.red, colour.green, colour.blue);
 }
 
-void OutlinePass::DrawMask(const DrawList& list, SurfaceShaders& shaders, MaskTarget& mask) const
+void OutlinePass::DrawMask(const DrawList& list, const DrawGroup& group, SurfaceShaders& shaders,
+                           MaskTarget& mask) const
 {
     mask.target.Bind();
     glDisable(GL_BLEND);
     glDisable(GL_DEPTH_TEST);
     glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
     glClear(GL_COLOR_BUFFER_BIT);
-    list.Draw(list.Selected(), SurfaceStage::Shape, shaders);
+    list.Draw(group, SurfaceStage::Shape, shaders);
 }
 
-void OutlinePass::Draw(const DrawList& list, SurfaceShaders& shaders, MaskTarget& mask,
-                       const RenderTarget& picture, float widthPixels) const
+void OutlinePass::Draw(const DrawList& list, const DrawGroup& group, Outline outline,
+                       SurfaceShaders& shaders, MaskTarget& mask, const RenderTarget& picture,
+                       float widthPixels) const
 {
-    DrawMask(list, shaders, mask);
+    DrawMask(list, group, shaders, mask);
     picture.Bind();
-    const float width = std::clamp(widthPixels, 1.0F, kWidestPixels);
+    const bool glows = outline == Outline::Glow;
+    const float width =
+        std::clamp(glows ? widthPixels * kGlowWidth : widthPixels, 1.0F, kWidestPixels);
     const PixelExtent extent = picture.Extent();
     const int margin = static_cast<int>(std::ceil(width)) + 2;
-    const PixelRegion region = list.RegionOf(list.Selected(), extent, margin);
+    const PixelRegion region = list.RegionOf(group, extent, margin);
+    const Rgb colour = LightOf(glows ? kGlowColour : kOutlineColour);
     m_outline.Use();
+    glUniform3f(m_outline.Uniform("outlineColour"), colour.red, colour.green, colour.blue);
+    glUniform1i(m_outline.Uniform("glows"), glows ? 1 : 0);
     glUniform2f(m_outline.Uniform("pictureSize"), static_cast<float>(extent.width),
                 static_cast<float>(extent.height));
     glUniform1f(m_outline.Uniform("outlinePixels"), width);

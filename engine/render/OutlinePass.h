@@ -6,7 +6,7 @@
 
 namespace studio {
 
-/// The silhouette of the selected items of one picture.
+/// The silhouette of the outlined items of one picture.
 struct MaskTarget {
     explicit MaskTarget(PixelExtent extent)
         : texture(PixelKind::Mask8, extent, Sampling::Smooth), target(extent, texture, nullptr)
@@ -17,17 +17,21 @@ struct MaskTarget {
     RenderTarget target;
 };
 
-/// Draws a line around the silhouette of the selected items, also where another item hides it. The
+enum class Outline : std::uint8_t { Line, Glow };
+
+/// Draws a line or a glow around the silhouette of a group, also where another item hides it. The
 /// items themselves keep their look.
 class OutlinePass {
 public:
     OutlinePass();
     /// The mask may be finer than the picture.
-    void Draw(const DrawList& list, SurfaceShaders& shaders, MaskTarget& mask,
-              const RenderTarget& picture, float widthPixels) const;
+    void Draw(const DrawList& list, const DrawGroup& group, Outline outline,
+              SurfaceShaders& shaders, MaskTarget& mask, const RenderTarget& picture,
+              float widthPixels) const;
 
 private:
-    void DrawMask(const DrawList& list, SurfaceShaders& shaders, MaskTarget& mask) const;
+    void DrawMask(const DrawList& list, const DrawGroup& group, SurfaceShaders& shaders,
+                  MaskTarget& mask) const;
 
     ScreenPass m_outline;
 };

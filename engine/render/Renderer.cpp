@@ -175,12 +175,17 @@ QImage Renderer::Parts::DrawPicture(const Frame& frame, const TextureLookup& loo
     if (to.shrunk) {
         Shrink(to);
     }
-    if (!list.Selected().items.empty()) {
+    const auto drawOutline = [&](const DrawGroup& group, Outline look) {
+        if (group.items.empty()) {
+            return;
+        }
         if (!to.mask) {
             to.mask.emplace(to.fine);
         }
-        outline.Draw(list, shaders, *to.mask, to.Finished(), frame.outlinePixels);
-    }
+        outline.Draw(list, group, look, shaders, *to.mask, to.Finished(), frame.outlinePixels);
+    };
+    drawOutline(list.Selected(), Outline::Line);
+    drawOutline(list.Targets(), Outline::Glow);
     QImage image = ReadBack(to.Finished());
     ThrowOnGraphicsError();
     return image;

@@ -31,6 +31,7 @@ void StudioScene::Fill(Frame& frame)
         }
         FrameItem item = shape->Item();
         item.selected = m_selection != nullptr && m_selection->Contains(*shape);
+        item.target = shape == m_target;
         frame.items.push_back(std::move(item));
     }
 }

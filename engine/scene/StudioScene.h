@@ -56,12 +56,16 @@ public:
     /// Its shapes are drawn as selected. It outlives the scene or is replaced by null before.
     void MarkSelection(const Selection* selection) { m_selection = selection; }
 
+    /// The shape glows, as what is dragged over it would be put there; null for none.
+    void MarkTarget(std::shared_ptr<const StudioShape> shape) { m_target = std::move(shape); }
+
 private:
     StudioGroup m_root;
     StudioGroup m_camera;
     Shapes m_shapes;
     std::optional<SceneView> m_view;
     const Selection* m_selection = nullptr;
+    std::shared_ptr<const StudioShape> m_target;
 };
 
 class StudioSceneGraph : public CorvexSG::SceneGraph {

@@ -15,6 +15,7 @@
 #include <QDrag>
 #include <QHelpEvent>
 #include <QMimeData>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QUrl>
@@ -29,6 +30,24 @@ constexpr int kMaterialRowHeight = 68;
 constexpr int kTextureRowHeight = 66;
 
 constexpr int kDragPictureSide = 48;
+
+/// A pointer, its tip in the middle, with the picture beside it.
+QPixmap CursorWith(const QPixmap& picture)
+{
+    constexpr int kBeside = 14;
+    const qreal ratio = picture.devicePixelRatio();
+    QPixmap cursor(QSize(2, 2) * (kBeside + kDragPictureSide) * ratio);
+    cursor.setDevicePixelRatio(ratio);
+    cursor.fill(Qt::transparent);
+    QPainter painter(&cursor);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(kBeside + kDragPictureSide, kBeside + kDragPictureSide);
+    painter.drawPixmap(kBeside, kBeside, picture);
+    painter.setPen(Qt::white);
+    painter.setBrush(Qt::black);
+    painter.drawPolygon(QPolygon({{0, 0}, {0, 16}, {4, 13}, {7, 19}, {9, 18}, {6, 12}, {11, 12}}));
+    return cursor;
+}
 
 }  // namespace
 
@@ -441,8 +460,8 @@ void LibraryBrowser::Drag(int row)
         QPixmap picture =
             m_model->Thumbnail(row, static_cast<int>(kDragPictureSide * devicePixelRatioF()));
         picture.setDevicePixelRatio(devicePixelRatioF());
-        drag->setPixmap(picture);
-        drag->setHotSpot({kDragPictureSide / 2, kDragPictureSide / 2});
+        // Where it can be dropped nothing lies over what it would change.
+        drag->setDragCursor(CursorWith(picture), Qt::IgnoreAction);
         // It may be dropped on a shape.
         UseSoon(row);
         const QString shelf = file->IsInMemory() && m_shelfLibrary ? m_shelfLibrary() : QString();

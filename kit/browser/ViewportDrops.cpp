@@ -27,8 +27,7 @@ bool ViewportDrops::eventFilter(QObject* watched, QEvent* event)
         Move(*static_cast<QDropEvent*>(event));
         return true;
     case QEvent::DragLeave:
-        m_dragged.clear();
-        Q_EMIT Hint({});
+        Leave();
         return true;
     case QEvent::Drop:
         Drop(*static_cast<QDropEvent*>(event));
@@ -41,13 +40,15 @@ bool ViewportDrops::eventFilter(QObject* watched, QEvent* event)
 // What is neither is left to the window around the viewport.
 bool ViewportDrops::Enter(QDropEvent& event)
 {
-    if (const auto material = DraggedMaterial(*event.mimeData())) {
-        const bool isNamed = !material->name.empty();
-        m_dragged =
-            QString::fromStdString(isNamed ? material->name : DescriptiveName(material->material));
+    m_material = DraggedMaterial(*event.mimeData());
+    m_texture = m_material ? QString() : DraggedTexture(*event.mimeData());
+    if (m_material) {
+        const bool isNamed = !m_material->name.empty();
+        m_dragged = QString::fromStdString(isNamed ? m_material->name
+                                                   : DescriptiveName(m_material->material));
         m_isThere = true;
     } else {
-        const QFileInfo texture(DraggedTexture(*event.mimeData()));
+        const QFileInfo texture(m_texture);
         m_dragged = texture.fileName();
         m_isThere = texture.isFile();
     }
@@ -57,8 +58,9 @@ bool ViewportDrops::Enter(QDropEvent& event)
 
 void ViewportDrops::Move(QDropEvent& event)
 {
-    const ShapePointer shape = m_pick(event.position().toPoint());
-    if (shape == nullptr || !m_isThere) {
+    const ShapePointer shape = m_isThere ? m_pick(event.position().toPoint()) : nullptr;
+    GoOver(shape);
+    if (shape == nullptr) {
         event.ignore();
         Q_EMIT Hint(m_isThere ? QString() : tr("%1 is not a file").arg(m_dragged));
         return;
@@ -67,25 +69,49 @@ void ViewportDrops::Move(QDropEvent& event)
     Q_EMIT Hint(tr("Put %1 on %2").arg(m_dragged, QString::fromStdString(shape->Name())));
 }
 
-void ViewportDrops::Drop(QDropEvent& event)
+DroppedMaterial ViewportDrops::DraggedOnto(const StudioShape& shape) const
+{
+    if (m_material) {
+        return *m_material;
+    }
+    DroppedMaterial textured;
+    textured.material = shape.Material();
+    textured.material.Textures.primary = m_texture.toStdString();
+    return textured;
+}
+
+void ViewportDrops::GoOver(const ShapePointer& shape)
+{
+    if (shape != m_over) {
+        m_over = shape;
+        Q_EMIT Over(shape,
+                    shape != nullptr ? DraggedOnto(*shape).material : CorvexDB::udtMaterial());
+    }
+}
+
+void ViewportDrops::Leave()
 {
     m_dragged.clear();
+    GoOver(nullptr);
     Q_EMIT Hint({});
-    const ShapePointer shape = m_pick(event.position().toPoint());
-    if (shape == nullptr || !m_isThere) {
+}
+
+void ViewportDrops::Drop(QDropEvent& event)
+{
+    const ShapePointer shape = m_isThere ? m_pick(event.position().toPoint()) : nullptr;
+    if (shape == nullptr) {
         event.ignore();
+        Leave();
         return;
     }
     event.acceptProposedAction();
-    if (const auto material = DraggedMaterial(*event.mimeData())) {
-        QMetaObject::invokeMethod(
-            this, [this, shape, material] { Q_EMIT MaterialDropped(shape, *material); },
-            Qt::QueuedConnection);
-    } else if (const QString file = DraggedTexture(*event.mimeData()); !file.isEmpty()) {
-        QMetaObject::invokeMethod(
-            this, [this, shape, file] { Q_EMIT TextureDropped(shape, file); },
-            Qt::QueuedConnection);
-    }
+    QMetaObject::invokeMethod(
+        this,
+        [this, shape, material = DraggedOnto(*shape)] {
+            Q_EMIT Dropped(shape, material);
+            Leave();
+        },
+        Qt::QueuedConnection);
 }
 
 }  // namespace studio

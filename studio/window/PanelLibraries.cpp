@@ -277,19 +277,23 @@ void PanelLibraries::DropOn(ScenePane& scene, LibraryLinks& links)
     connect(&scene.Viewport(), &ViewportWidget::pictureShown, followed,
             &SceneMaterials::FollowSoon);
     connect(drops, &ViewportDrops::Hint, &m_messages, &WindowMessages::Show);
-    connect(drops, &ViewportDrops::MaterialDropped, &links,
+    connect(drops, &ViewportDrops::Over, link,
+            [link, &scene](const std::shared_ptr<StudioShape>& shape,
+                           const CorvexDB::udtMaterial& material) {
+                scene.Scene().MarkTarget(shape);
+                if (shape != nullptr) {
+                    link->Previewing().Show({MaterialLink::PutOf(shape, material)});
+                } else {
+                    link->Previewing().End();
+                    scene.Viewport().Draw();
+                }
+            });
+    connect(drops, &ViewportDrops::Dropped, &links,
             [&links](const std::shared_ptr<StudioShape>& shape, const DroppedMaterial& dropped) {
                 links.Put({shape}, dropped);
             });
-    connect(drops, &ViewportDrops::TextureDropped, link,
-            [link](const std::shared_ptr<StudioShape>& shape, const QString& file) {
-                CorvexDB::udtMaterial material = shape->Material();
-                material.Textures.primary = file.toStdString();
-                link->Put(shape, material);
-            });
 }
 
-// One of the library folder goes by its name alone, as in the panel's list.
 void PanelLibraries::Open(const QString& file, LibraryKind kind)
 {
     const QFileInfo info(file);

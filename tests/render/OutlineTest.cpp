@@ -39,6 +39,20 @@ TEST_P(Outline, RunsAroundTheShapeAndLeavesItAlone)
     }
 }
 
+TEST_P(Outline, OfATargetFadesAndLeavesItAlone)
+{
+    studio::Frame frame = FrameOf({Item(Square(), Glowing(0x404040))});
+    frame.samples = GetParam();
+    const QImage plain = Draw(frame);
+    frame.items[0].target = true;
+    const QImage glowing = Draw(frame);
+    const QRect shape(16, 16, 32, 32);
+    EXPECT_EQ(Difference(glowing.copy(shape), plain.copy(shape)), 0);
+    EXPECT_GT(qBlue(glowing.pixel(15, 32)), 200);
+    EXPECT_LT(qBlue(glowing.pixel(11, 32)), qBlue(glowing.pixel(15, 32)));
+    EXPECT_GT(qBlue(glowing.pixel(11, 32)), qBlue(plain.pixel(11, 32)));
+}
+
 TEST_P(Outline, NothingThatIsDrawnNothingIsOutlined)
 {
     constexpr int kEqual = 2;

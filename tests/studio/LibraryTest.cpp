@@ -473,6 +473,50 @@ TEST_F(Library, TrashGivesBackUntilItIsEmptied)
     EXPECT_EQ(rig.prompts.shown.size(), 1U) << "what is gone for good is told";
 }
 
+TEST_F(Library, WhatIsDraggedIsSeenOnTheShapeUnderItAndLeavesNoTrace)
+{
+    AddMaterial("42");
+    const auto material = studio::DraggedEntry(Materials(), 0);
+    const CorvexTest::SampleFolder folder;
+    QMimeData image;
+    image.setUrls({QUrl::fromLocalFile(folder.Write("oak.png", {}))});
+    rig.Select({0});
+    QWidget& viewport = rig.Window().Viewport();
+    const auto drawn = [this] {
+        studio::Frame frame;
+        const_cast<studio::StudioScene&>(rig.Window().Scene()).Fill(frame);
+        return frame.items;
+    };
+    const auto isSame = [](const studio::FrameItem& one, const studio::FrameItem& other) {
+        return one.material == other.material && one.coordinates == other.coordinates &&
+               one.target == other.target;
+    };
+    const auto before = drawn();
+    const int steps = History().count();
+    for (const QMimeData* data :
+         {const_cast<const QMimeData*>(material.get()), const_cast<const QMimeData*>(&image)}) {
+        QDragEnterEvent enter({1, 1}, Qt::CopyAction, data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&viewport, &enter);
+        for (const QPoint at : {QPoint(1, 1), viewport.rect().center(), QPoint(1, 1)}) {
+            QDragMoveEvent move(at, Qt::CopyAction, data, Qt::LeftButton, {});
+            QCoreApplication::sendEvent(&viewport, &move);
+            const bool isOver = at != QPoint(1, 1);
+            const auto now = drawn();
+            const auto target = std::ranges::find_if(now, &studio::FrameItem::target);
+            EXPECT_EQ(target != now.end(), isOver);
+            EXPECT_EQ(std::ranges::equal(now, before, isSame), !isOver);
+            EXPECT_TRUE(!isOver || target->material->Ambient == 42 ||
+                        target->material->Textures.primary.ends_with("oak.png"));
+        }
+        QDragMoveEvent move(viewport.rect().center(), Qt::CopyAction, data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&viewport, &move);
+        QDragLeaveEvent leave;
+        QCoreApplication::sendEvent(&viewport, &leave);
+        EXPECT_TRUE(std::ranges::equal(drawn(), before, isSame));
+    }
+    EXPECT_EQ(History().count(), steps);
+}
+
 TEST_F(Library, DroppedMaterialAndImageGoToTheShapeUnderThePointer)
 {
     AddMaterial("42");

@@ -4,6 +4,7 @@ uniform sampler2D mask;
 uniform vec2 pictureSize;
 uniform float outlinePixels;
 uniform vec3 outlineColour;
+uniform bool glows;
 
 const float rimStrength = 0.6;
 
@@ -12,10 +13,12 @@ float Covered(vec2 pixel)
     return texture(mask, pixel / pictureSize).r;
 }
 
-// How much of a pixel lies within this width of the edge of another pixel.
+// How much of a pixel lies within this width of the edge of another pixel; of a glow, how bright it
+// still is there.
 float Inside(float width, vec2 offset)
 {
-    return clamp(width + 1.0 - length(offset), 0.0, 1.0);
+    float left = width + 1.0 - length(offset);
+    return clamp(glows ? left / width : left, 0.0, 1.0);
 }
 
 // A ring around the silhouette: as far as the widened silhouette reaches beyond itself. A darker
