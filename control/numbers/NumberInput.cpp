@@ -119,6 +119,7 @@ void NumberInput::ShowQuietly(const QString& text)
     }
     m_isTyped = false;
     Read();
+    m_box.update();
 }
 
 void NumberInput::Commit()
