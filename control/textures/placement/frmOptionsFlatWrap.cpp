@@ -62,6 +62,7 @@ void frmOptionsFlatWrap::ShowDefaults()
     ShowOption(CorvexDB::FlatWrapType::TileByUnit);
     m_ui->txtTilesPerUnit->ShowText(kDefaultTilesText);
     m_ui->lblMessage->hide();
+    Q_EMIT Tried();
 }
 
 CorvexDB::FlatWrapType frmOptionsFlatWrap::FlatWrap() const
@@ -71,9 +72,10 @@ CorvexDB::FlatWrapType frmOptionsFlatWrap::FlatWrap() const
 
 float frmOptionsFlatWrap::TilesPerUnit() const
 {
-    const QString text = m_ui->txtTilesPerUnit->text();
-    return text == m_firstText ? m_firstTiles
-                               : TilesFromText(text.toStdString()).value_or(m_firstTiles);
+    const auto tiles = static_cast<float>(m_ui->txtTilesPerUnit->Value());
+    return tiles == SingleFromText(m_firstText.toStdString())
+               ? m_firstTiles
+               : TilesFromText(TextOfSingle(tiles)).value_or(m_firstTiles);
 }
 
 void frmOptionsFlatWrap::accept()
