@@ -91,9 +91,9 @@ TEST_F(LivePicking, ViewsTurnMeanwhileAndWhateverElseIsDoneComesAfterTheColour)
 {
     auto& view = *rig.Window().centralWidget();
     Try();
-    QTest::mousePress(&view, Qt::LeftButton, {}, {40, 40});
+    QTest::mousePress(&view, Qt::RightButton, {}, {40, 40});
     QTest::mouseMove(&view, {90, 60});
-    QTest::mouseRelease(&view, Qt::LeftButton, {}, {90, 60});
+    QTest::mouseRelease(&view, Qt::RightButton, {}, {90, 60});
     EXPECT_NE(OpenDialog(), nullptr);
     ExpectNoTrace();
 
