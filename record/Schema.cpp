@@ -23,6 +23,8 @@ static_assert(MembersWithRows(kRows, paths::kSteps<&M::Textures>) == MemberCount
               "TextureFiles: a member without a row");
 static_assert(MembersWithRows(kRows, paths::kSteps<&M::Placement>) == MemberCount<Placement>(),
               "TexturePlacement: a member without a row");
+static_assert(MembersWithRows(kRows, paths::kSteps<&M::Projection>) == MemberCount<Projection>(),
+              "TextureProjection: a member without a row");
 static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace>) == MemberCount<Raytrace>(),
               "cdtRayTraceMaterialAttributes: a member without a row");
 static_assert(MembersWithRows(kRows, paths::kSteps<&M::RayTrace, &Raytrace::ColorPatternColor>) ==
@@ -107,9 +109,10 @@ std::string_view FactoryText(Attribute attribute)
 
 const char* TitleOf(AttributeGroup group)
 {
-    constexpr std::array kTitles{"Surface", "Blending",          "Textures",
-                                 "Wrap",    "Texture placement", "Raytrace attributes",
-                                 "Plug-in", "Custom fields",     "Panel"};
+    constexpr std::array kTitles{
+        "Surface",           "Blending",           "Textures",            "Wrap",
+        "Texture placement", "Texture projection", "Raytrace attributes", "Plug-in",
+        "Custom fields",     "Panel"};
     static_assert(kTitles.size() == static_cast<std::size_t>(Group::Panel) + 1);
     return kTitles[static_cast<std::size_t>(group)];
 }
@@ -179,6 +182,11 @@ bool operator==(const TextureFiles& one, const TextureFiles& other)
 bool operator==(const TexturePlacement& one, const TexturePlacement& other)
 {
     return IsSame(&udtMaterial::Placement, one, other);
+}
+
+bool operator==(const TextureProjection& one, const TextureProjection& other)
+{
+    return IsSame(&udtMaterial::Projection, one, other);
 }
 
 bool operator==(const cdtRayTraceMaterialAttributes& one,

@@ -20,6 +20,7 @@ using CorvexDB::PatternColour;
 using M = CorvexDB::udtMaterial;
 using Files = CorvexDB::TextureFiles;
 using Placement = CorvexDB::TexturePlacement;
+using Projection = CorvexDB::TextureProjection;
 using Raytrace = CorvexDB::cdtRayTraceMaterialAttributes;
 
 inline constexpr NumberRange kNoRange{};
@@ -27,6 +28,8 @@ inline constexpr NumberRange kFlag{0, 1};
 inline constexpr NumberRange kPercent{0, 100};
 inline constexpr NumberRange kFraction{0, 1};
 inline constexpr NumberRange kSteps{0, 10};
+inline constexpr NumberRange kTurn{-360, 360};
+inline constexpr NumberRange kAnywhere{-10000, 10000};
 
 /// A longer list is a wider range: a position beyond it is not read back.
 template <std::size_t Count, typename Entry>
@@ -298,6 +301,39 @@ inline constexpr std::array kRows = std::to_array<AttributeRow>({
      kPath<&M::RayTrace, &Raytrace::ColorPatternColor, Element{3}, &PatternColour::alpha>, "", "",
      "raytrace.patternColours.3.alpha", "Pattern color 4, alpha", Kind::Single, Unit::Fraction,
      kFraction, "0", Group::Raytrace, Touches::Raytracer},
+    {TextureRotation, kPath<&M::TextureRotation>, "MaterialTextureRotation",
+     "MaterialUserTextureRotation", "textureRotation", "Texture rotation", Kind::Single, Unit::Degrees, kTurn,
+     "0", Group::Projection, Touches::Uniform,
+     "rotation, texture angle, uv rotation"},
+    {TextureWidth, kPath<&M::TextureWidth>, "MaterialTextureWidth",
+     "MaterialUserTextureWidth", "textureWidth", "Texture width", Kind::Single, Unit::SceneUnits, {0, 10000},
+     "0", Group::Projection, Touches::Coordinates,
+     "real width, tile width"},
+    {TextureHeight, kPath<&M::TextureHeight>, "MaterialTextureHeight",
+     "MaterialUserTextureHeight", "textureHeight", "Texture height", Kind::Single, Unit::SceneUnits, {0, 10000},
+     "0", Group::Projection, Touches::Coordinates,
+     "real height, tile height"},
+    {ProjectionX, kPath<&M::Projection, &Projection::x>, "MaterialProjectionX",
+     "MaterialUserProjectionX", "projection.x", "Projection X", Kind::Single, Unit::SceneUnits, kAnywhere,
+     "0", Group::Projection, Touches::Coordinates,
+     "texture offset x"},
+    {ProjectionY, kPath<&M::Projection, &Projection::y>, "MaterialProjectionY",
+     "MaterialUserProjectionY", "projection.y", "Projection Y", Kind::Single, Unit::SceneUnits, kAnywhere,
+     "0", Group::Projection, Touches::Coordinates,
+     "texture offset y"},
+    {ProjectionZ, kPath<&M::Projection, &Projection::z>, "MaterialProjectionZ",
+     "MaterialUserProjectionZ", "projection.z", "Projection Z", Kind::Single, Unit::SceneUnits, kAnywhere,
+     "0", Group::Projection, Touches::Coordinates,
+     "texture offset z"},
+    {ProjectionTurnX, kPath<&M::Projection, &Projection::turnX>, "MaterialProjectionTurnX",
+     "MaterialUserProjectionTurnX", "projection.turnX", "Projection turn X", Kind::Single, Unit::Degrees, kTurn,
+     "0", Group::Projection, Touches::Coordinates},
+    {ProjectionTurnY, kPath<&M::Projection, &Projection::turnY>, "MaterialProjectionTurnY",
+     "MaterialUserProjectionTurnY", "projection.turnY", "Projection turn Y", Kind::Single, Unit::Degrees, kTurn,
+     "0", Group::Projection, Touches::Coordinates},
+    {ProjectionTurnZ, kPath<&M::Projection, &Projection::turnZ>, "MaterialProjectionTurnZ",
+     "MaterialUserProjectionTurnZ", "projection.turnZ", "Projection turn Z", Kind::Single, Unit::Degrees, kTurn,
+     "0", Group::Projection, Touches::Coordinates},
 });
 // clang-format on
 

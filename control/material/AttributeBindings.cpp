@@ -7,6 +7,7 @@
 #include "ChannelPanel.h"
 #include "DifferenceMark.h"
 #include "PanelAttributes.h"
+#include "PlacementPanel.h"
 #include "PluginPanel.h"
 #include "SurfacePanel.h"
 #include "TexturePage.h"
@@ -153,6 +154,14 @@ void PanelAttributes::BindPlacement()
                              page.SetPlacement(placement);
                          }};
     };
+    for (const AttributeRow& row : AttributeRows()) {
+        if (const Attribute attribute = row.attribute; PlacementPanel::Has(attribute)) {
+            At(attribute) = {[&page, attribute] { return page.Placing().Text(attribute); },
+                             [&page, attribute](const std::string& text) {
+                                 page.Placing().Show(attribute, text);
+                             }};
+        }
+    }
     bindFraction(Attribute::OriginU, &CorvexDB::TexturePlacement::originU);
     bindFraction(Attribute::OriginV, &CorvexDB::TexturePlacement::originV);
     bindFraction(Attribute::ScaleU, &CorvexDB::TexturePlacement::scaleU);

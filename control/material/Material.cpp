@@ -1,12 +1,15 @@
 #include <CorvexMaterial/Material.h>
 
 #include "AttributePanel.h"
+#include "ChannelPanel.h"
 #include "LibraryPanel.h"
 #include "MaterialEditor.h"
+#include "PlacementPanel.h"
 #include "PluginPanel.h"
 #include "PreviewPanel.h"
 #include "QtControlLibrary.h"
 #include "SectionHeader.h"
+#include "TexturePage.h"
 
 #include <QAbstractButton>
 
@@ -38,6 +41,8 @@ Material::Material(Host& host, Platform& platform, QWidget* parent) : QWidget(pa
             &Material::DisplayPositionInformation);
     connect(m_editor.get(), &MaterialEditor::StatusText, this, &Material::DisplayMiscInformation);
     connect(m_editor.get(), &MaterialEditor::WarningRequested, this, &Material::evtReqWarn);
+    connect(&m_editor->Form().Attributes().Channels().Textures().Placing(),
+            &PlacementPanel::HandlesToggled, this, &Material::PlacementHandlesToggled);
 }
 
 Material::~Material()
@@ -257,6 +262,16 @@ QString Material::PastedTitle()
 Status Material::SetMaterialName(const std::string& name)
 {
     return m_editor->Guard()("SetMaterialName", [&] { m_editor->Clipboard().SetName(name); });
+}
+
+Status Material::Edit(const std::vector<EditedRow>& rows)
+{
+    return m_editor->Guard()("Edit", [&] { m_editor->Edit(rows); });
+}
+
+void Material::ShowPlacementHandles(bool shown)
+{
+    m_editor->Form().Attributes().Channels().Textures().Placing().ShowHandles(shown);
 }
 
 void Material::DeleteFromLibrary(CorvexEditport::BrowserKind library)

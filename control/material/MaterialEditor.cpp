@@ -192,6 +192,25 @@ void MaterialEditor::OnEdited(const TouchedRows& touched)
     }
 }
 
+void MaterialEditor::Edit(const std::vector<EditedRow>& rows)
+{
+    CorvexDB::udtMaterial material = m_gatherer.Whole();
+    TakeRows(material, rows);
+    TouchedRows touched;
+    for (const EditedRow& row : rows) {
+        touched.push_back({row.attribute, row.element});
+    }
+    EditAtOnce(touched, [&] {
+        m_attributes.ShowRecord(material);
+        for (const EditedRow& row : rows) {
+            if (row.attribute == Attribute::ApplyRelative) {
+                m_attributes.ShowApplyRelative(
+                    CorvexDB::ApplyMode{std::get<std::int32_t>(row.value)});
+            }
+        }
+    });
+}
+
 void MaterialEditor::RequestWarning(std::string_view text, std::string_view key)
 {
     m_trap("evtReqWarn", [&] {

@@ -109,6 +109,8 @@ public:
 
     void LoadSavedStatus();
     void ResetToFactory();
+    /// As the user's edit of these attributes.
+    void Edit(const std::vector<EditedRow>& rows);
     void ResetMiscellaneous();
 
     /// Leaves "None" alone in the plug-in list; a plug-in that was chosen leaves the material.

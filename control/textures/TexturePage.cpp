@@ -4,6 +4,7 @@
 #include "AttributeHints.h"
 #include "ChannelIcons.h"
 #include "DifferenceMark.h"
+#include "PlacementPanel.h"
 #include "TextureThumbnail.h"
 #include "TextureWrap.h"
 #include "WheelGuard.h"
@@ -38,9 +39,11 @@ static_assert(kWrapSigns.size() == kWrapTitles.size() && kWrapTags.size() == kWr
 
 TexturePage::TexturePage(QWidget* parent)
     : QWidget(parent), m_ui(std::make_unique<Ui::TexturePage>()),
-      m_cache(std::make_unique<ThumbnailCache>())
+      m_cache(std::make_unique<ThumbnailCache>()), m_placing(new PlacementPanel(this))
 {
     m_ui->setupUi(this);
+    m_ui->column->addWidget(m_placing);
+    setTabOrder(m_ui->chkFlipV, m_placing);
     AddThumbnails();
     AddWraps();
     for (const char* use : kAlphaChannelUses) {
@@ -113,6 +116,7 @@ void TexturePage::ConnectFields()
     connect(m_ui->chkFlipV, &QCheckBox::clicked, this, edited(Attribute::WrapOrientationV));
     connect(m_ui->cboTextureAlphaChannelUse, &QComboBox::currentIndexChanged, this,
             edited(Attribute::TextureAlphaChannelUse));
+    connect(m_placing, &PlacementPanel::Edited, this, &TexturePage::EmitEdited);
     connect(m_ui->txtTexture2Translucency, &QLineEdit::textChanged, this, [this] {
         EmitEdited(m_ui->txtTexture2Translucency->Touched(Attribute::OverlayTranslucency));
     });
@@ -294,6 +298,9 @@ std::vector<QWidget*> TexturePage::ControlsOf(Attribute attribute) const
         if (FileOf(row.layer) == attribute) {
             return {&Thumbnail(row.layer)};
         }
+    }
+    if (PlacementPanel::Has(attribute)) {
+        return {m_placing->FieldOf(attribute)};
     }
     switch (attribute) {
     case Attribute::OverlayTranslucency:

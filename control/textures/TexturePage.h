@@ -21,6 +21,7 @@ class QButtonGroup;
 
 namespace CorvexMaterial {
 
+class PlacementPanel;
 class TextureThumbnail;
 class ThumbnailCache;
 
@@ -51,6 +52,9 @@ public:
     [[nodiscard]] bool BeginsAnew(TextureLayer layer, const std::string& file) const;
     /// Back to the whole image, once per unit. Gives what was otherwise.
     [[nodiscard]] TouchedRows ForgetPlacement();
+
+    /// The numbers of where, how large and how turned.
+    [[nodiscard]] PlacementPanel& Placing() const { return *m_placing; }
 
     /// Position 0 to 4 in `cboTextureAlphaChannelUse`.
     [[nodiscard]] int AlphaChannelUse() const;
@@ -118,6 +122,7 @@ private:
     std::unique_ptr<ThumbnailCache> m_cache;
     std::array<TextureThumbnail*, kTextureLayerCount> m_thumbnails{};
     QButtonGroup* m_wraps = nullptr;
+    PlacementPanel* m_placing;
     std::optional<TextureLayer> m_shown;
     CorvexDB::FlatWrapType m_flatWrap = CorvexDB::FlatWrapType::TileByUnit;
     float m_tilesPerUnit = 1.0F;

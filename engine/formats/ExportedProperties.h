@@ -42,6 +42,7 @@ inline constexpr auto kToldTogether = std::to_array<ToldTogether>({
      Attribute::RaytracePredefinedMaterial},
     {Attribute::RayTraceType, Attribute::RayTraceType, Attribute::RaytracePredefinedMaterial},
     {Attribute::PluginParameters, Attribute::PluginParameters, Attribute::Plugin},
+    {Attribute::TextureRotation, Attribute::ProjectionTurnZ, Attribute::WrapType},
     // The panel's own state is in no material.
     {Attribute::PreviewPrimitive, Attribute::PreviewPrimitive, Attribute::PreviewPrimitive},
     {Attribute::TextureLibrary, Attribute::ApplyRelative, Attribute::PreviewPrimitive},

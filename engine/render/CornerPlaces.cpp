@@ -23,10 +23,12 @@ struct FlatSide {
         const auto size = [&](int axis) { return std::abs(normal[axis]); };
         const auto sign = [&](int axis) { return normal[axis] < 0.0F ? -1.0F : 1.0F; };
         if (size(1) > size(0) && size(1) > size(2)) {
+            facing = 1;
             across = 0;
             down = 2;
             turn = {1.0F, sign(1)};
         } else if (size(0) > size(2)) {
+            facing = 0;
             across = 2;
             down = 1;
             turn = {-sign(0), -1.0F};
@@ -35,11 +37,12 @@ struct FlatSide {
         }
     }
 
-    [[nodiscard]] QVector2D PlaceOf(const QVector3D& point, const QVector3D& offset) const
+    [[nodiscard]] QVector2D Unrolled(const QVector3D& point) const
     {
-        return {turn.x() * point[across] + offset[across], turn.y() * point[down] + offset[down]};
+        return {turn.x() * point[across], turn.y() * point[down]};
     }
 
+    std::size_t facing = 2;
     int across = 0;
     int down = 1;
     QVector2D turn;
@@ -96,11 +99,11 @@ std::array<QVector2D, 3> CornerPlaces(const Mesh& mesh, const std::array<std::ui
         const FlatSide side(turned.mapVector(
             VectorOf(vertex(0).normal) + VectorOf(vertex(1).normal) + VectorOf(vertex(2).normal)));
         for (std::size_t i = 0; i < 3; ++i) {
-            places[i] = side.PlaceOf(wrapped(i), wrap.flatOffset);
+            places[i] = wrap.tiles[side.facing].PlaceOf(side.Unrolled(wrapped(i)));
         }
     } else if (wrap.kind == CoordinateKind::Mesh) {
         for (std::size_t i = 0; i < 3; ++i) {
-            places[i] = {vertex(i).uv[0], 1.0F - vertex(i).uv[1]};
+            places[i] = wrap.tiles[0].PlaceOf({vertex(i).uv[0], 1.0F - vertex(i).uv[1]});
         }
     } else {
         const std::array points{wrapped(0), wrapped(1), wrapped(2)};
@@ -109,6 +112,9 @@ std::array<QVector2D, 3> CornerPlaces(const Mesh& mesh, const std::array<std::ui
         }
         JoinAtSeam(places);
         PlacePoles(points, places);
+        for (QVector2D& place : places) {
+            place = wrap.tiles[0].PlaceOf(place);
+        }
     }
     return places;
 }

@@ -20,7 +20,7 @@ enum class CoordinateKind;
 [[nodiscard]] std::array<QVector2D, 3>
 CornerPlaces(const Mesh& mesh, const std::array<std::uint32_t, 3>& corners, const WrapTerms& wrap);
 
-/// Of a point in the space of a spherical or cylindrical wrap.
+/// Of a point in the space of a spherical or cylindrical wrap, unrolled.
 [[nodiscard]] QVector2D RoundPlace(const QVector3D& point, CoordinateKind kind);
 
 [[nodiscard]] bool IsAtPole(const QVector3D& point);

@@ -89,7 +89,7 @@ SurfaceShader::SurfaceShader(const SurfaceVariant& variant)
       m_overlayOpacity(m_program.Uniform("overlayOpacity")),
       m_wrapFromMesh(m_program.Uniform("wrapFromMesh")),
       m_wrapNormalFromMesh(m_program.Uniform("wrapNormalFromMesh")),
-      m_flatOffset(m_program.Uniform("flatOffset")), m_flip(m_program.Uniform("flip")),
+      m_tiles(m_program.Uniform("tiles")), m_flip(m_program.Uniform("flip")),
       m_crop(m_program.Uniform("crop"))
 {
     SetConstants();
@@ -145,7 +145,10 @@ void SurfaceShader::SetTextures(const DrawItem& item) const
     glUniform1f(m_overlayOpacity, item.overlayOpacity);
     glUniformMatrix4fv(m_wrapFromMesh, 1, GL_FALSE, wrap.wrapFromMesh.constData());
     glUniformMatrix3fv(m_wrapNormalFromMesh, 1, GL_FALSE, wrap.wrapNormalFromMesh.constData());
-    glUniform3f(m_flatOffset, wrap.flatOffset.x(), wrap.flatOffset.y(), wrap.flatOffset.z());
+    static_assert(sizeof(wrap.tiles) ==
+                  sizeof(float) * 6 * std::tuple_size_v<decltype(wrap.tiles)>);
+    glUniformMatrix3x2fv(m_tiles, static_cast<GLsizei>(wrap.tiles.size()), GL_FALSE,
+                         reinterpret_cast<const float*>(wrap.tiles.data()));
     set(m_flip, wrap.flip);
     set(m_crop, wrap.crop);
 }

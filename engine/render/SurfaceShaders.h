@@ -75,7 +75,7 @@ private:
     GLint m_overlayOpacity;
     GLint m_wrapFromMesh;
     GLint m_wrapNormalFromMesh;
-    GLint m_flatOffset;
+    GLint m_tiles;
     GLint m_flip;
     GLint m_crop;
 };

@@ -75,7 +75,7 @@ private:
         const float around = beginsAtPole ? 0.0F : std::hypot(p.x(), p.z());
         const float size = m_wrap.kind == CoordinateKind::Spherical ? p.length() : 1.0F;
         apart.setX(apart.x() * std::min(1.0F, size > 0.0F ? around / size : 0.0F));
-        return apart.length();
+        return m_wrap.tiles[0].LengthOf(apart).length();
     }
 
     [[nodiscard]] bool Bends(std::uint32_t first, std::uint32_t second) const

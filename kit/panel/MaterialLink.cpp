@@ -160,6 +160,36 @@ void MaterialLink::Make(std::vector<ShapeChange> changes)
     ShowSelected();
 }
 
+void MaterialLink::Try(const std::vector<CorvexMaterial::EditedRow>& rows)
+{
+    const auto latest = m_parts.selection.Latest();
+    const auto changes = WithTouchedRows(m_parts.selection.All(), {rows, false});
+    m_previewing.Show(changes);
+    for (const ShapeChange& change : changes) {
+        if (change.shape == latest) {
+            // Refused, it is told at the end.
+            static_cast<void>(Show(*change.after.gathered));
+        }
+    }
+}
+
+void MaterialLink::Finish(const std::vector<CorvexMaterial::EditedRow>& rows)
+{
+    m_previewing.End();
+    if (const Status status = m_parts.material.Edit(rows); status != Status::Success) {
+        Q_EMIT Failed(tr("The material was not applied"), status);
+        ShowSelected();
+    }
+}
+
+void MaterialLink::GiveUp()
+{
+    if (m_previewing.IsOn()) {
+        m_previewing.End();
+        ShowSelected();
+    }
+}
+
 ShapeChange MaterialLink::PutOf(const std::shared_ptr<StudioShape>& shape,
                                 const CorvexDB::udtMaterial& material)
 {

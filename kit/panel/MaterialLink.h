@@ -60,6 +60,11 @@ public:
     /// What `Put` would do to the shape, to be shown before it is done.
     [[nodiscard]] static ShapeChange PutOf(const std::shared_ptr<StudioShape>& shape,
                                            const CorvexDB::udtMaterial& material);
+    /// An edit that is still under way: the selected shapes and the panel show what it would come
+    /// to. It ends with `Finish`, which makes it, with `GiveUp`, or with the next selection.
+    void Try(const std::vector<CorvexMaterial::EditedRow>& rows);
+    void Finish(const std::vector<CorvexMaterial::EditedRow>& rows);
+    void GiveUp();
     /// What is shown on shapes that does not count yet. It ends with the next selection.
     [[nodiscard]] MaterialPreviewing& Previewing() { return m_previewing; }
 

@@ -4,6 +4,7 @@
 #include "OptionsDialog.h"
 #include "PanelArea.h"
 #include "PanelFill.h"
+#include "PlacementEditing.h"
 #include "PluginFolder.h"
 #include "PluginTextures.h"
 #include "ScenePane.h"
@@ -40,6 +41,8 @@ PanelDock::PanelDock(const Parts& parts, MaterialLink::Clock clock)
           new MaterialLink({*m_material, parts.scene.Scene(), parts.scene.Selected(), parts.history,
                             [&host = parts.host] { return host.Materials().TakenEntry(); }},
                            std::move(clock))),
+      m_placement(new PlacementEditing(
+          {parts.scene.Viewport(), *m_material, *m_link, parts.scene.Selected()}, this)),
       m_fill(new PanelFill(*m_material, *m_area)),
       m_dock(new QDockWidget(tr("Material"), &parts.window))
 {
@@ -53,6 +56,7 @@ PanelDock::PanelDock(const Parts& parts, MaterialLink::Clock clock)
 PanelDock::~PanelDock()
 {
     delete m_fill;
+    delete m_placement;
     delete m_link;
     delete m_material;
 }
@@ -97,6 +101,8 @@ void PanelDock::ConnectPanel()
     };
     connect(m_link, &MaterialLink::Failed, this, report);
     connect(m_fill, &PanelFill::Failed, this, report);
+    connect(m_placement, &PlacementEditing::NothingToPlace, &messages,
+            [&messages] { messages.Show(tr("Select a shape with a texture to place it")); });
     // The control read its own colours again with its layout.
     connect(m_fill, &PanelFill::Changed, this, [this](bool filled) {
         if (!filled) {
@@ -171,6 +177,7 @@ void PanelDock::AddTo(QMenu& view)
     dock->setShortcut(QKeySequence(tr("F4")));
     dock->setStatusTip(tr("Shows or hides the panel"));
     view.addAction(dock);
+    view.addAction(m_placement->Action());
     QAction* fill = view.addAction(tr("&Fill the Dock"), m_fill, &PanelFill::Fill);
     QAction* saved = view.addAction(tr("Saved &Layout"), m_fill, &PanelFill::Restore);
     fill->setStatusTip(tr("Stretches the libraries over the whole height"));

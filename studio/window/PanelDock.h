@@ -17,6 +17,7 @@ class MaterialVariants;
 class PanelArea;
 struct StudioColours;
 class PanelFill;
+class PlacementEditing;
 class ScenePane;
 class StudioHost;
 class WindowMessages;
@@ -71,6 +72,7 @@ private:
     CorvexMaterial::Material* m_material;
     MaterialLink* m_link;
     MaterialVariants* m_variants = nullptr;
+    PlacementEditing* m_placement;
     PanelFill* m_fill;
     QDockWidget* m_dock;
 };

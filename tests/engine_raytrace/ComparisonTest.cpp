@@ -53,6 +53,15 @@ std::vector<Case> Cases(RaytraceRig& rig)
         rig.Image("w.png", [](int x, int y) { return Bumps(x, 4 * y); }, {64, 16});
     const std::string sky = rig.Image("e.png", Sky);
     const auto round = CorvexDB::WrapType::Cylindrical;
+    udtMaterial placed{.Textures = {.primary = checks}, .TextureRotation = 30.0F};
+    placed.Projection = {0.3F, 0.2F, -0.1F, 20.0F, 40.0F, -15.0F};
+    const auto placedBy = [placed](CorvexDB::WrapType wrap, float width, float height) {
+        udtMaterial material = placed;
+        material.Wrap = wrap;
+        material.TextureWidth = width;
+        material.TextureHeight = height;
+        return material;
+    };
     return {
         {"plain", {.Color = 0x4060C0}},
         {"shiny", {.Color = 0x208040, .Ambient = 0, .Specular = 90}},
@@ -72,6 +81,11 @@ std::vector<Case> Cases(RaytraceRig& rig)
          0.98,
          true},
         {"cylindrical wrap", {.Wrap = round, .Textures = {.primary = checks}}, 1.0, 0.99, true},
+        {"turned on the mesh", {.Textures = {.primary = checks}, .TextureRotation = 30.0F}},
+        {"placed sphere", placedBy({}, 0.0F, 0.0F), 1.5, 0.98, true},
+        {"sized sphere", placedBy({}, 1.5F, 1.0F), 3.0, 0.97, true},
+        {"sized flat", placedBy(CorvexDB::WrapType::Flat, 1.2F, 0.8F), 3.0, 0.97, true},
+        {"sized cylinder", placedBy(round, 1.2F, 0.0F), 3.0, 0.97, true},
         {"alpha-tested",
          {.DoubleSided = true,
           .AlphaTest = 4,

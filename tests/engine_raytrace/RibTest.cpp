@@ -263,6 +263,74 @@ TEST_F(Rib, PutsImagesWhereCropFlipAndTilesDo)
     }
 }
 
+/// As a renderer takes it that knows coordinates and images alone.
+std::shared_ptr<const studio::Mesh> MeshOf(const RibRequest& polygons)
+{
+    const auto vector = [&](const char* name, std::size_t at) {
+        const QVector3D v = VectorAt(polygons.Parameter(name)->numbers, at);
+        return std::array{v.x(), v.y(), v.z()};
+    };
+    const std::vector<float>& st = polygons.Parameter("st")->numbers;
+    const std::vector<float>& corners = polygons.arguments[1].numbers;
+    std::vector<studio::Vertex> vertices;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        const auto point = static_cast<std::size_t>(corners[i]);
+        vertices.push_back(
+            {vector("P", point), vector("N", point), {st[2 * i], 1.0F - st[2 * i + 1]}});
+    }
+    std::vector<std::uint32_t> indices;
+    std::uint32_t first = 0;
+    for (const float count : polygons.arguments[0].numbers) {
+        const auto end = first + static_cast<std::uint32_t>(count);
+        for (std::uint32_t last = first + 2; last < end; ++last) {
+            indices.insert(indices.end(), {first, last - 1, last});
+        }
+        first = end;
+    }
+    return studio::MakeMesh(std::move(vertices), std::move(indices));
+}
+
+TEST_F(Rib, PutsImagesWhereAPlacedWrapDoes)
+{
+    using CorvexDB::WrapType;
+    for (const WrapType wrap : {WrapType::Spherical, WrapType::Flat, WrapType::Cylindrical}) {
+        for (const float width : {0.0F, 1.5F}) {
+            udtMaterial material{.Ambient = 0,
+                                 .Emissive = 100,
+                                 .Wrap = wrap,
+                                 .Textures = {.primary = rig.Image("f.png", [](int x, int y) {
+                                     return QColor(x < 32 ? 255 : 0, y < 32 ? 255 : 0, 255);
+                                 })}};
+            material.TextureRotation = 30.0F;
+            material.TextureWidth = width;
+            material.Projection = {0.3F, 0.2F, -0.1F, 20.0F, 40.0F, -15.0F};
+            studio::RaytraceScene scene = SceneWith(material);
+            scene.frame.items.front().coordinates = CorvexSG::CoordinateMode::FromWrap;
+            const RibFile file = ReadRib(rig.RibText(scene));
+            const QImage drawn = rig.Draw(scene);
+            udtMaterial plain{.Ambient = 0, .Emissive = 100};
+            plain.Textures.primary = rig.Folder()
+                                         .PathOf(QString::fromStdString(
+                                             Surface(file).Parameter("texturename")->strings.at(0)))
+                                         .toStdString();
+            studio::RaytraceScene known =
+                SceneWith(plain, MeshOf(*file.All("PointsPolygons").back()));
+            known.frame.items.front().coordinates = CorvexSG::CoordinateMode::FromMesh;
+            const QImage again = rig.Draw(known);
+            Keep(
+                Sheet({drawn, again}, 2),
+                qPrintable(QStringLiteral("rib-%1-%2.png").arg(static_cast<int>(wrap)).arg(width)));
+            double apart = 0.0;
+            for (int i = 0; i < drawn.width() * drawn.height(); ++i) {
+                const QPoint at(i % drawn.width(), i / drawn.width());
+                apart += Distance(drawn.pixel(at), again.pixel(at));
+            }
+            EXPECT_LT(apart / (drawn.width() * drawn.height()), 3.0)
+                << static_cast<int>(wrap) << ' ' << width;
+        }
+    }
+}
+
 TEST_F(Rib, KeepsTheStepsOfDarkImages)
 {
     const std::string dark = rig.Image("d.png", [](int, int) { return QColor(8, 8, 8); });

@@ -1,5 +1,6 @@
 #include "FullDisk.h"
 #include "SampleFolder.h"
+#include "SampleMaterial.h"
 #include "SampleMaterials.h"
 
 #include "LibraryQuery.h"
@@ -32,7 +33,7 @@ protected:
         }
         const auto first = ReadMaterial(library, 0);
         EXPECT_EQ(NamesIn(library).front(), "M\u00F6rtel \u77F3");
-        EXPECT_TRUE(first.material == LibraryTest::WholeMaterial());
+        EXPECT_TRUE(first.material == CorvexTest::AsKeptBefore(LibraryTest::WholeMaterial()));
         EXPECT_THAT(first.problems, IsEmpty());
         CorvexDB::udtMaterial oak;
         oak.Color = 0x28624F;
@@ -154,7 +155,7 @@ TEST(OldDocument, HasEveryValue)
     std::vector<std::string> problems;
     const auto materials = studio::ReadMaterialDocument(OLD_FILES "/Materials.json", problems);
     ASSERT_EQ(materials.size(), 2U);
-    EXPECT_TRUE(materials[0].material == LibraryTest::WholeMaterial());
+    EXPECT_TRUE(materials[0].material == CorvexTest::AsKeptBefore(LibraryTest::WholeMaterial()));
     EXPECT_EQ(materials[1].name, "Oak");
     EXPECT_EQ(materials[1].material.Textures.primary, OLD_FILES "/Textures/oak.png");
     EXPECT_THAT(problems, IsEmpty());

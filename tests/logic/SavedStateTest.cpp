@@ -28,7 +28,8 @@ RaytraceColorPattern1Green=1 RaytraceColorPattern1Blue=1 RaytraceColorPattern2Re
 RaytraceColorPattern2Green=1 RaytraceColorPattern2Blue=1 RaytraceColorPattern3Red=1
 RaytraceColorPattern3Green=1 RaytraceColorPattern3Blue=1 RaytraceColorPatternFrequencey=0
 RaytraceColorPatternTurbulence=0 RaytraceNormalFreqency=0 RaytraceNormalTurbulence=0
-/TextureLibrary=Gems.cvt Library=Gems.cvm
+/TextureLibrary=Gems.cvt Library=Gems.cvm TextureRotation=0 TextureWidth=0 TextureHeight=0
+ProjectionX=0 ProjectionY=0 ProjectionZ=0 ProjectionTurnX=0 ProjectionTurnY=0 ProjectionTurnZ=0
 )";
 
 /// After "MaterialUser".
@@ -48,7 +49,9 @@ RaytraceColorPattern0Blue RaytraceColorPattern1Red RaytraceColorPattern1Green
 RaytraceColorPattern1Blue RaytraceColorPattern2Red RaytraceColorPattern2Green
 RaytraceColorPattern2Blue RaytraceColorPattern3Red RaytraceColorPattern3Green
 RaytraceColorPattern3Blue RaytraceColorPatternFrequencey RaytraceColorPatternTurbulence
-RaytraceNormalFreqency RaytraceNormalTurbulence /PluginDefaults/Marble
+RaytraceNormalFreqency RaytraceNormalTurbulence TextureRotation TextureWidth TextureHeight
+ProjectionX ProjectionY ProjectionZ ProjectionTurnX ProjectionTurnY ProjectionTurnZ
+/PluginDefaults/Marble
 )";
 
 std::vector<std::string> Words(const std::string& beginning, const std::string& text)

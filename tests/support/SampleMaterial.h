@@ -27,6 +27,10 @@ inline CorvexDB::udtMaterial KeptMaterial()
     material.Textures = {
         "/tex/M\u00F6rtel \u77F3.png", "/o.png", "/a.png", "/b \"c\".png", "/s.png", "/e=f;g.png"};
     material.Placement = {1.0F / 3.0F, 0.25F, 0.5F, -0.75F};
+    material.TextureRotation = -30.0F;
+    material.TextureWidth = 0.5F;
+    material.TextureHeight = 0.75F;
+    material.Projection = {0.25F, -1.5F, 2.0F, 15.0F, -45.0F, 90.0F};
     material.RayTrace = {.Brilliance = 7.0F,
                          .Reflection = 3.0F,
                          .IridescenceFactor = 1.0F,
@@ -45,6 +49,14 @@ inline CorvexDB::udtMaterial KeptMaterial()
                          .NormalPatternTurbulence = 5.0F};
     material.RayTrace.ColorPatternColor = {
         {{0.1F, 0.2F, 0.3F}, {0.4F, 0.45F, 0.55F}, {0.6F, 0.65F, 0.35F}, {0.5F, 0.25F, 0.7F}}};
+    return material;
+}
+
+/// As an older program kept it: what was no attribute then is at rest.
+inline CorvexDB::udtMaterial AsKeptBefore(CorvexDB::udtMaterial material)
+{
+    material.TextureRotation = material.TextureWidth = material.TextureHeight = 0.0F;
+    material.Projection = {};
     return material;
 }
 

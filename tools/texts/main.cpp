@@ -12,9 +12,7 @@ int main()
     };
     for (const CorvexMaterial::AttributeRow& row : CorvexMaterial::AttributeRows()) {
         print(row.label);
-        if (const char* group = CorvexMaterial::LabelOf(row.group)) {
-            print(group);
-        }
+        print(TitleOf(row.group));
     }
     return std::cout.flush() ? 0 : 1;
 }

@@ -118,6 +118,9 @@ public:
     /// What the host calls the material that the panel shows, empty for nothing; a copy of the
     /// whole takes it along (`MaterialEdit::name`).
     Status SetMaterialName(const std::string& name);
+    /// As if the user had given the attributes these values, all of them in one edit. Errors:
+    /// InvalidArgument, Failed; nothing has changed then.
+    Status Edit(const std::vector<EditedRow>& rows);
 
 public Q_SLOTS:
     /// For a host that is about to select other shapes, or to change those that are selected:
@@ -132,6 +135,9 @@ public Q_SLOTS:
     /// The host's names of the custom fields have changed: asks for them again. The control does so
     /// by itself at its start and when a page is turned.
     void UpdateCustomFieldNames();
+    /// Presses or releases the button "Placement" of the texture page, which asks the host for
+    /// handles in its view. Raises nothing.
+    void ShowPlacementHandles(bool shown);
 
 Q_SIGNALS:
     void TextureLibraryExpanded();
@@ -143,6 +149,10 @@ Q_SIGNALS:
     /// A warning that the user may silence; the host shows it and keeps the choice.
     void evtReqWarn(const QString& ApplicationRegistryKey, const QString& Warning,
                     const QString& WarningRegistryEntry);
+
+    /// The user wants handles in the host's view that move, scale and turn the projection of the
+    /// texture, or has had enough of them.
+    void PlacementHandlesToggled(bool shown);
 
     /// The user has edited the material: once per edit, right before the `MaterialChanged` that
     /// ends it. The preview shape has the material by then, and `ApplyShapeMaterial` gives it to

@@ -43,6 +43,11 @@ private:
             // The tiles of a wrap are in the coordinates that it makes.
             material.Wrap = CorvexDB::WrapType::Spherical;
         }
+        // As are turned and resized ones.
+        material.TextureRotation = 0.0F;
+        material.TextureWidth = 0.0F;
+        material.TextureHeight = 0.0F;
+        material.Projection = {};
         const std::string name =
             applied.identity == nullptr ? DescriptiveName(material) : applied.identity->name;
         const auto [known, isNew] =
@@ -65,8 +70,9 @@ std::vector<float> NumbersOf(const WrapTerms& terms)
     std::vector<float> numbers(terms.wrapFromMesh.constData(), terms.wrapFromMesh.constData() + 16);
     numbers.insert(numbers.end(), terms.wrapNormalFromMesh.constData(),
                    terms.wrapNormalFromMesh.constData() + 9);
-    for (int axis = 0; axis < 3; ++axis) {
-        numbers.push_back(terms.flatOffset[axis]);
+    for (const TilePlane& tile : terms.tiles) {
+        numbers.insert(numbers.end(), {tile.across.x(), tile.across.y(), tile.down.x(),
+                                       tile.down.y(), tile.offset.x(), tile.offset.y()});
     }
     numbers.push_back(static_cast<float>(terms.kind));
     return numbers;
@@ -95,7 +101,8 @@ public:
         const bool isWrapped = item.coordinates == CorvexSG::CoordinateMode::FromWrap;
         const bool hasImages = HasPlacedImages(*item.material);
         const bool isCut = IsCropped(*item.material) && LeavesOneTile(*item.mesh);
-        const bool isMade = hasImages && (isWrapped || isCut);
+        const bool isTurned = item.material->TextureRotation != 0.0F;
+        const bool isMade = hasImages && (isWrapped || isCut || isTurned);
         const ImportedMesh mesh{isMade ? Made(item, shape) : item.mesh, material,
                                 !isWrapped || hasImages};
         const auto [known, isNew] = m_indexes.try_emplace(

@@ -49,6 +49,23 @@ void WriteFlips(TextStream& out, const QVector4D& flip)
     }
 }
 
+/// Before a round wrap unrolls it; POV-Ray counts upwards.
+void WriteTiles(TextStream& out, const TilePlane& tiles)
+{
+    if (tiles == TilePlane()) {
+        return;
+    }
+    QMatrix4x4 upwards(1.0F, 0.0F, 0.0F, 0.0F,   //
+                       0.0F, -1.0F, 0.0F, 1.0F,  //
+                       0.0F, 0.0F, 1.0F, 0.0F,   //
+                       0.0F, 0.0F, 0.0F, 1.0F);
+    const QMatrix4x4 plane(tiles.across.x(), tiles.down.x(), 0.0F, tiles.offset.x(),  //
+                           tiles.across.y(), tiles.down.y(), 0.0F, tiles.offset.y(),  //
+                           0.0F, 0.0F, 1.0F, 0.0F,                                    //
+                           0.0F, 0.0F, 0.0F, 1.0F);
+    WriteMatrix(out, (upwards * plane * upwards).inverted());
+}
+
 }  // namespace
 
 std::string_view PovRayPlacement::Mapping() const
@@ -70,6 +87,9 @@ void WritePlacement(TextStream& out, const PovRayPlacement& placement)
 {
     WriteCrop(out, placement.wrap.crop);
     WriteFlips(out, placement.wrap.flip);
+    if (placement.wrap.kind != CoordinateKind::Flat) {
+        WriteTiles(out, placement.wrap.tiles[0]);  // those of a flat wrap are in the mesh
+    }
     if (placement.wrap.kind == CoordinateKind::Spherical) {
         out << " warp { spherical orientation z dist_exp 0 }";
     } else if (placement.wrap.kind == CoordinateKind::Cylindrical) {

@@ -72,10 +72,13 @@ constexpr float kPi = 3.1415927F;
 std::string ImageAreaText(const WrapTerms& wrap)
 {
     const WrapPlace place(wrap.wrapFromMesh);
+    const TilePlane& tile = wrap.tiles[0];
+    const float part = place.Volume() /
+                       std::abs(tile.across.x() * tile.down.y() - tile.across.y() * tile.down.x());
     return wrap.kind == CoordinateKind::Spherical
-               ? NumberText(2.0F * kPi * kPi * place.Volume()) + '*' + place.Length({0, 2}, 0.0F) +
-                     '*' + place.Length({0, 1, 2}, 1.0F)
-               : NumberText(4.0F * kPi * place.Volume()) + '*' + place.Length({0, 2}, 1.0F);
+               ? NumberText(2.0F * kPi * kPi * part) + '*' + place.Length({0, 2}, 0.0F) + '*' +
+                     place.Length({0, 1, 2}, 1.0F)
+               : NumberText(4.0F * kPi * part) + '*' + place.Length({0, 2}, 1.0F);
 }
 
 /// Around a middle or an axis the heights are known everywhere in space, and their slope there is

@@ -38,12 +38,23 @@ Place OnSphere(vec3 p, vec3 dx, vec3 dy)
                  vec2(LongitudeChange(p, dy), LatitudeChange(p, dy)));
 }
 
+#if defined(COORDINATES_MESH) || defined(COORDINATES_WRAP)
+// How tiles lie on what is unrolled; of the sides that face along x, y and z in a flat wrap.
+uniform mat3x2 tiles[3];
+
+Place Tiled(Place p, mat3x2 tile)
+{
+    mat2 way = mat2(tile);
+    return Place(tile * vec3(p.at, 1.0), way * p.dx, way * p.dy);
+}
+#endif
+
 #ifdef COORDINATES_MESH
 in vec2 meshPlace;
 
 Place SurfacePlace()
 {
-    return Place(meshPlace, dFdx(meshPlace), dFdy(meshPlace));
+    return Tiled(Place(meshPlace, dFdx(meshPlace), dFdy(meshPlace)), tiles[0]);
 }
 #endif
 
@@ -53,13 +64,14 @@ in vec3 wrapNormal;
 #endif
 
 #if defined(COORDINATES_SPHERICAL) || defined(COORDINATES_CYLINDRICAL)
-// One image from top to bottom, whose first and last rows do not meet.
-#define ONE_IMAGE_DOWN
+// One image from top to bottom, whose first and last rows do not meet, unless the material lays
+// tiles of its own.
+#define ENDS_BELOW (tiles[0] == mat3x2(1.0))
 
 Place Ended(Place place)
 {
     place.at.y = clamp(place.at.y, 1.0e-5, 1.0 - 1.0e-5);
-    return place;
+    return Tiled(place, tiles[0]);
 }
 #endif
 
@@ -83,8 +95,6 @@ Place SurfacePlace()
 #endif
 
 #ifdef COORDINATES_FLAT
-uniform vec3 flatOffset;
-
 // From the side of the box that the surface faces most, upright as seen from there.
 Place SurfacePlace()
 {
@@ -94,13 +104,13 @@ Place SurfacePlace()
     vec3 dy = dFdy(p);
     if (facing.y > facing.x && facing.y > facing.z) {
         vec2 turn = vec2(1.0, sign(wrapNormal.y));
-        return Place(turn * p.xz + flatOffset.xz, turn * dx.xz, turn * dy.xz);
+        return Tiled(Place(turn * p.xz, turn * dx.xz, turn * dy.xz), tiles[1]);
     }
     if (facing.x > facing.z) {
         vec2 turn = vec2(-sign(wrapNormal.x), -1.0);
-        return Place(turn * p.zy + flatOffset.zy, turn * dx.zy, turn * dy.zy);
+        return Tiled(Place(turn * p.zy, turn * dx.zy, turn * dy.zy), tiles[0]);
     }
     vec2 turn = vec2(sign(wrapNormal.z), -1.0);
-    return Place(turn * p.xy + flatOffset.xy, turn * dx.xy, turn * dy.xy);
+    return Tiled(Place(turn * p.xy, turn * dx.xy, turn * dy.xy), tiles[2]);
 }
 #endif

@@ -12,10 +12,8 @@ uniform sampler2D alphaMap;
 uniform sampler2D bumpMap;
 uniform sampler2D specularMap;
 
-#ifdef ONE_IMAGE_DOWN
-const bvec2 endsHere = bvec2(false, true);
-#else
-const bvec2 endsHere = bvec2(false);
+#ifndef ENDS_BELOW
+#define ENDS_BELOW false
 #endif
 
 // Where one axis of a tile is taken from. Where its borders do not meet it stays half a texel
@@ -36,8 +34,8 @@ vec4 Texel(sampler2D image, Place place)
     vec2 dx = flip.xy * crop.zw * place.dx;
     vec2 dy = flip.xy * crop.zw * place.dy;
     vec2 blur = max(1.0 / vec2(textureSize(image, 0)), max(abs(dx), abs(dy)));
-    vec2 inside = vec2(Cropped(at.x, crop.x, crop.z, blur.x, endsHere.x),
-                       Cropped(at.y, crop.y, crop.w, blur.y, endsHere.y));
+    vec2 inside = vec2(Cropped(at.x, crop.x, crop.z, blur.x, false),
+                       Cropped(at.y, crop.y, crop.w, blur.y, ENDS_BELOW));
     return textureGrad(image, inside, dx, dy);
 }
 

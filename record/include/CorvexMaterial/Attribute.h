@@ -76,9 +76,18 @@ enum class Attribute : std::uint8_t {
     RaytraceColorPattern1Alpha,
     RaytraceColorPattern2Alpha,
     RaytraceColorPattern3Alpha,
+    TextureRotation,
+    TextureWidth,
+    TextureHeight,
+    ProjectionX,
+    ProjectionY,
+    ProjectionZ,
+    ProjectionTurnX,
+    ProjectionTurnY,
+    ProjectionTurnZ,
 };
 
 inline constexpr std::size_t kAttributeCount =
-    static_cast<std::size_t>(Attribute::RaytraceColorPattern3Alpha) + 1;
+    static_cast<std::size_t>(Attribute::ProjectionTurnZ) + 1;
 
 }  // namespace CorvexMaterial

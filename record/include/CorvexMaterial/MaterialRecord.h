@@ -37,6 +37,17 @@ struct TexturePlacement {
     float scaleV = 1.0F;
 };
 
+/// Where a wrap stands around a shape, in the axes in which it is applied: those of the scene, or of
+/// the shape.
+struct TextureProjection {
+    float x = 0.0F;  ///< scene units from where the wrap is by itself
+    float y = 0.0F;
+    float z = 0.0F;
+    float turnX = 0.0F;  ///< degrees; about the z axis first, then x, then y
+    float turnY = 0.0F;
+    float turnZ = 0.0F;
+};
+
 inline constexpr int kCustomFieldCount = 6;
 
 /// A material as the host keeps it: a plain value, copied whole.
@@ -67,12 +78,17 @@ struct udtMaterial {
     std::string Plugin;                   ///< name in the host's table, empty = none
     std::vector<float> PluginParameters;  ///< at most ten
     std::array<std::string, kCustomFieldCount> CustomFields;
+    float TextureRotation = 0.0F;  ///< degrees counter-clockwise, in its own plane
+    float TextureWidth = 0.0F;     ///< of one tile, scene units; 0: as the wrap has it
+    float TextureHeight = 0.0F;    ///< likewise; if one of the two is 0, tiles are square
+    TextureProjection Projection;
 };
 
 /// Of all members, as are those of the parts below.
 [[nodiscard]] bool operator==(const udtMaterial& one, const udtMaterial& other);
 [[nodiscard]] bool operator==(const TextureFiles& one, const TextureFiles& other);
 [[nodiscard]] bool operator==(const TexturePlacement& one, const TexturePlacement& other);
+[[nodiscard]] bool operator==(const TextureProjection& one, const TextureProjection& other);
 [[nodiscard]] bool operator==(const cdtRayTraceMaterialAttributes& one,
                               const cdtRayTraceMaterialAttributes& other);
 [[nodiscard]] inline bool operator!=(const udtMaterial& one, const udtMaterial& other)

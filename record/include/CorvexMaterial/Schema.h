@@ -31,6 +31,8 @@ enum class AttributeUnit : std::uint8_t {
     Byte,
     Fraction,  ///< 0 to 1
     Steps,     ///< of a slider
+    Degrees,
+    SceneUnits,
 };
 
 /// What belongs together for a person. The members of some groups are chosen together, and a change
@@ -41,6 +43,7 @@ enum class AttributeGroup : std::uint8_t {
     Textures,
     Wrap,
     Placement,
+    Projection,
     Raytrace,
     Plugin,
     CustomFields,
