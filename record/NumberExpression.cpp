@@ -48,9 +48,9 @@ std::string WithPlainSigns(std::string_view text)
 }
 
 /// By descent; the first fault stays and ends it.
-class Reader {
+class ExpressionReader {
 public:
-    Reader(std::string_view text, double hundredPercent)
+    ExpressionReader(std::string_view text, double hundredPercent)
         : m_text(text), m_hundredPercent(hundredPercent)
     {
     }
@@ -186,7 +186,7 @@ TypedNumber ReadTyped(std::string_view text, double hundredPercent)
     if (text.size() > kLongest) {
         return {0.0, false, Fault::NoNumber};
     }
-    return Reader(WithPlainSigns(text), hundredPercent).Whole();
+    return ExpressionReader(WithPlainSigns(text), hundredPercent).Whole();
 }
 
 }  // namespace CorvexMaterial

@@ -114,7 +114,8 @@ void MainWindow::ConnectParts()
     connect(m_exchange.get(), &MaterialExchange::SearchWanted, m_textures.get(),
             &TextureFinder::ChooseFolder);
     ConnectHints();
-    m_host.Viewports().Join(m_largePreview->View());
+    connect(m_largePreview.get(), &LargePreview::ViewMade, this,
+            [this](ViewportWidget& view) { m_host.Viewports().Join(view); });
     connect(m_hiding.get(), &ShapeHiding::Changed, &m_scene->Viewport(), &ViewportWidget::Draw);
     // A step may have given the selected shapes another material.
     connect(&m_history, &QUndoStack::indexChanged, m_scene.get(), &ScenePane::TellSelection);
@@ -159,7 +160,7 @@ void MainWindow::BuildMenus()
     m_shapes->AddTo(*edit);
     edit->addSeparator();
     m_naming->AddTo(*edit);
-    QMenu* linked = edit->addMenu(tr("&Linked Material"));
+    QMenu* linked = edit->addMenu(tr("Li&nked Material"));
     linked->menuAction()->setStatusTip(tr("Updates what came out of a library, or puts it back"));
     m_links->FillWhenOpened(*linked);
     edit->addSeparator();

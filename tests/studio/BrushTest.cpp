@@ -89,16 +89,16 @@ TEST_F(Brush, AStrokeIsOneStepSeenAsItIsDrawnAndEscEndsIt)
 TEST_F(Brush, PickingGivesTheSelectedShapesTheMaterialOfTheClickedOne)
 {
     rig.Select({1, 2});
-    rig.Trigger("Pick Material");
+    rig.Trigger("Pick Material from Shape");
     Press(3);
     Release(3);
     EXPECT_TRUE(MaterialOf(1) == MaterialOf(3) && MaterialOf(2) == MaterialOf(3));
     EXPECT_EQ(History().count(), 1);
-    EXPECT_FALSE(rig.Action("Pick Material").isChecked());
+    EXPECT_FALSE(rig.Action("Pick Material from Shape").isChecked());
     EXPECT_EQ(rig.TextOf("txtAmbient"), QString::number(MaterialOf(3).Ambient));
 
     rig.Select({});
-    rig.Trigger("Pick Material");
+    rig.Trigger("Pick Material from Shape");
     Press(0);
     Release(0);
     EXPECT_EQ(rig.Read(&CorvexMaterial::IMaterial::get_lVBColor), MaterialOf(0).Color);

@@ -335,6 +335,55 @@ TEST_F(Library, StepsOfALibraryThatIsNoLongerOpenStillWork)
     EXPECT_FALSE(Steps().canRedo());
 }
 
+TEST_F(Library, AddAsksForNameAndPlaceAndTellsThem)
+{
+    LibraryFile::Create(rig.PathOf("data/Other.cvm").toStdString(), LibraryKind::Materials);
+    rig.Stop();
+    rig.asksWhenAdding = true;
+    rig.Start();
+    rig.Window().resize(1000, 1200);
+    QCoreApplication::processEvents();
+    const auto add = [this](const std::function<void(QDialog&)>& answer) {
+        const CorvexTest::DialogAnswer given(answer);
+        rig.Press("cmdMaterialLibraryAdd");
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(given.Given());
+        return rig.Find<QLabel>("miscField").text();
+    };
+    const auto field = [](QDialog& dialog, const char* name) {
+        return dialog.findChild<QLineEdit*>(name);
+    };
+    EXPECT_EQ(add([&](QDialog& dialog) {
+                  EXPECT_TRUE(field(dialog, "txtEntryName")->hasSelectedText());
+                  QTest::keyClicks(field(dialog, "txtEntryName"), "Jade");
+                  field(dialog, "txtIntoCollections")->setText("House, garden");
+                  dialog.accept();
+              }),
+              "Added Jade to Gems.cvm, garden, House.");
+    EXPECT_EQ(Names(), std::vector<std::string>{"Jade"});
+    EXPECT_EQ(add([&](QDialog& dialog) {
+                  QTest::keyClicks(field(dialog, "txtEntryName"), "Onyx");
+                  auto* library = dialog.findChild<QComboBox*>("cboIntoLibrary");
+                  library->setCurrentIndex(library->findText("Other.cvm"));
+                  dialog.accept();
+              }),
+              "Added Onyx to Other.cvm.");
+    EXPECT_EQ(Names().size(), 1U);
+    add([](QDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(Names().size(), 1U);
+    rig.Find<QLineEdit>("searchMaterials").setText("collection=\"house\"");
+    add([&](QDialog& dialog) {
+        EXPECT_EQ(field(dialog, "txtIntoCollections")->text(), "House") << "where one looks";
+        dialog.accept();
+    });
+    EXPECT_EQ(Names().size(), 2U);
+    Steps().undo();
+    Steps().undo();
+    EXPECT_EQ(LibraryFile::Open(rig.PathOf("data/Other.cvm").toStdString(), LibraryKind::Materials)
+                  .Count(),
+              0);
+}
+
 TEST_F(Library, PropertiesAreAStepAndFavouritesAreNot)
 {
     AddMaterial("11");

@@ -30,7 +30,7 @@ void MaterialCopying::AddTo(QMenu& menu)
 
 void MaterialCopying::AddClipboardTo(QMenu& menu)
 {
-    menu.addAction(tr("Copy Mater&ial"), QKeySequence::Copy, this,
+    menu.addAction(tr("Cop&y Material"), QKeySequence::Copy, this,
                    [this] {
                        m_parts.messages.Check(m_parts.panel.CopyMaterial(),
                                               tr("The material was not copied"));
@@ -52,7 +52,7 @@ void MaterialCopying::AddClipboardTo(QMenu& menu)
 
 void MaterialCopying::AddToolsTo(QMenu& menu)
 {
-    m_pick = menu.addAction(tr("Pic&k Material"), QKeySequence(tr("Ctrl+I")), this,
+    m_pick = menu.addAction(tr("Pick Material &from Shape"), QKeySequence(tr("Ctrl+I")), this,
                             [this] { m_pick->isChecked() ? m_brush.Pick() : m_brush.Stop(); });
     m_pick->setStatusTip(tr("Click a shape: the selected shapes take its material"));
     m_paint = menu.addAction(tr("&Brush Material"), QKeySequence(tr("Ctrl+B")), this,

@@ -94,12 +94,13 @@ void LargePreview::AddView()
     m_view->SetSource(this);
     m_dock->widget()->layout()->addWidget(m_view);
     connect(m_view, &ViewportWidget::doubleClicked, m_view, &ViewportWidget::ResetView);
+    Q_EMIT ViewMade(*m_view);
 }
 
 void LargePreview::AddTo(QMenu& view)
 {
     QAction* toggle = m_dock->toggleViewAction();
-    toggle->setText(tr("Large &Preview"));
+    toggle->setText(tr("La&rge Preview"));
     toggle->setShortcut(QKeySequence(tr("F6")));
     toggle->setStatusTip(tr("Shows the material on its object, or the selected shapes alone, as "
                             "large as you like"));

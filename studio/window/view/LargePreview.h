@@ -37,7 +37,10 @@ public:
     ~LargePreview() override;
 
     void AddTo(QMenu& view);
-    [[nodiscard]] ViewportWidget& View() { return *m_view; }
+
+Q_SIGNALS:
+    /// Once, when it is first to be seen.
+    void ViewMade(studio::ViewportWidget& view);
 
 private:
     void Build();
