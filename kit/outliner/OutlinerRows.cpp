@@ -100,9 +100,11 @@ void SortMaterials(OutlinerRows& rows, Qt::SortOrder direction)
     if (direction == Qt::DescendingOrder) {
         std::ranges::reverse(order);
     }
-    const auto hidden = std::ranges::stable_partition(
-        order, [&rows](std::size_t place) { return !rows.materials[place].shown.empty(); });
-    rows.shownMaterials = static_cast<std::size_t>(hidden.begin() - order.begin());
+    const auto hidden =
+        std::stable_partition(order.begin(), order.end(), [&rows](std::size_t place) {
+            return !rows.materials[place].shown.empty();
+        });
+    rows.shownMaterials = static_cast<std::size_t>(hidden - order.begin());
     std::vector<std::size_t> places(order.size());
     for (std::size_t place = 0; place < order.size(); ++place) {
         places[order[place]] = place;

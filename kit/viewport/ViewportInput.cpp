@@ -9,7 +9,6 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-#include <ranges>
 #include <utility>
 
 namespace studio {
@@ -55,8 +54,8 @@ bool ViewportWidget::ToolTakes(const QMouseEvent& event)
     if (event.button() != Qt::LeftButton || event.modifiers().testFlag(Qt::AltModifier)) {
         return false;
     }
-    const auto taker = std::ranges::find_if(
-        m_tools | std::views::reverse, [&](ViewTool* tool) { return tool->MousePress(event); });
+    const auto taker = std::find_if(m_tools.rbegin(), m_tools.rend(),
+                                    [&](ViewTool* tool) { return tool->MousePress(event); });
     m_hold.tool = taker != m_tools.rend() ? *taker : nullptr;
     return m_hold.tool != nullptr;
 }
@@ -108,8 +107,8 @@ void ViewportWidget::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     if (m_hold.button == Qt::NoButton) {
-        std::ranges::find_if(m_tools | std::views::reverse,
-                             [&](ViewTool* tool) { return tool->MouseMove(*event); });
+        std::find_if(m_tools.rbegin(), m_tools.rend(),
+                     [&](ViewTool* tool) { return tool->MouseMove(*event); });
         return;
     }
     const QPointF position = event->position();
@@ -183,8 +182,8 @@ void ViewportWidget::keyPressEvent(QKeyEvent* event)
         CancelHold();
         return;
     }
-    const bool isTaken = std::ranges::any_of(
-        m_tools | std::views::reverse, [event](ViewTool* tool) { return tool->KeyPress(*event); });
+    const bool isTaken = std::any_of(m_tools.rbegin(), m_tools.rend(),
+                                     [event](ViewTool* tool) { return tool->KeyPress(*event); });
     if (isTaken) {
         return;
     }

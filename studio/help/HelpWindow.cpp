@@ -12,7 +12,7 @@
 namespace studio {
 namespace {
 
-constexpr QSize kSize(860, 620);
+constexpr QSize kHelpSize(860, 620);
 constexpr int kTitlesWidth = 220;
 constexpr int kTextMargin = 16;
 
@@ -25,7 +25,7 @@ HelpWindow::HelpWindow(QWidget* parent)
     setObjectName(QStringLiteral("helpWindow"));
     setWindowTitle(tr("Help"));
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(kSize);
+    resize(kHelpSize);
     m_search->setObjectName(QStringLiteral("helpSearch"));
     m_search->setPlaceholderText(tr("Search the help"));
     m_search->setAccessibleName(tr("Search the help"));
@@ -49,7 +49,7 @@ HelpWindow::HelpWindow(QWidget* parent)
     splitter->addWidget(left);
     splitter->addWidget(m_text);
     splitter->setStretchFactor(1, 1);
-    splitter->setSizes({kTitlesWidth, kSize.width() - kTitlesWidth});
+    splitter->setSizes({kTitlesWidth, kHelpSize.width() - kTitlesWidth});
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(splitter);
 

@@ -12,7 +12,7 @@
 namespace studio {
 namespace {
 
-constexpr QSize kSize(520, 620);
+constexpr QSize kSheetSize(520, 620);
 
 /// A caption without the sign of its letter and without dots.
 QString Plain(const QAction& action)
@@ -46,7 +46,7 @@ KeySheet::KeySheet(QMainWindow& window) : QDialog(&window), m_keys(new QTreeWidg
     setObjectName(QStringLiteral("keySheet"));
     setWindowTitle(tr("Keys and Mouse"));
     setAttribute(Qt::WA_DeleteOnClose);
-    resize(kSize);
+    resize(kSheetSize);
     auto* search = new QLineEdit(this);
     search->setObjectName(QStringLiteral("keySearch"));
     search->setPlaceholderText(tr("Search"));

@@ -63,7 +63,7 @@ void MaterialNaming::SelectSame(const ShapeList& shapes)
 {
     ShapeList sharers = Sharers(shapes, m_parts.scene.Scene().All());
     // What was chosen last stays that.
-    std::ranges::rotate(sharers, sharers.begin() + std::ssize(shapes));
+    std::rotate(sharers.begin(), sharers.begin() + std::ssize(shapes), sharers.end());
     m_parts.scene.Selected().Set(sharers);
 }
 
